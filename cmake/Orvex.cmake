@@ -1,0 +1,29 @@
+# What every target of the project shares: the warnings, the sanitizers, and the two kinds of
+# library. A core library may depend on nothing but other core libraries; this file refuses the rest.
+
+add_library(orvex_warnings INTERFACE)
+target_compile_options(orvex_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Woverloaded-virtual -Wnon-virtual-dtor -Wcast-qual -Wcast-align -Wduplicated-cond
+  -Wduplicated-branches -Wlogical-op -Wnull-dereference -Wformat=2 -Wextra-semi -Wundef)
+
+if(ORVEX_SANITIZERS)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# orvex_core_library(<folder> [DEPENDS orvex_x ...]): the library of one folder of the core.
+function(orvex_core_library folder)
+  cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
+  foreach(dependency IN LISTS ARG_DEPENDS)
+    if(NOT dependency MATCHES "^orvex_")
+      message(FATAL_ERROR "orvex_${folder} is core: it may not depend on ${dependency}")
+    endif()
+  endforeach()
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp
+       ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
+  add_library(orvex_${folder} STATIC ${sources})
+  target_include_directories(orvex_${folder} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(orvex_${folder} PUBLIC ${ARG_DEPENDS} PRIVATE orvex_warnings)
+endfunction()

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace orvex {
+
+/// The buttons of a message box, in their order.
+enum class Buttons { ok, okCancel, yesNo, yesNoCancel };
+enum class Answer { ok, cancel, yes, no };
+
+/// A message box: what it says and which button Enter presses.
+struct Message {
+  std::string text;
+  Buttons buttons = Buttons::ok;
+  Answer defaultAnswer = Answer::ok;
+  std::string details = {};  ///< the place or the cause, shown under the text; may be empty
+  std::string title = "Orvex";
+};
+
+/// An input box for one line of text.
+struct TextPrompt {
+  std::string text;
+  std::string title;
+  std::string defaultText;
+};
+
+/// An open-file dialog: where it starts, and its filter ("EPS files (*.EPS)|*.EPS").
+struct FilePrompt {
+  std::filesystem::path folder;
+  std::string filter;
+};
+
+/// What came of an open-file dialog.
+struct ChosenFile {
+  std::filesystem::path path;    ///< empty when none was chosen
+  std::filesystem::path folder;  ///< the folder the dialog ended in
+};
+
+/// Everything the system asks of its user while an operation waits for the answer.
+class Prompter {
+ public:
+  virtual ~Prompter() = default;
+
+  virtual Answer Ask(const Message& message) = 0;
+  /// The text given, or nothing when the box was cancelled.
+  virtual std::optional<std::string> AskText(const TextPrompt& prompt) = 0;
+  virtual ChosenFile AskFile(const FilePrompt& prompt) = 0;
+
+  /// A message with an OK button.
+  void Tell(std::string text, std::string details = "") {
+    Ask({.text = std::move(text), .details = std::move(details)});
+  }
+  /// A question with Yes and No; true for Yes. Enter answers Yes.
+  bool AskYesNo(std::string text) {
+    return Ask({.text = std::move(text),
+                .buttons = Buttons::yesNo,
+                .defaultAnswer = Answer::yes}) == Answer::yes;
+  }
+  /// A question with OK and Cancel; true for OK. Enter answers OK.
+  bool AskOkCancel(std::string text) {
+    return Ask({.text = std::move(text), .buttons = Buttons::okCancel}) == Answer::ok;
+  }
+};
+
+}  // namespace orvex

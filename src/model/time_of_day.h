@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+
+namespace orvex {
+
+class Prompter;
+
+inline constexpr float kSecondsPerDay = 86400.0F;
+
+/// Rounds to a whole number, a half to the even neighbour.
+double RoundHalfEven(double x);
+
+/// The time from `start` to `now`, both seconds since midnight, not rounded; a day is added when
+/// midnight lies between them.
+float Elapsed(float now, float start);
+
+/// `seconds` as a whole number, a half to the even neighbour; a day is added first to a negative
+/// one.
+float WholeSeconds(float seconds);
+
+/// The same as a 32-bit number, for the difference `x` of two readings of the clock. A value that
+/// does not fit is told to the user and gives 0.
+std::int32_t SecondsOfDay(float x, Prompter& prompter);
+
+}  // namespace orvex

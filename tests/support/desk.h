@@ -1,0 +1,54 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "model/program.h"
+#include "observe/services.h"
+#include "store/session_log.h"
+#include "store/storage.h"
+#include "support/fake_clock.h"
+#include "support/recording_screens.h"
+#include "support/scripted_prompter.h"
+#include "support/test_folder.h"
+
+namespace orvex::test {
+
+/// Everything an activity works with, on a folder of its own, with the doubles a test scripts.
+struct Desk {
+  Desk() { program.DataPath = folder.Path(); }
+
+  /// Opens the log of class 7-12-3 with 25 students, as the set-up form does.
+  void OpenLog() {
+    program.identity = {.Initials = "AB",
+                        .SchoolNum = "7",
+                        .ClassNum = "12",
+                        .ObservNum = "3",
+                        .NumStudents = "25"};
+    std::filesystem::create_directories(folder / "BAK/7/12");
+    log.File().Open(folder / "BAK/7/12/7-12-3.bak");
+  }
+
+  /// The log's content since the last call, with LF line ends for easy reading.
+  std::string NewLogText() {
+    const std::string all = FileBytes(log.File().Path());
+    std::string text = all.substr(logRead);
+    logRead = all.size();
+    for (auto at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at)) {
+      text.erase(at, 1);
+    }
+    return text;
+  }
+
+  TestFolder folder;
+  Program program;
+  Storage storage;
+  FakeClock clock;
+  ScriptedPrompter prompter;
+  RecordingScreens screens;
+  SessionLog log{storage, clock};
+  Services services{program, log, storage, clock, prompter, screens};
+  std::size_t logRead = 0;
+};
+
+}  // namespace orvex::test

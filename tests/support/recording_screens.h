@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "model/screens.h"
+
+namespace orvex::test {
+
+/// Records how the logic moves between the forms: "show questionEntry", "hide liveObservation".
+class RecordingScreens : public Screens {
+ public:
+  void Show(Screen screen) override { moves.push_back("show " + Name(screen)); }
+  void Hide(Screen screen) override { moves.push_back("hide " + Name(screen)); }
+  void Close(Screen screen) override { moves.push_back("close " + Name(screen)); }
+  void EndProgram() override { moves.emplace_back("end"); }
+
+  /// The moves since the last call.
+  std::vector<std::string> Take() { return std::exchange(moves, {}); }
+
+  std::vector<std::string> moves;
+
+ private:
+  static std::string Name(Screen screen) {
+    switch (screen) {
+      case Screen::mainMenu:
+        return "mainMenu";
+      case Screen::setUp:
+        return "setUp";
+      case Screen::liveObservation:
+        return "liveObservation";
+      case Screen::aboutText:
+        return "aboutText";
+      case Screen::questionEntry:
+        return "questionEntry";
+    }
+    return "?";
+  }
+};
+
+}  // namespace orvex::test
