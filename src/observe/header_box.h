@@ -1,0 +1,30 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "model/program.h"
+
+namespace orvex {
+
+/// The five boxes of the observation header, on the set-up form and on the live form.
+enum class HeaderBox { initials, schoolNum, classNum, observNum, numStudents };
+inline constexpr std::array<HeaderBox, 5> kHeaderBoxes = {HeaderBox::initials, HeaderBox::schoolNum,
+                                                          HeaderBox::classNum, HeaderBox::observNum,
+                                                          HeaderBox::numStudents};
+
+/// The text of a box.
+std::string& HeaderText(Identity& identity, HeaderBox box);
+const std::string& HeaderText(const Identity& identity, HeaderBox box);
+
+/// Stores what was typed: one line, without the double quotes that would end the initials early.
+void TypeHeaderText(Identity& identity, HeaderBox box, const std::string& text);
+
+/// True when the box holds nothing, or what it is there for: the initials any text, the others a
+/// number in their range.
+bool HoldsValidText(const Identity& identity, HeaderBox box);
+
+/// Replaces the three identifying numbers, where they are numbers, by the texts of their values.
+void NormaliseNumbers(Identity& identity);
+
+}  // namespace orvex

@@ -1,0 +1,173 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/program.h"
+#include "observe/focus.h"
+#include "observe/observation_header.h"
+#include "observe/segment_coding.h"
+#include "observe/services.h"
+
+namespace orvex {
+
+/// The class under observation: which episode and segment run, since when, and with which activity.
+/// Every segment that ends becomes a record of its episode; the end of the class stores them all.
+///
+/// The operations named after a button are what a click on it does.
+class LiveObservation {
+ public:
+  /// The controls that the logic gives the focus to. An activity button is meant by its number.
+  struct Control {
+    enum class Kind { header, description, activity };
+    Kind kind;
+    HeaderBox box = HeaderBox::initials;
+    int activity = 0;
+
+    bool operator==(const Control&) const = default;
+  };
+  using Focus = FocusWish<Control>;
+
+  /// `EstimateKind` of a segment whose activity takes no off-task estimates.
+  static constexpr int kNoEstimates = 6;
+  /// The numbers of episodes, segments and questions are stored in 16 bits.
+  static constexpr int kMost = 32767;
+
+  /// Starts episode 1, segment 1 now. The log is open.
+  explicit LiveObservation(const Services& services);
+
+  // What runs.
+  int CurEpisode() const { return curEpisode_; }
+  int CurSegment() const { return curSegment_; }
+  float EpisodeStart() const { return episodeStart_; }
+  float SegmentStart() const { return segmentStart_; }
+  Episode& CurrentEpisode();
+  const Episode& CurrentEpisode() const;
+  std::vector<questionInfo>& CurQuestions() { return CurrentEpisode().questions; }
+  const std::vector<questionInfo>& CurQuestions() const { return CurrentEpisode().questions; }
+  /// The activity numbers of the running segment and of the one before the last choice, as decimal
+  /// text; "" when none is chosen.
+  const std::string& CurActivity() const { return curActivity_; }
+  const std::string& PrevActivity() const { return prevActivity_; }
+  /// 0: no activity chosen in this segment yet; -1: its question/answer was abandoned; else the
+  /// kind of off-task estimates that the activity takes.
+  int EstimateKind() const { return estimateKind_; }
+  std::int32_t OfftaskCountdown() const { return offtaskCountdown_; }
+  std::int32_t OfftaskPending() const { return offtaskPending_; }
+  const std::string& FieldNotes() const { return fieldNotes_; }
+
+  // What the form shows.
+  const std::string& Caption() const { return caption_; }
+  std::string EpisodeCaption() const;
+  std::string SegmentCaption() const;
+  const std::string& Description() const { return CurrentEpisode().Descript; }
+  const ObservationHeader& Header() const { return header_; }
+  const SegmentCoding& Coding() const { return coding_; }
+  /// True when the segment has an activity and the episode a description: a new segment or episode
+  /// can start.
+  bool CanDivide() const;
+  /// CanDivide, and the number of the next segment or episode still fits its 16 bits.
+  bool CanStartSegment() const { return CanDivide() && RoomForSegment(); }
+  bool CanStartEpisode() const { return CanDivide() && RoomForEpisode(); }
+  bool RoomForSegment() const { return curSegment_ < kMost; }
+  bool RoomForEpisode() const { return curEpisode_ < kMost; }
+  bool ProofVisible() const;
+  bool CanEndClass() const;
+  bool ConversionVisible() const;
+  std::string ConversionCaption() const;
+  /// What to tell the observer while the log cannot be written; "" while it can.
+  std::string LogTrouble() const;
+  std::optional<Focus::Target> TakeFocus() { return focus_.Take(); }
+
+  // Typing and choosing.
+  void TypeHeader(HeaderBox box, const std::string& text) { header_.Type(box, text); }
+  void EnterHeader(HeaderBox box) { header_.Enter(box); }
+  void LeaveHeader(HeaderBox box);
+  void HeaderEnterOrDown(HeaderBox box);
+  void HeaderUp(HeaderBox box);
+  void TypeDescription(const std::string& text);
+  /// A key was typed in the description: the activities become visible.
+  void KeyInDescription();
+  void EnterDescription() { savedDescription_ = Description(); }
+  void LeaveDescription();
+  void TypeAbout(const std::string& text);
+  /// A click on an activity button; `activity` is 1 to 17.
+  void ChooseActivity(int activity);
+  void ChooseGroupSolo(std::int16_t code) { coding_.grpSolo = code; }
+  void ChoosePreparation(std::int16_t code) { coding_.prep = code; }
+  void ChoosePresentationOrg(std::int16_t code) { coding_.presentationOrg = code; }
+  void ChooseWritingKind(std::int16_t code) { coding_.writingKind = code; }
+  void ChooseGroupType(std::int16_t code) { coding_.groupType = code; }
+  void TypeSource(const std::string& text) { coding_.source = text; }
+  void TypeCognitiveLevel(const std::string& text) { coding_.cognitiveLevel = text; }
+  void TypeSeatworkOrg(const std::string& text) { coding_.seatworkOrg = text; }
+
+  // The buttons.
+  void cmdStartNewSg_Click();
+  void cmdStartNewQASg_Click();
+  void cmdStartNewEp_Click();
+  void cmdBailout_Click();
+  void Command9_Click();
+  void cmdQuit_Click();
+  /// The window is asked to close. True when it may.
+  bool RequestClose();
+
+  // Called from the question entry as well.
+  void StartNewSeg();
+  void StartNewEpi();
+  void FocusDescription();
+  /// Gives the running segment up as question/answer: it takes its previous activity back and waits
+  /// for a new choice.
+  void AbandonQuestionAnswer();
+
+  /// The 200 ms timer: the conversion button, blank since its last click, shows its caption again.
+  void UpdateActivityControls() { conversionBlank_ = false; }
+
+ private:
+  void EndSeg();
+  void EndEpisode();
+  void CloseEpisodeForSegment();
+  void StartNewEpi2();
+  void RevertNewEpisode();
+  void AppendEpisode();
+  void StoreOfftask();
+  void LogOfftask();
+  bool SetActivity(int activity);
+  void ApplyActivity(int activity);
+  void EnableOTTimerInClassAct();
+  void ReopenEpisode(const std::string& episodeActivity);
+  bool SaveClass();
+  bool Persist(const std::string& trouble, const std::function<void()>& save);
+  float Now() const;
+
+  Services services_;
+  EpisodeList& episodes_;
+  ObservationHeader header_;
+  SegmentCoding coding_;
+  std::string caption_;
+  bool conversionBlank_ = false;
+  Focus focus_;
+
+  int curEpisode_ = 1;
+  int curSegment_ = 1;
+  float episodeStart_;
+  float segmentStart_;
+  float prevEpisodeStart_ = 0;
+  std::vector<float> offtaskEstimates_;
+  std::vector<float> prevOfftaskEstimates_;
+  std::string curActivity_;
+  std::string prevActivity_;
+  std::string episodeActivity_;
+  int estimateKind_ = 0;
+  bool freshSegment_ = false;
+  std::int32_t offtaskCountdown_ = 0;
+  std::int32_t offtaskPending_ = 0;
+  std::string fieldNotes_;
+  bool nothingEntered_ = true;
+  std::string savedDescription_;
+};
+
+}  // namespace orvex

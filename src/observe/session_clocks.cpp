@@ -1,0 +1,32 @@
+#include "observe/session_clocks.h"
+
+#include <cstdint>
+
+#include "model/clock.h"
+#include "model/time_of_day.h"
+#include "observe/live_observation.h"
+#include "observe/tick.h"
+#include "store/session_log.h"
+
+namespace orvex {
+
+SessionClocks::SessionClocks(const Services& services, const LiveObservation& live)
+    : services_(services), live_(live), timeOfDay_(services.clock.SpacedTimeText()) {}
+
+std::string SessionClocks::TimeSince(float start) const {
+  const std::int32_t seconds =
+      SecondsOfDay(services_.clock.SecondsSinceMidnight() - start, services_.prompter);
+  return TwoDigits(seconds / 60) + " : " + TwoDigits(seconds % 60);
+}
+
+void SessionClocks::Tick() {
+  RunTick(services_.prompter, "timerEpisode", [this] {
+    episodeTime_ = TimeSince(live_.EpisodeStart());
+    timeOfDay_ = " " + services_.clock.SpacedTimeText();
+    segmentTime_ = TimeSince(live_.SegmentStart());
+    offtask_.Tick(live_.OfftaskPending(), live_.OfftaskCountdown());
+    services_.log.File().Retry();
+  });
+}
+
+}  // namespace orvex

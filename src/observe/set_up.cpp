@@ -1,0 +1,121 @@
+#include "observe/set_up.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+
+#include "model/program.h"
+#include "model/prompter.h"
+#include "model/screens.h"
+#include "store/file_error.h"
+#include "store/numbers.h"
+#include "store/paths.h"
+#include "store/session_log.h"
+
+namespace orvex {
+namespace {
+
+SetUp::Control ControlOf(HeaderBox box) {
+  switch (box) {
+    case HeaderBox::initials:
+      return SetUp::Control::initials;
+    case HeaderBox::schoolNum:
+      return SetUp::Control::schoolNum;
+    case HeaderBox::classNum:
+      return SetUp::Control::classNum;
+    case HeaderBox::observNum:
+      return SetUp::Control::observNum;
+    case HeaderBox::numStudents:
+      break;
+  }
+  return SetUp::Control::numStudents;
+}
+
+HeaderBox Neighbour(HeaderBox box, std::size_t steps) {
+  const auto at = std::find(kHeaderBoxes.begin(), kHeaderBoxes.end(), box);
+  const auto position = static_cast<std::size_t>(at - kHeaderBoxes.begin());
+  return kHeaderBoxes[(position + steps) % kHeaderBoxes.size()];
+}
+
+}  // namespace
+
+SetUp::SetUp(const Services& services) : services_(services), identity_(services.program.identity) {
+  identity_ = {};
+}
+
+const std::string& SetUp::Text(HeaderBox box) const {
+  return HeaderText(identity_, box);
+}
+
+void SetUp::Type(HeaderBox box, const std::string& text) {
+  TypeHeaderText(identity_, box, text);
+}
+
+bool SetUp::CanStart() const {
+  return IdentityNumber(identity_.SchoolNum) && IdentityNumber(identity_.ClassNum) &&
+         IdentityNumber(identity_.ObservNum) && StudentCount(identity_.NumStudents);
+}
+
+void SetUp::MoveTo(HeaderBox box, Caret caret) {
+  focus_.Set(ControlOf(box), caret);
+}
+
+void SetUp::EnterOrDown(HeaderBox box) {
+  if (box != HeaderBox::numStudents) {
+    MoveTo(Neighbour(box, 1), box == HeaderBox::classNum ? Caret::stay : Caret::atEnd);
+    return;
+  }
+  NormaliseNumbers(identity_);
+  CheckForEpisodeFile();
+  if (CanStart()) {
+    focus_.Set(Control::start, Caret::stay);
+  } else {
+    MoveTo(HeaderBox::initials);
+  }
+}
+
+void SetUp::Up(HeaderBox box) {
+  MoveTo(Neighbour(box, kHeaderBoxes.size() - 1));
+}
+
+void SetUp::DownOnReset() {
+  MoveTo(HeaderBox::initials);
+}
+
+void SetUp::Leave(HeaderBox box) {
+  if (HoldsValidText(identity_, box)) return;
+  HeaderText(identity_, box).clear();
+  MoveTo(box);
+}
+
+void SetUp::Reset() {
+  for (const HeaderBox box : kHeaderBoxes) {
+    if (box != HeaderBox::initials) HeaderText(identity_, box).clear();
+  }
+  MoveTo(HeaderBox::initials);
+}
+
+void SetUp::CheckForEpisodeFile() {
+  std::error_code unreadable;
+  const bool exists =
+      std::filesystem::exists(EpsPathToLookFor(services_.program.DataPath, identity_), unreadable);
+  warning_ = exists ? "WARNING: " + identity_.ClassId() + ".eps already exits!" : "";
+}
+
+void SetUp::Start() {
+  if (!CanStart()) return;
+  NormaliseNumbers(identity_);
+  const std::filesystem::path logPath = BakPath(services_.program.DataPath, identity_);
+  try {
+    MakeBakFolders(services_.storage, services_.program.DataPath, identity_);
+    services_.log.File().Open(logPath);
+  } catch (const FileError& error) {
+    services_.prompter.Tell("The session log could not be opened.", error.what());
+    return;
+  }
+  services_.log.LogOn(logPath.filename().string(), identity_.Initials, identity_.NumStudents);
+  services_.screens.Show(Screen::liveObservation);
+  services_.screens.Hide(Screen::setUp);
+}
+
+}  // namespace orvex

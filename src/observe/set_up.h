@@ -1,0 +1,51 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "observe/focus.h"
+#include "observe/header_box.h"
+#include "observe/services.h"
+
+namespace orvex {
+
+/// Identifies an observation before it starts, and opens its session log.
+class SetUp {
+ public:
+  enum class Control { initials, schoolNum, classNum, observNum, numStudents, start };
+  using Focus = FocusWish<Control>;
+
+  /// Begins with empty boxes.
+  explicit SetUp(const Services& services);
+
+  const std::string& Text(HeaderBox box) const;
+  void Type(HeaderBox box, const std::string& text);
+  /// That an episode file of this name is there already; "" when it is not.
+  const std::string& Warning() const { return warning_; }
+  /// True when the four numbers are numbers and at least one student is present.
+  bool CanStart() const;
+
+  void EnterOrDown(HeaderBox box);
+  void Up(HeaderBox box);
+  /// Down on the Reset button.
+  void DownOnReset();
+  /// The box loses the focus: a text that is no number is emptied and the focus comes back.
+  void Leave(HeaderBox box);
+  void Reset();
+  /// Opens the log and the live observation. When the log cannot be opened the user is told, and
+  /// the form stays.
+  void Start();
+
+  std::optional<Focus::Target> TakeFocus() { return focus_.Take(); }
+
+ private:
+  void MoveTo(HeaderBox box, Caret caret = Caret::atEnd);
+  void CheckForEpisodeFile();
+
+  Services services_;
+  Identity& identity_;
+  std::string warning_;
+  Focus focus_;
+};
+
+}  // namespace orvex

@@ -1,0 +1,164 @@
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "observe/live_observation.h"
+#include "support/desk.h"
+
+namespace orvex {
+namespace {
+
+using test::FileBytes;
+
+/// A disk that is full while `full` is set, for everything or for the session log alone.
+class FullDisk : public Storage {
+ public:
+  enum class Full { nothing, log, everything };
+
+  int Open(const char* path, int flags, mode_t mode) override {
+    const int descriptor = Storage::Open(path, flags, mode);
+    if (std::string_view(path).ends_with(".bak")) log_ = descriptor;
+    return descriptor;
+  }
+  ssize_t Write(int descriptor, const void* bytes, std::size_t count) override {
+    if (full == Full::nothing || (full == Full::log && descriptor != log_)) {
+      return Storage::Write(descriptor, bytes, count);
+    }
+    errno = ENOSPC;
+    return -1;
+  }
+  Full full = Full::nothing;
+
+ private:
+  int log_ = -1;
+};
+
+struct EndOfClassTest : testing::Test {
+  void TeachOneSegment() {
+    live.KeyInDescription();
+    live.TypeDescription("Poems");
+    live.ChooseActivity(3);
+    desk.clock.Advance(600);
+  }
+  void Quit(Answer verify) {
+    desk.prompter.Expect("Verify END OF CLASS", verify);
+    live.cmdQuit_Click();
+  }
+
+  FullDisk disk;
+  test::Desk desk;
+  SessionLog log{disk, desk.clock};
+  Services services{desk.program, log, disk, desk.clock, desk.prompter, desk.screens};
+  LiveObservation live = [this] {
+    desk.OpenLog();
+    log.File().Open(desk.folder / "BAK/7/12/7-12-3.bak");
+    desk.program.StartTimeText = "08:55:01";
+    return LiveObservation(services);
+  }();
+};
+
+const std::string kEps =
+    "********* Orvex 4.10 EPS file *********\r\n"
+    "7,12,3, 25, \"AB\", 03-14-2001, 08:55:01,  1 \r\n"
+    " 0 , 0 , 0 , 0 , 0 , 0 , 0 \r\n"
+    "********* EPISODE 1 *********\r\n"
+    "Poems\r\n"
+    " 3 , 600 , 0 ,, 0 , 1 , 0 \r\n"
+    " 3 , 600 \r\n"
+    " 0 , 0 , 600 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0\r\n";
+
+TEST_F(EndOfClassTest, StoresEverythingAndEnds) {
+  TeachOneSegment();
+  Quit(Answer::no);
+  EXPECT_EQ(desk.prompter.asked[0].defaultAnswer, Answer::no);
+  EXPECT_TRUE(desk.screens.Take().empty());
+  EXPECT_TRUE(live.CurrentEpisode().segments.empty());
+  Quit(Answer::yes);
+  EXPECT_EQ(FileBytes(desk.folder / "EPS/7/12/7-12-3.eps"), kEps);
+  EXPECT_EQ(FileBytes(desk.folder / "NTE/7/12/7-12-3.nte"), "\r\n");
+  const std::string logText = FileBytes(desk.folder / "BAK/7/12/7-12-3.bak");
+  EXPECT_TRUE(
+      logText.ends_with("Ep. 1 Sg. 1 Class interruption 600\r\n"
+                        "Episode 1 : Poems, 600, 09:10:00\r\n"
+                        "\r\n"
+                        "LOG OFF: 09:10:00\r\n"))
+      << logText;
+  EXPECT_FALSE(log.File().IsOpen());
+  EXPECT_TRUE(desk.program.QuitRequested);
+  EXPECT_EQ(desk.screens.Take(), (std::vector<std::string>{"close aboutText", "end"}));
+  EXPECT_TRUE(live.RequestClose());
+}
+
+TEST_F(EndOfClassTest, AFullDiskKeepsTheClassUntilItIsStored) {
+  TeachOneSegment();
+  disk.full = FullDisk::Full::everything;
+  const std::string question =
+      "The data files could not be written. The class is still in memory. Try again?";
+  desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
+  desk.prompter.Expect(question, Answer::yes);
+  desk.prompter.Expect(question, Answer::no);
+  live.cmdQuit_Click();
+  EXPECT_NE(desk.prompter.asked.back().details.find("7-12-3.eps: No space left on device"),
+            std::string::npos);
+  EXPECT_FALSE(desk.program.QuitRequested);
+  EXPECT_TRUE(log.File().IsOpen());
+  EXPECT_FALSE(std::filesystem::exists(desk.folder / "EPS/7/12/7-12-3.eps"));
+  EXPECT_NE(live.LogTrouble(), "");
+  EXPECT_TRUE(live.CanDivide());
+
+  // The class has gone on as if its end had not been asked for.
+  desk.clock.Advance(60);
+  desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
+  desk.prompter.Expect(question, Answer::yes, [this] { disk.full = FullDisk::Full::nothing; });
+  live.cmdQuit_Click();
+  std::string expected = kEps;
+  for (auto at = expected.find("600"); at != std::string::npos; at = expected.find("600")) {
+    expected.replace(at, 3, "660");
+  }
+  EXPECT_EQ(FileBytes(desk.folder / "EPS/7/12/7-12-3.eps"), expected);
+  EXPECT_EQ(live.LogTrouble(), "");
+  const std::string logText = FileBytes(desk.folder / "BAK/7/12/7-12-3.bak");
+  EXPECT_NE(logText.find("Class interruption 600\r\n"), std::string::npos);
+  EXPECT_NE(logText.find("Class interruption 660\r\n"), std::string::npos);
+}
+
+TEST_F(EndOfClassTest, ALogThatCannotBeCompletedKeepsTheClassToo) {
+  TeachOneSegment();
+  disk.full = FullDisk::Full::log;
+  const std::string question =
+      "The session log could not be completed. The class is still in memory. Try again?";
+  desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
+  desk.prompter.Expect(question, Answer::no);
+  live.cmdQuit_Click();
+  EXPECT_FALSE(desk.program.QuitRequested);
+  EXPECT_TRUE(log.File().IsOpen());
+  desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
+  desk.prompter.Expect(question, Answer::yes, [this] { disk.full = FullDisk::Full::nothing; });
+  live.cmdQuit_Click();
+  EXPECT_TRUE(desk.program.QuitRequested);
+  EXPECT_EQ(FileBytes(desk.folder / "EPS/7/12/7-12-3.eps"), kEps);
+  EXPECT_TRUE(FileBytes(desk.folder / "BAK/7/12/7-12-3.bak").ends_with("LOG OFF: 09:10:00\r\n"));
+}
+
+TEST_F(EndOfClassTest, BeforeTheFirstKeyItLeavesAtOnce) {
+  live.cmdQuit_Click();
+  EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{"end"});
+  EXPECT_FALSE(std::filesystem::exists(desk.folder / "EPS"));
+  EXPECT_TRUE(live.RequestClose());
+}
+
+TEST_F(EndOfClassTest, ClosingTheWindowIsRefusedAndEndsTheClassWhenItCan) {
+  live.KeyInDescription();
+  EXPECT_FALSE(live.RequestClose());
+  EXPECT_TRUE(desk.prompter.asked.empty());
+  TeachOneSegment();
+  desk.prompter.Expect("Verify END OF CLASS", Answer::no);
+  EXPECT_FALSE(live.RequestClose());
+  EXPECT_FALSE(desk.program.QuitRequested);
+}
+
+}  // namespace
+}  // namespace orvex
