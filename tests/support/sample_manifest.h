@@ -59,7 +59,8 @@ inline std::vector<BadSample> BadSamples(std::string_view extension) {
       samples.back().messages.push_back(value());
     }
   }
-  std::erase_if(samples, [&](const BadSample& sample) { return !sample.file.ends_with(extension); });
+  std::erase_if(samples,
+                [&](const BadSample& sample) { return !sample.file.ends_with(extension); });
   return samples;
 }
 

@@ -1,0 +1,157 @@
+#include "store/durable_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "store/file_error.h"
+#include "store/storage.h"
+
+namespace orvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr mode_t kModeBits = 07777;
+constexpr mode_t kPrivate = 0600;
+constexpr mode_t kAsTheUserLikes = 0666;  // the system takes the user's mask off
+
+/// What `path` stands for once its links are followed; the last one may point at nothing yet.
+fs::path FollowLinks(const fs::path& path) {
+  constexpr int kMostLinks = 40;
+  fs::path target = path;
+  std::error_code cause;
+  for (int links = 0; fs::is_symlink(target, cause); ++links) {
+    if (links == kMostLinks) throw FileError(path, ELOOP);
+    const fs::path next = fs::read_symlink(target, cause);
+    if (cause) throw FileError(path, cause.value());
+    target = target.parent_path() / next;
+  }
+  return target;
+}
+
+/// A file beside `target` that takes the target's place, or else leaves no trace.
+class Replacement {
+ public:
+  Replacement(Storage& storage, const fs::path& target, mode_t mode) : storage_(storage) {
+    const std::string stem = ".orvex-" + std::to_string(::getpid()) + "-";
+    constexpr int kMostNames = 1000;
+    for (int number = 1; descriptor_ < 0 && number <= kMostNames; ++number) {
+      path_ = target.parent_path() / (stem + std::to_string(number) + ".tmp");
+      constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+      descriptor_ = Uninterrupted([&] { return storage_.Open(path_.c_str(), kFlags, mode); });
+      if (descriptor_ < 0 && errno != EEXIST) break;
+    }
+    if (descriptor_ < 0) throw FileError(target, errno);
+  }
+  ~Replacement() {
+    if (descriptor_ >= 0) storage_.Close(descriptor_);
+    if (!path_.empty()) storage_.Unlink(path_.c_str());
+  }
+  Replacement(const Replacement&) = delete;
+  Replacement& operator=(const Replacement&) = delete;
+
+  int Descriptor() const { return descriptor_; }
+
+  bool Close() {
+    // An interrupted close has closed the file, and the data is on the disk by then.
+    return storage_.Close(std::exchange(descriptor_, -1)) == 0 || errno == EINTR;
+  }
+
+  bool MoveTo(const fs::path& target) {
+    if (storage_.Rename(path_.c_str(), target.c_str()) != 0) return false;
+    path_.clear();
+    return true;
+  }
+
+ private:
+  Storage& storage_;
+  fs::path path_;
+  int descriptor_ = -1;
+};
+
+/// Gives a file the owner of `old`, as far as the user may: at least the group, where that is
+/// allowed. False with `errno` set when it fails for another reason.
+bool TakeOver(Storage& storage, int descriptor, const struct stat& made, const struct stat& old) {
+  if (made.st_uid == old.st_uid && made.st_gid == old.st_gid) return true;
+  if (storage.SetOwner(descriptor, old.st_uid, old.st_gid) == 0) return true;
+  if (errno != EPERM) return false;
+  constexpr auto kSameOwner = static_cast<uid_t>(-1);
+  return storage.SetOwner(descriptor, kSameOwner, old.st_gid) == 0 || errno == EPERM;
+}
+
+}  // namespace
+
+void ReplaceFile(Storage& storage, const fs::path& path, std::string_view bytes) {
+  const auto require = [&path](bool done) {
+    if (!done) throw FileError(path, errno);
+  };
+  const fs::path target = FollowLinks(path);
+  struct stat old = {};
+  const bool exists = ::stat(target.c_str(), &old) == 0;
+  require(exists || errno == ENOENT);
+  if (exists && !S_ISREG(old.st_mode)) throw FileError(path, "not a regular file");
+
+  Replacement file(storage, target, exists ? kPrivate : kAsTheUserLikes);
+  struct stat made = {};
+  require(::fstat(file.Descriptor(), &made) == 0);
+  const mode_t wanted = (exists ? old.st_mode : made.st_mode) & kModeBits;
+  mode_t mode = made.st_mode & kModeBits;
+  if (!exists && storage.SetMode(file.Descriptor(), kPrivate) == 0) mode = kPrivate;
+
+  require(WriteAll(storage, file.Descriptor(), bytes) == bytes.size());
+  if (exists) require(TakeOver(storage, file.Descriptor(), made, old));
+  // A stick's file system has one mode for all files and refuses to be given it.
+  if (mode != wanted) require(storage.SetMode(file.Descriptor(), wanted) == 0);
+  require(Uninterrupted([&] { return storage.Sync(file.Descriptor()); }) == 0);
+  require(file.Close());
+  require(file.MoveTo(target));
+  // From here on the new content is in place, but a power cut might still bring the old one back.
+  require(SyncFolder(storage, target.parent_path()) == 0);
+}
+
+std::string ReadFile(const fs::path& path) {
+  // Without O_NONBLOCK a named pipe would hold up the open itself.
+  const int descriptor =
+      Uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); });
+  if (descriptor < 0) throw FileError(path, errno);
+  struct Closer {
+    int descriptor;
+    ~Closer() { ::close(descriptor); }
+  } const closer{descriptor};
+
+  struct stat status = {};
+  if (::fstat(descriptor, &status) != 0) throw FileError(path, errno);
+  if (S_ISDIR(status.st_mode)) throw FileError(path, EISDIR);
+  if (!S_ISREG(status.st_mode)) throw FileError(path, "not a regular file");
+
+  // One byte more than the file has now, to see its end.
+  std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
+  std::size_t size = 0;
+  for (;;) {
+    const ssize_t count =
+        Uninterrupted([&] { return ::read(descriptor, &bytes[size], bytes.size() - size); });
+    if (count < 0) throw FileError(path, errno);
+    size += static_cast<std::size_t>(count);
+    if (count == 0) break;
+    if (size == bytes.size()) bytes.resize(2 * size);
+  }
+  bytes.resize(size);
+  return bytes;
+}
+
+void EnsureFolder(Storage& storage, const fs::path& folder) {
+  if (storage.MakeFolder(folder.c_str(), 0777) != 0) {
+    const int cause = errno;
+    std::error_code ignored;
+    if (!fs::is_directory(folder, ignored)) throw FileError(folder, cause);
+  } else if (SyncFolder(storage, folder.parent_path()) != 0) {
+    throw FileError(folder, errno);
+  }
+}
+
+}  // namespace orvex

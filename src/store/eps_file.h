@@ -1,0 +1,68 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "model/program.h"
+#include "store/text_encoding.h"
+
+namespace orvex {
+
+class Storage;
+
+/// What an episode file says of its observation as a whole.
+struct EpsHeader {
+  Identity identity;
+  std::string ObservDate;  ///< "mm-dd-yyyy"
+  std::string StartTime;   ///< "hh:mm:ss"
+  OfftaskAverages ActivityOfftask{};
+  Encoding encoding = Encoding::utf8;  ///< how the file was spelled, and is spelled again
+};
+
+/// What an episode file holds.
+struct EpsObservation {
+  EpsHeader header;
+  EpisodeList Episodes;
+};
+
+/// What the reader has to say while it reads.
+class EpsReadEvents {
+ public:
+  virtual ~EpsReadEvents() = default;
+  /// The file is of an earlier version of the program. False gives up reading.
+  virtual bool ContinueWithEarlierVersion() = 0;
+  /// The first segment of episode `ep` had another activity than the episode; it has been repaired.
+  virtual void FirstSegmentRepaired(int ep) = 0;
+};
+
+/// The reader was told not to go on with a file of an earlier version.
+struct ReadingDeclined {};
+
+/// Reads the bytes of an episode file. Throws FormatError, or ReadingDeclined.
+EpsObservation ParseEps(std::string bytes, EpsReadEvents& events);
+/// The same from a file. Throws FileError as well.
+EpsObservation ReadEpsFile(const std::filesystem::path& path, EpsReadEvents& events);
+
+/// The bytes of the episode file of an observation.
+std::string FormatEps(const EpsHeader& header, const EpisodeList& episodes);
+/// Replaces the file at `path` by the observation. Throws FileError; the old file then stays.
+void WriteEpsFile(Storage& storage, const std::filesystem::path& path, const EpsHeader& header,
+                  const EpisodeList& episodes);
+
+/// The seven question counts of an episode's summary.
+struct QuestionCounts {
+  int authenticTeacher = 0;
+  int authenticStudent = 0;
+  int teacher = 0;
+  int student = 0;
+  int unanswered = 0;
+  int uptakeTest = 0;
+  int allDefault = 0;  ///< Source, Response, Authenticity, Uptake and Cognitive Level all 0
+};
+QuestionCounts EpisodeQuestionCounts(const Episode& episode);
+
+/// Cuts the marker "(<----- ep ; seg ----->)" off the end of `text` and stores its numbers. Without
+/// a good marker all three stay. False when a number does not fit 16 bits.
+bool ParseQuestionMarker(std::string& text, std::int16_t& ep, std::int16_t& seg);
+
+}  // namespace orvex

@@ -1,0 +1,221 @@
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "model/version.h"
+#include "store/durable_file.h"
+#include "store/eps_file.h"
+#include "store/field_reader.h"
+#include "store/format_error.h"
+#include "store/numbers.h"
+
+namespace orvex {
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+
+/// A number between blanks.
+std::optional<double> NumberIn(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == kNone) return std::nullopt;
+  return ParseNumber(text.substr(first, text.find_last_not_of(' ') + 1 - first));
+}
+
+/// True when a file's first line names a version before this program's. A line without a version
+/// counts as a file of today.
+bool IsOfEarlierVersion(std::string_view banner) {
+  constexpr std::string_view kProgram = "Orvex";
+  const std::size_t program = banner.find(kProgram);
+  if (program == kNone) return false;
+  const std::size_t start = program + kProgram.size();
+  const std::size_t end = banner.find("EPS", start);
+  if (end == kNone) return false;
+  const auto version = NumberIn(banner.substr(start, end - start));
+  return version && *version < ParseNumber(VersionText());
+}
+
+/// Where a question was asked, as its marker says.
+struct Marker {
+  std::size_t position = kNone;  ///< where it stands in the question's line, if there is a good one
+  std::int16_t ep = 0;
+  std::int16_t sg = 0;
+};
+
+/// Nothing when a number does not fit 16 bits.
+std::optional<Marker> FindMarker(std::string_view line) {
+  constexpr std::string_view kOpen = "(<-----";
+  constexpr std::string_view kClose = "----->)";
+  std::size_t open = line.rfind(kOpen.front());
+  while (open != kNone && !line.substr(open).starts_with(kOpen)) {
+    open = open == 0 ? kNone : line.rfind(kOpen.front(), open - 1);
+  }
+  if (open == kNone) return Marker{};
+  const std::string_view marker = line.substr(open + kOpen.size());
+  const std::size_t middle = marker.find(';');
+  if (middle == kNone) return Marker{};
+  const std::size_t close = marker.find(kClose, middle + 1);
+  if (close == kNone) return Marker{};
+  const auto ep = NumberIn(marker.substr(0, middle));
+  const auto sg = NumberIn(marker.substr(middle + 1, close - middle - 1));
+  if (!ep || !sg) return Marker{};
+  const auto shortEp = ToInt16(*ep);
+  const auto shortSg = ToInt16(*sg);
+  if (!shortEp || !shortSg) return std::nullopt;
+  return Marker{open, *shortEp, *shortSg};
+}
+
+class EpsReader {
+ public:
+  EpsReader(const DecodedText& file, EpsReadEvents& events) : fields_(file.text), events_(events) {
+    observation_.header.encoding = file.encoding;
+  }
+
+  EpsObservation Read() {
+    const int episodes = ReadHeader();
+    for (int ep = 1; ep <= episodes; ++ep) ReadEpisode(ep);
+    for (std::size_t i = 0; i < observation_.Episodes.size(); ++i) ReadSummary(i);
+    for (std::size_t i = 0; i < observation_.Episodes.size(); ++i) {
+      ReadQuestions(observation_.Episodes[i], questionCounts_[i]);
+    }
+    return std::move(observation_);
+  }
+
+ private:
+  /// Returns the number of episodes.
+  int ReadHeader() {
+    EpsHeader& header = observation_.header;
+    Identity& identity = header.identity;
+    std::string_view first = fields_.Field("the banner or the school number");
+    if (!ParseNumber(first)) {
+      if (IsOfEarlierVersion(first) && !events_.ContinueWithEarlierVersion()) {
+        throw ReadingDeclined{};
+      }
+      first = fields_.Field("the school number");
+    }
+    identity.SchoolNum = first;
+    identity.ClassNum = fields_.Field("the class number");
+    identity.ObservNum = fields_.Field("the observation number");
+    identity.NumStudents = fields_.Field("the number of students");
+    identity.Initials = fields_.Field("the observer's initials");
+    header.ObservDate = fields_.Field("the date");
+    header.StartTime = fields_.Field("the start time");
+    const int episodes = fields_.Integer("the number of episodes");
+    for (float& average : header.ActivityOfftask) {
+      average = fields_.Single("an off-task average");
+    }
+    return episodes;
+  }
+
+  void ReadEpisode(int ep) {
+    Episode episode;
+    fields_.Line("the heading of an episode");
+    episode.Descript = fields_.Line("the description of an episode");
+    const std::int16_t activity = fields_.Integer("the first segment's activity number");
+    fields_.Number("the duration of the episode");
+    const int questions = fields_.Integer("the number of questions");
+    episode.bReview = fields_.Field("the review answer");
+    fields_.Number("the number of earlier questions");
+    const int segments = fields_.Integer("the number of segments");
+    const int spells = fields_.Integer("the number of dialogic spells");
+    for (int spell = 1; spell <= spells; ++spell) fields_.Number("the length of a dialogic spell");
+    for (int sg = 1; sg <= segments; ++sg) {
+      SegmentData& segment = episode.segments.emplace_back(ReadSegment());
+      if (sg == 1 && segment.activityNum != activity) {
+        segment.activityNum = activity;
+        segment.aboutdata.clear();
+        events_.FirstSegmentRepaired(ep);
+      }
+    }
+    observation_.Episodes.push_back(std::move(episode));
+    questionCounts_.push_back(questions);
+  }
+
+  SegmentData ReadSegment() {
+    const std::int16_t activity = fields_.Integer("the activity number of a segment");
+    const float duration = fields_.Single("the duration of a segment");
+    SegmentCodes codes;
+    if (CarriesAbout(activity)) {
+      codes.about = fields_.Line("what the activity was about");
+    } else if (IsPresentation(activity)) {
+      codes.grpSolo = fields_.Integer("the group or solo code");
+      codes.prep = fields_.Integer("the preparation code");
+      codes.org7 = fields_.Integer("the organization code");
+    } else if (IsSeatwork(activity)) {
+      codes.fSubCat = fields_.Integer("the sub-category code");
+      codes.src = fields_.Integer("the source code");
+      codes.coglvl = fields_.Integer("the cognitive level code");
+      codes.org14 = fields_.Integer("the organization code");
+    } else if (IsGroupWork(activity)) {
+      codes.fSubCat = fields_.Integer("the sub-category code");
+    }
+    SegmentData segment;
+    segment.SetData(activity, duration, codes);
+    return segment;
+  }
+
+  void ReadSummary(std::size_t episode) {
+    if (questionCounts_[episode] > 0) {
+      constexpr int kCounts = 7;
+      for (int i = 0; i < kCounts; ++i) fields_.Number("a question count");
+      observation_.Episodes[episode].offtask = fields_.Single("the episode's off-task mean");
+    }
+    for (int i = 0; i < kActivityCount; ++i) fields_.Number("the time spent in an activity");
+  }
+
+  void ReadQuestions(Episode& episode, int count) {
+    // The file may state any count: no more are made room for than it has bytes.
+    constexpr std::size_t kLeastBytes = 10;  // three line ends and seven commas
+    const auto stated = static_cast<std::size_t>(std::max(count, 0));
+    episode.questions.reserve(std::min(stated, fields_.Left() / kLeastBytes));
+    for (int q = 1; q <= count; ++q) ReadQuestion(episode);
+  }
+
+  void ReadQuestion(Episode& episode) {
+    const std::string_view line = fields_.Line("the text of a question");
+    const auto marker = FindMarker(line);
+    if (!marker) {
+      throw FormatError(fields_.LineNumber(),
+                        "the question's episode and segment to be from -32768 to 32767");
+    }
+    const std::string_view name = fields_.Line("who answers a question");
+    constexpr std::size_t kLetters = 8;
+    std::array<std::string_view, kLetters> letters;
+    for (std::string_view& letter : letters) letter = fields_.Field("a code letter");
+    const auto& [src, rspns, auth, uptake, coglev, pfMany, tResp, elab] = letters;
+    episode.questions.emplace_back().SetValue(line.substr(0, marker->position), src, rspns, auth,
+                                              uptake, coglev, name, pfMany, tResp, elab, marker->ep,
+                                              marker->sg);
+  }
+
+  FieldReader fields_;
+  EpsReadEvents& events_;
+  EpsObservation observation_;
+  std::vector<int> questionCounts_;  ///< of each episode, as the file states it
+};
+
+}  // namespace
+
+bool ParseQuestionMarker(std::string& text, std::int16_t& ep, std::int16_t& seg) {
+  const auto marker = FindMarker(text);
+  if (!marker) return false;
+  if (marker->position != kNone) {
+    ep = marker->ep;
+    seg = marker->sg;
+    text.erase(marker->position);
+  }
+  return true;
+}
+
+EpsObservation ParseEps(std::string bytes, EpsReadEvents& events) {
+  const DecodedText file = Decode(std::move(bytes));
+  return EpsReader(file, events).Read();
+}
+
+EpsObservation ReadEpsFile(const std::filesystem::path& path, EpsReadEvents& events) {
+  return ParseEps(ReadFile(path), events);
+}
+
+}  // namespace orvex

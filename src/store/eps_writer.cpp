@@ -1,0 +1,233 @@
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <utility>
+
+#include "model/time_of_day.h"
+#include "model/version.h"
+#include "store/durable_file.h"
+#include "store/eps_file.h"
+#include "store/numbers.h"
+
+namespace orvex {
+namespace {
+
+constexpr std::string_view kStars = "*********";
+
+/// Builds the text of an episode file, piece by piece.
+class EpsText {
+ public:
+  explicit EpsText(std::size_t expectedBytes) { text_.reserve(expectedBytes); }
+
+  EpsText& operator<<(std::string_view piece) {
+    text_ += piece;
+    return *this;
+  }
+  /// A text somebody typed. A line break in it would break the file.
+  EpsText& Typed(std::string_view text) {
+    const bool broken = text.find_first_of("\r\n") != std::string_view::npos;
+    return broken ? *this << OneLine(text) : *this << text;
+  }
+  /// A text between double quotes, which it cannot hold itself.
+  EpsText& Quoted(std::string text) {
+    std::replace(text.begin(), text.end(), '"', '\'');
+    return (*this << "\"").Typed(text) << "\"";
+  }
+  /// A text that is read back as one field.
+  EpsText& Field(const std::string& text) {
+    return text.find(',') == std::string::npos ? Typed(text) : Quoted(text);
+  }
+  /// A number with nothing around it.
+  EpsText& Joined(std::int64_t number) { return *this << Digits(number); }
+  /// The same for seconds, as whole ones.
+  EpsText& Joined(double seconds) { return *this << Digits(seconds); }
+  /// A number with a blank for the missing sign, and one behind.
+  EpsText& Item(std::int64_t number) { return AsItem(number < 0, Digits(number)); }
+  EpsText& Item(double seconds) {
+    const std::string_view digits = Digits(seconds);
+    return AsItem(digits.front() == '-', digits);
+  }
+  EpsText& Item(float number) { return *this << PrintItem(number); }
+  void EndLine() { text_ += "\r\n"; }
+
+  std::string Take() { return std::move(text_); }
+
+ private:
+  EpsText& AsItem(bool negative, std::string_view digits) {
+    if (!negative) text_ += ' ';
+    return *this << digits << " ";
+  }
+  std::string_view Digits(std::int64_t number) {
+    const auto end = std::to_chars(digits_.data(), digits_.data() + digits_.size(), number);
+    return {digits_.data(), end.ptr};
+  }
+  std::string_view Digits(double seconds) {
+    // Adding 0 takes the sign off a negative zero.
+    const auto end = std::to_chars(digits_.data(), digits_.data() + digits_.size(),
+                                   RoundHalfEven(seconds) + 0.0, std::chars_format::fixed, 0);
+    return {digits_.data(), end.ptr};
+  }
+
+  std::string text_;
+  std::array<char, 320> digits_;  // the largest double has 309
+};
+
+void WriteHeader(EpsText& out, const EpsHeader& header, std::size_t episodes) {
+  out << kStars << " Orvex " << VersionText() << " EPS file " << kStars;
+  out.EndLine();
+  const Identity& identity = header.identity;
+  out.Field(identity.SchoolNum) << ",";
+  out.Field(identity.ClassNum) << ",";
+  out.Field(identity.ObservNum) << ", ";
+  out.Field(identity.NumStudents) << ", ";
+  out.Quoted(identity.Initials) << ", ";
+  out.Field(header.ObservDate) << ", ";
+  out.Field(header.StartTime) << ", ";
+  out.Item(static_cast<std::int64_t>(episodes)).EndLine();
+  for (std::size_t i = 0; i < header.ActivityOfftask.size(); ++i) {
+    if (i > 0) out << ",";
+    out.Item(header.ActivityOfftask[i]);
+  }
+  out.EndLine();
+}
+
+void WriteSegment(EpsText& out, const SegmentData& segment) {
+  const auto add = [&out](std::int16_t code) {
+    out << ",";
+    out.Item(std::int64_t{code});
+  };
+  const int activity = segment.activityNum;
+  out.Item(std::int64_t{activity}) << ",";
+  out.Item(static_cast<double>(segment.duration));
+  if (CarriesAbout(activity)) {
+    out.EndLine();
+    out.Typed(segment.aboutdata);
+  } else if (IsPresentation(activity)) {
+    add(segment.grpSolo);
+    add(segment.prep);
+    add(segment.org);
+  } else if (IsSeatwork(activity)) {
+    add(segment.fSubCat);
+    add(segment.src);
+    add(segment.coglvl);
+    add(segment.org);
+  } else if (IsGroupWork(activity)) {
+    add(segment.fSubCat);
+  }
+  out.EndLine();
+}
+
+void WriteEpisode(EpsText& out, const Episode& episode, std::int64_t number,
+                  std::int64_t earlierQuestions) {
+  const auto spells = FindDialogicSpells(episode.questions);
+  const auto& segments = episode.segments;
+  out << kStars << " EPISODE ";
+  out.Joined(number) << " " << kStars;
+  out.EndLine();
+  out.Typed(episode.Descript).EndLine();
+  out.Item(std::int64_t{segments.empty() ? std::int16_t{0} : segments.front().activityNum}) << ",";
+  out.Item(episode.duration()) << ",";
+  out.Item(std::int64_t{episode.nQAs()}) << ",";
+  out.Field(episode.bReview) << ",";
+  out.Item(earlierQuestions) << ",";
+  out.Item(static_cast<std::int64_t>(segments.size())) << ",";
+  out.Item(static_cast<std::int64_t>(spells.size())).EndLine();
+  for (std::size_t i = 0; i < spells.size(); ++i) {
+    out << (i > 0 ? ", " : "");
+    out.Joined(std::int64_t{spells[i].Length()});
+  }
+  if (!spells.empty()) out.EndLine();
+  for (const SegmentData& segment : segments) WriteSegment(out, segment);
+}
+
+void WriteSummary(EpsText& out, const Episode& episode) {
+  if (!episode.questions.empty()) {
+    const QuestionCounts counts = EpisodeQuestionCounts(episode);
+    std::string_view separator = " ";
+    for (const int count :
+         {counts.authenticTeacher, counts.authenticStudent, counts.teacher, counts.student,
+          counts.unanswered, counts.uptakeTest, counts.allDefault}) {
+      out << separator;
+      out.Joined(std::int64_t{count});
+      separator = " , ";
+    }
+    out << ",";
+    out.Item(episode.offtask).EndLine();
+  }
+  std::array<double, kActivityCount> seconds{};
+  for (const SegmentData& segment : episode.segments) {
+    if (!IsActivity(segment.activityNum)) continue;
+    seconds[static_cast<std::size_t>(segment.activityNum - 1)] +=
+        static_cast<double>(segment.duration);
+  }
+  std::string_view separator = " ";
+  for (const double time : seconds) {
+    out << separator;
+    out.Joined(time);
+    separator = " , ";
+  }
+  out.EndLine();
+}
+
+void WriteQuestion(EpsText& out, const questionInfo& question, std::int64_t episode) {
+  out.Typed(question.question) << "(<-----";
+  out.Item(episode) << ";";
+  out.Item(std::int64_t{question.iSgQ}) << "----->)";
+  out.EndLine();
+  out.Typed(question.strRspnName()).EndLine();
+  out << question.strSrc() << "," << question.strRspns() << "," << question.strAuth() << ","
+      << question.strUptake() << "," << question.strCogLev() << "," << question.strPFMany() << ","
+      << question.strTResp() << "," << question.strElab();
+  out.EndLine();
+}
+
+}  // namespace
+
+QuestionCounts EpisodeQuestionCounts(const Episode& episode) {
+  QuestionCounts counts;
+  for (const questionInfo& question : episode.questions) {
+    const bool authentic = question.authenticity == 1;
+    if (question.Source == 0) {
+      ++counts.teacher;
+      if (authentic) ++counts.authenticTeacher;
+    } else if (question.Source == 1) {
+      ++counts.student;
+      if (authentic) ++counts.authenticStudent;
+    }
+    if (question.Response == 1) ++counts.unanswered;
+    if (question.uptake == 1) ++counts.uptakeTest;
+    if (question.Source == 0 && question.Response == 0 && question.authenticity == 0 &&
+        question.uptake == 0 && question.cognitive == 0) {
+      ++counts.allDefault;
+    }
+  }
+  return counts;
+}
+
+std::string FormatEps(const EpsHeader& header, const EpisodeList& episodes) {
+  std::size_t expectedBytes = 0;
+  for (const Episode& episode : episodes) expectedBytes += 512 + 128 * episode.questions.size();
+  EpsText out(expectedBytes);
+  WriteHeader(out, header, episodes.size());
+  std::int64_t number = 0;
+  std::int64_t earlierQuestions = 0;
+  for (const Episode& episode : episodes) {
+    WriteEpisode(out, episode, ++number, earlierQuestions);
+    earlierQuestions += episode.nQAs();
+  }
+  for (const Episode& episode : episodes) WriteSummary(out, episode);
+  number = 0;
+  for (const Episode& episode : episodes) {
+    ++number;
+    for (const questionInfo& question : episode.questions) WriteQuestion(out, question, number);
+  }
+  return Encode(out.Take(), header.encoding);
+}
+
+void WriteEpsFile(Storage& storage, const std::filesystem::path& path, const EpsHeader& header,
+                  const EpisodeList& episodes) {
+  ReplaceFile(storage, path, FormatEps(header, episodes));
+}
+
+}  // namespace orvex

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <system_error>
+#include <utility>
+
+namespace orvex {
+
+/// A file or folder could not be read, written or made. `what()` reads "<path>: <cause>".
+class FileError : public std::runtime_error {
+ public:
+  FileError(std::filesystem::path path, std::string cause)
+      : std::runtime_error(path.string() + ": " + cause),
+        path_(std::move(path)),
+        cause_(std::move(cause)) {}
+  /// The cause is what `error`, a value of `errno`, stands for.
+  FileError(std::filesystem::path path, int error)
+      : FileError(std::move(path), std::generic_category().message(error)) {}
+
+  const std::filesystem::path& Path() const { return path_; }
+  const std::string& Cause() const { return cause_; }
+
+ private:
+  std::filesystem::path path_;
+  std::string cause_;
+};
+
+}  // namespace orvex

@@ -1,0 +1,233 @@
+#include "store/numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <system_error>
+
+#include "model/time_of_day.h"
+
+namespace orvex {
+namespace {
+
+/// A number as d.ddd x 10^exponent: no zeros at the end, no digits at all for zero.
+struct Decimal {
+  bool negative = false;
+  std::string digits;
+  int exponent = 0;
+};
+
+/// Takes apart a number in scientific notation.
+Decimal Parts(std::string_view text) {
+  Decimal decimal;
+  decimal.negative = text.starts_with('-');
+  if (decimal.negative) text.remove_prefix(1);
+  const std::size_t e = text.find('e');
+  std::string_view exponent = text.substr(e + 1);
+  if (exponent.starts_with('+')) exponent.remove_prefix(1);
+  std::from_chars(exponent.data(), exponent.data() + exponent.size(), decimal.exponent);
+  for (const char c : text.substr(0, e)) {
+    if (c != '.') decimal.digits += c;
+  }
+  decimal.digits.erase(decimal.digits.find_last_not_of('0') + 1);
+  return decimal.digits.empty() ? Decimal{} : decimal;
+}
+
+/// What no file can hold becomes the nearest thing it can.
+template <typename Value>
+Value Finite(Value value) {
+  if (std::isnan(value)) return 0;
+  return std::clamp(value, std::numeric_limits<Value>::lowest(), std::numeric_limits<Value>::max());
+}
+
+Decimal DecimalOf(float value) {
+  std::array<char, 32> text;
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), Finite(value),
+                                 std::chars_format::scientific, 6);
+  return Parts({text.data(), end.ptr});
+}
+
+Decimal DecimalOf(double value) {
+  std::array<char, 32> text;
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), Finite(value),
+                                 std::chars_format::scientific);
+  return Parts({text.data(), end.ptr});
+}
+
+/// Keeps the first `count` digits, a half rounded away from zero.
+void Round(Decimal& decimal, int count) {
+  if (count >= static_cast<int>(decimal.digits.size())) return;
+  if (count < 0) {
+    decimal = {};
+    return;
+  }
+  const bool up = decimal.digits[static_cast<std::size_t>(count)] >= '5';
+  decimal.digits.resize(static_cast<std::size_t>(count));
+  if (up) {
+    decimal.digits.erase(decimal.digits.find_last_not_of('9') + 1);
+    if (decimal.digits.empty()) {
+      decimal.digits.push_back('1');
+      ++decimal.exponent;
+    } else {
+      ++decimal.digits.back();
+    }
+  }
+  decimal.digits.erase(decimal.digits.find_last_not_of('0') + 1);
+  if (decimal.digits.empty()) decimal = {};
+}
+
+/// How a number is to look.
+struct Pattern {
+  std::size_t whole = 0;     ///< fewest digits before the point
+  bool point = false;        ///< the point stands even when nothing follows it
+  std::size_t decimals = 0;  ///< fewest digits behind the point
+  int mostDecimals = 0;
+  bool exponent = false;
+};
+
+Pattern PatternOf(std::string_view text) {
+  Pattern pattern;
+  for (const char c : text) {
+    if (c == 'E') {
+      pattern.exponent = true;
+      break;
+    }
+    if (c == '.') {
+      pattern.point = true;
+    } else if (pattern.point) {
+      ++pattern.mostDecimals;
+      if (c == '0') ++pattern.decimals;
+    } else if (c == '0') {
+      ++pattern.whole;
+    }
+  }
+  return pattern;
+}
+
+std::string LayOut(const Decimal& decimal, const Pattern& pattern) {
+  std::string whole;
+  std::string decimals;
+  if (decimal.exponent < 0) {
+    decimals.assign(static_cast<std::size_t>(-decimal.exponent - 1), '0');
+    decimals += decimal.digits;
+  } else if (!decimal.digits.empty()) {
+    const auto count = static_cast<std::size_t>(decimal.exponent) + 1;
+    whole = decimal.digits.substr(0, count);
+    whole.append(count - whole.size(), '0');
+    if (count < decimal.digits.size()) decimals = decimal.digits.substr(count);
+  }
+  if (whole.size() < pattern.whole) whole.insert(0, pattern.whole - whole.size(), '0');
+  if (decimals.size() < pattern.decimals) decimals.resize(pattern.decimals, '0');
+  const bool point = pattern.point || !decimals.empty();
+  std::string text(decimal.negative ? "-" : "");
+  text += whole;
+  if (point) text += '.';
+  text += decimals;
+  return text;
+}
+
+std::string Format(Decimal decimal, std::string_view text) {
+  const Pattern pattern = PatternOf(text);
+  if (!pattern.exponent) {
+    Round(decimal, decimal.exponent + 1 + pattern.mostDecimals);
+    return LayOut(decimal, pattern);
+  }
+  Round(decimal, 1 + pattern.mostDecimals);
+  const std::string exponent = std::to_string(decimal.exponent);
+  decimal.exponent = 0;
+  return LayOut(decimal, pattern) + "E" + exponent;
+}
+
+std::string AsItem(const std::string& number) {
+  std::string item(number.starts_with('-') ? "" : " ");
+  item += number;
+  item += ' ';
+  return item;
+}
+
+constexpr bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+std::string_view WithoutBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') + 1 - first);
+}
+
+std::optional<int> TypedInteger(std::string_view text, int least) {
+  const auto number = TypedNumber(text);
+  const auto rounded = number ? ToInt16(*number) : std::nullopt;
+  if (!rounded || *rounded < least) return std::nullopt;
+  return *rounded;
+}
+
+}  // namespace
+
+std::string PrintDigits(float value) {
+  const Decimal decimal = DecimalOf(value);
+  return decimal.digits.empty() ? "0" : LayOut(decimal, {});
+}
+
+std::string PrintItem(float value) {
+  return AsItem(PrintDigits(value));
+}
+
+std::string PrintItem(std::int64_t value) {
+  return AsItem(std::to_string(value));
+}
+
+std::string FormatPattern(float value, std::string_view pattern) {
+  return Format(DecimalOf(value), pattern);
+}
+
+std::string FormatPattern(double value, std::string_view pattern) {
+  return Format(DecimalOf(value), pattern);
+}
+
+std::optional<double> ParseNumber(std::string_view text) {
+  // from_chars knows no plus sign, but "inf" and "nan".
+  const bool plus = text.starts_with('+');
+  const std::size_t start = plus || text.starts_with('-') ? 1 : 0;
+  const bool number = start < text.size() && (text[start] == '.' || IsDigit(text[start]));
+  if (!number) return std::nullopt;
+  if (plus) text.remove_prefix(1);
+  // Nearly every number of a file is a short whole one.
+  int whole = 0;
+  const auto simple = std::from_chars(text.data(), text.data() + text.size(), whole);
+  if (simple.ec == std::errc{} && simple.ptr == text.data() + text.size()) return whole;
+  double value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (end != text.data() + text.size()) return std::nullopt;
+  if (error == std::errc{}) return value;
+  const bool tiny =
+      text.find("e-") != std::string_view::npos || text.find("E-") != std::string_view::npos;
+  if (error == std::errc::result_out_of_range && tiny) return 0;
+  return std::nullopt;
+}
+
+std::optional<double> TypedNumber(std::string_view text) {
+  text = WithoutBlanks(text);
+  if (text.find_first_of("eE") != std::string_view::npos) return std::nullopt;
+  return ParseNumber(text);
+}
+
+std::optional<std::int16_t> ToInt16(double value) {
+  using Limits = std::numeric_limits<std::int16_t>;
+  if (!(value >= Limits::min() - 0.5 && value < Limits::max() + 0.5)) return std::nullopt;
+  const auto cut = static_cast<std::int16_t>(value);
+  return cut == value ? cut : static_cast<std::int16_t>(RoundHalfEven(value));
+}
+
+std::optional<int> IdentityNumber(std::string_view text) {
+  return TypedInteger(text, 0);
+}
+
+std::optional<int> StudentCount(std::string_view text) {
+  return TypedInteger(text, 1);
+}
+
+}  // namespace orvex

@@ -1,0 +1,72 @@
+#include "store/paths.h"
+
+#include <stdexcept>
+
+#include "store/durable_file.h"
+#include "store/numbers.h"
+
+namespace orvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Normalised(const std::string& text, const char* what) {
+  const auto number = IdentityNumber(text);
+  if (!number) {
+    throw std::invalid_argument("the " + std::string(what) +
+                                " number is not a number from 0 to 32767");
+  }
+  return std::to_string(*number);
+}
+
+fs::path FilePath(const fs::path& dataPath, const char* kind, const Identity& identity,
+                  const char* extension) {
+  return dataPath / kind / identity.SchoolNum / identity.ClassNum /
+         (identity.ClassId() + extension);
+}
+
+void MakeFolders(Storage& storage, const fs::path& dataPath, const char* kind,
+                 const Identity& identity) {
+  const fs::path ofKind = dataPath / kind;
+  const fs::path ofSchool = ofKind / identity.SchoolNum;
+  EnsureFolder(storage, ofKind);
+  EnsureFolder(storage, ofSchool);
+  EnsureFolder(storage, ofSchool / identity.ClassNum);
+}
+
+}  // namespace
+
+void NormaliseIdentity(Identity& identity) {
+  std::string school = Normalised(identity.SchoolNum, "school");
+  std::string classNumber = Normalised(identity.ClassNum, "class");
+  std::string observation = Normalised(identity.ObservNum, "observation");
+  identity.SchoolNum = std::move(school);
+  identity.ClassNum = std::move(classNumber);
+  identity.ObservNum = std::move(observation);
+}
+
+fs::path EpsPath(Storage& storage, const fs::path& dataPath, Identity& identity) {
+  NormaliseIdentity(identity);
+  MakeFolders(storage, dataPath, "EPS", identity);
+  return FilePath(dataPath, "EPS", identity, ".eps");
+}
+
+fs::path NtePath(Storage& storage, const fs::path& dataPath, Identity& identity) {
+  NormaliseIdentity(identity);
+  MakeFolders(storage, dataPath, "NTE", identity);
+  return FilePath(dataPath, "NTE", identity, ".nte");
+}
+
+fs::path BakPath(const fs::path& dataPath, const Identity& identity) {
+  return FilePath(dataPath, "BAK", identity, ".bak");
+}
+
+void MakeBakFolders(Storage& storage, const fs::path& dataPath, const Identity& identity) {
+  MakeFolders(storage, dataPath, "BAK", identity);
+}
+
+fs::path EpsPathToLookFor(const fs::path& dataPath, const Identity& identity) {
+  return FilePath(dataPath, "EPS", identity, ".eps");
+}
+
+}  // namespace orvex

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "model/program.h"
+
+namespace orvex {
+
+class Storage;
+
+/// Replaces school, class and observation by the decimal texts of their values ("007" becomes "7").
+/// Throws std::invalid_argument, which names the number, when one of them is not a number from 0 to
+/// 32767; none is changed then.
+void NormaliseIdentity(Identity& identity);
+
+/// The paths of an observation's files: normalise the three numbers in place, create the folders
+/// that do not exist, and return `dataPath`/KIND/school/class/school-class-observation.ext. Throw
+/// std::invalid_argument for a number and FileError for a folder.
+std::filesystem::path EpsPath(Storage& storage, const std::filesystem::path& dataPath,
+                              Identity& identity);
+std::filesystem::path NtePath(Storage& storage, const std::filesystem::path& dataPath,
+                              Identity& identity);
+
+/// The session log's path, the numbers as they are typed. MakeBakFolders creates its folders.
+/// Throws FileError.
+std::filesystem::path BakPath(const std::filesystem::path& dataPath, const Identity& identity);
+void MakeBakFolders(Storage& storage, const std::filesystem::path& dataPath,
+                    const Identity& identity);
+
+/// Where the episode file of `identity` would be, as it stands; nothing is created.
+std::filesystem::path EpsPathToLookFor(const std::filesystem::path& dataPath,
+                                       const Identity& identity);
+
+}  // namespace orvex

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "model/question_info.h"
+#include "store/append_log.h"
+
+namespace orvex {
+
+class Clock;
+
+/// The running log of an observation, the observer's safety net: every event that matters, written
+/// at once. Nothing reads it back. The writers are called only while the log is open.
+class SessionLog {
+ public:
+  SessionLog(Storage& storage, const Clock& clock);
+
+  /// The file beneath: opening, moving, closing, and what went wrong.
+  AppendLog& File() { return file_; }
+  const AppendLog& File() const { return file_; }
+
+  void LogOn(std::string_view fileName, std::string_view initials, std::string_view students);
+  /// Writes only for the first segment of an episode.
+  void LogEpisodeStart(int ep, int sg);
+  /// `activity` is the caption of the activity's button as stored, ampersands doubled; `seconds`
+  /// the segment's length; `about` what it was about, or "".
+  void LogSegmentEnd(int ep, int sg, std::string_view activity, std::int32_t seconds,
+                     std::string_view about);
+  void LogEpisode(int ep, std::string_view text, double seconds);
+  void LogRevisedActivity(int ep, int sg, std::string_view activity);
+  void LogRevisedN(std::string_view text);
+  /// `q` is the number the question gets in its episode.
+  void LogRevisedQuestion(int ep, int q, const questionInfo& question);
+  void LogRevisedDescription(std::string_view text);
+  /// `seconds` is what the start times were moved by; the line shows how far the clock was
+  /// corrected, the other way round.
+  void LogAdjustTime(int ep, int sg, float seconds);
+  /// `note` may span lines, separated by CR LF.
+  void LogFieldNote(int ep, int sg, std::string_view note);
+  void LogBlankLine();
+  /// "Prop. students offtask in episode ...": the mean and how many estimates it is of.
+  void LogEpisodeOfftask(int ep, float offtask, int estimates);
+  void LogActiveEstimates(int ep);
+  void LogSegmentToEpisode();
+  void LogEpisodeToSegment();
+  void LogOff();
+
+ private:
+  void Line(std::string_view text);
+
+  AppendLog file_;
+  const Clock& clock_;
+};
+
+}  // namespace orvex

@@ -1,0 +1,76 @@
+#include "store/storage.h"
+
+#include <fcntl.h>
+#include <stdio.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace orvex {
+
+int Storage::Open(const char* path, int flags, mode_t mode) {
+  return ::open(path, flags, mode);
+}
+
+ssize_t Storage::Write(int descriptor, const void* bytes, std::size_t count) {
+  return ::write(descriptor, bytes, count);
+}
+
+int Storage::Sync(int descriptor) {
+  return ::fsync(descriptor);
+}
+
+int Storage::SyncData(int descriptor) {
+  return ::fdatasync(descriptor);
+}
+
+int Storage::Close(int descriptor) {
+  return ::close(descriptor);
+}
+
+int Storage::Rename(const char* from, const char* to) {
+  return ::rename(from, to);
+}
+
+int Storage::Unlink(const char* path) {
+  return ::unlink(path);
+}
+
+int Storage::MakeFolder(const char* path, mode_t mode) {
+  return ::mkdir(path, mode);
+}
+
+int Storage::SetOwner(int descriptor, uid_t owner, gid_t group) {
+  return ::fchown(descriptor, owner, group);
+}
+
+int Storage::SetMode(int descriptor, mode_t mode) {
+  return ::fchmod(descriptor, mode);
+}
+
+std::size_t WriteAll(Storage& storage, int descriptor, std::string_view bytes) {
+  std::size_t written = 0;
+  while (written < bytes.size()) {
+    const std::string_view rest = bytes.substr(written);
+    const ssize_t count =
+        Uninterrupted([&] { return storage.Write(descriptor, rest.data(), rest.size()); });
+    if (count == 0) errno = ENOSPC;
+    if (count <= 0) break;
+    written += static_cast<std::size_t>(count);
+  }
+  return written;
+}
+
+int SyncFolder(Storage& storage, const std::filesystem::path& folder) {
+  const std::filesystem::path name = folder.empty() ? "." : folder;
+  const int descriptor = Uninterrupted(
+      [&] { return storage.Open(name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0); });
+  if (descriptor < 0) return -1;
+  int result = Uninterrupted([&] { return storage.Sync(descriptor); });
+  if (result != 0 && errno == EINVAL) result = 0;
+  const int cause = errno;
+  storage.Close(descriptor);
+  errno = cause;
+  return result;
+}
+
+}  // namespace orvex

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <filesystem>
+#include <string_view>
+
+namespace orvex {
+
+/// The system calls that change the disk, each returning what the call returns, with `errno` set.
+/// Everything that writes goes through one of these, so that a test can make each of them fail.
+class Storage {
+ public:
+  virtual ~Storage() = default;
+  virtual int Open(const char* path, int flags, mode_t mode);
+  virtual ssize_t Write(int descriptor, const void* bytes, std::size_t count);
+  virtual int Sync(int descriptor);      ///< fsync
+  virtual int SyncData(int descriptor);  ///< fdatasync
+  virtual int Close(int descriptor);
+  virtual int Rename(const char* from, const char* to);
+  virtual int Unlink(const char* path);
+  virtual int MakeFolder(const char* path, mode_t mode);
+  virtual int SetOwner(int descriptor, uid_t owner, gid_t group);
+  virtual int SetMode(int descriptor, mode_t mode);
+};
+
+/// The result of a system call, made again for as long as a signal interrupts it.
+template <typename Call>
+auto Uninterrupted(Call call) {
+  auto result = call();
+  while (result < 0 && errno == EINTR) result = call();
+  return result;
+}
+
+/// Writes `bytes`, going on after short writes. Returns how many went out; when these are not all,
+/// `errno` tells why.
+std::size_t WriteAll(Storage& storage, int descriptor, std::string_view bytes);
+
+/// Brings the names in `folder` to the disk: 0, or -1 with `errno` set. A file system that cannot
+/// sync a folder counts as having done so.
+int SyncFolder(Storage& storage, const std::filesystem::path& folder);
+
+}  // namespace orvex

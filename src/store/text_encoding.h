@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace orvex {
+
+enum class Encoding { utf8, windows1252 };
+
+/// A text file taken apart from how its bytes spell it.
+struct DecodedText {
+  std::string text;  ///< UTF-8, without a byte order mark
+  Encoding encoding = Encoding::utf8;
+};
+
+/// Decodes a file: UTF-8 where it is valid, otherwise Windows-1252, whose unassigned bytes stand
+/// for the control characters of the same number.
+DecodedText Decode(std::string bytes);
+
+/// The bytes of `text` in `encoding`; in UTF-8 when Windows-1252 lacks one of its characters.
+std::string Encode(std::string text, Encoding encoding);
+
+/// `text` with each run of line breaks turned into one blank, as every text of one line is stored.
+std::string OneLine(std::string_view text);
+
+}  // namespace orvex
