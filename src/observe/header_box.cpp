@@ -8,6 +8,11 @@
 
 namespace orvex {
 
+HeaderBox BoxAfter(const HeaderRound& round, HeaderBox box, std::size_t steps) {
+  const auto at = std::find(round.begin(), round.end(), box);
+  return round[(static_cast<std::size_t>(at - round.begin()) + steps) % round.size()];
+}
+
 const std::string& HeaderText(const Identity& identity, HeaderBox box) {
   switch (box) {
     case HeaderBox::initials:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string>
 
 #include "model/program.h"
@@ -9,9 +10,19 @@ namespace orvex {
 
 /// The five boxes of the observation header, on the set-up form and on the live form.
 enum class HeaderBox { initials, schoolNum, classNum, observNum, numStudents };
-inline constexpr std::array<HeaderBox, 5> kHeaderBoxes = {HeaderBox::initials, HeaderBox::schoolNum,
-                                                          HeaderBox::classNum, HeaderBox::observNum,
-                                                          HeaderBox::numStudents};
+using HeaderRound = std::array<HeaderBox, 5>;
+inline constexpr HeaderRound kHeaderBoxes = {HeaderBox::initials, HeaderBox::schoolNum,
+                                             HeaderBox::classNum, HeaderBox::observNum,
+                                             HeaderBox::numStudents};
+
+/// The box that comes `steps` after `box` when Enter goes round the boxes in the order of `round`.
+HeaderBox BoxAfter(const HeaderRound& round, HeaderBox box, std::size_t steps);
+inline HeaderBox NextBox(const HeaderRound& round, HeaderBox box) {
+  return BoxAfter(round, box, 1);
+}
+inline HeaderBox PreviousBox(const HeaderRound& round, HeaderBox box) {
+  return BoxAfter(round, box, round.size() - 1);
+}
 
 /// The text of a box.
 std::string& HeaderText(Identity& identity, HeaderBox box);

@@ -174,9 +174,7 @@ void LiveObservation::EnableOTTimerInClassAct() {
 // Episodes.
 
 void LiveObservation::cmdStartNewEp_Click() {
-  if (!CanStartEpisode() || !services_.prompter.AskYesNo("Start New Episode?")) return;
-  StartNewEpi();
-  FocusDescription();
+  if (CanStartEpisode() && services_.prompter.AskYesNo("Start New Episode?")) StartNewEpi();
 }
 
 void LiveObservation::EndEpisode() {
@@ -214,6 +212,7 @@ void LiveObservation::StartNewEpi() {
   estimateKind_ = 0;
   curActivity_.clear();
   freshSegment_ = true;
+  FocusDescription();
   services_.screens.Show(Screen::liveObservation);
 }
 
@@ -245,8 +244,8 @@ void LiveObservation::StartNewEpi2() {
   AppendEpisode();
   episodeStart_ = segmentStart_;
   if (coding_.selectedActivity == 0) coding_.ShowActivityChoices(false);
-  services_.screens.Show(Screen::liveObservation);
   FocusDescription();
+  services_.screens.Show(Screen::liveObservation);
 }
 
 void LiveObservation::RevertNewEpisode() {

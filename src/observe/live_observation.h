@@ -118,7 +118,6 @@ class LiveObservation {
   // Called from the question entry as well.
   void StartNewSeg();
   void StartNewEpi();
-  void FocusDescription();
   /// Gives the running segment up as question/answer: it takes its previous activity back and waits
   /// for a new choice.
   void AbandonQuestionAnswer();
@@ -127,6 +126,7 @@ class LiveObservation {
   void UpdateActivityControls() { conversionBlank_ = false; }
 
  private:
+  void FocusDescription();
   void EndSeg();
   void EndEpisode();
   void CloseEpisodeForSegment();

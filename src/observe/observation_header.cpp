@@ -1,8 +1,5 @@
 #include "observe/observation_header.h"
 
-#include <algorithm>
-#include <array>
-#include <cstddef>
 #include <filesystem>
 
 #include "model/prompter.h"
@@ -13,14 +10,8 @@
 namespace orvex {
 namespace {
 
-constexpr std::array<HeaderBox, 5> kRound = {HeaderBox::schoolNum, HeaderBox::classNum,
-                                             HeaderBox::observNum, HeaderBox::initials,
-                                             HeaderBox::numStudents};
-
-HeaderBox Neighbour(HeaderBox box, std::size_t steps) {
-  const auto at = std::find(kRound.begin(), kRound.end(), box);
-  return kRound[(static_cast<std::size_t>(at - kRound.begin()) + steps) % kRound.size()];
-}
+constexpr HeaderRound kRound = {HeaderBox::schoolNum, HeaderBox::classNum, HeaderBox::observNum,
+                                HeaderBox::initials, HeaderBox::numStudents};
 
 }  // namespace
 
@@ -40,11 +31,11 @@ std::string ObservationHeader::ClassIdText() const {
 }
 
 HeaderBox ObservationHeader::Next(HeaderBox box) {
-  return Neighbour(box, 1);
+  return NextBox(kRound, box);
 }
 
 HeaderBox ObservationHeader::Previous(HeaderBox box) {
-  return Neighbour(box, kRound.size() - 1);
+  return PreviousBox(kRound, box);
 }
 
 void ObservationHeader::Enter(HeaderBox box) {

@@ -1,7 +1,5 @@
 #include "observe/set_up.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <filesystem>
 
 #include "model/program.h"
@@ -31,12 +29,6 @@ SetUp::Control ControlOf(HeaderBox box) {
   return SetUp::Control::numStudents;
 }
 
-HeaderBox Neighbour(HeaderBox box, std::size_t steps) {
-  const auto at = std::find(kHeaderBoxes.begin(), kHeaderBoxes.end(), box);
-  const auto position = static_cast<std::size_t>(at - kHeaderBoxes.begin());
-  return kHeaderBoxes[(position + steps) % kHeaderBoxes.size()];
-}
-
 }  // namespace
 
 SetUp::SetUp(const Services& services) : services_(services), identity_(services.program.identity) {
@@ -62,7 +54,7 @@ void SetUp::MoveTo(HeaderBox box, Caret caret) {
 
 void SetUp::EnterOrDown(HeaderBox box) {
   if (box != HeaderBox::numStudents) {
-    MoveTo(Neighbour(box, 1), box == HeaderBox::classNum ? Caret::stay : Caret::atEnd);
+    MoveTo(NextBox(kHeaderBoxes, box), box == HeaderBox::classNum ? Caret::stay : Caret::atEnd);
     return;
   }
   NormaliseNumbers(identity_);
@@ -75,7 +67,7 @@ void SetUp::EnterOrDown(HeaderBox box) {
 }
 
 void SetUp::Up(HeaderBox box) {
-  MoveTo(Neighbour(box, kHeaderBoxes.size() - 1));
+  MoveTo(PreviousBox(kHeaderBoxes, box));
 }
 
 void SetUp::DownOnReset() {
