@@ -1,0 +1,115 @@
+// How long the question entry form takes over one key, with an episode as full as a long class.
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include "model/clock.h"
+#include "model/program.h"
+#include "model/prompter.h"
+#include "model/screens.h"
+#include "store/session_log.h"
+#include "store/storage.h"
+#include "ui/frmClassAct.h"
+#include "ui/frmEnterQA.h"
+
+namespace orvex {
+namespace {
+
+class StillClock : public Clock {
+ public:
+  float SecondsSinceMidnight() const override { return 36000; }
+  Date Today() const override { return {2001, 3, 14}; }
+};
+
+class NobodyThere : public Prompter {
+ public:
+  Answer Ask(const Message& message) override { return message.defaultAnswer; }
+  std::optional<std::string> AskText(const TextPrompt&) override { return std::nullopt; }
+  ChosenFile AskFile(const FilePrompt&) override { return {}; }
+};
+
+class NoScreens : public Screens {
+ public:
+  void Show(Screen) override {}
+  void Hide(Screen) override {}
+  void Close(Screen) override {}
+  void EndProgram() override {}
+};
+
+void Press(QWidget* box, int key, const QString& text = {}) {
+  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+  QCoreApplication::sendEvent(box, &press);
+  QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
+  QCoreApplication::sendEvent(box, &release);
+  QCoreApplication::processEvents();  // what the key has changed is painted
+}
+
+struct Entry {
+  explicit Entry(int questions) {
+    live.Live().KeyInDescription();
+    live.Live().TypeDescription("A long class");
+    live.Live().ChooseActivity(kQuestionAnswer);
+    questionInfo question;
+    question.SetValue("What happened then?", "T", "Y", "N", "N", "R", "Ana", "N", "", "U", 1, 1);
+    live.Live().CurQuestions().assign(static_cast<std::size_t>(questions), question);
+    form.show();
+    QCoreApplication::processEvents();
+  }
+
+  Program program;
+  Storage storage;
+  StillClock clock;
+  NobodyThere prompter;
+  NoScreens screens;
+  SessionLog log{storage, clock};
+  Services services{program, log, storage, clock, prompter, screens};
+  frmClassAct live{services};
+  frmEnterQA form{services, live.Live(), live.Clocks()};
+};
+
+void BM_LetterInTheText(benchmark::State& state) {
+  Entry entry(static_cast<int>(state.range(0)));
+  auto* text = entry.form.findChild<QLineEdit*>(QStringLiteral("txtQuestion"));
+  for (auto _ : state) {
+    Press(text, Qt::Key_A, QStringLiteral("a"));
+    state.PauseTiming();
+    if (text->text().size() > 60) {
+      text->clear();
+      entry.form.Entry().TypeQuestion("");
+    }
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(BM_LetterInTheText)->Arg(0)->Arg(2000)->Unit(benchmark::kMillisecond);
+
+/// Five keys: a text, Enter, Enter for the default Source, and a Response that stores the question.
+void BM_WholeQuestion(benchmark::State& state) {
+  Entry entry(static_cast<int>(state.range(0)));
+  for (auto _ : state) {
+    Press(entry.form.findChild<QLineEdit*>(QStringLiteral("txtQuestion")), Qt::Key_A,
+          QStringLiteral("a"));
+    for (const char* box : {"txtQuestion", "Text1"}) {
+      Press(entry.form.findChild<QLineEdit*>(QLatin1String(box)), Qt::Key_Return);
+    }
+    auto* response = entry.form.findChild<QLineEdit*>(QStringLiteral("Text2"));
+    Press(response, Qt::Key_N, QStringLiteral("n"));
+    Press(response, Qt::Key_Return);
+    state.PauseTiming();
+    entry.live.Live().CurQuestions().pop_back();
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(BM_WholeQuestion)->Arg(1)->Arg(2000)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace orvex
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}

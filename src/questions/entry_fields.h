@@ -1,0 +1,68 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "model/coding_scheme.h"
+
+namespace orvex {
+
+/// The nine code fields of the live question entry: what is typed in each, and which of them are
+/// shown, as Source and Response ask for. A label goes with its field. A field that is hidden
+/// keeps its content unless the layout empties it, and that content counts like any other.
+class EntryFields {
+ public:
+  const std::string& Text(Dimension field) const { return At(field).text; }
+  bool Visible(Dimension field) const { return At(field).visible; }
+  std::string_view Caption(Dimension field) const;
+  /// The heading over the last codes (`Label10`).
+  bool HeadingVisible() const { return headingVisible_; }
+  std::string_view Heading() const;
+
+  /// The visible field after `from`, or the first one without `from`; and the one before it.
+  std::optional<Dimension> NextVisible(std::optional<Dimension> from) const;
+  std::optional<Dimension> PreviousVisible(Dimension from) const;
+
+  /// Takes what was typed. Source and Response are reduced to their letter, and every typing in
+  /// them, also of the letter they hold, lays the fields out anew.
+  void Type(Dimension field, std::string_view text);
+  /// Enter or Down in `field`: puts the default where no letter of the field stands. True when the
+  /// question is complete with it.
+  bool Leave(Dimension field);
+
+  void HideCodeFields();
+  void ShowFirstFields();
+  void FillNormalCodes();
+
+ private:
+  struct Field {
+    std::string text;
+    bool visible = false;
+  };
+
+  Field& At(Dimension field) { return fields_[static_cast<std::size_t>(field)]; }
+  const Field& At(Dimension field) const { return fields_[static_cast<std::size_t>(field)]; }
+  bool Holds(Dimension field, std::string_view letter) const;
+  void Show(Dimension field) { At(field).visible = true; }
+  void Hide(Dimension field) { At(field).visible = false; }
+  void HideEmptied(Dimension field) { At(field) = {}; }
+  void ShowEmptied(Dimension field) { At(field) = {.text = "", .visible = true}; }
+  void ShowEmptiedIfHidden(Dimension field);
+
+  void KeepOneLetter(Dimension field);
+  void SourceChanged();
+  void ResponseChanged();
+  void LayoutTeacherQuestion();
+  void LayoutStudentQuestion();
+  void LayoutResponse();
+  void LayoutNoResponse();
+
+  std::array<Field, kDimensionCount> fields_;
+  bool headingVisible_ = false;
+  bool studentAsks_ = false;  ///< the captions are those of a student question
+};
+
+}  // namespace orvex

@@ -1,0 +1,401 @@
+#include "questions/question_entry.h"
+
+#include <cstdint>
+#include <vector>
+
+#include "model/program.h"
+#include "model/prompter.h"
+#include "model/screens.h"
+#include "observe/live_observation.h"
+#include "observe/session_clocks.h"
+#include "observe/tick.h"
+#include "store/session_log.h"
+#include "store/text_encoding.h"
+
+namespace orvex {
+namespace {
+
+using Control = QuestionEntry::Control;
+
+/// The activities' names on the button that returns to them, by number.
+constexpr std::array<std::string_view, kActivityCount> kShortNames = {
+    "Procedure",  "Discipline", "Interrupt",    "Lecture...",     "Q / A",
+    "Discussion", "S present",  "Reading a",    "Silent reading", "Role-play or simulation",
+    "Game",       "Other",      "Test or quiz", "S/Helping",      "S/Monitor",
+    "Unsupervis", "S grp work"};
+
+/// The activity to offer for `PrevActivity`; 0 for none.
+int ActivityToOffer(const std::string& previous) {
+  for (int activity = 1; activity <= kActivityCount; ++activity) {
+    if (activity != kQuestionAnswer && previous == std::to_string(activity)) return activity;
+  }
+  return 0;
+}
+
+}  // namespace
+
+QuestionEntry::QuestionEntry(const Services& services, LiveObservation& live,
+                             const SessionClocks& liveClocks)
+    : services_(services), live_(live), liveClocks_(liveClocks) {
+  AwaitFirstQuestion();
+  if (!live_.CurQuestions().empty()) {
+    Enable(Command::Command1);
+    Enable(Command::Command2);
+  }
+}
+
+// What the form shows.
+
+bool QuestionEntry::Coding() const {
+  return fields_.Visible(Dimension::source);
+}
+
+std::string QuestionEntry::FrameCaption() const {
+  return "Question #" + std::to_string(live_.CurQuestions().size() + 1) + ":";
+}
+
+std::string_view QuestionEntry::Caption3() const {
+  return Coding() ? "Nor&mal" : "&Matrices";
+}
+
+std::string_view QuestionEntry::Caption5() const {
+  if (Coding()) return "&Next Q";
+  if (offeredActivity_ == 0) return "&Abort";
+  return kShortNames[static_cast<std::size_t>(offeredActivity_ - 1)];
+}
+
+std::string_view QuestionEntry::Caption7() const {
+  return Coding() ? "Scr&ap" : "E&PISODE";
+}
+
+bool QuestionEntry::Enabled(Command command) const {
+  if (!HasOperation(command) || !HasRoom(command)) return false;
+  const auto position = static_cast<std::size_t>(command);
+  return position >= kSwitched || enabled_[position];
+}
+
+/// The forms that the other buttons open do not exist yet: those buttons stay disabled.
+bool QuestionEntry::HasOperation(Command command) const {
+  switch (command) {
+    case Command::Command1:
+    case Command::Command2:
+    case Command::Command9:
+    case Command::cmdOfftaskActive:
+      return false;
+    case Command::Command3:
+      return Coding();
+    default:
+      return true;
+  }
+}
+
+/// A copy or a removal needs a question, a new segment or episode a number that is left.
+bool QuestionEntry::HasRoom(Command command) const {
+  switch (command) {
+    case Command::Command4:
+    case Command::Command8:
+      return !live_.CurQuestions().empty();
+    case Command::Command5:
+      return Coding() || offeredActivity_ == 0 || live_.RoomForSegment();
+    case Command::Command6:
+      return live_.RoomForSegment();
+    case Command::Command7:
+      return Coding() || live_.RoomForEpisode();
+    default:
+      return true;
+  }
+}
+
+std::string QuestionEntry::EpisodeCaption() const {
+  return live_.EpisodeCaption();
+}
+
+std::string QuestionEntry::SegmentCaption() const {
+  return live_.SegmentCaption();
+}
+
+const std::string& QuestionEntry::EpisodeTime() const {
+  return liveClocks_.EpisodeTime();
+}
+
+const std::string& QuestionEntry::SegmentTime() const {
+  return liveClocks_.SegmentTime();
+}
+
+const std::string& QuestionEntry::TimeOfDay() const {
+  return liveClocks_.TimeOfDay();
+}
+
+std::string QuestionEntry::LogTrouble() const {
+  return live_.LogTrouble();
+}
+
+Control QuestionEntry::BoxOf(Dimension field) {
+  return static_cast<Control>(static_cast<int>(Control::Text1) + static_cast<int>(field));
+}
+
+std::optional<Dimension> QuestionEntry::FieldOf(Control box) {
+  if (box < Control::Text1 || box > Control::Text9) return std::nullopt;
+  return static_cast<Dimension>(static_cast<int>(box) - static_cast<int>(Control::Text1));
+}
+
+Caret QuestionEntry::CaretOf(Control box) {
+  const bool isCode = FieldOf(box) && box != Control::Text6;
+  return isCode ? Caret::selectAll : Caret::atEnd;
+}
+
+// Typing.
+
+void QuestionEntry::TypeQuestion(std::string_view text) {
+  question_ = OneLine(text);
+  std::erase(question_, '\t');
+}
+
+void QuestionEntry::TypeField(Dimension field, std::string_view text) {
+  fields_.Type(field, text);
+  if (field <= Dimension::response) focus_.Set(BoxOf(field), Caret::selectAll);
+}
+
+void QuestionEntry::MoveTo(Control box) {
+  focus_.Set(box, CaretOf(box));
+}
+
+void QuestionEntry::EnterOrDown(Control box) {
+  if (asksReview_) return;
+  const auto field = FieldOf(box);
+  if (box == Control::txtQuestion) {
+    StartCoding();
+  } else if (!field) {
+    return;
+  } else if (fields_.Leave(*field)) {
+    SaveQuestion();
+    return;
+  }
+  if (const auto next = fields_.NextVisible(field)) MoveTo(BoxOf(*next));
+}
+
+void QuestionEntry::Up(Control box) {
+  const auto field = FieldOf(box);
+  if (!field || !Coding()) return;
+  const auto previous = fields_.PreviousVisible(*field);
+  MoveTo(previous ? BoxOf(*previous) : Control::txtQuestion);
+}
+
+void QuestionEntry::StartCoding() {
+  const bool wasCoding = Coding();
+  if (!wasCoding) fields_.ShowFirstFields();
+  EnableCommands(wasCoding);
+  Enable(Command::Command3);
+  Enable(Command::Command4);
+  Enable(Command::Command5);
+  Enable(Command::Command7);
+}
+
+void QuestionEntry::SaveQuestion() {
+  if (asksReview_) return;
+  const auto text = [this](Dimension field) -> const std::string& { return fields_.Text(field); };
+  questionInfo question;
+  question.SetValue(
+      question_, text(Dimension::source), text(Dimension::response), text(Dimension::authenticity),
+      text(Dimension::uptake), text(Dimension::cognitive), text(Dimension::respondName),
+      text(Dimension::onePartOfMulti), text(Dimension::tResponse), text(Dimension::elaborated),
+      static_cast<std::int16_t>(live_.CurEpisode()), static_cast<std::int16_t>(live_.CurSegment()));
+  if (StoreQuestion(question)) StartOver();
+}
+
+/// Logs and appends the question. False when the episode is full.
+bool QuestionEntry::StoreQuestion(const questionInfo& question) {
+  std::vector<questionInfo>& questions = live_.CurQuestions();
+  const int number = static_cast<int>(questions.size()) + 1;
+  if (number > LiveObservation::kMost) {
+    services_.prompter.Tell("An episode holds at most " + std::to_string(LiveObservation::kMost) +
+                            " questions. Start a new episode.");
+    return false;
+  }
+  services_.log.LogRevisedQuestion(live_.CurEpisode(), number, question);
+  questions.push_back(question);
+  return true;
+}
+
+void QuestionEntry::StartOver() {
+  question_.clear();
+  fields_.HideCodeFields();
+  offeredActivity_ = 0;
+  if (live_.CurQuestions().empty()) {
+    AwaitFirstQuestion();
+  } else {
+    EnableCommands(true);
+    Enable(Command::Command5, false);
+    MoveTo(Control::txtQuestion);
+  }
+}
+
+/// Idle, with no more to do than to begin or to give the segment up.
+void QuestionEntry::AwaitFirstQuestion() {
+  EnableCommands(false);
+  Enable(Command::Command5);
+  Enable(Command::Command9);
+  MoveTo(Control::txtQuestion);
+}
+
+void QuestionEntry::Enable(Command command, bool enabled) {
+  enabled_[static_cast<std::size_t>(command)] = enabled;
+}
+
+void QuestionEntry::EnableCommands(bool enabled) {
+  enabled_.fill(enabled);
+}
+
+// The buttons.
+
+void QuestionEntry::Click(Command command) {
+  if (!Enabled(command)) return;
+  switch (command) {
+    case Command::Command3:
+      FillNormal();
+      break;
+    case Command::Command4:
+      Ditto();
+      break;
+    case Command::Command5:
+      LeaveOrNext();
+      break;
+    case Command::Command6:
+      StartSegment();
+      break;
+    case Command::Command7:
+      Coding() ? Scrap() : AskReview();
+      break;
+    case Command::Command8:
+      DropLast();
+      break;
+    case Command::Command10:
+      EndClass();
+      break;
+    default:
+      break;
+  }
+}
+
+void QuestionEntry::FillNormal() {
+  fields_.FillNormalCodes();
+  MoveTo(Control::Text6);
+}
+
+void QuestionEntry::Ditto() {
+  if (!DittoQuestion()) return;
+  offeredActivity_ = ActivityToOffer(live_.PrevActivity());
+  if (offeredActivity_ != 0) Enable(Command::Command5);
+}
+
+/// The teacher asked the last question again. False when the episode is full.
+bool QuestionEntry::DittoQuestion() {
+  const questionInfo& last = live_.CurQuestions().back();
+  questionInfo copy;
+  copy.SetValue(last.question, last.strSrc(), last.strRspns(), last.strAuth(), last.strUptake(),
+                last.strCogLev(), last.strRspnName(), last.strPFMany(), last.strTResp(),
+                last.strElab(), last.iEpQ, last.iSgQ);
+  if (!StoreQuestion(copy)) return false;
+  StartOver();
+  return true;
+}
+
+void QuestionEntry::LeaveOrNext() {
+  if (Coding()) {
+    SaveQuestion();
+  } else if (offeredActivity_ == 0) {
+    AbandonSegment();
+  } else {
+    ReturnToPreviousActivity();
+  }
+}
+
+void QuestionEntry::AbandonSegment() {
+  live_.AbandonQuestionAnswer();
+  services_.screens.Show(Screen::liveObservation);
+  services_.screens.Close(Screen::questionEntry);
+}
+
+void QuestionEntry::ReturnToPreviousActivity() {
+  const int activity = offeredActivity_;
+  live_.StartNewSeg();
+  live_.ChooseActivity(activity);
+  services_.screens.Show(Screen::liveObservation);
+  services_.screens.Close(Screen::questionEntry);
+}
+
+void QuestionEntry::StartSegment() {
+  if (!services_.prompter.AskYesNo("Start New Segment?")) {
+    MoveTo(Control::txtQuestion);
+    return;
+  }
+  live_.StartNewSeg();
+  services_.screens.Show(Screen::liveObservation);
+  services_.screens.Close(Screen::questionEntry);
+}
+
+void QuestionEntry::AskReview() {
+  if (!services_.prompter.AskYesNo("Start New Episode?")) {
+    MoveTo(Control::txtQuestion);
+    return;
+  }
+  fields_.HideCodeFields();
+  EnableCommands(false);
+  asksReview_ = true;
+  Activate();
+}
+
+void QuestionEntry::Command11_Click(int index) {
+  if (!asksReview_) return;
+  live_.CurrentEpisode().bReview = index == 0 ? "Y" : "N";
+  live_.StartNewEpi();
+  asksReview_ = false;
+  services_.screens.Close(Screen::questionEntry);
+}
+
+/// Drops what is being typed; before the first question the text may stay.
+void QuestionEntry::Scrap() {
+  if (!live_.CurQuestions().empty()) {
+    StartOver();
+    return;
+  }
+  fields_.HideCodeFields();
+  AwaitFirstQuestion();
+}
+
+void QuestionEntry::DropLast() {
+  live_.CurQuestions().pop_back();
+  StartOver();
+}
+
+void QuestionEntry::EndClass() {
+  live_.cmdQuit_Click();
+  if (!services_.program.QuitRequested) MoveTo(Control::txtQuestion);
+}
+
+// The window.
+
+void QuestionEntry::Activate() {
+  if (asksReview_) {
+    focus_.Set(Control::Command11_0, Caret::stay);
+  } else {
+    MoveTo(Control::txtQuestion);
+  }
+}
+
+bool QuestionEntry::RequestClose() {
+  if (services_.program.QuitRequested) return true;
+  if (Enabled(Command::Command10)) {
+    EndClass();
+  } else {
+    Activate();
+  }
+  return false;
+}
+
+void QuestionEntry::Tick() {
+  RunTick(services_.prompter, "timer4",
+          [this] { offtask_.Tick(live_.OfftaskPending(), live_.OfftaskCountdown()); });
+}
+
+}  // namespace orvex

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "model/program.h"
+
+namespace orvex {
+
+class Storage;
+
+/// Where the program lives: the executable's folder, if it can be written.
+struct Installation {
+  std::filesystem::path executableFolder;
+  bool executableFolderWritable = false;
+  std::filesystem::path userFolder;  ///< the user's own data folder for Orvex; need not exist yet
+};
+
+/// The folder of the options file, and the data folder as long as no other is chosen: the
+/// executable's folder or, where that cannot be written, the user's, which is made.
+std::filesystem::path ProgramFolder(Storage& storage, const Installation& installation);
+
+/// The folder that the options file names, as it is written there; nothing when there is no such
+/// folder.
+std::optional<std::string> StoredDataPath(const std::filesystem::path& programFolder);
+
+/// Settles the data folder: the one the options file names where there is such a folder, otherwise
+/// the program folder. No class has been ended yet.
+void SettleDataPath(Program& program, const std::filesystem::path& programFolder);
+
+}  // namespace orvex

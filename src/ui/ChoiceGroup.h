@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QObject>
+#include <QRadioButton>
+#include <vector>
+
+namespace orvex {
+
+/// A set of radio buttons of which at most one is selected, for people who do not look at the
+/// keyboard: the arrow keys and the first letter of a caption move the focus without selecting
+/// anything, Space selects, and Tab passes the whole group. The logic decides what is selected.
+class ChoiceGroup : public QObject {
+  Q_OBJECT
+
+ public:
+  ChoiceGroup(std::vector<QRadioButton*> buttons, QObject* parent);
+
+  /// Shows the button at `position` as the selected one; -1 for none.
+  void ShowSelected(int position);
+  void SetVisible(bool visible);
+  void SetEnabled(bool enabled);
+  /// Gives the button at `position` the focus.
+  void Focus(int position);
+  QRadioButton* Button(int position) const;
+  int Count() const { return static_cast<int>(buttons_.size()); }
+
+ Q_SIGNALS:
+  /// The user clicked the button at `position`, or pressed Space on it.
+  void Chosen(int position);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  int PositionOf(const QObject* button) const;
+  bool MoveOnKey(int from, int key, const QString& text);
+  void SetTabStop(int position);
+
+  std::vector<QRadioButton*> buttons_;
+  int selected_ = -1;
+};
+
+}  // namespace orvex

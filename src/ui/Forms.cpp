@@ -1,0 +1,132 @@
+#include "ui/Forms.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <utility>
+
+#include "ui/frmAboutInputBox.h"
+#include "ui/frmClassAct.h"
+#include "ui/frmEnterQA.h"
+#include "ui/frmInput1.h"
+#include "ui/frmSplash.h"
+
+namespace orvex {
+namespace {
+
+/// No form opens larger than the screen: what does not fit scrolls.
+void FitToScreen(QWidget& form) {
+  constexpr QSize kFrame(16, 40);
+  form.resize(form.size().boundedTo(form.screen()->availableSize() - kFrame));
+}
+
+/// Brings a form to the front. Refreshing comes last: a focus wish needs a form that can have it.
+template <typename Form>
+void Present(Form& form) {
+  form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
+  if (!form.isVisible()) FitToScreen(form);
+  form.show();
+  form.raise();
+  form.activateWindow();
+  form.Refresh();
+}
+
+/// The operation that closes a form may have come from it, and goes on in it.
+template <typename Form>
+void Unload(std::unique_ptr<Form>& form) {
+  if (!form) return;
+  form->hide();
+  form.release()->deleteLater();
+}
+
+}  // namespace
+
+Forms::Forms(Program& program, SessionLog& log, Storage& storage, const Clock& clock,
+             Prompter& prompter, std::filesystem::path programFolder)
+    : services_{program, log, storage, clock, prompter, *this},
+      programFolder_(std::move(programFolder)) {
+  QApplication::setQuitOnLastWindowClosed(false);
+  QObject::connect(qApp, &QApplication::lastWindowClosed, &ending_, [this] { EndProgram(); });
+}
+
+Forms::~Forms() = default;
+
+QWidget* Forms::Loaded(Screen screen) const {
+  switch (screen) {
+    case Screen::mainMenu:
+      return splash_.get();
+    case Screen::setUp:
+      return input1_.get();
+    case Screen::liveObservation:
+      return classAct_.get();
+    case Screen::aboutText:
+      return aboutInputBox_.get();
+    case Screen::questionEntry:
+      break;
+  }
+  return enterQA_.get();
+}
+
+frmClassAct& Forms::LiveForm() {
+  if (!classAct_) classAct_ = std::make_unique<frmClassAct>(services_);
+  return *classAct_;
+}
+
+void Forms::Show(Screen screen) {
+  switch (screen) {
+    case Screen::mainMenu:
+      if (!splash_) splash_ = std::make_unique<frmSplash>(services_, programFolder_);
+      return Present(*splash_);
+    case Screen::setUp:
+      if (!input1_) input1_ = std::make_unique<frmInput1>(services_);
+      return Present(*input1_);
+    case Screen::liveObservation:
+      return Present(LiveForm());
+    case Screen::aboutText:
+      return ShowAboutText();
+    case Screen::questionEntry:
+      if (!enterQA_) {
+        frmClassAct& live = LiveForm();
+        enterQA_ = std::make_unique<frmEnterQA>(services_, live.Live(), live.Clocks());
+      }
+      return Present(*enterQA_);
+  }
+}
+
+void Forms::ShowAboutText() {
+  if (!aboutInputBox_) {
+    frmClassAct& live = LiveForm();
+    aboutInputBox_ = std::make_unique<frmAboutInputBox>(live.Live(), &live);
+  }
+  aboutInputBox_->Refresh();
+  aboutInputBox_->exec();
+}
+
+void Forms::Hide(Screen screen) {
+  if (QWidget* form = Loaded(screen)) form->hide();
+}
+
+void Forms::Close(Screen screen) {
+  switch (screen) {
+    case Screen::mainMenu:
+      return Unload(splash_);
+    case Screen::setUp:
+      return Unload(input1_);
+    case Screen::liveObservation:
+      Unload(enterQA_);
+      Unload(aboutInputBox_);
+      return Unload(classAct_);
+    case Screen::aboutText:
+      return Unload(aboutInputBox_);
+    case Screen::questionEntry:
+      return Unload(enterQA_);
+  }
+}
+
+void Forms::EndProgram() {
+  // Leaving the event loops, also those of boxes that are open, lets every operation return. The
+  // forms and the log then go in the order in which whoever made them lets go of them.
+  QMetaObject::invokeMethod(
+      &ending_, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
+}
+
+}  // namespace orvex

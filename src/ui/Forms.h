@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QObject>
+#include <filesystem>
+#include <memory>
+
+#include "model/screens.h"
+#include "observe/services.h"
+
+namespace orvex {
+
+class frmAboutInputBox;
+class frmClassAct;
+class frmEnterQA;
+class frmInput1;
+class frmSplash;
+
+/// The forms of the program, each built when it is first shown. When the user closes the last one,
+/// the program ends.
+class Forms : public Screens {
+ public:
+  Forms(Program& program, SessionLog& log, Storage& storage, const Clock& clock, Prompter& prompter,
+        std::filesystem::path programFolder);
+  ~Forms() override;
+  Forms(const Forms&) = delete;
+  Forms& operator=(const Forms&) = delete;
+
+  void Show(Screen screen) override;
+  void Hide(Screen screen) override;
+  void Close(Screen screen) override;
+  void EndProgram() override;
+
+ private:
+  QWidget* Loaded(Screen screen) const;
+  frmClassAct& LiveForm();
+  void ShowAboutText();
+
+  Services services_;
+  std::filesystem::path programFolder_;
+  QObject ending_;  // what is asked of it is done after the running operation
+
+  // A form comes after the forms it works with.
+  std::unique_ptr<frmSplash> splash_;
+  std::unique_ptr<frmInput1> input1_;
+  std::unique_ptr<frmClassAct> classAct_;
+  std::unique_ptr<frmAboutInputBox> aboutInputBox_;
+  std::unique_ptr<frmEnterQA> enterQA_;
+};
+
+}  // namespace orvex

@@ -1,0 +1,135 @@
+#include "ui/QtPrompter.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStringList>
+
+#include "ui/text.h"
+
+namespace orvex {
+namespace {
+
+constexpr int kInputWidth = 480;  // a path is long
+
+/// The window to be asked in front of: the one in use, or any that is shown while the user works
+/// with another program.
+QWidget* ParentWindow() {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->windowType() == Qt::Window) return window;
+  }
+  return nullptr;
+}
+
+/// Runs `dialog`. Its end is never taken for the end of the last form, also while no form is shown.
+int Run(QDialog& dialog) {
+  dialog.setAttribute(Qt::WA_QuitOnClose, false);
+  return dialog.exec();
+}
+
+QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::ok:
+      break;
+    case Buttons::okCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case Buttons::yesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::yesNoCancel:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+  }
+  return QMessageBox::Ok;
+}
+
+QMessageBox::StandardButton ButtonOf(Answer answer) {
+  switch (answer) {
+    case Answer::ok:
+      break;
+    case Answer::cancel:
+      return QMessageBox::Cancel;
+    case Answer::yes:
+      return QMessageBox::Yes;
+    case Answer::no:
+      return QMessageBox::No;
+  }
+  return QMessageBox::Ok;
+}
+
+/// What it means to close the box without pressing a button.
+Answer Refusal(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::ok:
+      break;
+    case Buttons::yesNo:
+      return Answer::no;
+    case Buttons::okCancel:
+    case Buttons::yesNoCancel:
+      return Answer::cancel;
+  }
+  return Answer::ok;
+}
+
+QMessageBox::Icon IconOf(const Message& message) {
+  if (message.buttons != Buttons::ok) return QMessageBox::Question;
+  return message.details.empty() ? QMessageBox::Information : QMessageBox::Warning;
+}
+
+}  // namespace
+
+Answer QtPrompter::Ask(const Message& message) {
+  QMessageBox box(IconOf(message), ToQt(message.title), ToQt(message.text),
+                  ButtonsOf(message.buttons), ParentWindow());
+  box.setInformativeText(ToQt(message.details));
+  // A file name is shown as it is, also one that looks like markup.
+  for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
+  box.setDefaultButton(ButtonOf(message.defaultAnswer));
+  box.setEscapeButton(ButtonOf(Refusal(message.buttons)));
+  const int pressed = Run(box);
+  for (const Answer answer : {Answer::ok, Answer::cancel, Answer::yes, Answer::no}) {
+    if (pressed == ButtonOf(answer)) return answer;
+  }
+  return Refusal(message.buttons);
+}
+
+std::optional<std::string> QtPrompter::AskText(const TextPrompt& prompt) {
+  QInputDialog dialog(ParentWindow());
+  dialog.setInputMode(QInputDialog::TextInput);
+  dialog.setWindowTitle(ToQt(prompt.title));
+  dialog.setLabelText(ToQt(prompt.text));
+  dialog.setTextValue(ToQt(prompt.defaultText));
+  dialog.resize(kInputWidth, dialog.sizeHint().height());
+  if (Run(dialog) != QDialog::Accepted) return std::nullopt;
+  return FromQt(dialog.textValue());
+}
+
+QString NameFilter(const QString& filter) {
+  const QStringList parts = filter.split(QLatin1Char('|'));
+  const QString label = parts.first().section(QLatin1Char('('), 0, 0).trimmed();
+  QStringList patterns;
+  for (const QString& pattern : parts.last().split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+    patterns << pattern.trimmed().toUpper() << pattern.trimmed().toLower();
+  }
+  return label + QStringLiteral(" (") + patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
+}
+
+ChosenFile QtPrompter::AskFile(const FilePrompt& prompt) {
+  QFileDialog dialog(ParentWindow());
+  // Qt's own dialog, because a platform's does not tell which folder it ended in.
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setNameFilter(NameFilter(ToQt(prompt.filter)));
+  const QString folder = ToQt(prompt.folder.string());
+  if (QDir(folder).exists()) dialog.setDirectory(folder);
+  const bool chosen = Run(dialog) == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+  if (!chosen) return {.path = {}, .folder = FromQt(dialog.directory().absolutePath())};
+  const std::filesystem::path path = FromQt(dialog.selectedFiles().first());
+  return {.path = path, .folder = path.parent_path()};
+}
+
+}  // namespace orvex

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+#include "model/prompter.h"
+
+class QWidget;
+
+namespace orvex {
+
+/// Asks with modal boxes in front of the form that is in use.
+class QtPrompter : public Prompter {
+ public:
+  Answer Ask(const Message& message) override;
+  std::optional<std::string> AskText(const TextPrompt& prompt) override;
+  ChosenFile AskFile(const FilePrompt& prompt) override;
+};
+
+/// Qt's spelling of a filter: "EPS files (*.EPS)|*.EPS" becomes "EPS files (*.EPS *.eps)".
+QString NameFilter(const QString& filter);
+
+}  // namespace orvex

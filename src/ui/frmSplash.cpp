@@ -1,0 +1,63 @@
+#include "ui/frmSplash.h"
+
+#include <QFont>
+#include <QTimer>
+#include <utility>
+
+#include "ui/show.h"
+#include "ui_frmSplash.h"
+
+namespace orvex {
+namespace {
+
+constexpr int kSecond = 1000;
+constexpr qreal kTitleSize = 2.0;
+constexpr qreal kSmallPrintSize = 0.85;
+
+void ScaleFont(QWidget* control, qreal factor) {
+  QFont font = control->font();
+  font.setPointSizeF(font.pointSizeF() * factor);
+  control->setFont(font);
+}
+
+}  // namespace
+
+frmSplash::frmSplash(const Services& services, std::filesystem::path programFolder, QWidget* parent)
+    : QWidget(parent),
+      menu_(services.program, services.storage, services.clock, services.prompter, services.screens,
+            std::move(programFolder)),
+      ui_(std::make_unique<Ui::frmSplash>()) {
+  ui_->setupUi(this);
+  ScaleFont(ui_->lblProductName, kTitleSize);
+  ScaleFont(ui_->lblCopyright, kSmallPrintSize);
+
+  const auto button = [this](QPushButton* source, void (MainMenu::*click)()) {
+    connect(source, &QPushButton::clicked, this, [this, click] {
+      (menu_.*click)();
+      Refresh();
+    });
+  };
+  button(ui_->cmdStart, &MainMenu::NewObservation);
+  button(ui_->Command6, &MainMenu::ChangeDataPath);
+  button(ui_->Command2, &MainMenu::Cancel);
+
+  auto* timer1 = new QTimer(this);
+  connect(timer1, &QTimer::timeout, this, [this] {
+    menu_.Tick();
+    Refresh();
+  });
+  timer1->start(kSecond);
+  Refresh();
+}
+
+frmSplash::~frmSplash() = default;
+
+void frmSplash::Refresh() {
+  ShowText(ui_->lblProductName, menu_.ProductName());
+  ShowText(ui_->lblCompanyProduct, menu_.CompanyProduct());
+  ShowText(ui_->lblCopyright, menu_.Copyright());
+  ShowText(ui_->Label3, menu_.DateText());
+  ShowText(ui_->Label2, menu_.TimeText());
+}
+
+}  // namespace orvex

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QWidget>
+#include <filesystem>
+#include <memory>
+
+#include "observe/services.h"
+#include "start/main_menu.h"
+
+namespace Ui {
+class frmSplash;
+}
+
+namespace orvex {
+
+/// The main menu.
+class frmSplash : public QWidget {
+  Q_OBJECT
+
+ public:
+  frmSplash(const Services& services, std::filesystem::path programFolder,
+            QWidget* parent = nullptr);
+  ~frmSplash() override;
+
+  /// Copies what the menu says is shown into the controls.
+  void Refresh();
+
+ private:
+  MainMenu menu_;
+  std::unique_ptr<Ui::frmSplash> ui_;
+};
+
+}  // namespace orvex

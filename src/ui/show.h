@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSizePolicy>
+#include <QWidget>
+#include <string>
+
+#include "observe/focus.h"
+#include "ui/text.h"
+
+namespace orvex {
+
+/// Shows `text` in a label, button or box, which is left alone when it shows it already: its caret
+/// and selection stay.
+template <typename Control>
+void ShowText(Control* control, const std::string& text) {
+  const QString shown = ToQt(text);
+  if (control->text() != shown) control->setText(shown);
+}
+
+/// A box whose text the logic has changed while it was typed: its caret keeps its distance from the
+/// end.
+inline void ShowText(QLineEdit* box, const std::string& text) {
+  const QString shown = ToQt(text);
+  if (box->text() == shown) return;
+  const qsizetype behindCaret = box->text().size() - box->cursorPosition();
+  box->setText(shown);
+  box->setCursorPosition(static_cast<int>(shown.size() - behindCaret));
+}
+
+inline void ShowText(QComboBox* box, const std::string& text) {
+  const QString shown = ToQt(text);
+  if (box->currentText() == shown) return;
+  // A text that is none of the entries stands before the first one, where the Down key finds it.
+  box->setCurrentIndex(box->findText(shown, Qt::MatchExactly | Qt::MatchCaseSensitive));
+  box->setEditText(shown);
+}
+
+/// Gives `box` the focus, and puts its caret where it belongs.
+inline void FocusBox(QLineEdit* box, Caret caret) {
+  box->setFocus(Qt::OtherFocusReason);
+  if (caret == Caret::atEnd) box->setCursorPosition(static_cast<int>(box->text().size()));
+  if (caret == Caret::selectAll) box->selectAll();
+}
+
+/// Alt and a letter are for a button. Where no button takes them, they must not type the letter.
+inline bool IsSpareMnemonic(const QKeyEvent& key) {
+  const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::ShiftModifier;
+  return modifiers == Qt::AltModifier && !key.text().isEmpty();
+}
+
+/// Makes `control` keep its place in the layout while it is hidden.
+inline void KeepPlace(QWidget* control) {
+  QSizePolicy policy = control->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  control->setSizePolicy(policy);
+}
+
+}  // namespace orvex

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QString>
+#include <QTest>
+#include <QWidget>
+#include <stdexcept>
+#include <string>
+
+namespace orvex::test {
+
+/// The control of `form` with this objectName, which must be there.
+template <typename Control = QWidget>
+Control* Find(const QWidget& form, const char* name) {
+  auto* control = form.findChild<Control*>(QLatin1String(name));
+  if (!control) throw std::runtime_error(std::string("no control ") + name);
+  return control;
+}
+
+/// The objectName of the control that has the focus.
+inline std::string FocusedName() {
+  const QWidget* focused = QApplication::focusWidget();
+  return focused ? focused->objectName().toStdString() : "nothing";
+}
+
+/// Presses a key where the focus is.
+inline void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  QWidget* focused = QApplication::focusWidget();
+  ASSERT_NE(focused, nullptr);
+  QTest::keyClick(focused, key, modifiers);
+}
+
+/// Types where the focus is.
+inline void Type(const char* text) {
+  QWidget* focused = QApplication::focusWidget();
+  ASSERT_NE(focused, nullptr);
+  QTest::keyClicks(focused, QString::fromUtf8(text));
+}
+
+inline void Click(QWidget* control) {
+  QTest::mouseClick(control, Qt::LeftButton);
+}
+
+/// Shows `form` as the window in use.
+inline void Activate(QWidget& form) {
+  form.show();
+  form.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+}
+
+}  // namespace orvex::test
