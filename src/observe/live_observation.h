@@ -10,7 +10,7 @@
 #include "observe/focus.h"
 #include "observe/observation_header.h"
 #include "observe/segment_coding.h"
-#include "observe/services.h"
+#include "store/services.h"
 
 namespace orvex {
 

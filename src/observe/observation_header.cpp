@@ -4,6 +4,7 @@
 
 #include "model/prompter.h"
 #include "store/file_error.h"
+#include "store/numbers.h"
 #include "store/paths.h"
 #include "store/session_log.h"
 
@@ -81,6 +82,10 @@ bool ObservationHeader::LeaveNumber(HeaderBox box) {
 
 bool ObservationHeader::RenameSessionLog() {
   const std::filesystem::path& dataPath = services_.program.DataPath;
+  for (const HeaderBox box : {HeaderBox::schoolNum, HeaderBox::classNum, HeaderBox::observNum}) {
+    // While one number is being corrected, the others name no file.
+    if (!IdentityNumber(HeaderText(identity_, box))) return true;
+  }
   const std::filesystem::path target = BakPath(dataPath, identity_);
   if (services_.log.File().Path().filename() == target.filename()) return true;
   try {

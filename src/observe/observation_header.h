@@ -4,7 +4,7 @@
 #include <string>
 
 #include "observe/header_box.h"
-#include "observe/services.h"
+#include "store/services.h"
 
 namespace orvex {
 

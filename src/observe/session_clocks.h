@@ -3,7 +3,7 @@
 #include <string>
 
 #include "observe/offtask_indicator.h"
-#include "observe/services.h"
+#include "store/services.h"
 
 namespace orvex {
 

@@ -5,7 +5,7 @@
 
 #include "observe/focus.h"
 #include "observe/header_box.h"
-#include "observe/services.h"
+#include "store/services.h"
 
 namespace orvex {
 

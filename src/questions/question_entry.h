@@ -9,8 +9,8 @@
 #include "model/question_info.h"
 #include "observe/focus.h"
 #include "observe/offtask_indicator.h"
-#include "observe/services.h"
 #include "questions/entry_fields.h"
+#include "store/services.h"
 
 namespace orvex {
 

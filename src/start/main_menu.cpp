@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "model/clock.h"
+#include "model/program.h"
 #include "model/prompter.h"
 #include "model/screens.h"
 #include "model/version.h"
@@ -14,17 +15,12 @@
 
 namespace orvex {
 
-MainMenu::MainMenu(Program& program, Storage& storage, const Clock& clock, Prompter& prompter,
-                   Screens& screens, std::filesystem::path programFolder)
-    : program_(program),
-      storage_(storage),
-      clock_(clock),
-      prompter_(prompter),
-      screens_(screens),
+MainMenu::MainMenu(const Services& services, std::filesystem::path programFolder)
+    : services_(services),
       programFolder_(std::move(programFolder)),
-      dateText_(clock.ShortDateText()),
-      timeText_(clock.TimeText()) {
-  program_.StartTimeText = timeText_;
+      dateText_(services.clock.ShortDateText()),
+      timeText_(services.clock.TimeText()) {
+  services_.program.StartTimeText = timeText_;
 }
 
 std::string MainMenu::ProductName() const {
@@ -32,31 +28,32 @@ std::string MainMenu::ProductName() const {
 }
 
 void MainMenu::Tick() {
-  timeText_ = clock_.TimeText();
+  timeText_ = services_.clock.TimeText();
 }
 
 void MainMenu::NewObservation() {
-  screens_.Show(Screen::setUp);
-  screens_.Close(Screen::mainMenu);
+  services_.screens.Show(Screen::setUp);
+  services_.screens.Close(Screen::mainMenu);
 }
 
 void MainMenu::ChangeDataPath() {
-  const std::optional<std::string> answer = prompter_.AskText(
+  const std::optional<std::string> answer = services_.prompter.AskText(
       {.text = "Enter a new path",
        .title = "Default path",
-       .defaultText = StoredDataPath(programFolder_).value_or(program_.DataPath.string())});
+       .defaultText =
+           StoredDataPath(programFolder_).value_or(services_.program.DataPath.string())});
   if (!answer || answer->empty()) return;
   const std::string folder = OneLine(*answer);
-  program_.DataPath = folder;
+  services_.program.DataPath = folder;
   try {
-    WriteOptionsFile(storage_, programFolder_, folder);
+    WriteOptionsFile(services_.storage, programFolder_, folder);
   } catch (const FileError& error) {
-    prompter_.Tell("The data folder could not be stored.", error.what());
+    services_.prompter.Tell("The data folder could not be stored.", error.what());
   }
 }
 
 void MainMenu::Cancel() {
-  screens_.EndProgram();
+  services_.screens.EndProgram();
 }
 
 }  // namespace orvex

@@ -3,21 +3,15 @@
 #include <filesystem>
 #include <string>
 
-#include "model/program.h"
+#include "store/services.h"
 
 namespace orvex {
-
-class Clock;
-class Prompter;
-class Screens;
-class Storage;
 
 /// The hub between the activities, and the first thing that is shown.
 class MainMenu {
  public:
   /// Takes the time from which the class counts as started.
-  MainMenu(Program& program, Storage& storage, const Clock& clock, Prompter& prompter,
-           Screens& screens, std::filesystem::path programFolder);
+  MainMenu(const Services& services, std::filesystem::path programFolder);
 
   /// "Orvex 4.10".
   std::string ProductName() const;
@@ -35,11 +29,7 @@ class MainMenu {
   void Cancel();
 
  private:
-  Program& program_;
-  Storage& storage_;
-  const Clock& clock_;
-  Prompter& prompter_;
-  Screens& screens_;
+  Services services_;
   std::filesystem::path programFolder_;
   std::string dateText_;
   std::string timeText_;

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "model/screens.h"
-#include "observe/services.h"
+#include "store/services.h"
 
 namespace orvex {
 

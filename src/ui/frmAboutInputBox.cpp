@@ -34,8 +34,9 @@ void frmAboutInputBox::setVisible(bool visible) {
 
 bool frmAboutInputBox::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) return true;
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) return true;
+    if (IsSpareMnemonic(key)) return true;
   }
   return QDialog::eventFilter(watched, event);
 }

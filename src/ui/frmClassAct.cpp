@@ -16,8 +16,8 @@ namespace orvex {
 namespace {
 
 /// The window going to the back, or a list dropping down, leaves no box.
-bool IsRealFocusChange(const QEvent* event) {
-  const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
+bool IsRealFocusChange(const QEvent& event) {
+  const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
   return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
          reason != Qt::MenuBarFocusReason;
 }
@@ -100,6 +100,7 @@ void frmClassAct::ConnectTexts() {
     Refresh();
   });
   const auto combo = [this](QComboBox* box, void (LiveObservation::*type)(const std::string&)) {
+    box->setCompleter(nullptr);  // what is typed counts to the letter
     connect(box, &QComboBox::currentTextChanged, this,
             [this, type](const QString& text) { (live_.*type)(FromQt(text)); });
   };
@@ -246,7 +247,7 @@ bool frmClassAct::eventFilter(QObject* watched, QEvent* event) {
       return HandleKey(watched, *static_cast<QKeyEvent*>(event));
     case QEvent::FocusIn:
     case QEvent::FocusOut:
-      if (IsRealFocusChange(event)) HandleFocus(watched, event->type() == QEvent::FocusIn);
+      HandleFocus(watched, *event);
       return false;
     default:
       return false;
@@ -254,6 +255,7 @@ bool frmClassAct::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool frmClassAct::HandleKey(const QObject* watched, const QKeyEvent& event) {
+  if (IsSpareMnemonic(event)) return true;
   const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
   for (const auto& [box, edit] : Boxes()) {
     if (watched != edit) continue;
@@ -268,15 +270,21 @@ bool frmClassAct::HandleKey(const QObject* watched, const QKeyEvent& event) {
     return true;
   }
   if (watched == ui_->txtEpisodeName && !enter && !event.text().isEmpty() &&
-      event.key() != Qt::Key_Tab && event.key() != Qt::Key_Backtab &&
-      !event.modifiers().testFlag(Qt::AltModifier)) {
+      event.key() != Qt::Key_Tab && event.key() != Qt::Key_Backtab) {
     live_.KeyInDescription();
     Refresh();
   }
   return enter;
 }
 
-void frmClassAct::HandleFocus(QObject* watched, bool entered) {
+void frmClassAct::HandleFocus(QObject* watched, const QEvent& event) {
+  const bool entered = event.type() == QEvent::FocusIn;
+  const bool wasHere = focused_ == watched;
+  if (entered) focused_ = watched;
+  if (!IsRealFocusChange(event)) return;
+  // A box that wants the focus back takes it from one that never had it.
+  if (!entered && !wasHere) return;
+  if (!entered) focused_ = nullptr;
   auto* control = qobject_cast<QWidget*>(watched);
   if (entered && ui_->Frame1->isAncestorOf(control)) ui_->scrollArea->ensureWidgetVisible(control);
   for (const auto& [box, edit] : Boxes()) {

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "observe/live_observation.h"
-#include "observe/services.h"
 #include "observe/session_clocks.h"
+#include "store/services.h"
 
 class QKeyEvent;
 class QLineEdit;
@@ -50,7 +50,7 @@ class frmClassAct : public QWidget {
   void RefreshButtons();
   void TakeFocusWish();
   bool HandleKey(const QObject* watched, const QKeyEvent& event);
-  void HandleFocus(QObject* watched, bool entered);
+  void HandleFocus(QObject* watched, const QEvent& event);
   std::array<std::pair<HeaderBox, QLineEdit*>, 5> Boxes() const;
   QLineEdit* BoxOf(HeaderBox box) const;
 
@@ -64,6 +64,7 @@ class frmClassAct : public QWidget {
   ChoiceGroup* groupSolo_ = nullptr;     // Option3
   ChoiceGroup* preparation_ = nullptr;   // Option4
   ChoiceGroup* organization_ = nullptr;  // Option5
+  const QObject* focused_ = nullptr;     // the control that has the focus, not yet left
 };
 
 }  // namespace orvex

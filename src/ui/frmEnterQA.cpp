@@ -207,6 +207,7 @@ bool frmEnterQA::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool frmEnterQA::HandleKey(const QObject* watched, const QKeyEvent& key) {
+  if (IsSpareMnemonic(key)) return true;
   const bool save = key.key() == Qt::Key_N && key.modifiers() == Qt::ControlModifier;
   const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
   const bool down = key.key() == Qt::Key_Down;

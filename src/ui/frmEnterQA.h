@@ -7,8 +7,8 @@
 
 #include "model/coding_scheme.h"
 #include "observe/focus.h"
-#include "observe/services.h"
 #include "questions/question_entry.h"
+#include "store/services.h"
 
 class QKeyEvent;
 class QLabel;

@@ -99,6 +99,7 @@ void frmInput1::FocusMoved(const QWidget* from, const QWidget* to) {
 
 bool frmInput1::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+  if (IsSpareMnemonic(*static_cast<QKeyEvent*>(event))) return true;
   const int key = static_cast<QKeyEvent*>(event)->key();
   for (const Box& box : boxes_) {
     if (watched == box.edit) return KeyInBox(box.name, key);

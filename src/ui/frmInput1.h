@@ -4,8 +4,8 @@
 #include <array>
 #include <memory>
 
-#include "observe/services.h"
 #include "observe/set_up.h"
+#include "store/services.h"
 
 class QKeyEvent;
 class QLineEdit;

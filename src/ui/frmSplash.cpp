@@ -24,8 +24,7 @@ void ScaleFont(QWidget* control, qreal factor) {
 
 frmSplash::frmSplash(const Services& services, std::filesystem::path programFolder, QWidget* parent)
     : QWidget(parent),
-      menu_(services.program, services.storage, services.clock, services.prompter, services.screens,
-            std::move(programFolder)),
+      menu_(services, std::move(programFolder)),
       ui_(std::make_unique<Ui::frmSplash>()) {
   ui_->setupUi(this);
   ScaleFont(ui_->lblProductName, kTitleSize);

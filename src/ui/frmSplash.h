@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <memory>
 
-#include "observe/services.h"
 #include "start/main_menu.h"
+#include "store/services.h"
 
 namespace Ui {
 class frmSplash;

@@ -4,7 +4,9 @@
 
 #include <cerrno>
 
+#include "model/program.h"
 #include "start/start_up.h"
+#include "store/session_log.h"
 #include "store/storage.h"
 #include "support/fake_clock.h"
 #include "support/recording_screens.h"
@@ -28,7 +30,7 @@ class FullDisk : public Storage {
 
 class MainMenuTest : public testing::Test {
  protected:
-  MainMenu Load() { return {program_, storage_, clock_, prompter_, screens_, disk_.Path()}; }
+  MainMenu Load() { return {services_, disk_.Path()}; }
 
   void ChangeDataPath(std::optional<std::string> answer) {
     prompter_.ExpectText(std::move(answer));
@@ -41,6 +43,8 @@ class MainMenuTest : public testing::Test {
   test::FakeClock clock_{8, 5, 9};
   test::ScriptedPrompter prompter_;
   test::RecordingScreens screens_;
+  SessionLog log_{storage_, clock_};
+  Services services_{program_, log_, storage_, clock_, prompter_, screens_};
 };
 
 TEST_F(MainMenuTest, ShowsTheVersionAndTheMomentItWasLoadedAt) {
@@ -110,7 +114,7 @@ TEST_F(MainMenuTest, ChangesNothingWithoutAnAnswer) {
 TEST_F(MainMenuTest, TellsThatTheFolderCouldNotBeStoredAndUsesItAllTheSame) {
   PutFile(disk_ / "options", "/stored\r\n");
   FullDisk full;
-  MainMenu menu(program_, full, clock_, prompter_, screens_, disk_.Path());
+  MainMenu menu({program_, log_, full, clock_, prompter_, screens_}, disk_.Path());
   prompter_.ExpectText("/data");
   prompter_.Expect("The data folder could not be stored.", Answer::ok);
   menu.ChangeDataPath();

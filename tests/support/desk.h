@@ -4,7 +4,7 @@
 #include <string>
 
 #include "model/program.h"
-#include "observe/services.h"
+#include "store/services.h"
 #include "store/session_log.h"
 #include "store/storage.h"
 #include "support/fake_clock.h"
