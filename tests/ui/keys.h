@@ -2,13 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QKeySequence>
+#include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
+#include <functional>
+#include <map>
 #include <string>
+#include <vector>
 
+#include "support/scripted_prompter.h"
 #include "ui/form_driver.h"
 
 namespace orvex::test {
@@ -32,35 +37,77 @@ inline void Keys(const std::string& script) {
   for (qsizetype at = 0; at < keys.size(); ++at) {
     QWidget* focused = QApplication::focusWidget();
     ASSERT_NE(focused, nullptr) << "nothing has the focus to take: " << script;
-    const QChar key = keys.at(at);
-    if (key == QLatin1Char('\n') || key == QLatin1Char('\t')) {
-      QTest::keyClick(focused, key == QLatin1Char('\n') ? Qt::Key_Return : Qt::Key_Tab);
+    const char16_t key = keys.at(at).unicode();
+    if (key == '\n' || key == '\t' || key == ' ') {
+      QTest::keyClick(focused, key == '\n'   ? Qt::Key_Return
+                               : key == '\t' ? Qt::Key_Tab
+                                             : Qt::Key_Space);
       Settle();
-    } else if (key == QLatin1Char('{')) {
+    } else if (key == '{') {
       const qsizetype end = keys.indexOf(QLatin1Char('}'), at);
-      const QKeyCombination named =
-          QKeySequence::fromString(keys.mid(at + 1, end - at - 1), QKeySequence::PortableText)[0];
-      ASSERT_NE(named.key(), Qt::Key_unknown) << script;
-      QTest::keyClick(focused, named.key(), named.keyboardModifiers());
+      const auto named = QKeySequence::fromString(keys.mid(at + 1, end - at - 1));
+      ASSERT_EQ(named.count(), 1) << script;
+      QTest::keyClick(focused, named[0].key(), named[0].keyboardModifiers());
       Settle();
       at = end;
     } else {
-      const bool ascii = key.unicode() < 0x80;
-      QTest::sendKeyEvent(QTest::Click, focused,
-                          ascii ? QTest::asciiToKey(key.toLatin1()) : Qt::Key_unknown, QString(key),
-                          Qt::NoModifier);
+      const Qt::Key code = key < 0x80 ? QTest::asciiToKey(static_cast<char>(key)) : Qt::Key_unknown;
+      QTest::sendKeyEvent(QTest::Click, focused, code, QString(keys.at(at)), Qt::NoModifier);
     }
   }
 }
 
-/// Lets every timer of the program's forms come round once.
+/// Lets every timer of the forms come round once.
 inline void TickForms() {
   for (const QWidget* form : QApplication::topLevelWidgets()) {
     for (QTimer* timer : form->findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly)) {
-      if (!timer->isActive()) continue;
       QTimerEvent tick(timer->timerId());
-      QCoreApplication::sendEvent(timer, &tick);
+      if (timer->isActive()) QCoreApplication::sendEvent(timer, &tick);
     }
+  }
+}
+
+/// The buttons of `form` that can be pressed, in their order, and their captions.
+inline std::vector<QPushButton*> ButtonsOf(const QWidget& form) {
+  std::vector<QPushButton*> offered;
+  for (QPushButton* button : form.findChildren<QPushButton*>()) {
+    if (button->isVisible() && button->isEnabled()) offered.push_back(button);
+  }
+  return offered;
+}
+inline std::string CaptionsOf(const QWidget& form) {
+  std::string captions;
+  for (const QPushButton* button : ButtonsOf(form)) {
+    captions += (captions.empty() ? "" : "|") + button->text().toStdString();
+  }
+  return captions;
+}
+
+/// What the buttons that are confirmed ask.
+inline const std::map<std::string, std::string> kQuestions = {{"{Alt+S}", "Start New Segment?"},
+                                                              {"{Alt+P}", "Start New Episode?"},
+                                                              {"{Alt+E}", "Verify END OF CLASS"}};
+
+/// Tries each button that the form has after `open`: Enter on it presses nothing, its mnemonic
+/// presses it from where the focus was.
+inline void TryButtons(ScriptedPrompter& prompter, const std::function<QWidget&()>& open,
+                       bool confirmed = true) {
+  for (std::size_t i = 0; i < ButtonsOf(open()).size(); ++i) {
+    QWidget* focused = QApplication::focusWidget();
+    QPushButton* button = ButtonsOf(*focused->window()).at(i);
+    SCOPED_TRACE(button->text().toStdString());
+    const QSignalSpy clicks(button, &QPushButton::clicked);
+    button->setFocus();
+    Keys("\n{Enter}");
+    EXPECT_EQ(clicks.count(), 0);
+    focused->setFocus();
+    const std::string keys =
+        "{" + QKeySequence::mnemonic(button->text()).toString().toStdString() + "}";
+    if (keys == "{}") continue;
+    const auto question = kQuestions.find(keys);
+    if (confirmed && question != kQuestions.end()) prompter.Expect(question->second, Answer::no);
+    Keys(keys);
+    EXPECT_EQ(clicks.count(), 1);
   }
 }
 
