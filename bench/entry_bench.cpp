@@ -5,6 +5,10 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QTemporaryDir>
+#include <optional>
+#include <stdexcept>
+#include <string>
 
 #include "model/clock.h"
 #include "model/program.h"
@@ -49,6 +53,8 @@ void Press(QWidget* box, int key, const QString& text = {}) {
 
 struct Entry {
   explicit Entry(int questions) {
+    // As in a class, every entry of the log is written before the form goes on.
+    log.File().Open(folder.filePath(QStringLiteral("7-12-3.bak")).toStdString());
     live.Live().KeyInDescription();
     live.Live().TypeDescription("A long class");
     live.Live().ChooseActivity(kQuestionAnswer);
@@ -59,6 +65,13 @@ struct Entry {
     QCoreApplication::processEvents();
   }
 
+  QLineEdit* Box(const char* name) {
+    auto* box = form.findChild<QLineEdit*>(QLatin1String(name));
+    if (box == nullptr) throw std::logic_error(std::string("there is no box ") + name);
+    return box;
+  }
+
+  QTemporaryDir folder;
   Program program;
   Storage storage;
   StillClock clock;
@@ -70,9 +83,9 @@ struct Entry {
   frmEnterQA form{services, live.Live(), live.Clocks()};
 };
 
-void BM_LetterInTheText(benchmark::State& state) {
+void TypingALetter(benchmark::State& state) {
   Entry entry(static_cast<int>(state.range(0)));
-  auto* text = entry.form.findChild<QLineEdit*>(QStringLiteral("txtQuestion"));
+  auto* text = entry.Box("txtQuestion");
   for (auto _ : state) {
     Press(text, Qt::Key_A, QStringLiteral("a"));
     state.PauseTiming();
@@ -83,26 +96,33 @@ void BM_LetterInTheText(benchmark::State& state) {
     state.ResumeTiming();
   }
 }
-BENCHMARK(BM_LetterInTheText)->Arg(0)->Arg(2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(TypingALetter)->Arg(0)->Arg(2000)->Unit(benchmark::kMillisecond);
 
-/// Five keys: a text, Enter, Enter for the default Source, and a Response that stores the question.
-void BM_WholeQuestion(benchmark::State& state) {
+/// Five keys: a text, Enter, Enter for the default Source, and a Response that stores the question
+/// and writes it to the log.
+void EnteringAQuestion(benchmark::State& state) {
   Entry entry(static_cast<int>(state.range(0)));
+  auto* text = entry.Box("txtQuestion");
+  auto* source = entry.Box("Text1");
+  auto* response = entry.Box("Text2");
+  auto& questions = entry.live.Live().CurQuestions();
+  const std::size_t before = questions.size();
   for (auto _ : state) {
-    Press(entry.form.findChild<QLineEdit*>(QStringLiteral("txtQuestion")), Qt::Key_A,
-          QStringLiteral("a"));
-    for (const char* box : {"txtQuestion", "Text1"}) {
-      Press(entry.form.findChild<QLineEdit*>(QLatin1String(box)), Qt::Key_Return);
-    }
-    auto* response = entry.form.findChild<QLineEdit*>(QStringLiteral("Text2"));
+    Press(text, Qt::Key_A, QStringLiteral("a"));
+    Press(text, Qt::Key_Return);
+    Press(source, Qt::Key_Return);
     Press(response, Qt::Key_N, QStringLiteral("n"));
     Press(response, Qt::Key_Return);
     state.PauseTiming();
-    entry.live.Live().CurQuestions().pop_back();
+    if (questions.size() != before + 1 || !entry.log.File().Trouble().empty()) {
+      state.SkipWithError("the question was not stored");
+      break;
+    }
+    questions.pop_back();
     state.ResumeTiming();
   }
 }
-BENCHMARK(BM_WholeQuestion)->Arg(1)->Arg(2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(EnteringAQuestion)->Arg(1)->Arg(2000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace orvex

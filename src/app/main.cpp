@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <cstdio>
@@ -11,6 +12,7 @@
 #include "store/session_log.h"
 #include "store/storage.h"
 #include "ui/Forms.h"
+#include "ui/HeldKeys.h"
 #include "ui/Logo.h"
 #include "ui/QtClock.h"
 #include "ui/QtPrompter.h"
@@ -37,6 +39,8 @@ class CommandLine {
   explicit CommandLine(const QStringList& arguments) : version_(parser_.addVersionOption()) {
     parser_.setApplicationDescription(QStringLiteral("In-class analysis of classroom discourse."));
     parser_.addOption(help_);
+    // "-platformtheme" is an option of Qt's, not a bundle of ours.
+    parser_.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     understood_ = parser_.parse(arguments);
   }
 
@@ -64,10 +68,13 @@ class CommandLine {
 
 Installation ThisInstallation() {
   const QString executableFolder = QCoreApplication::applicationDirPath();
-  const QString userFolder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-  return {.executableFolder = FromQt(executableFolder),
+  const QString userFolder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  const auto path = [](const QString& name) {
+    return std::filesystem::path(QFile::encodeName(name).toStdString());
+  };
+  return {.executableFolder = path(executableFolder),
           .executableFolderWritable = QFileInfo(executableFolder).isWritable(),
-          .userFolder = FromQt(userFolder)};
+          .userFolder = path(userFolder) / "Orvex"};
 }
 
 int RunWindow() {
@@ -96,6 +103,8 @@ int Main(int argc, char* argv[]) {
   }
   const QApplication application(argc, argv);
   QApplication::setWindowIcon(Logo::Icon());
+  HeldKeys heldKeys;
+  qApp->installEventFilter(&heldKeys);
   // Qt has taken its own options off the arguments by now; what is left must be the program's.
   const CommandLine commandLine(QCoreApplication::arguments());
   if (const QString mistake = commandLine.Mistake(); !mistake.isEmpty()) {

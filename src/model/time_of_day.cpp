@@ -14,11 +14,6 @@ double RoundHalfEven(double x) {
   return std::fmod(below, 2.0) == 0.0 ? below : below + 1.0;
 }
 
-float Elapsed(float now, float start) {
-  const float difference = now - start;
-  return difference < 0 ? difference + kSecondsPerDay : difference;
-}
-
 float WholeSeconds(float seconds) {
   if (seconds < 0) seconds += kSecondsPerDay;
   return static_cast<float>(RoundHalfEven(static_cast<double>(seconds)));

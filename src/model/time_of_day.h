@@ -11,10 +11,6 @@ inline constexpr float kSecondsPerDay = 86400.0F;
 /// Rounds to a whole number, a half to the even neighbour.
 double RoundHalfEven(double x);
 
-/// The time from `start` to `now`, both seconds since midnight, not rounded; a day is added when
-/// midnight lies between them.
-float Elapsed(float now, float start);
-
 /// `seconds` as a whole number, a half to the even neighbour; a day is added first to a negative
 /// one.
 float WholeSeconds(float seconds);

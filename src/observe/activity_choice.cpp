@@ -17,14 +17,14 @@ constexpr std::array<int, kActivityCount> kEstimateKinds = {6, 6, 6, 1, 5, 6, 6,
 }  // namespace
 
 void LiveObservation::ChooseActivity(int activity) {
-  if (!IsActivity(activity) || activity == coding_.selectedActivity) return;
+  if (!IsActivity(activity) || activity == SelectedActivity()) return;
   if (SetActivity(activity)) ApplyActivity(activity);
 }
 
 bool LiveObservation::SetActivity(int activity) {
   const bool firstChoice = curActivity_.empty() || freshSegment_;
   if (!firstChoice && !services_.prompter.AskOkCancel("Revise activity # ?")) {
-    focus_.Set({.kind = Control::Kind::activity, .activity = coding_.selectedActivity});
+    FocusCurActivity();
     return false;
   }
   freshSegment_ = false;
@@ -45,7 +45,7 @@ bool LiveObservation::SetActivity(int activity) {
 }
 
 void LiveObservation::ApplyActivity(int activity) {
-  coding_.selectedActivity = activity;
+  FocusCurActivity();
   estimateKind_ = kEstimateKinds[static_cast<std::size_t>(activity - 1)];
   if (CarriesAbout(activity)) coding_.aboutVisible = true;
   if (IsPresentation(activity)) coding_.presentationVisible = true;
@@ -58,7 +58,6 @@ void LiveObservation::ApplyActivity(int activity) {
 }
 
 void LiveObservation::AbandonQuestionAnswer() {
-  coding_.selectedActivity = 0;
   curActivity_ = prevActivity_;
   freshSegment_ = true;
   estimateKind_ = -1;
@@ -68,7 +67,7 @@ void LiveObservation::AbandonQuestionAnswer() {
   if (curSegment_ == 1) {
     FocusDescription();
   } else {
-    focus_.Set({.kind = Control::Kind::activity, .activity = kQuestionAnswer});
+    FocusCurActivity();
   }
 }
 

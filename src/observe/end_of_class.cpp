@@ -8,6 +8,7 @@
 #include "observe/live_observation.h"
 #include "store/eps_file.h"
 #include "store/field_notes.h"
+#include "store/numbers.h"
 #include "store/paths.h"
 #include "store/session_log.h"
 
@@ -33,45 +34,67 @@ void LiveObservation::cmdQuit_Click() {
     services_.screens.EndProgram();
     return;
   }
+  if (curActivity_.empty() || !HeaderNamesFiles()) return;
   if (services_.prompter.Ask({.text = "Verify END OF CLASS",
                               .buttons = Buttons::yesNo,
                               .defaultAnswer = Answer::no}) != Answer::yes) {
     return;
   }
   const std::string episodeActivity = episodeActivity_;
+  const float offtask = CurrentEpisode().offtask;
   EndEpisode();
   if (!SaveClass()) {
-    ReopenEpisode(episodeActivity);
+    // The segment runs on as if the end had not been asked for.
+    CurrentEpisode().segments.pop_back();
+    CurrentEpisode().offtask = offtask;
+    episodeActivity_ = episodeActivity;
+    services_.log.LogClassGoesOn();
     return;
   }
+  EndWithLog();
   services_.program.QuitRequested = true;
   services_.screens.Close(Screen::aboutText);
   services_.screens.EndProgram();
 }
 
+/// False, with the focus on the box, when one of the numbers that name the files is no number.
+bool LiveObservation::HeaderNamesFiles() {
+  for (const HeaderBox box : {HeaderBox::schoolNum, HeaderBox::classNum, HeaderBox::observNum}) {
+    if (IdentityNumber(header_.Text(box))) continue;
+    services_.prompter.Tell("School, class and observation must be numbers from 0 to 32767.");
+    focus_.Set({.kind = Control::Kind::header, .box = box}, Caret::selectAll);
+    return false;
+  }
+  return true;
+}
+
 bool LiveObservation::SaveClass() {
-  const Program& program = services_.program;
-  const bool stored = Persist("The data files could not be written.", [&] {
-    SaveObservation(services_);
-    WriteFieldNotes(services_.storage,
-                    NtePath(services_.storage, program.DataPath, services_.program.identity),
-                    fieldNotes_);
-  });
-  if (!stored) return false;
+  Program& program = services_.program;
+  return Persist("The data files could not be written. The class is still in memory. Try again?",
+                 [&] {
+                   SaveObservation(services_);
+                   WriteFieldNotes(services_.storage,
+                                   NtePath(services_.storage, program.DataPath, program.identity),
+                                   fieldNotes_);
+                 });
+}
+
+/// The class is stored by now. A log that cannot be completed must not keep the observer in it.
+void LiveObservation::EndWithLog() {
   services_.log.LogBlankLine();
   services_.log.LogOff();
-  return Persist("The session log could not be completed.",
-                 [this] { services_.log.File().Close(); });
+  Persist("The class is stored, but the session log could not be completed. Try again?",
+          [this] { services_.log.File().Close(); });
 }
 
 /// Runs `save` until it succeeds, or until the observer no longer wants to try.
-bool LiveObservation::Persist(const std::string& trouble, const std::function<void()>& save) {
+bool LiveObservation::Persist(const std::string& question, const std::function<void()>& save) {
   for (;;) {
     try {
       save();
       return true;
     } catch (const std::exception& error) {
-      if (services_.prompter.Ask({.text = trouble + " The class is still in memory. Try again?",
+      if (services_.prompter.Ask({.text = question,
                                   .buttons = Buttons::yesNo,
                                   .defaultAnswer = Answer::yes,
                                   .details = error.what()}) != Answer::yes) {
@@ -79,13 +102,6 @@ bool LiveObservation::Persist(const std::string& trouble, const std::function<vo
       }
     }
   }
-}
-
-/// Takes back what EndEpisode has done to the record: the segment runs on as if the end had not
-/// been asked for.
-void LiveObservation::ReopenEpisode(const std::string& episodeActivity) {
-  CurrentEpisode().segments.pop_back();
-  episodeActivity_ = episodeActivity;
 }
 
 bool LiveObservation::RequestClose() {

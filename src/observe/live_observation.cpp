@@ -49,6 +49,10 @@ const Episode& LiveObservation::CurrentEpisode() const {
   return episodes_[static_cast<std::size_t>(curEpisode_ - 1)];
 }
 
+int LiveObservation::SelectedActivity() const {
+  return estimateKind_ >= 1 ? ActivityNumber(curActivity_) : 0;
+}
+
 // What the form shows.
 
 std::string LiveObservation::EpisodeCaption() const {
@@ -83,14 +87,15 @@ std::string LiveObservation::ConversionCaption() const {
 std::string LiveObservation::LogTrouble() const {
   const std::string trouble = services_.log.File().Trouble();
   if (trouble.empty()) return "";
-  return "The session log cannot be written (" + trouble +
-         "). What it lacks is kept and tried again.";
+  return "Trouble with the session log (" + trouble + "). What it lacks is kept and tried again.";
 }
 
 // The header.
 
-void LiveObservation::LeaveHeader(HeaderBox box) {
-  if (!header_.Leave(box)) focus_.Set({.kind = Kind::header, .box = box}, Caret::selectAll);
+bool LiveObservation::LeaveHeader(HeaderBox box) {
+  if (header_.Leave(box)) return true;
+  focus_.Set({.kind = Kind::header, .box = box}, Caret::selectAll);
+  return false;
 }
 
 void LiveObservation::HeaderEnterOrDown(HeaderBox box) {
@@ -106,6 +111,10 @@ void LiveObservation::HeaderUp(HeaderBox box) {
 void LiveObservation::FocusDescription() {
   focus_.Set({.kind = Kind::description});
   EnterDescription();
+}
+
+void LiveObservation::FocusCurActivity() {
+  focus_.Set({.kind = Kind::activity, .activity = ActivityNumber(curActivity_)});
 }
 
 void LiveObservation::TypeDescription(const std::string& text) {
@@ -131,8 +140,6 @@ void LiveObservation::TypeAbout(const std::string& text) {
 
 void LiveObservation::cmdStartNewSg_Click() {
   if (!CanStartSegment() || !services_.prompter.AskYesNo("Start New Segment?")) return;
-  coding_.aboutVisible = false;
-  coding_.HidePresentation();
   StartNewSeg();
   services_.screens.Show(Screen::liveObservation);
 }
@@ -151,7 +158,7 @@ void LiveObservation::StartNewSeg() {
   ++curSegment_;
   segmentStart_ = Now();
   // The button just used is gone now; the next thing the observer does is to choose the activity.
-  focus_.Set({.kind = Kind::activity, .activity = ActivityNumber(curActivity_)});
+  FocusCurActivity();
 }
 
 void LiveObservation::EndSeg() {
@@ -207,7 +214,6 @@ void LiveObservation::StartNewEpi() {
   episodeStart_ = Now();
   segmentStart_ = episodeStart_;
   coding_.ShowActivityChoices(false);
-  coding_.HidePresentation();
   coding_.ResetForNewSegment();
   estimateKind_ = 0;
   curActivity_.clear();
@@ -243,7 +249,7 @@ void LiveObservation::StartNewEpi2() {
   CloseEpisodeForSegment();
   AppendEpisode();
   episodeStart_ = segmentStart_;
-  if (coding_.selectedActivity == 0) coding_.ShowActivityChoices(false);
+  if (SelectedActivity() == 0) coding_.ShowActivityChoices(false);
   FocusDescription();
   services_.screens.Show(Screen::liveObservation);
 }
@@ -254,7 +260,8 @@ void LiveObservation::RevertNewEpisode() {
   curSegment_ = static_cast<int>(CurrentEpisode().segments.size()) + 1;
   offtaskEstimates_ = prevOfftaskEstimates_;
   episodeStart_ = prevEpisodeStart_;
-  curActivity_ = episodeActivity_;
+  // The running segment keeps the activity it has; what is on the form is what is stored.
+  if (SelectedActivity() == 0) curActivity_ = episodeActivity_;
   coding_.ShowActivityChoices(true);
   FocusDescription();
   services_.log.LogEpisodeToSegment();

@@ -52,6 +52,8 @@ class LiveObservation {
   /// text; "" when none is chosen.
   const std::string& CurActivity() const { return curActivity_; }
   const std::string& PrevActivity() const { return prevActivity_; }
+  /// The number of the selected activity button; 0 while the segment has no activity.
+  int SelectedActivity() const;
   /// 0: no activity chosen in this segment yet; -1: its question/answer was abandoned; else the
   /// kind of off-task estimates that the activity takes.
   int EstimateKind() const { return estimateKind_; }
@@ -85,7 +87,8 @@ class LiveObservation {
   // Typing and choosing.
   void TypeHeader(HeaderBox box, const std::string& text) { header_.Type(box, text); }
   void EnterHeader(HeaderBox box) { header_.Enter(box); }
-  void LeaveHeader(HeaderBox box);
+  /// False when the box must keep the focus.
+  bool LeaveHeader(HeaderBox box);
   void HeaderEnterOrDown(HeaderBox box);
   void HeaderUp(HeaderBox box);
   void TypeDescription(const std::string& text);
@@ -127,6 +130,7 @@ class LiveObservation {
 
  private:
   void FocusDescription();
+  void FocusCurActivity();
   void EndSeg();
   void EndEpisode();
   void CloseEpisodeForSegment();
@@ -138,9 +142,10 @@ class LiveObservation {
   bool SetActivity(int activity);
   void ApplyActivity(int activity);
   void EnableOTTimerInClassAct();
-  void ReopenEpisode(const std::string& episodeActivity);
+  bool HeaderNamesFiles();
   bool SaveClass();
-  bool Persist(const std::string& trouble, const std::function<void()>& save);
+  void EndWithLog();
+  bool Persist(const std::string& question, const std::function<void()>& save);
   float Now() const;
 
   Services services_;

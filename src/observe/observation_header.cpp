@@ -17,7 +17,10 @@ constexpr HeaderRound kRound = {HeaderBox::schoolNum, HeaderBox::classNum, Heade
 }  // namespace
 
 ObservationHeader::ObservationHeader(const Services& services)
-    : services_(services), identity_(services.program.identity), logged_(identity_) {}
+    : services_(services),
+      identity_(services.program.identity),
+      logged_(identity_),
+      lastStudents_(identity_.NumStudents) {}
 
 const std::string& ObservationHeader::Text(HeaderBox box) const {
   return HeaderText(identity_, box);
@@ -56,6 +59,11 @@ bool ObservationHeader::Leave(HeaderBox box) {
     case HeaderBox::initials:
       return true;
     case HeaderBox::numStudents:
+      if (text.empty()) {
+        text = lastStudents_;
+        return false;
+      }
+      lastStudents_ = text;
       if (rememberedStudents_ && *rememberedStudents_ != text) services_.log.LogRevisedN(text);
       return true;
     case HeaderBox::schoolNum:
@@ -74,6 +82,8 @@ bool ObservationHeader::LeaveNumber(HeaderBox box) {
     text = HeaderText(logged_, box);
     return false;
   }
+  // A box that agrees with the log is always left, whatever another one was declined.
+  if (text == HeaderText(logged_, box)) return true;
   if (RenameSessionLog()) return true;
   if (box == HeaderBox::observNum) return true;
   text.clear();

@@ -33,7 +33,8 @@ class ObservationHeader {
 
   Services services_;
   Identity& identity_;
-  Identity logged_;  ///< the numbers that the log is named by
+  Identity logged_;           ///< the numbers that the log is named by
+  std::string lastStudents_;  ///< the last number there was
   bool studentsVisited_ = false;
   std::optional<std::string> rememberedStudents_;
 };

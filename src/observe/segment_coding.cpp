@@ -21,7 +21,6 @@ void SegmentCoding::ShowActivityChoices(bool show) {
 }
 
 void SegmentCoding::ClearActivityChoices() {
-  selectedActivity = 0;
   aboutVisible = false;
   ResetSeatworkCoding();
   ResetGroupTypes();
@@ -48,6 +47,7 @@ void SegmentCoding::ResetGroupTypes() {
 
 void SegmentCoding::ResetForNewSegment() {
   ClearActivityChoices();
+  presentationVisible = false;
   ResetPresentation();
   source = "no coding";
   cognitiveLevel = "no coding";

@@ -16,7 +16,6 @@ struct SegmentCoding {
   bool seatworkEnabled = false;
   bool groupTypesEnabled = false;
 
-  int selectedActivity = 0;  ///< the number of the selected activity button; 0 for none
   std::string about;
   std::int16_t grpSolo = kSolo;
   std::int16_t prep = kUncoded;
@@ -29,7 +28,6 @@ struct SegmentCoding {
 
   void ShowActivityChoices(bool show);
   void ClearActivityChoices();
-  void HidePresentation() { presentationVisible = false; }
   void ResetPresentation();
   void ResetSeatworkCoding();
   void EnableSeatworkCoding(bool enable) { seatworkEnabled = enable; }

@@ -5,13 +5,15 @@
 #include "model/clock.h"
 #include "model/time_of_day.h"
 #include "observe/live_observation.h"
-#include "observe/tick.h"
 #include "store/session_log.h"
 
 namespace orvex {
 
 SessionClocks::SessionClocks(const Services& services, const LiveObservation& live)
-    : services_(services), live_(live), timeOfDay_(services.clock.SpacedTimeText()) {}
+    : services_(services),
+      live_(live),
+      tick_(services.prompter, "timerEpisode"),
+      timeOfDay_(services.clock.SpacedTimeText()) {}
 
 std::string SessionClocks::TimeSince(float start) const {
   const std::int32_t seconds =
@@ -20,7 +22,7 @@ std::string SessionClocks::TimeSince(float start) const {
 }
 
 void SessionClocks::Tick() {
-  RunTick(services_.prompter, "timerEpisode", [this] {
+  tick_.Run([this] {
     episodeTime_ = TimeSince(live_.EpisodeStart());
     timeOfDay_ = " " + services_.clock.SpacedTimeText();
     segmentTime_ = TimeSince(live_.SegmentStart());

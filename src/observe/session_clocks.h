@@ -3,6 +3,7 @@
 #include <string>
 
 #include "observe/offtask_indicator.h"
+#include "observe/tick.h"
 #include "store/services.h"
 
 namespace orvex {
@@ -27,6 +28,7 @@ class SessionClocks {
 
   Services services_;
   const LiveObservation& live_;
+  GuardedTick tick_;
   std::string episodeTime_ = "00 : 00";
   std::string segmentTime_ = "00 : 00";
   std::string timeOfDay_;

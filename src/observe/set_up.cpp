@@ -74,10 +74,11 @@ void SetUp::DownOnReset() {
   MoveTo(HeaderBox::initials);
 }
 
-void SetUp::Leave(HeaderBox box) {
-  if (HoldsValidText(identity_, box)) return;
+bool SetUp::Leave(HeaderBox box) {
+  if (HoldsValidText(identity_, box)) return true;
   HeaderText(identity_, box).clear();
   MoveTo(box);
+  return false;
 }
 
 void SetUp::Reset() {

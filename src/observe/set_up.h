@@ -29,8 +29,9 @@ class SetUp {
   void Up(HeaderBox box);
   /// Down on the Reset button.
   void DownOnReset();
-  /// The box loses the focus: a text that is no number is emptied and the focus comes back.
-  void Leave(HeaderBox box);
+  /// The box loses the focus: a text that is no number is emptied and the focus comes back; the
+  /// result is then false.
+  bool Leave(HeaderBox box);
   void Reset();
   /// Opens the log and the live observation. When the log cannot be opened the user is told, and
   /// the form stays.

@@ -8,7 +8,6 @@
 #include "model/screens.h"
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
-#include "observe/tick.h"
 #include "store/session_log.h"
 #include "store/text_encoding.h"
 
@@ -36,7 +35,10 @@ int ActivityToOffer(const std::string& previous) {
 
 QuestionEntry::QuestionEntry(const Services& services, LiveObservation& live,
                              const SessionClocks& liveClocks)
-    : services_(services), live_(live), liveClocks_(liveClocks) {
+    : services_(services),
+      live_(live),
+      liveClocks_(liveClocks),
+      tick_(services.prompter, "timer4") {
   AwaitFirstQuestion();
   if (!live_.CurQuestions().empty()) {
     Enable(Command::Command1);
@@ -394,8 +396,7 @@ bool QuestionEntry::RequestClose() {
 }
 
 void QuestionEntry::Tick() {
-  RunTick(services_.prompter, "timer4",
-          [this] { offtask_.Tick(live_.OfftaskPending(), live_.OfftaskCountdown()); });
+  tick_.Run([this] { offtask_.Tick(live_.OfftaskPending(), live_.OfftaskCountdown()); });
 }
 
 }  // namespace orvex

@@ -9,6 +9,7 @@
 #include "model/question_info.h"
 #include "observe/focus.h"
 #include "observe/offtask_indicator.h"
+#include "observe/tick.h"
 #include "questions/entry_fields.h"
 #include "store/services.h"
 
@@ -128,6 +129,7 @@ class QuestionEntry {
   Services services_;
   LiveObservation& live_;
   const SessionClocks& liveClocks_;
+  GuardedTick tick_;
 
   std::string question_;
   EntryFields fields_;

@@ -1,19 +1,35 @@
 #include "store/append_log.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
 #include <condition_variable>
+#include <exception>
 #include <mutex>
 #include <system_error>
 #include <thread>
 #include <utility>
+#include <vector>
 
+#include "store/durable_file.h"
 #include "store/file_error.h"
 #include "store/storage.h"
 
 namespace orvex {
+namespace {
 
-/// Syncs a descriptor behind the back of whoever writes to it.
+/// True for what deleting other files cures: the descriptor itself is as good as ever.
+bool IsFullDisk(int error) {
+  constexpr std::array kFull = {ENOSPC, EDQUOT, EFBIG};
+  return std::ranges::find(kFull, error) != kFull.end();
+}
+
+}  // namespace
+
+/// Syncs a descriptor, and folders, behind the back of whoever writes to them.
 class AppendLog::Worker {
  public:
   Worker(Storage& storage, int descriptor)
@@ -38,12 +54,22 @@ class AppendLog::Worker {
     changed_.notify_all();
   }
 
-  /// Waits until everything is synced. Returns the first failure since the last call, or 0.
+  /// The same for the names in `folders`.
+  void SyncSoon(std::vector<std::filesystem::path> folders) {
+    {
+      const std::lock_guard lock(mutex_);
+      due_ = true;
+      folders_.insert(folders_.end(), folders.begin(), folders.end());
+    }
+    changed_.notify_all();
+  }
+
+  /// Waits until everything is synced. Returns the first failure ever, or 0.
   int Finish() {
     SyncSoon();
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return !due_ && !busy_; });
-    return std::exchange(failure_, 0);
+    return failure_;
   }
 
   int Failure() const {
@@ -59,9 +85,14 @@ class AppendLog::Worker {
       if (ended_) return;
       due_ = false;
       busy_ = true;
+      const auto folders = std::exchange(folders_, {});
       lock.unlock();
-      const int result = Uninterrupted([this] { return storage_.SyncData(descriptor_); });
-      const int cause = result == 0 ? 0 : errno;
+      int cause = 0;
+      const auto note = [&cause](int result) {
+        if (result != 0 && cause == 0) cause = errno;
+      };
+      note(Uninterrupted([this] { return storage_.SyncData(descriptor_); }));
+      for (const auto& folder : folders) note(SyncFolder(storage_, folder));
       lock.lock();
       busy_ = false;
       // The system reports a lost page once; a later sync that goes well does not bring it back.
@@ -74,6 +105,7 @@ class AppendLog::Worker {
   const int descriptor_;
   mutable std::mutex mutex_;
   std::condition_variable changed_;
+  std::vector<std::filesystem::path> folders_;
   bool due_ = false;
   bool busy_ = false;
   bool ended_ = false;
@@ -87,20 +119,30 @@ AppendLog::~AppendLog() {
   try {
     Close();
   } catch (...) {
-    worker_.reset();
-    if (IsOpen()) storage_.Close(descriptor_);
+    if (IsOpen()) Release();
   }
 }
 
 void AppendLog::Open(const std::filesystem::path& path) {
-  constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC;
+  if (IsOpen()) WriteOutAndSync();
+  // Without O_NONBLOCK a named pipe would hold up the open itself.
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK;
   const int descriptor = Uninterrupted([&] { return storage_.Open(path.c_str(), kFlags, 0666); });
   if (descriptor < 0) throw FileError(path, errno);
   try {
+    struct stat status = {};
+    if (::fstat(descriptor, &status) != 0) throw FileError(path, errno);
+    if (!S_ISREG(status.st_mode)) throw FileError(path, "not a regular file");
     if (SyncFolder(storage_, path.parent_path()) != 0) throw FileError(path, errno);
     auto worker = std::make_unique<Worker>(storage_, descriptor);
-    Close();
+    std::filesystem::path name = path;
+    // Last, so that whatever fails leaves the old content.
+    if (Uninterrupted([&] { return storage_.Truncate(descriptor, 0); }) != 0) {
+      throw FileError(path, errno);
+    }
+    if (IsOpen()) Release();  // all of it is on the disk by now, whatever the closing reports
     worker_ = std::move(worker);
+    path_ = std::move(name);
   } catch (const std::system_error& error) {
     storage_.Close(descriptor);
     throw FileError(path, error.code().value());
@@ -109,45 +151,94 @@ void AppendLog::Open(const std::filesystem::path& path) {
     throw;
   }
   descriptor_ = descriptor;
-  path_ = path;
+  text_.clear();
+  written_ = 0;
 }
 
 void AppendLog::Append(std::string_view entry) {
   if (!IsOpen()) return;
-  waiting_ += entry;
+  text_ += entry;
   Retry();
 }
 
 void AppendLog::Retry() {
   if (!IsOpen()) return;
-  const std::size_t written = WriteAll(storage_, descriptor_, waiting_);
-  failure_ = written < waiting_.size() ? errno : 0;
-  waiting_.erase(0, written);
-  if (written > 0) worker_->SyncSoon();
+  cause_.clear();
+  const std::string_view waiting = std::string_view(text_).substr(written_);
+  const std::size_t count = WriteAll(storage_, descriptor_, waiting);
+  if (count < waiting.size()) {
+    const int error = errno;
+    cause_ = std::generic_category().message(error);
+    if (!IsFullDisk(error)) unreliable_ = true;
+  }
+  written_ += count;
+  if (count > 0) worker_->SyncSoon();
+  if (worker_->Failure() != 0) unreliable_ = true;
+  if (unreliable_) PutBack();
+}
+
+/// Writes the whole text anew, durably, and goes on behind it. What goes wrong is left in `cause_`.
+void AppendLog::PutBack() try {
+  ReplaceFile(storage_, path_, text_);
+  constexpr int kFlags = O_WRONLY | O_APPEND | O_CLOEXEC;
+  const int descriptor = Uninterrupted([&] { return storage_.Open(path_.c_str(), kFlags, 0); });
+  if (descriptor < 0) throw FileError(path_, errno);
+  std::unique_ptr<Worker> worker;
+  try {
+    worker = std::make_unique<Worker>(storage_, descriptor);
+  } catch (...) {
+    storage_.Close(descriptor);
+    throw;
+  }
+  Release();
+  worker_ = std::move(worker);
+  descriptor_ = descriptor;
+  written_ = text_.size();
+} catch (const FileError& error) {
+  cause_ = error.Cause();
+} catch (const std::exception& error) {
+  cause_ = error.what();
 }
 
 std::string AppendLog::Trouble() const {
-  const int cause = failure_ == 0 && worker_ ? worker_->Failure() : failure_;
-  return cause == 0 ? "" : FileError(path_, cause).what();
+  if (!cause_.empty()) return FileError(path_, cause_).what();
+  const int failure = worker_ ? worker_->Failure() : 0;
+  return failure == 0 ? "" : FileError(path_, failure).what();
 }
 
 void AppendLog::MoveTo(const std::filesystem::path& path) {
+  std::filesystem::path name = path;
+  std::vector<std::filesystem::path> folders = {path.parent_path()};
+  if (path_.parent_path() != path.parent_path()) folders.push_back(path_.parent_path());
   if (storage_.Rename(path_.c_str(), path.c_str()) != 0) throw FileError(path, errno);
-  const auto oldFolder = std::exchange(path_, path).parent_path();
-  // The move is done; that a power cut might still undo it is a trouble, not a failed move.
-  if (SyncFolder(storage_, path_.parent_path()) != 0) failure_ = errno;
-  if (oldFolder != path_.parent_path() && SyncFolder(storage_, oldFolder) != 0) failure_ = errno;
+  path_ = std::move(name);
+  if (worker_) worker_->SyncSoon(std::move(folders));
 }
 
 void AppendLog::Close() {
   if (!IsOpen()) return;
+  WriteOutAndSync();
+  if (const int cause = Release(); cause != 0) throw FileError(path_, cause);
+}
+
+/// Brings the whole text to the disk. Throws FileError.
+void AppendLog::WriteOutAndSync() {
   Retry();
-  if (failure_ != 0) throw FileError(path_, failure_);
-  if (const int cause = worker_->Finish(); cause != 0) throw FileError(path_, cause);
-  worker_.reset();
-  if (storage_.Close(std::exchange(descriptor_, -1)) != 0 && errno != EINTR) {
-    throw FileError(path_, errno);
+  if (cause_.empty() && worker_->Finish() != 0) {
+    unreliable_ = true;
+    PutBack();
   }
+  if (!cause_.empty()) throw FileError(path_, cause_);
+}
+
+/// Gives up the descriptor, its worker and what was wrong with them. Returns the `errno` of the
+/// closing, or 0.
+int AppendLog::Release() {
+  worker_.reset();
+  unreliable_ = false;
+  cause_.clear();
+  // An interrupted close has closed the file.
+  return storage_.Close(std::exchange(descriptor_, -1)) == 0 || errno == EINTR ? 0 : errno;
 }
 
 }  // namespace orvex

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -10,8 +11,10 @@ namespace orvex {
 class Storage;
 
 /// A text file that grows by whole entries. Each entry is handed to the system in one write before
-/// `Append` returns, and is on the disk within a second; a worker thread that knows nothing but the
-/// descriptor sees to that. An entry that cannot be written is kept and goes out with the next.
+/// `Append` returns; a worker thread that owns nothing but the descriptor syncs it at once, as fast
+/// as the disk allows. The whole text since `Open` is kept in memory: an entry that cannot be
+/// written goes out with the next, and a file that can no longer be relied on (a write failed
+/// though the disk is not full, a sync failed, its stick was pulled out) is put back whole.
 class AppendLog {
  public:
   explicit AppendLog(Storage& storage);
@@ -19,39 +22,51 @@ class AppendLog {
   AppendLog(const AppendLog&) = delete;
   AppendLog& operator=(const AppendLog&) = delete;
 
-  /// Opens `path` empty, replacing what was there; a log open before is closed. Throws FileError; a
-  /// log open before stays open.
+  /// Opens `path` empty, replacing what was there; a log open before is written out, synced and
+  /// closed. Throws FileError, also for anything that is not a regular file; a file at `path` then
+  /// keeps its content, and a log open before stays open.
   void Open(const std::filesystem::path& path);
   bool IsOpen() const { return descriptor_ >= 0; }
   const std::filesystem::path& Path() const { return path_; }
 
-  /// Adds an entry, line ends included. Never throws: what could not be written waits in memory.
+  /// Adds an entry, line ends included. A failure is no exception but a trouble: what could not be
+  /// written waits in memory.
   void Append(std::string_view entry);
 
-  /// Tries again to write what waits in memory.
+  /// Tries again to write what waits in memory, or to put back a file that cannot be relied on; the
+  /// latter waits for the disk.
   void Retry();
 
-  /// Why the last write failed, or an earlier one did not reach the disk, "<path>: <cause>"; empty
-  /// while everything is written. What did not reach the disk stays a trouble until `Close`.
+  /// Why the last write failed, or something written did not reach the disk, "<path>: <cause>";
+  /// empty while all is well. What did not reach the disk stays a trouble until the whole text has
+  /// been written anew.
   std::string Trouble() const;
 
   /// Moves the file to `path`, over a file that is there, and goes on appending to it. Throws
-  /// FileError; the log then stays as it is.
+  /// FileError; the log then stays as it is. That the move itself did not reach the disk turns up
+  /// later, as a trouble.
   void MoveTo(const std::filesystem::path& path);
 
-  /// Writes what waits, syncs and closes. Throws FileError when something could not be written; the
-  /// log then stays open and can be closed again. Only when the closing itself reports an error,
-  /// the log is closed all the same.
+  /// Writes what waits, syncs and closes; what a sync has lost is written anew first. Throws
+  /// FileError when something did not reach the disk; the log then stays open and can be closed
+  /// again. Only when the closing itself reports an error, the log is closed all the same.
   void Close();
 
  private:
   class Worker;
+
+  void WriteOutAndSync();
+  void PutBack();
+  int Release();
+
   Storage& storage_;
   std::unique_ptr<Worker> worker_;
   std::filesystem::path path_;
   int descriptor_ = -1;
-  std::string waiting_;
-  int failure_ = 0;  ///< the `errno` of the last write, 0 when it went well
+  std::string text_;         ///< all since `Open`
+  std::size_t written_ = 0;  ///< how much of it has gone out
+  bool unreliable_ = false;  ///< the file must be put back
+  std::string cause_;        ///< why the last attempt failed; empty when it went well
 };
 
 }  // namespace orvex

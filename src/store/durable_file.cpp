@@ -4,6 +4,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -19,6 +22,7 @@ namespace fs = std::filesystem;
 constexpr mode_t kModeBits = 07777;
 constexpr mode_t kPrivate = 0600;
 constexpr mode_t kAsTheUserLikes = 0666;  // the system takes the user's mask off
+constexpr std::size_t kMostBytes = std::size_t{512} * 1024 * 1024;
 
 /// What `path` stands for once its links are followed; the last one may point at nothing yet.
 fs::path FollowLinks(const fs::path& path) {
@@ -78,10 +82,15 @@ class Replacement {
 /// allowed. False with `errno` set when it fails for another reason.
 bool TakeOver(Storage& storage, int descriptor, const struct stat& made, const struct stat& old) {
   if (made.st_uid == old.st_uid && made.st_gid == old.st_gid) return true;
-  if (storage.SetOwner(descriptor, old.st_uid, old.st_gid) == 0) return true;
-  if (errno != EPERM) return false;
+  // EINVAL: an identity that this mount or container has no number for.
+  const auto give = [&](uid_t owner) {
+    return Uninterrupted([&] { return storage.SetOwner(descriptor, owner, old.st_gid); }) == 0;
+  };
+  const auto refused = [] { return errno == EPERM || errno == EINVAL; };
+  if (give(old.st_uid)) return true;
+  if (!refused()) return false;
   constexpr auto kSameOwner = static_cast<uid_t>(-1);
-  return storage.SetOwner(descriptor, kSameOwner, old.st_gid) == 0 || errno == EPERM;
+  return give(kSameOwner) || refused();
 }
 
 }  // namespace
@@ -101,12 +110,15 @@ void ReplaceFile(Storage& storage, const fs::path& path, std::string_view bytes)
   require(::fstat(file.Descriptor(), &made) == 0);
   const mode_t wanted = (exists ? old.st_mode : made.st_mode) & kModeBits;
   mode_t mode = made.st_mode & kModeBits;
-  if (!exists && storage.SetMode(file.Descriptor(), kPrivate) == 0) mode = kPrivate;
+  const auto setMode = [&](mode_t bits) {
+    return Uninterrupted([&] { return storage.SetMode(file.Descriptor(), bits); }) == 0;
+  };
+  if (!exists && setMode(kPrivate)) mode = kPrivate;
 
   require(WriteAll(storage, file.Descriptor(), bytes) == bytes.size());
   if (exists) require(TakeOver(storage, file.Descriptor(), made, old));
   // A stick's file system has one mode for all files and refuses to be given it.
-  if (mode != wanted) require(storage.SetMode(file.Descriptor(), wanted) == 0);
+  if (mode != wanted) require(setMode(wanted));
   require(Uninterrupted([&] { return storage.Sync(file.Descriptor()); }) == 0);
   require(file.Close());
   require(file.MoveTo(target));
@@ -114,7 +126,10 @@ void ReplaceFile(Storage& storage, const fs::path& path, std::string_view bytes)
   require(SyncFolder(storage, target.parent_path()) == 0);
 }
 
-std::string ReadFile(const fs::path& path) {
+namespace {
+
+/// Reads up to `most` bytes of a regular file; longer files are cut off there.
+std::string ReadUpTo(const fs::path& path, std::size_t most) {
   // Without O_NONBLOCK a named pipe would hold up the open itself.
   const int descriptor =
       Uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); });
@@ -130,18 +145,35 @@ std::string ReadFile(const fs::path& path) {
   if (!S_ISREG(status.st_mode)) throw FileError(path, "not a regular file");
 
   // One byte more than the file has now, to see its end.
-  std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
+  std::string bytes(std::min(static_cast<std::size_t>(status.st_size) + 1, most), '\0');
   std::size_t size = 0;
-  for (;;) {
+  while (size < most) {
+    if (size == bytes.size()) bytes.resize(std::min(2 * size, most));
     const ssize_t count =
         Uninterrupted([&] { return ::read(descriptor, &bytes[size], bytes.size() - size); });
     if (count < 0) throw FileError(path, errno);
     size += static_cast<std::size_t>(count);
     if (count == 0) break;
-    if (size == bytes.size()) bytes.resize(2 * size);
   }
   bytes.resize(size);
   return bytes;
+}
+
+}  // namespace
+
+std::string ReadFile(const fs::path& path) {
+  // A damaged directory entry, or a file with holes, may claim any size: no memory is asked for
+  // before that is ruled out.
+  std::error_code unknown;
+  const auto size = fs::file_size(path, unknown);
+  if (!unknown && size > kMostBytes) throw FileError(path, EFBIG);
+  std::string bytes = ReadUpTo(path, kMostBytes + 1);
+  if (bytes.size() > kMostBytes) throw FileError(path, EFBIG);
+  return bytes;
+}
+
+std::string ReadFileStart(const fs::path& path, std::size_t most) {
+  return ReadUpTo(path, most);
 }
 
 void EnsureFolder(Storage& storage, const fs::path& folder) {
@@ -149,9 +181,9 @@ void EnsureFolder(Storage& storage, const fs::path& folder) {
     const int cause = errno;
     std::error_code ignored;
     if (!fs::is_directory(folder, ignored)) throw FileError(folder, cause);
-  } else if (SyncFolder(storage, folder.parent_path()) != 0) {
-    throw FileError(folder, errno);
   }
+  // Also for a folder that exists: nobody may have synced it yet.
+  if (SyncFolder(storage, folder.parent_path()) != 0) throw FileError(folder, errno);
 }
 
 }  // namespace orvex

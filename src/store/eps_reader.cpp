@@ -2,6 +2,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -17,13 +20,6 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-/// A number between blanks.
-std::optional<double> NumberIn(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == kNone) return std::nullopt;
-  return ParseNumber(text.substr(first, text.find_last_not_of(' ') + 1 - first));
-}
-
 /// True when a file's first line names a version before this program's. A line without a version
 /// counts as a file of today.
 bool IsOfEarlierVersion(std::string_view banner) {
@@ -33,7 +29,7 @@ bool IsOfEarlierVersion(std::string_view banner) {
   const std::size_t start = program + kProgram.size();
   const std::size_t end = banner.find("EPS", start);
   if (end == kNone) return false;
-  const auto version = NumberIn(banner.substr(start, end - start));
+  const auto version = ParseNumber(WithoutBlanks(banner.substr(start, end - start)));
   return version && *version < ParseNumber(VersionText());
 }
 
@@ -58,8 +54,8 @@ std::optional<Marker> FindMarker(std::string_view line) {
   if (middle == kNone) return Marker{};
   const std::size_t close = marker.find(kClose, middle + 1);
   if (close == kNone) return Marker{};
-  const auto ep = NumberIn(marker.substr(0, middle));
-  const auto sg = NumberIn(marker.substr(middle + 1, close - middle - 1));
+  const auto ep = ParseNumber(WithoutBlanks(marker.substr(0, middle)));
+  const auto sg = ParseNumber(WithoutBlanks(marker.substr(middle + 1, close - middle - 1)));
   if (!ep || !sg) return Marker{};
   const auto shortEp = ToInt16(*ep);
   const auto shortSg = ToInt16(*sg);
@@ -114,13 +110,14 @@ class EpsReader {
     fields_.Line("the heading of an episode");
     episode.Descript = fields_.Line("the description of an episode");
     const std::int16_t activity = fields_.Integer("the first segment's activity number");
-    fields_.Number("the duration of the episode");
+    fields_.SkipNumber("the duration of the episode");
     const int questions = fields_.Integer("the number of questions");
     episode.bReview = fields_.Field("the review answer");
-    fields_.Number("the number of earlier questions");
+    fields_.SkipNumber("the number of earlier questions");
     const int segments = fields_.Integer("the number of segments");
     const int spells = fields_.Integer("the number of dialogic spells");
-    for (int spell = 1; spell <= spells; ++spell) fields_.Number("the length of a dialogic spell");
+    for (int spell = 1; spell <= spells; ++spell)
+      fields_.SkipNumber("the length of a dialogic spell");
     for (int sg = 1; sg <= segments; ++sg) {
       SegmentData& segment = episode.segments.emplace_back(ReadSegment());
       if (sg == 1 && segment.activityNum != activity) {
@@ -159,10 +156,10 @@ class EpsReader {
   void ReadSummary(std::size_t episode) {
     if (questionCounts_[episode] > 0) {
       constexpr int kCounts = 7;
-      for (int i = 0; i < kCounts; ++i) fields_.Number("a question count");
+      for (int i = 0; i < kCounts; ++i) fields_.SkipNumber("a question count");
       observation_.Episodes[episode].offtask = fields_.Single("the episode's off-task mean");
     }
-    for (int i = 0; i < kActivityCount; ++i) fields_.Number("the time spent in an activity");
+    for (int i = 0; i < kActivityCount; ++i) fields_.SkipNumber("the time spent in an activity");
   }
 
   void ReadQuestions(Episode& episode, int count) {

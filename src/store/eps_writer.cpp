@@ -2,6 +2,9 @@
 #include <array>
 #include <charconv>
 #include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "model/time_of_day.h"
@@ -36,7 +39,8 @@ class EpsText {
   }
   /// A text that is read back as one field.
   EpsText& Field(const std::string& text) {
-    return text.find(',') == std::string::npos ? Typed(text) : Quoted(text);
+    const bool blanks = text.starts_with(' ') || text.ends_with(' ');
+    return blanks || text.find(',') != std::string::npos ? Quoted(text) : Typed(text);
   }
   /// A number with nothing around it.
   EpsText& Joined(std::int64_t number) { return *this << Digits(number); }

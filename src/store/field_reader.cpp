@@ -69,6 +69,10 @@ std::string_view FieldReader::Field(std::string_view what) {
   return rest.substr(start, end - start);
 }
 
+void FieldReader::SkipNumber(std::string_view what) {
+  if (!IsNumber(Field(what))) Fail(what, "");
+}
+
 double FieldReader::Number(std::string_view what) {
   const auto number = ParseNumber(Field(what));
   if (!number) Fail(what, "");

@@ -20,8 +20,8 @@ class FieldReader {
   std::string_view Field(std::string_view what);
   /// The rest of the line.
   std::string_view Line(std::string_view what);
-  /// A number of any size.
-  double Number(std::string_view what);
+  /// A number of any size, which is not kept.
+  void SkipNumber(std::string_view what);
   /// A number that fits a single.
   float Single(std::string_view what);
   /// A number rounded to a whole one, a half to the even neighbour, that must fit 16 bits.
@@ -36,6 +36,7 @@ class FieldReader {
   /// What is left of the line; at the end of the text there is none.
   std::string_view Rest(std::string_view what);
   void NextLine();
+  double Number(std::string_view what);
   [[noreturn]] void Fail(std::string_view what, const char* detail) const;
   std::size_t LineStop() const;
 

@@ -141,28 +141,62 @@ std::string Format(Decimal decimal, std::string_view text) {
   return LayOut(decimal, pattern) + "E" + exponent;
 }
 
-std::string AsItem(const std::string& number) {
-  std::string item(number.starts_with('-') ? "" : " ");
-  item += number;
-  item += ' ';
-  return item;
-}
-
 constexpr bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-std::string_view WithoutBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') + 1 - first);
+/// What reading a number of a file comes to.
+struct Scanned {
+  bool number = false;  ///< the whole text is one
+  bool inRange = false;
+  double value = 0;
+};
+
+Scanned Scan(std::string_view text) {
+  // from_chars knows no plus sign, but "inf" and "nan".
+  const bool plus = text.starts_with('+');
+  const std::size_t start = plus || text.starts_with('-') ? 1 : 0;
+  if (start == text.size() || (text[start] != '.' && !IsDigit(text[start]))) return {};
+  if (plus) text.remove_prefix(1);
+  // Nearly every number of a file is a short whole one.
+  int whole = 0;
+  const auto simple = std::from_chars(text.data(), text.data() + text.size(), whole);
+  if (simple.ec == std::errc{} && simple.ptr == text.data() + text.size()) {
+    return {true, true, static_cast<double>(whole)};
+  }
+  Scanned scanned;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), scanned.value);
+  scanned.number = error != std::errc::invalid_argument && end == text.data() + text.size();
+  scanned.inRange = error == std::errc{};
+  return scanned;
+}
+
+/// True for a number below 1 in magnitude.
+bool IsFraction(std::string_view number) {
+  const std::size_t e = std::min(number.find_first_of("eE"), number.size());
+  int exponent = 0;
+  if (e < number.size()) {
+    std::string_view text = number.substr(e + 1);
+    if (text.starts_with('+')) text.remove_prefix(1);
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), exponent);
+    // Larger than any run of digits can make up for.
+    if (read.ec != std::errc{}) return text.starts_with('-');
+  }
+  const std::string_view digits = number.substr(0, e);
+  const std::size_t first = digits.find_first_of("123456789");
+  if (first == std::string_view::npos) return true;
+  const std::size_t point = std::min(digits.find('.'), digits.size());
+  // Where the point stands, counted from the first digit that is not 0.
+  const std::int64_t place = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first);
+  return (place < 0 ? place + 1 : place) + exponent <= 0;
 }
 
 std::optional<int> TypedInteger(std::string_view text, int least) {
   const auto number = TypedNumber(text);
-  const auto rounded = number ? ToInt16(*number) : std::nullopt;
-  if (!rounded || *rounded < least) return std::nullopt;
-  return *rounded;
+  if (!number || *number < least || *number > std::numeric_limits<std::int16_t>::max()) {
+    return std::nullopt;
+  }
+  return static_cast<int>(RoundHalfEven(*number));
 }
 
 }  // namespace
@@ -173,11 +207,10 @@ std::string PrintDigits(float value) {
 }
 
 std::string PrintItem(float value) {
-  return AsItem(PrintDigits(value));
-}
-
-std::string PrintItem(std::int64_t value) {
-  return AsItem(std::to_string(value));
+  std::string item = PrintDigits(value);
+  if (!item.starts_with('-')) item.insert(item.begin(), ' ');
+  item += ' ';
+  return item;
 }
 
 std::string FormatPattern(float value, std::string_view pattern) {
@@ -189,24 +222,20 @@ std::string FormatPattern(double value, std::string_view pattern) {
 }
 
 std::optional<double> ParseNumber(std::string_view text) {
-  // from_chars knows no plus sign, but "inf" and "nan".
-  const bool plus = text.starts_with('+');
-  const std::size_t start = plus || text.starts_with('-') ? 1 : 0;
-  const bool number = start < text.size() && (text[start] == '.' || IsDigit(text[start]));
-  if (!number) return std::nullopt;
-  if (plus) text.remove_prefix(1);
-  // Nearly every number of a file is a short whole one.
-  int whole = 0;
-  const auto simple = std::from_chars(text.data(), text.data() + text.size(), whole);
-  if (simple.ec == std::errc{} && simple.ptr == text.data() + text.size()) return whole;
-  double value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (end != text.data() + text.size()) return std::nullopt;
-  if (error == std::errc{}) return value;
-  const bool tiny =
-      text.find("e-") != std::string_view::npos || text.find("E-") != std::string_view::npos;
-  if (error == std::errc::result_out_of_range && tiny) return 0;
-  return std::nullopt;
+  const Scanned scanned = Scan(text);
+  if (!scanned.number) return std::nullopt;
+  if (scanned.inRange) return scanned.value;
+  return IsFraction(text) ? std::optional<double>(0) : std::nullopt;
+}
+
+bool IsNumber(std::string_view text) {
+  return Scan(text).number;
+}
+
+std::string_view WithoutBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') + 1 - first);
 }
 
 std::optional<double> TypedNumber(std::string_view text) {

@@ -12,7 +12,6 @@ namespace orvex {
 std::string PrintDigits(float value);
 /// A number as an item of a line: PrintDigits with a blank for the missing sign, and one behind.
 std::string PrintItem(float value);
-std::string PrintItem(std::int64_t value);
 
 /// A number written with a pattern: "0" always a digit, "#" a digit where it is significant, the
 /// point always written; after "E-" the exponent, with at least one digit and a sign only when
@@ -23,8 +22,13 @@ std::string FormatPattern(float value, std::string_view pattern);
 std::string FormatPattern(double value, std::string_view pattern);
 
 /// Reads a number of a file: sign, digits, point, digits, exponent. The whole text must be one, and
-/// finite.
+/// not too large for a double; one too small for it is 0.
 std::optional<double> ParseNumber(std::string_view text);
+/// True when the whole text is such a number, of whatever size.
+bool IsNumber(std::string_view text);
+
+/// `text` without the blanks around it.
+std::string_view WithoutBlanks(std::string_view text);
 
 /// Reads a number somebody typed: blanks, sign, digits, point, digits, blanks; no exponent.
 std::optional<double> TypedNumber(std::string_view text);
@@ -32,8 +36,9 @@ std::optional<double> TypedNumber(std::string_view text);
 /// `value` rounded to a whole number, a half to the even neighbour, when that fits 16 bits.
 std::optional<std::int16_t> ToInt16(double value);
 
-/// The typed numbers of the header boxes as integers: 0 to 32767 for school, class and observation,
-/// 1 to 32767 for students. Nothing for a text that is no number or lies outside.
+/// The typed numbers of the header boxes: 0 to 32767 for school, class and observation, 1 to 32767
+/// for students, rounded to whole ones, a half to the even neighbour. Nothing for a text that is no
+/// number, or whose number lies outside before it is rounded.
 std::optional<int> IdentityNumber(std::string_view text);
 std::optional<int> StudentCount(std::string_view text);
 

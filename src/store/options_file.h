@@ -8,8 +8,8 @@ namespace orvex {
 
 class Storage;
 
-/// The first line of the options file, as it is written there; nothing when there is no such file
-/// or it cannot be read.
+/// The first line of the options file, as it is written there after a byte order mark; nothing when
+/// there is no such file, it cannot be read, or the line is too long to be a path.
 std::optional<std::string> ReadOptionsFile(const std::filesystem::path& programFolder);
 
 /// Replaces the options file by one line. Throws FileError.

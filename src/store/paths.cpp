@@ -1,6 +1,7 @@
 #include "store/paths.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "store/durable_file.h"
 #include "store/numbers.h"

@@ -114,6 +114,10 @@ void SessionLog::LogEpisodeToSegment() {
   Line("***** CHANGE A NEW EPISODE TO NEW SEGMENT ***** " + clock_.TimeText());
 }
 
+void SessionLog::LogClassGoesOn() {
+  Line("***** CLASS NOT ENDED, IT GOES ON ***** " + clock_.TimeText());
+}
+
 void SessionLog::LogOff() {
   Line("LOG OFF: " + clock_.TimeText());
 }

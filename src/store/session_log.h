@@ -46,6 +46,8 @@ class SessionLog {
   void LogActiveEstimates(int ep);
   void LogSegmentToEpisode();
   void LogEpisodeToSegment();
+  /// The end of the class was asked for and logged, but could not be stored.
+  void LogClassGoesOn();
   void LogOff();
 
  private:

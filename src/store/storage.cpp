@@ -5,7 +5,19 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
+
 namespace orvex {
+namespace {
+
+/// True for what says that a folder cannot be synced here, not that syncing it went wrong.
+bool CannotBeSynced(int error) {
+  constexpr std::array kRefusals = {EINVAL, EACCES, EPERM, ENOSYS, ENOTSUP, EOPNOTSUPP};
+  return std::ranges::find(kRefusals, error) != kRefusals.end();
+}
+
+}  // namespace
 
 int Storage::Open(const char* path, int flags, mode_t mode) {
   return ::open(path, flags, mode);
@@ -47,6 +59,10 @@ int Storage::SetMode(int descriptor, mode_t mode) {
   return ::fchmod(descriptor, mode);
 }
 
+int Storage::Truncate(int descriptor, off_t size) {
+  return ::ftruncate(descriptor, size);
+}
+
 std::size_t WriteAll(Storage& storage, int descriptor, std::string_view bytes) {
   std::size_t written = 0;
   while (written < bytes.size()) {
@@ -64,9 +80,9 @@ int SyncFolder(Storage& storage, const std::filesystem::path& folder) {
   const std::filesystem::path name = folder.empty() ? "." : folder;
   const int descriptor = Uninterrupted(
       [&] { return storage.Open(name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0); });
-  if (descriptor < 0) return -1;
+  if (descriptor < 0) return CannotBeSynced(errno) ? 0 : -1;
   int result = Uninterrupted([&] { return storage.Sync(descriptor); });
-  if (result != 0 && errno == EINVAL) result = 0;
+  if (result != 0 && CannotBeSynced(errno)) result = 0;
   const int cause = errno;
   storage.Close(descriptor);
   errno = cause;

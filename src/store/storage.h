@@ -24,9 +24,12 @@ class Storage {
   virtual int MakeFolder(const char* path, mode_t mode);
   virtual int SetOwner(int descriptor, uid_t owner, gid_t group);
   virtual int SetMode(int descriptor, mode_t mode);
+  virtual int Truncate(int descriptor, off_t size);
 };
 
-/// The result of a system call, made again for as long as a signal interrupts it.
+/// The result of a system call, made again for as long as a signal interrupts it: to be put around
+/// every call on a descriptor, and every open. A close must not be made again (the descriptor is
+/// gone), and calls on names are not interrupted.
 template <typename Call>
 auto Uninterrupted(Call call) {
   auto result = call();
@@ -38,8 +41,9 @@ auto Uninterrupted(Call call) {
 /// `errno` tells why.
 std::size_t WriteAll(Storage& storage, int descriptor, std::string_view bytes);
 
-/// Brings the names in `folder` to the disk: 0, or -1 with `errno` set. A file system that cannot
-/// sync a folder counts as having done so.
+/// Brings the names in `folder` to the disk: 0, or -1 with `errno` set. Where a folder cannot be
+/// synced at all (the file system knows no such thing, or the user may not read the folder), it
+/// counts as done.
 int SyncFolder(Storage& storage, const std::filesystem::path& folder);
 
 }  // namespace orvex

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "ui/PressGuard.h"
+
 namespace orvex {
 
 ChoiceGroup::ChoiceGroup(std::vector<QRadioButton*> buttons, QObject* parent)
@@ -13,6 +15,7 @@ ChoiceGroup::ChoiceGroup(std::vector<QRadioButton*> buttons, QObject* parent)
     QRadioButton* button = Button(position);
     button->setAutoExclusive(false);
     button->installEventFilter(this);
+    new PressGuard(button);
     connect(button, &QRadioButton::clicked, this, [this, position] {
       // A click has switched the button already; what is selected is the logic's to say.
       ShowSelected(selected_);
@@ -47,7 +50,8 @@ void ChoiceGroup::SetEnabled(bool enabled) {
 
 void ChoiceGroup::Focus(int position) {
   SetTabStop(position);
-  Button(position)->setFocus(Qt::OtherFocusReason);
+  // As Tab would: the style marks only a focus that the keyboard has brought.
+  Button(position)->setFocus(Qt::TabFocusReason);
 }
 
 void ChoiceGroup::SetTabStop(int position) {

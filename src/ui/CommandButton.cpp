@@ -3,10 +3,13 @@
 #include <QKeyEvent>
 #include <QShortcutEvent>
 
+#include "ui/PressGuard.h"
+
 namespace orvex {
 
 CommandButton::CommandButton(QWidget* parent) : QPushButton(parent) {
   setAutoDefault(false);
+  new PressGuard(this);
 }
 
 bool CommandButton::event(QEvent* event) {
@@ -15,7 +18,8 @@ bool CommandButton::event(QEvent* event) {
   // Two buttons of one mnemonic take turns in having the focus; Qt knows how.
   if (shortcut->isAmbiguous()) return QPushButton::event(event);
   setFocus(Qt::ShortcutFocusReason);
-  if (hasFocus()) click();
+  // A window that a question has sent to the back has its focus all the same.
+  if (window()->focusWidget() == this) click();
   return true;
 }
 

@@ -24,6 +24,8 @@ template <typename Form>
 void Present(Form& form) {
   form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
   if (!form.isVisible()) FitToScreen(form);
+  // A form that comes back stands where it stood; only its first place is the window manager's.
+  if (form.testAttribute(Qt::WA_WState_Created) && !form.isVisible()) form.move(form.pos());
   form.show();
   form.raise();
   form.activateWindow();
@@ -61,9 +63,9 @@ QWidget* Forms::Loaded(Screen screen) const {
     case Screen::aboutText:
       return aboutInputBox_.get();
     case Screen::questionEntry:
-      break;
+      return enterQA_.get();
   }
-  return enterQA_.get();
+  return nullptr;
 }
 
 frmClassAct& Forms::LiveForm() {
@@ -87,6 +89,8 @@ void Forms::Show(Screen screen) {
       if (!enterQA_) {
         frmClassAct& live = LiveForm();
         enterQA_ = std::make_unique<frmEnterQA>(services_, live.Live(), live.Clocks());
+        // It takes the live form's place, also on the screen.
+        enterQA_->move(live.pos());
       }
       return Present(*enterQA_);
   }

@@ -10,7 +10,7 @@
 namespace orvex {
 namespace {
 
-constexpr int kShownSize = 72;
+constexpr int kShownSize = 60;
 constexpr int kIconSize = 128;
 
 /// Draws on a square of 32 by 32 units.

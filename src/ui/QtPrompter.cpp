@@ -76,8 +76,8 @@ Answer Refusal(Buttons buttons) {
 }
 
 QMessageBox::Icon IconOf(const Message& message) {
-  if (message.buttons != Buttons::ok) return QMessageBox::Question;
-  return message.details.empty() ? QMessageBox::Information : QMessageBox::Warning;
+  if (!message.details.empty()) return QMessageBox::Warning;
+  return message.buttons == Buttons::ok ? QMessageBox::Information : QMessageBox::Question;
 }
 
 }  // namespace

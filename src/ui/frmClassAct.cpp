@@ -5,72 +5,36 @@
 #include <QTimer>
 #include <array>
 #include <utility>
+#include <vector>
 
-#include "observe/tick.h"
-#include "ui/ChoiceGroup.h"
+#include "ui/BoxFocus.h"
+#include "ui/CodingPanel.h"
 #include "ui/show.h"
 #include "ui/text.h"
 #include "ui_frmClassAct.h"
 
 namespace orvex {
-namespace {
-
-/// The window going to the back, or a list dropping down, leaves no box.
-bool IsRealFocusChange(const QEvent& event) {
-  const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
-  return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
-         reason != Qt::MenuBarFocusReason;
-}
-
-}  // namespace
-
 frmClassAct::frmClassAct(const Services& services, QWidget* parent)
     : QWidget(parent),
-      prompter_(services.prompter),
       live_(services),
       clocks_(services, live_),
+      timer3_(services.prompter, "timer3"),
       ui_(std::make_unique<Ui::frmClassAct>()) {
   ui_->setupUi(this);
   setWindowTitle(ToQt(live_.Caption()));
-  BuildChoices();
+  coding_ = new CodingPanel(
+      *ui_, live_, [this] { Refresh(); }, this);
   ConnectTexts();
+  WatchFocus();
   ConnectButtons();
   StartTimers();
   KeepPlaces();
+  ShowAsWarning(ui_->lblLogTrouble);
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
   Refresh();
 }
 
 frmClassAct::~frmClassAct() = default;
-
-void frmClassAct::BuildChoices() {
-  const auto group = [this](std::vector<QRadioButton*> buttons, auto choose) {
-    auto* choices = new ChoiceGroup(std::move(buttons), this);
-    connect(choices, &ChoiceGroup::Chosen, this, [this, choose](int position) {
-      choose(position);
-      Refresh();
-    });
-    return choices;
-  };
-  const auto code = [this](void (LiveObservation::*choose)(std::int16_t)) {
-    return [this, choose](int position) { (live_.*choose)(static_cast<std::int16_t>(position)); };
-  };
-  activities_ =
-      group({ui_->Option0_0, ui_->Option0_1, ui_->Option0_2, ui_->Option0_3, ui_->Option0_4,
-             ui_->Option0_5, ui_->Option0_6, ui_->Option0_7, ui_->Option0_8, ui_->Option0_9,
-             ui_->Option0_10, ui_->Option0_11, ui_->Option0_12, ui_->Option0_13, ui_->Option0_14,
-             ui_->Option0_15, ui_->Option0_16},
-            [this](int position) { live_.ChooseActivity(position + 1); });
-  writingKinds_ =
-      group({ui_->Option1_0, ui_->Option1_1}, code(&LiveObservation::ChooseWritingKind));
-  groupTypes_ =
-      group({ui_->Option2_0, ui_->Option2_1, ui_->Option2_2, ui_->Option2_3, ui_->Option2_4},
-            code(&LiveObservation::ChooseGroupType));
-  groupSolo_ = group({ui_->Option3_0, ui_->Option3_1}, code(&LiveObservation::ChooseGroupSolo));
-  preparation_ = group({ui_->Option4_0, ui_->Option4_1}, code(&LiveObservation::ChoosePreparation));
-  organization_ =
-      group({ui_->Option5_0, ui_->Option5_1}, code(&LiveObservation::ChoosePresentationOrg));
-}
 
 std::array<std::pair<HeaderBox, QLineEdit*>, 5> frmClassAct::Boxes() const {
   return {{{HeaderBox::initials, ui_->txtInitials},
@@ -99,14 +63,27 @@ void frmClassAct::ConnectTexts() {
     live_.KeyInDescription();
     Refresh();
   });
-  const auto combo = [this](QComboBox* box, void (LiveObservation::*type)(const std::string&)) {
-    box->setCompleter(nullptr);  // what is typed counts to the letter
-    connect(box, &QComboBox::currentTextChanged, this,
-            [this, type](const QString& text) { (live_.*type)(FromQt(text)); });
+}
+
+void frmClassAct::WatchFocus() {
+  std::vector<QWidget*> boxes = {ui_->txtEpisodeName};
+  for (const auto& [box, edit] : Boxes()) boxes.push_back(edit);
+  const auto entered = [this](const QWidget* control) {
+    if (control == ui_->txtEpisodeName) live_.EnterDescription();
+    for (const auto& [box, edit] : Boxes()) {
+      if (control == edit) live_.EnterHeader(box);
+    }
   };
-  combo(ui_->Combo1, &LiveObservation::TypeSource);
-  combo(ui_->Combo2, &LiveObservation::TypeCognitiveLevel);
-  combo(ui_->Combo3, &LiveObservation::TypeSeatworkOrg);
+  const auto left = [this](const QWidget* leaving) {
+    bool mayLeave = true;
+    if (leaving == ui_->txtEpisodeName) live_.LeaveDescription();
+    for (const auto& [box, edit] : Boxes()) {
+      if (leaving == edit) mayLeave = live_.LeaveHeader(box);
+    }
+    Refresh();
+    return mayLeave;
+  };
+  boxFocus_ = std::make_unique<BoxFocus>(this, std::move(boxes), entered, left);
 }
 
 void frmClassAct::ConnectButtons() {
@@ -126,14 +103,16 @@ void frmClassAct::ConnectButtons() {
 
 void frmClassAct::StartTimers() {
   auto* timerEpisode = new QTimer(this);
+  timerEpisode->setObjectName(QStringLiteral("timerEpisode"));
   connect(timerEpisode, &QTimer::timeout, this, [this] {
     clocks_.Tick();
     RefreshClocks();
   });
   timerEpisode->start(1000);
   auto* timer3 = new QTimer(this);
+  timer3->setObjectName(QStringLiteral("Timer3"));
   connect(timer3, &QTimer::timeout, this, [this] {
-    RunTick(prompter_, "timer3", [this] {
+    timer3_.Run([this] {
       live_.UpdateActivityControls();
       RefreshButtons();
     });
@@ -143,7 +122,6 @@ void frmClassAct::StartTimers() {
 
 /// What is hidden keeps its place, so that nothing under the observer's eyes moves.
 void frmClassAct::KeepPlaces() {
-  for (QWidget* child : ui_->Frame1->findChildren<QWidget*>()) KeepPlace(child);
   for (QWidget* child : {ui_->cmdStartNewEp, ui_->cmdStartNewSg, ui_->cmdStartNewQASg,
                          ui_->cmdBailout, ui_->cmdReview, ui_->cmdProof, ui_->cmdOfftaskActive}) {
     KeepPlace(child);
@@ -155,7 +133,7 @@ void frmClassAct::Refresh() {
   // Before anything is hidden: Qt would send the focus of a hidden button to a box of its choice.
   TakeFocusWish();
   RefreshClocks();
-  RefreshCoding();
+  coding_->Refresh();
   RefreshButtons();
 }
 
@@ -177,41 +155,6 @@ void frmClassAct::RefreshClocks() {
   const std::string trouble = live_.LogTrouble();
   ShowText(ui_->lblLogTrouble, trouble);
   ui_->lblLogTrouble->setVisible(!trouble.empty());
-}
-
-void frmClassAct::RefreshCoding() {
-  const SegmentCoding& coding = live_.Coding();
-  for (QLabel* heading : {ui_->Label1, ui_->Label2, ui_->Label3, ui_->Label4}) {
-    heading->setVisible(coding.choicesVisible);
-  }
-  activities_->SetVisible(coding.choicesVisible);
-  activities_->ShowSelected(coding.selectedActivity - 1);
-  ui_->Command9->setVisible(coding.aboutVisible);
-
-  for (QGroupBox* box : {ui_->Frame7, ui_->Frame8, ui_->Frame9}) {
-    box->setVisible(coding.presentationVisible);
-  }
-  groupSolo_->ShowSelected(coding.grpSolo);
-  preparation_->ShowSelected(coding.prep);
-  organization_->ShowSelected(coding.presentationOrg);
-
-  ui_->Frame4->setVisible(coding.choicesVisible);
-  writingKinds_->SetEnabled(coding.seatworkEnabled);
-  writingKinds_->ShowSelected(coding.writingKind);
-  for (QLabel* label : {ui_->lblSource, ui_->lblCognitive, ui_->lblOrganization}) {
-    label->setEnabled(coding.seatworkEnabled);
-  }
-  const auto combo = [&coding](QComboBox* box, const std::string& text) {
-    box->setEnabled(coding.seatworkEnabled);
-    ShowText(box, text);
-  };
-  combo(ui_->Combo1, coding.source);
-  combo(ui_->Combo2, coding.cognitiveLevel);
-  combo(ui_->Combo3, coding.seatworkOrg);
-
-  ui_->Frame5->setVisible(coding.choicesVisible);
-  groupTypes_->SetEnabled(coding.groupTypesEnabled);
-  groupTypes_->ShowSelected(coding.groupType);
 }
 
 void frmClassAct::RefreshButtons() {
@@ -236,22 +179,20 @@ void frmClassAct::TakeFocusWish() {
       FocusBox(ui_->txtEpisodeName, wish->caret);
       break;
     case LiveObservation::Control::Kind::activity:
-      activities_->Focus(wish->control.activity - 1);
+      coding_->FocusActivity(wish->control.activity);
       break;
   }
 }
 
 bool frmClassAct::eventFilter(QObject* watched, QEvent* event) {
-  switch (event->type()) {
-    case QEvent::KeyPress:
-      return HandleKey(watched, *static_cast<QKeyEvent*>(event));
-    case QEvent::FocusIn:
-    case QEvent::FocusOut:
-      HandleFocus(watched, *event);
-      return false;
-    default:
-      return false;
+  if (event->type() == QEvent::KeyPress) {
+    return HandleKey(watched, *static_cast<QKeyEvent*>(event));
   }
+  auto* control = qobject_cast<QWidget*>(watched);
+  if (event->type() == QEvent::FocusIn && ui_->Frame1->isAncestorOf(control)) {
+    ui_->scrollArea->ensureWidgetVisible(control);
+  }
+  return false;
 }
 
 bool frmClassAct::HandleKey(const QObject* watched, const QKeyEvent& event) {
@@ -277,40 +218,13 @@ bool frmClassAct::HandleKey(const QObject* watched, const QKeyEvent& event) {
   return enter;
 }
 
-void frmClassAct::HandleFocus(QObject* watched, const QEvent& event) {
-  const bool entered = event.type() == QEvent::FocusIn;
-  const bool wasHere = focused_ == watched;
-  if (entered) focused_ = watched;
-  if (!IsRealFocusChange(event)) return;
-  // A box that wants the focus back takes it from one that never had it.
-  if (!entered && !wasHere) return;
-  if (!entered) focused_ = nullptr;
-  auto* control = qobject_cast<QWidget*>(watched);
-  if (entered && ui_->Frame1->isAncestorOf(control)) ui_->scrollArea->ensureWidgetVisible(control);
-  for (const auto& [box, edit] : Boxes()) {
-    if (watched != edit) continue;
-    if (entered) {
-      live_.EnterHeader(box);
-    } else {
-      live_.LeaveHeader(box);
-      Refresh();
-    }
-  }
-  if (watched != ui_->txtEpisodeName) return;
-  if (entered) {
-    live_.EnterDescription();
-  } else {
-    live_.LeaveDescription();
-  }
-}
-
 void frmClassAct::showEvent(QShowEvent* event) {
   Refresh();
   QWidget::showEvent(event);
 }
 
 void frmClassAct::closeEvent(QCloseEvent* event) {
-  event->setAccepted(live_.RequestClose());
+  event->setAccepted(boxFocus_->CheckCurrent() && live_.RequestClose());
   Refresh();
 }
 

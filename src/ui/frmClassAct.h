@@ -7,6 +7,7 @@
 
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
+#include "observe/tick.h"
 #include "store/services.h"
 
 class QKeyEvent;
@@ -17,7 +18,8 @@ class frmClassAct;
 
 namespace orvex {
 
-class ChoiceGroup;
+class BoxFocus;
+class CodingPanel;
 
 /// The form on which a class is observed: it divides the class into episodes and segments.
 class frmClassAct : public QWidget {
@@ -39,32 +41,25 @@ class frmClassAct : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void BuildChoices();
   void ConnectTexts();
+  void WatchFocus();
   void ConnectButtons();
   void StartTimers();
   void KeepPlaces();
   void RefreshTexts();
   void RefreshClocks();
-  void RefreshCoding();
   void RefreshButtons();
   void TakeFocusWish();
   bool HandleKey(const QObject* watched, const QKeyEvent& event);
-  void HandleFocus(QObject* watched, const QEvent& event);
   std::array<std::pair<HeaderBox, QLineEdit*>, 5> Boxes() const;
   QLineEdit* BoxOf(HeaderBox box) const;
 
-  Prompter& prompter_;
   LiveObservation live_;
   SessionClocks clocks_;
+  GuardedTick timer3_;
   std::unique_ptr<Ui::frmClassAct> ui_;
-  ChoiceGroup* activities_ = nullptr;    // Option0
-  ChoiceGroup* writingKinds_ = nullptr;  // Option1
-  ChoiceGroup* groupTypes_ = nullptr;    // Option2
-  ChoiceGroup* groupSolo_ = nullptr;     // Option3
-  ChoiceGroup* preparation_ = nullptr;   // Option4
-  ChoiceGroup* organization_ = nullptr;  // Option5
-  const QObject* focused_ = nullptr;     // the control that has the focus, not yet left
+  CodingPanel* coding_ = nullptr;
+  std::unique_ptr<BoxFocus> boxFocus_;  // last: it must not see the form go down
 };
 
 }  // namespace orvex

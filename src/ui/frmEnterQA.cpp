@@ -30,9 +30,7 @@ frmEnterQA::frmEnterQA(const Services& services, LiveObservation& live, const Se
   ui_->setupUi(this);
   // What is hidden keeps its place, so that nothing under the observer's eyes moves.
   for (QWidget* child : ui_->codesPage->findChildren<QWidget*>()) KeepPlace(child);
-  ui_->lblLogTrouble->setAutoFillBackground(true);
-  ui_->lblLogTrouble->setBackgroundRole(QPalette::Highlight);
-  ui_->lblLogTrouble->setForegroundRole(QPalette::HighlightedText);
+  ShowAsWarning(ui_->lblLogTrouble);
   ConnectBoxes();
   ConnectButtons();
   StartTimer();
@@ -182,7 +180,7 @@ void frmEnterQA::TakeFocusWish() {
   const auto wish = entry_.TakeFocus();
   if (!wish) return;
   if (wish->control == Control::Command11_0) {
-    ui_->Command11_0->setFocus(Qt::OtherFocusReason);
+    ui_->Command11_0->setFocus(Qt::TabFocusReason);
     return;
   }
   QLineEdit* box = BoxAt(wish->control);
@@ -195,7 +193,10 @@ bool frmEnterQA::eventFilter(QObject* watched, QEvent* event) {
     return HandleKey(watched, *static_cast<QKeyEvent*>(event));
   }
   if (event->type() == QEvent::FocusIn && IsByHand(static_cast<QFocusEvent*>(event)->reason())) {
-    if (const auto control = ControlOf(watched)) {
+    const auto control = ControlOf(watched);
+    const bool byMouse = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+    // In the text a click means the place it is made at.
+    if (control && !(byMouse && control == Control::txtQuestion)) {
       // The click or Tab that brought the focus places its own caret first.
       QLineEdit* box = BoxAt(*control);
       QTimer::singleShot(0, box, [box, caret = QuestionEntry::CaretOf(*control)] {
@@ -213,8 +214,6 @@ bool frmEnterQA::HandleKey(const QObject* watched, const QKeyEvent& key) {
   const bool down = key.key() == Qt::Key_Down;
   const auto box = ControlOf(watched);
   if (save || enter || (down && box)) {
-    // A key held down counts once: it would file one question after the other.
-    if (key.isAutoRepeat()) return true;
     if (save) entry_.SaveQuestion();
     if (box && !save) entry_.EnterOrDown(*box);
   } else if (key.key() == Qt::Key_Up && box) {

@@ -1,9 +1,11 @@
 #include "ui/frmInput1.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QTimer>
+#include <utility>
+#include <vector>
 
+#include "ui/BoxFocus.h"
 #include "ui/show.h"
 #include "ui_frmInput1.h"
 
@@ -24,6 +26,7 @@ frmInput1::frmInput1(const Services& services, QWidget* parent)
       ui_(std::make_unique<Ui::frmInput1>()),
       timer1_(new QTimer(this)) {
   ui_->setupUi(this);
+  timer1_->setObjectName(QStringLiteral("Timer1"));
   boxes_ = {{{HeaderBox::initials, ui_->txtInitials},
              {HeaderBox::schoolNum, ui_->txtSchoolNum},
              {HeaderBox::classNum, ui_->txtClassNum},
@@ -37,16 +40,24 @@ frmInput1::frmInput1(const Services& services, QWidget* parent)
     setUp_.Reset();
     Refresh();
   });
-  connect(qApp, &QApplication::focusChanged, this, &frmInput1::FocusMoved);
+  std::vector<QWidget*> boxes;
+  for (const Box& box : boxes_) boxes.push_back(box.edit);
+  const auto left = [this](const QWidget* leaving) {
+    bool mayLeave = true;
+    for (const Box& box : boxes_) {
+      if (leaving == box.edit) mayLeave = setUp_.Leave(box.name);
+    }
+    Refresh();
+    return mayLeave;
+  };
+  boxFocus_ = std::make_unique<BoxFocus>(
+      this, std::move(boxes), [](QWidget*) {}, left);
   connect(timer1_, &QTimer::timeout, this, &frmInput1::Refresh);
   timer1_->start(kTenthOfASecond);
   Refresh();
 }
 
-frmInput1::~frmInput1() {
-  // The focus moves once more while the widget below is taken down.
-  qApp->disconnect(this);
-}
+frmInput1::~frmInput1() = default;
 
 void frmInput1::ConnectBox(const Box& box) {
   box.edit->installEventFilter(this);
@@ -82,18 +93,8 @@ void frmInput1::Focus(const SetUp::Focus::Target& wish) {
     case SetUp::Control::numStudents:
       return FocusBox(ui_->txtNumStudents, wish.caret);
     case SetUp::Control::start:
-      return ui_->Command1->setFocus(Qt::OtherFocusReason);
-  }
-}
-
-/// Told after the focus has arrived, so that a box that wants it back gets it. A window or a menu
-/// that comes in front has not taken it from the box for good, and is no move within the form.
-void frmInput1::FocusMoved(const QWidget* from, const QWidget* to) {
-  if (!to || to->window() != this) return;
-  for (const Box& box : boxes_) {
-    if (from != box.edit) continue;
-    setUp_.Leave(box.name);
-    Refresh();
+      // As Tab would: the style marks only a focus that the keyboard has brought.
+      return ui_->Command1->setFocus(Qt::TabFocusReason);
   }
 }
 

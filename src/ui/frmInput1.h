@@ -16,6 +16,8 @@ class frmInput1;
 
 namespace orvex {
 
+class BoxFocus;
+
 /// The set-up form, which identifies the observation that is to start.
 class frmInput1 : public QWidget {
   Q_OBJECT
@@ -40,13 +42,13 @@ class frmInput1 : public QWidget {
   void Start();
   bool KeyInBox(HeaderBox box, int key);
   bool KeyOnButton(const QObject* button, int key);
-  void FocusMoved(const QWidget* from, const QWidget* to);
   void Focus(const SetUp::Focus::Target& wish);
 
   SetUp setUp_;
   std::unique_ptr<Ui::frmInput1> ui_;
   std::array<Box, kHeaderBoxes.size()> boxes_;
   QTimer* timer1_;
+  std::unique_ptr<BoxFocus> boxFocus_;  // last: it must not see the form go down
 };
 
 }  // namespace orvex

@@ -41,6 +41,7 @@ frmSplash::frmSplash(const Services& services, std::filesystem::path programFold
   button(ui_->Command2, &MainMenu::Cancel);
 
   auto* timer1 = new QTimer(this);
+  timer1->setObjectName(QStringLiteral("Timer1"));
   connect(timer1, &QTimer::timeout, this, [this] {
     menu_.Tick();
     Refresh();

@@ -2,7 +2,9 @@
 
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <QSizePolicy>
 #include <QWidget>
 #include <string>
@@ -33,6 +35,7 @@ inline void ShowText(QLineEdit* box, const std::string& text) {
 inline void ShowText(QComboBox* box, const std::string& text) {
   const QString shown = ToQt(text);
   if (box->currentText() == shown) return;
+  const QSignalBlocker notTyped(box);
   // A text that is none of the entries stands before the first one, where the Down key finds it.
   box->setCurrentIndex(box->findText(shown, Qt::MatchExactly | Qt::MatchCaseSensitive));
   box->setEditText(shown);
@@ -49,6 +52,14 @@ inline void FocusBox(QLineEdit* box, Caret caret) {
 inline bool IsSpareMnemonic(const QKeyEvent& key) {
   const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::ShiftModifier;
   return modifiers == Qt::AltModifier && !key.text().isEmpty();
+}
+
+/// Makes `label` stand out without taking the focus.
+inline void ShowAsWarning(QLabel* label) {
+  label->setAutoFillBackground(true);
+  label->setBackgroundRole(QPalette::Highlight);
+  label->setForegroundRole(QPalette::HighlightedText);
+  label->setMargin(4);
 }
 
 /// Makes `control` keep its place in the layout while it is hidden.

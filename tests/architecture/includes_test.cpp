@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -23,11 +24,33 @@ const std::map<std::string, std::set<std::string>> kMayInclude = {
 };
 
 /// The folder that a line includes from; "" when it includes none of ours.
-std::string IncludedFolder(const std::string& line) {
-  constexpr std::string_view kInclude = "#include \"";
+std::string IncludedFolder(std::string_view line) {
+  const auto skip = [&line](std::string_view what) {
+    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+    if (!line.starts_with(what)) return false;
+    line.remove_prefix(what.size());
+    return true;
+  };
+  if (!skip("#") || !skip("include") || !skip("")) return "";
+  const bool quoted = line.starts_with('"');
   const std::size_t slash = line.find('/');
-  if (!line.starts_with(kInclude) || slash == std::string::npos) return "";
-  return line.substr(kInclude.size(), slash - kInclude.size());
+  if ((!quoted && !line.starts_with('<')) || slash == std::string_view::npos) return "";
+  const std::string folder(line.substr(1, slash - 1));
+  // Between angles it may be the system's; between quotes, only ours.
+  return quoted || kMayInclude.contains(folder) ? folder : "";
+}
+
+TEST(Architecture, IncludesAreSeenHoweverTheyAreWritten) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"#include \"store/paths.h\"", "store"},
+      {"# include <store/paths.h>", "store"},
+      {"  #include\t<ui/frmClassAct.h>", "ui"},
+      {"#include \"nowhere/at_all.h\"", "nowhere"},
+      {"#include <sys/stat.h>", ""},
+      {"#include <string>", ""},
+      {"// see #include \"store/paths.h\"", ""},
+  };
+  for (const auto& [line, folder] : cases) EXPECT_EQ(IncludedFolder(line), folder) << line;
 }
 
 TEST(Architecture, IncludesGoDownwardOnly) {

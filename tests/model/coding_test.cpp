@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <iterator>
 #include <string>
+#include <string_view>
 
 #include "model/question_info.h"
 
@@ -92,10 +94,36 @@ TEST(CodingScheme, TablesThatDifferInOneEntryOnly) {
   for (std::size_t i = 1; i < ActivityNames.size(); ++i) {
     EXPECT_EQ(ActivityNames[i], ActivityTexts[i]);
   }
-  const std::array<std::size_t, 9> blanks = {14, 16, 24, 12, 28, 36, 42, 42, 36};
-  for (std::size_t i = 0; i < blanks.size(); ++i) {
-    EXPECT_EQ(DimensionLabels[i].Blank, std::string(blanks[i], ' ')) << DimensionLabels[i].Label;
+}
+
+TEST(CodingScheme, TextsThatUsersKnow) {
+  struct Case {
+    const char* label;
+    std::size_t blanks;
+    const char* entryCaption;
+  };
+  constexpr Case kDimensions[] = {
+      {"Source", 14, "Source (T*/S) :"},
+      {"Response", 16, "Response (Y*/N) :"},
+      {"Authenticity", 24, "Authenticity (N*/A) :"},
+      {"Uptake", 12, "Uptake (N*/T/A) :"},
+      {"Cognitive Level", 28, "Cognitive Level (R*/H) :"},
+      {"Who answers question?", 36, "Who answers question?"},
+      {"One part of multiple response", 42, "One part of multiple response (Y/N*) :"},
+      {"Close down/Answer/Open up", 42, "Close down/Answer/Open up(C/A*/O) :"},
+      {"Elaborated/Unelaborated", 36, "Elaborated/Unelaborated (E/U*) :"},
+  };
+  static_assert(std::size(kDimensions) == kDimensionCount);
+  for (std::size_t i = 0; i < std::size(kDimensions); ++i) {
+    const auto& [label, blanks, entryCaption] = kDimensions[i];
+    EXPECT_EQ(DimensionLabels[i].Label, label);
+    EXPECT_EQ(DimensionLabels[i].Blank, std::string(blanks, ' ')) << label;
+    EXPECT_EQ(SchemeOf(static_cast<Dimension>(i)).entryCaption, entryCaption);
   }
+  const std::array<std::string_view, 5> groupWork = {
+      "Teacher-structured group work", "Prescripted task with obligatory student interaction",
+      "Limited student interaction", "Significant student interaction", "Autonomous group work"};
+  EXPECT_EQ(GroupWorkSubCats, groupWork);
 }
 
 }  // namespace

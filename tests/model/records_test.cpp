@@ -84,6 +84,7 @@ TEST(TimeOfDay, TextsOfTheClock) {
 TEST(Episode, MeansAndSums) {
   EXPECT_EQ(AverageOf({}), 0.0F);
   EXPECT_EQ(AverageOf({0.2F, 0.4F, 0.3F}), 0.3F);
+  EXPECT_EQ(AverageOf({16777216, 1, 1, 1}), 4194304.75F) << "the ones are lost in a sum of singles";
   Episode episode;
   EXPECT_EQ(episode.duration(), 0);
   episode.segments.resize(3);

@@ -35,7 +35,7 @@ TEST_F(ActivityTest, EachActivityShowsItsPanelsAndTakesItsEstimates) {
     live.ChooseActivity(activity);
     const SegmentCoding& coding = live.Coding();
     EXPECT_EQ(live.EstimateKind(), kinds[static_cast<std::size_t>(activity - 1)]);
-    EXPECT_EQ(coding.selectedActivity, activity);
+    EXPECT_EQ(live.SelectedActivity(), activity);
     EXPECT_EQ(coding.aboutVisible, activity == 4 || activity == 6 || activity == 12);
     EXPECT_EQ(coding.presentationVisible, activity == 7);
     EXPECT_EQ(coding.seatworkEnabled, activity >= 14 && activity <= 16);
@@ -87,7 +87,7 @@ TEST_F(ActivityTest, ARevisionRecodesTheWholeSegment) {
   live.ChooseActivity(17);
   EXPECT_EQ(desk.prompter.asked.back().buttons, Buttons::okCancel);
   EXPECT_EQ(live.CurActivity(), "14");
-  EXPECT_EQ(live.Coding().selectedActivity, 14);
+  EXPECT_EQ(live.SelectedActivity(), 14);
   EXPECT_EQ(live.Coding().source, "other");
   EXPECT_EQ(live.EstimateKind(), 2);
   EXPECT_EQ(live.TakeFocus()->control.activity, 14);

@@ -60,6 +60,9 @@ struct EndOfClassTest : testing::Test {
   }();
 };
 
+const std::string kNotWritten =
+    "The data files could not be written. The class is still in memory. Try again?";
+
 const std::string kEps =
     "********* Orvex 4.10 EPS file *********\r\n"
     "7,12,3, 25, \"AB\", 03-14-2001, 08:55:01,  1 \r\n"
@@ -95,11 +98,9 @@ TEST_F(EndOfClassTest, StoresEverythingAndEnds) {
 TEST_F(EndOfClassTest, AFullDiskKeepsTheClassUntilItIsStored) {
   TeachOneSegment();
   disk.full = FullDisk::Full::everything;
-  const std::string question =
-      "The data files could not be written. The class is still in memory. Try again?";
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
-  desk.prompter.Expect(question, Answer::yes);
-  desk.prompter.Expect(question, Answer::no);
+  desk.prompter.Expect(kNotWritten, Answer::yes);
+  desk.prompter.Expect(kNotWritten, Answer::no);
   live.cmdQuit_Click();
   EXPECT_NE(desk.prompter.asked.back().details.find("7-12-3.eps: No space left on device"),
             std::string::npos);
@@ -112,7 +113,7 @@ TEST_F(EndOfClassTest, AFullDiskKeepsTheClassUntilItIsStored) {
   // The class has gone on as if its end had not been asked for.
   desk.clock.Advance(60);
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
-  desk.prompter.Expect(question, Answer::yes, [this] { disk.full = FullDisk::Full::nothing; });
+  desk.prompter.Expect(kNotWritten, Answer::yes, [this] { disk.full = FullDisk::Full::nothing; });
   live.cmdQuit_Click();
   std::string expected = kEps;
   for (auto at = expected.find("600"); at != std::string::npos; at = expected.find("600")) {
@@ -125,22 +126,49 @@ TEST_F(EndOfClassTest, AFullDiskKeepsTheClassUntilItIsStored) {
   EXPECT_NE(logText.find("Class interruption 660\r\n"), std::string::npos);
 }
 
-TEST_F(EndOfClassTest, ALogThatCannotBeCompletedKeepsTheClassToo) {
+TEST_F(EndOfClassTest, ALogThatCannotBeCompletedDoesNotKeepTheObserver) {
   TeachOneSegment();
   disk.full = FullDisk::Full::log;
   const std::string question =
-      "The session log could not be completed. The class is still in memory. Try again?";
+      "The class is stored, but the session log could not be completed. Try again?";
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
+  desk.prompter.Expect(question, Answer::yes);
   desk.prompter.Expect(question, Answer::no);
   live.cmdQuit_Click();
-  EXPECT_FALSE(desk.program.QuitRequested);
-  EXPECT_TRUE(log.File().IsOpen());
-  desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
-  desk.prompter.Expect(question, Answer::yes, [this] { disk.full = FullDisk::Full::nothing; });
-  live.cmdQuit_Click();
-  EXPECT_TRUE(desk.program.QuitRequested);
   EXPECT_EQ(FileBytes(desk.folder / "EPS/7/12/7-12-3.eps"), kEps);
-  EXPECT_TRUE(FileBytes(desk.folder / "BAK/7/12/7-12-3.bak").ends_with("LOG OFF: 09:10:00\r\n"));
+  EXPECT_TRUE(desk.program.QuitRequested);
+  EXPECT_EQ(desk.screens.Take().back(), "end");
+}
+
+TEST_F(EndOfClassTest, AHeaderThatNamesNoFilesIsToldBeforeAnythingEnds) {
+  TeachOneSegment();
+  live.TypeHeader(HeaderBox::classNum, "12x");
+  desk.prompter.Expect("School, class and observation must be numbers from 0 to 32767.",
+                       Answer::ok);
+  live.cmdQuit_Click();
+  EXPECT_EQ(live.TakeFocus()->control.box, HeaderBox::classNum);
+  EXPECT_TRUE(live.CurrentEpisode().segments.empty());
+}
+
+TEST_F(EndOfClassTest, ARefusedEndLeavesNoTraceInTheEpisodeBefore) {
+  TeachOneSegment();
+  desk.prompter.Expect("Start New Episode?", Answer::yes);
+  live.cmdStartNewEp_Click();
+  live.KeyInDescription();
+  live.TypeDescription("More poems");
+  live.ChooseActivity(9);
+  disk.full = FullDisk::Full::everything;
+  desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
+  desk.prompter.Expect(kNotWritten, Answer::no);
+  live.cmdQuit_Click();
+  disk.full = FullDisk::Full::nothing;
+  live.UpdateActivityControls();
+  live.cmdBailout_Click();
+  EXPECT_EQ(live.CurSegment(), 2);
+  EXPECT_EQ(live.CurActivity(), "9");
+  EXPECT_NE(FileBytes(desk.folder / "BAK/7/12/7-12-3.bak")
+                .find("***** CLASS NOT ENDED, IT GOES ON ***** 09:10:00\r\n"),
+            std::string::npos);
 }
 
 TEST_F(EndOfClassTest, BeforeTheFirstKeyItLeavesAtOnce) {

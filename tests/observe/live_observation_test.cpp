@@ -205,6 +205,18 @@ TEST_F(LiveTest, ANewEpisodeBecomesASegmentAgain) {
   EXPECT_EQ(EpisodeNo(1).segments[1].duration, 25);
 }
 
+TEST_F(LiveTest, ASegmentThatHasItsActivityKeepsItWhenItsEpisodeGoes) {
+  Describe("First");
+  live.ChooseActivity(5);
+  NewEpisode();
+  Describe("Second");
+  live.ChooseActivity(4);
+  Convert();
+  EXPECT_EQ(live.SelectedActivity(), 4);
+  NewSegment();
+  EXPECT_EQ(Activities(1), (std::vector<int>{5, 4}));
+}
+
 TEST_F(LiveTest, ASecondClickOnTheConversionWaitsForItsCaption) {
   Describe("First");
   live.ChooseActivity(1);

@@ -66,6 +66,15 @@ TEST_F(HeaderTest, AnExistingLogIsOverwrittenOnlyOnRequest) {
   EXPECT_EQ(desk.prompter.asked.back().buttons, Buttons::okCancel);
 }
 
+TEST_F(HeaderTest, ADeclinedNumberHoldsUpNoOtherBox) {
+  test::PutFile(Log("7/12/7-12-9.bak"), "another class");
+  desk.prompter.Expect("7-12-9.bak already exists. Overwrite it?", Answer::cancel);
+  EXPECT_TRUE(Change(observNum, "9"));
+  EXPECT_TRUE(Change(schoolNum, "7"));
+  EXPECT_TRUE(Change(classNum, "12"));
+  EXPECT_EQ(desk.prompter.asked.size(), 1U);
+}
+
 TEST_F(HeaderTest, RefusesWhatNamesNoFile) {
   for (const char* text : {"x", "-1", "32768", "1e2"}) {
     EXPECT_FALSE(Change(schoolNum, text)) << text;
@@ -87,6 +96,8 @@ TEST_F(HeaderTest, ARevisedNumberOfStudentsIsLoggedFromTheSecondVisitOn) {
   EXPECT_TRUE(Change(numStudents, "26"));
   EXPECT_FALSE(Change(numStudents, "0"));
   EXPECT_EQ(header.Text(numStudents), "");
+  EXPECT_FALSE(header.Leave(numStudents));
+  EXPECT_EQ(header.Text(numStudents), "26") << "a class without students is none";
   EXPECT_EQ(desk.NewLogText(), "");
   EXPECT_TRUE(Change(numStudents, "24"));
   EXPECT_EQ(desk.NewLogText(), "REVISED N= 24 09:00:00\n");

@@ -88,7 +88,7 @@ TEST_F(LeavingEntry, AbortGivesTheSegmentItsPreviousActivityBack) {
   EXPECT_EQ(NewLogText(), "REVISED ACTIVITY # for Ep. 1 Sg. 2 :  8 09:00:00\n");
   EXPECT_EQ(live->CurActivity(), "8");
   EXPECT_EQ(live->EstimateKind(), -1);
-  EXPECT_EQ(live->Coding().selectedActivity, 0);
+  EXPECT_EQ(live->SelectedActivity(), 0);
   EXPECT_EQ(live->Description(), "Macbeth");
   EXPECT_EQ(screens.Take(), (Moves{"show liveObservation", "close questionEntry"}));
 
@@ -130,7 +130,7 @@ TEST_F(LeavingEntry, DittoOffersThePreviousActivity) {
     Click(Command::Command5);
     EXPECT_EQ(live->CurSegment(), segment + 1);
     EXPECT_EQ(live->CurActivity(), std::to_string(c.previous));
-    EXPECT_EQ(live->Coding().selectedActivity, c.previous);
+    EXPECT_EQ(live->SelectedActivity(), c.previous);
     EXPECT_EQ(screens.Take(), (Moves{"show liveObservation", "close questionEntry"}));
     live->StartNewSeg();
   }

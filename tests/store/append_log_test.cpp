@@ -1,8 +1,11 @@
 #include "store/append_log.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <cstring>
+#include <fstream>
+#include <thread>
 
 #include "store/file_error.h"
 #include "support/faulty_storage.h"
@@ -37,7 +40,7 @@ TEST_F(AppendLogTest, NoFailureDoublesLosesOrReordersAnything) {
   const std::vector<std::string> entries = {"one\r\n", "two, longer\r\n", "\r\n", "four\r\n"};
   std::string all;
   for (const std::string& entry : entries) all += entry;
-  for (const int error : {ENOSPC, EIO, EROFS, EACCES}) {
+  for (const int error : {ENOSPC, EDQUOT, EIO, EBADF, EROFS}) {
     for (const std::size_t limit : {1U, 4U, 1000U}) {
       for (int failing = 1; failing <= 10; ++failing) {
         SCOPED_TRACE(std::to_string(failing) + " of writes of " + std::to_string(limit));
@@ -56,11 +59,43 @@ TEST_F(AppendLogTest, NoFailureDoublesLosesOrReordersAnything) {
           EXPECT_TRUE(sofar.starts_with(FileBytes(path)));
           EXPECT_EQ(log.Trouble(), whole ? "" : path.string() + ": " + std::strerror(error));
         }
-        while (!log.Trouble().empty()) log.Retry();
+        for (int tries = 0; tries < 3 && !log.Trouble().empty(); ++tries) log.Retry();
+        log.Close();
         EXPECT_EQ(FileBytes(path), all);
+        EXPECT_EQ(faulty.OpenDescriptors(), 0);
       }
     }
   }
+}
+
+TEST_F(AppendLogTest, ADeadDescriptorIsReplacedAndTheFilePutBackWhole) {
+  AppendLog log(storage);
+  log.Open(path);
+  log.Append("one\r\n");
+  // The stick is pulled out and put in again, empty.
+  std::filesystem::remove(path);
+  storage.Fail(1, EIO, "write");
+  for (const char* call : {"open", "rename"}) storage.Fail(1, EROFS, call);
+  log.Append("two\r\n");
+  EXPECT_EQ(log.Trouble(), path.string() + ": " + std::strerror(EROFS));
+  log.Retry();
+  EXPECT_NE(log.Trouble(), "");
+  log.Retry();
+  EXPECT_EQ(log.Trouble(), "");
+  EXPECT_EQ(FileBytes(path), "one\r\ntwo\r\n");
+  log.Append("three\r\n");
+  EXPECT_EQ(FileBytes(path), "one\r\ntwo\r\nthree\r\n");
+  log.Close();
+  EXPECT_EQ(storage.OpenDescriptors(), 0);
+}
+
+TEST_F(AppendLogTest, WhatAnotherProgramAddsIsNotOverwritten) {
+  AppendLog log(storage);
+  log.Open(path);
+  log.Append("one\r\n");
+  std::ofstream(path, std::ios::app) << "theirs\r\n";
+  log.Append("two\r\n");
+  EXPECT_EQ(FileBytes(path), "one\r\ntheirs\r\ntwo\r\n");
 }
 
 TEST_F(AppendLogTest, ASlowDiskDoesNotHoldUpTheObserver) {
@@ -77,22 +112,38 @@ TEST_F(AppendLogTest, ASlowDiskDoesNotHoldUpTheObserver) {
   storage.AwaitSyncs(2);  // what came in the meantime is synced as well
 }
 
-TEST_F(AppendLogTest, AFailedSyncIsToldUntilTheLogIsClosed) {
+TEST_F(AppendLogTest, AfterAFailedSyncNothingIsSafeUntilItIsWrittenAnew) {
   AppendLog log(storage);
   log.Open(path);
+  for (int rename = 1; rename <= 3; ++rename) storage.Fail(rename, EACCES, "rename");
+  storage.HoldSyncs(true);
   storage.Fail(1, EIO, "syncData");
   log.Append("first\r\n");
   storage.AwaitSyncs(1);
+  std::thread disk([this] { storage.HoldSyncs(false); });
+  for (int tries = 0; tries < 3; ++tries) {
+    EXPECT_THROW(log.Close(), FileError) << "the sync is waited for, and its failure kept";
+    EXPECT_TRUE(log.IsOpen());
+    EXPECT_EQ(log.Trouble(), path.string() + ": " + std::strerror(EACCES));
+  }
+  disk.join();
+  storage.Take();
   log.Append("second\r\n");
-  storage.AwaitSyncs(2);  // begins only when the first one's failure is known
-  const std::string trouble = path.string() + ": " + std::strerror(EIO);
-  EXPECT_EQ(log.Trouble(), trouble);
-  log.Append("third\r\n");
-  EXPECT_EQ(log.Trouble(), trouble);
+  EXPECT_EQ(log.Trouble(), "");
+  log.Close();
+  EXPECT_EQ(std::ranges::count(storage.Take(), "rename"), 1);
+  EXPECT_EQ(FileBytes(path), "first\r\nsecond\r\n");
+}
+
+TEST_F(AppendLogTest, AnErrorOfTheClosingIsToldButTheLogIsClosed) {
+  AppendLog log(storage);
+  log.Open(path);
+  log.Append("first\r\n");
+  storage.Fail(1, EIO, "close");
   EXPECT_THROW(log.Close(), FileError);
-  EXPECT_TRUE(log.IsOpen());
+  EXPECT_FALSE(log.IsOpen());
+  EXPECT_EQ(storage.OpenDescriptors(), 0);
   EXPECT_NO_THROW(log.Close());
-  EXPECT_EQ(FileBytes(path), "first\r\nsecond\r\nthird\r\n");
 }
 
 TEST_F(AppendLogTest, MovingFollowsTheFile) {
@@ -114,24 +165,27 @@ TEST_F(AppendLogTest, MovingFollowsTheFile) {
   EXPECT_EQ(log.Path(), moved);
   EXPECT_EQ(FileBytes(moved), "before\r\nafter\r\nstill here\r\n");
 
+  // The folder's sync fails behind the observer's back, and the file cannot be put back at first.
   storage.Fail(1, EIO, "sync");
+  storage.Fail(2, EACCES, "rename");
   log.MoveTo(path);
-  EXPECT_EQ(log.Trouble(), path.string() + ": " + std::strerror(EIO));
+  EXPECT_THROW(log.Close(), FileError);
+  EXPECT_EQ(log.Trouble(), path.string() + ": " + std::strerror(EACCES));
+  log.Close();
+  EXPECT_EQ(FileBytes(path), "before\r\nafter\r\nstill here\r\n");
 }
 
 TEST_F(AppendLogTest, ClosingCanBeTriedAgain) {
-  for (const char* call : {"write", "syncData"}) {
-    AppendLog log(storage);
-    log.Open(path);
-    storage.Fail(1, ENOSPC, "write");
-    log.Append("the last entry\r\n");
-    storage.Fail(1, ENOSPC, call);
-    EXPECT_THROW(log.Close(), FileError) << call;
-    EXPECT_TRUE(log.IsOpen());
-    log.Close();
-    EXPECT_FALSE(log.IsOpen());
-    EXPECT_EQ(FileBytes(path), "the last entry\r\n");
-  }
+  AppendLog log(storage);
+  log.Open(path);
+  storage.Fail(1, ENOSPC, "write");
+  storage.Fail(2, ENOSPC, "write");
+  log.Append("the last entry\r\n");
+  EXPECT_THROW(log.Close(), FileError);
+  EXPECT_TRUE(log.IsOpen());
+  log.Close();
+  EXPECT_FALSE(log.IsOpen());
+  EXPECT_EQ(FileBytes(path), "the last entry\r\n");
 }
 
 TEST_F(AppendLogTest, WhatWaitsIsWrittenWhenTheProgramEnds) {
@@ -145,21 +199,36 @@ TEST_F(AppendLogTest, WhatWaitsIsWrittenWhenTheProgramEnds) {
   EXPECT_EQ(FileBytes(path), "waiting\r\n");
 }
 
-TEST_F(AppendLogTest, AFailedOpenLeavesTheLogOpenAsItWas) {
+TEST_F(AppendLogTest, AFailedOpenLeavesEverythingAsItWas) {
+  const auto other = folder / "other.bak";
+  PutFile(other, "another class");
+  ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
   AppendLog log(storage);
-  EXPECT_THROW(log.Open(folder / "none/1.bak"), FileError);
-  EXPECT_FALSE(log.IsOpen());
+  for (const auto& wrong : {folder / "none/1.bak", folder / "pipe", folder.Path()}) {
+    EXPECT_THROW(log.Open(wrong), FileError) << wrong;
+    EXPECT_FALSE(log.IsOpen());
+  }
+  EXPECT_EQ(storage.OpenDescriptors(), 0);
   log.Open(path);
-  for (const char* call : {"open", "sync", "syncData"}) {
+  for (const char* call : {"open", "sync", "truncate"}) {
     storage.Fail(1, EIO, call);
-    EXPECT_THROW(log.Open(folder / "other.bak"), FileError) << call;
+    EXPECT_THROW(log.Open(other), FileError) << call;
     EXPECT_EQ(log.Path(), path);
+    EXPECT_EQ(FileBytes(other), "another class");
+    EXPECT_EQ(storage.OpenDescriptors(), 1);
     log.Append(call);
   }
-  EXPECT_EQ(FileBytes(path), "opensyncsyncData");
-  log.Open(folder / "other.bak");
+  // Nor is a log given up that cannot be completed.
+  storage.Fail(1, ENOSPC, "write");
+  storage.Fail(2, ENOSPC, "write");
+  log.Append("!");
+  EXPECT_THROW(log.Open(other), FileError);
+  EXPECT_EQ(FileBytes(other), "another class");
+  log.Open(other);
   log.Append("other");
-  EXPECT_EQ(FileBytes(folder / "other.bak"), "other");
+  EXPECT_EQ(FileBytes(path), "opensynctruncate!");
+  EXPECT_EQ(FileBytes(other), "other");
+  EXPECT_EQ(storage.OpenDescriptors(), 1);
 }
 
 }  // namespace

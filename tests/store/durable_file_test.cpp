@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 #include "store/file_error.h"
@@ -34,7 +35,10 @@ auto FilesIn(const fs::path& folder) {
 }
 
 TEST(ReplaceFile, AnyCallMayFailForAnyReason) {
-  ::umask(022);
+  struct Mask {
+    const mode_t old = ::umask(022);
+    ~Mask() { ::umask(old); }
+  } const mask;
   struct Start {
     bool exists;
     std::vector<std::string> calls;
@@ -71,12 +75,16 @@ TEST(ReplaceFile, AnyCallMayFailForAnyReason) {
         } catch (const FileError& failure) {
           told = failure.what();
         }
-        const bool forgiven = failing >= static_cast<int>(calls.size()) || failing == forgivenCall;
+        // A folder that may not be read cannot be synced, and that is no error.
+        const bool noFolder = error == EACCES && failing > renaming;
+        const bool forgiven =
+            failing >= static_cast<int>(calls.size()) || failing == forgivenCall || noFolder;
         const bool replaced = forgiven || failing > renaming;
         EXPECT_EQ(told, forgiven ? "" : path.string() + ": " + std::strerror(error));
         EXPECT_EQ(FileBytes(path), replaced ? kNew : exists ? kOld : "");
         EXPECT_EQ(FilesIn(folder.Path()), replaced || exists ? 1 : 0);
         EXPECT_TRUE(!exists || ModeOf(path) == 0640);
+        EXPECT_EQ(storage.OpenDescriptors(), 0);
       }
     }
   }
@@ -85,11 +93,14 @@ TEST(ReplaceFile, AnyCallMayFailForAnyReason) {
 TEST(ReplaceFile, SignalsAndWhatACrashLeftBehindDoNotDisturbIt) {
   const TestFolder folder;
   FaultyStorage storage;
-  storage.Fail(1, EEXIST, "open");
+  const fs::path left = folder / (".orvex-" + std::to_string(::getpid()) + "-1.tmp");
+  PutFile(left, kOld);
   storage.Fail(2, EINTR, "open");
-  for (const char* call : {"write", "sync", "close"}) storage.Fail(1, EINTR, call);
+  for (const char* call : {"write", "setMode", "sync", "close"}) storage.Fail(1, EINTR, call);
   ReplaceFile(storage, folder / "notes", kNew);
   EXPECT_EQ(FileBytes(folder / "notes"), kNew);
+  EXPECT_EQ(FileBytes(left), kOld);
+  EXPECT_EQ(FilesIn(folder.Path()), 2);
 }
 
 TEST(ReplaceFile, KeepsOwnerAndModeAndIsPrivateMeanwhile) {
@@ -120,11 +131,25 @@ TEST(ReplaceFile, KeepsOwnerAndModeAndIsPrivateMeanwhile) {
   EXPECT_EQ(status.st_uid, uid_t{12345});
   EXPECT_EQ(status.st_gid, gid_t{23456});
 
-  storage.Fail(1, EPERM, "setOwner");  // as it is for everybody else: the group, at least
-  ReplaceFile(storage, path, kOld);
-  ASSERT_EQ(::stat(path.c_str(), &status), 0);
-  EXPECT_EQ(status.st_gid, gid_t{23456});
-  EXPECT_EQ(FileBytes(path), kOld);
+  for (const int refusal : {EPERM, EINVAL}) {
+    storage.Fail(1, refusal, "setOwner");  // as it is for everybody else: the group, at least
+    ReplaceFile(storage, path, kOld);
+    ASSERT_EQ(::stat(path.c_str(), &status), 0);
+    EXPECT_EQ(status.st_gid, gid_t{23456});
+    EXPECT_EQ(FileBytes(path), kOld);
+  }
+}
+
+TEST(ReplaceFile, SomeFileSystemsCannotSyncAFolder) {
+  const TestFolder folder;
+  for (const int error : {EINVAL, EACCES, EPERM, ENOSYS, ENOTSUP}) {
+    for (const auto& [number, call] : {std::pair{2, "sync"}, {2, "open"}}) {
+      FaultyStorage storage;
+      storage.Fail(number, error, call);
+      EXPECT_NO_THROW(ReplaceFile(storage, folder / "notes", kNew)) << call << " " << error;
+      EXPECT_EQ(storage.OpenDescriptors(), 0);
+    }
+  }
 }
 
 TEST(ReplaceFile, LinksStayLinks) {
@@ -155,7 +180,10 @@ TEST(Files, OnlyRegularFilesAreReadAndReplaced) {
       {folder.Path(), "Is a directory"},
       {folder / "none", "No such file or directory"},
       {folder / "pipe", "not a regular file"},
+      {folder / "endless", "File too large"},
   };
+  PutFile(folder / "endless", "");
+  fs::resize_file(folder / "endless", std::uintmax_t{1} << 40U);  // a single hole
   for (const auto& [path, cause] : cases) {
     try {
       ReadFile(path);
@@ -181,6 +209,9 @@ TEST(Files, AFolderIsMadeOnceAndOnlyWhereItCanBe) {
     storage.Fail(1, EROFS, call);
     EXPECT_THROW(EnsureFolder(storage, folder / call), FileError);
   }
+  storage.Fail(1, EIO, "sync");  // the folder is there by now, but perhaps not on the disk
+  EXPECT_THROW(EnsureFolder(storage, folder / "sync"), FileError);
+  EXPECT_EQ(storage.OpenDescriptors(), 0);
 }
 
 }  // namespace

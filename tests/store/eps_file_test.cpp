@@ -124,6 +124,7 @@ TEST(EpsFile, NoTextCanBreakTheFile) {
   EpsObservation typed = SmallObservation();
   typed.header.identity.Initials = "\"J\", R";
   typed.header.StartTime = "9,05";
+  typed.header.ObservDate = " March ";
   Episode& episode = typed.Episodes[0];
   episode.Descript = "Act 1,\r\nscene 2\n";
   episode.segments[0].aboutdata = "\nfate\r";
@@ -133,6 +134,7 @@ TEST(EpsFile, NoTextCanBreakTheFile) {
   const auto back = Read(Written(typed));
   EXPECT_EQ(back.header.identity.Initials, "'J', R");
   EXPECT_EQ(back.header.StartTime, "9,05");
+  EXPECT_EQ(back.header.ObservDate, " March ");
   EXPECT_EQ(back.Episodes[0].Descript, "Act 1, scene 2 ");
   EXPECT_EQ(back.Episodes[0].segments[0].aboutdata, " fate ");
   EXPECT_EQ(back.Episodes[0].questions[0].question, "Who? Why?(<----- 7 ; 7 ----->)");
@@ -162,6 +164,54 @@ TEST(EpsFile, AWindows1252FileTurnsToUtf8ForACharacterItLacks) {
   const auto back = Read(Written(old));
   EXPECT_EQ(back.header.encoding, Encoding::utf8);
   EXPECT_EQ(back.Episodes, old.Episodes);
+}
+
+/// The file of an observation whose first line that begins with `start` is `line` instead.
+std::string WithLine(const EpsObservation& observation, const std::string& start,
+                     const std::string& line) {
+  std::string bytes = Written(observation);
+  const std::size_t at = bytes.find("\r\n" + start);
+  if (at == std::string::npos) {
+    ADD_FAILURE() << start << " is not in " << bytes;
+    return bytes;
+  }
+  return bytes.replace(at + 2, bytes.find("\r\n", at + 2) - at - 2, line);
+}
+
+TEST(EpsFile, NumbersThatAreNotKeptMayBeOfAnySize) {
+  EpsObservation observation = SmallObservation();
+  auto& questions = observation.Episodes[0].questions;
+  questions.resize(3, questions[0]);
+  for (questionInfo& question : questions) question.Source = 1;
+  const std::string nines(400, '9');
+  const std::pair<const char*, std::string> cases[] = {
+      {" 6 , 60 , 3 ,", " 6 ,1e999, 3 ,,40000, 1 , 1 "},
+      {" 6 , 60 , 3 ,", " 6 ," + nines + ", 3 ,,-.5, 1 , 1 "},
+      {"3\r\n", "40000"},
+      {" 0 , 0 , 0 , 3 ,", "40000,1e999," + nines + ",." + std::string(400, '0') + "1,5,6,7,0"},
+      {" 0 , 0 , 0 , 0 , 0 , 60 ,", "1e999,40000,0,0,0,0,0,0,0,0,0,0,0,0,0,0," + nines},
+  };
+  for (const auto& [start, line] : cases) {
+    EXPECT_EQ(Read(WithLine(observation, start, line)).Episodes, observation.Episodes) << line;
+  }
+  EXPECT_THROW(Read(WithLine(observation, " 6 , 60 , 3 ,", " 6 ,x, 3 ,,0, 1 , 1 ")), FormatError);
+}
+
+TEST(EpsFile, AMarkersTwoNumbersAreNotMixedUp) {
+  const auto back = Read(WithLine(SmallObservation(), "Why?", "Why?(<----- 2 ; 5 ----->)"));
+  EXPECT_EQ(back.Episodes[0].questions[0].iEpQ, 2);
+  EXPECT_EQ(back.Episodes[0].questions[0].iSgQ, 5);
+}
+
+TEST(EpsFile, ARepairedFirstSegmentLosesItsAboutText) {
+  EpsObservation observation = SmallObservation();
+  observation.Episodes[0].segments[0].SetData(4, 60, {.about = "a film"});
+  Messages messages;
+  const auto back =
+      ParseEps(WithLine(observation, " 4 , 60 , 1 ,", " 6 , 60 , 1 ,, 0 , 1 , 0 "), messages);
+  EXPECT_EQ(messages.told.size(), 1U);
+  EXPECT_EQ(back.Episodes[0].segments[0].activityNum, 6);
+  EXPECT_EQ(back.Episodes[0].segments[0].aboutdata, "");
 }
 
 TEST(EpsFile, TheLastMarkerOfAQuestionCounts) {

@@ -80,9 +80,16 @@ TEST(OptionsFile, TheFirstLineIsTheDataFolder) {
   FaultyStorage storage;
   EXPECT_EQ(ReadOptionsFile(folder.Path()), std::nullopt);
   const std::pair<std::string, std::optional<std::string>> cases[] = {
-      {"", std::nullopt},   {"/data", "/data"},
-      {"/data\n", "/data"}, {" /d \xE9/\r\nmore\r\n", " /d \xE9/"},
-      {"\r\n/data", ""},    {"/a\rb\n", "/a\rb"},
+      {"", std::nullopt},
+      {"/data", "/data"},
+      {"/data\n", "/data"},
+      {" /d \xE9/\r\nmore\r\n", " /d \xE9/"},
+      {"\r\n/data", ""},
+      {"/a\rb\n", "/a\rb"},
+      {"\xEF\xBB\xBF/data\r\n", "/data"},
+      {"\xEF\xBB\xBF", std::nullopt},
+      {"/data\n" + std::string(9000, 'x'), "/data"},
+      {std::string(9000, 'x') + "\n", std::nullopt},
   };
   for (const auto& [bytes, line] : cases) {
     PutFile(folder / "options", bytes);

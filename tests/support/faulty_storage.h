@@ -1,10 +1,15 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <chrono>
 #include <condition_variable>
-#include <map>
 #include <mutex>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "store/storage.h"
@@ -21,25 +26,30 @@ class FaultyStorage : public Storage {
   }
   /// No write takes more than `bytes`.
   void LimitWrites(std::size_t bytes) { mostBytes_ = bytes; }
-  /// Every sync of a log waits until it is let go.
+  /// Every sync of a log waits until it is let go, or until the test can only have failed.
   void HoldSyncs(bool hold) {
     const std::lock_guard lock(mutex_);
     held_ = hold;
     changed_.notify_all();
   }
-  /// Waits until the disk was asked for `count` syncs of a log.
+  /// Waits until the disk was asked for `count` syncs of a log since the last `Take`.
   void AwaitSyncs(int count) {
     std::unique_lock lock(mutex_);
-    changed_.wait(lock, [&] { return std::ranges::count(calls_, "syncData") >= count; });
+    EXPECT_TRUE(changed_.wait_for(lock, kLongest, [&] { return syncs_ >= count; })) << syncs_;
   }
+  /// How many descriptors have been opened and not closed.
+  int OpenDescriptors() const { return openDescriptors_; }
   /// The names of the calls since the last `Take`, in order.
   std::vector<std::string> Take() {
     const std::lock_guard lock(mutex_);
+    syncs_ = 0;
     return std::exchange(calls_, {});
   }
 
   int Open(const char* path, int flags, mode_t mode) override {
-    return Failing("open") ? -1 : Storage::Open(path, flags, mode);
+    const int descriptor = Failing("open") ? -1 : Storage::Open(path, flags, mode);
+    if (descriptor >= 0) ++openDescriptors_;
+    return descriptor;
   }
   ssize_t Write(int descriptor, const void* bytes, std::size_t count) override {
     if (Failing("write")) return -1;
@@ -51,8 +61,9 @@ class FaultyStorage : public Storage {
     const int cause = errno;
     {
       std::unique_lock lock(mutex_);
+      ++syncs_;
       changed_.notify_all();
-      changed_.wait(lock, [this] { return !held_; });
+      changed_.wait_for(lock, kLongest, [this] { return !held_; });
     }
     errno = cause;
     return failing ? -1 : Storage::SyncData(descriptor);
@@ -62,6 +73,7 @@ class FaultyStorage : public Storage {
     const bool failing = Failing("close");
     const int cause = errno;
     const int result = Storage::Close(descriptor);
+    if (result == 0) --openDescriptors_;
     errno = cause;
     return failing ? -1 : result;
   }
@@ -78,8 +90,13 @@ class FaultyStorage : public Storage {
   int SetMode(int descriptor, mode_t mode) override {
     return Failing("setMode") ? -1 : Storage::SetMode(descriptor, mode);
   }
+  int Truncate(int descriptor, off_t size) override {
+    return Failing("truncate") ? -1 : Storage::Truncate(descriptor, size);
+  }
 
  private:
+  static constexpr std::chrono::seconds kLongest{60};
+
   struct Fault {
     std::string name;
     int left;
@@ -104,7 +121,9 @@ class FaultyStorage : public Storage {
   std::vector<Fault> faults_;
   std::vector<std::string> calls_;
   std::size_t mostBytes_ = static_cast<std::size_t>(-1);
+  int syncs_ = 0;
   bool held_ = false;
+  std::atomic<int> openDescriptors_ = 0;
 };
 
 }  // namespace orvex::test

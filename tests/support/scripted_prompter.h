@@ -4,7 +4,9 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "model/prompter.h"
@@ -12,7 +14,7 @@
 namespace orvex::test {
 
 /// Answers from a script and records what was asked, with its buttons and default. A question that
-/// the script does not expect fails the test and gets its default.
+/// the script does not expect fails the test and is refused, so that "Try again?" comes to an end.
 class ScriptedPrompter : public Prompter {
  public:
   ~ScriptedPrompter() override {
@@ -31,7 +33,7 @@ class ScriptedPrompter : public Prompter {
     asked.push_back(message);
     if (answers_.empty()) {
       ADD_FAILURE() << "not expected: " << message.text << " | " << message.details;
-      return message.defaultAnswer;
+      return Refusal(message.buttons);
     }
     const Expected next = answers_.front();
     answers_.pop_front();
@@ -65,6 +67,18 @@ class ScriptedPrompter : public Prompter {
     Answer answer;
     std::function<void()> during;
   };
+  static Answer Refusal(Buttons buttons) {
+    switch (buttons) {
+      case Buttons::ok:
+        return Answer::ok;
+      case Buttons::yesNo:
+        return Answer::no;
+      case Buttons::okCancel:
+      case Buttons::yesNoCancel:
+        break;
+    }
+    return Answer::cancel;
+  }
   std::deque<Expected> answers_;
   std::deque<std::optional<std::string>> texts_;
 };

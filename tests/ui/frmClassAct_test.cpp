@@ -73,7 +73,7 @@ TEST_F(LiveForm, OffersInEachStateItsButtonsAndTheirMnemonics) {
 }
 
 TEST_F(LiveForm, TabLeadsFromTheDescriptionToTheButtons) {
-  const std::string divide = "cmdStartNewSg cmdStartNewQASg cmdStartNewEp cmdQuit ";
+  const std::string divide = "cmdStartNewEp cmdStartNewSg cmdStartNewQASg cmdQuit ";
   const std::string header = "txtSchoolNum txtClassNum txtObservNum txtInitials txtNumStudents ";
   const std::pair<const char*, std::string> ways[] = {
       {"", "cmdQuit "},
@@ -209,12 +209,12 @@ TEST_F(LiveForm, GoesRoundTheHeaderWithTheKeys) {
 }
 
 TEST_F(LiveForm, KeepsTheFocusInAHeaderBoxThatIsNoNumber) {
-  const auto press = [this](const char* name) {
-    QTest::mousePress(Find(*form_, name), Qt::LeftButton);
+  const auto click = [this](const char* name) {
+    QTest::mouseClick(Find(*form_, name), Qt::LeftButton);
   };
   const std::function<void()> ways[] = {
       [] { Keys("\n"); },      [] { Keys("{Up}"); },      [] { Keys("\t"); },
-      [] { Keys("{Alt+E}"); }, [&] { press("cmdQuit"); }, [&] { press("Option0_0"); },
+      [] { Keys("{Alt+E}"); }, [&] { click("cmdQuit"); }, [&] { click("Option0_0"); },
   };
   for (const char* name : {"txtSchoolNum", "txtClassNum", "txtObservNum", "txtNumStudents"}) {
     for (const auto& leave : ways) {
@@ -280,6 +280,15 @@ TEST_F(LiveForm, ClosesOnlyBeforeTheFirstKeyOrAfterTheEnd) {
   form_->close();
   EXPECT_EQ(screens.Take().back(), "end");
   EXPECT_TRUE(form_->close());
+
+  program.QuitRequested = false;
+  Begin("Act\t ");
+  Revise("txtClassNum", "13");
+  prompter.Expect("Verify END OF CLASS", Answer::no);
+  form_->close();
+  EXPECT_EQ(log.File().Path().filename(), "7-13-3.bak") << "the box is left before anything ends";
+  Revise("txtClassNum", "x");
+  EXPECT_FALSE(form_->close()) << "a box that cannot be left keeps the window";
 }
 
 }  // namespace

@@ -2,9 +2,13 @@
 
 #include <QApplication>
 
+#include "ui/HeldKeys.h"
+
 int main(int argc, char* argv[]) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);
+  orvex::HeldKeys heldKeys;
+  qApp->installEventFilter(&heldKeys);
   return RUN_ALL_TESTS();
 }

@@ -174,7 +174,7 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"", "How would you put it?\nt\ny\na\n\nh\n\"Max\", twice\n\ne\n", text},
       {"", "unfinished\nt\ny\n{Alt+N}But why?\ns\ny\na\nt\nh\nMia\no\ne\n", text},
       {"", "{Alt+D}\t\t", "Command5"},
-      {"09:33:02", " ", "Option0_4"},
+      {"09:33:02", " ", "Option0_9"},
       {"09:34:02", "{Alt+S}c ", "Option0_2", kSegment},
       {"09:35:02", "{Alt+P}", "txtEpisodeName", kEpisode},
 

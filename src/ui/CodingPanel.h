@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+namespace Ui {
+class frmClassAct;
+}
+
+namespace orvex {
+
+class ChoiceGroup;
+class LiveObservation;
+
+/// The part of the live form that codes the running segment: the activities and their sub-codes.
+class CodingPanel : public QObject {
+  Q_OBJECT
+
+ public:
+  /// `chosen` runs after each choice.
+  CodingPanel(Ui::frmClassAct& ui, LiveObservation& live, std::function<void()> chosen,
+              QObject* parent);
+
+  void Refresh();
+  void FocusActivity(int activity);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void BuildChoices();
+  void ConnectCombos();
+
+  Ui::frmClassAct& ui_;
+  LiveObservation& live_;
+  std::function<void()> chosen_;
+  ChoiceGroup* activities_ = nullptr;    // Option0
+  ChoiceGroup* writingKinds_ = nullptr;  // Option1
+  ChoiceGroup* groupTypes_ = nullptr;    // Option2
+  ChoiceGroup* groupSolo_ = nullptr;     // Option3
+  ChoiceGroup* preparation_ = nullptr;   // Option4
+  ChoiceGroup* organization_ = nullptr;  // Option5
+};
+
+}  // namespace orvex
