@@ -114,6 +114,7 @@ void LiveObservation::FocusDescription() {
 }
 
 void LiveObservation::FocusCurActivity() {
+  if (curActivity_.empty()) return FocusDescription();
   focus_.Set({.kind = Kind::activity, .activity = ActivityNumber(curActivity_)});
 }
 
@@ -190,12 +191,16 @@ void LiveObservation::EndEpisode() {
   services_.log.LogEpisode(curEpisode_, Description(),
                            SecondsOfDay(Now() - episodeStart_, services_.prompter));
   if (CurQuestions().empty()) return;
-  CurrentEpisode().offtask = AverageOf(offtaskEstimates_);
+  StoreOfftaskMean();
   services_.log.LogBlankLine();
-  LogOfftask();
+  LogOfftaskMean();
 }
 
-void LiveObservation::LogOfftask() {
+void LiveObservation::StoreOfftaskMean() {
+  CurrentEpisode().offtask = AverageOf(offtaskEstimates_);
+}
+
+void LiveObservation::LogOfftaskMean() {
   services_.log.LogEpisodeOfftask(curEpisode_, CurrentEpisode().offtask,
                                   static_cast<int>(offtaskEstimates_.size()));
 }
@@ -239,10 +244,10 @@ void LiveObservation::CloseEpisodeForSegment() {
   services_.log.LogSegmentToEpisode();
   services_.log.LogEpisode(curEpisode_, Description(), CurrentEpisode().duration());
   if (CurQuestions().empty()) return;
-  CurrentEpisode().offtask = AverageOf(offtaskEstimates_);
+  StoreOfftaskMean();
   services_.log.LogBlankLine();
   services_.log.LogActiveEstimates(curEpisode_);
-  LogOfftask();
+  LogOfftaskMean();
 }
 
 void LiveObservation::StartNewEpi2() {

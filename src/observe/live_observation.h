@@ -31,8 +31,6 @@ class LiveObservation {
   };
   using Focus = FocusWish<Control>;
 
-  /// `EstimateKind` of a segment whose activity takes no off-task estimates.
-  static constexpr int kNoEstimates = 6;
   /// The numbers of episodes, segments and questions are stored in 16 bits.
   static constexpr int kMost = 32767;
 
@@ -137,8 +135,8 @@ class LiveObservation {
   void StartNewEpi2();
   void RevertNewEpisode();
   void AppendEpisode();
-  void StoreOfftask();
-  void LogOfftask();
+  void StoreOfftaskMean();
+  void LogOfftaskMean();
   bool SetActivity(int activity);
   void ApplyActivity(int activity);
   void EnableOTTimerInClassAct();
