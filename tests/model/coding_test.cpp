@@ -1,20 +1,21 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <iterator>
 #include <string>
 #include <string_view>
+#include <tuple>
+#include <vector>
 
 #include "model/question_info.h"
+#include "model/validation.h"
+#include "support/scripted_prompter.h"
 
 namespace orvex {
 namespace {
 
-questionInfo WithLetters(std::string_view src, std::string_view rspns, std::string_view auth,
-                         std::string_view uptake, std::string_view coglev, std::string_view pfMany,
-                         std::string_view tResp, std::string_view elab) {
+questionInfo Typed(const std::array<std::string_view, 8>& t) {
   questionInfo q;
-  q.SetValue("Why?", src, rspns, auth, uptake, coglev, "Ana", pfMany, tResp, elab, 2, 5);
+  q.SetValue("Why?", t[0], t[1], t[2], t[3], t[4], "Ana", t[5], t[6], t[7], 2, 5);
   return q;
 }
 
@@ -28,102 +29,65 @@ std::string Letters(const questionInfo& q) {
 }
 
 TEST(QuestionInfo, EveryLetterGoesInAndOutInEitherCase) {
-  struct Case {
-    std::array<std::string_view, 8> typed;
-    std::string_view shown;
-  };
-  const Case cases[] = {
+  const std::pair<std::array<std::string_view, 8>, std::string_view> cases[] = {
       {{"T", "Y", "N", "N", "R", "Y", "C", "E"}, "TYNNRYCE"},
       {{"s", "n", "a", "t", "h", "n", "a", "u"}, "SNATHNAU"},
       {{"S", "Y", "A", "A", "H", "N", "o", "U"}, "SYAAHNOU"},
-      {{"", "X", "T", "R", "N", "A", "Y", "S"}, "--------"},
-      {{"TT", " Y", "N ", "é", "RH", "YN", "CA", "EU"}, "--------"},
+      {{"", "X", "TT", " Y", "é", "A", "Y", "S"}, "--------"},
   };
-  for (const Case& c : cases) {
-    const auto& t = c.typed;
-    EXPECT_EQ(Letters(WithLetters(t[0], t[1], t[2], t[3], t[4], t[5], t[6], t[7])), c.shown);
-  }
-}
-
-TEST(QuestionInfo, ValuesOutsideTheTable) {
-  questionInfo q;
-  EXPECT_EQ(Letters(q), "--------");
-  q.Source = q.Response = q.cognitive = 5;
-  q.authenticity = q.uptake = q.onePartOfMulti = q.tResponse = q.elaborated = 5;
-  EXPECT_EQ(Letters(q), "SN--H---");
-  q.Source = q.uptake = -2;
-  EXPECT_EQ(Letters(q), "SN--H---");
+  for (const auto& [typed, shown] : cases) EXPECT_EQ(Letters(Typed(typed)), shown);
 }
 
 TEST(QuestionInfo, NormalLeavesNameAndFollowUpOpen) {
-  questionInfo q = WithLetters("S", "N", "A", "T", "H", "Y", "C", "E");
-  EXPECT_FALSE(q.IsNormal());
+  questionInfo q = Typed({"S", "N", "A", "T", "H", "Y", "C", "E"});
   q.SetNormal();
   EXPECT_EQ(Letters(q), "TYNNRN-U");
-  EXPECT_TRUE(q.IsNormal());
   EXPECT_EQ(q.respondName, "Ana");
   q.tResponse = 2;
-  q.respondName.clear();
   EXPECT_TRUE(q.IsNormal());
   q.elaborated = kUncoded;
   EXPECT_FALSE(q.IsNormal());
-  EXPECT_FALSE(questionInfo{}.IsNormal());
 }
 
-TEST(QuestionInfo, CopyTakesTheCodesAndOnRequestTheText) {
-  questionInfo from = WithLetters("S", "Y", "A", "T", "H", "N", "O", "E");
-  from.bSkip = true;
-  questionInfo codesOnly;
-  codesOnly.question = "Mine";
-  codesOnly.iEpQ = 9;
-  codesOnly.Copy(from, false);
-  EXPECT_EQ(Letters(codesOnly), Letters(from));
-  EXPECT_EQ(codesOnly.respondName, "Ana");
-  EXPECT_EQ(codesOnly.question, "Mine");
-  EXPECT_EQ(codesOnly.iEpQ, 9);
-  EXPECT_EQ(codesOnly.iSgQ, 0);
-  EXPECT_FALSE(codesOnly.bSkip);
-  questionInfo withText;
-  withText.Copy(from);
-  EXPECT_EQ(withText.question, "Why?");
+/// A question of which only the source and the response are coded.
+questionInfo Coded(std::string_view src, std::string_view rspns) {
+  questionInfo q = Typed({src, rspns});
+  q.respondName.clear();
+  return q;
 }
 
-TEST(CodingScheme, TablesThatDifferInOneEntryOnly) {
-  EXPECT_EQ(ActivityNames[0], "Procedures && directions");
-  EXPECT_EQ(ActivityTexts[0], "Procedures & directions");
-  for (std::size_t i = 1; i < ActivityNames.size(); ++i) {
-    EXPECT_EQ(ActivityNames[i], ActivityTexts[i]);
-  }
-}
-
-TEST(CodingScheme, TextsThatUsersKnow) {
-  struct Case {
-    const char* label;
-    std::size_t blanks;
-    const char* entryCaption;
+TEST(Validation, WhatAQuestionMustCarryFollowsSourceAndResponse) {
+  using enum Dimension;
+  const std::tuple<const char*, const char*, std::vector<Dimension>> cases[] = {
+      {"S", "", {response, respondName}},
+      {"", "Y", {source}},
+      {"T", "N", {}},
+      {"S", "N", {respondName}},
+      {"T", "Y", {authenticity, uptake, cognitive, respondName, onePartOfMulti, elaborated}},
+      {"S", "Y", {authenticity, uptake, cognitive, respondName, tResponse, elaborated}},
   };
-  constexpr Case kDimensions[] = {
-      {"Source", 14, "Source (T*/S) :"},
-      {"Response", 16, "Response (Y*/N) :"},
-      {"Authenticity", 24, "Authenticity (N*/A) :"},
-      {"Uptake", 12, "Uptake (N*/T/A) :"},
-      {"Cognitive Level", 28, "Cognitive Level (R*/H) :"},
-      {"Who answers question?", 36, "Who answers question?"},
-      {"One part of multiple response", 42, "One part of multiple response (Y/N*) :"},
-      {"Close down/Answer/Open up", 42, "Close down/Answer/Open up(C/A*/O) :"},
-      {"Elaborated/Unelaborated", 36, "Elaborated/Unelaborated (E/U*) :"},
-  };
-  static_assert(std::size(kDimensions) == kDimensionCount);
-  for (std::size_t i = 0; i < std::size(kDimensions); ++i) {
-    const auto& [label, blanks, entryCaption] = kDimensions[i];
-    EXPECT_EQ(DimensionLabels[i].Label, label);
-    EXPECT_EQ(DimensionLabels[i].Blank, std::string(blanks, ' ')) << label;
-    EXPECT_EQ(SchemeOf(static_cast<Dimension>(i)).entryCaption, entryCaption);
+  for (const auto& [src, rspns, missing] : cases) {
+    EXPECT_EQ(FindMissingCodes(Coded(src, rspns)).dimensions, missing) << src << rspns;
   }
-  const std::array<std::string_view, 5> groupWork = {
-      "Teacher-structured group work", "Prescripted task with obligatory student interaction",
-      "Limited student interaction", "Significant student interaction", "Autonomous group work"};
-  EXPECT_EQ(GroupWorkSubCats, groupWork);
+  EXPECT_TRUE(FindMissingCodes(questionInfo{}).text);
+}
+
+TEST(Validation, TheSearchGoesRoundOnceAndSaysWhenNothingIsLeft) {
+  test::ScriptedPrompter prompter;
+  EpisodeList episodes(3);
+  const questionInfo complete = Coded("T", "N");
+  episodes[0].questions = {complete, complete};
+  episodes[1].questions = {Coded("", "Y"), complete, complete, complete};
+  using Place = std::pair<int, int>;
+  for (auto [ep, q] : {Place{2, 3}, {1, 1}, {3, 1}, {2, 1}, {0, 0}, {9, 40}}) {
+    EXPECT_EQ(FindUncodedQuestion(episodes, ep, q, prompter), 1);
+    EXPECT_EQ(Place(ep, q), Place(2, 1));
+  }
+  episodes[1].questions[0] = complete;
+  prompter.Expect("Everything coded; no invalid codes found", Answer::ok);
+  auto [ep, q] = Place(2, 7);
+  EXPECT_EQ(FindUncodedQuestion(episodes, ep, q, prompter), -1);
+  EXPECT_EQ(Place(ep, q), Place(2, 7));
 }
 
 }  // namespace

@@ -60,19 +60,11 @@ TEST_F(HeaderTest, AnExistingLogIsOverwrittenOnlyOnRequest) {
   EXPECT_EQ(header.Text(observNum), "9");
   EXPECT_EQ(FileBytes(Log("7/12/7-12-9.bak")), "another class");
   EXPECT_EQ(desk.log.File().Path(), Log("7/12/7-12-3.bak"));
+  EXPECT_TRUE(Change(classNum, "12")) << "a declined number holds up no other box";
   desk.prompter.Expect("7-12-9.bak already exists. Overwrite it?", Answer::ok);
   EXPECT_TRUE(Change(observNum, "9"));
   EXPECT_EQ(FileBytes(Log("7/12/7-12-9.bak")), "\r\n");
   EXPECT_EQ(desk.prompter.asked.back().buttons, Buttons::okCancel);
-}
-
-TEST_F(HeaderTest, ADeclinedNumberHoldsUpNoOtherBox) {
-  test::PutFile(Log("7/12/7-12-9.bak"), "another class");
-  desk.prompter.Expect("7-12-9.bak already exists. Overwrite it?", Answer::cancel);
-  EXPECT_TRUE(Change(observNum, "9"));
-  EXPECT_TRUE(Change(schoolNum, "7"));
-  EXPECT_TRUE(Change(classNum, "12"));
-  EXPECT_EQ(desk.prompter.asked.size(), 1U);
 }
 
 TEST_F(HeaderTest, RefusesWhatNamesNoFile) {
@@ -88,28 +80,6 @@ TEST_F(HeaderTest, RefusesWhatNamesNoFile) {
   desk.prompter.Expect("The session log could not be renamed.", Answer::ok);
   EXPECT_FALSE(Change(schoolNum, "9"));
   EXPECT_TRUE(std::filesystem::exists(Log("7/12/7-12-3.bak")));
-}
-
-TEST_F(HeaderTest, ARevisedNumberOfStudentsIsLoggedFromTheSecondVisitOn) {
-  desk.NewLogText();
-  EXPECT_TRUE(Change(numStudents, "26"));
-  EXPECT_TRUE(Change(numStudents, "26"));
-  EXPECT_FALSE(Change(numStudents, "0"));
-  EXPECT_EQ(header.Text(numStudents), "");
-  EXPECT_FALSE(header.Leave(numStudents));
-  EXPECT_EQ(header.Text(numStudents), "26") << "a class without students is none";
-  EXPECT_EQ(desk.NewLogText(), "");
-  EXPECT_TRUE(Change(numStudents, "24"));
-  EXPECT_EQ(desk.NewLogText(), "REVISED N= 24 09:00:00\n");
-}
-
-TEST_F(HeaderTest, TheKeysGoRound) {
-  HeaderBox box = schoolNum;
-  for (const HeaderBox next : {classNum, observNum, initials, numStudents, schoolNum}) {
-    EXPECT_EQ(ObservationHeader::Next(box), next);
-    EXPECT_EQ(ObservationHeader::Previous(next), box);
-    box = next;
-  }
 }
 
 }  // namespace

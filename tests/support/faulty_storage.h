@@ -34,15 +34,13 @@ class FaultyStorage : public Storage {
   }
   /// Waits until the disk was asked for `count` syncs of a log since the last `Take`.
   void AwaitSyncs(int count) {
-    std::unique_lock lock(mutex_);
-    EXPECT_TRUE(changed_.wait_for(lock, kLongest, [&] { return syncs_ >= count; })) << syncs_;
+    AwaitThat([&] { return std::ranges::count(calls_, "syncData") >= count; });
   }
   /// How many descriptors have been opened and not closed.
   int OpenDescriptors() const { return openDescriptors_; }
   /// The names of the calls since the last `Take`, in order.
   std::vector<std::string> Take() {
     const std::lock_guard lock(mutex_);
-    syncs_ = 0;
     return std::exchange(calls_, {});
   }
 
@@ -59,44 +57,23 @@ class FaultyStorage : public Storage {
   int SyncData(int descriptor) override {
     const bool failing = Failing("syncData");
     const int cause = errno;
-    {
-      std::unique_lock lock(mutex_);
-      ++syncs_;
-      changed_.notify_all();
-      changed_.wait_for(lock, kLongest, [this] { return !held_; });
-    }
+    AwaitThat([this] { return !held_; });
     errno = cause;
     return failing ? -1 : Storage::SyncData(descriptor);
   }
   int Close(int descriptor) override {
     // As on Linux, the descriptor is gone even when the close fails.
-    const bool failing = Failing("close");
-    const int cause = errno;
-    const int result = Storage::Close(descriptor);
-    if (result == 0) --openDescriptors_;
-    errno = cause;
-    return failing ? -1 : result;
+    if (Storage::Close(descriptor) == 0) --openDescriptors_;
+    return Failing("close") ? -1 : 0;
   }
   int Rename(const char* from, const char* to) override {
     return Failing("rename") ? -1 : Storage::Rename(from, to);
   }
-  int Unlink(const char* path) override { return Failing("unlink") ? -1 : Storage::Unlink(path); }
-  int MakeFolder(const char* path, mode_t mode) override {
-    return Failing("makeFolder") ? -1 : Storage::MakeFolder(path, mode);
-  }
-  int SetOwner(int descriptor, uid_t owner, gid_t group) override {
-    return Failing("setOwner") ? -1 : Storage::SetOwner(descriptor, owner, group);
-  }
   int SetMode(int descriptor, mode_t mode) override {
     return Failing("setMode") ? -1 : Storage::SetMode(descriptor, mode);
   }
-  int Truncate(int descriptor, off_t size) override {
-    return Failing("truncate") ? -1 : Storage::Truncate(descriptor, size);
-  }
 
  private:
-  static constexpr std::chrono::seconds kLongest{60};
-
   struct Fault {
     std::string name;
     int left;
@@ -106,14 +83,21 @@ class FaultyStorage : public Storage {
   bool Failing(const std::string& call) {
     const std::lock_guard lock(mutex_);
     calls_.push_back(call);
+    changed_.notify_all();
     bool failing = false;
     for (Fault& fault : faults_) {
-      if (!fault.name.empty() && fault.name != call) continue;
-      if (--fault.left != 0) continue;
+      const bool meant = fault.name.empty() || fault.name == call;
+      if (!meant || --fault.left != 0) continue;
       errno = fault.error;
       failing = true;
     }
     return failing;
+  }
+
+  template <typename Condition>
+  void AwaitThat(Condition condition) {
+    std::unique_lock lock(mutex_);
+    EXPECT_TRUE(changed_.wait_for(lock, std::chrono::seconds(60), condition));
   }
 
   std::mutex mutex_;
@@ -121,7 +105,6 @@ class FaultyStorage : public Storage {
   std::vector<Fault> faults_;
   std::vector<std::string> calls_;
   std::size_t mostBytes_ = static_cast<std::size_t>(-1);
-  int syncs_ = 0;
   bool held_ = false;
   std::atomic<int> openDescriptors_ = 0;
 };

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace orvex::test {
@@ -15,52 +14,30 @@ inline std::filesystem::path SamplesFolder() {
   return whole != nullptr ? whole : ORVEX_TEST_DATA;
 }
 
-/// The files of `folder` with `extension`.
-inline std::vector<std::filesystem::path> SampleFiles(const std::filesystem::path& folder,
-                                                      std::string_view extension) {
-  std::vector<std::filesystem::path> files;
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    if (entry.path().extension() == extension) files.push_back(entry.path());
-  }
-  return files;
-}
-
 /// What reading one malformed or borderline file does.
 struct BadSample {
   std::string file;
-  std::string expect;                 ///< "accept", "repair", "ask-version" or "reject"
-  std::string after;                  ///< how it ends once the version question is answered
+  bool accepted = false;
   std::vector<std::string> messages;  ///< what the user is told, in order
-
-  bool Accepted() const { return (expect == "ask-version" ? after : expect) != "reject"; }
 };
 
 /// Reads bad/manifest.json, which has one value on a line and no escapes but "\n".
-inline std::vector<BadSample> BadSamples(std::string_view extension) {
+inline std::vector<BadSample> BadSamples(const std::string& extension) {
   std::vector<BadSample> samples;
   std::ifstream manifest(SamplesFolder() / "bad" / "manifest.json");
   for (std::string line; std::getline(manifest, line);) {
-    const auto value = [&line] {
-      const std::size_t colon = line.find("\": ");
-      const std::size_t start = line.find('"', colon == std::string::npos ? 0 : colon + 3) + 1;
-      std::string text = line.substr(start, line.rfind('"') - start);
-      if (const auto escape = text.find("\\n"); escape != std::string::npos) {
-        text.replace(escape, 2, "\n");
-      }
-      return text;
-    };
-    if (line.find("\"file\": ") != std::string::npos) {
-      samples.push_back({value(), "", "", {}});
-    } else if (line.find("\"expect\": ") != std::string::npos) {
-      samples.back().expect = value();
-    } else if (line.find("\"after\": ") != std::string::npos) {
-      samples.back().after = value();
-    } else if (line.starts_with("   \"")) {
-      samples.back().messages.push_back(value());
+    const std::size_t end = line.rfind('"');
+    if (end == std::string::npos) continue;
+    const std::size_t start = line.rfind('"', end - 1) + 1;
+    std::string value = line.substr(start, end - start);
+    if (const auto at = value.find("\\n"); at != std::string::npos) value.replace(at, 2, "\n");
+    if (line.starts_with("  \"file\"")) samples.push_back({value, false, {}});
+    if (line.starts_with("  \"expect\"") || line.starts_with("  \"after\"")) {
+      samples.back().accepted = value != "reject";
     }
+    if (line.starts_with("   \"")) samples.back().messages.push_back(value);
   }
-  std::erase_if(samples,
-                [&](const BadSample& sample) { return !sample.file.ends_with(extension); });
+  std::erase_if(samples, [&](const auto& sample) { return !sample.file.ends_with(extension); });
   return samples;
 }
 

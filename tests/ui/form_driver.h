@@ -25,20 +25,6 @@ inline std::string FocusedName() {
   return focused ? focused->objectName().toStdString() : "nothing";
 }
 
-/// Presses a key where the focus is.
-inline void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-  QWidget* focused = QApplication::focusWidget();
-  ASSERT_NE(focused, nullptr);
-  QTest::keyClick(focused, key, modifiers);
-}
-
-/// Types where the focus is.
-inline void Type(const char* text) {
-  QWidget* focused = QApplication::focusWidget();
-  ASSERT_NE(focused, nullptr);
-  QTest::keyClicks(focused, QString::fromUtf8(text));
-}
-
 inline void Click(QWidget* control) {
   QTest::mouseClick(control, Qt::LeftButton);
 }

@@ -1,0 +1,80 @@
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+#include "start/main_menu.h"
+#include "start/start_up.h"
+#include "support/desk.h"
+#include "support/faulty_storage.h"
+
+namespace orvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(ProgramFolder, IsTheExecutablesOrElseTheUsers) {
+  const test::TestFolder disk;
+  Storage storage;
+  const fs::path user = disk / ".local/share/orvex";
+  EXPECT_EQ(ProgramFolder(storage, {disk.Path(), true, user}), disk.Path());
+  EXPECT_FALSE(fs::exists(disk / ".local")) << "nothing is made that is not needed";
+  EXPECT_EQ(ProgramFolder(storage, {"/usr/bin", false, user}), user);
+  EXPECT_TRUE(fs::is_directory(user));
+  test::PutFile(disk / "file", "in the way");
+  EXPECT_EQ(ProgramFolder(storage, {"/usr/bin", false, disk / "file/orvex"}), disk / "file/orvex");
+}
+
+TEST(DataPath, IsTheFirstLineOfTheOptionsFileWhereThatNamesAFolder) {
+  const test::TestFolder disk;
+  const std::string folder = (disk / "my obs").string();
+  fs::create_directories(folder);
+  const std::pair<std::string, std::string> cases[] = {
+      {"\xEF\xBB\xBF" + folder + "/\r\nmore\r\n", folder + "/"},
+      {"\r\n" + folder, disk.Path()},
+      {std::string(9000, '/') + "\n", disk.Path()},
+      {(disk / "options").string() + "\r\n", disk.Path()},
+  };
+  for (const auto& [options, path] : cases) {
+    test::PutFile(disk / "options", options);
+    Program program;
+    SettleDataPath(program, disk.Path());
+    EXPECT_EQ(program.DataPath.string(), path) << options;
+  }
+}
+
+TEST(MainMenu, RemembersTheFolderForTheNextStart) {
+  test::Desk desk;
+  const std::string folder = (desk.folder / "obs").string();
+  fs::create_directory(folder);
+  MainMenu menu(desk.services, desk.folder.Path());
+  const std::tuple<std::optional<std::string>, std::string, std::string, std::string> steps[] = {
+      {std::nullopt, desk.folder.Path(), desk.folder.Path(), ""},
+      {folder, desk.folder.Path(), folder, folder + "\r\n"},
+      {"", folder, folder, folder + "\r\n"},
+      {"/not/there", folder, "/not/there", "/not/there\r\n"},
+      {"one\ntwo", "/not/there", "one two", "one two\r\n"},
+  };
+  for (const auto& [answer, offered, path, stored] : steps) {
+    desk.prompter.ExpectText(answer);
+    menu.ChangeDataPath();
+    EXPECT_EQ(desk.prompter.askedTexts.back().defaultText, offered);
+    EXPECT_EQ(desk.program.DataPath, path);
+    EXPECT_EQ(test::FileBytes(desk.folder / "options"), stored);
+  }
+}
+
+TEST(MainMenu, TellsThatTheFolderCouldNotBeStoredAndUsesItAllTheSame) {
+  test::Desk desk;
+  test::FaultyStorage full;
+  full.Fail(1, ENOSPC, "write");
+  MainMenu menu({desk.program, desk.log, full, desk.clock, desk.prompter, desk.screens},
+                desk.folder.Path());
+  desk.prompter.ExpectText("/data");
+  desk.prompter.Expect("The data folder could not be stored.", Answer::ok);
+  menu.ChangeDataPath();
+  EXPECT_NE(desk.prompter.asked.back().details.find("options"), std::string::npos);
+  EXPECT_EQ(desk.program.DataPath, "/data");
+}
+
+}  // namespace
+}  // namespace orvex

@@ -1,0 +1,260 @@
+// The two forms on which a class is observed: what the keyboard and the mouse do on them.
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QRadioButton>
+
+#include "support/desk.h"
+#include "ui/frmClassAct.h"
+#include "ui/frmEnterQA.h"
+#include "ui/keys.h"
+
+namespace orvex {
+namespace {
+
+using namespace test;
+
+const std::string kEntry = "Act\tr {Alt+S}q ";
+
+class ClassForms : public testing::Test, protected Desk {
+ protected:
+  /// A new class, in which the observer has pressed `keys` on the live form and then `entryKeys` on
+  /// the question entry, if that was opened. What was asked was answered with Yes.
+  QWidget& Begin(const std::string& keys, const std::string& entryKeys = "") {
+    entry_.reset();
+    live_.reset();
+    program.QuitRequested = false;
+    OpenLog();
+    logRead = 0;
+    live_ = std::make_unique<frmClassAct>(services);
+    PressIn(*live_, keys);
+    if (keys.ends_with("q ")) {
+      entry_ = std::make_unique<frmEnterQA>(services, live_->Live(), live_->Clocks());
+      PressIn(*entry_, entryKeys);
+    }
+    TickForms();
+    Settle();
+    NewLogText();
+    screens.Take();
+    return Form();
+  }
+  void PressIn(QWidget& form, const std::string& keys) {
+    for (const auto& [key, question] : kQuestions) {
+      if (keys.find(key) != std::string::npos) prompter.Expect(question, Answer::yes);
+    }
+    Activate(form);
+    Keys(keys);
+  }
+
+  QWidget& Form() const {
+    return entry_ ? static_cast<QWidget&>(*entry_) : static_cast<QWidget&>(*live_);
+  }
+  QLineEdit* Box(const std::string& name) const { return Find<QLineEdit>(Form(), name.c_str()); }
+  std::string Text(const std::string& box) const { return Box(box)->text().toStdString(); }
+  void Revise(const std::string& box, const std::string& keys) {
+    Box(box)->setFocus();
+    Box(box)->selectAll();
+    Keys(keys);
+  }
+  std::vector<questionInfo>& Questions() { return live_->Live().CurQuestions(); }
+
+  std::unique_ptr<frmClassAct> live_;
+  std::unique_ptr<frmEnterQA> entry_;
+};
+
+TEST_F(ClassForms, OfferInEachStateTheirButtonsAndMnemonics) {
+  const std::tuple<std::string, const char*, const char*> states[] = {
+      {"", "", "&End Class"},
+      {"Act", "", ""},
+      {"Act\t {Backtab}", "", "E&PISODE|&SEGMENT|&Q/A|&End Class"},
+      {"Act\t {Backtab}{Backspace}", "", ""},
+      {"Act\tl ", "", "&About|E&PISODE|&SEGMENT|&Q/A|&End Class"},
+      {"Act\t {Alt+S}", "", "Sg. &to Ep."},
+      {"Act\t {Alt+S} ", "", "E&PISODE|&SEGMENT|&Q/A|Sg. &to Ep.|&End Class"},
+      {"Act\t {Alt+P}", "", "Ep. &to Sg."},
+      {"Act\t {Alt+P}B\t ", "", "E&PISODE|&SEGMENT|&Q/A|Ep. &to Sg.|&End Class"},
+      {kEntry, "", "&Abort"},
+      {kEntry, "Why?\n", "Nor&mal|&Next Q|Scr&ap"},
+      {kEntry, "Why?\n{Alt+A}", "&Abort"},
+      {kEntry, "Why?\nt\nn\n", "&Ditto|&SEGMENT|E&PISODE|&Last|&End Class"},
+      {kEntry, "Why?\nt\nn\nAnd?\n", "Nor&mal|&Ditto|&Next Q|Scr&ap"},
+      {kEntry, "Why?\nt\nn\nAnd?\n{Up}\n",
+       "Nor&mal|&Ditto|&Next Q|&SEGMENT|Scr&ap|&Last|&End Class"},
+      {kEntry, "Why?\nt\nn\n{Alt+D}", "&Ditto|Reading a|&SEGMENT|E&PISODE|&Last|&End Class"},
+      {kEntry, "Why?\nt\nn\n{Alt+L}", "&Abort"},
+      {kEntry, "Why?\nt\nn\n{Alt+P}", "&Yes|&No"},
+  };
+  for (const auto& [keys, entryKeys, captions] : states) {
+    SCOPED_TRACE(keys + entryKeys);
+    const auto open = [&, &on = keys, &in = entryKeys]() -> QWidget& { return Begin(on, in); };
+    EXPECT_EQ(CaptionsOf(open()), captions);
+    TryButtons(prompter, open, !keys.empty());
+  }
+}
+
+TEST_F(ClassForms, TabLeadsFromTheDescriptionRoundTheLiveForm) {
+  const std::string divide = "cmdStartNewEp cmdStartNewSg cmdStartNewQASg cmdQuit ";
+  const std::pair<const char*, std::string> ways[] = {
+      {"", "cmdQuit "},
+      {"Act", "Option0_0 "},
+      {"Act\tl ", "Option0_3 Command9 " + divide},
+      {"Act\ts ", "Option0_6 Option3_1 Option4_0 Option5_0 " + divide},
+      {"Act\tsss ", "Option0_13 Option1_0 Combo1 Combo2 Combo3 " + divide},
+      {"Act\t{End} ", "Option0_16 Option2_0 " + divide},
+  };
+  for (const auto& [keys, way] : ways) {
+    Begin(keys);
+    Box("txtEpisodeName")->setFocus();
+    std::string there;
+    do {
+      Keys("\t");
+      there += FocusedName() + " ";
+    } while (FocusedName() != "txtEpisodeName" && there.size() < 1000);
+    EXPECT_EQ(there, way +
+                         "txtSchoolNum txtClassNum txtObservNum txtInitials txtNumStudents "
+                         "txtEpisodeName ");
+  }
+}
+
+TEST_F(ClassForms, KeysMoveAmongTheActivitiesAndOnlySpaceChooses) {
+  const std::tuple<int, const char*, int> moves[] = {
+      {0, "{Down}", 1}, {12, "{Right}", 13}, {16, "{Down}", 0}, {0, "{Up}", 16}, {5, "{Left}", 4},
+      {9, "{Home}", 0}, {3, "{End}", 16},    {0, "s", 6},       {0, "Sss", 13},  {14, "s", 16},
+      {16, "s", 6},     {12, "t", 12},       {3, "q", 4},       {3, "x", 3},     {8, "\n", 8}};
+  const auto option = [this](int i) {
+    return Find<QRadioButton>(*live_, ("Option0_" + std::to_string(i)).c_str());
+  };
+  Begin("Act\t");
+  for (const auto& [from, keys, to] : moves) {
+    SCOPED_TRACE(std::to_string(from) + " " + keys);
+    option(from)->setFocus();
+    Keys(keys);
+    EXPECT_EQ(FocusedName(), "Option0_" + std::to_string(to));
+  }
+  EXPECT_EQ(live_->Live().SelectedActivity(), 0);
+  Begin("Act\tr  ");  // the second Space has nothing to ask
+  prompter.Expect("Revise activity # ?", Answer::cancel);
+  Keys("g ");
+  EXPECT_TRUE(option(7)->isChecked());
+  EXPECT_EQ(FocusedName(), "Option0_7");
+}
+
+TEST_F(ClassForms, TakeTheListsOfSeatworkToTheLetter) {
+  const std::tuple<const char*, const char*, int> typed[] = {
+      {"", "no coding", -1}, {"{Down}", "Textbook", 0},    {"homework", "homework", 2},
+      {"hom", "hom", -1},    {"textbook", "textbook", -1}, {"other?{Backspace}", "other", 3}};
+  for (const auto& [keys, shown, code] : typed) {
+    Begin("Act\tsss \t\t");
+    Keys(std::string(keys) + "\n\t");
+    EXPECT_EQ(Find<QComboBox>(*live_, "Combo1")->currentText().toStdString(), shown);
+    prompter.Expect("Start New Segment?", Answer::yes);
+    Keys("{Alt+S}");
+    EXPECT_EQ(program.Episodes[0].segments[0].src, code) << keys;
+  }
+}
+
+TEST_F(ClassForms, LogTheDescriptionWhenItIsLeftChanged) {
+  const std::string changed = "REVISED EP.Description: Act two 09:00:00\n";
+  const std::pair<const char*, std::string> ways[] = {
+      {"{End} two\t", changed},
+      {"{End} two{Backtab}", changed},
+      {"{End} two\t{Backtab}\t", changed},
+      {"{End} two\n{Down}{Up}", ""},
+      {"{End}!{Backspace}\t", ""},
+  };
+  for (const auto& [keys, text] : ways) {
+    Begin("Act\t {Backtab}");
+    Keys(keys);
+    EXPECT_EQ(NewLogText(), text) << keys;
+  }
+  Begin("Act\t {Backtab}{End} two");
+  {
+    QWidget other;
+    Activate(other);
+    EXPECT_EQ(NewLogText(), "") << "another window in front is no change of mind";
+  }
+  Activate(*live_);
+  prompter.Expect("Start New Segment?", Answer::no,
+                  [&] { EXPECT_EQ(NewLogText(), changed) << "before anything is asked"; });
+  Keys("{Alt+S}");
+}
+
+TEST_F(ClassForms, KeepTheFocusInAHeaderBoxThatIsNoNumber) {
+  const auto click = [this](const char* name) { Click(Find(*live_, name)); };
+  const std::function<void()> ways[] = {
+      [] { Keys("\n"); },      [] { Keys("{Up}"); },      [] { Keys("\t"); },
+      [] { Keys("{Alt+E}"); }, [&] { click("cmdQuit"); }, [&] { click("Option0_0"); },
+  };
+  Begin("Act\tr ");
+  for (const char* name : {"txtSchoolNum", "txtClassNum", "txtObservNum", "txtNumStudents"}) {
+    const std::string before = Text(name);
+    for (const auto& leave : ways) {
+      SCOPED_TRACE(name);
+      Revise(name, "1x");
+      leave();
+      EXPECT_EQ(Text(name), "");
+      EXPECT_EQ(NewLogText(), "");
+      Keys(before);
+      EXPECT_EQ(Text(name), before) << "the box really has the focus";
+    }
+  }
+}
+
+TEST_F(ClassForms, CloseOnlyBeforeTheFirstKeyOrAfterTheEnd) {
+  EXPECT_TRUE(Begin("").close());
+  EXPECT_FALSE(Begin("Act\t").close()) << "no activity: the class cannot end yet";
+  EXPECT_FALSE(Begin(kEntry, "Why?\n").close());
+  EXPECT_EQ(Text("txtQuestion"), "Why?") << "what is being coded stays";
+  for (const auto& [keys, entryKeys] :
+       {std::pair{std::string("Act\t "), ""}, {kEntry, "A\nt\nn\n"}}) {
+    QWidget& form = Begin(keys, entryKeys);
+    prompter.Expect("Verify END OF CLASS", Answer::no);
+    EXPECT_FALSE(form.close());
+    prompter.Expect("Verify END OF CLASS", Answer::yes);
+    form.close();
+    EXPECT_EQ(screens.Take().back(), "end");
+  }
+  Begin("Act\t ");
+  Revise("txtClassNum", "x");
+  EXPECT_FALSE(live_->close()) << "a box that cannot be left keeps the window";
+}
+
+TEST_F(ClassForms, ACodeIsSelectedHoweverItIsComeTo) {
+  Begin(kEntry, "Why{Up}?{Enter}s{Down}y{Enter}a{Down}t\nh\nAnna\no\n");
+  const std::string boxes[] = {"Text9", "Text8", "Text6", "Text5",
+                               "Text4", "Text3", "Text2", "Text1"};
+  for (const std::string& box : boxes) {
+    EXPECT_EQ(FocusedName(), box);
+    EXPECT_EQ(Box(box)->selectedText().toStdString(), box == "Text6" ? "" : Text(box));
+    Keys("{Up}");
+  }
+  Keys("{Up}!{Alt+S}");
+  EXPECT_EQ(Text("txtQuestion"), "Why?!") << "a mnemonic that is not offered types nothing";
+  Keys("\t");
+  EXPECT_EQ(Box("Text1")->selectedText().toStdString(), "S");
+  Click(Box("Text6"));
+  Keys("bel");
+  EXPECT_EQ(Text("Text6"), "Annabel");
+}
+
+TEST_F(ClassForms, OnlyAnAnswerLeadsOnFromTheReviewQuestion) {
+  const std::pair<const char*, const char*> answers[] = {
+      {" ", "Y"}, {"y", "Y"}, {"N", "N"}, {"{Alt+N}", "N"}, {"\t ", "N"}, {"\t{Backtab} ", "Y"}};
+  for (const auto& [keys, answer] : answers) {
+    SCOPED_TRACE(keys);
+    Begin(kEntry, "Why?\nt\nn\n{Alt+P}");
+    Keys("\n{Enter}{Down}{Up}{Esc}x{Ctrl+N}");
+    EXPECT_FALSE(entry_->close());
+    EXPECT_EQ(FocusedName(), "Command11_0");
+    EXPECT_EQ(program.Episodes.size(), 1U);
+    EXPECT_EQ(Questions().size(), 1U);
+    Keys(keys);
+    EXPECT_EQ(program.Episodes[0].bReview, answer);
+    EXPECT_EQ(screens.Take().back(), "close questionEntry");
+  }
+}
+
+}  // namespace
+}  // namespace orvex
