@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "ui/PressGuard.h"
+#include "ui/show.h"
 
 namespace orvex {
 
@@ -50,8 +51,7 @@ void ChoiceGroup::SetEnabled(bool enabled) {
 
 void ChoiceGroup::Focus(int position) {
   SetTabStop(position);
-  // As Tab would: the style marks only a focus that the keyboard has brought.
-  Button(position)->setFocus(Qt::TabFocusReason);
+  FocusVisibly(Button(position));
 }
 
 void ChoiceGroup::SetTabStop(int position) {

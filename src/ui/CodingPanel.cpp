@@ -9,6 +9,7 @@
 
 #include "observe/live_observation.h"
 #include "ui/ChoiceGroup.h"
+#include "ui/PressGuard.h"
 #include "ui/show.h"
 #include "ui/text.h"
 #include "ui_frmClassAct.h"
@@ -57,6 +58,8 @@ void CodingPanel::ConnectCombos() {
     box->setCompleter(nullptr);  // what is typed counts to the letter
     box->setFocusPolicy(Qt::StrongFocus);
     box->installEventFilter(this);
+    new PressGuard(box);
+    new PressGuard(box->lineEdit());
     connect(box, &QComboBox::currentTextChanged, this,
             [&live = live_, type](const QString& text) { (live.*type)(FromQt(text)); });
   };

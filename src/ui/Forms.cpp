@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QScreen>
+#include <QWindow>
 #include <utility>
 
 #include "ui/frmAboutInputBox.h"
@@ -25,7 +26,7 @@ void Present(Form& form) {
   form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
   if (!form.isVisible()) FitToScreen(form);
   // A form that comes back stands where it stood; only its first place is the window manager's.
-  if (form.testAttribute(Qt::WA_WState_Created) && !form.isVisible()) form.move(form.pos());
+  if (form.windowHandle() && !form.isVisible()) form.windowHandle()->setFramePosition(form.pos());
   form.show();
   form.raise();
   form.activateWindow();

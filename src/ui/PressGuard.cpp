@@ -1,13 +1,13 @@
 #include "ui/PressGuard.h"
 
-#include <QAbstractButton>
 #include <QEvent>
 #include <QTimer>
+#include <QWidget>
 
 namespace orvex {
 
-PressGuard::PressGuard(QAbstractButton* button) : QObject(button), button_(button) {
-  button->installEventFilter(this);
+PressGuard::PressGuard(QWidget* control) : QObject(control), control_(control) {
+  control->installEventFilter(this);
 }
 
 bool PressGuard::eventFilter(QObject*, QEvent* event) {
@@ -16,8 +16,12 @@ bool PressGuard::eventFilter(QObject*, QEvent* event) {
     stale_ = true;
     QTimer::singleShot(0, this, [this] { stale_ = false; });
   }
-  if (event->type() != QEvent::MouseButtonPress) return false;
-  return stale_ || button_->window()->focusWidget() != button_;
+  // Of two quick presses the second comes as a double click.
+  if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseButtonDblClick) {
+    return false;
+  }
+  const QWidget* proxy = control_->focusProxy();
+  return stale_ || control_->window()->focusWidget() != (proxy ? proxy : control_);
 }
 
 }  // namespace orvex

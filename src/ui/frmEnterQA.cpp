@@ -180,7 +180,7 @@ void frmEnterQA::TakeFocusWish() {
   const auto wish = entry_.TakeFocus();
   if (!wish) return;
   if (wish->control == Control::Command11_0) {
-    ui_->Command11_0->setFocus(Qt::TabFocusReason);
+    FocusVisibly(ui_->Command11_0);
     return;
   }
   QLineEdit* box = BoxAt(wish->control);

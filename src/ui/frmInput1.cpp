@@ -93,8 +93,7 @@ void frmInput1::Focus(const SetUp::Focus::Target& wish) {
     case SetUp::Control::numStudents:
       return FocusBox(ui_->txtNumStudents, wish.caret);
     case SetUp::Control::start:
-      // As Tab would: the style marks only a focus that the keyboard has brought.
-      return ui_->Command1->setFocus(Qt::TabFocusReason);
+      return FocusVisibly(ui_->Command1);
   }
 }
 

@@ -48,6 +48,13 @@ inline void FocusBox(QLineEdit* box, Caret caret) {
   if (caret == Caret::selectAll) box->selectAll();
 }
 
+/// Gives `control` the focus as Tab would, and lets it be seen: the style marks only a focus that
+/// the keyboard has brought to its window.
+inline void FocusVisibly(QWidget* control) {
+  control->window()->setAttribute(Qt::WA_KeyboardFocusChange);
+  control->setFocus(Qt::TabFocusReason);
+}
+
 /// Alt and a letter are for a button. Where no button takes them, they must not type the letter.
 inline bool IsSpareMnemonic(const QKeyEvent& key) {
   const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::ShiftModifier;

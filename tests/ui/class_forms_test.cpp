@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -199,6 +200,18 @@ TEST_F(ClassForms, KeepTheFocusInAHeaderBoxThatIsNoNumber) {
       Keys(before);
       EXPECT_EQ(Text(name), before) << "the box really has the focus";
     }
+  }
+}
+
+TEST_F(ClassForms, LetNoSecondPressGetPastABoxThatIsNoNumber) {
+  Begin("Act\tsss ");
+  auto* source = Find<QComboBox>(*live_, "Combo1");
+  for (QWidget* pressed : {static_cast<QWidget*>(Find(*live_, "cmdQuit")),
+                           static_cast<QWidget*>(source), source->findChild<QWidget*>()}) {
+    Revise("txtSchoolNum", "1x");
+    QTest::mouseDClick(pressed, Qt::LeftButton);
+    EXPECT_EQ(FocusedName(), "txtSchoolNum");
+    EXPECT_FALSE(source->view()->isVisible());
   }
 }
 
