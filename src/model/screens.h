@@ -1,9 +1,25 @@
 #pragma once
 
+#include <filesystem>
+
 namespace orvex {
 
 /// The forms, by the part they play.
-enum class Screen { mainMenu, setUp, liveObservation, aboutText, questionEntry };
+enum class Screen {
+  mainMenu,
+  setUp,
+  liveObservation,
+  aboutText,
+  questionEntry,
+  questionEditor,
+  survey,
+};
+
+/// Who opened the question editor, and is shown again when it closes.
+enum class EditorCaller { liveObservation, questionEntry, episodeEditor, statistics };
+
+/// Who opened the survey during the class, and is shown again when it is left.
+enum class SurveyCaller { liveObservation, questionEntry };
 
 /// How the logic moves between forms without knowing them.
 class Screens {
@@ -21,6 +37,15 @@ class Screens {
   /// Closes every form and file in order and ends the program, after the running operation has
   /// returned.
   virtual void EndProgram() = 0;
+
+  /// Loads the question editor for `caller` and shows it. In proof mode it begins with the question
+  /// that the program's `ProofEp` and `ProofQ` name.
+  virtual void ShowQuestionEditor(EditorCaller caller, bool proofMode) = 0;
+  /// Shows the survey of the running class.
+  virtual void ShowSurvey(SurveyCaller caller) = 0;
+  /// Loads the survey form from a survey file and shows it. False, when the user has been told that
+  /// the file could not be read.
+  virtual bool ShowSurveyFile(const std::filesystem::path& file) = 0;
 };
 
 }  // namespace orvex

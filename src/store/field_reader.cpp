@@ -22,12 +22,17 @@ std::size_t FieldReader::LineStop() const {
   return std::min(text_.find(lineEnd_, position_), text_.size());
 }
 
+int FieldReader::LineNumber() const {
+  const std::string_view before = text_.substr(0, fieldStart_);
+  return static_cast<int>(1 + std::count(before.begin(), before.end(), '\n'));
+}
+
 void FieldReader::Fail(std::string_view what, const char* detail) const {
-  throw FormatError(fieldLine_, std::string(what) + detail);
+  throw FormatError(LineNumber(), std::string(what) + detail);
 }
 
 std::string_view FieldReader::Rest(std::string_view what) {
-  fieldLine_ = line_;
+  fieldStart_ = position_;
   if (position_ == text_.size()) Fail(what, ", not the end of the file");
   return text_.substr(position_, stop_ - position_);
 }
@@ -39,7 +44,6 @@ void FieldReader::NextLine() {
   }
   position_ = stop_ + lineEnd_.size();
   stop_ = LineStop();
-  ++line_;
 }
 
 std::string_view FieldReader::Line(std::string_view what) {

@@ -27,8 +27,8 @@ class FieldReader {
   /// A number rounded to a whole one, a half to the even neighbour, that must fit 16 bits.
   std::int16_t Integer(std::string_view what);
 
-  /// The line that the last read began in, counted from 1.
-  int LineNumber() const { return fieldLine_; }
+  /// The line that the last read began in, counted from 1 as an editor would: by every LF.
+  int LineNumber() const;
   /// How many bytes of the text have not been read.
   std::size_t Left() const { return text_.size() - position_; }
 
@@ -43,9 +43,8 @@ class FieldReader {
   std::string_view text_;
   std::string_view lineEnd_;
   std::size_t position_ = 0;
-  std::size_t stop_ = 0;  ///< where the line's text ends
-  int line_ = 1;
-  int fieldLine_ = 1;
+  std::size_t stop_ = 0;        ///< where the line's text ends
+  std::size_t fieldStart_ = 0;  ///< where the last read began
 };
 
 }  // namespace orvex

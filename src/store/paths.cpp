@@ -46,16 +46,32 @@ void NormaliseIdentity(Identity& identity) {
   identity.ObservNum = std::move(observation);
 }
 
-fs::path EpsPath(Storage& storage, const fs::path& dataPath, Identity& identity) {
+namespace {
+
+fs::path PathInMadeFolders(Storage& storage, const fs::path& dataPath, const char* kind,
+                           Identity& identity, const char* extension) {
   NormaliseIdentity(identity);
-  MakeFolders(storage, dataPath, "EPS", identity);
-  return FilePath(dataPath, "EPS", identity, ".eps");
+  MakeFolders(storage, dataPath, kind, identity);
+  return FilePath(dataPath, kind, identity, extension);
+}
+
+}  // namespace
+
+fs::path EpsPath(Storage& storage, const fs::path& dataPath, Identity& identity) {
+  return PathInMadeFolders(storage, dataPath, "EPS", identity, ".eps");
 }
 
 fs::path NtePath(Storage& storage, const fs::path& dataPath, Identity& identity) {
+  return PathInMadeFolders(storage, dataPath, "NTE", identity, ".nte");
+}
+
+fs::path SurPath(Storage& storage, const fs::path& dataPath, Identity& identity) {
+  return PathInMadeFolders(storage, dataPath, "SUR", identity, ".sur");
+}
+
+fs::path SurPathInFolder(const fs::path& dataPath, Identity& identity) {
   NormaliseIdentity(identity);
-  MakeFolders(storage, dataPath, "NTE", identity);
-  return FilePath(dataPath, "NTE", identity, ".nte");
+  return dataPath / (identity.ClassId() + ".sur");
 }
 
 fs::path BakPath(const fs::path& dataPath, const Identity& identity) {

@@ -22,6 +22,12 @@ std::filesystem::path EpsPath(Storage& storage, const std::filesystem::path& dat
 std::filesystem::path NtePath(Storage& storage, const std::filesystem::path& dataPath,
                               Identity& identity);
 
+/// The same for the survey of a class, and the path of a survey file that was opened from the main
+/// menu: `dataPath`/school-class-observation.sur. The latter creates no folder.
+std::filesystem::path SurPath(Storage& storage, const std::filesystem::path& dataPath,
+                              Identity& identity);
+std::filesystem::path SurPathInFolder(const std::filesystem::path& dataPath, Identity& identity);
+
 /// The session log's path, the numbers as they are typed. MakeBakFolders creates its folders.
 /// Throws FileError.
 std::filesystem::path BakPath(const std::filesystem::path& dataPath, const Identity& identity);

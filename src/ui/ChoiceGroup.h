@@ -6,6 +6,8 @@
 
 namespace orvex {
 
+class RovingFocus;
+
 /// A set of radio buttons of which at most one is selected, for people who do not look at the
 /// keyboard: the arrow keys and the first letter of a caption move the focus without selecting
 /// anything, Space selects, and Tab passes the whole group. The logic decides what is selected.
@@ -28,15 +30,9 @@ class ChoiceGroup : public QObject {
   /// The user clicked the button at `position`, or pressed Space on it.
   void Chosen(int position);
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
-  int PositionOf(const QObject* button) const;
-  bool MoveOnKey(int from, int key, const QString& text);
-  void SetTabStop(int position);
-
   std::vector<QRadioButton*> buttons_;
+  RovingFocus* focus_;
   int selected_ = -1;
 };
 

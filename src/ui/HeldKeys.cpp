@@ -12,13 +12,14 @@ bool CountsOnce(const QObject* watched, const QKeyEvent& press) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
       return true;
-    case Qt::Key_Space:
-      return qobject_cast<const QAbstractButton*>(watched) != nullptr;
     case Qt::Key_Down:
       return qobject_cast<const QLineEdit*>(watched) != nullptr;
     default:
       break;
   }
+  // Space presses a button, and other characters may choose one: held, they must not go on and on.
+  const bool character = press.key() < Qt::Key_Escape;
+  if (character && qobject_cast<const QAbstractButton*>(watched)) return true;
   const Qt::KeyboardModifiers modifiers = press.modifiers();
   return modifiers.testFlag(Qt::AltModifier) ||
          (press.key() == Qt::Key_N && modifiers.testFlag(Qt::ControlModifier));

@@ -15,11 +15,23 @@ class RecordingScreens : public Screens {
   void Hide(Screen screen) override { moves.push_back("hide " + Name(screen)); }
   void Close(Screen screen) override { moves.push_back("close " + Name(screen)); }
   void EndProgram() override { moves.emplace_back("end"); }
+  void ShowQuestionEditor(EditorCaller caller, bool proofMode) override {
+    moves.push_back("show questionEditor for " + std::to_string(static_cast<int>(caller)) +
+                    (proofMode ? " to proof" : ""));
+  }
+  void ShowSurvey(SurveyCaller caller) override {
+    moves.push_back("show survey for " + std::to_string(static_cast<int>(caller)));
+  }
+  bool ShowSurveyFile(const std::filesystem::path& file) override {
+    moves.push_back("show survey file " + file.filename().string());
+    return surveyFileIsGood;
+  }
 
   /// The moves since the last call.
   std::vector<std::string> Take() { return std::exchange(moves, {}); }
 
   std::vector<std::string> moves;
+  bool surveyFileIsGood = true;
 
  private:
   static std::string Name(Screen screen) {
@@ -34,6 +46,10 @@ class RecordingScreens : public Screens {
         return "aboutText";
       case Screen::questionEntry:
         return "questionEntry";
+      case Screen::questionEditor:
+        return "questionEditor";
+      case Screen::survey:
+        return "survey";
     }
     return "?";
   }

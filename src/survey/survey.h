@@ -1,0 +1,31 @@
+#pragma once
+
+#include <array>
+#include <bitset>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "model/coding_scheme.h"
+
+namespace orvex {
+
+inline constexpr int kCheckGroups = 6;
+inline constexpr int kMostItems = 19;
+inline constexpr int kStatements = 25;
+/// The statements 1 to 7 form the instructional scale, the others that of student engagement.
+inline constexpr int kInstructionalStatements = 7;
+/// The item of the first group that has a free text.
+inline constexpr std::size_t kOtherItem = 9;
+
+/// An observer's answers about a whole lesson.
+struct Survey {
+  Survey() { ratings.fill(kUncoded); }
+  bool operator==(const Survey&) const = default;
+
+  std::array<std::bitset<kMostItems>, kCheckGroups> checks;  ///< by group and item
+  std::string other;                                ///< the text of the first group's "other:"
+  std::array<std::int16_t, kStatements> ratings{};  ///< the selected button, or kUncoded
+};
+
+}  // namespace orvex

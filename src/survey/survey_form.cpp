@@ -1,0 +1,101 @@
+#include "survey/survey_form.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+#include "model/program.h"
+#include "model/prompter.h"
+#include "store/file_error.h"
+#include "store/paths.h"
+#include "survey/open_survey.h"
+
+namespace orvex {
+
+SurveyForm::SurveyForm(const Services& services, Survey& answers, SurveyCaller caller)
+    : services_(services), answers_(answers), caller_(caller) {}
+
+SurveyForm::SurveyForm(const Services& services, SurFile file)
+    : services_(services), file_(std::move(file)), answers_(file_->answers) {}
+
+void SurveyForm::SetCheck(std::size_t group, std::size_t item, bool checked) {
+  answers_.checks.at(group).set(item, checked);
+}
+
+void SurveyForm::Rate(std::size_t statement, int button) {
+  answers_.ratings.at(statement) = static_cast<std::int16_t>(button);
+}
+
+void SurveyForm::TypeOther(std::string text) {
+  if (OtherEnabled()) answers_.other = std::move(text);
+}
+
+int SurveyForm::Open(const SurveyScale& scale) const {
+  const auto first = answers_.ratings.begin() + scale.first;
+  return static_cast<int>(std::count(first, first + scale.count, kUncoded));
+}
+
+int SurveyForm::Open() const {
+  int open = 0;
+  for (const SurveyScale& scale : kSurveyScales) open += Open(scale);
+  return open;
+}
+
+std::string SurveyForm::ClassIdText() const {
+  const Identity& identity = file_ ? file_->identity : services_.program.identity;
+  return "Class ID " + identity.ClassId();
+}
+
+void SurveyForm::Command1_Click() {
+  if (OnFile()) {
+    Save();
+    return;
+  }
+  services_.screens.Show(caller_ == SurveyCaller::questionEntry ? Screen::questionEntry
+                                                                : Screen::liveObservation);
+  services_.screens.Hide(Screen::survey);
+}
+
+void SurveyForm::Command2_Click() {
+  if (!OnFile()) return;
+  // What could not be written stays on the form.
+  if (services_.prompter.AskYesNo("Save changes?") && !Save()) return;
+  const bool another = services_.prompter.Ask({.text = "Edit Another File?",
+                                               .buttons = Buttons::yesNo,
+                                               .defaultAnswer = Answer::no}) == Answer::yes;
+  if (another) {
+    // The menu comes before this form goes: some form is always on the screen.
+    services_.screens.Show(Screen::mainMenu);
+    services_.screens.Close(Screen::survey);
+    if (ChooseSurveyFile(services_)) return;
+  }
+  services_.screens.EndProgram();
+}
+
+void SurveyForm::RequestClose() {
+  if (OnFile()) {
+    Command2_Click();
+  } else {
+    Command1_Click();
+  }
+}
+
+/// False when the file could not be written and the user has given up for now.
+bool SurveyForm::Save() {
+  for (;;) {
+    try {
+      const auto path = SurPathInFolder(services_.program.DataPath, file_->identity);
+      WriteSurFile(services_.storage, path, *file_);
+      return true;
+    } catch (const FileError& error) {
+      const Answer answer =
+          services_.prompter.Ask({.text = "The survey could not be written. Try again?",
+                                  .buttons = Buttons::yesNo,
+                                  .defaultAnswer = Answer::yes,
+                                  .details = error.what()});
+      if (answer != Answer::yes) return false;
+    }
+  }
+}
+
+}  // namespace orvex

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "model/screens.h"
+#include "store/services.h"
+#include "survey/sur_file.h"
+#include "survey/survey_scheme.h"
+
+namespace orvex {
+
+/// The survey as it is filled in: during a class, whose end stores it, or on a survey file.
+class SurveyForm {
+ public:
+  /// On the answers of the running class, for the form `caller`. `answers` outlive this.
+  SurveyForm(const Services& services, Survey& answers, SurveyCaller caller);
+  /// On a file that has been read.
+  SurveyForm(const Services& services, SurFile file);
+  SurveyForm(const SurveyForm&) = delete;
+  SurveyForm& operator=(const SurveyForm&) = delete;
+
+  bool OnFile() const { return file_.has_value(); }
+  /// The form that is shown again when this one is left during the class.
+  void SetCaller(SurveyCaller caller) { caller_ = caller; }
+
+  const Survey& Answers() const { return answers_; }
+  void SetCheck(std::size_t group, std::size_t item, bool checked);
+  /// Selects a button of the statement; kUncoded leaves it open again.
+  void Rate(std::size_t statement, int button);
+  /// Types into the box of "other:", which takes a text only while that item is checked.
+  void TypeOther(std::string text);
+  bool OtherEnabled() const { return answers_.checks[0].test(kOtherItem); }
+
+  /// How many statements have not been rated, of one scale or of both.
+  int Open(const SurveyScale& scale) const;
+  int Open() const;
+
+  /// "Class ID 5-12-3", of the class or the file.
+  std::string ClassIdText() const;
+  std::string_view Caption1() const { return OnFile() ? "&Save" : "&Return"; }
+
+  /// "&Return" goes back to the caller and writes nothing; "&Save" writes the file.
+  void Command1_Click();
+  /// "E&xit", on a file only.
+  void Command2_Click();
+  /// The user closes the window, which means the way out of the form; it goes by itself.
+  void RequestClose();
+
+ private:
+  bool Save();
+
+  Services services_;
+  std::optional<SurFile> file_;
+  Survey& answers_;
+  SurveyCaller caller_ = SurveyCaller::liveObservation;
+};
+
+}  // namespace orvex
