@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <vector>
+
+#include "model/coding_scheme.h"
+
+class QGroupBox;
+class QRadioButton;
+namespace Ui {
+class frmQA;
+}
+
+namespace orvex {
+
+class ChoiceGroup;
+class QuestionEditor;
+
+/// The frames of the question editor's form: one for each dimension, with its options.
+class QuestionFrames : public QObject {
+  Q_OBJECT
+
+ public:
+  /// `chosen` runs after each choice of an option.
+  QuestionFrames(Ui::frmQA& ui, QuestionEditor& editor, std::function<void()> chosen,
+                 QObject* parent);
+
+  void RefreshOptions();
+  void RefreshCaptions();
+  /// Shows and enables the frames that are available, or hides and disables those that are not.
+  void RefreshStates(bool available);
+
+ private:
+  struct Frame {
+    Dimension dimension;
+    QGroupBox* box;
+    ChoiceGroup* options;  ///< null for the name
+  };
+
+  void Add(QGroupBox* box, std::vector<QRadioButton*> options);
+
+  QuestionEditor& editor_;
+  std::function<void()> chosen_;
+  std::vector<Frame> frames_;  ///< in the order of the coding scheme
+};
+
+}  // namespace orvex

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QAbstractSpinBox>
+
+namespace orvex {
+
+/// A box for a segment number, in which anything can be typed, with a spin control. What a text or
+/// a step means is the logic's to say.
+class SegmentBox : public QAbstractSpinBox {
+  Q_OBJECT
+
+ public:
+  explicit SegmentBox(QWidget* parent = nullptr);
+
+  QLineEdit* Box() const { return lineEdit(); }
+  void EnableSteps(bool up, bool down);
+  void stepBy(int steps) override { Q_EMIT Stepped(steps); }
+
+ Q_SIGNALS:
+  void Stepped(int steps);
+
+ protected:
+  StepEnabled stepEnabled() const override { return steps_; }
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  StepEnabled steps_ = StepNone;
+};
+
+}  // namespace orvex
