@@ -39,6 +39,20 @@ struct ChosenFile {
   std::filesystem::path folder;  ///< the folder the dialog ended in
 };
 
+/// The dialog for an off-task estimate: the texts of its two boxes. Both are numbers when it was
+/// accepted, the second at least 1.
+struct OfftaskPrompt {
+  std::string offtask = "0";
+  std::string students;
+};
+
+/// The dialog that corrects how many seconds ago the segment began: 0 to `maximum`, `seconds` to
+/// start with.
+struct SecondsPrompt {
+  int maximum = 0;
+  int seconds = 0;
+};
+
 /// Everything the system asks of its user while an operation waits for the answer.
 class Prompter {
  public:
@@ -48,6 +62,12 @@ class Prompter {
   /// The text given, or nothing when the box was cancelled.
   virtual std::optional<std::string> AskText(const TextPrompt& prompt) = 0;
   virtual ChosenFile AskFile(const FilePrompt& prompt) = 0;
+  /// True for OK. The texts are taken back as they stand also when the estimate was skipped.
+  virtual bool AskOfftask(OfftaskPrompt& prompt) = 0;
+  /// The seconds set, or nothing when the dialog was cancelled.
+  virtual std::optional<int> AskSeconds(const SecondsPrompt& prompt) = 0;
+  /// The field notes as edited, lines separated by CR LF, or nothing when they were cancelled.
+  virtual std::optional<std::string> AskNotes(const std::string& notes) = 0;
 
   /// A message with an OK button.
   void Tell(std::string text, std::string details = "") {

@@ -14,6 +14,11 @@ double RoundHalfEven(double x) {
   return std::fmod(below, 2.0) == 0.0 ? below : below + 1.0;
 }
 
+float SecondsSince(float start, float now) {
+  const float seconds = now - start;
+  return seconds < 0 ? seconds + kSecondsPerDay : seconds;
+}
+
 float WholeSeconds(float seconds) {
   if (seconds < 0) seconds += kSecondsPerDay;
   return static_cast<float>(RoundHalfEven(static_cast<double>(seconds)));

@@ -11,6 +11,10 @@ inline constexpr float kSecondsPerDay = 86400.0F;
 /// Rounds to a whole number, a half to the even neighbour.
 double RoundHalfEven(double x);
 
+/// The seconds from `start` to `now`, two times of day; past midnight when `now` is the earlier
+/// one.
+float SecondsSince(float start, float now);
+
 /// `seconds` as a whole number, a half to the even neighbour; a day is added first to a negative
 /// one.
 float WholeSeconds(float seconds);

@@ -33,7 +33,7 @@ bool LiveObservation::SetActivity(int activity) {
   if (firstChoice) {
     services_.log.LogEpisodeStart(curEpisode_, curSegment_);
   } else {
-    EnableOTTimerInClassAct();
+    schedule_.Stop();
     coding_.aboutVisible = false;
     coding_.presentationVisible = false;
     coding_.ResetPresentation();
@@ -47,6 +47,7 @@ bool LiveObservation::SetActivity(int activity) {
 void LiveObservation::ApplyActivity(int activity) {
   FocusCurActivity();
   estimateKind_ = kEstimateKinds[static_cast<std::size_t>(activity - 1)];
+  StartSchedule();
   if (CarriesAbout(activity)) coding_.aboutVisible = true;
   if (IsPresentation(activity)) coding_.presentationVisible = true;
   if (IsSeatwork(activity)) coding_.EnableSeatworkCoding(true);
@@ -61,7 +62,7 @@ void LiveObservation::AbandonQuestionAnswer() {
   curActivity_ = prevActivity_;
   freshSegment_ = true;
   estimateKind_ = -1;
-  EnableOTTimerInClassAct();
+  schedule_.Stop();
   if (curSegment_ == 1) TypeDescription("");
   services_.log.LogRevisedActivity(curEpisode_, curSegment_, curActivity_);
   if (curSegment_ == 1) {

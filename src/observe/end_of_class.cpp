@@ -11,6 +11,7 @@
 #include "store/numbers.h"
 #include "store/paths.h"
 #include "store/session_log.h"
+#include "survey/sur_file.h"
 
 namespace orvex {
 namespace {
@@ -34,26 +35,51 @@ void LiveObservation::cmdQuit_Click() {
     services_.screens.EndProgram();
     return;
   }
-  if (curActivity_.empty() || !HeaderNamesFiles()) return;
+  if (!awaitsSurvey_) {
+    if (!EndClass()) return;
+    awaitsSurvey_ = !services_.prompter.AskYesNo("Have you finished Matrices?");
+    if (awaitsSurvey_) return;
+  }
+  LeaveWithSurvey();
+}
+
+/// Ends the last episode and stores the class. False when the class goes on.
+bool LiveObservation::EndClass() {
+  if (curActivity_.empty() || !HeaderNamesFiles()) return false;
   if (services_.prompter.Ask({.text = "Verify END OF CLASS",
                               .buttons = Buttons::yesNo,
                               .defaultAnswer = Answer::no}) != Answer::yes) {
-    return;
+    return false;
   }
   const std::string episodeActivity = episodeActivity_;
   const float offtask = CurrentEpisode().offtask;
+  const OfftaskSchedule schedule = schedule_;
   EndEpisode();
   if (!SaveClass()) {
     // The segment runs on as if the end had not been asked for.
     CurrentEpisode().segments.pop_back();
     CurrentEpisode().offtask = offtask;
     episodeActivity_ = episodeActivity;
+    schedule_ = schedule;
     services_.log.LogClassGoesOn();
-    return;
+    return false;
   }
   EndWithLog();
   services_.program.QuitRequested = true;
   services_.screens.Close(Screen::aboutText);
+  return true;
+}
+
+/// Writes the survey and ends the program. What cannot be written waits for another "E&xit".
+void LiveObservation::LeaveWithSurvey() {
+  Program& program = services_.program;
+  const bool saved = Persist("The survey could not be written. Try again?", [&] {
+    WriteSurFile(services_.storage, SurPath(services_.storage, program.DataPath, program.identity),
+                 {.identity = program.identity, .answers = survey_});
+  });
+  awaitsSurvey_ = !saved;
+  if (awaitsSurvey_) return;
+  services_.screens.Close(Screen::survey);
   services_.screens.EndProgram();
 }
 
@@ -75,7 +101,7 @@ bool LiveObservation::SaveClass() {
                    SaveObservation(services_);
                    WriteFieldNotes(services_.storage,
                                    NtePath(services_.storage, program.DataPath, program.identity),
-                                   fieldNotes_);
+                                   {.text = fieldNotes_});
                  });
 }
 
@@ -105,7 +131,8 @@ bool LiveObservation::Persist(const std::string& question, const std::function<v
 }
 
 bool LiveObservation::RequestClose() {
-  if (nothingEntered_ || services_.program.QuitRequested) return true;
+  if (nothingEntered_) return true;
+  // Once the class is stored the window may go, but the survey goes to its file first.
   if (CanEndClass()) cmdQuit_Click();
   return false;
 }

@@ -1,5 +1,6 @@
 #include "observe/live_observation.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <utility>
@@ -8,6 +9,7 @@
 #include "model/prompter.h"
 #include "model/screens.h"
 #include "model/time_of_day.h"
+#include "model/validation.h"
 #include "store/session_log.h"
 #include "store/text_encoding.h"
 
@@ -55,16 +57,8 @@ int LiveObservation::SelectedActivity() const {
 
 // What the form shows.
 
-std::string LiveObservation::EpisodeCaption() const {
-  return "Episode " + std::to_string(curEpisode_) + " Time: ";
-}
-
-std::string LiveObservation::SegmentCaption() const {
-  return "Segment " + std::to_string(curSegment_) + " Time: ";
-}
-
 bool LiveObservation::CanDivide() const {
-  return !Description().empty() && estimateKind_ >= 1 && estimateKind_ <= 8;
+  return !AwaitsSurvey() && !Description().empty() && estimateKind_ >= 1 && estimateKind_ <= 8;
 }
 
 bool LiveObservation::ProofVisible() const {
@@ -72,22 +66,17 @@ bool LiveObservation::ProofVisible() const {
 }
 
 bool LiveObservation::CanEndClass() const {
-  return CanDivide() || nothingEntered_;
+  return AwaitsSurvey() || CanDivide() || nothingEntered_;
 }
 
 bool LiveObservation::ConversionVisible() const {
+  if (AwaitsSurvey()) return false;
   return curSegment_ >= 2 ? RoomForEpisode() : curEpisode_ >= 2;
 }
 
 std::string LiveObservation::ConversionCaption() const {
   if (conversionBlank_) return "";
   return curSegment_ >= 2 ? "Sg. &to Ep." : "Ep. &to Sg.";
-}
-
-std::string LiveObservation::LogTrouble() const {
-  const std::string trouble = services_.log.File().Trouble();
-  if (trouble.empty()) return "";
-  return "Trouble with the session log (" + trouble + "). What it lacks is kept and tried again.";
 }
 
 // The header.
@@ -141,12 +130,14 @@ void LiveObservation::TypeAbout(const std::string& text) {
 
 void LiveObservation::cmdStartNewSg_Click() {
   if (!CanStartSegment() || !services_.prompter.AskYesNo("Start New Segment?")) return;
+  skipEstimate_ = false;
   StartNewSeg();
   services_.screens.Show(Screen::liveObservation);
 }
 
 void LiveObservation::cmdStartNewQASg_Click() {
   if (!CanStartSegment()) return;
+  skipEstimate_ = true;
   StartNewSeg();
   ChooseActivity(kQuestionAnswer);
 }
@@ -162,21 +153,21 @@ void LiveObservation::StartNewSeg() {
   FocusCurActivity();
 }
 
+std::string_view LiveObservation::CurActivityCaption() const {
+  return ActivityNames[static_cast<std::size_t>(ActivityNumber(curActivity_) - 1)];
+}
+
 void LiveObservation::EndSeg() {
+  const bool takesEstimates = estimateKind_ >= 1 && estimateKind_ != kNoEstimates;
+  if (takesEstimates && !skipEstimate_) AskEstimate();
   const int activity = ActivityNumber(curActivity_);
   const float length = Now() - segmentStart_;
-  services_.log.LogSegmentEnd(curEpisode_, curSegment_,
-                              ActivityNames[static_cast<std::size_t>(activity - 1)],
+  services_.log.LogSegmentEnd(curEpisode_, curSegment_, CurActivityCaption(),
                               SecondsOfDay(length, services_.prompter), coding_.about);
-  EnableOTTimerInClassAct();
+  schedule_.Stop();
   SegmentData segment;
   segment.SetData(static_cast<std::int16_t>(activity), length, coding_.Codes(activity));
   CurrentEpisode().segments.push_back(std::move(segment));
-}
-
-void LiveObservation::EnableOTTimerInClassAct() {
-  offtaskCountdown_ = 0;
-  offtaskPending_ = 0;
 }
 
 // Episodes.
@@ -272,10 +263,49 @@ void LiveObservation::RevertNewEpisode() {
   services_.log.LogEpisodeToSegment();
 }
 
-// The about text.
+// The other forms.
 
 void LiveObservation::Command9_Click() {
   services_.screens.Show(Screen::aboutText);
+}
+
+void LiveObservation::cmdReview_Click() {
+  services_.screens.ShowQuestionEditor(EditorCaller::liveObservation, false);
+  services_.screens.Hide(Screen::liveObservation);
+}
+
+void LiveObservation::cmdProof_Click() {
+  Program& program = services_.program;
+  if (FindUncodedQuestion(episodes_, program.ProofEp, program.ProofQ, services_.prompter) == -1) {
+    return;
+  }
+  services_.screens.ShowQuestionEditor(EditorCaller::liveObservation, true);
+  services_.screens.Hide(Screen::liveObservation);
+}
+
+void LiveObservation::Command7_Click() {
+  if (!CanOpenSurvey()) return;
+  services_.screens.ShowSurvey(SurveyCaller::liveObservation);
+  services_.screens.Hide(Screen::liveObservation);
+}
+
+void LiveObservation::cmdFieldNote_Click() {
+  const auto notes = services_.prompter.AskNotes(fieldNotes_);
+  if (!notes) return;
+  services_.log.LogFieldNote(curEpisode_, curSegment_, *notes);
+  fieldNotes_ = *notes;
+}
+
+void LiveObservation::Command1_Click() {
+  const std::int32_t elapsed = SecondsOfDay(Now() - segmentStart_, services_.prompter);
+  const int maximum = std::min(2 * elapsed, kMost);
+  const auto seconds =
+      services_.prompter.AskSeconds({.maximum = maximum, .seconds = std::min(elapsed, maximum)});
+  if (!seconds) return;
+  const float moved = SecondsSince(segmentStart_, Now()) - static_cast<float>(*seconds);
+  episodeStart_ += moved;
+  segmentStart_ += moved;
+  services_.log.LogAdjustTime(curEpisode_, curSegment_, moved);
 }
 
 }  // namespace orvex

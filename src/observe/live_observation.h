@@ -7,10 +7,13 @@
 #include <vector>
 
 #include "model/program.h"
+#include "model/prompter.h"
 #include "observe/focus.h"
 #include "observe/observation_header.h"
+#include "observe/offtask_schedule.h"
 #include "observe/segment_coding.h"
 #include "store/services.h"
+#include "survey/survey.h"
 
 namespace orvex {
 
@@ -30,6 +33,10 @@ class LiveObservation {
     bool operator==(const Control&) const = default;
   };
   using Focus = FocusWish<Control>;
+
+  /// Kinds of off-task estimates: those of question/answer, and none.
+  static constexpr int kQuestionAnswerEstimates = 5;
+  static constexpr int kNoEstimates = 6;
 
   /// The numbers of episodes, segments and questions are stored in 16 bits.
   static constexpr int kMost = 32767;
@@ -55,14 +62,16 @@ class LiveObservation {
   /// 0: no activity chosen in this segment yet; -1: its question/answer was abandoned; else the
   /// kind of off-task estimates that the activity takes.
   int EstimateKind() const { return estimateKind_; }
-  std::int32_t OfftaskCountdown() const { return offtaskCountdown_; }
-  std::int32_t OfftaskPending() const { return offtaskPending_; }
+  const OfftaskSchedule& Schedule() const { return schedule_; }
   const std::string& FieldNotes() const { return fieldNotes_; }
+  /// What the observer has filled in of the survey so far.
+  Survey& SurveyAnswers() { return survey_; }
+  bool ClassStored() const { return services_.program.QuitRequested; }
+  /// The class is stored and only its survey is not: the observer can fill it in, and leave.
+  bool AwaitsSurvey() const { return awaitsSurvey_; }
 
   // What the form shows.
   const std::string& Caption() const { return caption_; }
-  std::string EpisodeCaption() const;
-  std::string SegmentCaption() const;
   const std::string& Description() const { return CurrentEpisode().Descript; }
   const ObservationHeader& Header() const { return header_; }
   const SegmentCoding& Coding() const { return coding_; }
@@ -75,11 +84,11 @@ class LiveObservation {
   bool RoomForSegment() const { return curSegment_ < kMost; }
   bool RoomForEpisode() const { return curEpisode_ < kMost; }
   bool ProofVisible() const;
+  bool CanOpenSurvey() const { return AwaitsSurvey() || CanDivide(); }
   bool CanEndClass() const;
+  std::string EndCaption() const { return AwaitsSurvey() ? "E&xit" : "&End Class"; }
   bool ConversionVisible() const;
   std::string ConversionCaption() const;
-  /// What to tell the observer while the log cannot be written; "" while it can.
-  std::string LogTrouble() const;
   std::optional<Focus::Target> TakeFocus() { return focus_.Take(); }
 
   // Typing and choosing.
@@ -112,6 +121,12 @@ class LiveObservation {
   void cmdStartNewEp_Click();
   void cmdBailout_Click();
   void Command9_Click();
+  void cmdReview_Click();
+  void cmdProof_Click();
+  void Command7_Click();
+  void cmdFieldNote_Click();
+  /// "&Clock": asks how long ago the segment began, and moves both start times accordingly.
+  void Command1_Click();
   void cmdQuit_Click();
   /// The window is asked to close. True when it may.
   bool RequestClose();
@@ -122,11 +137,17 @@ class LiveObservation {
   /// Gives the running segment up as question/answer: it takes its previous activity back and waits
   /// for a new choice.
   void AbandonQuestionAnswer();
+  /// Asks for the off-task estimate that is pending; made or skipped, it is pending no longer.
+  void TakeEstimate();
 
+  /// The 500 ms timer, while the off-task schedule runs.
+  void OfftaskTick();
   /// The 200 ms timer: the conversion button, blank since its last click, shows its caption again.
   void UpdateActivityControls() { conversionBlank_ = false; }
 
  private:
+  /// The caption of the button of `CurActivity`, as stored.
+  std::string_view CurActivityCaption() const;
   void FocusDescription();
   void FocusCurActivity();
   void EndSeg();
@@ -139,10 +160,14 @@ class LiveObservation {
   void LogOfftaskMean();
   bool SetActivity(int activity);
   void ApplyActivity(int activity);
-  void EnableOTTimerInClassAct();
+  void StartSchedule();
+  void AskEstimate();
+  void RecordEstimate(const OfftaskPrompt& estimate, const std::string& studentsBefore);
+  bool EndClass();
   bool HeaderNamesFiles();
   bool SaveClass();
   void EndWithLog();
+  void LeaveWithSurvey();
   bool Persist(const std::string& question, const std::function<void()>& save);
   float Now() const;
 
@@ -166,9 +191,18 @@ class LiveObservation {
   std::string episodeActivity_;
   int estimateKind_ = 0;
   bool freshSegment_ = false;
-  std::int32_t offtaskCountdown_ = 0;
-  std::int32_t offtaskPending_ = 0;
+  /// Set by "&Q/A", cleared by "&SEGMENT": segments end without an estimate.
+  bool skipEstimate_ = false;
+  OfftaskSchedule schedule_;
+  /// The estimate dialog as it was left by "&Skip", and the number of students when it was loaded.
+  struct EstimateDialog {
+    OfftaskPrompt prompt;
+    std::string studentsBefore;
+  };
+  std::optional<EstimateDialog> estimateDialog_;
   std::string fieldNotes_;
+  Survey survey_;
+  bool awaitsSurvey_ = false;
   bool nothingEntered_ = true;
   std::string savedDescription_;
 };

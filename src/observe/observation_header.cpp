@@ -42,6 +42,12 @@ HeaderBox ObservationHeader::Previous(HeaderBox box) {
   return PreviousBox(kRound, box);
 }
 
+void ObservationHeader::CorrectStudents(const std::string& text) {
+  identity_.NumStudents = text;
+  lastStudents_ = text;
+  services_.log.LogRevisedN(text);
+}
+
 void ObservationHeader::Enter(HeaderBox box) {
   if (box != HeaderBox::numStudents) return;
   // The first visit corrects what was typed at set-up; only later ones are revisions.

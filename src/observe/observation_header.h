@@ -23,6 +23,9 @@ class ObservationHeader {
   static HeaderBox Next(HeaderBox box);
   static HeaderBox Previous(HeaderBox box);
 
+  /// An off-task estimate was made with another number of students than the box says.
+  void CorrectStudents(const std::string& text);
+
   void Enter(HeaderBox box);
   /// The box loses the focus. False when it must get it back.
   bool Leave(HeaderBox box);

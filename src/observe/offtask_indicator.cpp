@@ -1,19 +1,24 @@
 #include "observe/offtask_indicator.h"
 
 #include "model/clock.h"
+#include "observe/live_observation.h"
 
 namespace orvex {
 
-void OfftaskIndicator::Tick(std::int32_t pending, std::int32_t countdown) {
-  buttonVisible_ = pending >= 1;
-  if (buttonVisible_) {
-    countdownText_.clear();
-    blank_ = !blank_;
-    buttonCaption_ = blank_ ? "" : "* &OFFTASK *";
-  } else {
-    countdownText_ =
-        countdown < 1 ? "" : "Offtask in     :            00 : " + TwoDigits(countdown);
-  }
+void OfftaskIndicator::Tick() {
+  buttonVisible_ = live_.Schedule().OfftaskPending() >= 1;
+  if (buttonVisible_) blank_ = !blank_;
+}
+
+void OfftaskIndicator::cmdOfftaskActive_Click() {
+  live_.TakeEstimate();
+  buttonVisible_ = false;
+}
+
+std::string OfftaskIndicator::CountdownText() const {
+  const OfftaskSchedule& schedule = live_.Schedule();
+  if (schedule.OfftaskPending() >= 1 || schedule.OfftaskCountdown() < 1) return "";
+  return "Offtask in     :            00 : " + TwoDigits(schedule.OfftaskCountdown());
 }
 
 }  // namespace orvex

@@ -1,26 +1,30 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 namespace orvex {
+
+class LiveObservation;
 
 /// The off-task prompt of a form: the countdown to the next estimate, and the button that blinks
 /// while estimates are pending.
 class OfftaskIndicator {
  public:
+  explicit OfftaskIndicator(LiveObservation& live) : live_(live) {}
+
   /// Once a second.
-  void Tick(std::int32_t pending, std::int32_t countdown);
+  void Tick();
+  /// Takes the estimate; the next tick shows the button again if more of them are pending.
+  void cmdOfftaskActive_Click();
 
   bool ButtonVisible() const { return buttonVisible_; }
-  const std::string& ButtonCaption() const { return buttonCaption_; }
-  const std::string& CountdownText() const { return countdownText_; }
+  std::string ButtonCaption() const { return blank_ ? "" : "* &OFFTASK *"; }
+  std::string CountdownText() const;
 
  private:
+  LiveObservation& live_;
   bool buttonVisible_ = false;
   bool blank_ = false;
-  std::string buttonCaption_;
-  std::string countdownText_;
 };
 
 }  // namespace orvex

@@ -9,11 +9,26 @@
 
 namespace orvex {
 
-SessionClocks::SessionClocks(const Services& services, const LiveObservation& live)
+SessionClocks::SessionClocks(const Services& services, LiveObservation& live)
     : services_(services),
       live_(live),
       tick_(services.prompter, "timerEpisode"),
-      timeOfDay_(services.clock.SpacedTimeText()) {}
+      timeOfDay_(services.clock.SpacedTimeText()),
+      offtask_(live) {}
+
+std::string SessionClocks::EpisodeCaption() const {
+  return "Episode " + std::to_string(live_.CurEpisode()) + " Time: ";
+}
+
+std::string SessionClocks::SegmentCaption() const {
+  return "Segment " + std::to_string(live_.CurSegment()) + " Time: ";
+}
+
+std::string SessionClocks::LogTrouble() const {
+  const std::string trouble = services_.log.File().Trouble();
+  if (trouble.empty()) return "";
+  return "Trouble with the session log (" + trouble + "). What it lacks is kept and tried again.";
+}
 
 std::string SessionClocks::TimeSince(float start) const {
   const std::int32_t seconds =
@@ -26,7 +41,7 @@ void SessionClocks::Tick() {
     episodeTime_ = TimeSince(live_.EpisodeStart());
     timeOfDay_ = " " + services_.clock.SpacedTimeText();
     segmentTime_ = TimeSince(live_.SegmentStart());
-    offtask_.Tick(live_.OfftaskPending(), live_.OfftaskCountdown());
+    offtask_.Tick();
     services_.log.File().Retry();
   });
 }

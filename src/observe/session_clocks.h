@@ -10,17 +10,24 @@ namespace orvex {
 
 class LiveObservation;
 
-/// The three running clocks of the live form, and its off-task prompt.
+/// The three running clocks of a class with their captions, and the live form's off-task prompt.
+/// The forms that take the live form's place show the same clocks.
 class SessionClocks {
  public:
-  SessionClocks(const Services& services, const LiveObservation& live);
+  SessionClocks(const Services& services, LiveObservation& live);
 
   /// Once a second.
   void Tick();
 
+  /// "Episode 2 Time: " and "Segment 5 Time: ".
+  std::string EpisodeCaption() const;
+  std::string SegmentCaption() const;
   const std::string& EpisodeTime() const { return episodeTime_; }
   const std::string& SegmentTime() const { return segmentTime_; }
   const std::string& TimeOfDay() const { return timeOfDay_; }
+  /// What to tell the observer while the log cannot be written; "" while it can.
+  std::string LogTrouble() const;
+  OfftaskIndicator& Offtask() { return offtask_; }
   const OfftaskIndicator& Offtask() const { return offtask_; }
 
  private:

@@ -1,13 +1,16 @@
 #include "questions/question_entry.h"
 
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "model/program.h"
 #include "model/prompter.h"
 #include "model/screens.h"
+#include "model/validation.h"
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
+#include "questions/question_room.h"
 #include "store/session_log.h"
 #include "store/text_encoding.h"
 
@@ -38,7 +41,8 @@ QuestionEntry::QuestionEntry(const Services& services, LiveObservation& live,
     : services_(services),
       live_(live),
       liveClocks_(liveClocks),
-      tick_(services.prompter, "timer4") {
+      tick_(services.prompter, "timer4"),
+      offtask_(live) {
   AwaitFirstQuestion();
   if (!live_.CurQuestions().empty()) {
     Enable(Command::Command1);
@@ -71,24 +75,7 @@ std::string_view QuestionEntry::Caption7() const {
 }
 
 bool QuestionEntry::Enabled(Command command) const {
-  if (!HasOperation(command) || !HasRoom(command)) return false;
-  const auto position = static_cast<std::size_t>(command);
-  return position >= kSwitched || enabled_[position];
-}
-
-/// The forms that the other buttons open do not exist yet: those buttons stay disabled.
-bool QuestionEntry::HasOperation(Command command) const {
-  switch (command) {
-    case Command::Command1:
-    case Command::Command2:
-    case Command::Command9:
-    case Command::cmdOfftaskActive:
-      return false;
-    case Command::Command3:
-      return Coding();
-    default:
-      return true;
-  }
+  return enabled_[static_cast<std::size_t>(command)] && HasRoom(command);
 }
 
 /// A copy or a removal needs a question, a new segment or episode a number that is left.
@@ -106,30 +93,6 @@ bool QuestionEntry::HasRoom(Command command) const {
     default:
       return true;
   }
-}
-
-std::string QuestionEntry::EpisodeCaption() const {
-  return live_.EpisodeCaption();
-}
-
-std::string QuestionEntry::SegmentCaption() const {
-  return live_.SegmentCaption();
-}
-
-const std::string& QuestionEntry::EpisodeTime() const {
-  return liveClocks_.EpisodeTime();
-}
-
-const std::string& QuestionEntry::SegmentTime() const {
-  return liveClocks_.SegmentTime();
-}
-
-const std::string& QuestionEntry::TimeOfDay() const {
-  return liveClocks_.TimeOfDay();
-}
-
-std::string QuestionEntry::LogTrouble() const {
-  return live_.LogTrouble();
 }
 
 Control QuestionEntry::BoxOf(Dimension field) {
@@ -208,12 +171,8 @@ void QuestionEntry::SaveQuestion() {
 /// Logs and appends the question. False when the episode is full.
 bool QuestionEntry::StoreQuestion(const questionInfo& question) {
   std::vector<questionInfo>& questions = live_.CurQuestions();
+  if (!HasRoomForQuestion(questions, services_.prompter)) return false;
   const int number = static_cast<int>(questions.size()) + 1;
-  if (number > LiveObservation::kMost) {
-    services_.prompter.Tell("An episode holds at most " + std::to_string(LiveObservation::kMost) +
-                            " questions. Start a new episode.");
-    return false;
-  }
   services_.log.LogRevisedQuestion(live_.CurEpisode(), number, question);
   questions.push_back(question);
   return true;
@@ -253,8 +212,14 @@ void QuestionEntry::EnableCommands(bool enabled) {
 void QuestionEntry::Click(Command command) {
   if (!Enabled(command)) return;
   switch (command) {
+    case Command::Command1:
+      OpenEditor(false);
+      break;
+    case Command::Command2:
+      Proof();
+      break;
     case Command::Command3:
-      FillNormal();
+      Coding() ? FillNormal() : OpenSurvey();
       break;
     case Command::Command4:
       Ditto();
@@ -271,12 +236,33 @@ void QuestionEntry::Click(Command command) {
     case Command::Command8:
       DropLast();
       break;
+    case Command::Command9:
+      live_.Command1_Click();
+      MoveTo(Control::txtQuestion);
+      break;
     case Command::Command10:
       EndClass();
       break;
-    default:
-      break;
   }
+}
+
+void QuestionEntry::OpenEditor(bool proofMode) {
+  editorOpen_ = true;
+  services_.screens.ShowQuestionEditor(EditorCaller::questionEntry, proofMode);
+  services_.screens.Hide(Screen::questionEntry);
+}
+
+void QuestionEntry::Proof() {
+  Program& program = services_.program;
+  if (FindUncodedQuestion(program.Episodes, program.ProofEp, program.ProofQ, services_.prompter) !=
+      -1) {
+    OpenEditor(true);
+  }
+}
+
+void QuestionEntry::OpenSurvey() {
+  services_.screens.ShowSurvey(SurveyCaller::questionEntry);
+  services_.screens.Hide(Screen::questionEntry);
 }
 
 void QuestionEntry::FillNormal() {
@@ -372,7 +358,12 @@ void QuestionEntry::DropLast() {
 
 void QuestionEntry::EndClass() {
   live_.cmdQuit_Click();
-  if (!services_.program.QuitRequested) MoveTo(Control::txtQuestion);
+  if (live_.AwaitsSurvey()) {
+    services_.screens.Show(Screen::liveObservation);
+    services_.screens.Close(Screen::questionEntry);
+  } else {
+    MoveTo(Control::txtQuestion);
+  }
 }
 
 // The window.
@@ -380,6 +371,9 @@ void QuestionEntry::EndClass() {
 void QuestionEntry::Activate() {
   if (asksReview_) {
     focus_.Set(Control::Command11_0, Caret::stay);
+  } else if (std::exchange(editorOpen_, false)) {
+    // Questions may have come and gone meanwhile.
+    StartOver();
   } else {
     MoveTo(Control::txtQuestion);
   }
@@ -396,7 +390,7 @@ bool QuestionEntry::RequestClose() {
 }
 
 void QuestionEntry::Tick() {
-  tick_.Run([this] { offtask_.Tick(live_.OfftaskPending(), live_.OfftaskCountdown()); });
+  tick_.Run([this] { offtask_.Tick(); });
 }
 
 }  // namespace orvex

@@ -49,10 +49,8 @@ class QuestionEntry {
     Command8,   ///< "&Last"
     Command9,   ///< "&Clock"
     Command10,  ///< "&End Class"
-    cmdOfftaskActive,
   };
-  /// How many of them, from Command1 on, are switched together.
-  static constexpr std::size_t kSwitched = 10;
+  static constexpr std::size_t kCommands = 10;
 
   QuestionEntry(const Services& services, LiveObservation& live, const SessionClocks& liveClocks);
 
@@ -67,13 +65,8 @@ class QuestionEntry {
   bool Enabled(Command command) const;
   /// While it is asked, whether the episode was review, nothing else can be done.
   bool AsksReview() const { return asksReview_; }
-  std::string EpisodeCaption() const;
-  std::string SegmentCaption() const;
-  const std::string& EpisodeTime() const;
-  const std::string& SegmentTime() const;
-  const std::string& TimeOfDay() const;
+  const SessionClocks& Clocks() const { return liveClocks_; }
   const OfftaskIndicator& Offtask() const { return offtask_; }
-  std::string LogTrouble() const;
   std::optional<Focus::Target> TakeFocus() { return focus_.Take(); }
 
   /// The box of a field, and the field of a box; nothing for what is no field.
@@ -90,6 +83,8 @@ class QuestionEntry {
   /// Ctrl+N, and the end of the last field.
   void SaveQuestion();
 
+  OfftaskIndicator& Offtask() { return offtask_; }
+
   /// A click on a button; nothing happens while it is disabled.
   void Click(Command command);
   /// The answer to the review question: index 0 for "&Yes", 1 for "&No".
@@ -104,7 +99,6 @@ class QuestionEntry {
 
  private:
   bool Coding() const;
-  bool HasOperation(Command command) const;
   bool HasRoom(Command command) const;
   void Enable(Command command, bool enabled = true);
   void EnableCommands(bool enabled);
@@ -115,6 +109,9 @@ class QuestionEntry {
   bool DittoQuestion();
   void StartOver();
 
+  void OpenEditor(bool proofMode);
+  void Proof();
+  void OpenSurvey();
   void FillNormal();
   void Ditto();
   void LeaveOrNext();
@@ -133,9 +130,10 @@ class QuestionEntry {
 
   std::string question_;
   EntryFields fields_;
-  std::array<bool, kSwitched> enabled_{};
+  std::array<bool, kCommands> enabled_{};
   int offeredActivity_ = 0;  ///< the activity that Command5 returns to; 0 for none
   bool asksReview_ = false;
+  bool editorOpen_ = false;  ///< the question editor has taken the form's place
   OfftaskIndicator offtask_;
   Focus focus_;
 };

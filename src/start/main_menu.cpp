@@ -8,10 +8,12 @@
 #include "model/prompter.h"
 #include "model/screens.h"
 #include "model/version.h"
+#include "start/field_notes_file.h"
 #include "start/start_up.h"
 #include "store/file_error.h"
 #include "store/options_file.h"
 #include "store/text_encoding.h"
+#include "survey/open_survey.h"
 
 namespace orvex {
 
@@ -36,6 +38,10 @@ void MainMenu::NewObservation() {
   services_.screens.Close(Screen::mainMenu);
 }
 
+void MainMenu::Matrices() {
+  ChooseSurveyFile(services_);
+}
+
 void MainMenu::ChangeDataPath() {
   const std::optional<std::string> answer = services_.prompter.AskText(
       {.text = "Enter a new path",
@@ -50,6 +56,10 @@ void MainMenu::ChangeDataPath() {
   } catch (const FileError& error) {
     services_.prompter.Tell("The data folder could not be stored.", error.what());
   }
+}
+
+void MainMenu::EditFieldNotes() {
+  EditFieldNotesFile(services_);
 }
 
 void MainMenu::Cancel() {

@@ -24,8 +24,12 @@ class MainMenu {
   void Tick();
 
   void NewObservation();
+  /// Edits a survey file.
+  void Matrices();
   /// Asks for another data folder and remembers it for the next start.
   void ChangeDataPath();
+  /// Lets the user choose a field-notes file and edit it.
+  void EditFieldNotes();
   void Cancel();
 
  private:

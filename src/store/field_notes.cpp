@@ -1,13 +1,39 @@
 #include "store/field_notes.h"
 
-#include <string>
+#include <string_view>
 
 #include "store/durable_file.h"
 
 namespace orvex {
+namespace {
 
-void WriteFieldNotes(Storage& storage, const std::filesystem::path& path, std::string_view notes) {
-  ReplaceFile(storage, path, std::string(notes) + "\r\n");
+constexpr std::string_view kLineEnd = "\r\n";
+
+/// Ends the lines of a text without any CR LF as this system does.
+std::string WithLineEnds(const std::string& text) {
+  if (text.find(kLineEnd) != std::string::npos) return text;
+  std::string lines;
+  for (const char c : text) {
+    if (c == '\n') {
+      lines += kLineEnd;
+    } else {
+      lines += c;
+    }
+  }
+  return lines;
+}
+
+}  // namespace
+
+FieldNotes ReadFieldNotes(const std::filesystem::path& path) {
+  const DecodedText file = Decode(ReadFile(path));
+  FieldNotes notes = {.text = WithLineEnds(file.text), .encoding = file.encoding};
+  if (notes.text.ends_with(kLineEnd)) notes.text.resize(notes.text.size() - kLineEnd.size());
+  return notes;
+}
+
+void WriteFieldNotes(Storage& storage, const std::filesystem::path& path, const FieldNotes& notes) {
+  ReplaceFile(storage, path, Encode(notes.text + std::string(kLineEnd), notes.encoding));
 }
 
 }  // namespace orvex

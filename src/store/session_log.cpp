@@ -96,6 +96,17 @@ void SessionLog::LogBlankLine() {
   Line("");
 }
 
+void SessionLog::LogOfftask(float proportion, std::string_view offtask, std::string_view students,
+                            std::string_view activity, std::string_view caption) {
+  std::string text = "OFFTASK: " + FormatPattern(proportion, "0.#######");
+  for (const std::string_view piece :
+       {std::string_view(" [ "), offtask, std::string_view(" / "), students,
+        std::string_view(" ] Act # "), activity, std::string_view(" "), caption}) {
+    text += piece;
+  }
+  Line(text + " " + clock_.TimeText());
+}
+
 void SessionLog::LogEpisodeOfftask(int ep, float offtask, int estimates) {
   Line("Prop. students offtask in episode " + std::to_string(ep) + " = " +
        FormatPattern(offtask, "0.#######E-###") +

@@ -41,6 +41,10 @@ class SessionLog {
   /// `note` may span lines, separated by CR LF.
   void LogFieldNote(int ep, int sg, std::string_view note);
   void LogBlankLine();
+  /// An off-task estimate: the proportion, the two numbers it was made of as typed, and the
+  /// activity with its button's caption as stored.
+  void LogOfftask(float proportion, std::string_view offtask, std::string_view students,
+                  std::string_view activity, std::string_view caption);
   /// "Prop. students offtask in episode ...": the mean and how many estimates it is of.
   void LogEpisodeOfftask(int ep, float offtask, int estimates);
   void LogActiveEstimates(int ep);

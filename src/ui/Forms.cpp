@@ -5,10 +5,13 @@
 #include <QWindow>
 #include <utility>
 
+#include "survey/open_survey.h"
 #include "ui/frmAboutInputBox.h"
 #include "ui/frmClassAct.h"
 #include "ui/frmEnterQA.h"
 #include "ui/frmInput1.h"
+#include "ui/frmMatrices.h"
+#include "ui/frmQA.h"
 #include "ui/frmSplash.h"
 
 namespace orvex {
@@ -65,6 +68,10 @@ QWidget* Forms::Loaded(Screen screen) const {
       return aboutInputBox_.get();
     case Screen::questionEntry:
       return enterQA_.get();
+    case Screen::questionEditor:
+      return qa_.get();
+    case Screen::survey:
+      return matrices_.get();
   }
   return nullptr;
 }
@@ -94,6 +101,12 @@ void Forms::Show(Screen screen) {
         enterQA_->move(live.pos());
       }
       return Present(*enterQA_);
+    case Screen::questionEditor:
+      if (qa_) Present(*qa_);
+      return;
+    case Screen::survey:
+      if (matrices_) Present(*matrices_);
+      return;
   }
 }
 
@@ -117,6 +130,8 @@ void Forms::Close(Screen screen) {
     case Screen::setUp:
       return Unload(input1_);
     case Screen::liveObservation:
+      Unload(matrices_);
+      Unload(qa_);
       Unload(enterQA_);
       Unload(aboutInputBox_);
       return Unload(classAct_);
@@ -124,7 +139,35 @@ void Forms::Close(Screen screen) {
       return Unload(aboutInputBox_);
     case Screen::questionEntry:
       return Unload(enterQA_);
+    case Screen::questionEditor:
+      return Unload(qa_);
+    case Screen::survey:
+      return Unload(matrices_);
   }
+}
+
+void Forms::ShowQuestionEditor(EditorCaller caller, bool proofMode) {
+  frmClassAct& live = LiveForm();
+  const EditorOpening opening = {.caller = caller, .proofMode = proofMode};
+  qa_ = std::make_unique<frmQA>(services_, opening, &live.Live(), &live.Clocks());
+  Present(*qa_);
+}
+
+void Forms::ShowSurvey(SurveyCaller caller) {
+  if (!matrices_) {
+    matrices_ = std::make_unique<frmMatrices>(services_, LiveForm().Live(), caller);
+  }
+  matrices_->SetCaller(caller);
+  Present(*matrices_);
+}
+
+bool Forms::ShowSurveyFile(const std::filesystem::path& file) {
+  std::optional<SurFile> survey = LoadSurvey(services_, file);
+  if (!survey) return false;
+  Unload(matrices_);
+  matrices_ = std::make_unique<frmMatrices>(services_, std::move(*survey));
+  Present(*matrices_);
+  return true;
 }
 
 void Forms::EndProgram() {

@@ -13,6 +13,8 @@ class frmAboutInputBox;
 class frmClassAct;
 class frmEnterQA;
 class frmInput1;
+class frmMatrices;
+class frmQA;
 class frmSplash;
 
 /// The forms of the program, each built when it is first shown. When the user closes the last one,
@@ -29,6 +31,9 @@ class Forms : public Screens {
   void Hide(Screen screen) override;
   void Close(Screen screen) override;
   void EndProgram() override;
+  void ShowQuestionEditor(EditorCaller caller, bool proofMode) override;
+  void ShowSurvey(SurveyCaller caller) override;
+  bool ShowSurveyFile(const std::filesystem::path& file) override;
 
  private:
   QWidget* Loaded(Screen screen) const;
@@ -45,6 +50,8 @@ class Forms : public Screens {
   std::unique_ptr<frmClassAct> classAct_;
   std::unique_ptr<frmAboutInputBox> aboutInputBox_;
   std::unique_ptr<frmEnterQA> enterQA_;
+  std::unique_ptr<frmQA> qa_;
+  std::unique_ptr<frmMatrices> matrices_;
 };
 
 }  // namespace orvex

@@ -9,6 +9,9 @@
 #include <QPushButton>
 #include <QStringList>
 
+#include "ui/dlgFieldNote.h"
+#include "ui/frmAdjust.h"
+#include "ui/frmOfftask.h"
 #include "ui/text.h"
 
 namespace orvex {
@@ -116,6 +119,23 @@ QString NameFilter(const QString& filter) {
     patterns << pattern.trimmed().toUpper() << pattern.trimmed().toLower();
   }
   return label + QStringLiteral(" (") + patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
+}
+
+bool QtPrompter::AskOfftask(OfftaskPrompt& prompt) {
+  frmOfftask dialog(prompt, ParentWindow());
+  return Run(dialog) == QDialog::Accepted;
+}
+
+std::optional<int> QtPrompter::AskSeconds(const SecondsPrompt& prompt) {
+  frmAdjust dialog(prompt, ParentWindow());
+  if (Run(dialog) != QDialog::Accepted) return std::nullopt;
+  return dialog.Seconds();
+}
+
+std::optional<std::string> QtPrompter::AskNotes(const std::string& notes) {
+  dlgFieldNote dialog(notes, ParentWindow());
+  Run(dialog);
+  return dialog.Notes();
 }
 
 ChosenFile QtPrompter::AskFile(const FilePrompt& prompt) {

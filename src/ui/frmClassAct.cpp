@@ -4,11 +4,15 @@
 #include <QKeyEvent>
 #include <QTimer>
 #include <array>
+#include <initializer_list>
 #include <utility>
 #include <vector>
 
 #include "ui/BoxFocus.h"
 #include "ui/CodingPanel.h"
+#include "ui/FocusReturn.h"
+#include "ui/ShowClocks.h"
+#include "ui/ShowOfftask.h"
 #include "ui/show.h"
 #include "ui/text.h"
 #include "ui_frmClassAct.h"
@@ -19,6 +23,7 @@ frmClassAct::frmClassAct(const Services& services, QWidget* parent)
       live_(services),
       clocks_(services, live_),
       timer3_(services.prompter, "timer3"),
+      offtaskTick_(services.prompter, "the offtask timer (frmClassAct)"),
       ui_(std::make_unique<Ui::frmClassAct>()) {
   ui_->setupUi(this);
   setWindowTitle(ToQt(live_.Caption()));
@@ -98,32 +103,55 @@ void frmClassAct::ConnectButtons() {
   button(ui_->cmdStartNewQASg, &LiveObservation::cmdStartNewQASg_Click);
   button(ui_->cmdBailout, &LiveObservation::cmdBailout_Click);
   button(ui_->Command9, &LiveObservation::Command9_Click);
+  button(ui_->cmdReview, &LiveObservation::cmdReview_Click);
+  button(ui_->cmdProof, &LiveObservation::cmdProof_Click);
+  button(ui_->cmdFieldNote, &LiveObservation::cmdFieldNote_Click);
+  button(ui_->Command1, &LiveObservation::Command1_Click);
+  button(ui_->Command7, &LiveObservation::Command7_Click);
   button(ui_->cmdQuit, &LiveObservation::cmdQuit_Click);
+  connect(ui_->cmdOfftaskActive, &QPushButton::clicked, this, [this] {
+    clocks_.Offtask().cmdOfftaskActive_Click();
+    Refresh();
+  });
+  for (QPushButton* asking :
+       {ui_->Command9, ui_->cmdFieldNote, ui_->Command1, ui_->cmdOfftaskActive}) {
+    new FocusReturn(asking);
+  }
+}
+
+QTimer* frmClassAct::AddTimer(const char* name, int interval, std::function<void()> tick) {
+  auto* timer = new QTimer(this);
+  timer->setObjectName(QLatin1String(name));
+  timer->setInterval(interval);
+  connect(timer, &QTimer::timeout, this, std::move(tick));
+  return timer;
 }
 
 void frmClassAct::StartTimers() {
-  auto* timerEpisode = new QTimer(this);
-  timerEpisode->setObjectName(QStringLiteral("timerEpisode"));
-  connect(timerEpisode, &QTimer::timeout, this, [this] {
+  AddTimer("timerEpisode", 1000, [this] {
     clocks_.Tick();
     RefreshClocks();
-  });
-  timerEpisode->start(1000);
-  auto* timer3 = new QTimer(this);
-  timer3->setObjectName(QStringLiteral("Timer3"));
-  connect(timer3, &QTimer::timeout, this, [this] {
+  })->start();
+  AddTimer("Timer3", 200, [this] {
     timer3_.Run([this] {
       live_.UpdateActivityControls();
       RefreshButtons();
     });
-  });
-  timer3->start(200);
+  })->start();
+  offtaskTimer_ =
+      AddTimer("offtaskTimer", 500, [this] { offtaskTick_.Run([this] { live_.OfftaskTick(); }); });
 }
 
 /// What is hidden keeps its place, so that nothing under the observer's eyes moves.
 void frmClassAct::KeepPlaces() {
-  for (QWidget* child : {ui_->cmdStartNewEp, ui_->cmdStartNewSg, ui_->cmdStartNewQASg,
-                         ui_->cmdBailout, ui_->cmdReview, ui_->cmdProof, ui_->cmdOfftaskActive}) {
+  for (QWidget* child :
+       {ui_->cmdStartNewEp, ui_->cmdStartNewSg, ui_->cmdStartNewQASg, ui_->cmdBailout,
+        ui_->cmdReview, ui_->cmdProof, ui_->cmdOfftaskActive, ui_->cmdFieldNote, ui_->Command1}) {
+    KeepPlace(child);
+  }
+  for (QWidget* child :
+       std::initializer_list<QWidget*>{ui_->lblEpisode, ui_->lblEpiTime, ui_->lblSegment,
+                                       ui_->lblSegTime, ui_->scrollArea, ui_->Frame6}) {
     KeepPlace(child);
   }
 }
@@ -144,17 +172,8 @@ void frmClassAct::RefreshTexts() {
 }
 
 void frmClassAct::RefreshClocks() {
-  ShowText(ui_->lblEpisode, live_.EpisodeCaption());
-  ShowText(ui_->lblSegment, live_.SegmentCaption());
-  ShowText(ui_->lblEpiTime, clocks_.EpisodeTime());
-  ShowText(ui_->lblSegTime, clocks_.SegmentTime());
-  ShowText(ui_->lblCurrTime, clocks_.TimeOfDay());
-  ShowText(ui_->lblOfftask, clocks_.Offtask().CountdownText());
-  ui_->cmdOfftaskActive->setVisible(clocks_.Offtask().ButtonVisible());
-  ShowText(ui_->cmdOfftaskActive, clocks_.Offtask().ButtonCaption());
-  const std::string trouble = live_.LogTrouble();
-  ShowText(ui_->lblLogTrouble, trouble);
-  ui_->lblLogTrouble->setVisible(!trouble.empty());
+  ShowClocks(clocks_, *ui_);
+  ShowOfftask(clocks_.Offtask(), ui_->lblOfftask, ui_->cmdOfftaskActive);
 }
 
 void frmClassAct::RefreshButtons() {
@@ -165,7 +184,28 @@ void frmClassAct::RefreshButtons() {
   ShowText(ui_->cmdBailout, live_.ConversionCaption());
   ui_->cmdReview->setVisible(live_.CanDivide());
   ui_->cmdProof->setVisible(live_.ProofVisible());
+  ui_->Command7->setEnabled(live_.CanOpenSurvey());
   ui_->cmdQuit->setEnabled(live_.CanEndClass());
+  ShowText(ui_->cmdQuit, live_.EndCaption());
+  for (QLabel* clock : {ui_->lblEpisode, ui_->lblEpiTime, ui_->lblSegment, ui_->lblSegTime}) {
+    clock->setVisible(!live_.ClassStored());
+  }
+  ShowWaiting(live_.AwaitsSurvey());
+  if (live_.Schedule().Running() != offtaskTimer_->isActive()) {
+    live_.Schedule().Running() ? offtaskTimer_->start() : offtaskTimer_->stop();
+  }
+}
+
+/// Once the class is stored, only the survey is left to do.
+void frmClassAct::ShowWaiting(bool forSurvey) {
+  for (QWidget* part : std::initializer_list<QWidget*>{ui_->scrollArea, ui_->Frame6, ui_->Command1,
+                                                       ui_->cmdFieldNote}) {
+    part->setVisible(!forSurvey);
+  }
+  for (QWidget* part : std::initializer_list<QWidget*>{ui_->Frame2, ui_->Frame3,
+                                                       ui_->lblEpisodeName, ui_->txtEpisodeName}) {
+    part->setEnabled(!forSurvey);
+  }
 }
 
 void frmClassAct::TakeFocusWish() {

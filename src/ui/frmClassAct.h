@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <array>
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -12,6 +13,7 @@
 
 class QKeyEvent;
 class QLineEdit;
+class QTimer;
 namespace Ui {
 class frmClassAct;
 }
@@ -45,10 +47,12 @@ class frmClassAct : public QWidget {
   void WatchFocus();
   void ConnectButtons();
   void StartTimers();
+  QTimer* AddTimer(const char* name, int interval, std::function<void()> tick);
   void KeepPlaces();
   void RefreshTexts();
   void RefreshClocks();
   void RefreshButtons();
+  void ShowWaiting(bool forSurvey);
   void TakeFocusWish();
   bool HandleKey(const QObject* watched, const QKeyEvent& event);
   std::array<std::pair<HeaderBox, QLineEdit*>, 5> Boxes() const;
@@ -57,8 +61,10 @@ class frmClassAct : public QWidget {
   LiveObservation live_;
   SessionClocks clocks_;
   GuardedTick timer3_;
+  GuardedTick offtaskTick_;
   std::unique_ptr<Ui::frmClassAct> ui_;
   CodingPanel* coding_ = nullptr;
+  QTimer* offtaskTimer_ = nullptr;
   std::unique_ptr<BoxFocus> boxFocus_;  // last: it must not see the form go down
 };
 

@@ -6,6 +6,9 @@
 #include <QTimer>
 #include <string>
 
+#include "ui/FocusReturn.h"
+#include "ui/ShowClocks.h"
+#include "ui/ShowOfftask.h"
 #include "ui/show.h"
 #include "ui/text.h"
 #include "ui_frmEnterQA.h"
@@ -53,7 +56,7 @@ std::array<frmEnterQA::Field, kDimensionCount> frmEnterQA::Fields() const {
            {Dimension::elaborated, ui_->Text9, ui_->Label9}}};
 }
 
-std::array<frmEnterQA::Button, QuestionEntry::kSwitched> frmEnterQA::Buttons() const {
+std::array<frmEnterQA::Button, QuestionEntry::kCommands> frmEnterQA::Buttons() const {
   return {{{Command::Command1, ui_->Command1},
            {Command::Command2, ui_->Command2},
            {Command::Command3, ui_->Command3},
@@ -108,6 +111,11 @@ void frmEnterQA::ConnectButtons() {
       Refresh();
     });
   };
+  connect(ui_->cmdOfftaskActive, &QPushButton::clicked, this, [this] {
+    entry_.Offtask().cmdOfftaskActive_Click();
+    Refresh();
+  });
+  new FocusReturn(ui_->cmdOfftaskActive);
   answer(ui_->Command11_0, 0);
   answer(ui_->Command11_1, 1);
 }
@@ -148,18 +156,8 @@ void frmEnterQA::RefreshTexts() {
 }
 
 void frmEnterQA::RefreshClocks() {
-  ShowText(ui_->lblEpisode, entry_.EpisodeCaption());
-  ShowText(ui_->lblSegment, entry_.SegmentCaption());
-  ShowText(ui_->lblEpiTime, entry_.EpisodeTime());
-  ShowText(ui_->lblSegTime, entry_.SegmentTime());
-  ShowText(ui_->lblCurrTime, entry_.TimeOfDay());
-  ShowText(ui_->lblOfftask, entry_.Offtask().CountdownText());
-  ui_->cmdOfftaskActive->setVisible(entry_.Offtask().ButtonVisible());
-  ui_->cmdOfftaskActive->setEnabled(entry_.Enabled(Command::cmdOfftaskActive));
-  ShowText(ui_->cmdOfftaskActive, entry_.Offtask().ButtonCaption());
-  const std::string trouble = entry_.LogTrouble();
-  ShowText(ui_->lblLogTrouble, trouble);
-  ui_->lblLogTrouble->setVisible(!trouble.empty());
+  ShowClocks(entry_.Clocks(), *ui_);
+  ShowOfftask(entry_.Offtask(), ui_->lblOfftask, ui_->cmdOfftaskActive);
 }
 
 /// Shows and enables what is available, or hides and disables what is not.

@@ -51,7 +51,7 @@ class frmEnterQA : public QWidget {
   };
 
   std::array<Field, kDimensionCount> Fields() const;
-  std::array<Button, QuestionEntry::kSwitched> Buttons() const;
+  std::array<Button, QuestionEntry::kCommands> Buttons() const;
   QLineEdit* BoxAt(QuestionEntry::Control box) const;
   /// The place of a box among the controls; nothing for what is no box.
   std::optional<QuestionEntry::Control> ControlOf(const QObject* watched) const;

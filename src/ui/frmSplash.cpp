@@ -37,7 +37,9 @@ frmSplash::frmSplash(const Services& services, std::filesystem::path programFold
     });
   };
   button(ui_->cmdStart, &MainMenu::NewObservation);
+  button(ui_->Command3, &MainMenu::Matrices);
   button(ui_->Command6, &MainMenu::ChangeDataPath);
+  button(ui_->Command7, &MainMenu::EditFieldNotes);
   button(ui_->Command2, &MainMenu::Cancel);
 
   auto* timer1 = new QTimer(this);

@@ -16,10 +16,11 @@ namespace fs = std::filesystem;
 const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"model", {}},
     {"store", {"model"}},
-    {"start", {"store", "model"}},
-    {"observe", {"store", "model"}},
-    {"questions", {"observe", "store", "model"}},
-    {"ui", {"questions", "observe", "start", "store", "model"}},
+    {"survey", {"store", "model"}},
+    {"start", {"survey", "store", "model"}},
+    {"observe", {"survey", "store", "model"}},
+    {"questions", {"observe", "start", "store", "model"}},
+    {"ui", {"questions", "observe", "start", "survey", "store", "model"}},
     {"app", {"ui", "questions", "observe", "start", "store", "model"}},
 };
 

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "observe/live_observation.h"
 #include "support/desk.h"
@@ -57,6 +58,8 @@ struct EndOfClassTest : testing::Test {
 const std::string kNotWritten =
     "The data files could not be written. The class is still in memory. Try again?";
 
+const std::string kFinished = "Have you finished Matrices?";
+
 TEST_F(EndOfClassTest, AFullDiskKeepsTheClassUntilItIsStored) {
   TeachOneSegment();
   disk.full = FullDisk::Full::everything;
@@ -70,12 +73,13 @@ TEST_F(EndOfClassTest, AFullDiskKeepsTheClassUntilItIsStored) {
   EXPECT_FALSE(desk.program.QuitRequested);
   EXPECT_TRUE(log.File().IsOpen());
   EXPECT_FALSE(std::filesystem::exists(desk.folder / "EPS/7/12/7-12-3.eps"));
-  EXPECT_NE(live.LogTrouble(), "");
+  EXPECT_NE(log.File().Trouble(), "");
 
   // The class has gone on as if its end had not been asked for.
   desk.clock.Advance(60);
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
   desk.prompter.Expect(kNotWritten, Answer::yes, [this] { disk.full = FullDisk::Full::nothing; });
+  desk.prompter.Expect(kFinished, Answer::yes);
   live.cmdQuit_Click();
   EXPECT_NE(FileBytes(desk.folder / "EPS/7/12/7-12-3.eps").find(" 3 , 660 ,"), std::string::npos);
 }
@@ -88,10 +92,44 @@ TEST_F(EndOfClassTest, ALogThatCannotBeCompletedDoesNotKeepTheObserver) {
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
   desk.prompter.Expect(question, Answer::yes);
   desk.prompter.Expect(question, Answer::no);
+  desk.prompter.Expect(kFinished, Answer::yes);
   live.cmdQuit_Click();
   EXPECT_NE(FileBytes(desk.folder / "EPS/7/12/7-12-3.eps").find(" 3 , 600 ,"), std::string::npos);
   EXPECT_TRUE(desk.program.QuitRequested);
   EXPECT_EQ(desk.screens.Take().back(), "end");
+}
+
+TEST_F(EndOfClassTest, TheSurveyWaitsUntilItIsFilledInAndCanBeWritten) {
+  TeachOneSegment();
+  desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
+  desk.prompter.Expect(kFinished, Answer::no);
+  live.cmdQuit_Click();
+  EXPECT_EQ(live.EndCaption(), "E&xit");
+  EXPECT_FALSE(live.CanDivide() || live.ConversionVisible() || live.ProofVisible());
+  const std::string stored = FileBytes(desk.folder / "EPS/7/12/7-12-3.eps");
+  const std::string logged = FileBytes(desk.folder / "BAK/7/12/7-12-3.bak");
+  EXPECT_TRUE(logged.ends_with("\r\n\r\nLOG OFF: 09:10:00\r\n")) << logged;
+  live.Command7_Click();
+  EXPECT_EQ(desk.screens.Take(), (std::vector<std::string>{"close aboutText", "show survey for 0",
+                                                           "hide liveObservation"}));
+  live.SurveyAnswers().ratings[0] = 2;
+
+  // The answers wait for another try, whether "E&xit" is pressed or the window closed.
+  disk.full = FullDisk::Full::everything;
+  for (int i = 0; i < 2; ++i) {
+    desk.prompter.Expect("The survey could not be written. Try again?", Answer::no);
+    if (i == 0) live.cmdQuit_Click();
+    EXPECT_TRUE(i == 0 || !live.RequestClose());
+    EXPECT_TRUE(desk.screens.Take().empty());
+  }
+  disk.full = FullDisk::Full::nothing;
+  desk.clock.Advance(60);
+  live.cmdQuit_Click();
+  EXPECT_EQ(desk.screens.Take(), (std::vector<std::string>{"close survey", "end"}));
+  EXPECT_NE(FileBytes(desk.folder / "SUR/7/12/7-12-3.sur").find("\r\n7, 12, 3\r\nMATRICES\r\n"),
+            std::string::npos);
+  EXPECT_EQ(FileBytes(desk.folder / "EPS/7/12/7-12-3.eps"), stored);
+  EXPECT_EQ(FileBytes(desk.folder / "BAK/7/12/7-12-3.bak"), logged);
 }
 
 TEST_F(EndOfClassTest, AHeaderThatNamesNoFilesIsToldBeforeAnythingEnds) {
@@ -120,7 +158,7 @@ TEST_F(EndOfClassTest, ARefusedEndLeavesNoTraceInTheEpisodeBefore) {
   live.cmdBailout_Click();
   EXPECT_EQ(live.CurSegment(), 2);
   EXPECT_EQ(live.CurActivity(), "9");
-  EXPECT_EQ(live.LogTrouble(), "");
+  EXPECT_EQ(log.File().Trouble(), "");
   EXPECT_NE(FileBytes(log.File().Path()).find("***** CLASS NOT ENDED, IT GOES ON *****"),
             std::string::npos);
 }

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "observe/offtask_indicator.h"
 #include "support/desk.h"
 
 namespace orvex {
@@ -42,6 +41,7 @@ struct LiveTest : testing::Test {
 
   test::Desk desk;
   LiveObservation live = [this] {
+    desk.prompter.cancelsDialogs = true;
     desk.OpenLog();
     return LiveObservation(desk.services);
   }();
@@ -111,19 +111,6 @@ TEST_F(LiveTest, ASecondClickOnTheConversionWaitsForItsCaption) {
   EXPECT_EQ(live.CurEpisode(), 2);
   Convert();
   EXPECT_EQ(live.CurEpisode(), 1);
-}
-
-TEST_F(LiveTest, TheOfftaskPromptBlinksWhileAnEstimateIsPending) {
-  OfftaskIndicator prompt;
-  prompt.Tick(0, 7);
-  EXPECT_FALSE(prompt.ButtonVisible());
-  EXPECT_EQ(prompt.CountdownText(), "Offtask in     :            00 : 07");
-  for (const char* caption : {"", "* &OFFTASK *", ""}) {
-    prompt.Tick(2, 7);
-    EXPECT_TRUE(prompt.ButtonVisible());
-    EXPECT_EQ(prompt.ButtonCaption(), caption);
-    EXPECT_EQ(prompt.CountdownText(), "");
-  }
 }
 
 TEST_F(LiveTest, NumbersStopAtSixteenBits) {

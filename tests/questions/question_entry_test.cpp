@@ -24,6 +24,7 @@ const std::string kFilled = "12345679 TEACHER EVALUATION/FOLLOWUP";
 /// to the box with the focus, and replaces its content while that is selected.
 struct EntryTest : testing::Test, Desk {
   EntryTest() {
+    prompter.cancelsDialogs = true;
     OpenLog();
     live.KeyInDescription();
     live.TypeDescription("Macbeth");

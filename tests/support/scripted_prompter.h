@@ -19,7 +19,9 @@ class ScriptedPrompter : public Prompter {
  public:
   ~ScriptedPrompter() override {
     EXPECT_TRUE(answers_.empty()) << answers_.size() << " answers were never asked for";
-    EXPECT_TRUE(texts_.empty()) << "a text was never asked for";
+    EXPECT_TRUE(texts_.empty() && files_.empty() && estimates_.empty() && seconds_.empty() &&
+                notes_.empty())
+        << "something was never asked for";
   }
 
   /// The next message box must say `text`, and gets `answer`; `during` runs while it is open.
@@ -28,6 +30,19 @@ class ScriptedPrompter : public Prompter {
   }
   /// The next input box gets `text`; nothing for Cancel.
   void ExpectText(std::optional<std::string> text) { texts_.push_back(std::move(text)); }
+
+  /// The next file dialog ends like this.
+  void ExpectFile(ChosenFile chosen) { files_.push_back(std::move(chosen)); }
+  /// The next off-task estimate is made with these numbers, or skipped with them typed; `during`
+  /// runs while the dialog is open.
+  void ExpectEstimate(const OfftaskPrompt& typed, bool accept = true,
+                      std::function<void()> during = {}) {
+    estimates_.push_back({typed, accept, std::move(during)});
+  }
+  /// The next time adjustment is set to `seconds`; nothing for Cancel.
+  void ExpectSeconds(std::optional<int> seconds) { seconds_.push_back(seconds); }
+  /// The next field notes are edited into `notes`; nothing for Cancel.
+  void ExpectNotes(std::optional<std::string> notes) { notes_.push_back(std::move(notes)); }
 
   Answer Ask(const Message& message) override {
     asked.push_back(message);
@@ -44,22 +59,42 @@ class ScriptedPrompter : public Prompter {
 
   std::optional<std::string> AskText(const TextPrompt& prompt) override {
     askedTexts.push_back(prompt);
-    if (texts_.empty()) {
-      ADD_FAILURE() << "not expected: " << prompt.text;
-      return std::nullopt;
-    }
-    auto text = texts_.front();
-    texts_.pop_front();
-    return text;
+    return Next(texts_, prompt.text).value_or(std::nullopt);
   }
 
   ChosenFile AskFile(const FilePrompt& prompt) override {
-    ADD_FAILURE() << "not expected: a file dialog, " << prompt.filter;
-    return {};
+    askedFiles.push_back(prompt);
+    return Next(files_, "a file dialog").value_or(ChosenFile{});
   }
+
+  bool AskOfftask(OfftaskPrompt& prompt) override {
+    askedEstimates.push_back(prompt);
+    const auto next = NextDialog(estimates_, "an off-task estimate");
+    if (!next) return false;
+    if (next->during) next->during();
+    prompt = next->typed;
+    return next->accept;
+  }
+
+  std::optional<int> AskSeconds(const SecondsPrompt& prompt) override {
+    askedSeconds.push_back(prompt);
+    return NextDialog(seconds_, "a time adjustment").value_or(std::nullopt);
+  }
+
+  std::optional<std::string> AskNotes(const std::string& notes) override {
+    askedNotes.push_back(notes);
+    return NextDialog(notes_, "field notes").value_or(std::nullopt);
+  }
+
+  /// Cancels the dialogs that the script does not expect, for tests that are about something else.
+  bool cancelsDialogs = false;
 
   std::vector<Message> asked;
   std::vector<TextPrompt> askedTexts;
+  std::vector<FilePrompt> askedFiles;
+  std::vector<OfftaskPrompt> askedEstimates;
+  std::vector<SecondsPrompt> askedSeconds;
+  std::vector<std::string> askedNotes;
 
  private:
   struct Expected {
@@ -79,8 +114,35 @@ class ScriptedPrompter : public Prompter {
     }
     return Answer::cancel;
   }
+  struct Estimate {
+    OfftaskPrompt typed;
+    bool accept;
+    std::function<void()> during;
+  };
+  /// The next answer of a script; nothing, after failing the test, when it has none.
+  template <typename T>
+  static std::optional<T> Next(std::deque<T>& script, const std::string& what) {
+    if (script.empty()) {
+      ADD_FAILURE() << "not expected: " << what;
+      return std::nullopt;
+    }
+    T next = std::move(script.front());
+    script.pop_front();
+    return next;
+  }
+
+  template <typename T>
+  std::optional<T> NextDialog(std::deque<T>& script, const std::string& what) const {
+    if (script.empty() && cancelsDialogs) return std::nullopt;
+    return Next(script, what);
+  }
+
   std::deque<Expected> answers_;
   std::deque<std::optional<std::string>> texts_;
+  std::deque<ChosenFile> files_;
+  std::deque<Estimate> estimates_;
+  std::deque<std::optional<int>> seconds_;
+  std::deque<std::optional<std::string>> notes_;
 };
 
 }  // namespace orvex::test

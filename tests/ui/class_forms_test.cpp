@@ -24,6 +24,7 @@ class ClassForms : public testing::Test, protected Desk {
   /// A new class, in which the observer has pressed `keys` on the live form and then `entryKeys` on
   /// the question entry, if that was opened. What was asked was answered with Yes.
   QWidget& Begin(const std::string& keys, const std::string& entryKeys = "") {
+    prompter.cancelsDialogs = true;
     entry_.reset();
     live_.reset();
     program.QuitRequested = false;
@@ -66,25 +67,30 @@ class ClassForms : public testing::Test, protected Desk {
 };
 
 TEST_F(ClassForms, OfferInEachStateTheirButtonsAndMnemonics) {
-  const std::tuple<std::string, const char*, const char*> states[] = {
-      {"", "", "&End Class"},
-      {"Act", "", ""},
-      {"Act\t {Backtab}", "", "E&PISODE|&SEGMENT|&Q/A|&End Class"},
-      {"Act\t {Backtab}{Backspace}", "", ""},
-      {"Act\tl ", "", "&About|E&PISODE|&SEGMENT|&Q/A|&End Class"},
-      {"Act\t {Alt+S}", "", "Sg. &to Ep."},
-      {"Act\t {Alt+S} ", "", "E&PISODE|&SEGMENT|&Q/A|Sg. &to Ep.|&End Class"},
-      {"Act\t {Alt+P}", "", "Ep. &to Sg."},
-      {"Act\t {Alt+P}B\t ", "", "E&PISODE|&SEGMENT|&Q/A|Ep. &to Sg.|&End Class"},
-      {kEntry, "", "&Abort"},
+  const std::string always = "&FIELDNOTE|&Clock";
+  const std::string divide = "E&PISODE|&SEGMENT|&Q/A|";
+  const std::string rest = "&Review|" + always + "|&Matrices|&End Class";
+  const std::tuple<std::string, const char*, std::string> states[] = {
+      {"", "", always + "|&End Class"},
+      {"Act", "", always},
+      {"Act\t {Backtab}", "", divide + rest},
+      {"Act\t {Backtab}{Backspace}", "", always},
+      {"Act\tl ", "", "&About|" + divide + rest},
+      {"Act\t {Alt+S}", "", "Sg. &to Ep.|" + always},
+      {"Act\t {Alt+S} ", "", divide + "Sg. &to Ep.|" + rest},
+      {"Act\t {Alt+P}", "", "Ep. &to Sg.|" + always},
+      {"Act\t {Alt+P}B\t ", "", divide + "Ep. &to Sg.|" + rest},
+      {kEntry, "", "&Abort|&Clock"},
       {kEntry, "Why?\n", "Nor&mal|&Next Q|Scr&ap"},
-      {kEntry, "Why?\n{Alt+A}", "&Abort"},
-      {kEntry, "Why?\nt\nn\n", "&Ditto|&SEGMENT|E&PISODE|&Last|&End Class"},
+      {kEntry, "Why?\n{Alt+A}", "&Abort|&Clock"},
+      {kEntry, "Why?\nt\nn\n",
+       "&Review|Proo&f|&Matrices|&Ditto|&SEGMENT|E&PISODE|&Last|&Clock|&End Class"},
       {kEntry, "Why?\nt\nn\nAnd?\n", "Nor&mal|&Ditto|&Next Q|Scr&ap"},
       {kEntry, "Why?\nt\nn\nAnd?\n{Up}\n",
-       "Nor&mal|&Ditto|&Next Q|&SEGMENT|Scr&ap|&Last|&End Class"},
-      {kEntry, "Why?\nt\nn\n{Alt+D}", "&Ditto|Reading a|&SEGMENT|E&PISODE|&Last|&End Class"},
-      {kEntry, "Why?\nt\nn\n{Alt+L}", "&Abort"},
+       "&Review|Proo&f|Nor&mal|&Ditto|&Next Q|&SEGMENT|Scr&ap|&Last|&Clock|&End Class"},
+      {kEntry, "Why?\nt\nn\n{Alt+D}",
+       "&Review|Proo&f|&Matrices|&Ditto|Reading a|&SEGMENT|E&PISODE|&Last|&Clock|&End Class"},
+      {kEntry, "Why?\nt\nn\n{Alt+L}", "&Abort|&Clock"},
       {kEntry, "Why?\nt\nn\n{Alt+P}", "&Yes|&No"},
   };
   for (const auto& [keys, entryKeys, captions] : states) {
@@ -96,10 +102,12 @@ TEST_F(ClassForms, OfferInEachStateTheirButtonsAndMnemonics) {
 }
 
 TEST_F(ClassForms, TabLeadsFromTheDescriptionRoundTheLiveForm) {
-  const std::string divide = "cmdStartNewEp cmdStartNewSg cmdStartNewQASg cmdQuit ";
+  const std::string divide =
+      "cmdStartNewEp cmdStartNewSg cmdStartNewQASg cmdReview cmdFieldNote Command1 Command7 "
+      "cmdQuit ";
   const std::pair<const char*, std::string> ways[] = {
-      {"", "cmdQuit "},
-      {"Act", "Option0_0 "},
+      {"", "cmdFieldNote Command1 cmdQuit "},
+      {"Act", "Option0_0 cmdFieldNote Command1 "},
       {"Act\tl ", "Option0_3 Command9 " + divide},
       {"Act\ts ", "Option0_6 Option3_1 Option4_0 Option5_0 " + divide},
       {"Act\tsss ", "Option0_13 Option1_0 Combo1 Combo2 Combo3 " + divide},
@@ -226,6 +234,7 @@ TEST_F(ClassForms, CloseOnlyBeforeTheFirstKeyOrAfterTheEnd) {
     prompter.Expect("Verify END OF CLASS", Answer::no);
     EXPECT_FALSE(form.close());
     prompter.Expect("Verify END OF CLASS", Answer::yes);
+    prompter.Expect("Have you finished Matrices?", Answer::yes);
     form.close();
     EXPECT_EQ(screens.Take().back(), "end");
   }

@@ -20,14 +20,25 @@ using namespace test;
 struct Asked {
   std::string text;
   Answer answer;
+  std::optional<Answer> surveyFinished = {};  ///< what the end of the class asks next
 };
 const Asked kSegment = {"Start New Segment?", Answer::yes};
 const Asked kEpisode = {"Start New Episode?", Answer::yes};
-const Asked kEnd = {"Verify END OF CLASS", Answer::yes};
+const Asked kEnd = {"Verify END OF CLASS", Answer::yes, Answer::yes};
 const Asked kRevise = {"Revise activity # ?", Answer::ok};
 
 Asked Declined(const Asked& asked) {
   return {asked.text, asked.answer == Answer::ok ? Answer::cancel : Answer::no};
+}
+
+/// What the observer enters in a dialog that opens.
+struct Entered {
+  std::optional<OfftaskPrompt> estimate = {};
+  std::optional<int> seconds = {};
+  std::optional<std::string> notes = {};
+};
+Entered Estimate(const char* offtask, const char* students) {
+  return {.estimate = OfftaskPrompt{.offtask = offtask, .students = students}};
 }
 
 /// One thing that the observer does.
@@ -36,6 +47,7 @@ struct Step {
   std::string keys;
   const char* focus;  ///< where the focus is then
   std::optional<Asked> asked = {};
+  Entered entered = {};     ///< a dialog that it is not said for is cancelled
   const char* clocks = "";  ///< what the clocks show before the keys
 };
 
@@ -43,6 +55,7 @@ class RecordedClass : public testing::Test {
  protected:
   /// Plays the steps in the running program, which must end with the last one.
   void Play(const std::vector<Step>& steps) {
+    desk_.prompter.cancelsDialogs = true;
     QTimer::singleShot(0, [&] {
       forms_.Show(Screen::mainMenu);
       Settle();
@@ -59,8 +72,14 @@ class RecordedClass : public testing::Test {
       EXPECT_EQ(Clocks(), step.clocks);
     }
     if (step.asked) desk_.prompter.Expect(step.asked->text, step.asked->answer);
+    if (step.asked && step.asked->surveyFinished) {
+      desk_.prompter.Expect("Have you finished Matrices?", *step.asked->surveyFinished);
+    }
+    if (step.entered.estimate) desk_.prompter.ExpectEstimate(*step.entered.estimate);
+    if (step.entered.seconds) desk_.prompter.ExpectSeconds(step.entered.seconds);
+    if (step.entered.notes) desk_.prompter.ExpectNotes(step.entered.notes);
     const std::string about = "{Alt+A}";
-    if (step.keys.ends_with("{Alt+O}")) {
+    if (step.keys.starts_with(about) && step.keys.ends_with("{Alt+O}")) {
       QTimer::singleShot(0, [&] {
         Settle();
         Keys(step.keys.substr(about.size()));
@@ -91,7 +110,7 @@ class RecordedClass : public testing::Test {
   }
 
   void ExpectFiles(const std::string& folder, const std::string& name) {
-    for (const std::string extension : {"eps", "bak", "nte"}) {
+    for (const std::string extension : {"eps", "bak", "nte", "sur"}) {
       const QString kind = QString::fromStdString(extension).toUpper();
       EXPECT_EQ(
           FileBytes(desk_.folder / (kind.toStdString() + "/" + folder + name + "." + extension)),
@@ -133,7 +152,13 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"09:02:30", "{Backtab}{Backtab}26{Up}{Up}{Up}{Backspace}3\n", "txtObservNum", overwrite},
       {"09:03:00", "\n\n{Backspace}7\n", "txtSchoolNum"},
       {"09:04:30", "{Alt+S}l ", "Option0_3", kSegment},
-      {"", "{Alt+A}Atticus, \"before the jail\"{Alt+O}", "Command9"},
+      {"", "{Alt+A}Atticus, \"before the jail\"{Alt+O}", "Option0_3"},
+      {"09:05:30",
+       "{Alt+F}",
+       "Option0_3",
+       {},
+       {.notes = "Late start – fire drill.\r\n\r\n\"Boo\" on the board"}},
+      {"09:06:30", "{Alt+O}", "Option0_3", {}, Estimate("3", "27")},
 
       {"09:10:00", "{Alt+Q}", text},
       {"09:10:30", "Whe\n{Alt+A}re is Boo, exactly?\n\n\n\n\n\nAna\n\n\n", text},
@@ -148,16 +173,18 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"", "What next?\nx\nq\nzz\nb\nm\nAl\np\nk\n", text},
       {"", "left half way\ns\ny\n{Ctrl+N}{Ctrl+N}", text},
       {"", "Is it Kim's?\ns\ny\n\n\n\nKim\no{Up}{Up}{Up}{Up}{Up}{Up}t\n\n\n\n\n\n\n\n", text},
+      {"09:13:00", "half way in\ns{Alt+O}", "Text1", {}, Estimate("6", "24")},
+      {"", "\n{Alt+A}", text},
       {"", "{Alt+S}", text, Declined(kSegment)},
       {"09:14:00", "{Alt+S}", "Option0_4", kSegment},
 
       // A segment that turns out to be an episode.
       {"", "d ", "Option0_5"},
-      {"", "{Alt+A}who is \"brave\"?{Alt+O}", "Command9"},
+      {"", "{Alt+A}who is \"brave\"?{Alt+O}", "Option0_5"},
       {"09:16:00", "{Alt+T}", "txtEpisodeName"},
       {"09:16:10", "Second: drafting\t", "Option0_5"},
       {"09:20:00", "{Alt+S}r ", "Option0_7", kSegment},
-      {"09:21:00.500", "{Alt+S}s ", "Option0_8", kSegment},
+      {"09:21:00.500", "{Alt+S}s ", "Option0_8", kSegment, Estimate("1", "24")},
       {"09:22:02", "{Alt+S}", "Option0_8", kSegment},
       {"", "ssss \t{Up} \t{Down} \t{Down} ", "Option5_1"},
       {"", "{Alt+P}", "cmdStartNewEp", Declined(kEpisode)},
@@ -169,11 +196,12 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"09:26:00", "{Alt+T}", "txtEpisodeName"},
       {"09:26:10", "\trr ", "Option0_9", kRevise},
       {"09:27:02", "{Alt+S}q ", text, kSegment},
-      {"09:28:00", "May I read?\ns\nn\nAna\nWho's next?\nt\nn\n", text},
+      {"09:28:00", "{Alt+C}", text, {}, {.seconds = 88}},
+      {"", "May I read?\ns\nn\nAna\nWho's next?\nt\nn\n", text},
       {"", "Same again\ns\ny\n{Alt+M}Eva\n\n\n", text},
       {"", "How would you put it?\nt\ny\na\n\nh\n\"Max\", twice\n\ne\n", text},
       {"", "unfinished\nt\ny\n{Alt+N}But why?\ns\ny\na\nt\nh\nMia\no\ne\n", text},
-      {"", "{Alt+D}\t\t", "Command5"},
+      {"", "{Alt+D}\t\t\t\t\t", "Command5"},
       {"09:33:02", " ", "Option0_9"},
       {"09:34:02", "{Alt+S}c ", "Option0_2", kSegment},
       {"09:35:02", "{Alt+P}", "txtEpisodeName", kEpisode},
@@ -183,17 +211,17 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"09:35:15", "t ", "Option0_12"},
       {"09:38:02", "{Alt+S}", "Option0_12", kSegment},
       {"", "s \t \t{Down}\t{Down}\t{Down}", "Combo3"},
-      {"09:41:02", "{Alt+S}", "Option0_13", kSegment},
+      {"09:41:02", "{Alt+S}", "Option0_13", kSegment, Estimate("2", "24")},
       {"", " \t {Backtab}", "Option0_13"},
       {"09:41:30", "s ", "Option0_14", kRevise},
       {"", "\t\tworkbook\thigher order\t?", "Combo3"},
       {"09:43:02", "{Alt+S}", "Option0_14", kSegment},
       {"", "u \t{Down} \tother", "Combo1"},
-      {"09:44:02", "{Alt+S}", "Option0_15", kSegment},
+      {"09:44:02", "{Alt+S}", "Option0_15", kSegment, Estimate("12", "24")},
       {"", "s \t{Down}{Down}{Down} ", "Option2_3"},
-      {"09:46:02", "{Alt+S} ", "Option0_16", kSegment},
-      {"09:46:32", "{Alt+S}o ", "Option0_11", kSegment},
-      {"", "{Alt+A} assembly, gym {Alt+O}", "Command9"},
+      {"09:46:02", "{Alt+S} ", "Option0_16", kSegment, Estimate("24", "24")},
+      {"09:46:32", "{Alt+S}o ", "Option0_11", kSegment, Estimate("0", "24")},
+      {"", "{Alt+A} assembly, gym {Alt+O}", "Option0_11"},
       {"09:47:32", "{Alt+Q}", text},
       {"09:48:00", "“Who” – and why?\n\n\n\n\n\nNoé\n\n\n", text},
       {"", "I changed my mind\nt\ny\na\nt\nh\nLea\n{Up}{Up}{Up}{Up}{Up}n\n", text},
@@ -218,7 +246,15 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"09:54:45", "g ", "Option0_10"},
       {"09:56:32", "{Alt+S}p ", "Option0_0", kSegment},
       {"10:00:00", "{Alt+E}", "cmdQuit", Declined(kEnd)},
-      {"", "{Alt+E}", "cmdQuit", kEnd},
+      {"", "{Alt+E}", "cmdQuit", {{kEnd.text, Answer::yes, Answer::no}}},
+
+      // The survey is filled in when the class is stored already.
+      {"10:02:00", "{Alt+M}", "Check1_0"},
+      {"", " {Up} other things{Ctrl+PgDown}12n{Down}3", "Option6_0"},
+      {"", "{Alt+R}", "Command7"},
+      {"10:03:00", "{Alt+M}{Ctrl+PgUp}", "Text5"},
+      {"", "{End}{Backspace}{Alt+R}", "Command7"},
+      {"", "{Alt+X}", "cmdQuit"},
   });
   ExpectFiles("7/13/", "7-13-3");
   EXPECT_FALSE(std::filesystem::exists(desk_.folder / "BAK/7/12/7-12-3.bak"));
@@ -230,14 +266,14 @@ TEST_F(RecordedClass, RunsOnAcrossMidnight) {
       {"", "{Alt+N}\n1\n2\n3\n30\n", "Command1"},
       {"23:50:00", "\n", "txtEpisodeName"},
       {"", "Night class\tss ", "Option0_8"},
-      {"23:59:30", "{Alt+Q}", "txtQuestion", {}, "09 : 30;09 : 30; 23 : 59 : 30;"},
+      {"23:59:30", "{Alt+Q}", "txtQuestion", {}, {}, "09 : 30;09 : 30; 23 : 59 : 30;"},
       {"", "Still awake?\nt\nn\n", "txtQuestion"},
-      {"00:00:15", "", "txtQuestion", {}, "10 : 15;00 : 45; 00 : 00 : 15;"},
+      {"00:00:15", "", "txtQuestion", {}, {}, "10 : 15;00 : 45; 00 : 00 : 15;"},
       {"", "What day is it?\n{Alt+M}Ana\n\n\n", "txtQuestion"},
       {"00:05:00", "{Alt+P}", "Command11_0", kEpisode},
       {"", "{Alt+Y}Home\to ", "Option0_11"},
-      {"", "{Alt+A}ghosts{Alt+O}", "Command9"},
-      {"00:20:00", "{Alt+E}", "cmdQuit", kEnd, "15 : 00;15 : 00; 00 : 20 : 00;"},
+      {"", "{Alt+A}ghosts{Alt+O}", "Option0_11"},
+      {"00:20:00", "{Alt+E}", "cmdQuit", kEnd, {}, "15 : 00;15 : 00; 00 : 20 : 00;"},
   });
   ExpectFiles("1/2/", "1-2-3");
 }

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+
+namespace orvex {
+
+class Clock;
+class Prompter;
+
+/// When off-task estimates fall due within a segment. A minute before each one a countdown begins;
+/// at its end one more estimate is pending.
+class OfftaskSchedule {
+ public:
+  /// The cadences: how many minutes lie between two estimates.
+  static constexpr float kUsualCadence = 2;
+  static constexpr float kQuestionAnswerCadence = 5;
+
+  /// Stops the schedule: nothing counts down, and nothing is pending.
+  void Stop();
+  /// Starts it anew within a segment that has run for `seconds`; `cadence` in minutes.
+  void Start(float seconds, float cadence);
+
+  /// True while it is to be asked every 500 ms.
+  bool Running() const { return running_; }
+  /// Every 500 ms while it runs, in a segment that started at `segmentStart`.
+  void Tick(const Clock& clock, Prompter& prompter, float segmentStart, bool questionAnswer);
+
+  /// An estimate was made or skipped.
+  void TakeEstimate();
+
+  /// Seconds until the next estimate is pending; 0 when none is near.
+  std::int32_t OfftaskCountdown() const { return countdown_; }
+  std::int32_t OfftaskPending() const { return pending_; }
+
+ private:
+  bool running_ = false;
+  float nextEstimateIndex_ = 0;
+  float countdownStart_ = 0;
+  std::int32_t countdown_ = 0;
+  std::int32_t pending_ = 0;
+};
+
+}  // namespace orvex

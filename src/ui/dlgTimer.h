@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "observe/stopwatch.h"
+
+class QTimer;
+namespace Ui {
+class dlgTimer;
+}
+
+namespace orvex {
+
+class Clock;
+
+/// The stopwatch.
+class dlgTimer : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit dlgTimer(const Clock& clock, QWidget* parent = nullptr);
+  ~dlgTimer() override;
+
+  /// Copies what the stopwatch says is shown into the controls.
+  void Refresh();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void Start();
+
+  Stopwatch stopwatch_;
+  std::unique_ptr<Ui::dlgTimer> ui_;
+  QTimer* timer1_;
+};
+
+}  // namespace orvex

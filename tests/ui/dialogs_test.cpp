@@ -1,0 +1,140 @@
+// The dialogs of a class, and what the keyboard does in them.
+
+#include <gtest/gtest.h>
+
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QSlider>
+#include <QTimer>
+#include <functional>
+#include <optional>
+#include <tuple>
+
+#include "support/fake_clock.h"
+#include "ui/QtPrompter.h"
+#include "ui/dlgTimer.h"
+#include "ui/keys.h"
+
+namespace orvex {
+namespace {
+
+using namespace test;
+
+/// Presses `keys` in the dialog that opens next, and does `then` if it is still open.
+void PressInTheNext(const std::string& keys, std::function<void(QDialog&)> then = {}) {
+  QTimer::singleShot(0, [keys, then = std::move(then)] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+    Keys(keys);
+    if (!dialog->isVisible()) return;
+    if (then) then(*dialog);
+    if (dialog->isVisible()) dialog->reject();
+  });
+}
+
+TEST(OfftaskForm, TakesAnEstimateWithEnterFromBoxToBox) {
+  const std::tuple<const char*, bool, const char*, const char*> cases[] = {
+      {"5\n\n\n", true, "5", "25"},
+      {"5{Down}{Down} ", true, "5", "25"},
+      {"\n4{Backtab}3{Up}\n", true, "3", "254"},
+      {"{Up}\n", true, "0", "25"},
+      {"\t24{Up}7\n\n ", true, "07", "24"},
+      {"5{Alt+O}", true, "5", "25"},
+      {"5\n24\n\t\n", false, "5", "2524"},
+      {"5{Alt+S}", false, "5", "25"},
+      {"5{Esc}", false, "5", "25"},
+      {"x{Esc}", false, "0", "25"},
+      {"x\n{Alt+O}", true, "0", "25"},  // "0" is back and the focus in it; the next try holds
+      {"\t0\n{Alt+O}", true, "0", "25"},
+  };
+  for (const auto& [keys, accepted, offtask, students] : cases) {
+    SCOPED_TRACE(keys);
+    OfftaskPrompt prompt = {.students = "25"};
+    PressInTheNext(keys, [](const QDialog&) { ADD_FAILURE() << "still open"; });
+    EXPECT_EQ(QtPrompter().AskOfftask(prompt), accepted);
+    EXPECT_EQ(prompt.offtask, offtask);
+    EXPECT_EQ(prompt.students, students);
+  }
+}
+
+TEST(OfftaskForm, KeepsTheFocusInABoxThatIsNoNumber) {
+  for (const char* keys : {"x\n", "x{Up}", "x\t", "x{Alt+S}", "x{Alt+O}"}) {
+    SCOPED_TRACE(keys);
+    OfftaskPrompt prompt = {.students = "25"};
+    PressInTheNext(keys, [](const QDialog& dialog) {
+      EXPECT_EQ(FocusedName(), "Text1");
+      EXPECT_EQ(Find<QLineEdit>(dialog, "Text1")->selectedText(), QStringLiteral("0"));
+    });
+    EXPECT_FALSE(QtPrompter().AskOfftask(prompt));
+  }
+}
+
+TEST(AdjustForm, SetsTheSecondsWithSliderOrNumber) {
+  const std::tuple<const char*, std::optional<int>> cases[] = {
+      {"{Right}{Right}\n\n", 92}, {"{PgUp} {Alt+O}", 99},         {"{Home}\n ", 0},
+      {"\t120\n\n", 120},         {"{End}{Alt+C}", std::nullopt}, {"{End}{Esc}", std::nullopt},
+      {"\t{End}9\n\n", 90},  // 909 is too many and 90 what it was
+  };
+  for (const auto& [keys, seconds] : cases) {
+    SCOPED_TRACE(keys);
+    PressInTheNext(keys, [](const QDialog&) { ADD_FAILURE() << "still open"; });
+    EXPECT_EQ(QtPrompter().AskSeconds({.maximum = 180, .seconds = 90}), seconds);
+  }
+  PressInTheNext("{Right}", [](const QDialog& dialog) {
+    EXPECT_EQ(Find<QLineEdit>(dialog, "Text1")->text(), QStringLiteral("91"));
+    EXPECT_EQ(Find<QSlider>(dialog, "Slider1")->tickInterval(), 9);
+  });
+  EXPECT_EQ(QtPrompter().AskSeconds({.maximum = 180, .seconds = 90}), std::nullopt);
+}
+
+TEST(FieldNoteForm, KeepsWhatIsTypedUnlessItIsCancelled) {
+  const std::string notes = "One\r\nTwo\nlines";  // a lone line feed is none of ours
+  const std::tuple<const char*, std::optional<std::string>> cases[] = {
+      {"{Alt+S}", notes},
+      {"!\n?{Alt+S}", "One\r\nTwo\r\nlines!\r\n?"},
+      {"!\t ", "One\r\nTwo\r\nlines!"},
+      {"!{Esc}", "One\r\nTwo\r\nlines!"},
+      {"!{Alt+C}", std::nullopt},
+  };
+  for (const auto& [keys, expected] : cases) {
+    SCOPED_TRACE(keys);
+    PressInTheNext(keys, [](const QDialog&) { ADD_FAILURE() << "still open"; });
+    EXPECT_EQ(QtPrompter().AskNotes(notes), expected);
+  }
+  // Also by the window's frame.
+  PressInTheNext("!", [](QDialog& dialog) { dialog.close(); });
+  EXPECT_EQ(QtPrompter().AskNotes("A"), "A!");
+}
+
+TEST(TimerForm, StartsALapOnAnyKey) {
+  FakeClock clock;
+  dlgTimer form(clock);
+  Activate(form);
+  const auto text = [&form](const char* label) {
+    return Find<QLabel>(form, label)->text().toStdString();
+  };
+  Keys("\n");
+  clock.Advance(5);
+  TickForms();
+  EXPECT_EQ(text("Label2"), "Time elapsed: ") << "Enter starts nothing";
+  for (const char* key : {"x", " ", "\t", "{Alt+S}", "{Ctrl+X}", "c"}) {
+    SCOPED_TRACE(key);
+    Keys(key);
+    clock.Advance(7);
+    TickForms();
+    EXPECT_EQ(text("Label2"), "Time elapsed: 7 sec.");
+  }
+  EXPECT_EQ(text("Label3"), "Total time: 42 sec.");
+  EXPECT_EQ(text("Label4"), "PREVIOUS TIME SEGMENT = 7 sec.");
+  for (const char* key : {"{Ctrl+C}", "{Alt+C}"}) {
+    Activate(form);
+    Keys(key);
+    EXPECT_FALSE(form.isVisible());
+  }
+}
+
+}  // namespace
+}  // namespace orvex
