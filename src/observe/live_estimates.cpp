@@ -43,6 +43,7 @@ void LiveObservation::OfftaskTick() {
 }
 
 void LiveObservation::TakeEstimate() {
+  if (schedule_.OfftaskPending() < 1) return;
   AskEstimate();
   schedule_.TakeEstimate();
 }

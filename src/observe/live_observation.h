@@ -66,6 +66,8 @@ class LiveObservation {
   const std::string& FieldNotes() const { return fieldNotes_; }
   /// What the observer has filled in of the survey so far.
   Survey& SurveyAnswers() { return survey_; }
+  /// No key has been typed in a description: there is nothing to store yet.
+  bool NothingEntered() const { return nothingEntered_; }
   bool ClassStored() const { return services_.program.QuitRequested; }
   /// The class is stored and only its survey is not: the observer can fill it in, and leave.
   bool AwaitsSurvey() const { return awaitsSurvey_; }

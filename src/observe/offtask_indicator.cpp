@@ -15,6 +15,10 @@ void OfftaskIndicator::cmdOfftaskActive_Click() {
   buttonVisible_ = false;
 }
 
+bool OfftaskIndicator::ButtonVisible() const {
+  return buttonVisible_ && live_.Schedule().OfftaskPending() >= 1;
+}
+
 std::string OfftaskIndicator::CountdownText() const {
   const OfftaskSchedule& schedule = live_.Schedule();
   if (schedule.OfftaskPending() >= 1 || schedule.OfftaskCountdown() < 1) return "";

@@ -17,7 +17,8 @@ class OfftaskIndicator {
   /// Takes the estimate; the next tick shows the button again if more of them are pending.
   void cmdOfftaskActive_Click();
 
-  bool ButtonVisible() const { return buttonVisible_; }
+  /// Whatever ends the schedule takes the button with it at once.
+  bool ButtonVisible() const;
   std::string ButtonCaption() const { return blank_ ? "" : "* &OFFTASK *"; }
   std::string CountdownText() const;
 

@@ -1,8 +1,8 @@
 #include "ui/frmAdjust.h"
 
 #include <QFocusEvent>
-#include <QIntValidator>
 #include <QKeyEvent>
+#include <QRegularExpressionValidator>
 #include <algorithm>
 
 #include "model/time_of_day.h"
@@ -26,14 +26,16 @@ frmAdjust::frmAdjust(const SecondsPrompt& prompt, QWidget* parent)
   ui_->Slider1->setValue(prompt.seconds);
   ui_->Label2->setText(QString::number(prompt.maximum));
   ui_->Text1->setText(QString::number(prompt.seconds));
-  ui_->Text1->setValidator(new QIntValidator(0, prompt.maximum, ui_->Text1));
+  ui_->Text1->setValidator(
+      new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), ui_->Text1));
 
   connect(ui_->Slider1, &QSlider::valueChanged, this, [this](int seconds) {
     // While the number is typed, the slider follows it, and not the other way round.
     if (!ui_->Text1->hasFocus()) ui_->Text1->setText(QString::number(seconds));
   });
   connect(ui_->Text1, &QLineEdit::textEdited, this, [this](const QString& text) {
-    if (ui_->Text1->hasAcceptableInput()) ui_->Slider1->setValue(text.toInt());
+    // Too large a number is the largest there is; the box says so when it is left.
+    if (!text.isEmpty()) ui_->Slider1->setValue(text.toInt());
   });
   connect(ui_->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
   connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);

@@ -264,7 +264,8 @@ void frmClassAct::showEvent(QShowEvent* event) {
 }
 
 void frmClassAct::closeEvent(QCloseEvent* event) {
-  event->setAccepted(boxFocus_->CheckCurrent() && live_.RequestClose());
+  const bool mayLeave = live_.NothingEntered() || boxFocus_->CheckCurrent();
+  event->setAccepted(mayLeave && live_.RequestClose());
   Refresh();
 }
 

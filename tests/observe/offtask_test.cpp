@@ -50,6 +50,13 @@ struct OfftaskTest : testing::Test, test::Desk {
     return std::to_string(whole / 60) + ":" + TwoDigits(whole % 60) +
            (since > static_cast<float>(whole) ? ".5" : "");
   }
+  /// An estimate that is pending is taken at the press of the button.
+  void Take() {
+    const float now = clock.SecondsSinceMidnight();
+    while (live->Schedule().OfftaskPending() == 0) Run(0.5);
+    clock.Advance(static_cast<double>(now - clock.SecondsSinceMidnight()));
+    live->TakeEstimate();
+  }
   void NewSegment(int activity) {
     prompter.Expect("Start New Segment?", Answer::yes);
     live->cmdStartNewSg_Click();
@@ -135,20 +142,24 @@ TEST_F(OfftaskTest, FallDueAcrossMidnightAndWhileTheDialogIsOpen) {
   NewLogText();
   prompter.ExpectEstimate({.offtask = "1", .students = "25"}, false);
   prompt.cmdOfftaskActive_Click();
-  EXPECT_EQ(live->Schedule().OfftaskPending(), 0);
-  EXPECT_EQ(NewLogText(), "");
+  Run(120);
+  prompt.Tick();
+  EXPECT_TRUE(prompt.ButtonVisible());
+  prompter.Expect("Revise activity # ?", Answer::ok);
+  live->ChooseActivity(17);
+  EXPECT_FALSE(prompt.ButtonVisible()) << "it goes with its schedule, before the next tick";
 }
 
 TEST_F(OfftaskTest, AreLoggedAndKeptUnderTheirKind) {
   Begin(kQuestionAnswer);
   clock.Set(10, 23, 45);
   prompter.ExpectEstimate({.offtask = "5", .students = "25"});
-  live->TakeEstimate();
+  Take();
   EXPECT_EQ(NewLogText(), "\nOFFTASK: 0.2 [ 5 / 25 ] Act # 5 Question/Answer 10:23:45\n\n");
   EXPECT_EQ(EstimatesOfKind(5), std::vector<float>{0.2F});
 
   prompter.ExpectEstimate({.offtask = "8", .students = "24"});
-  live->TakeEstimate();
+  Take();
   EXPECT_EQ(NewLogText(),
             "\nOFFTASK: 0.3333333 [ 8 / 24 ] Act # 5 Question/Answer 10:23:45\n\n"
             "REVISED N= 24 10:23:45\n");
@@ -160,7 +171,8 @@ TEST_F(OfftaskTest, AreLoggedAndKeptUnderTheirKind) {
   prompter.Expect("Start New Episode?", Answer::yes);
   live->cmdStartNewEp_Click();
   const std::string lines = NewLogText();
-  EXPECT_LT(lines.find("\nOFFTASK: -0.0416667 [ -1 / 24 ]"), lines.find("Ep. 1 Sg. 1 Question/Answer"));
+  EXPECT_LT(lines.find("\nOFFTASK: -0.0416667 [ -1 / 24 ]"),
+            lines.find("Ep. 1 Sg. 1 Question/Answer"));
   EXPECT_NE(lines.find("episode 1 = 1.638889E-1 [number of estimates = 3 ]"), std::string::npos)
       << lines;
 
@@ -168,7 +180,7 @@ TEST_F(OfftaskTest, AreLoggedAndKeptUnderTheirKind) {
   live->TypeDescription("Drama");
   live->ChooseActivity(16);
   prompter.ExpectEstimate({.offtask = "12", .students = "24"});
-  live->TakeEstimate();
+  Take();
   EXPECT_EQ(EstimatesOfKind(4), std::vector<float>{0.5F});
   EXPECT_EQ(EstimatesOfKind(5).size(), 3U);
   EXPECT_EQ(prompter.askedEstimates.back().students, "24");
@@ -200,17 +212,18 @@ TEST_F(OfftaskTest, AreAskedForAtTheEndOfASegmentThatTakesThem) {
 
 TEST_F(OfftaskTest, SkippedComeBackWithTheTextsAsTheyWereLeft) {
   Begin(4);
+  live->TakeEstimate();  // none is pending
   prompter.ExpectEstimate({.offtask = "7", .students = "26"}, false);
-  live->TakeEstimate();
+  Take();
   live->TypeHeader(HeaderBox::numStudents, "26");
   prompter.ExpectEstimate({.offtask = "7", .students = "26"});
-  live->TakeEstimate();
+  Take();
   EXPECT_EQ(prompter.askedEstimates[1].offtask, "7");
   EXPECT_EQ(prompter.askedEstimates[1].students, "26");
   // Compared with what the dialog was first opened with.
   EXPECT_NE(NewLogText().find("REVISED N= 26"), std::string::npos);
   prompter.ExpectEstimate({}, false);
-  live->TakeEstimate();
+  Take();
   EXPECT_EQ(prompter.askedEstimates[2].offtask, "0");
 }
 

@@ -76,7 +76,7 @@ TEST(AdjustForm, SetsTheSecondsWithSliderOrNumber) {
   const std::tuple<const char*, std::optional<int>> cases[] = {
       {"{Right}{Right}\n\n", 92}, {"{PgUp} {Alt+O}", 99},         {"{Home}\n ", 0},
       {"\t120\n\n", 120},         {"{End}{Alt+C}", std::nullopt}, {"{End}{Esc}", std::nullopt},
-      {"\t{End}9\n\n", 90},  // 909 is too many and 90 what it was
+      {"\t{End}9\n\n", 180},  // 909 is too many
   };
   for (const auto& [keys, seconds] : cases) {
     SCOPED_TRACE(keys);
