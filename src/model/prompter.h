@@ -18,6 +18,9 @@ struct Message {
   Answer defaultAnswer = Answer::ok;
   std::string details = {};  ///< the place or the cause, shown under the text; may be empty
   std::string title = "Orvex";
+  /// What it counts as to close the box without pressing a button; by itself No, or Cancel where
+  /// there is one.
+  std::optional<Answer> dismissed = {};
 };
 
 /// An input box for one line of text.

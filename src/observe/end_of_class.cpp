@@ -1,5 +1,3 @@
-#include <exception>
-#include <functional>
 #include <string>
 
 #include "model/clock.h"
@@ -11,6 +9,7 @@
 #include "store/numbers.h"
 #include "store/paths.h"
 #include "store/session_log.h"
+#include "store/try_again.h"
 #include "survey/sur_file.h"
 
 namespace orvex {
@@ -38,7 +37,7 @@ void LiveObservation::cmdQuit_Click() {
   if (!awaitsSurvey_) {
     if (!EndClass()) return;
     awaitsSurvey_ = !services_.prompter.AskYesNo("Have you finished Matrices?");
-    if (awaitsSurvey_) return;
+    if (awaitsSurvey_) return focus_.Set({.kind = Control::Kind::survey}, Caret::stay);
   }
   LeaveWithSurvey();
 }
@@ -73,10 +72,12 @@ bool LiveObservation::EndClass() {
 /// Writes the survey and ends the program. What cannot be written waits for another "E&xit".
 void LiveObservation::LeaveWithSurvey() {
   Program& program = services_.program;
-  const bool saved = Persist("The survey could not be written. Try again?", [&] {
-    WriteSurFile(services_.storage, SurPath(services_.storage, program.DataPath, program.identity),
-                 {.identity = program.identity, .answers = survey_});
-  });
+  const bool saved =
+      TryAgainAndAgain(services_.prompter, "The survey could not be written. Try again?", [&] {
+        WriteSurFile(services_.storage,
+                     SurPath(services_.storage, program.DataPath, program.identity),
+                     {.identity = program.identity, .answers = survey_});
+      });
   awaitsSurvey_ = !saved;
   if (awaitsSurvey_) return;
   services_.screens.Close(Screen::survey);
@@ -96,38 +97,23 @@ bool LiveObservation::HeaderNamesFiles() {
 
 bool LiveObservation::SaveClass() {
   Program& program = services_.program;
-  return Persist("The data files could not be written. The class is still in memory. Try again?",
-                 [&] {
-                   SaveObservation(services_);
-                   WriteFieldNotes(services_.storage,
-                                   NtePath(services_.storage, program.DataPath, program.identity),
-                                   {.text = fieldNotes_});
-                 });
+  return TryAgainAndAgain(
+      services_.prompter,
+      "The data files could not be written. The class is still in memory. Try again?", [&] {
+        SaveObservation(services_);
+        WriteFieldNotes(services_.storage,
+                        NtePath(services_.storage, program.DataPath, program.identity),
+                        {.text = fieldNotes_});
+      });
 }
 
 /// The class is stored by now. A log that cannot be completed must not keep the observer in it.
 void LiveObservation::EndWithLog() {
   services_.log.LogBlankLine();
   services_.log.LogOff();
-  Persist("The class is stored, but the session log could not be completed. Try again?",
-          [this] { services_.log.File().Close(); });
-}
-
-/// Runs `save` until it succeeds, or until the observer no longer wants to try.
-bool LiveObservation::Persist(const std::string& question, const std::function<void()>& save) {
-  for (;;) {
-    try {
-      save();
-      return true;
-    } catch (const std::exception& error) {
-      if (services_.prompter.Ask({.text = question,
-                                  .buttons = Buttons::yesNo,
-                                  .defaultAnswer = Answer::yes,
-                                  .details = error.what()}) != Answer::yes) {
-        return false;
-      }
-    }
-  }
+  TryAgainAndAgain(services_.prompter,
+                   "The class is stored, but the session log could not be completed. Try again?",
+                   [this] { services_.log.File().Close(); });
 }
 
 bool LiveObservation::RequestClose() {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,7 +24,7 @@ class LiveObservation {
  public:
   /// The controls that the logic gives the focus to. An activity button is meant by its number.
   struct Control {
-    enum class Kind { header, description, activity };
+    enum class Kind { header, description, activity, survey };
     Kind kind;
     HeaderBox box = HeaderBox::initials;
     int activity = 0;
@@ -170,7 +169,6 @@ class LiveObservation {
   bool SaveClass();
   void EndWithLog();
   void LeaveWithSurvey();
-  bool Persist(const std::string& question, const std::function<void()>& save);
   float Now() const;
 
   Services services_;

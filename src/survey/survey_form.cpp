@@ -6,8 +6,8 @@
 
 #include "model/program.h"
 #include "model/prompter.h"
-#include "store/file_error.h"
 #include "store/paths.h"
+#include "store/try_again.h"
 #include "survey/open_survey.h"
 
 namespace orvex {
@@ -20,14 +20,18 @@ SurveyForm::SurveyForm(const Services& services, SurFile file)
 
 void SurveyForm::SetCheck(std::size_t group, std::size_t item, bool checked) {
   answers_.checks.at(group).set(item, checked);
+  savedText_.clear();
 }
 
 void SurveyForm::Rate(std::size_t statement, int button) {
   answers_.ratings.at(statement) = static_cast<std::int16_t>(button);
+  savedText_.clear();
 }
 
 void SurveyForm::TypeOther(std::string text) {
-  if (OtherEnabled()) answers_.other = std::move(text);
+  if (!OtherEnabled()) return;
+  answers_.other = std::move(text);
+  savedText_.clear();
 }
 
 int SurveyForm::Open(const SurveyScale& scale) const {
@@ -58,8 +62,12 @@ void SurveyForm::Command1_Click() {
 
 void SurveyForm::Command2_Click() {
   if (!OnFile()) return;
-  // What could not be written stays on the form.
-  if (services_.prompter.AskYesNo("Save changes?") && !Save()) return;
+  // To leave the question open is to stay, and what could not be written stays on the form.
+  const Answer save = services_.prompter.Ask({.text = "Save changes?",
+                                              .buttons = Buttons::yesNo,
+                                              .defaultAnswer = Answer::yes,
+                                              .dismissed = Answer::cancel});
+  if (save == Answer::cancel || (save == Answer::yes && !Save())) return;
   const bool another = services_.prompter.Ask({.text = "Edit Another File?",
                                                .buttons = Buttons::yesNo,
                                                .defaultAnswer = Answer::no}) == Answer::yes;
@@ -82,20 +90,12 @@ void SurveyForm::RequestClose() {
 
 /// False when the file could not be written and the user has given up for now.
 bool SurveyForm::Save() {
-  for (;;) {
-    try {
-      const auto path = SurPathInFolder(services_.program.DataPath, file_->identity);
-      WriteSurFile(services_.storage, path, *file_);
-      return true;
-    } catch (const FileError& error) {
-      const Answer answer =
-          services_.prompter.Ask({.text = "The survey could not be written. Try again?",
-                                  .buttons = Buttons::yesNo,
-                                  .defaultAnswer = Answer::yes,
-                                  .details = error.what()});
-      if (answer != Answer::yes) return false;
-    }
-  }
+  const auto path = SurPathInFolder(services_.program.DataPath, file_->identity);
+  const bool saved =
+      TryAgainAndAgain(services_.prompter, "The survey could not be written. Try again?",
+                       [&] { WriteSurFile(services_.storage, path, *file_); });
+  if (saved) savedText_ = "Saved as " + path.string();
+  return saved;
 }
 
 }  // namespace orvex

@@ -38,6 +38,9 @@ class SurveyForm {
   int Open(const SurveyScale& scale) const;
   int Open() const;
 
+  /// Where the answers were saved, as long as they have not changed since.
+  const std::string& SavedText() const { return savedText_; }
+
   /// "Class ID 5-12-3", of the class or the file.
   std::string ClassIdText() const;
   std::string_view Caption1() const { return OnFile() ? "&Save" : "&Return"; }
@@ -55,6 +58,7 @@ class SurveyForm {
   Services services_;
   std::optional<SurFile> file_;
   Survey& answers_;
+  std::string savedText_;
   SurveyCaller caller_ = SurveyCaller::liveObservation;
 };
 

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <algorithm>
+#include <limits>
 
 #include "survey/survey_form.h"
 #include "ui/RovingFocus.h"
@@ -48,7 +49,7 @@ QGroupBox* CheckLists::BuildGroup(int group, int columns) {
   }
   if (group == 0) AddOtherBox(*items, rows - 1);
   items->setRowStretch(rows, 1);
-  new RovingFocus({boxes_[index].begin(), boxes_[index].end()}, this);
+  new RovingFocus({boxes_[index].begin(), boxes_[index].end()}, this, columns > 1 ? rows : 1);
   for (QCheckBox* box : boxes_[index]) box->installEventFilter(this);
   return frame;
 }
@@ -57,6 +58,7 @@ void CheckLists::AddOtherBox(QGridLayout& items, int row) {
   QCheckBox* check = boxes_[0].at(kOtherItem);
   other_ = new QLineEdit;
   other_->setObjectName(QStringLiteral("Text5"));
+  other_->setMaxLength(std::numeric_limits<int>::max());  // a file's text is never cut
   other_->setAccessibleName(QStringLiteral("Other evidence of student success"));
   other_->installEventFilter(this);
   connect(other_, &QLineEdit::textEdited, this, &CheckLists::OtherTyped);

@@ -14,7 +14,8 @@ FocusReturn::FocusReturn(QAbstractButton* button) : QObject(button) {
   });
   connect(button, &QAbstractButton::clicked, this, [this] {
     QWidget* before = before_;
-    if (before && before->isVisible() && before->isEnabled()) {
+    // The click may have hidden the whole form, which keeps its focus for when it comes back.
+    if (before && before->isVisibleTo(before->window()) && before->isEnabled()) {
       before->setFocus(Qt::ActiveWindowFocusReason);
     }
   });

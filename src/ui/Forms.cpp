@@ -29,7 +29,10 @@ void Present(Form& form) {
   form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
   if (!form.isVisible()) FitToScreen(form);
   // A form that comes back stands where it stood; only its first place is the window manager's.
-  if (form.windowHandle() && !form.isVisible()) form.windowHandle()->setFramePosition(form.pos());
+  // Told without the frame, which a hidden window does not have.
+  if (form.windowHandle() && !form.isVisible()) {
+    form.windowHandle()->setPosition(form.geometry().topLeft());
+  }
   form.show();
   form.raise();
   form.activateWindow();

@@ -92,12 +92,16 @@ Answer QtPrompter::Ask(const Message& message) {
   // A file name is shown as it is, also one that looks like markup.
   for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
   box.setDefaultButton(ButtonOf(message.defaultAnswer));
-  box.setEscapeButton(ButtonOf(Refusal(message.buttons)));
+  const Answer dismissed = message.dismissed.value_or(Refusal(message.buttons));
+  if (!box.standardButtons().testFlag(ButtonOf(dismissed))) {
+    box.addButton(ButtonOf(dismissed))->hide();  // only for Escape and the window's frame
+  }
+  box.setEscapeButton(ButtonOf(dismissed));
   const int pressed = Run(box);
   for (const Answer answer : {Answer::ok, Answer::cancel, Answer::yes, Answer::no}) {
     if (pressed == ButtonOf(answer)) return answer;
   }
-  return Refusal(message.buttons);
+  return dismissed;
 }
 
 std::optional<std::string> QtPrompter::AskText(const TextPrompt& prompt) {

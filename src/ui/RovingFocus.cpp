@@ -9,8 +9,8 @@
 
 namespace orvex {
 
-RovingFocus::RovingFocus(std::vector<QAbstractButton*> buttons, QObject* parent)
-    : QObject(parent), buttons_(std::move(buttons)) {
+RovingFocus::RovingFocus(std::vector<QAbstractButton*> buttons, QObject* parent, int across)
+    : QObject(parent), buttons_(std::move(buttons)), across_(across) {
   for (QAbstractButton* button : buttons_) button->installEventFilter(this);
   SetTabStop(0);
 }
@@ -44,16 +44,27 @@ bool RovingFocus::eventFilter(QObject* watched, QEvent* event) {
   return MoveOnKey(PositionOf(watched), key->key(), key->text());
 }
 
+/// Steps of one go round; where there is no button in the column beside, the focus stays.
+bool RovingFocus::MoveBy(int from, int steps) {
+  const int to = from + steps;
+  if (steps == 1 || steps == -1) {
+    Focus((to + Count()) % Count());
+  } else if (to >= 0 && to < Count()) {
+    Focus(to);
+  }
+  return true;
+}
+
 bool RovingFocus::MoveOnKey(int from, int key, const QString& text) {
   switch (key) {
     case Qt::Key_Down:
-    case Qt::Key_Right:
-      Focus((from + 1) % Count());
-      return true;
+      return MoveBy(from, 1);
     case Qt::Key_Up:
+      return MoveBy(from, -1);
+    case Qt::Key_Right:
+      return MoveBy(from, across_);
     case Qt::Key_Left:
-      Focus((from + Count() - 1) % Count());
-      return true;
+      return MoveBy(from, -across_);
     case Qt::Key_Home:
       Focus(0);
       return true;

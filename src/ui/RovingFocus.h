@@ -12,7 +12,9 @@ class RovingFocus : public QObject {
   Q_OBJECT
 
  public:
-  RovingFocus(std::vector<QAbstractButton*> buttons, QObject* parent);
+  /// Right and Left lead `across` buttons on and back: where the buttons stand in columns, to the
+  /// column beside.
+  RovingFocus(std::vector<QAbstractButton*> buttons, QObject* parent, int across = 1);
 
   /// Gives the button at `position` the focus.
   void Focus(int position);
@@ -26,9 +28,11 @@ class RovingFocus : public QObject {
   int Count() const { return static_cast<int>(buttons_.size()); }
   QAbstractButton* Button(int position) const;
   int PositionOf(const QObject* button) const;
+  bool MoveBy(int from, int steps);
   bool MoveOnKey(int from, int key, const QString& text);
 
   std::vector<QAbstractButton*> buttons_;
+  int across_;
 };
 
 }  // namespace orvex

@@ -221,6 +221,9 @@ void frmClassAct::TakeFocusWish() {
     case LiveObservation::Control::Kind::activity:
       coding_->FocusActivity(wish->control.activity);
       break;
+    case LiveObservation::Control::Kind::survey:
+      FocusVisibly(ui_->Command7);
+      break;
   }
 }
 

@@ -54,6 +54,7 @@ void frmMatrices::Build() {
   BuildStatements();
   ConnectButtons();
   AddPageKeys();
+  connect(ui_->pages, &QTabWidget::currentChanged, this, &frmMatrices::RefreshHint);
   connect(ui_->lists, &CheckLists::Checked, this, [this](int group, int item, bool checked) {
     form_.SetCheck(static_cast<std::size_t>(group), static_cast<std::size_t>(item), checked);
     Refresh();
@@ -118,7 +119,9 @@ void frmMatrices::ConnectButtons() {
   button(ui_->cmdOfftaskActive, [this] {
     if (offtask_) offtask_->cmdOfftaskActive_Click();
   });
-  new FocusReturn(ui_->cmdOfftaskActive);
+  for (QPushButton* pressed : {ui_->Command1, ui_->Command2, ui_->cmdOfftaskActive}) {
+    new FocusReturn(pressed);
+  }
 }
 
 /// The keys that turn the pages wherever the focus is.
@@ -169,7 +172,18 @@ void frmMatrices::Refresh() {
   ui_->lists->Show(form_);
   for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i]->ShowRating(form_.Answers().ratings[i]);
   RefreshCounts();
+  RefreshHint();
   RefreshOfftask();
+}
+
+/// What the keys do on the page, or where the answers were just saved.
+void frmMatrices::RefreshHint() {
+  const bool lists = ui_->pages->currentWidget() == ui_->listsPage;
+  const std::string keys =
+      lists ? "Space: check.  Arrow keys: other items.  Enter: next list.  Ctrl+Tab: other pages."
+            : "0 to 3, N: rate.  Delete: take back.  Up, Down, Enter: other statements.  "
+              "Ctrl+Tab: other pages.";
+  ShowText(ui_->lblKeys, form_.SavedText().empty() ? keys : form_.SavedText());
 }
 
 void frmMatrices::RefreshCounts() {

@@ -55,6 +55,7 @@ class frmMatrices : public QWidget {
   std::size_t ScaleOf(std::size_t statement) const;
   void GoTo(int statement);
   void TurnPage(int step);
+  void RefreshHint();
   void RefreshCounts();
   void RefreshOfftask();
 

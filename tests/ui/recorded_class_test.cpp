@@ -246,7 +246,7 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"09:54:45", "g ", "Option0_10"},
       {"09:56:32", "{Alt+S}p ", "Option0_0", kSegment},
       {"10:00:00", "{Alt+E}", "cmdQuit", Declined(kEnd)},
-      {"", "{Alt+E}", "cmdQuit", {{kEnd.text, Answer::yes, Answer::no}}},
+      {"", "{Alt+E}", "Command7", {{kEnd.text, Answer::yes, Answer::no}}},
 
       // The survey is filled in when the class is stored already.
       {"10:02:00", "{Alt+M}", "Check1_0"},
