@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <map>
 #include <optional>
 #include <string>
-#include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -18,18 +21,8 @@ namespace {
 using Command = QuestionEditor::Command;
 using Control = QuestionEditor::Control;
 
-constexpr EditorOpening kFromEpisodeEditor = {.caller = EditorCaller::episodeEditor};
-const std::string kEverythingCoded = "Everything coded; no invalid codes found";
-
 const questionInfo kTeacher = {"Why?", 0, 0, 0, 0, 0, "Ben", 1, -1, 1, 1, 1};
 const questionInfo kStudent = {"How?", 1, 0, 1, 2, 1, "Ana", -1, 2, 0, 1, 2};
-
-Episode EpisodeOf(const std::string& description, std::vector<questionInfo> questions) {
-  Episode episode;
-  episode.Descript = description;
-  episode.questions = std::move(questions);
-  return episode;
-}
 
 struct EditorTest : testing::Test, Desk {
   EditorTest() { OpenLog(); }
@@ -38,43 +31,31 @@ struct EditorTest : testing::Test, Desk {
     editor.emplace(services, opening, duringClass ? &live : nullptr,
                    duringClass ? &clocks : nullptr);
   }
-  /// Opens on an episode of `count` questions, "Q1" in segment 1 and so on, with question `shown`
-  /// shown.
-  void OpenOn(int count, int shown) {
-    program.Episodes.assign(1, {});
-    for (int i = 1; i <= count; ++i) {
-      questionInfo question;
-      question.question = "Q" + std::to_string(i);
-      question.iSgQ = static_cast<std::int16_t>(i);
-      Questions().push_back(question);
-    }
-    Open(kFromEpisodeEditor);
-    editor->ClickRow(shown);
-  }
-  /// Opens on these questions, with the last one shown.
+  /// Opens on an episode of these questions, with the last one shown.
   void OpenOn(const std::vector<questionInfo>& questions) {
-    program.Episodes = {EpisodeOf("", questions)};
-    Open(kFromEpisodeEditor);
+    program.Episodes.assign(1, {});
+    Questions() = questions;
+    Open({.caller = EditorCaller::episodeEditor});
+  }
+  /// Opens on `count` questions, "Q1" in segment 1 and so on.
+  void OpenOnNumbered(int count) {
+    std::vector<questionInfo> questions;
+    for (int i = 1; i <= count; ++i) {
+      questions.push_back({.question = "Q" + std::to_string(i), .respondName = {}});
+      questions.back().iSgQ = static_cast<std::int16_t>(i);
+    }
+    OpenOn(questions);
   }
 
-  std::vector<questionInfo>& Questions(std::size_t episode = 0) {
-    return program.Episodes.at(episode).questions;
-  }
-  std::string Rows() const {
-    std::string rows;
-    for (int i = 1; i <= editor->QuestionCount(); ++i) rows += editor->RowText(i) + "|";
-    return rows;
-  }
-  std::string Segments() {
-    std::string segments;
-    for (const questionInfo& question : Questions()) segments += std::to_string(question.iSgQ);
-    return segments;
-  }
-  /// The numbers of the dimensions whose frames are shown, and the heading.
+  std::vector<questionInfo>& Questions() { return program.Episodes.at(0).questions; }
+  /// The numbers of the frames that are shown, "_" for a blank caption, and the heading.
   std::string Shown() const {
     std::string shown;
     for (int i = 0; i < kDimensionCount; ++i) {
-      if (editor->FrameVisible(static_cast<Dimension>(i))) shown += static_cast<char>('1' + i);
+      const auto dimension = static_cast<Dimension>(i);
+      const std::string caption(editor->FrameCaption(dimension));
+      const bool blank = caption.find_first_not_of(' ') == std::string::npos;
+      if (editor->FrameVisible(dimension)) shown += blank ? '_' : static_cast<char>('1' + i);
     }
     return editor->HeadingVisible() ? shown + " " + std::string(editor->Heading()) : shown;
   }
@@ -87,314 +68,237 @@ struct EditorTest : testing::Test, Desk {
     }
     return selected;
   }
-  std::optional<Control> Focus() {
-    const auto wish = editor->TakeFocus();
-    return wish ? std::optional(wish->control) : std::nullopt;
-  }
 
   LiveObservation live{services};
   SessionClocks clocks{services, live};
   std::optional<QuestionEditor> editor;
 };
 
-TEST_F(EditorTest, BeginsWhereItsCallerSays) {
-  struct Case {
-    EditorCaller caller;
-    bool proofMode;
-    int episode;
-    int proofEp;
-    int proofQ;
-    int shownEpisode;
-    std::string caption;
-  };
+TEST_F(EditorTest, BeginsWhereItsCallerSaysAndGoesBackToIt) {
   using enum EditorCaller;
-  const Case cases[] = {
-      {liveObservation, false, 1, 0, 0, 3, "Question #1 of 1:"},
-      {questionEntry, false, 1, 1, 1, 3, "Question #1 of 1:"},
-      {questionEntry, true, 1, 1, 2, 1, "Question #2 of 4:"},
-      {episodeEditor, false, 1, 3, 1, 1, "Question #4 of 4:"},
-      {episodeEditor, true, 3, 1, 9, 1, "Question #4 of 4:"},
-      {episodeEditor, true, 3, 0, 0, 1, "Question #1 of 4:"},
-      {statistics, false, 2, 1, 1, 2, "Question #0 of 0:"},
-      {statistics, false, 9, 1, 1, 3, "Question #1 of 1:"},
+  const std::tuple<EditorOpening, int, int, int, std::string, std::string> cases[] = {
+      {{liveObservation, false, 1}, 0, 0, 3, "Question #1 of 1:", "show liveObservation"},
+      {{questionEntry, true, 1}, 1, 2, 1, "Question #2 of 4:", "show questionEntry"},
+      {{episodeEditor, false, 1}, 3, 1, 1, "Question #4 of 4:", "close questionEditor"},
+      {{episodeEditor, true, 3}, 1, 9, 1, "Question #4 of 4:", "close questionEditor"},
+      {{episodeEditor, true, 3}, 0, 0, 1, "Question #1 of 4:", "close questionEditor"},
+      {{statistics, false, 2}, 1, 1, 2, "Question #0 of 0:", "close questionEditor"},
+      {{statistics, false, 9}, 1, 1, 3, "Question #1 of 1:", "close questionEditor"},
   };
-  program.Episodes = {
-      EpisodeOf("", std::vector(4, kTeacher)), {}, EpisodeOf("", std::vector(1, kStudent))};
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.caption);
-    const bool duringClass = c.caller <= questionEntry;
-    program.ProofEp = c.proofEp;
-    program.ProofQ = c.proofQ;
-    Open({.caller = c.caller, .proofMode = c.proofMode, .episode = c.episode}, duringClass);
-    EXPECT_EQ(editor->SelEp(), c.shownEpisode);
-    EXPECT_EQ(editor->QuestionCaption(), c.caption);
+  program.Episodes.resize(3);
+  program.Episodes[0].questions.assign(4, kTeacher);
+  program.Episodes[2].questions.assign(1, kStudent);
+  for (const auto& [opening, proofEp, proofQ, shownEpisode, caption, firstMove] : cases) {
+    SCOPED_TRACE(caption);
+    const bool duringClass = opening.caller <= questionEntry;
+    program.ProofEp = proofEp;
+    program.ProofQ = proofQ;
+    Open(opening, duringClass);
+    EXPECT_EQ(editor->SelEp(), shownEpisode);
+    EXPECT_EQ(editor->QuestionCaption(), caption);
     EXPECT_EQ(editor->Title(),
               duringClass ? "Question Editor -- Class ID  7-12-3" : "Question Editor");
-    EXPECT_EQ(editor->Enabled(Command::cmdNxt), c.proofMode);
+    editor->Click(Command::cmdReturn);
+    EXPECT_EQ(screens.moves.front(), firstMove);
+    EXPECT_EQ(screens.Take().back(), "close questionEditor");
   }
   program.Episodes.clear();
-  Open(kFromEpisodeEditor);
+  Open({.caller = episodeEditor});
   editor->Click(Command::cmdInsA);
   editor->TypeDescription("none");
   EXPECT_EQ(editor->QuestionCaption(), "Question #0 of 0:") << "a file may hold no episode at all";
 }
 
 TEST_F(EditorTest, KeepsTheListAndItsNumbers) {
-  struct Case {
-    int count;
-    int shown;
-    std::string
-        keys;  ///< b and a insert, d drops, r numbers, t types "Why", "1" to "9" click a row
-    std::string rows;
-    std::string segments;
-    std::string caption;
-    bool reseq;
+  // Of the keys, b and a insert, d drops, r numbers, t types a text, and a digit is a row.
+  using Text = std::string;
+  const Text typed = "\xC3\xA9t\xC3\xA9\r\n\xE2\x82\xAC 7890123456789012345678901";
+  const Text thirty = "\xC3\xA9t\xC3\xA9 \xE2\x82\xAC 789012345678901234567890";
+  const std::tuple<int, Text, Text, Text, Text, bool> cases[] = {
+      {5, "3b", "1. Q1|2. Q2|#. |3. Q3|4. Q4|5. Q5|", "123345", "Question #3:", true},
+      {5, "3br", "1. Q1|2. Q2|3. |4. Q3|5. Q4|6. Q5|", "123345", "Question #3:", true},
+      {5, "3br1", "1. Q1|2. Q2|3. |4. Q3|5. Q4|6. Q5|", "123345", "Question #1 of 6:", false},
+      {3, "aar2t", "1. Q1|2. " + thirty + "|3. Q3|4. |5. |", "12333", "Question #2 of 5:", false},
+      {0, "b", "#. |", "1", "Question #1:", true},
+      {0, "a", "#. |", "1", "Question #1:", true},
+      {5, "d", "1. Q1|2. Q2|3. Q3|4. Q4|", "1234", "Question #4 of 4:", false},
+      {5, "2d2", "1. Q1|3. Q3|4. Q4|5. Q5|", "1345", "Question #2 of 4:", true},
+      {5, "2dt", "1. Q1|3. " + thirty + "|4. Q4|5. Q5|", "1345", "Question #2 of 4:", false},
+      {1, "dddt", "", "", "Question #0 of 0:", false},
+      {3, "ddd1at", "#. " + thirty + "|", "1", "Question #1:", true},
   };
-  const Case cases[] = {
-      {5, 3, "b", "1. Q1|2. Q2|#. |3. Q3|4. Q4|5. Q5|", "123345", "Question #3:", true},
-      {5, 3, "br", "1. Q1|2. Q2|3. |4. Q3|5. Q4|6. Q5|", "123345", "Question #3:", true},
-      {5, 3, "br1", "1. Q1|2. Q2|3. |4. Q3|5. Q4|6. Q5|", "123345", "Question #1 of 6:", false},
-      {3, 1, "at", "1. Q1|#. Why|2. Q2|3. Q3|", "1123", "Question #2:", true},
-      {3, 3, "aar2t", "1. Q1|2. Why|3. Q3|4. |5. |", "12333", "Question #2 of 5:", false},
-      {0, 0, "b", "#. |", "1", "Question #1:", true},
-      {0, 0, "a", "#. |", "1", "Question #1:", true},
-      {5, 5, "d", "1. Q1|2. Q2|3. Q3|4. Q4|", "1234", "Question #4 of 4:", false},
-      {5, 2, "d", "1. Q1|3. Q3|4. Q4|5. Q5|", "1345", "Question #2 of 4:", false},
-      {5, 2, "d2", "1. Q1|3. Q3|4. Q4|5. Q5|", "1345", "Question #2 of 4:", true},
-      {5, 2, "dd1t", "1. Why|4. Q4|5. Q5|", "145", "Question #1 of 3:", true},
-      {1, 1, "d", "", "", "Question #0 of 0:", false},
-      {1, 1, "dddt", "", "", "Question #0 of 0:", false},
-      {1, 1, "dat", "#. Why|", "1", "Question #1:", true},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(std::to_string(c.count) + c.keys);
-    OpenOn(c.count, c.shown);
-    for (const char key : c.keys) {
-      Focus();
-      if (key == 'b') editor->Click(Command::cmdInsB);
-      if (key == 'a') editor->Click(Command::cmdInsA);
-      if (key == 'd') editor->Click(Command::cmdDrop);
-      if (key == 'r') editor->Click(Command::cmdReseq);
-      if (key == 't') editor->TypeQuestion("Why");
+  const std::map<char, Command> commands = {{'b', Command::cmdInsB},
+                                            {'a', Command::cmdInsA},
+                                            {'d', Command::cmdDrop},
+                                            {'r', Command::cmdReseq}};
+  for (const auto& [count, keys, rows, segments, caption, reseq] : cases) {
+    SCOPED_TRACE(std::to_string(count) + keys);
+    OpenOnNumbered(count);
+    for (const char key : keys) {
+      editor->TakeFocus();
+      if (commands.contains(key)) editor->Click(commands.at(key));
+      if (key == 't') editor->TypeQuestion(typed);
       if (key >= '1' && key <= '9') editor->ClickRow(key - '0');
-      if (key == 'a' || key == 'b') {
-        EXPECT_EQ(Focus(), Control::txtQuestion);
-        EXPECT_EQ(editor->Question() + Selected(), "---------");
-      }
+      if (key != 'a' && key != 'b') continue;
+      EXPECT_EQ(editor->TakeFocus().value().control, Control::txtQuestion);
+      EXPECT_EQ(editor->Question() + Selected(), "---------");
     }
-    EXPECT_EQ(Rows(), c.rows);
-    EXPECT_EQ(Segments(), c.segments);
-    EXPECT_EQ(editor->QuestionCaption(), c.caption);
-    EXPECT_EQ(editor->Enabled(Command::cmdReseq), c.reseq);
-    EXPECT_EQ(editor->CanEdit(), !c.rows.empty());
+    std::string shownRows;
+    std::string shownSegments;
+    for (int i = 1; i <= editor->QuestionCount(); ++i) shownRows += editor->RowText(i) + "|";
+    for (const auto& question : Questions()) shownSegments += std::to_string(question.iSgQ);
+    EXPECT_EQ(shownRows, rows);
+    EXPECT_EQ(shownSegments, segments);
+    EXPECT_EQ(editor->QuestionCaption(), caption);
+    EXPECT_EQ(editor->Enabled(Command::cmdReseq), reseq);
     EXPECT_EQ(editor->Enabled(Command::cmdDitto), editor->CurQ() >= 2);
   }
-}
-
-TEST_F(EditorTest, ShowsThirtyCharactersOfWhatIsTypedOnOneLine) {
-  OpenOn(12, 12);
-  const std::pair<std::string, std::string> cases[] = {
-      {"Why", "12. Why"},
-      {"What did the author mean by it?", "12. What did the author mean by it"},
-      {"\xC3\xA9t\xC3\xA9 \xE2\x82\xAC 7890123456789012345678901",
-       "12. \xC3\xA9t\xC3\xA9 \xE2\x82\xAC 789012345678901234567890"},
-      {"1. e.g.\r\ntwo", "12. 1. e.g. two"},
-      {"", "12. "}};
-  for (const auto& [typed, row] : cases) {
-    editor->TypeQuestion(typed);
-    EXPECT_EQ(editor->RowText(12), row);
-  }
-  editor->TypeRespondName("Ben\nor Anna");
-  EXPECT_EQ(Questions().back().respondName, "Ben or Anna");
+  OpenOnNumbered(32767);
+  prompter.Expect("An episode holds at most 32767 questions. Start a new episode.", Answer::ok);
+  editor->Click(Command::cmdInsA);
+  EXPECT_EQ(editor->QuestionCaption(), "Question #32767 of 32767:");
 }
 
 TEST_F(EditorTest, ShowsTheFramesThatSourceAndResponseAskFor) {
-  struct Case {
-    std::int16_t source;
-    std::int16_t response;
-    std::string shown;
-    std::string nameCaption;
-    std::string selected;
-  };
   const std::string teacher = "12345679 TEACHER EVAL./FOLLOWUP";
   const std::string student = "12345689 TEACHER RESPONSE";
-  const Case cases[] = {
-      {-1, -1, "12", "Who asks question?", "--"},
-      {0, -1, "12", "Who answers question?", "0-"},
-      {-1, 0, "12", "Who asks question?", "-0"},
-      {0, 0, teacher, "Who answers question?", "00"},
-      {0, 1, "12", "Who answers question?", "01"},
-      {1, 0, student, "Who asks question?", "10"},
-      {1, 1, "126", "Who asks question?", "11"},
-      {1, -1, "126", "Who asks question?", "1-"},
-      // Files may hold other codes: they count as the second letter, and no option stands for them.
-      {5, 0, student, "Who asks question?", "-0"},
-      {0, 7, "12", "Who answers question?", "0-"},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.selected);
-    OpenOn({{.question = "Q",
-             .Source = c.source,
-             .Response = c.response,
-             .uptake = 9,
-             .respondName = {},
-             .elaborated = -7}});
-    EXPECT_EQ(Shown(), c.shown);
-    EXPECT_EQ(editor->FrameCaption(Dimension::respondName), c.nameCaption);
-    EXPECT_EQ(Selected(), c.selected + "-------");
-    EXPECT_EQ(editor->TakeNameSelection(), c.shown.find('6') != std::string::npos && c.source != 0);
+  // Files may hold other codes: they count as the second letter, and no option stands for them.
+  const std::tuple<std::int16_t, std::int16_t, std::string, std::string> cases[] = {
+      {-1, 0, "12", "-0"},  {0, -1, "12", "0-"},   {0, 0, teacher, "00"},
+      {0, 1, "12", "01"},   {1, 0, student, "10"}, {1, 1, "126", "11"},
+      {1, -1, "126", "1-"}, {5, 0, student, "-0"}, {0, 7, "12", "0-"}};
+  for (const auto& [source, response, shown, selected] : cases) {
+    SCOPED_TRACE(selected);
+    questionInfo question = {
+        .question = {}, .Source = source, .Response = response, .uptake = 9, .respondName = {}};
+    question.elaborated = -7;
+    OpenOn({question});
+    EXPECT_EQ(Shown(), shown);
+    EXPECT_EQ(editor->FrameCaption(Dimension::respondName),
+              source == 0 ? "Who answers question?" : "Who asks question?");
+    EXPECT_EQ(Selected(), selected + "-------");
+    EXPECT_EQ(editor->TakeNameSelection(), source > 0);
   }
   OpenOn({kTeacher});
-  EXPECT_TRUE(editor->NormalVisible());
-  EXPECT_FALSE(editor->Enabled(Command::cmdNormal));
-  editor->ClickOption(Dimension::response, 1);
-  EXPECT_EQ(Shown(), "12");
-  EXPECT_FALSE(editor->NormalVisible());
-  EXPECT_TRUE(editor->Enabled(Command::cmdNormal));
-  editor->ClickOption(Dimension::response, 0);
-  EXPECT_EQ(Shown(), teacher);
+  for (const bool answered : {false, true}) {
+    editor->ClickOption(Dimension::response, answered ? 0 : 1);
+    EXPECT_EQ(Shown(), answered ? teacher : "12");
+    EXPECT_EQ(editor->NormalVisible(), answered);
+    EXPECT_EQ(editor->Enabled(Command::cmdNormal), !answered);
+  }
   EXPECT_EQ(Selected(), "00000-1-1") << "with the codes they held";
   EXPECT_EQ(Questions().back(), kTeacher);
 }
 
 TEST_F(EditorTest, TakesASegmentNumberForWhatItIs) {
-  const std::tuple<const char*, int, const char*> typed[] = {
-      {"7", 7, "7"},    {"", 0, "0"},     {"abc", 0, "0"}, {"12x", 0, "0"},
-      {" 3 ", 3, "3"},  {"-2", -2, "-2"}, {"2.5", 2, "2"}, {"32767", 32767, "32767"},
-      {"32768", 0, "0"}};
+  const std::tuple<const char*, int, const char*> cases[] = {
+      {" 3 ", 0, "3"}, {"", 0, "0"},          {"12x", 0, "0"},   {"-2", 0, "-2"},
+      {"2.5", 0, "2"}, {"32767", 0, "32767"}, {"32768", 0, "0"}, {"4", 1, "5"},
+      {"4", -10, "0"}, {"32766", 9, "32767"}, {"0", -1, "0"},    {"abc", 1, "1"}};
   OpenOn({kTeacher});
-  for (const auto& [text, number, left] : typed) {
-    editor->TypeSegment(text);
-    EXPECT_EQ(Questions().back().iSgQ, number) << text;
-    EXPECT_EQ(editor->SegmentText(), text) << "nothing changes under the typing hand";
+  for (const auto& [typed, steps, left] : cases) {
+    editor->TypeSegment(typed);
+    EXPECT_EQ(editor->SegmentText(), typed) << "nothing changes under the typing hand";
+    if (steps != 0) editor->StepSegment(steps);
     editor->LeaveSegment();
-    EXPECT_EQ(editor->SegmentText(), left);
+    EXPECT_EQ(editor->SegmentText(), left) << typed;
+    EXPECT_EQ(std::to_string(Questions().back().iSgQ), left);
   }
-  const std::tuple<const char*, int, const char*> steps[] = {
-      {"4", 1, "5"},          {"4", -1, "3"},  {"0", -1, "0"},        {"4", 10, "14"},
-      {"32766", 10, "32767"}, {"4", -10, "0"}, {"32767", 1, "32767"}, {"abc", 1, "1"}};
-  for (const auto& [text, by, shown] : steps) {
-    editor->TypeSegment(text);
-    editor->StepSegment(by);
-    editor->LeaveSegment();
-    EXPECT_EQ(editor->SegmentText(), shown) << text << " and " << by;
-  }
-  editor->Click(Command::cmdDrop);
-  editor->TypeSegment("3");
-  EXPECT_EQ(editor->SegmentText(), "");
 }
 
 TEST_F(EditorTest, DittoCopiesWhatTheAnswerSays) {
-  questionInfo codesOnly = kStudent;
-  codesOnly.question = kTeacher.question;
-  codesOnly.iSgQ = 1;
   questionInfo everything = kStudent;
   everything.iSgQ = 1;
+  questionInfo codesOnly = everything;
+  codesOnly.question = kTeacher.question;
   const std::pair<Answer, questionInfo> answers[] = {
       {Answer::yes, codesOnly}, {Answer::no, everything}, {Answer::cancel, kTeacher}};
   for (const auto& [answer, expected] : answers) {
     OpenOn({kStudent, kTeacher});
-    Focus();
+    editor->TakeFocus();
     prompter.Expect("Duplicate coding only?", answer);
     editor->Click(Command::cmdDitto);
-    EXPECT_EQ(prompter.asked.back().title, "Ditto");
     EXPECT_EQ(prompter.asked.back().buttons, Buttons::yesNoCancel);
-    EXPECT_EQ(Questions()[1], expected);
-    EXPECT_EQ(Questions()[0], kStudent);
-    EXPECT_EQ(Rows(), "1. How?|2. " + expected.question + "|");
-    EXPECT_EQ(Focus(), Control::txtQuestion);
+    EXPECT_EQ(Questions(), (std::vector{kStudent, expected}));
+    EXPECT_EQ(editor->TakeFocus().value().control, Control::txtQuestion);
   }
 }
 
-TEST_F(EditorTest, NormalSetsTheCodesAndLeavesTheRest) {
+TEST_F(EditorTest, NormalLeadsOnToTheName) {
   OpenOn({kStudent});
   editor->Click(Command::cmdNormal);
-  questionInfo normal = kTeacher;
-  normal.question = "How?";
-  normal.respondName = "Ana";
-  normal.iSgQ = 2;
-  EXPECT_EQ(Questions().back(), normal);
-  EXPECT_EQ(Focus(), Control::txtRespondName);
+  EXPECT_EQ(Questions().back().question + Selected(), "How?00000-1-1");
+  EXPECT_EQ(editor->TakeFocus().value().control, Control::txtRespondName);
   EXPECT_FALSE(editor->Enabled(Command::cmdNormal));
-}
-
-TEST_F(EditorTest, AFullEpisodeTakesNoMoreQuestions) {
-  OpenOn(32767, 5);
-  for (const Command insert : {Command::cmdInsA, Command::cmdInsB}) {
-    prompter.Expect("An episode holds at most 32767 questions. Start a new episode.", Answer::ok);
-    editor->Click(insert);
-    EXPECT_EQ(editor->QuestionCaption(), "Question #5 of 32767:");
-  }
-}
-
-TEST_F(EditorTest, ChoosingAnEpisodeLoadsIt) {
-  program.Episodes = {EpisodeOf("Macbeth", std::vector(2, kTeacher)),
-                      EpisodeOf("Lear", std::vector(3, kStudent))};
-  Open(kFromEpisodeEditor);
-  editor->Click(Command::cmdInsB);
-  editor->ChooseEpisode(1);
-  EXPECT_EQ(Rows(), "1. Why?|2. |3. Why?|");
-  EXPECT_EQ(editor->QuestionCaption(), "Question #3 of 3:");
-  editor->ChooseEpisode(2);
-  EXPECT_EQ(editor->Description() + Rows(), "Lear1. How?|2. How?|3. How?|");
-  EXPECT_EQ(editor->SegmentText(), "2");
 }
 
 TEST_F(EditorTest, LogsTheDescriptionOnlyDuringAClass) {
   for (const bool duringClass : {true, false}) {
-    program.Episodes = {EpisodeOf("Macbeth", {})};
-    Open(duringClass ? EditorOpening{} : kFromEpisodeEditor, duringClass);
+    program.Episodes.assign(1, {});
+    Open({.caller = EditorCaller::statistics}, duringClass);
     NewLogText();
     editor->EnterDescription();
-    editor->TypeDescription("Macbeth");
-    editor->LeaveDescription();
-    EXPECT_EQ(NewLogText(), "");
-    editor->TypeDescription("Macbeth\r\nand Lear");
-    editor->LeaveDescription();
-    editor->LeaveDescription();
+    for (const char* typed : {"", "Macbeth\r\nand Lear", "Macbeth and Lear"}) {
+      editor->TypeDescription(typed);
+      editor->LeaveDescription();
+    }
     EXPECT_EQ(NewLogText(),
               duringClass ? "REVISED EP.Description: Macbeth and Lear 09:00:00\n" : "");
-    EXPECT_EQ(program.Episodes[0].Descript, "Macbeth and Lear");
   }
 }
 
-TEST_F(EditorTest, GoesBackToItsCaller) {
-  using enum EditorCaller;
-  const std::string close = "close questionEditor";
-  const std::pair<EditorCaller, std::vector<std::string>> callers[] = {
-      {liveObservation, {"show liveObservation", close}},
-      {questionEntry, {"show questionEntry", close}},
-      {episodeEditor, {close}},
-      {statistics, {close}}};
-  for (const auto& [caller, moves] : callers) {
-    Open({.caller = caller}, caller <= questionEntry);
-    screens.Take();
-    editor->Click(Command::cmdReturn);
-    EXPECT_EQ(screens.Take(), moves);
+TEST_F(EditorTest, ProofWalksThroughEveryGapAndMakesItBlink) {
+  // The text and the nine dimensions of complete questions, "" for what is not asked for.
+  using Letters = std::array<std::string, 10>;
+  const Letters kinds[] = {{"Why?", "T", "Y", "N", "A", "H", "Ben", "Y", "", "E"},
+                           {"How?", "S", "Y", "A", "T", "R", "Ana", "", "O", "U"},
+                           {"Who?", "T", "N", "", "", "", "", "", "", ""},
+                           {"May I?", "S", "N", "", "", "", "Ana", "", "", ""}};
+  std::vector<std::tuple<int, int, std::size_t, std::string>> gaps;
+  program.Episodes.resize(1);
+  for (const Letters& kind : kinds) {
+    auto& questions = program.Episodes.emplace_back().questions;
+    for (std::size_t missing = 0; missing < kind.size(); ++missing) {
+      if (kind[missing].empty()) continue;
+      Letters gap = kind;
+      gap[missing].clear();
+      for (const auto& [text, s, r, a, u, c, name, o, t, e] : {kind, gap}) {
+        questions.emplace_back().SetValue(text, s, r, a, u, c, name, o, t, e, 1, 1);
+      }
+      const int episode = static_cast<int>(program.Episodes.size());
+      gaps.emplace_back(episode, static_cast<int>(questions.size()), missing, kind[missing]);
+    }
   }
-}
-
-TEST_F(EditorTest, TakesFieldNotesAndEstimatesForTheClass) {
-  Open({}, true);
-  prompter.ExpectNotes("Quiet today");
-  editor->Click(Command::Command1);
-  EXPECT_EQ(live.FieldNotes(), "Quiet today");
-  editor->ClockTick();
-  EXPECT_FALSE(editor->Offtask()->ButtonVisible());
-  live.KeyInDescription();
-  live.TypeDescription("Macbeth");
-  live.ChooseActivity(kQuestionAnswer);
-  while (live.Schedule().OfftaskPending() == 0) {
-    ASSERT_LT(clock.SecondsSinceMidnight(), 12 * 3600) << "no estimate falls due";
-    clock.Advance(0.5);
-    live.OfftaskTick();
+  ASSERT_EQ(gaps.size(), 25U);
+  // Begun in the middle, the walk comes round to the start.
+  std::rotate(gaps.begin(), gaps.begin() + 15, gaps.end());
+  std::tie(program.ProofEp, program.ProofQ, std::ignore, std::ignore) = gaps.front();
+  Open({.caller = EditorCaller::episodeEditor, .proofMode = true});
+  prompter.Expect("Everything coded; no invalid codes found", Answer::ok);
+  for (const auto& [episode, question, missing, letter] : gaps) {
+    SCOPED_TRACE(std::to_string(episode) + ":" + std::to_string(question));
+    ASSERT_EQ(editor->SelEp(), episode);
+    ASSERT_EQ(editor->CurQ(), question);
+    std::string blinking = Shown();  // the text, number 0, has none
+    std::ranges::replace(blinking, static_cast<char>('0' + missing), '_');
+    editor->BlinkTick();
+    EXPECT_EQ(Shown(), blinking);
+    const auto dimension = static_cast<Dimension>(missing - 1);
+    if (missing == 0) {
+      editor->TypeQuestion(letter);
+    } else if (dimension == Dimension::respondName) {
+      editor->TypeRespondName(letter);
+    } else {
+      editor->ClickOption(dimension, CodeOf(dimension, letter));
+    }
+    EXPECT_EQ(Shown().find('_'), std::string::npos);
+    editor->BlinkTick();
+    editor->Click(Command::cmdNxt);
   }
-  editor->ClockTick();
-  EXPECT_TRUE(editor->Offtask()->ButtonVisible());
-  prompter.ExpectEstimate({.offtask = "5", .students = "25"});
-  editor->Offtask()->cmdOfftaskActive_Click();
-  EXPECT_FALSE(editor->Offtask()->ButtonVisible());
-  EXPECT_EQ(live.Schedule().OfftaskPending(), 0);
+  EXPECT_EQ(editor->CurQ(), std::get<1>(gaps.back())) << "it stays where it was";
+  editor->ChooseEpisode(1);
+  editor->BlinkTick();
+  EXPECT_EQ(Shown(), "12") << "there is no question to code";
 }
 
 }  // namespace

@@ -16,8 +16,6 @@ namespace {
 
 using test::FileBytes;
 
-const Identity kIdentity = {"", "5", "12", "3", ""};
-
 TEST(SurFile, OrdinaryAndOddFilesAreWrittenBackByteForByte) {
   int files = 0;
   for (const char* folder : {"class", "odd"}) {
@@ -50,63 +48,35 @@ TEST(SurFile, BadFilesAreReadAsTheirManifestSays) {
   }
 }
 
-TEST(SurFile, AnErrorNamesItsLineAndWhatWasExpected) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"rating3-is-4.sur", "line 30: expected a button number from 0 to 3"},
-      {"rating16-is-5.sur", "line 44: expected a button number from 0 to 4"},
-      {"rating5-is-x.sur", "line 32: expected a rating: a button number or N/A"},
-      {"item1-is-10.sur", "line 7: expected an item number from 0 to 9"},
-      {"identity-is-a_b_c.sur", "line 2: expected the school number from 0 to 32767"},
-      {"without-rating25.sur", "line 53: expected a rating, not the end of the file"},
-  };
-  for (const auto& [file, expected] : cases) {
-    try {
-      ReadSurFile(test::TestData("bad") / file);
-      ADD_FAILURE() << file << " has been read";
-    } catch (const FormatError& error) {
-      EXPECT_STREQ(error.what(), expected) << file;
-    }
-  }
-}
-
 TEST(SurFile, EveryItemAndEveryButtonComesBack) {
   const test::TestFolder folder;
   Storage storage;
-  const auto comesBack = [&](const SurFile& file) {
+  for (std::size_t i = 0; i < kMostItems; ++i) {
+    SurFile file = {.identity = {"", "5", "12", "3", ""}, .answers = {}};
+    file.encoding = i % 2 == 0 ? Encoding::utf8 : Encoding::windows1252;
+    file.answers.checks[0].set(kOtherItem);
+    file.answers.other = " 7, \"caf\u00e9\" ";
+    for (std::size_t group = 0; group < kCheckGroups; ++group) {
+      if (i < SurveyGroups()[group].items.size()) file.answers.checks[group].set(i);
+    }
+    for (std::size_t statement = 0; statement < kStatements; ++statement) {
+      const int buttons = SurveyStatements()[statement].Buttons();
+      const int button = static_cast<int>(i) % (buttons + 1) - 1;
+      file.answers.ratings[statement] = static_cast<std::int16_t>(button);
+      SurFile bad = file;
+      bad.answers.ratings[statement] = static_cast<std::int16_t>(buttons);
+      EXPECT_THROW(ParseSur(FormatSur(bad)), FormatError) << statement;
+    }
     WriteSurFile(storage, folder / "5-12-3.sur", file);
     const SurFile back = ReadSurFile(folder / "5-12-3.sur");
     EXPECT_EQ(back.answers, file.answers);
     EXPECT_EQ(back.identity, file.identity);
     EXPECT_EQ(back.encoding, file.encoding);
-  };
-  const SurFile empty = {.identity = kIdentity, .answers = {}};
-  comesBack(empty);
-  for (std::size_t group = 0; group < kCheckGroups; ++group) {
-    for (std::size_t item = 0; item < SurveyGroups()[group].items.size(); ++item) {
-      SurFile file = empty;
-      file.answers.checks[group].set(item);
-      if (group == 0 && item == kOtherItem) file.answers.other = " 7, \"caf\u00e9\" ";
-      comesBack(file);
-      file.encoding = Encoding::windows1252;
-      if (!file.answers.other.empty()) comesBack(file);
-    }
-  }
-  for (std::size_t statement = 0; statement < kStatements; ++statement) {
-    const int buttons = SurveyStatements()[statement].Buttons();
-    for (int button = 0; button <= buttons; ++button) {
-      SurFile file = empty;
-      file.answers.ratings[statement] = static_cast<std::int16_t>(button);
-      if (button < buttons) {
-        comesBack(file);
-      } else {
-        EXPECT_THROW(ParseSur(FormatSur(file)), FormatError) << statement;
-      }
-    }
   }
 }
 
 TEST(SurFile, NoTextBreaksTheFileAndOnlyACheckedOtherIsWritten) {
-  SurFile file = {.identity = kIdentity, .answers = {}};
+  SurFile file = {.identity = {"", "5", "12", "3", ""}, .answers = {}};
   const std::string empty = FormatSur(file);
   file.answers.other = "a\r\n\nb";
   EXPECT_EQ(FormatSur(file), empty);

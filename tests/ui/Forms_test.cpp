@@ -45,6 +45,9 @@ TEST_F(FormsTest, LeadFromTheMenuIntoTheClassAndEndWithTheLastOne) {
     desk_.prompter.ExpectText(desk_.folder.Path().string());
     Click(Find(menu, "Command6"));
     EXPECT_EQ(FileBytes(desk_.folder / "options"), desk_.folder.Path().string() + "\r\n");
+    desk_.prompter.ExpectFile({.path = {}, .folder = desk_.folder.Path()});
+    Keys("{Alt+M}");
+    EXPECT_EQ(desk_.prompter.askedFiles.back().filter, "SUR files (*.SUR)|*.SUR");
     Keys("{Alt+N}");
     EXPECT_EQ(Form("frmSplash"), nullptr);
     Keys("AB\n7\n12\n3\n25\n ");

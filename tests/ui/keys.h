@@ -106,7 +106,7 @@ inline void TryButtons(ScriptedPrompter& prompter, const std::function<QWidget&(
     if (keys == "{}") continue;
     const auto question = kQuestions.find(keys);
     if (confirmed && question != kQuestions.end()) prompter.Expect(question->second, Answer::no);
-    if (button->text() == QLatin1String("Proo&f")) {
+    if (button->text() == QLatin1String("Proo&f") || button->text() == QLatin1String("N&ext")) {
       prompter.Expect("Everything coded; no invalid codes found", Answer::ok);
     }
     Keys(keys);
