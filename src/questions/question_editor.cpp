@@ -116,6 +116,12 @@ int QuestionEditor::SelectedOption(Dimension dimension) const {
   return CanEdit() ? OptionOf(Shown(), dimension) : -1;
 }
 
+std::optional<Dimension> QuestionEditor::FirstGap() const {
+  if (!ProofMode() || !CanEdit()) return std::nullopt;
+  const std::vector<Dimension> missing = FindMissingCodes(Shown()).dimensions;
+  return missing.empty() ? std::nullopt : std::optional(missing.front());
+}
+
 bool QuestionEditor::SourceIs(std::string_view letter) const {
   return CanEdit() && Shown().strSrc() == letter;
 }

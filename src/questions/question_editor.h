@@ -75,6 +75,8 @@ class QuestionEditor {
   bool CanStepSegment(int steps) const;
   /// The option that shows the code of `dimension`; -1 for none.
   int SelectedOption(Dimension dimension) const;
+  /// In proof mode, the first dimension that the question shown lacks.
+  std::optional<Dimension> FirstGap() const;
   bool FrameVisible(Dimension dimension) const;
   std::string_view FrameCaption(Dimension dimension) const;
   /// The heading over the last codes (`Label5`).

@@ -1,11 +1,11 @@
 #include "ui/Forms.h"
 
 #include <QApplication>
-#include <QScreen>
 #include <QWindow>
 #include <utility>
 
 #include "survey/open_survey.h"
+#include "ui/FitToScreen.h"
 #include "ui/frmAboutInputBox.h"
 #include "ui/frmClassAct.h"
 #include "ui/frmEnterQA.h"
@@ -16,12 +16,6 @@
 
 namespace orvex {
 namespace {
-
-/// No form opens larger than the screen: what does not fit scrolls.
-void FitToScreen(QWidget& form) {
-  constexpr QSize kFrame(16, 40);
-  form.resize(form.size().boundedTo(form.screen()->availableSize() - kFrame));
-}
 
 /// Brings a form to the front. Refreshing comes last: a focus wish needs a form that can have it.
 template <typename Form>
@@ -101,7 +95,7 @@ void Forms::Show(Screen screen) {
         frmClassAct& live = LiveForm();
         enterQA_ = std::make_unique<frmEnterQA>(services_, live.Live(), live.Clocks());
         // It takes the live form's place, also on the screen.
-        enterQA_->move(live.pos());
+        PlaceOver(*enterQA_, live);
       }
       return Present(*enterQA_);
     case Screen::questionEditor:
@@ -153,12 +147,14 @@ void Forms::ShowQuestionEditor(EditorCaller caller, bool proofMode) {
   frmClassAct& live = LiveForm();
   const EditorOpening opening = {.caller = caller, .proofMode = proofMode};
   qa_ = std::make_unique<frmQA>(services_, opening, &live.Live(), &live.Clocks());
+  PlaceOver(*qa_, live);
   Present(*qa_);
 }
 
 void Forms::ShowSurvey(SurveyCaller caller) {
   if (!matrices_) {
     matrices_ = std::make_unique<frmMatrices>(services_, LiveForm().Live(), caller);
+    PlaceOver(*matrices_, LiveForm());
   }
   matrices_->SetCaller(caller);
   Present(*matrices_);

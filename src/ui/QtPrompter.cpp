@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QStringList>
 
+#include "ui/FitToScreen.h"
 #include "ui/dlgFieldNote.h"
 #include "ui/frmAdjust.h"
 #include "ui/frmOfftask.h"
@@ -33,6 +34,7 @@ QWidget* ParentWindow() {
 /// Runs `dialog`. Its end is never taken for the end of the last form, also while no form is shown.
 int Run(QDialog& dialog) {
   dialog.setAttribute(Qt::WA_QuitOnClose, false);
+  FitToScreen(dialog);
   return dialog.exec();
 }
 

@@ -46,6 +46,10 @@ QuestionFrames::QuestionFrames(Ui::frmQA& ui, QuestionEditor& editor, std::funct
   Add(ui.FrElabUnelab, {ui.OptElabUn_0, ui.OptElabUn_1});
 }
 
+QWidget* QuestionFrames::FrameOf(Dimension dimension) const {
+  return frames_.at(static_cast<std::size_t>(dimension)).box;
+}
+
 void QuestionFrames::Add(QGroupBox* box, std::vector<QRadioButton*> options) {
   const auto dimension = static_cast<Dimension>(frames_.size());
   const DimensionLabel& label = DimensionLabels[frames_.size()];

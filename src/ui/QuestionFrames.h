@@ -30,6 +30,7 @@ class QuestionFrames : public QObject {
   void RefreshCaptions();
   /// Shows and enables the frames that are available, or hides and disables those that are not.
   void RefreshStates(bool available);
+  QWidget* FrameOf(Dimension dimension) const;
 
  private:
   struct Frame {

@@ -1,5 +1,6 @@
 #include "ui/dlgFieldNote.h"
 
+#include "ui/show.h"
 #include "ui/text.h"
 #include "ui_dlgFieldNote.h"
 
@@ -10,6 +11,7 @@ dlgFieldNote::dlgFieldNote(const std::string& notes, QWidget* parent)
   ui_->setupUi(this);
   ui_->Text1->setPlainText(ToQt(notes).replace(QLatin1String("\r\n"), QLatin1String("\n")));
   ui_->Text1->document()->setModified(false);
+  ui_->Text1->installEventFilter(this);
   connect(ui_->OKButton, &QPushButton::clicked, this, &QDialog::accept);
   connect(ui_->Command1, &QPushButton::clicked, this, [this] {
     cancelled_ = true;
@@ -23,7 +25,16 @@ std::optional<std::string> dlgFieldNote::Notes() const {
   if (cancelled_) return std::nullopt;
   // What the box cannot show as it is stays as it is while nobody edits it.
   if (!ui_->Text1->document()->isModified()) return before_;
-  return FromQt(ui_->Text1->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n")));
+  // The raw text: the plain one has blanks for no-break spaces.
+  return FromQt(ui_->Text1->document()->toRawText().replace(QChar::ParagraphSeparator,
+                                                            QLatin1String("\r\n")));
+}
+
+bool dlgFieldNote::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && IsSpareMnemonic(*static_cast<QKeyEvent*>(event))) {
+    return true;
+  }
+  return QDialog::eventFilter(watched, event);
 }
 
 void dlgFieldNote::setVisible(bool visible) {

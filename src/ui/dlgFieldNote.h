@@ -27,6 +27,9 @@ class dlgFieldNote : public QDialog {
   /// The window's frame and Escape.
   void reject() override { accept(); }
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   std::string before_;
   bool cancelled_ = false;

@@ -99,6 +99,7 @@ void frmQA::ConnectBoxes() {
   connect(ui_->UpDown1, &SegmentBox::Stepped, this, [this](int steps) {
     editor_.StepSegment(steps);
     Refresh();
+    ui_->UpDown1->Box()->selectAll();
   });
 }
 
@@ -110,6 +111,7 @@ void frmQA::ConnectButtons() {
     });
   };
   for (const auto& [command, button] : EditButtons()) connectButton(button, command);
+  connect(ui_->cmdNxt, &QPushButton::clicked, this, &frmQA::ShowGap);
   connect(ui_->cmdOfftaskActive, &QPushButton::clicked, this, [this] {
     editor_.Offtask()->cmdOfftaskActive_Click();
     Refresh();
@@ -158,7 +160,7 @@ void frmQA::Refresh() {
   // The focus moves between the two: Qt would send the focus of a control that goes to a box of its
   // own choice, and a control that is not there yet cannot take it.
   RefreshStates(true);
-  TakeFocusWish();
+  if (isVisible()) TakeFocusWish();
   RefreshStates(false);
   RefreshClocks();
 }
@@ -248,9 +250,16 @@ void frmQA::showEvent(QShowEvent* event) {
   clocksWidth_ = ui_->timesLayout->sizeHint().width() + ui_->offtaskLayout->sizeHint().width();
   ui_->scrollArea->setMinimumWidth(ui_->scrollContents->minimumSizeHint().width() +
                                    ui_->scrollArea->verticalScrollBar()->sizeHint().width());
-  RefreshClocks();
   ArrangeClocks();
   QWidget::showEvent(event);
+  Refresh();
+  ShowGap();
+}
+
+/// In proof mode, brings what the question lacks into sight.
+void frmQA::ShowGap() {
+  if (const auto gap = editor_.FirstGap())
+    ui_->scrollArea->ensureWidgetVisible(frames_->FrameOf(*gap));
 }
 
 void frmQA::resizeEvent(QResizeEvent* event) {

@@ -50,6 +50,7 @@ class frmQA : public QWidget {
   void WatchFocus();
   void StartTimers();
   void ArrangeClocks();
+  void ShowGap();
   void RefreshList();
   void RefreshTexts();
   void RefreshClocks();

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <tuple>
 
+#include "start/field_notes_file.h"
 #include "start/main_menu.h"
 #include "start/start_up.h"
 #include "support/desk.h"
@@ -74,6 +76,51 @@ TEST(MainMenu, TellsThatTheFolderCouldNotBeStoredAndUsesItAllTheSame) {
   menu.ChangeDataPath();
   EXPECT_NE(desk.prompter.asked.back().details.find("options"), std::string::npos);
   EXPECT_EQ(desk.program.DataPath, "/data");
+}
+
+TEST(FieldNotesFile, IsEditedAsLinesAndSpelledAsItWas) {
+  const std::tuple<const char*, const char*, std::optional<std::string>, const char*> cases[] = {
+      {"a\r\nb\r\nc\r\n", "a\r\nb\r\nc", "a\r\nb\r\nc", "a\r\nb\r\nc\r\n"},
+      {"a\nb", "a\r\nb", "a\r\nb", "a\r\nb\r\n"},
+      {"a\r\n\r\n", "a\r\n", "a\r\nb", "a\r\nb\r\n"},
+      {"", "", "new", "new\r\n"},
+      {"caf\xE9\r\n", "caf\u00E9", "caf\u00E9!", "caf\xE9!\r\n"},
+      {"caf\xE9\r\n", "caf\u00E9", "\u2192", "\u2192\r\n"},
+      {"as it was", "as it was", std::nullopt, "as it was"},
+  };
+  for (const auto& [before, shown, edited, after] : cases) {
+    test::Desk desk;
+    const fs::path file = desk.folder / "obs/1-2-3.nte";
+    test::PutFile(file, before);
+    desk.prompter.ExpectFile({.path = file, .folder = desk.folder / "obs"});
+    desk.prompter.ExpectNotes(edited);
+    EditFieldNotesFile(desk.services);
+    EXPECT_EQ(desk.prompter.askedFiles[0].filter, "NOTE files (*.NTE)|*.NTE");
+    EXPECT_EQ(desk.prompter.askedNotes[0], shown);
+    EXPECT_EQ(test::FileBytes(file), after);
+    EXPECT_EQ(desk.program.DataPath, desk.folder / "obs");
+  }
+}
+
+TEST(FieldNotesFile, LosesNothingWhenItCannotBeReadOrWritten) {
+  test::Desk desk;
+  desk.prompter.ExpectFile({.path = {}, .folder = desk.folder.Path()});
+  EditFieldNotesFile(desk.services);
+  desk.prompter.ExpectFile({.path = desk.folder / "gone.nte", .folder = desk.folder.Path()});
+  desk.prompter.Expect("The field notes could not be read.", Answer::ok);
+  EditFieldNotesFile(desk.services);
+
+  test::PutFile(desk.folder / "a.nte", "old\r\n");
+  test::FaultyStorage full;
+  full.Fail(1, ENOSPC, "write");
+  desk.prompter.ExpectFile({.path = desk.folder / "a.nte", .folder = desk.folder.Path()});
+  desk.prompter.ExpectNotes("new");
+  desk.prompter.Expect("The field notes could not be saved.", Answer::ok,
+                       [&] { EXPECT_EQ(test::FileBytes(desk.folder / "a.nte"), "old\r\n"); });
+  desk.prompter.ExpectNotes("new and more");
+  EditFieldNotesFile({desk.program, desk.log, full, desk.clock, desk.prompter, desk.screens});
+  EXPECT_EQ(desk.prompter.askedNotes.back(), "new");
+  EXPECT_EQ(test::FileBytes(desk.folder / "a.nte"), "new and more\r\n");
 }
 
 }  // namespace

@@ -95,6 +95,7 @@ TEST(FieldNoteForm, KeepsWhatIsTypedUnlessItIsCancelled) {
   const std::tuple<const char*, std::optional<std::string>> cases[] = {
       {"{Alt+S}", notes},
       {"!\n?{Alt+S}", "One\r\nTwo\r\nlines!\r\n?"},
+      {"{Alt+Z}!{Backspace}{Alt+S}", "One\r\nTwo\r\nlines"},
       {"!\t ", "One\r\nTwo\r\nlines!"},
       {"!{Esc}", "One\r\nTwo\r\nlines!"},
       {"!{Alt+C}", std::nullopt},
@@ -104,6 +105,8 @@ TEST(FieldNoteForm, KeepsWhatIsTypedUnlessItIsCancelled) {
     PressInTheNext(keys, [](const QDialog&) { ADD_FAILURE() << "still open"; });
     EXPECT_EQ(QtPrompter().AskNotes(notes), expected);
   }
+  PressInTheNext("!{Alt+S}");
+  EXPECT_EQ(QtPrompter().AskNotes("a\u00A0b"), "a\u00A0b!") << "a no-break space is none to change";
   // Also by the window's frame.
   PressInTheNext("!", [](QDialog& dialog) { dialog.close(); });
   EXPECT_EQ(QtPrompter().AskNotes("A"), "A!");
