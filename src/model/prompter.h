@@ -4,8 +4,11 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace orvex {
+
+struct Episode;
 
 /// The buttons of a message box, in their order.
 enum class Buttons { ok, okCancel, yesNo, yesNoCancel };
@@ -30,13 +33,14 @@ struct TextPrompt {
   std::string defaultText;
 };
 
-/// An open-file dialog: where it starts, and its filter ("EPS files (*.EPS)|*.EPS").
+/// A file dialog: where it starts, and its filter ("EPS files (*.EPS)|*.EPS").
 struct FilePrompt {
   std::filesystem::path folder;
   std::string filter;
+  std::string defaultName = {};  ///< what a dialog for saving proposes
 };
 
-/// What came of an open-file dialog.
+/// What came of a file dialog.
 struct ChosenFile {
   std::filesystem::path path;    ///< empty when none was chosen
   std::filesystem::path folder;  ///< the folder the dialog ended in
@@ -65,12 +69,21 @@ class Prompter {
   /// The text given, or nothing when the box was cancelled.
   virtual std::optional<std::string> AskText(const TextPrompt& prompt) = 0;
   virtual ChosenFile AskFile(const FilePrompt& prompt) = 0;
+  /// Where to save. A file that is there already is only chosen once the user has agreed to replace
+  /// it.
+  virtual ChosenFile AskSaveFile(const FilePrompt& prompt) = 0;
   /// True for OK. The texts are taken back as they stand also when the estimate was skipped.
   virtual bool AskOfftask(OfftaskPrompt& prompt) = 0;
   /// The seconds set, or nothing when the dialog was cancelled.
   virtual std::optional<int> AskSeconds(const SecondsPrompt& prompt) = 0;
   /// The field notes as edited, lines separated by CR LF, or nothing when they were cancelled.
   virtual std::optional<std::string> AskNotes(const std::string& notes) = 0;
+  /// How many of a segment's `totalSeconds` go to its second part, or nothing when the dialog was
+  /// cancelled.
+  virtual std::optional<int> AskDivision(int totalSeconds) = 0;
+  /// The numbers of the questions that go to the second of two episodes, in the order in which they
+  /// were chosen, or nothing when the dialog was cancelled.
+  virtual std::optional<std::vector<int>> AskQuestions(const Episode& episode) = 0;
 
   /// A message with an OK button.
   void Tell(std::string text, std::string details = "") {

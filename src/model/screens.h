@@ -13,6 +13,7 @@ enum class Screen {
   questionEntry,
   questionEditor,
   survey,
+  episodeEditor,
 };
 
 /// Who opened the question editor, and is shown again when it closes.
@@ -46,6 +47,9 @@ class Screens {
   /// Loads the survey form from a survey file and shows it. False, when the user has been told that
   /// the file could not be read.
   virtual bool ShowSurveyFile(const std::filesystem::path& file) = 0;
+  /// Loads the episode editor with an episode file and shows it. False, when the user has been told
+  /// that the file could not be opened.
+  virtual bool ShowEpisodeEditor(const std::filesystem::path& file) = 0;
 };
 
 }  // namespace orvex

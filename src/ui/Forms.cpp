@@ -69,6 +69,8 @@ QWidget* Forms::Loaded(Screen screen) const {
       return qa_.get();
     case Screen::survey:
       return matrices_.get();
+    case Screen::episodeEditor:
+      return nullptr;
   }
   return nullptr;
 }
@@ -103,6 +105,8 @@ void Forms::Show(Screen screen) {
       return;
     case Screen::survey:
       if (matrices_) Present(*matrices_);
+      return;
+    case Screen::episodeEditor:
       return;
   }
 }
@@ -140,6 +144,8 @@ void Forms::Close(Screen screen) {
       return Unload(qa_);
     case Screen::survey:
       return Unload(matrices_);
+    case Screen::episodeEditor:
+      return;
   }
 }
 
@@ -167,6 +173,9 @@ bool Forms::ShowSurveyFile(const std::filesystem::path& file) {
   matrices_ = std::make_unique<frmMatrices>(services_, std::move(*survey));
   Present(*matrices_);
   return true;
+}
+bool Forms::ShowEpisodeEditor(const std::filesystem::path&) {
+  return false;
 }
 
 void Forms::EndProgram() {

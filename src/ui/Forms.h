@@ -34,6 +34,7 @@ class Forms : public Screens {
   void ShowQuestionEditor(EditorCaller caller, bool proofMode) override;
   void ShowSurvey(SurveyCaller caller) override;
   bool ShowSurveyFile(const std::filesystem::path& file) override;
+  bool ShowEpisodeEditor(const std::filesystem::path& file) override;
 
  private:
   QWidget* Loaded(Screen screen) const;

@@ -85,6 +85,20 @@ QMessageBox::Icon IconOf(const Message& message) {
   return message.buttons == Buttons::ok ? QMessageBox::Information : QMessageBox::Question;
 }
 
+/// Lets the user choose a file in `dialog`.
+ChosenFile Choose(QFileDialog& dialog, const FilePrompt& prompt) {
+  // Qt's own dialog, because a platform's does not tell which folder it ended in.
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setNameFilter(NameFilter(ToQt(prompt.filter)));
+  const QString folder = ToQt(prompt.folder.string());
+  if (QDir(folder).exists()) dialog.setDirectory(folder);
+  if (!prompt.defaultName.empty()) dialog.selectFile(ToQt(prompt.defaultName));
+  const bool chosen = Run(dialog) == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+  if (!chosen) return {.path = {}, .folder = FromQt(dialog.directory().absolutePath())};
+  const std::filesystem::path path = FromQt(dialog.selectedFiles().first());
+  return {.path = path, .folder = path.parent_path()};
+}
+
 }  // namespace
 
 Answer QtPrompter::Ask(const Message& message) {
@@ -144,18 +158,27 @@ std::optional<std::string> QtPrompter::AskNotes(const std::string& notes) {
   return dialog.Notes();
 }
 
+std::optional<int> QtPrompter::AskDivision(int) {
+  return std::nullopt;
+}
+
+std::optional<std::vector<int>> QtPrompter::AskQuestions(const Episode&) {
+  return std::nullopt;
+}
+
 ChosenFile QtPrompter::AskFile(const FilePrompt& prompt) {
   QFileDialog dialog(ParentWindow());
-  // Qt's own dialog, because a platform's does not tell which folder it ended in.
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setFileMode(QFileDialog::ExistingFile);
-  dialog.setNameFilter(NameFilter(ToQt(prompt.filter)));
-  const QString folder = ToQt(prompt.folder.string());
-  if (QDir(folder).exists()) dialog.setDirectory(folder);
-  const bool chosen = Run(dialog) == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
-  if (!chosen) return {.path = {}, .folder = FromQt(dialog.directory().absolutePath())};
-  const std::filesystem::path path = FromQt(dialog.selectedFiles().first());
-  return {.path = path, .folder = path.parent_path()};
+  return Choose(dialog, prompt);
+}
+
+ChosenFile QtPrompter::AskSaveFile(const FilePrompt& prompt) {
+  QFileDialog dialog(ParentWindow());
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  // A name without an extension gets the filter's before the dialog looks whether it is there.
+  dialog.setDefaultSuffix(ToQt(prompt.filter).section(QLatin1Char('.'), -1).toLower());
+  return Choose(dialog, prompt);
 }
 
 }  // namespace orvex

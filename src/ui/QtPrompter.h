@@ -14,9 +14,12 @@ class QtPrompter : public Prompter {
   Answer Ask(const Message& message) override;
   std::optional<std::string> AskText(const TextPrompt& prompt) override;
   ChosenFile AskFile(const FilePrompt& prompt) override;
+  ChosenFile AskSaveFile(const FilePrompt& prompt) override;
   bool AskOfftask(OfftaskPrompt& prompt) override;
   std::optional<int> AskSeconds(const SecondsPrompt& prompt) override;
   std::optional<std::string> AskNotes(const std::string& notes) override;
+  std::optional<int> AskDivision(int totalSeconds) override;
+  std::optional<std::vector<int>> AskQuestions(const Episode& episode) override;
 };
 
 /// Qt's spelling of a filter: "EPS files (*.EPS)|*.EPS" becomes "EPS files (*.EPS *.eps)".

@@ -26,12 +26,17 @@ class RecordingScreens : public Screens {
     moves.push_back("show survey file " + file.filename().string());
     return surveyFileIsGood;
   }
+  bool ShowEpisodeEditor(const std::filesystem::path& file) override {
+    moves.push_back("show episode editor for " + file.filename().string());
+    return episodeFileIsGood;
+  }
 
   /// The moves since the last call.
   std::vector<std::string> Take() { return std::exchange(moves, {}); }
 
   std::vector<std::string> moves;
   bool surveyFileIsGood = true;
+  bool episodeFileIsGood = true;
 
  private:
   static std::string Name(Screen screen) {
@@ -50,6 +55,8 @@ class RecordingScreens : public Screens {
         return "questionEditor";
       case Screen::survey:
         return "survey";
+      case Screen::episodeEditor:
+        return "episodeEditor";
     }
     return "?";
   }

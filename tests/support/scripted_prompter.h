@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/episode.h"
 #include "model/prompter.h"
 
 namespace orvex::test {
@@ -20,7 +21,7 @@ class ScriptedPrompter : public Prompter {
   ~ScriptedPrompter() override {
     EXPECT_TRUE(answers_.empty()) << answers_.size() << " answers were never asked for";
     EXPECT_TRUE(texts_.empty() && files_.empty() && estimates_.empty() && seconds_.empty() &&
-                notes_.empty())
+                notes_.empty() && saveFiles_.empty() && divisions_.empty() && questions_.empty())
         << "something was never asked for";
   }
 
@@ -33,6 +34,8 @@ class ScriptedPrompter : public Prompter {
 
   /// The next file dialog ends like this.
   void ExpectFile(ChosenFile chosen) { files_.push_back(std::move(chosen)); }
+  /// The next dialog for saving ends like this.
+  void ExpectSaveFile(ChosenFile chosen) { saveFiles_.push_back(std::move(chosen)); }
   /// The next off-task estimate is made with these numbers, or skipped with them typed; `during`
   /// runs while the dialog is open.
   void ExpectEstimate(const OfftaskPrompt& typed, bool accept = true,
@@ -43,6 +46,13 @@ class ScriptedPrompter : public Prompter {
   void ExpectSeconds(std::optional<int> seconds) { seconds_.push_back(seconds); }
   /// The next field notes are edited into `notes`; nothing for Cancel.
   void ExpectNotes(std::optional<std::string> notes) { notes_.push_back(std::move(notes)); }
+
+  /// The next segment is divided so that `seconds` go to its second part; nothing for Cancel.
+  void ExpectDivision(std::optional<int> seconds) { divisions_.push_back(seconds); }
+  /// These questions go to the second episode, in the order they are chosen; nothing for Cancel.
+  void ExpectQuestions(std::optional<std::vector<int>> numbers) {
+    questions_.push_back(std::move(numbers));
+  }
 
   Answer Ask(const Message& message) override {
     asked.push_back(message);
@@ -67,6 +77,11 @@ class ScriptedPrompter : public Prompter {
     return Next(files_, "a file dialog").value_or(ChosenFile{});
   }
 
+  ChosenFile AskSaveFile(const FilePrompt& prompt) override {
+    askedSaveFiles.push_back(prompt);
+    return Next(saveFiles_, "a file dialog for saving").value_or(ChosenFile{});
+  }
+
   bool AskOfftask(OfftaskPrompt& prompt) override {
     askedEstimates.push_back(prompt);
     const auto next = NextDialog(estimates_, "an off-task estimate");
@@ -86,15 +101,28 @@ class ScriptedPrompter : public Prompter {
     return NextDialog(notes_, "field notes").value_or(std::nullopt);
   }
 
+  std::optional<int> AskDivision(int totalSeconds) override {
+    askedDivisions.push_back(totalSeconds);
+    return NextDialog(divisions_, "a division").value_or(std::nullopt);
+  }
+
+  std::optional<std::vector<int>> AskQuestions(const Episode& episode) override {
+    askedQuestions.push_back(episode.nQAs());
+    return NextDialog(questions_, "a choice of questions").value_or(std::nullopt);
+  }
+
   /// Cancels the dialogs that the script does not expect, for tests that are about something else.
   bool cancelsDialogs = false;
 
   std::vector<Message> asked;
   std::vector<TextPrompt> askedTexts;
   std::vector<FilePrompt> askedFiles;
+  std::vector<FilePrompt> askedSaveFiles;
   std::vector<OfftaskPrompt> askedEstimates;
   std::vector<SecondsPrompt> askedSeconds;
   std::vector<std::string> askedNotes;
+  std::vector<int> askedDivisions;
+  std::vector<int> askedQuestions;  ///< of episodes with so many
 
  private:
   struct Expected {
@@ -143,6 +171,9 @@ class ScriptedPrompter : public Prompter {
   std::deque<Estimate> estimates_;
   std::deque<std::optional<int>> seconds_;
   std::deque<std::optional<std::string>> notes_;
+  std::deque<ChosenFile> saveFiles_;
+  std::deque<std::optional<int>> divisions_;
+  std::deque<std::optional<std::vector<int>>> questions_;
 };
 
 }  // namespace orvex::test

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "store/eps_file.h"
+#include "store/services.h"
+
+namespace orvex {
+
+/// The file that the episode editor works on: where it is, what it says of the observation as a
+/// whole, and what it held when it was last read or written.
+class EditedFile {
+ public:
+  EditedFile(std::filesystem::path path, EpsHeader header, std::string bytes);
+
+  const std::filesystem::path& Path() const { return path_; }  ///< `EpsFilePath`
+  const EpsHeader& Header() const { return header_; }
+
+  /// Writes the episodes into the file, or, after a failure, where the user wants them: the editor
+  /// then works on that file. False when the user gave up; the old file is whole then.
+  bool Save(const Services& services, const EpisodeList& episodes);
+
+ private:
+  bool MayReplace(Prompter& prompter, const std::string& bytes);
+
+  std::filesystem::path path_;
+  EpsHeader header_;
+  std::string bytes_;
+};
+
+/// A file that has been read whole, for the editor to take over.
+struct OpenedFile {
+  EditedFile file;
+  EpisodeList episodes;
+  bool repaired = false;  ///< the episodes are no longer as the file holds them
+};
+
+/// What came of opening a file.
+struct Opening {
+  std::optional<OpenedFile> opened;
+  bool programEnds = false;  ///< the file was not one to go on with
+};
+
+/// Reads an episode file, asking and telling the user what there is to ask and tell.
+Opening OpenForEditing(const Services& services, const std::filesystem::path& path);
+
+/// Lets the user choose an episode file, beginning in the data folder. Empty when none was chosen.
+std::filesystem::path ChooseEpisodeFile(const Services& services);
+
+}  // namespace orvex

@@ -1,0 +1,166 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "editor/edit_history.h"
+#include "editor/edited_file.h"
+#include "editor/observation_edits.h"
+#include "editor/segment_coding_view.h"
+#include "model/episode.h"
+#include "store/services.h"
+
+namespace orvex {
+
+/// Corrects the structure and the coding of an observation after class. Everything is changed in
+/// the program's episodes; the file changes when it is saved. Episodes and segments are counted
+/// from 1.
+class EpisodeEditor {
+ public:
+  EpisodeEditor(const Services& services, OpenedFile opened);
+
+  // The window.
+  std::string Caption() const;  ///< "Orvex 4.10 Episode Editor"
+  bool Modified() const { return !history_.IsSaved(); }
+  std::string ObserverText() const;  ///< `Label7`
+  std::string DateText() const;      ///< `Label11`
+  std::string TotalText() const;     ///< `Label12`
+  std::string FileText() const;      ///< `Label8`
+  const EditedFile& File() const { return file_; }
+
+  // The lists.
+  std::vector<std::string> EpisodeRows() const;
+  std::vector<std::string> SegmentRows() const;
+  const Positions& SelectedEpisodes() const { return selectedEpisodes_; }
+  const Positions& SelectedSegments() const { return selectedSegments_; }
+  int CurrentEpisode() const { return currentEpisode_; }
+  int CurrentSegment() const { return currentSegment_; }
+
+  // What is shown of the current episode and its current segment.
+  const std::string& Description() const;  ///< `txtEpisodeName`
+  /// `Label10`, where "&&" shows as one ampersand.
+  std::string ActivityText() const;
+  std::string SpellsText() const;                                          ///< `lblDSpells`
+  std::string DurationText() const;                                        ///< `Label1`
+  std::string SegmentCountText() const;                                    ///< `Label2`
+  std::string SegmentDurationLabel() const;                                ///< `Label13`
+  const std::string& SegmentDuration() const { return segmentDuration_; }  ///< `Text1`
+  SegmentCodingView Coding() const;
+
+  // What can be done.
+  bool HasEpisode() const { return Shown() != nullptr; }
+  bool HasSegment() const { return ShownSegment() != nullptr; }
+  bool CanSplitSegment() const;   ///< `cmdSplitSg`
+  bool CanMergeSegments() const;  ///< `cmdMergeSg`
+  bool CanSplitEpisode() const;   ///< `cmdSplitEp`
+  bool CanMergeEpisodes() const;  ///< `cmdMergeEp`
+  bool HasQuestions() const;      ///< `Command3`, `Command6`
+
+  // Showing. The user's selections come with SetSelected..., the click on a row with GetEpisode and
+  // ShowSegment; SelectEpisode and SelectSegment do both for one row.
+  void SetSelectedEpisodes(Positions selected);
+  void SetSelectedSegments(Positions selected);
+  void GetEpisode(int k);
+  void SelectEpisode(int k);
+  void ShowSegment(int j);
+  void SelectSegment(int j);
+  void UpdateCmdButtonStatus() { reviewShown_ = false; }
+  /// The window is shown again, after the questions may have been edited.
+  void Activate();
+
+  // Typing. What is typed into one box without leaving it is undone at once.
+  void TypeDescription(std::string_view text);
+  void TypeAbout(std::string_view text);
+  void TypeSegmentDuration(std::string_view text);
+  /// True for the keys that the box of the duration takes.
+  static bool IsDurationKey(char32_t key) { return key >= U'0' && key <= U'9'; }
+  /// A box has lost the focus.
+  void LeaveBox();
+
+  // Coding the current segment, by position in the list or pair; SegmentCodingView::kNoChoice for
+  // none. What its activity does not show is not changed.
+  void ChooseActivity(int position);
+  void ChooseSubCategory(int position);
+  void ChooseSource(int position);
+  void ChooseCognitiveLevel(int position);
+  void ChooseSeatOrganization(int position);
+  void ChooseGroup(int position);
+  void ChooseOrganization(int position);
+  void ChoosePreparation(int position);
+
+  // Structure.
+  void cmdSplitSg_Click();
+  void cmdMergeSg_Click();
+  void cmdSplitEp_Click();
+  void cmdMergeEp_Click();
+  /// The selected segments are dropped on row `k` or `j` of a list.
+  void DropOnEpisode(int k);
+  void DropOnSegment(int j);
+
+  /// Marks the selected segments as cut; they stay until they are pasted.
+  void Cut();
+  bool CanCut() const { return !selectedSegments_.empty(); }
+  bool CanPaste() const { return cut_.has_value(); }
+  /// True for a segment of the current episode that has been cut.
+  bool IsCut(int j) const;
+  void PasteOntoEpisode(int k);
+  void PasteBeforeSegment(int j);
+
+  /// What undo and redo would do: "Split segment". Empty for nothing.
+  std::string UndoName() const;
+  std::string RedoName() const;
+  void Undo();
+  void Redo();
+
+  // The button row.
+  /// `Command4`. True when the file is saved.
+  bool Save();
+  void EditQuestions();  ///< `Command1`
+  void Proof();          ///< `Command7`
+  void Quit();           ///< `cmdQuit`
+  /// The window is asked to close: it goes when the program ends.
+  void RequestClose() { Quit(); }
+
+ private:
+  struct CutSegments {
+    int episode;
+    Positions segments;
+  };
+
+  EpisodeList& Episodes() const;
+  Episode* Shown() const;
+  SegmentData* ShownSegment() const;
+
+  void Load(OpenedFile opened);
+  void OpenAnother();
+  void Forget();
+
+  void FillEpisodeList() { selectedEpisodes_.clear(); }
+  void FillSegmentList();
+  void ShowDuration();
+  void ShowEpisodes(Place place);
+  Place ShownPlace() const { return {currentEpisode_, currentSegment_}; }
+
+  template <typename Change>
+  void Recode(const char* name, bool shown, Change change);
+  void RecordTyping(const char* name);
+  void RecordOutsideChanges();
+  enum class Refill { segments, episodes };
+  void Restructured(const char* name, const std::optional<Place>& next, Refill refill);
+
+  Services services_;
+  EditedFile file_;
+  EditHistory history_;
+
+  Positions selectedEpisodes_;
+  Positions selectedSegments_;
+  int currentEpisode_ = -1;
+  int currentSegment_ = 1;
+  std::string segmentDuration_;
+  bool reviewShown_ = false;  ///< the episode's label says whether it was review
+  std::optional<CutSegments> cut_;
+};
+
+}  // namespace orvex

@@ -1,0 +1,76 @@
+#include <utility>
+
+#include "editor/episode_editor.h"
+#include "model/program.h"
+#include "model/prompter.h"
+#include "model/screens.h"
+#include "model/validation.h"
+
+namespace orvex {
+
+void EpisodeEditor::Activate() {
+  RecordOutsideChanges();
+  UpdateCmdButtonStatus();
+}
+
+bool EpisodeEditor::Save() {
+  RecordOutsideChanges();
+  LeaveBox();
+  if (!file_.Save(services_, Episodes())) return false;
+  history_.MarkSaved();
+  return true;
+}
+
+void EpisodeEditor::EditQuestions() {
+  if (!HasEpisode()) return;
+  LeaveBox();
+  services_.screens.ShowQuestionEditor(EditorCaller::episodeEditor, false);
+  services_.screens.Hide(Screen::episodeEditor);
+}
+
+void EpisodeEditor::Proof() {
+  LeaveBox();
+  Program& program = services_.program;
+  if (FindUncodedQuestion(program.Episodes, program.ProofEp, program.ProofQ, services_.prompter) ==
+      -1) {
+    return;
+  }
+  services_.screens.ShowQuestionEditor(EditorCaller::episodeEditor, true);
+  services_.screens.Hide(Screen::episodeEditor);
+}
+
+void EpisodeEditor::Quit() {
+  LeaveBox();
+  // Who wanted to save and could not is not made to lose the changes.
+  if (services_.prompter.AskYesNo("Save Data?") && !Save()) return;
+  if (services_.prompter.Ask(
+          {.text = "Edit Another File?", .buttons = Buttons::yesNo, .defaultAnswer = Answer::no}) !=
+      Answer::yes) {
+    services_.screens.EndProgram();
+    return;
+  }
+  Forget();
+  OpenAnother();
+}
+
+/// Leaves the file: nothing of it is shown while another one is chosen.
+void EpisodeEditor::Forget() {
+  Episodes().clear();
+  history_.Start(Episodes(), true);
+  cut_.reset();
+  FillEpisodeList();
+  currentEpisode_ = -1;
+  FillSegmentList();
+}
+
+void EpisodeEditor::OpenAnother() {
+  for (;;) {
+    const auto path = ChooseEpisodeFile(services_);
+    if (path.empty()) return services_.screens.EndProgram();
+    Opening opening = OpenForEditing(services_, path);
+    if (opening.opened) return Load(std::move(*opening.opened));
+    if (opening.programEnds) return;
+  }
+}
+
+}  // namespace orvex

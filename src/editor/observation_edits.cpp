@@ -1,0 +1,189 @@
+#include "editor/observation_edits.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <limits>
+#include <utility>
+
+#include "model/time_of_day.h"
+#include "store/numbers.h"
+
+namespace orvex {
+namespace {
+
+/// True when `positions` name items of a list of `count`, each once, in ascending order.
+bool AreThere(const Positions& positions, std::size_t count) {
+  int previous = 0;
+  for (const int position : positions) {
+    if (position <= previous || position > static_cast<int>(count)) return false;
+    previous = position;
+  }
+  return !positions.empty();
+}
+
+template <typename T>
+auto At(std::vector<T>& list, int position) {
+  return list.begin() + (position - 1);
+}
+
+/// Takes the items at `positions` out of a list, in their order.
+template <typename T>
+std::vector<T> TakeOut(std::vector<T>& list, const Positions& positions) {
+  std::vector<T> taken;
+  std::vector<T> left;
+  taken.reserve(positions.size());
+  left.reserve(list.size() - positions.size());
+  auto next = positions.begin();
+  for (std::size_t i = 0; i < list.size(); ++i) {
+    const bool wanted = next != positions.end() && *next == static_cast<int>(i) + 1;
+    if (wanted) ++next;
+    (wanted ? taken : left).push_back(std::move(list[i]));
+  }
+  list = std::move(left);
+  return taken;
+}
+
+/// Puts items into a list so that the first of them stands at `position`.
+template <typename T>
+void PutIn(std::vector<T>& list, int position, std::vector<T> items) {
+  list.insert(At(list, position), std::make_move_iterator(items.begin()),
+              std::make_move_iterator(items.end()));
+}
+
+template <typename T>
+void ColAppend(std::vector<T>& destination, std::vector<T>& source) {
+  PutIn(destination, static_cast<int>(destination.size()) + 1, std::exchange(source, {}));
+}
+
+}  // namespace
+
+std::optional<Place> MoveSegments(EpisodeList& episodes, int from, const Positions& segments,
+                                  int to) {
+  Episode* const giving = ItemAt(episodes, from);
+  Episode* const receiving = ItemAt(episodes, to);
+  if (!giving || !receiving || from == to || !AreThere(segments, giving->segments.size())) {
+    return std::nullopt;
+  }
+  const int position = to < from ? static_cast<int>(receiving->segments.size()) + 1 : 1;
+  PutIn(receiving->segments, position, TakeOut(giving->segments, segments));
+  if (!giving->segments.empty()) return Place{from, segments.front() - 1};
+  ColAppend(receiving->questions, giving->questions);
+  episodes.erase(At(episodes, from));
+  return Place{to > from ? to - 1 : to, 0};
+}
+
+std::optional<Place> ReorderSegments(EpisodeList& episodes, int episode, const Positions& segments,
+                                     int target) {
+  Episode* const e = ItemAt(episodes, episode);
+  if (!e || !AreThere(segments, e->segments.size()) || !ItemAt(e->segments, target)) {
+    return std::nullopt;
+  }
+  const bool moveDown = segments.back() < target;
+  if (!moveDown && target >= segments.front()) return std::nullopt;
+  const int first = moveDown ? target + 1 - static_cast<int>(segments.size()) : target;
+  PutIn(e->segments, first, TakeOut(e->segments, segments));
+  return Place{episode, first};
+}
+
+std::optional<Place> InsertSegments(EpisodeList& episodes, int from, const Positions& segments,
+                                    Place before) {
+  const Episode* const receiving = ItemAt(episodes, before.episode);
+  if (segments.empty() || !receiving || !ItemAt(receiving->segments, before.segment)) {
+    return std::nullopt;
+  }
+  if (from == before.episode) {
+    const bool moveDown = segments.back() < before.segment;
+    return ReorderSegments(episodes, from, segments, before.segment - (moveDown ? 1 : 0));
+  }
+  const std::size_t giving = episodes.size();
+  if (!MoveSegments(episodes, from, segments, before.episode)) return std::nullopt;
+  const bool laterEpisode = before.episode > from;
+  const bool givingIsGone = episodes.size() < giving;
+  const int episode = before.episode - (laterEpisode && givingIsGone ? 1 : 0);
+
+  // They stand at the start or at the end of the episode now, and go on from there.
+  const int count = static_cast<int>(segments.size());
+  const int all = static_cast<int>(ItemAt(episodes, episode)->segments.size());
+  if (laterEpisode && before.segment == 1) return Place{episode, 1};
+  Positions moved(segments.size());
+  for (int i = 0; i < count; ++i) {
+    moved[static_cast<std::size_t>(i)] = (laterEpisode ? 0 : all - count) + i + 1;
+  }
+  return ReorderSegments(episodes, episode, moved,
+                         laterEpisode ? before.segment + count - 1 : before.segment);
+}
+
+std::optional<Place> SplitSegment(EpisodeList& episodes, Place place, int secondSeconds) {
+  Episode* const episode = ItemAt(episodes, place.episode);
+  SegmentData* const first = episode ? ItemAt(episode->segments, place.segment) : nullptr;
+  if (!first || secondSeconds < 0 || secondSeconds > DivisibleSeconds(*first)) return std::nullopt;
+  SegmentData second = *first;
+  second.duration = static_cast<float>(secondSeconds);
+  first->duration -= second.duration;
+  episode->segments.insert(At(episode->segments, place.segment + 1), std::move(second));
+  return Place{place.episode, place.segment + 1};
+}
+
+std::optional<Place> MergeSegments(EpisodeList& episodes, int episode, const Positions& segments) {
+  Episode* const e = ItemAt(episodes, episode);
+  if (!e || segments.size() < 2 || !AreThere(segments, e->segments.size())) return std::nullopt;
+  const Positions others(segments.begin() + 1, segments.end());
+  SegmentData merged = *ItemAt(e->segments, segments.front());
+  for (const SegmentData& other : TakeOut(e->segments, others)) merged.duration += other.duration;
+  *ItemAt(e->segments, segments.front()) = std::move(merged);
+  return Place{episode, segments.front()};
+}
+
+std::optional<Place> SplitEpisode(EpisodeList& episodes, int episode, const Positions& segments,
+                                  Positions questions) {
+  Episode* const e = ItemAt(episodes, episode);
+  if (!e || !AreThere(segments, e->segments.size())) return std::nullopt;
+  if (segments.size() == e->segments.size()) return std::nullopt;
+  std::ranges::sort(questions);
+  if (!questions.empty() && !AreThere(questions, e->questions.size())) return std::nullopt;
+  Episode second;
+  second.Descript = e->Descript;
+  second.segments = TakeOut(e->segments, segments);
+  second.questions = TakeOut(e->questions, questions);
+  episodes.insert(At(episodes, episode + 1), std::move(second));
+  return Place{episode, 0};
+}
+
+std::optional<Place> MergeEpisodes(EpisodeList& episodes, const Positions& selected) {
+  if (selected.size() < 2 || !AreThere(selected, episodes.size())) return std::nullopt;
+  const Positions others(selected.begin() + 1, selected.end());
+  Episode merged = std::move(*ItemAt(episodes, selected.front()));
+  for (Episode& other : TakeOut(episodes, others)) {
+    merged.Descript += other.Descript;
+    merged.offtask += other.offtask;
+    ColAppend(merged.segments, other.segments);
+    ColAppend(merged.questions, other.questions);
+  }
+  merged.offtask /= static_cast<float>(selected.size());
+  *ItemAt(episodes, selected.front()) = std::move(merged);
+  return Place{selected.front(), 0};
+}
+
+int DivisibleSeconds(const SegmentData& segment) {
+  constexpr double kMost = std::numeric_limits<int>::max();
+  return static_cast<int>(
+      std::clamp(RoundHalfEven(static_cast<double>(segment.duration)), 0.0, kMost));
+}
+
+void RecodeSegment(SegmentData& segment, int activity) {
+  if (!IsActivity(activity)) return;
+  segment.activityNum = static_cast<std::int16_t>(activity);
+  if (!CarriesAbout(activity)) segment.aboutdata.clear();
+}
+
+void SetSegmentDuration(SegmentData& segment, std::string_view typed) {
+  constexpr double kSecondsLimit = 20000;
+  const auto seconds = TypedNumber(typed);
+  if (!seconds || *seconds < 0) return;
+  segment.duration = static_cast<float>(std::fmod(RoundHalfEven(*seconds), kSecondsLimit) + 0.0);
+}
+
+}  // namespace orvex

@@ -1,0 +1,17 @@
+#include "editor/open_editor.h"
+
+#include <filesystem>
+
+#include "editor/edited_file.h"
+#include "model/screens.h"
+
+namespace orvex {
+
+bool OpenEpisodeFile(const Services& services) {
+  const std::filesystem::path path = ChooseEpisodeFile(services);
+  if (path.empty() || !services.screens.ShowEpisodeEditor(path)) return false;
+  services.screens.Close(Screen::mainMenu);
+  return true;
+}
+
+}  // namespace orvex

@@ -1,0 +1,48 @@
+#include "editor/segment_coding_view.h"
+
+#include <cstddef>
+
+namespace orvex {
+namespace {
+
+constexpr std::size_t kPair = 2;
+
+/// A code as a position among `count`; a code of another scheme chooses nothing.
+int PositionOf(int code, std::size_t count) {
+  return code >= 0 && code < static_cast<int>(count) ? code : SegmentCodingView::kNoChoice;
+}
+
+}  // namespace
+
+std::span<const std::string_view> SubCategoriesOf(int activity) {
+  if (IsSeatwork(activity)) return WritingSubCats;
+  if (IsGroupWork(activity)) return GroupWorkSubCats;
+  return {};
+}
+
+SegmentCodingView CodingViewOf(const SegmentData& segment) {
+  const int activity = segment.activityNum;
+  SegmentCodingView view;
+  if (IsActivity(activity)) view.activity = activity - 1;
+  view.showsAbout = CarriesAbout(activity);
+  view.showsSeatwork = IsSeatwork(activity);
+  view.showsPresentation = IsPresentation(activity);
+  view.subCategories = SubCategoriesOf(activity);
+  view.showsSubCategory = !view.subCategories.empty();
+
+  if (view.showsAbout) view.about = segment.aboutdata;
+  view.subCategory = PositionOf(segment.fSubCat, view.subCategories.size());
+  if (view.showsSeatwork) {
+    view.source = PositionOf(segment.src, SeatworkSources.size());
+    view.cognitiveLevel = PositionOf(segment.coglvl, SeatworkCognitiveLevels.size());
+    view.seatOrganization = PositionOf(segment.org, SeatworkOrganizations.size());
+  }
+  if (view.showsPresentation) {
+    view.group = PositionOf(segment.grpSolo, kPair);
+    view.organization = PositionOf(segment.org, kPair);
+    view.preparation = PositionOf(segment.prep, kPair);
+  }
+  return view;
+}
+
+}  // namespace orvex

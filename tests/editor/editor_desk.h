@@ -1,0 +1,58 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "editor/edited_file.h"
+#include "editor/episode_editor.h"
+#include "store/eps_file.h"
+#include "support/desk.h"
+
+namespace orvex::test {
+
+/// An episode file of class 7-12-3 with these episodes.
+inline std::string FileOf(const EpisodeList& episodes) {
+  const EpsHeader header = {.identity = {.Initials = "AB",
+                                         .SchoolNum = "7",
+                                         .ClassNum = "12",
+                                         .ObservNum = "3",
+                                         .NumStudents = "25"},
+                            .ObservDate = "03-14-2001",
+                            .StartTime = "09:05:12"};
+  return FormatEps(header, episodes);
+}
+
+/// A desk with the episode editor on it, once a file was opened.
+struct EditorDesk : Desk {
+  EpisodeEditor& Open(const std::filesystem::path& path) {
+    Opening opening = OpenForEditing(services, path);
+    editor = std::make_unique<EpisodeEditor>(services, std::move(*opening.opened));
+    return *editor;
+  }
+  /// The same with a file of its own that holds `episodes`.
+  EpisodeEditor& Open(const EpisodeList& episodes) {
+    PutFile(file, FileOf(episodes));
+    return Open(file);
+  }
+
+  std::filesystem::path file = folder / "EPS/7-12-3.eps";
+  std::unique_ptr<EpisodeEditor> editor;
+};
+
+inline SegmentData Segment(int activity, int seconds) {
+  SegmentData segment;
+  segment.SetData(static_cast<std::int16_t>(activity), static_cast<float>(seconds), {});
+  return segment;
+}
+
+/// A question "q7" by the teacher or a student.
+inline questionInfo Question(int number, const char* source = "T") {
+  questionInfo question;
+  question.SetValue("q" + std::to_string(number), source, "Y", "N", "N", "R", "", "N", "", "U", 1,
+                    1);
+  return question;
+}
+
+}  // namespace orvex::test
