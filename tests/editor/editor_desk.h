@@ -24,6 +24,15 @@ inline std::string FileOf(const EpisodeList& episodes) {
   return FormatEps(header, episodes);
 }
 
+/// The episodes of a file that has nothing to say.
+inline EpisodeList ReadBack(const std::string& bytes) {
+  struct Silence : EpsReadEvents {
+    bool ContinueWithEarlierVersion() override { return false; }
+    void FirstSegmentRepaired(int ep) override { ADD_FAILURE() << "episode " << ep; }
+  } silence;
+  return ParseEps(bytes, silence).Episodes;
+}
+
 /// A desk with the episode editor on it, once a file was opened.
 struct EditorDesk : Desk {
   EpisodeEditor& Open(const std::filesystem::path& path) {

@@ -1,0 +1,215 @@
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <string>
+#include <vector>
+
+#include "editor/editor_desk.h"
+#include "editor/open_editor.h"
+#include "support/faulty_storage.h"
+#include "support/sample_manifest.h"
+
+namespace orvex {
+namespace {
+
+using test::FileBytes;
+using test::Segment;
+using Rows = std::vector<std::string>;
+
+const char* const kFailed =
+    "The file could not be saved. Try again?\nNo lets you save it elsewhere.";
+const char* const kChanged = "The file was changed by another program. Replace it?";
+
+EpisodeList OneEpisode() {
+  EpisodeList episodes(1);
+  episodes[0].segments = {Segment(5, 10), Segment(11, 20)};
+  return episodes;
+}
+
+struct SavingTest : testing::Test {
+  test::EditorDesk desk;
+  test::FaultyStorage storage;
+  EpisodeEditor editor = Made();
+  const std::string before = FileBytes(desk.file);
+
+  EpisodeEditor Made() {
+    test::PutFile(desk.file, test::FileOf(OneEpisode()));
+    const Services services = {desk.program, desk.log,      storage,
+                               desk.clock,   desk.prompter, desk.screens};
+    return {services, std::move(*OpenForEditing(services, desk.file).opened)};
+  }
+  std::string Edited() const { return test::FileOf(desk.program.Episodes); }
+};
+
+TEST_F(SavingTest, TheMarkOfAChangeFollowsUndoRedoAndSaving) {
+  editor.TypeDescription("A");
+  EXPECT_TRUE(editor.Modified());
+  EXPECT_TRUE(editor.Save());
+  EXPECT_FALSE(editor.Modified());
+  EXPECT_EQ(FileBytes(desk.file), Edited());
+  editor.TypeDescription("AB");
+  EXPECT_TRUE(editor.Modified());
+  editor.Undo();
+  EXPECT_FALSE(editor.Modified());
+  editor.Undo();
+  EXPECT_TRUE(editor.Modified());
+  editor.TypeDescription("A");  // by another way
+  EXPECT_FALSE(editor.Modified());
+  EXPECT_TRUE(desk.prompter.asked.empty());
+}
+
+TEST_F(SavingTest, AFailureLeavesTheOldFileAndCanBeTriedAgain) {
+  editor.TypeDescription("A");
+  storage.Fail(1, ENOSPC, "write");
+  desk.prompter.Expect(kFailed, Answer::cancel, [&] { EXPECT_EQ(FileBytes(desk.file), before); });
+  EXPECT_FALSE(editor.Save());
+  EXPECT_EQ(desk.prompter.asked[0].details, desk.file.string() + ": No space left on device");
+  EXPECT_TRUE(editor.Modified());
+  // The last step has put the new content in place already when it fails.
+  storage.Fail(2, EIO, "sync");
+  desk.prompter.Expect(kFailed, Answer::yes);
+  EXPECT_TRUE(editor.Save());
+  EXPECT_EQ(FileBytes(desk.file), Edited());
+  EXPECT_FALSE(editor.Modified());
+}
+
+TEST_F(SavingTest, AFailureCanBeSavedElsewhere) {
+  editor.TypeDescription("A");
+  const auto other = desk.folder / "stick/copy.eps";
+  test::PutFile(other, "to be replaced");
+  storage.Fail(1, EROFS, "open");
+  desk.prompter.Expect(kFailed, Answer::no);
+  desk.prompter.ExpectSaveFile({.path = {}, .folder = desk.folder.Path()});
+  EXPECT_FALSE(editor.Save());
+  EXPECT_EQ(desk.prompter.askedSaveFiles[0].defaultName, "7-12-3.eps");
+  EXPECT_EQ(desk.prompter.askedSaveFiles[0].folder, desk.file.parent_path());
+  EXPECT_EQ(editor.FileText(), "File: " + desk.file.string());
+
+  storage.Fail(1, EROFS, "open");
+  desk.prompter.Expect(kFailed, Answer::no);
+  desk.prompter.ExpectSaveFile({.path = other, .folder = other.parent_path()});
+  EXPECT_TRUE(editor.Save());
+  EXPECT_EQ(FileBytes(desk.file), before);
+  EXPECT_EQ(FileBytes(other), Edited());
+  EXPECT_EQ(editor.FileText(), "File: " + other.string());
+  EXPECT_FALSE(editor.Modified());
+}
+
+TEST_F(SavingTest, AnotherProgramsChangeIsNotReplacedUnasked) {
+  editor.TypeDescription("A");
+  test::PutFile(desk.file, "theirs");
+  desk.prompter.Expect(kChanged, Answer::no);
+  EXPECT_FALSE(editor.Save());
+  EXPECT_EQ(desk.prompter.asked[0].defaultAnswer, Answer::no);
+  EXPECT_EQ(FileBytes(desk.file), "theirs");
+  EXPECT_TRUE(editor.Modified());
+  desk.prompter.Expect(kChanged, Answer::yes);
+  EXPECT_TRUE(editor.Save());
+  EXPECT_EQ(FileBytes(desk.file), Edited());
+  // A file that is gone is written again.
+  std::filesystem::remove(desk.file);
+  EXPECT_TRUE(editor.Save());
+  EXPECT_EQ(FileBytes(desk.file), Edited());
+}
+
+TEST_F(SavingTest, QuittingSavesOnlyWhenToldTo) {
+  editor.TypeDescription("A");
+  desk.prompter.Expect("Save Data?", Answer::no);
+  desk.prompter.Expect("Edit Another File?", Answer::no);
+  editor.Quit();
+  EXPECT_EQ(desk.prompter.asked[0].defaultAnswer, Answer::yes);
+  EXPECT_EQ(desk.prompter.asked[1].defaultAnswer, Answer::no);
+  EXPECT_EQ(desk.screens.Take(), Rows{"end"});
+  EXPECT_EQ(FileBytes(desk.file), before);
+
+  desk.prompter.Expect("Save Data?", Answer::yes);
+  storage.Fail(1, EIO, "write");
+  desk.prompter.Expect(kFailed, Answer::cancel);
+  editor.Quit();
+  EXPECT_TRUE(desk.screens.Take().empty());
+  EXPECT_EQ(editor.Description(), "A");
+}
+
+TEST_F(SavingTest, QuittingForAnotherFileBeginsAnew) {
+  editor.TypeDescription("A");
+  editor.SelectSegment(2);
+  editor.Cut();
+  desk.prompter.Expect("Save Data?", Answer::yes);
+  desk.prompter.Expect("Edit Another File?", Answer::yes);
+  desk.prompter.ExpectFile({.path = desk.folder / "none.eps", .folder = desk.folder.Path()});
+  desk.prompter.Expect("The file could not be read.", Answer::ok,
+                       [&] { EXPECT_TRUE(editor.EpisodeRows().empty()); });
+  desk.prompter.ExpectFile({.path = desk.file, .folder = desk.file.parent_path()});
+  editor.Quit();
+  EXPECT_TRUE(desk.screens.Take().empty());
+  EXPECT_EQ(desk.program.DataPath, desk.file.parent_path());
+  EXPECT_EQ(editor.Description(), "A");
+  EXPECT_EQ(editor.CurrentSegment(), 1);
+  EXPECT_FALSE(editor.CanPaste());
+  EXPECT_EQ(editor.UndoName(), "");
+  EXPECT_FALSE(editor.Modified());
+
+  desk.prompter.Expect("Save Data?", Answer::no);
+  desk.prompter.Expect("Edit Another File?", Answer::yes);
+  desk.prompter.ExpectFile({});
+  editor.Quit();
+  EXPECT_EQ(desk.screens.Take(), Rows{"end"});
+}
+
+TEST(Opening, DoesWithBadFilesWhatTheirManifestSays) {
+  const auto folder = test::SamplesFolder() / "bad";
+  const auto samples = test::BadSamples(".eps");
+  ASSERT_GE(samples.size(), 100U);
+  for (const auto& sample : samples) {
+    if (!std::filesystem::is_regular_file(folder / sample.file)) continue;
+    SCOPED_TRACE(sample.file);
+    test::Desk desk;
+    desk.program.Episodes.resize(1);
+    bool repaired = false;
+    for (const std::string& message : sample.messages) {
+      desk.prompter.Expect(message, Answer::ok);
+      repaired |= message.starts_with("An inconsistency");
+    }
+    Opening opening = OpenForEditing(desk.services, folder / sample.file);
+    EXPECT_EQ(desk.program.Episodes, EpisodeList(1));
+    EXPECT_EQ(opening.opened.has_value(), sample.accepted);
+    EXPECT_EQ(desk.screens.Take(), sample.accepted ? Rows{} : Rows{"end"});
+    if (!opening.opened) {
+      EXPECT_FALSE(desk.prompter.asked.back().details.empty());
+      continue;
+    }
+    const EpisodeEditor editor(desk.services, std::move(*opening.opened));
+    EXPECT_EQ(editor.Modified(), repaired);
+  }
+}
+
+TEST(Opening, AnEarlierVersionDeclinedEndsTheProgram) {
+  test::Desk desk;
+  desk.prompter.Expect("EPS file created by an earlier version of ORVEX. Continue anyway?",
+                       Answer::cancel);
+  const auto file = test::TestData("bad/banner-3.0.eps");
+  EXPECT_FALSE(OpenForEditing(desk.services, file).opened);
+  EXPECT_EQ(desk.prompter.asked[0].buttons, Buttons::okCancel);
+  EXPECT_EQ(desk.screens.Take(), Rows{"end"});
+}
+
+TEST(Opening, FromTheMenuTheEditorTakesItsPlace) {
+  test::Desk desk;
+  const auto file = desk.folder / "EPS/7-12-3.eps";
+  const auto open = [&](const std::filesystem::path& path) {
+    desk.prompter.ExpectFile({.path = path, .folder = file.parent_path()});
+    return OpenEpisodeFile(desk.services);
+  };
+  EXPECT_FALSE(open({}));
+  EXPECT_TRUE(desk.screens.Take().empty());
+  EXPECT_EQ(desk.prompter.askedFiles[0].filter, "EPS files (*.EPS)|*.EPS");
+  EXPECT_EQ(desk.program.DataPath, file.parent_path());
+  EXPECT_TRUE(open(file));
+  EXPECT_EQ(desk.screens.Take(), (Rows{"show episode editor for 7-12-3.eps", "close mainMenu"}));
+  desk.screens.episodeFileIsGood = false;
+  EXPECT_FALSE(open(file));
+  EXPECT_EQ(desk.screens.Take(), Rows{"show episode editor for 7-12-3.eps"});
+}
+
+}  // namespace
+}  // namespace orvex
