@@ -113,11 +113,9 @@ const std::string& EpisodeEditor::Description() const {
 
 std::string EpisodeEditor::ActivityText() const {
   const Episode* const episode = Shown();
-  if (!episode) return "";
-  std::string text = std::to_string(episode->nQAs()) + " Question(s)";
-  if (!episode->segments.empty()) {
-    text = NameOf(episode->segments.front().activityNum, ActivityNames) + ": " + text;
-  }
+  if (!episode || episode->segments.empty()) return "";
+  const std::string text = NameOf(episode->segments.front().activityNum, ActivityNames) + ": " +
+                           std::to_string(episode->nQAs()) + " Question(s)";
   return reviewShown_ && episode->bReview == "Y" ? text + " (Review Session)" : text;
 }
 

@@ -40,7 +40,7 @@ class EpisodeEditor {
 
   // What is shown of the current episode and its current segment.
   const std::string& Description() const;  ///< `txtEpisodeName`
-  /// `Label10`, where "&&" shows as one ampersand.
+  /// `Label10`, where "&&" shows as one ampersand; empty for an episode without segments.
   std::string ActivityText() const;
   std::string SpellsText() const;                                          ///< `lblDSpells`
   std::string DurationText() const;                                        ///< `Label1`
@@ -67,7 +67,8 @@ class EpisodeEditor {
   void ShowSegment(int j);
   void SelectSegment(int j);
   void UpdateCmdButtonStatus() { reviewShown_ = false; }
-  /// The window is shown again, after the questions may have been edited.
+  /// The question editor or a report gives way to the window again. What was edited there is one
+  /// step to undo.
   void Activate();
 
   // Typing. What is typed into one box without leaving it is undone at once.

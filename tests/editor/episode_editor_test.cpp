@@ -61,7 +61,7 @@ TEST_F(EpisodeEditorTest, ShowsTheFileTheEpisodeAndTheSegment) {
   EXPECT_EQ(editor.SegmentCountText(), "1 Segment");
   EXPECT_EQ(editor.DurationText(), "1 minute, 40 seconds");
   editor.GetEpisode(3);
-  EXPECT_EQ(editor.ActivityText(), "0 Question(s)");
+  EXPECT_EQ(editor.ActivityText(), "");
   EXPECT_EQ(editor.SegmentCountText(), "0 Segment");
   EXPECT_EQ(editor.SegmentDurationLabel(), "N/A");
   EXPECT_EQ(editor.SegmentDuration(), "N/A");

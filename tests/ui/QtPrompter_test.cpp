@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 #include <functional>
 
+#include "support/test_folder.h"
 #include "ui/keys.h"
 
 namespace orvex {
@@ -65,6 +68,29 @@ TEST(QtPrompter, TakesALineOfText) {
     });
     EXPECT_EQ(QtPrompter().AskText(prompt), answer);
   }
+}
+
+TEST(QtPrompter, SavesUnderAnotherNameAndReplacesOnlyWhenToldTo) {
+  const TestFolder folder;
+  PutFile(folder / "7-12-3.eps", "old");
+  const FilePrompt prompt = {
+      .folder = folder.Path(), .filter = "EPS files (*.EPS)|*.EPS", .defaultName = "7-12-3.eps"};
+  QtPrompter prompter;
+  InTheNext<QFileDialog>([&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
+    EXPECT_EQ(dialog.selectedFiles().first().toStdString(), folder / "7-12-3.eps");
+    Keys("copy\n");
+  });
+  EXPECT_EQ(prompter.AskSaveFile(prompt).path, folder / "copy.eps");
+
+  InTheNext<QFileDialog>([](QFileDialog& dialog) {
+    InTheNext<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::No)->click(); });
+    Keys("\n");  // the name that is proposed, which is taken
+    EXPECT_TRUE(dialog.isVisible());
+    dialog.reject();
+  });
+  EXPECT_TRUE(prompter.AskSaveFile(prompt).path.empty());
+  EXPECT_EQ(FileBytes(folder / "7-12-3.eps"), "old");
 }
 
 }  // namespace
