@@ -389,8 +389,9 @@ void QuestionEditor::ShowCaller() {
     case EditorCaller::questionEntry:
       return services_.screens.Show(Screen::questionEntry);
     case EditorCaller::episodeEditor:
+      return services_.screens.Show(Screen::episodeEditor);
     case EditorCaller::statistics:
-      return;  // these forms do not exist yet
+      return;  // this form does not exist yet
   }
 }
 

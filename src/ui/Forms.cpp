@@ -4,10 +4,12 @@
 #include <QWindow>
 #include <utility>
 
+#include "editor/edited_file.h"
 #include "survey/open_survey.h"
 #include "ui/FitToScreen.h"
 #include "ui/frmAboutInputBox.h"
 #include "ui/frmClassAct.h"
+#include "ui/frmClassEdit.h"
 #include "ui/frmEnterQA.h"
 #include "ui/frmInput1.h"
 #include "ui/frmMatrices.h"
@@ -70,7 +72,7 @@ QWidget* Forms::Loaded(Screen screen) const {
     case Screen::survey:
       return matrices_.get();
     case Screen::episodeEditor:
-      return nullptr;
+      return classEdit_.get();
   }
   return nullptr;
 }
@@ -107,7 +109,9 @@ void Forms::Show(Screen screen) {
       if (matrices_) Present(*matrices_);
       return;
     case Screen::episodeEditor:
-      return;
+      if (!classEdit_) return;
+      classEdit_->Editor().Activate();
+      return Present(*classEdit_);
   }
 }
 
@@ -145,15 +149,20 @@ void Forms::Close(Screen screen) {
     case Screen::survey:
       return Unload(matrices_);
     case Screen::episodeEditor:
-      return;
+      return Unload(classEdit_);
   }
 }
 
 void Forms::ShowQuestionEditor(EditorCaller caller, bool proofMode) {
-  frmClassAct& live = LiveForm();
-  const EditorOpening opening = {.caller = caller, .proofMode = proofMode};
-  qa_ = std::make_unique<frmQA>(services_, opening, &live.Live(), &live.Clocks());
-  PlaceOver(*qa_, live);
+  EditorOpening opening = {.caller = caller, .proofMode = proofMode};
+  if (caller == EditorCaller::liveObservation || caller == EditorCaller::questionEntry) {
+    frmClassAct& live = LiveForm();
+    qa_ = std::make_unique<frmQA>(services_, opening, &live.Live(), &live.Clocks());
+    PlaceOver(*qa_, live);
+  } else {
+    if (classEdit_) opening.episode = classEdit_->Editor().CurrentEpisode();
+    qa_ = std::make_unique<frmQA>(services_, opening, nullptr, nullptr);
+  }
   Present(*qa_);
 }
 
@@ -174,8 +183,14 @@ bool Forms::ShowSurveyFile(const std::filesystem::path& file) {
   Present(*matrices_);
   return true;
 }
-bool Forms::ShowEpisodeEditor(const std::filesystem::path&) {
-  return false;
+
+bool Forms::ShowEpisodeEditor(const std::filesystem::path& file) {
+  Opening opening = OpenForEditing(services_, file);
+  if (!opening.opened) return false;
+  Unload(classEdit_);
+  classEdit_ = std::make_unique<frmClassEdit>(services_, std::move(*opening.opened));
+  Present(*classEdit_);
+  return true;
 }
 
 void Forms::EndProgram() {

@@ -11,6 +11,7 @@ namespace orvex {
 
 class frmAboutInputBox;
 class frmClassAct;
+class frmClassEdit;
 class frmEnterQA;
 class frmInput1;
 class frmMatrices;
@@ -51,6 +52,7 @@ class Forms : public Screens {
   std::unique_ptr<frmClassAct> classAct_;
   std::unique_ptr<frmAboutInputBox> aboutInputBox_;
   std::unique_ptr<frmEnterQA> enterQA_;
+  std::unique_ptr<frmClassEdit> classEdit_;
   std::unique_ptr<frmQA> qa_;
   std::unique_ptr<frmMatrices> matrices_;
 };

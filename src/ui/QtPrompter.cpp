@@ -10,8 +10,10 @@
 #include <QStringList>
 
 #include "ui/FitToScreen.h"
+#include "ui/dlgDivideTime.h"
 #include "ui/dlgFieldNote.h"
 #include "ui/frmAdjust.h"
+#include "ui/frmChooseQAs.h"
 #include "ui/frmOfftask.h"
 #include "ui/text.h"
 
@@ -158,12 +160,16 @@ std::optional<std::string> QtPrompter::AskNotes(const std::string& notes) {
   return dialog.Notes();
 }
 
-std::optional<int> QtPrompter::AskDivision(int) {
-  return std::nullopt;
+std::optional<int> QtPrompter::AskDivision(int totalSeconds) {
+  dlgDivideTime dialog(totalSeconds, ParentWindow());
+  if (Run(dialog) != QDialog::Accepted) return std::nullopt;
+  return dialog.SecondSeconds();
 }
 
-std::optional<std::vector<int>> QtPrompter::AskQuestions(const Episode&) {
-  return std::nullopt;
+std::optional<std::vector<int>> QtPrompter::AskQuestions(const Episode& episode) {
+  frmChooseQAs dialog(episode, ParentWindow());
+  if (Run(dialog) != QDialog::Accepted) return std::nullopt;
+  return dialog.SecondNumbers();
 }
 
 ChosenFile QtPrompter::AskFile(const FilePrompt& prompt) {

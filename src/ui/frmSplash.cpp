@@ -4,6 +4,7 @@
 #include <QTimer>
 #include <utility>
 
+#include "editor/open_editor.h"
 #include "ui/show.h"
 #include "ui_frmSplash.h"
 
@@ -41,6 +42,7 @@ frmSplash::frmSplash(const Services& services, std::filesystem::path programFold
   button(ui_->Command6, &MainMenu::ChangeDataPath);
   button(ui_->Command7, &MainMenu::EditFieldNotes);
   button(ui_->Command2, &MainMenu::Cancel);
+  connect(ui_->Command1, &QPushButton::clicked, this, [services] { OpenEpisodeFile(services); });
 
   auto* timer1 = new QTimer(this);
   timer1->setObjectName(QStringLiteral("Timer1"));

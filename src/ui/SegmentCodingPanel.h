@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+class QComboBox;
+class QRadioButton;
+namespace Ui {
+class frmClassEdit;
+}
+
+namespace orvex {
+
+class ChoiceGroup;
+class EpisodeEditor;
+struct SegmentCodingView;
+
+/// The part of the episode editor's form that codes the segment shown: its duration, its activity
+/// and what codes the activity has.
+class SegmentCodingPanel : public QObject {
+  Q_OBJECT
+
+ public:
+  /// `changed` runs after each change.
+  SegmentCodingPanel(Ui::frmClassEdit& ui, EpisodeEditor& editor, std::function<void()> changed,
+                     QObject* parent);
+
+  void Refresh();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  using Choose = void (EpisodeEditor::*)(int position);
+
+  void BuildLists();
+  void ConnectList(QComboBox* list, Choose choose);
+  ChoiceGroup* Pair(QRadioButton* first, QRadioButton* second, Choose choose);
+  void RefreshSubCategories(const SegmentCodingView& coding);
+  void RefreshPage(const SegmentCodingView& coding);
+
+  Ui::frmClassEdit& ui_;
+  EpisodeEditor& editor_;
+  std::function<void()> changed_;
+  ChoiceGroup* groupSolo_;     // optGrp
+  ChoiceGroup* organization_;  // optOrg
+  ChoiceGroup* preparation_;   // optPrep
+};
+
+}  // namespace orvex

@@ -1,0 +1,58 @@
+#include "ui/frmChooseQAs.h"
+
+#include <QKeyEvent>
+
+#include "ui/show.h"
+#include "ui_frmChooseQAs.h"
+
+namespace orvex {
+
+frmChooseQAs::frmChooseQAs(const Episode& episode, QWidget* parent)
+    : QDialog(parent), chooser_(episode), ui_(std::make_unique<Ui::frmChooseQAs>()) {
+  ui_->setupUi(this);
+  connect(ui_->lstEp1st, &RowList::SelectionMade, this, [this] {
+    chooser_.SelectFirst(ui_->lstEp1st->SelectedRows());
+    Refresh();
+  });
+  connect(ui_->lstEp2nd, &RowList::SelectionMade, this, [this] {
+    chooser_.SelectSecond(ui_->lstEp2nd->SelectedRows());
+    Refresh();
+  });
+  connect(ui_->Command1, &QPushButton::clicked, this, [this] {
+    chooser_.Command1_Click();
+    Refresh();
+  });
+  connect(ui_->Command2, &QPushButton::clicked, this, [this] {
+    chooser_.Command2_Click();
+    Refresh();
+  });
+  connect(ui_->OKButton, &QPushButton::clicked, this, &QDialog::accept);
+  connect(ui_->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
+  for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
+  Refresh();
+  ui_->lstEp1st->setFocus();
+}
+
+frmChooseQAs::~frmChooseQAs() = default;
+
+void frmChooseQAs::Refresh() {
+  constexpr int kWhereItIs = 0;
+  ui_->lstEp1st->ShowRows(chooser_.First().rows, chooser_.First().selected, kWhereItIs);
+  ui_->lstEp2nd->ShowRows(chooser_.Second().rows, chooser_.Second().selected, kWhereItIs);
+}
+
+bool frmChooseQAs::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  if (IsSpareMnemonic(key)) return true;
+  if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
+  // Enter goes from a list to the button behind it, and presses the button.
+  if (auto* button = qobject_cast<QPushButton*>(watched)) {
+    button->click();
+  } else {
+    FocusVisibly(watched == ui_->lstEp1st ? ui_->Command1 : ui_->OKButton);
+  }
+  return true;
+}
+
+}  // namespace orvex

@@ -1,0 +1,280 @@
+#include "ui/frmClassEdit.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QScrollBar>
+#include <QTimer>
+#include <utility>
+#include <vector>
+
+#include "ui/BoxFocus.h"
+#include "ui/FocusReturn.h"
+#include "ui/SegmentCodingPanel.h"
+#include "ui/SegmentDrag.h"
+#include "ui/dlgTimer.h"
+#include "ui/show.h"
+#include "ui_frmClassEdit.h"
+
+namespace orvex {
+namespace {
+
+constexpr int kTimerInterval = 200;
+
+/// Shows a caption, in which "&&" stands for one ampersand.
+void ShowCaption(QLabel* label, const std::string& caption) {
+  ShowText(label, FromQt(ToQt(caption).replace(QLatin1String("&&"), QLatin1String("&"))));
+}
+
+/// The platform's keys, and those that a user of another platform knows.
+QList<QKeySequence> Keys(QKeySequence::StandardKey key) {
+  QList<QKeySequence> keys = QKeySequence::keyBindings(key);
+  if (key != QKeySequence::Redo) return keys;
+  for (const char* known : {"Ctrl+Shift+Z", "Ctrl+Y"}) {
+    const QKeySequence sequence{QLatin1String(known)};
+    if (!keys.contains(sequence)) keys.append(sequence);
+  }
+  return keys;
+}
+
+bool IsUndoOrRedo(const QKeyEvent& key) {
+  const QKeySequence sequence(key.keyCombination());
+  return Keys(QKeySequence::Undo).contains(sequence) || Keys(QKeySequence::Redo).contains(sequence);
+}
+
+}  // namespace
+
+frmClassEdit::frmClassEdit(const Services& services, OpenedFile opened, QWidget* parent)
+    : QWidget(parent),
+      clock_(services.clock),
+      editor_(services, std::move(opened)),
+      ui_(std::make_unique<Ui::frmClassEdit>()) {
+  ui_->setupUi(this);
+  setWindowTitle(ToQt(editor_.Caption()) + QStringLiteral("[*]"));
+  coding_ = new SegmentCodingPanel(
+      *ui_, editor_, [this] { Refresh(); }, this);
+  ConnectLists();
+  ConnectDescription();
+  ConnectKeys();
+  ConnectButtons();
+  WatchBoxes();
+  StartTimer();
+  installEventFilter(this);
+  for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
+  ui_->listViewEp->setFocus();
+  Refresh();
+}
+
+frmClassEdit::~frmClassEdit() = default;
+
+void frmClassEdit::ConnectLists() {
+  RowList* episodes = ui_->listViewEp;
+  RowList* segments = ui_->listViewSg;
+  connect(episodes, &RowList::Chosen, this, [this](int row) {
+    editor_.GetEpisode(row);
+    Refresh();
+  });
+  connect(episodes, &RowList::SelectionMade, this, [this] {
+    editor_.SetSelectedEpisodes(ui_->listViewEp->SelectedRows());
+    Refresh();
+  });
+  connect(segments, &RowList::Chosen, this, [this](int row) {
+    editor_.ShowSegment(row);
+    Refresh();
+  });
+  connect(segments, &RowList::SelectionMade, this, [this] {
+    editor_.SetSelectedSegments(ui_->listViewSg->SelectedRows());
+    Refresh();
+  });
+  auto* drag = new SegmentDrag(segments, {episodes, segments});
+  connect(drag, &SegmentDrag::Dropped, this, [this, episodes](RowList* target, int row) {
+    if (target == episodes) {
+      editor_.DropOnEpisode(row);
+    } else {
+      editor_.DropOnSegment(row);
+    }
+    Refresh();
+  });
+}
+
+QAction* frmClassEdit::AddKeys(QList<QKeySequence> keys, QWidget* where,
+                               std::function<void()> work) {
+  auto* action = new QAction(where);
+  action->setShortcuts(keys);
+  action->setShortcutContext(where == this ? Qt::WindowShortcut : Qt::WidgetShortcut);
+  where->addAction(action);
+  connect(action, &QAction::triggered, this, [this, work = std::move(work)] {
+    work();
+    Refresh();
+  });
+  return action;
+}
+
+void frmClassEdit::ConnectKeys() {
+  undo_ = AddKeys(Keys(QKeySequence::Undo), this, [this] { editor_.Undo(); });
+  redo_ = AddKeys(Keys(QKeySequence::Redo), this, [this] { editor_.Redo(); });
+  AddKeys(Keys(QKeySequence::Save), this, [this] { editor_.Save(); });
+  for (RowList* list : {ui_->listViewEp, ui_->listViewSg}) {
+    AddKeys(Keys(QKeySequence::Cut), list, [this] { editor_.Cut(); });
+  }
+  AddKeys(Keys(QKeySequence::Paste), ui_->listViewEp,
+          [this] { editor_.PasteOntoEpisode(ui_->listViewEp->CurrentRow()); });
+  AddKeys(Keys(QKeySequence::Paste), ui_->listViewSg,
+          [this] { editor_.PasteBeforeSegment(ui_->listViewSg->CurrentRow()); });
+}
+
+void frmClassEdit::ConnectButtons() {
+  const auto button = [this](QPushButton* source, void (EpisodeEditor::*click)()) {
+    connect(source, &QPushButton::clicked, this, [this, click] {
+      (editor_.*click)();
+      Refresh();
+    });
+  };
+  button(ui_->cmdSplitSg, &EpisodeEditor::cmdSplitSg_Click);
+  button(ui_->cmdMergeSg, &EpisodeEditor::cmdMergeSg_Click);
+  button(ui_->cmdSplitEp, &EpisodeEditor::cmdSplitEp_Click);
+  button(ui_->cmdMergeEp, &EpisodeEditor::cmdMergeEp_Click);
+  button(ui_->cmdUndo, &EpisodeEditor::Undo);
+  button(ui_->cmdRedo, &EpisodeEditor::Redo);
+  button(ui_->Command1, &EpisodeEditor::EditQuestions);
+  button(ui_->Command7, &EpisodeEditor::Proof);
+  connect(ui_->Command4, &QPushButton::clicked, this, [this] {
+    editor_.Save();
+    Refresh();
+  });
+  connect(ui_->Command5, &QPushButton::clicked, this, &frmClassEdit::ShowTimer);
+  connect(ui_->cmdQuit, &QPushButton::clicked, this, &QWidget::close);
+  // What has changed the lists gives the focus back to them.
+  for (QPushButton* source : {ui_->cmdSplitSg, ui_->cmdMergeSg, ui_->cmdSplitEp, ui_->cmdMergeEp,
+                              ui_->cmdUndo, ui_->cmdRedo, ui_->Command4}) {
+    new FocusReturn(source);
+  }
+}
+
+void frmClassEdit::ConnectDescription() {
+  connect(ui_->txtEpisodeName, &QLineEdit::textEdited, this, [this](const QString& text) {
+    editor_.TypeDescription(FromQt(text));
+    Refresh();
+  });
+}
+
+void frmClassEdit::WatchBoxes() {
+  const std::vector<QWidget*> boxes = {ui_->txtEpisodeName, ui_->txtAboutData, ui_->Text1};
+  boxFocus_ = std::make_unique<BoxFocus>(
+      this, boxes, [](const QWidget*) {},
+      [this](const QWidget*) {
+        editor_.LeaveBox();
+        Refresh();
+        return true;
+      });
+  for (QLineEdit* box : {ui_->txtEpisodeName, ui_->txtAboutData, ui_->Text1}) {
+    box->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(box, &QWidget::customContextMenuRequested, this,
+            [this, box](const QPoint& position) { ShowMenu(*box, position); });
+  }
+}
+
+/// The menu of a box, with the editor's undo and redo in the place of the box's own.
+void frmClassEdit::ShowMenu(QLineEdit& box, const QPoint& position) {
+  const std::unique_ptr<QMenu> menu(box.createStandardContextMenu());
+  for (QAction* own : menu->actions().first(2)) menu->removeAction(own);
+  menu->insertActions(menu->actions().value(0), {undo_, redo_});
+  menu->exec(box.mapToGlobal(position));
+}
+
+void frmClassEdit::StartTimer() {
+  auto* timer1 = new QTimer(this);
+  timer1->setObjectName(QStringLiteral("Timer1"));
+  connect(timer1, &QTimer::timeout, this, &frmClassEdit::Refresh);
+  timer1->start(kTimerInterval);
+}
+
+void frmClassEdit::ShowTimer() {
+  if (!timer_) timer_ = new dlgTimer(clock_, this);
+  timer_->show();
+  timer_->raise();
+  timer_->activateWindow();
+}
+
+void frmClassEdit::Refresh() {
+  setWindowModified(editor_.Modified());
+  RefreshTexts();
+  RefreshLists();
+  coding_->Refresh();
+  RefreshButtons();
+}
+
+void frmClassEdit::RefreshTexts() {
+  ShowText(ui_->Label7, editor_.ObserverText());
+  ShowText(ui_->Label8, editor_.FileText());
+  ShowText(ui_->Label11, editor_.DateText());
+  ShowText(ui_->Label12, editor_.TotalText());
+  ShowText(ui_->txtEpisodeName, editor_.Description());
+  ui_->txtEpisodeName->setEnabled(editor_.HasEpisode());
+  ShowCaption(ui_->Label10, editor_.ActivityText());
+  ShowText(ui_->Label1, editor_.DurationText());
+  ShowText(ui_->Label2, editor_.SegmentCountText());
+  ShowText(ui_->lblDSpells, editor_.SpellsText());
+}
+
+void frmClassEdit::RefreshLists() {
+  ui_->listViewEp->ShowRows(editor_.EpisodeRows(), editor_.SelectedEpisodes(),
+                            editor_.CurrentEpisode());
+  ui_->listViewSg->ShowRows(editor_.SegmentRows(), editor_.SelectedSegments(),
+                            editor_.CurrentSegment());
+  ui_->listViewSg->ShowFaint([this](int row) { return editor_.IsCut(row); });
+}
+
+void frmClassEdit::RefreshButtons() {
+  ui_->cmdSplitSg->setEnabled(editor_.CanSplitSegment());
+  ui_->cmdMergeSg->setEnabled(editor_.CanMergeSegments());
+  ui_->cmdSplitEp->setEnabled(editor_.CanSplitEpisode());
+  ui_->cmdMergeEp->setEnabled(editor_.CanMergeEpisodes());
+  ui_->Command1->setEnabled(editor_.HasEpisode());
+  const auto step = [](QPushButton* button, QAction* action, const char* verb,
+                       const std::string& name) {
+    const std::string text = name.empty() ? verb : verb + (" " + name);
+    ShowText(button, text);
+    button->setEnabled(!name.empty());
+    action->setText(ToQt(text));
+    action->setEnabled(!name.empty());
+  };
+  step(ui_->cmdUndo, undo_, "&Undo", editor_.UndoName());
+  step(ui_->cmdRedo, redo_, "&Redo", editor_.RedoName());
+}
+
+bool frmClassEdit::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && IsUndoOrRedo(*static_cast<QKeyEvent*>(event))) {
+    // A box would take it for itself; there is one history for all that is changed.
+    event->ignore();
+    return true;
+  }
+  if (event->type() == QEvent::KeyPress) {
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    return IsSpareMnemonic(key) || IsUndoOrRedo(key) || key.key() == Qt::Key_Return ||
+           key.key() == Qt::Key_Enter;
+  }
+  auto* control = qobject_cast<QWidget*>(watched);
+  if (event->type() == QEvent::FocusIn && ui_->scrollContents->isAncestorOf(control)) {
+    ui_->scrollArea->ensureWidgetVisible(control);
+  }
+  return false;
+}
+
+void frmClassEdit::showEvent(QShowEvent* event) {
+  // Only now every control has its font.
+  ui_->scrollArea->setMinimumWidth(ui_->scrollContents->minimumSizeHint().width() +
+                                   ui_->scrollArea->verticalScrollBar()->sizeHint().width());
+  QWidget::showEvent(event);
+}
+
+void frmClassEdit::closeEvent(QCloseEvent* event) {
+  editor_.RequestClose();
+  event->ignore();  // the form goes when the program ends
+  // Whoever goes on with another file does not begin on "Quit".
+  ui_->listViewEp->setFocus();
+  Refresh();
+}
+
+}  // namespace orvex

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QKeySequence>
+#include <QList>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "editor/episode_editor.h"
+
+class QAction;
+class QLineEdit;
+namespace Ui {
+class frmClassEdit;
+}
+
+namespace orvex {
+
+class BoxFocus;
+class Clock;
+class SegmentCodingPanel;
+class dlgTimer;
+
+/// The episode editor: corrects the episodes and segments of an observation after class.
+class frmClassEdit : public QWidget {
+  Q_OBJECT
+
+ public:
+  frmClassEdit(const Services& services, OpenedFile opened, QWidget* parent = nullptr);
+  ~frmClassEdit() override;
+
+  EpisodeEditor& Editor() { return editor_; }
+  /// Copies what the editor says is shown into the controls.
+  void Refresh();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void ConnectLists();
+  void ConnectDescription();
+  void ConnectKeys();
+  void ConnectButtons();
+  void WatchBoxes();
+  void StartTimer();
+  /// Does `work` on `keys`, anywhere in the form or only in one of its controls.
+  QAction* AddKeys(QList<QKeySequence> keys, QWidget* where, std::function<void()> work);
+  void ShowMenu(QLineEdit& box, const QPoint& position);
+  void ShowTimer();
+  void RefreshTexts();
+  void RefreshLists();
+  void RefreshButtons();
+
+  const Clock& clock_;
+  EpisodeEditor editor_;
+  std::unique_ptr<Ui::frmClassEdit> ui_;
+  SegmentCodingPanel* coding_ = nullptr;
+  QAction* undo_ = nullptr;
+  QAction* redo_ = nullptr;
+  dlgTimer* timer_ = nullptr;
+  std::unique_ptr<BoxFocus> boxFocus_;  // last: it must not see the form go down
+};
+
+}  // namespace orvex
