@@ -106,7 +106,7 @@ std::optional<Place> InsertSegments(EpisodeList& episodes, int from, const Posit
 
   // They stand at the start or at the end of the episode now, and go on from there.
   const int count = static_cast<int>(segments.size());
-  const int all = static_cast<int>(ItemAt(episodes, episode)->segments.size());
+  const int all = static_cast<int>(At(episodes, episode)->segments.size());
   if (laterEpisode && before.segment == 1) return Place{episode, 1};
   Positions moved(segments.size());
   for (int i = 0; i < count; ++i) {
@@ -131,9 +131,9 @@ std::optional<Place> MergeSegments(EpisodeList& episodes, int episode, const Pos
   Episode* const e = ItemAt(episodes, episode);
   if (!e || segments.size() < 2 || !AreThere(segments, e->segments.size())) return std::nullopt;
   const Positions others(segments.begin() + 1, segments.end());
-  SegmentData merged = *ItemAt(e->segments, segments.front());
+  SegmentData merged = *At(e->segments, segments.front());
   for (const SegmentData& other : TakeOut(e->segments, others)) merged.duration += other.duration;
-  *ItemAt(e->segments, segments.front()) = std::move(merged);
+  *At(e->segments, segments.front()) = std::move(merged);
   return Place{episode, segments.front()};
 }
 
@@ -155,7 +155,7 @@ std::optional<Place> SplitEpisode(EpisodeList& episodes, int episode, const Posi
 std::optional<Place> MergeEpisodes(EpisodeList& episodes, const Positions& selected) {
   if (selected.size() < 2 || !AreThere(selected, episodes.size())) return std::nullopt;
   const Positions others(selected.begin() + 1, selected.end());
-  Episode merged = std::move(*ItemAt(episodes, selected.front()));
+  Episode merged = std::move(*At(episodes, selected.front()));
   for (Episode& other : TakeOut(episodes, others)) {
     merged.Descript += other.Descript;
     merged.offtask += other.offtask;
@@ -163,7 +163,7 @@ std::optional<Place> MergeEpisodes(EpisodeList& episodes, const Positions& selec
     ColAppend(merged.questions, other.questions);
   }
   merged.offtask /= static_cast<float>(selected.size());
-  *ItemAt(episodes, selected.front()) = std::move(merged);
+  *At(episodes, selected.front()) = std::move(merged);
   return Place{selected.front(), 0};
 }
 

@@ -34,7 +34,7 @@ class RowList : public QListView {
  Q_SIGNALS:
   /// The user went to a row, by mouse or keyboard.
   void Chosen(int row);
-  /// The user has changed what is selected.
+  /// The user has changed what is selected, and may be about to choose a row by it.
   void SelectionMade();
 
  protected:

@@ -167,21 +167,20 @@ void SegmentCodingPanel::RefreshSubCategories(const SegmentCodingView& coding) {
 }
 
 bool SegmentCodingPanel::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == ui_.Text1) {
-    return event->type() == QEvent::KeyPress && !IsTypedInto(*static_cast<QKeyEvent*>(event));
-  }
-  auto* list = static_cast<QComboBox*>(watched);
-  if (event->type() == QEvent::Wheel && !list->hasFocus()) {
+  if (event->type() == QEvent::Wheel && watched != ui_.Text1) {
     // The wheel scrolls the form; over a list that nobody is in, it must not code.
+    if (static_cast<QWidget*>(watched)->hasFocus()) return false;
     event->ignore();
     return true;
   }
-  if (event->type() == QEvent::KeyPress && list != ui_.cmbActivityCoding &&
-      list != ui_.cmbSeatOrg && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete) {
-    list->setCurrentIndex(SegmentCodingView::kNoChoice);
-    return true;
+  if (event->type() != QEvent::KeyPress) return false;
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  if (watched == ui_.Text1) return !IsTypedInto(key);
+  if (key.key() != Qt::Key_Delete) return false;
+  for (QComboBox* list : {ui_.cmboSubCat, ui_.cmbSrc, ui_.cmbCog}) {
+    if (watched == list) list->setCurrentIndex(SegmentCodingView::kNoChoice);
   }
-  return false;
+  return true;
 }
 
 }  // namespace orvex

@@ -98,16 +98,17 @@ void SegmentDrag::Begin() {
   const QString text =
       rows.size() == 1 ? source_->model()->index(rows.front() - 1, 0).data().toString()
                        : QStringLiteral("%1 segments").arg(static_cast<qulonglong>(rows.size()));
-  image_ = new QLabel(text, source_->window());
-  image_->setTextFormat(Qt::PlainText);
-  image_->setFrameShape(QFrame::Box);
-  image_->setMargin(3);
-  image_->setAutoFillBackground(true);
-  image_->setBackgroundRole(QPalette::ToolTipBase);
-  image_->setForegroundRole(QPalette::ToolTipText);
-  image_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  image_->adjustSize();
-  image_->show();
+  auto* image = new QLabel(text, source_->window());
+  image->setTextFormat(Qt::PlainText);
+  image->setFrameShape(QFrame::Box);
+  image->setMargin(3);
+  image->setAutoFillBackground(true);
+  image->setBackgroundRole(QPalette::ToolTipBase);
+  image->setForegroundRole(QPalette::ToolTipText);
+  image->setAttribute(Qt::WA_TransparentForMouseEvents);
+  image->adjustSize();
+  image->show();
+  image_ = image;
   QGuiApplication::setOverrideCursor(Qt::DragMoveCursor);
   scrolling_.start();
 }
@@ -120,10 +121,12 @@ void SegmentDrag::Follow() {
     onRow = onRow || row > 0;
   }
   QGuiApplication::changeOverrideCursor(onRow ? Qt::DragMoveCursor : Qt::ForbiddenCursor);
-  const QWidget& window = *image_->parentWidget();
-  const QPoint corner(window.width() - image_->width(), window.height() - image_->height());
-  const QPoint wanted = window.mapFromGlobal(pointer_) + kImageOffset;
-  image_->move(std::min(wanted.x(), corner.x()), std::min(wanted.y(), corner.y()));
+  const QWidget* window = source_->window();
+  QLabel* image = image_;
+  if (!image) return;
+  const QPoint wanted = window->mapFromGlobal(pointer_) + kImageOffset;
+  image->move(std::min(wanted.x(), window->width() - image->width()),
+              std::min(wanted.y(), window->height() - image->height()));
 }
 
 void SegmentDrag::Scroll() {

@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <QTimer>
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -69,6 +70,7 @@ frmClassEdit::frmClassEdit(const Services& services, OpenedFile opened, QWidget*
 frmClassEdit::~frmClassEdit() = default;
 
 void frmClassEdit::ConnectLists() {
+  // A key selects a row before it goes there: the list is not to be called back in between.
   RowList* episodes = ui_->listViewEp;
   RowList* segments = ui_->listViewSg;
   connect(episodes, &RowList::Chosen, this, [this](int row) {
@@ -77,7 +79,7 @@ void frmClassEdit::ConnectLists() {
   });
   connect(episodes, &RowList::SelectionMade, this, [this] {
     editor_.SetSelectedEpisodes(ui_->listViewEp->SelectedRows());
-    Refresh();
+    RefreshButtons();
   });
   connect(segments, &RowList::Chosen, this, [this](int row) {
     editor_.ShowSegment(row);
@@ -85,7 +87,7 @@ void frmClassEdit::ConnectLists() {
   });
   connect(segments, &RowList::SelectionMade, this, [this] {
     editor_.SetSelectedSegments(ui_->listViewSg->SelectedRows());
-    Refresh();
+    RefreshButtons();
   });
   auto* drag = new SegmentDrag(segments, {episodes, segments});
   connect(drag, &SegmentDrag::Dropped, this, [this, episodes](RowList* target, int row) {
@@ -244,14 +246,37 @@ void frmClassEdit::RefreshButtons() {
   step(ui_->cmdRedo, redo_, "&Redo", editor_.RedoName());
 }
 
+/// The button under a list that has the mnemonic `key`. The two lists have the same ones: from
+/// within a list, they are for its own buttons.
+QPushButton* frmClassEdit::ButtonUnder(const QObject* list, const QKeyEvent& key) const {
+  const bool episodes = list == ui_->listViewEp;
+  if (!episodes && list != ui_->listViewSg) return nullptr;
+  const QKeySequence pressed(key.keyCombination());
+  for (QPushButton* button : {episodes ? ui_->cmdSplitEp : ui_->cmdSplitSg,
+                              episodes ? ui_->cmdMergeEp : ui_->cmdMergeSg}) {
+    if (button->isEnabled() && button->shortcut() == pressed) return button;
+  }
+  return nullptr;
+}
+
 bool frmClassEdit::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ShortcutOverride && IsUndoOrRedo(*static_cast<QKeyEvent*>(event))) {
     // A box would take it for itself; there is one history for all that is changed.
     event->ignore();
     return true;
   }
+  if (event->type() == QEvent::ShortcutOverride &&
+      ButtonUnder(watched, *static_cast<QKeyEvent*>(event))) {
+    event->accept();
+    return true;
+  }
   if (event->type() == QEvent::KeyPress) {
     const auto& key = *static_cast<QKeyEvent*>(event);
+    if (QPushButton* button = ButtonUnder(watched, key)) {
+      button->setFocus(Qt::ShortcutFocusReason);
+      button->click();
+      return true;
+    }
     return IsSpareMnemonic(key) || IsUndoOrRedo(key) || key.key() == Qt::Key_Return ||
            key.key() == Qt::Key_Enter;
   }
@@ -263,7 +288,15 @@ bool frmClassEdit::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmClassEdit::showEvent(QShowEvent* event) {
-  // Only now every control has its font.
+  // Only now every control has its font; those on pages that are not shown yet would have to wait.
+  for (QWidget* child : ui_->scrollContents->findChildren<QWidget*>()) child->ensurePolished();
+  int height = 0;
+  for (int i = 0; i < ui_->codingStack->count(); ++i) {
+    QLayout* page = ui_->codingStack->widget(i)->layout();
+    page->invalidate();
+    height = std::max(height, page->sizeHint().height());
+  }
+  ui_->codingStack->setFixedHeight(height);
   ui_->scrollArea->setMinimumWidth(ui_->scrollContents->minimumSizeHint().width() +
                                    ui_->scrollArea->verticalScrollBar()->sizeHint().width());
   QWidget::showEvent(event);

@@ -10,6 +10,7 @@
 
 class QAction;
 class QLineEdit;
+class QPushButton;
 namespace Ui {
 class frmClassEdit;
 }
@@ -47,6 +48,7 @@ class frmClassEdit : public QWidget {
   void StartTimer();
   /// Does `work` on `keys`, anywhere in the form or only in one of its controls.
   QAction* AddKeys(QList<QKeySequence> keys, QWidget* where, std::function<void()> work);
+  QPushButton* ButtonUnder(const QObject* list, const QKeyEvent& key) const;
   void ShowMenu(QLineEdit& box, const QPoint& position);
   void ShowTimer();
   void RefreshTexts();
