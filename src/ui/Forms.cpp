@@ -155,14 +155,18 @@ void Forms::Close(Screen screen) {
 
 void Forms::ShowQuestionEditor(EditorCaller caller, bool proofMode) {
   EditorOpening opening = {.caller = caller, .proofMode = proofMode};
+  const QWidget* opener = classEdit_.get();
   if (caller == EditorCaller::liveObservation || caller == EditorCaller::questionEntry) {
     frmClassAct& live = LiveForm();
     qa_ = std::make_unique<frmQA>(services_, opening, &live.Live(), &live.Clocks());
-    PlaceOver(*qa_, live);
+    opener = &live;
+    if (caller == EditorCaller::questionEntry && enterQA_) opener = enterQA_.get();
   } else {
     if (classEdit_) opening.episode = classEdit_->Editor().CurrentEpisode();
     qa_ = std::make_unique<frmQA>(services_, opening, nullptr, nullptr);
   }
+  // It takes the opener's place, also on the screen.
+  if (opener) PlaceOver(*qa_, *opener);
   Present(*qa_);
 }
 

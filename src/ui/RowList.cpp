@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QStringList>
+#include <QStyledItemDelegate>
 #include <QTextDocument>
 #include <algorithm>
 #include <utility>
@@ -88,8 +89,28 @@ class RowList::Rows : public QAbstractListModel {
   int marked_ = 0;
 };
 
+namespace {
+
+/// Draws the text of a faint row faintly also while the row is selected.
+class RowDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (!index.data(Qt::ForegroundRole).isValid()) return;
+    QColor text = option->palette.color(QPalette::HighlightedText);
+    text.setAlphaF(0.6F);
+    option->palette.setColor(QPalette::HighlightedText, text);
+  }
+};
+
+}  // namespace
+
 RowList::RowList(QWidget* parent) : QListView(parent), rows_(new Rows(this)) {
   setModel(rows_);
+  setItemDelegate(new RowDelegate(this));
   setSelectionMode(ExtendedSelection);
   setEditTriggers(NoEditTriggers);
   setTabKeyNavigation(false);

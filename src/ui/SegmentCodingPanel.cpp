@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QTextDocument>
+#include <algorithm>
 #include <initializer_list>
 #include <span>
 #include <string_view>
@@ -115,6 +116,24 @@ ChoiceGroup* SegmentCodingPanel::Pair(QRadioButton* first, QRadioButton* second,
   return pair;
 }
 
+void SegmentCodingPanel::Arrange() {
+  // The pages that are not shown yet would have to wait for their fonts.
+  for (QWidget* child : ui_.scrollContents->findChildren<QWidget*>()) child->ensurePolished();
+  // One column of labels for all groups of codes, wide enough for as many segments as there are.
+  int width =
+      ui_.Label13->fontMetrics().horizontalAdvance(QStringLiteral("Duration of segment 00:"));
+  const auto labels = {ui_.Label6,     ui_.Label13, ui_.Label9, ui_.Label5,
+                       ui_.lblSubCats, ui_.lblSrc,  ui_.lblCog, ui_.lblSeatOrg};
+  for (const QLabel* label : labels) width = std::max(width, label->sizeHint().width());
+  for (QLabel* label : labels) label->setMinimumWidth(width);
+  for (QLayout* layout : ui_.scrollContents->findChildren<QLayout*>()) layout->invalidate();
+  int height = 0;
+  for (int i = 0; i < ui_.codingStack->count(); ++i) {
+    height = std::max(height, ui_.codingStack->widget(i)->sizeHint().height());
+  }
+  ui_.codingStack->setFixedHeight(height);
+}
+
 void SegmentCodingPanel::Refresh() {
   const SegmentCodingView coding = editor_.Coding();
   const bool hasSegment = editor_.HasSegment();
@@ -128,6 +147,7 @@ void SegmentCodingPanel::Refresh() {
 
   RefreshPage(coding);
   ShowText(ui_.txtAboutData, coding.about);
+  if (!ui_.txtAboutData->hasFocus()) ui_.txtAboutData->setCursorPosition(0);
   RefreshSubCategories(coding);
 
   ui_.frSeat->setVisible(coding.showsSeatwork);

@@ -25,6 +25,8 @@ class SegmentCodingPanel : public QObject {
   SegmentCodingPanel(Ui::frmClassEdit& ui, EpisodeEditor& editor, std::function<void()> changed,
                      QObject* parent);
 
+  /// Gives the controls their fixed places, once the form has its fonts.
+  void Arrange();
   void Refresh();
 
  protected:

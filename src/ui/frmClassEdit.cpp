@@ -6,7 +6,6 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <QTimer>
-#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -56,10 +55,9 @@ frmClassEdit::frmClassEdit(const Services& services, OpenedFile opened, QWidget*
   coding_ = new SegmentCodingPanel(
       *ui_, editor_, [this] { Refresh(); }, this);
   ConnectLists();
-  ConnectDescription();
   ConnectKeys();
   ConnectButtons();
-  WatchBoxes();
+  ConnectBoxes();
   StartTimer();
   installEventFilter(this);
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
@@ -154,14 +152,11 @@ void frmClassEdit::ConnectButtons() {
   }
 }
 
-void frmClassEdit::ConnectDescription() {
+void frmClassEdit::ConnectBoxes() {
   connect(ui_->txtEpisodeName, &QLineEdit::textEdited, this, [this](const QString& text) {
     editor_.TypeDescription(FromQt(text));
     Refresh();
   });
-}
-
-void frmClassEdit::WatchBoxes() {
   const std::vector<QWidget*> boxes = {ui_->txtEpisodeName, ui_->txtAboutData, ui_->Text1};
   boxFocus_ = std::make_unique<BoxFocus>(
       this, boxes, [](const QWidget*) {},
@@ -195,7 +190,6 @@ void frmClassEdit::StartTimer() {
 void frmClassEdit::ShowTimer() {
   if (!timer_) timer_ = new dlgTimer(clock_, this);
   timer_->show();
-  timer_->raise();
   timer_->activateWindow();
 }
 
@@ -213,6 +207,8 @@ void frmClassEdit::RefreshTexts() {
   ShowText(ui_->Label11, editor_.DateText());
   ShowText(ui_->Label12, editor_.TotalText());
   ShowText(ui_->txtEpisodeName, editor_.Description());
+  // Whoever is not typing in it reads it from its start.
+  if (!ui_->txtEpisodeName->hasFocus()) ui_->txtEpisodeName->setCursorPosition(0);
   ui_->txtEpisodeName->setEnabled(editor_.HasEpisode());
   ShowCaption(ui_->Label10, editor_.ActivityText());
   ShowText(ui_->Label1, editor_.DurationText());
@@ -288,15 +284,8 @@ bool frmClassEdit::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmClassEdit::showEvent(QShowEvent* event) {
-  // Only now every control has its font; those on pages that are not shown yet would have to wait.
-  for (QWidget* child : ui_->scrollContents->findChildren<QWidget*>()) child->ensurePolished();
-  int height = 0;
-  for (int i = 0; i < ui_->codingStack->count(); ++i) {
-    QLayout* page = ui_->codingStack->widget(i)->layout();
-    page->invalidate();
-    height = std::max(height, page->sizeHint().height());
-  }
-  ui_->codingStack->setFixedHeight(height);
+  // Only now every control has its font.
+  coding_->Arrange();
   ui_->scrollArea->setMinimumWidth(ui_->scrollContents->minimumSizeHint().width() +
                                    ui_->scrollArea->verticalScrollBar()->sizeHint().width());
   QWidget::showEvent(event);

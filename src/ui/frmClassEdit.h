@@ -41,10 +41,9 @@ class frmClassEdit : public QWidget {
 
  private:
   void ConnectLists();
-  void ConnectDescription();
   void ConnectKeys();
   void ConnectButtons();
-  void WatchBoxes();
+  void ConnectBoxes();
   void StartTimer();
   /// Does `work` on `keys`, anywhere in the form or only in one of its controls.
   QAction* AddKeys(QList<QKeySequence> keys, QWidget* where, std::function<void()> work);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
+#include <QLineEdit>
 #include <QTimer>
 #include <functional>
 
@@ -60,6 +62,58 @@ TEST_F(FormsTest, LeadFromTheMenuIntoTheClassAndEndWithTheLastOne) {
     forms_.Show(Screen::mainMenu);
     Form("frmSplash")->close();
   });
+}
+
+TEST_F(FormsTest, LeadFromTheMenuThroughTheEpisodeEditorToTheEnd) {
+  const auto file = [this](const char* name) {
+    const auto path = desk_.folder / name;
+    PutFile(path, FileBytes(TestData("edits") / name));
+    return ChosenFile{.path = path, .folder = desk_.folder.Path()};
+  };
+  const auto label = [](const char* name) {
+    return Find<QLabel>(*Form("frmClassEdit"), name)->text().toStdString();
+  };
+  RunUntilTheEnd([&] {
+    forms_.Show(Screen::mainMenu);
+    Settle();
+    desk_.prompter.ExpectFile({});
+    Keys("{Alt+E}");
+    EXPECT_TRUE(Shown("frmSplash")) << "no file was chosen";
+    desk_.prompter.ExpectFile(file("7-24-2.eps"));
+    Keys("{Alt+E}");
+    EXPECT_EQ(Form("frmSplash"), nullptr);
+    ASSERT_TRUE(Shown("frmClassEdit"));
+
+    // The question editor begins with the episode shown, and what is done there is one step back.
+    Keys("{Down}{Alt+E}");
+    EXPECT_FALSE(Shown("frmClassEdit"));
+    ASSERT_TRUE(Shown("frmQA"));
+    EXPECT_EQ(Find<QLineEdit>(*Form("frmQA"), "Text1")->text(),
+              QStringLiteral("Peer editing of keeping a promise essays"));
+    Keys("{Alt+P}{Alt+I}New?{Alt+R}");
+    Settle();
+    EXPECT_EQ(Form("frmQA"), nullptr);
+    EXPECT_EQ(label("Label10"), "Small group and pairwork: 2 Question(s)");
+    EXPECT_TRUE(Form("frmClassEdit")->isWindowModified());
+    EXPECT_EQ(Find<QPushButton>(*Form("frmClassEdit"), "cmdUndo")->text(),
+              QStringLiteral("&Undo Edit questions"));
+    Keys("{Ctrl+Z}");
+    EXPECT_FALSE(Form("frmClassEdit")->isWindowModified());
+    Click(Find(*Form("frmClassEdit"), "Command5"));
+    EXPECT_TRUE(Shown("dlgTimer"));
+    Form("dlgTimer")->close();
+
+    desk_.prompter.Expect("Save Data?", Answer::no);
+    desk_.prompter.Expect("Edit Another File?", Answer::yes);
+    desk_.prompter.ExpectFile(file("22-4-8.eps"));
+    Form("frmClassEdit")->close();
+    EXPECT_EQ(label("Label12"), "Total: 8 Episodes");
+    EXPECT_EQ(FocusedName(), "listViewEp");
+    desk_.prompter.Expect("Save Data?", Answer::yes);
+    desk_.prompter.Expect("Edit Another File?", Answer::no);
+    Keys("{Alt+Q}");
+  });
+  EXPECT_EQ(FileBytes(desk_.folder / "22-4-8.eps"), FileBytes(TestData("edits/22-4-8.eps")));
 }
 
 }  // namespace

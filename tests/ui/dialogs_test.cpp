@@ -12,6 +12,7 @@
 #include <optional>
 #include <tuple>
 
+#include "model/episode.h"
 #include "support/fake_clock.h"
 #include "ui/QtPrompter.h"
 #include "ui/dlgTimer.h"
@@ -110,6 +111,49 @@ TEST(FieldNoteForm, KeepsWhatIsTypedUnlessItIsCancelled) {
   // Also by the window's frame.
   PressInTheNext("!", [](QDialog& dialog) { dialog.close(); });
   EXPECT_EQ(QtPrompter().AskNotes("A"), "A!");
+}
+
+TEST(DivideTimeForm, TakesTheSecondPart) {
+  const std::tuple<const char*, std::optional<int>> cases[] = {
+      {"30\n\n", 30},
+      {"{Up}{Up}{Down}\n ", 1},
+      {"150\t ", 15},
+      {"\n\n", 0},
+      {"100{Alt+O}", 100},
+      {"30\t\t\n", std::nullopt},
+      {"30{Esc}", std::nullopt},
+      {"30{Alt+C}", std::nullopt},
+  };
+  for (const auto& [keys, seconds] : cases) {
+    SCOPED_TRACE(keys);
+    PressInTheNext(keys, [](const QDialog&) { ADD_FAILURE() << "still open"; });
+    EXPECT_EQ(QtPrompter().AskDivision(100), seconds);
+  }
+  PressInTheNext("3x0", [](const QDialog& dialog) {
+    EXPECT_EQ(Find<QLineEdit>(dialog, "txtFirstSg")->text(), QStringLiteral("70"));
+    EXPECT_EQ(Find<QLineEdit>(dialog, "txtSecondSg")->text(), QStringLiteral("30"));
+  });
+  EXPECT_EQ(QtPrompter().AskDivision(100), std::nullopt);
+}
+
+TEST(ChooseQuestionsForm, MovesRowsBetweenTheEpisodes) {
+  Episode episode;
+  episode.questions.resize(5);
+  using Numbers = std::optional<std::vector<int>>;
+  const std::tuple<const char*, Numbers> cases[] = {
+      {"\n\n\t\t\t\n", Numbers(std::vector<int>{1})},
+      {"{Down}{Shift+Down}\t {Tab}{Tab}\n\n", Numbers(std::vector<int>{2, 3})},
+      {"{Down}{Shift+Down}\n\n\t\t{Home} {Backtab}\n{Tab}\n\n", Numbers(std::vector<int>{3})},
+      {"{Ctrl+A}\t \t\t\n\n", Numbers(std::vector<int>{1, 2, 3, 4, 5})},
+      {"\t\t\t\t\n", Numbers(std::vector<int>{})},
+      {"\n\n\t\t\t\t\n", std::nullopt},
+      {"\n\n{Esc}", std::nullopt},
+  };
+  for (const auto& [keys, numbers] : cases) {
+    SCOPED_TRACE(keys);
+    PressInTheNext(keys, [](const QDialog&) { ADD_FAILURE() << "still open"; });
+    EXPECT_EQ(QtPrompter().AskQuestions(episode), numbers);
+  }
 }
 
 TEST(TimerForm, StartsALapOnAnyKey) {
