@@ -21,8 +21,9 @@ const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"observe", {"survey", "store", "model"}},
     {"questions", {"observe", "start", "store", "model"}},
     {"editor", {"questions", "store", "model"}},
-    {"ui", {"editor", "questions", "observe", "start", "survey", "store", "model"}},
-    {"app", {"ui", "editor", "questions", "observe", "start", "store", "model"}},
+    {"reports", {"store", "model"}},
+    {"ui", {"editor", "reports", "questions", "observe", "start", "survey", "store", "model"}},
+    {"app", {"ui", "editor", "reports", "questions", "observe", "start", "store", "model"}},
 };
 
 /// The folder that a line includes from; "" when it includes none of ours.

@@ -1,0 +1,247 @@
+#include "reports/question_statistics.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <stdexcept>
+
+#include "reports/episode_title.h"
+#include "store/numbers.h"
+
+namespace orvex {
+namespace {
+
+constexpr double kSecondsPerMinute = 60;
+
+using Count = int CodeCounts::*;
+
+/// What a segment of a bar counts, and of how many.
+struct SegmentRule {
+  Count count;
+  Count reference;
+  Coding coding;
+};
+
+/// What a line shows. The numbers in its heading are the counts of its segments.
+struct RowRule {
+  std::vector<std::string_view> heading;  ///< the texts before, between and behind the numbers
+  std::string_view emptyHeading;          ///< without numbers
+  Count shown;                            ///< beside the heading; may be none
+  std::vector<SegmentRule> segments;
+  bool restIsUncoded;
+};
+
+const std::array<RowRule, kStatisticsLines>& RowRules() {
+  using C = CodeCounts;
+  static const std::array<RowRule, kStatisticsLines> rules = {{
+      {{}, "Total Number of Questions", &C::Total, {}, false},
+      {{}, "Normal Questions", nullptr, {{&C::Normal, &C::Total, Coding::no}}, false},
+      {{"Teacher ", " / Student Questions ", ""},
+       "Teacher / Student Questions",
+       nullptr,
+       {{&C::TeacherQ, &C::Total, Coding::no}, {&C::StudentQ, &C::Total, Coding::positive}},
+       true},
+      {{},
+       "Authentic Teacher Questions",
+       &C::AuthTeacher,
+       {{&C::AuthTeacher, &C::TeacherQ, Coding::positive}},
+       false},
+      {{},
+       "Authentic Student Questions",
+       &C::AuthStudent,
+       {{&C::AuthStudent, &C::StudentQ, Coding::positive}},
+       false},
+      {{},
+       "Higher-Level Questions",
+       &C::HigherLevel,
+       {{&C::HigherLevel, &C::TeacherQ, Coding::positive}},
+       false},
+      {{},
+       "Nonresponses to Teacher Questions",
+       &C::NoResponse,
+       {{&C::NoResponse, &C::TeacherQ, Coding::negative}},
+       false},
+      {{"Uptake (None ", ", Test ", ", Authentic ", ")"},
+       "Uptake (None, Test, Authentic)",
+       nullptr,
+       {{&C::UptakeNone, &C::Responded, Coding::no},
+        {&C::UptakeTest, &C::Responded, Coding::positive},
+        {&C::UptakeAuthentic, &C::Responded, Coding::positive}},
+       true},
+      {{"Elaborated ", " / Unelaborated ", ""},
+       "Elaborated / Unelaborated",
+       nullptr,
+       {{&C::Elaborated, &C::Responded, Coding::positive},
+        {&C::Unelaborated, &C::Responded, Coding::no}},
+       true},
+      {{"Answering ", " / Closing down ", " / Opening up ", ""},
+       "Answering / Closing down / Opening up",
+       nullptr,
+       {{&C::Answering, &C::StudentQ, Coding::no},
+        {&C::ClosingDown, &C::StudentQ, Coding::negative},
+        {&C::OpeningUp, &C::StudentQ, Coding::positive}},
+       false},
+      {{},
+       "Response Related to Previous Responses",
+       &C::RelatedToPrevious,
+       {{&C::RelatedToPrevious, &C::TeacherQ, Coding::positive}},
+       false},
+  }};
+  return rules;
+}
+
+void CountTeacherQuestion(const questionInfo& question, CodeCounts& counts) {
+  ++counts.TeacherQ;
+  if (question.strAuth() == "A") ++counts.AuthTeacher;
+  if (question.strCogLev() == "H") ++counts.HigherLevel;
+  if (question.strRspns() == "N") ++counts.NoResponse;
+  if (question.strRspns() == "Y" && question.strPFMany() == "Y") ++counts.RelatedToPrevious;
+}
+
+void CountStudentQuestion(const questionInfo& question, CodeCounts& counts) {
+  ++counts.StudentQ;
+  if (question.strAuth() == "A") ++counts.AuthStudent;
+  if (question.strRspns() != "Y") return;
+  if (question.strTResp() == "A") ++counts.Answering;
+  if (question.strTResp() == "C") ++counts.ClosingDown;
+  if (question.strTResp() == "O") ++counts.OpeningUp;
+}
+
+void CountResponse(const questionInfo& question, CodeCounts& counts) {
+  ++counts.Responded;
+  if (question.strUptake() == "N") ++counts.UptakeNone;
+  if (question.strUptake() == "T") ++counts.UptakeTest;
+  if (question.strUptake() == "A") ++counts.UptakeAuthentic;
+  if (question.strElab() == "E") ++counts.Elaborated;
+  if (question.strElab() == "U") ++counts.Unelaborated;
+}
+
+std::string HeadingOf(const RowRule& rule, const CodeCounts& counts) {
+  if (rule.heading.empty()) return std::string(rule.emptyHeading);
+  std::string heading(rule.heading.front());
+  for (std::size_t i = 0; i < rule.segments.size(); ++i) {
+    heading += std::to_string(counts.*rule.segments[i].count);
+    heading += rule.heading[i + 1];
+  }
+  return heading;
+}
+
+std::vector<BarSegment> BarOf(const RowRule& rule, const CodeCounts& counts) {
+  std::vector<BarSegment> bar;
+  double left = 0;
+  for (const SegmentRule& segment : rule.segments) {
+    BarSegment& drawn = bar.emplace_back();
+    drawn.count = counts.*segment.count;
+    drawn.reference = counts.*segment.reference;
+    drawn.left = left;
+    drawn.coding = segment.coding;
+    if (drawn.count > 0 && drawn.reference > 0) {
+      drawn.width = kBarLength * drawn.count / drawn.reference;
+      drawn.caption = std::to_string(drawn.count);
+    }
+    left = drawn.Right();
+  }
+  return bar;
+}
+
+/// The teacher's questions that are no nonresponses: the whole length of the bar, of which the
+/// nonresponses cover their share.
+BarSegment RestOfNonresponses(const CodeCounts& counts) {
+  BarSegment rest;
+  rest.count = counts.TeacherQ - counts.NoResponse;
+  rest.reference = counts.TeacherQ;
+  rest.width = kBarLength;
+  if (counts.TeacherQ > 0) rest.coding = Coding::no;
+  if (rest.count > 0) rest.caption = std::to_string(rest.count);
+  return rest;
+}
+
+std::string PaceOf(const CodeCounts& counts, double duration) {
+  if (duration == 0) throw std::domain_error("an episode without duration has no pace");
+  const double pace = counts.Total * kSecondsPerMinute / duration;
+  return "(questions per minute) " + FormatPattern(pace, "0.##");
+}
+
+}  // namespace
+
+const std::array<std::pair<Coding, std::string_view>, 4> kStatisticsLegend = {{
+    {Coding::positive, "Codings positively related to student achievement"},
+    {Coding::no, "Coded \"no\""},
+    {Coding::negative, "Codings negatively related to learning"},
+    {Coding::uncoded, "Not yet coded"},
+}};
+
+CodeCounts CountCodes(const std::vector<questionInfo>& questions) {
+  CodeCounts counts;
+  for (const questionInfo& question : questions) {
+    ++counts.Total;
+    if (question.IsNormal()) ++counts.Normal;
+    if (question.strSrc() == "T") CountTeacherQuestion(question, counts);
+    if (question.strSrc() == "S") CountStudentQuestion(question, counts);
+    if (question.strRspns() == "Y") CountResponse(question, counts);
+  }
+  return counts;
+}
+
+double StatisticsRow::FilledLength() const {
+  double length = 0;
+  for (const BarSegment& segment : bar) length = std::max(length, segment.Right());
+  return length;
+}
+
+QuestionStatistics MakeQuestionStatistics(const Identity& identity, int number,
+                                          const Episode& episode) {
+  QuestionStatistics statistics;
+  const auto row = [&statistics](StatisticsLine line) -> StatisticsRow& {
+    return statistics.rows[static_cast<std::size_t>(line)];
+  };
+  const auto& rules = RowRules();
+  statistics.title = EpisodeTitle(identity, number);
+  for (std::size_t i = 0; i < rules.size(); ++i) {
+    statistics.rows[i].heading = rules[i].emptyHeading;
+    statistics.rows[i].bar.resize(rules[i].segments.size());
+  }
+  row(StatisticsLine::authenticTeacher).count = "N/A";
+  row(StatisticsLine::nonresponse).bar.resize(2);
+  if (episode.questions.empty()) return statistics;
+
+  statistics.counts = CountCodes(episode.questions);
+  const CodeCounts& counts = statistics.counts;
+  for (std::size_t i = 0; i < rules.size(); ++i) {
+    StatisticsRow& filled = statistics.rows[i];
+    filled.heading = HeadingOf(rules[i], counts);
+    if (rules[i].shown != nullptr) filled.count = std::to_string(counts.*rules[i].shown);
+    filled.bar = BarOf(rules[i], counts);
+    filled.restIsUncoded = rules[i].restIsUncoded;
+  }
+  row(StatisticsLine::nonresponse).bar.push_back(RestOfNonresponses(counts));
+  try {
+    statistics.pace = PaceOf(counts, episode.duration());
+    statistics.offtask = FormatPattern(100 * episode.offtask, "#0.#") + "%";
+  } catch (const std::domain_error&) {
+    statistics.message = "Questions need to be cleaned up first.";
+  }
+  return statistics;
+}
+
+std::string TextOf(const QuestionStatistics& statistics) {
+  std::string text = "Questions/Answer Statistics\t" + statistics.title + "\n\n";
+  for (std::size_t i = 0; i < statistics.rows.size(); ++i) {
+    const StatisticsRow& row = statistics.rows[i];
+    if (i == 0) text += "QUESTIONS\tOf\tCount\n";
+    if (i == static_cast<std::size_t>(kFirstResponseLine)) text += "\nRESPONSE\tOf\tCount\n";
+    text += row.heading + "\t";
+    const bool counted = statistics.counts.Total > 0 && !row.bar.empty();
+    if (!counted) {
+      text += "\t" + row.count;
+    } else {
+      text += std::to_string(row.bar.front().reference);
+      for (const BarSegment& segment : row.bar) text += "\t" + std::to_string(segment.count);
+    }
+    text += "\n";
+  }
+  text += "\nPACE\t" + statistics.pace + "\nSTUDENT OFFTASK\t" + statistics.offtask + "\n";
+  if (!statistics.message.empty()) text += "\n" + statistics.message + "\n";
+  return text;
+}
+
+}  // namespace orvex

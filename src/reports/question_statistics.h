@@ -1,0 +1,109 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "model/program.h"
+
+namespace orvex {
+
+/// How often the codes occur among an episode's questions. A question whose letter is none of those
+/// that a count is about is not counted there.
+struct CodeCounts {
+  int Total = 0;
+  int Normal = 0;
+  int TeacherQ = 0;
+  int StudentQ = 0;
+  int AuthTeacher = 0;
+  int AuthStudent = 0;
+  int NoResponse = 0;         ///< of the teacher's questions
+  int HigherLevel = 0;        ///< of the teacher's questions
+  int RelatedToPrevious = 0;  ///< of the teacher's questions that were answered
+  /// What the teacher did with the students' questions.
+  int Answering = 0;
+  int ClosingDown = 0;
+  int OpeningUp = 0;
+  /// Answered questions, whoever asked.
+  int Responded = 0;
+  int UptakeNone = 0;
+  int UptakeTest = 0;
+  int UptakeAuthentic = 0;
+  int Elaborated = 0;
+  int Unelaborated = 0;
+};
+CodeCounts CountCodes(const std::vector<questionInfo>& questions);
+
+/// What the colour of a bar says. `none` is the colour of the form itself.
+enum class Coding { positive, no, negative, uncoded, none };
+extern const std::array<std::pair<Coding, std::string_view>, 4> kStatisticsLegend;
+
+/// The length of a whole bar, in twips.
+inline constexpr double kBarLength = 3735;
+
+/// A stretch of a bar: `count` of `reference`. Where segments overlap, the earlier one lies on top.
+struct BarSegment {
+  int count = 0;
+  int reference = 0;
+  double left = 0;   ///< in twips
+  double width = 0;  ///< in twips
+  std::string caption;
+  Coding coding = Coding::none;
+
+  double Right() const { return left + width; }
+};
+
+/// A line of the statistics.
+struct StatisticsRow {
+  std::string heading;
+  std::string count;  ///< shown beside the heading; often nothing
+  std::vector<BarSegment> bar;
+  bool restIsUncoded = false;  ///< what the segments leave of the bar is not yet coded
+
+  /// Where the last segment ends, and with it what counts in this row.
+  double FilledLength() const;
+};
+
+/// The lines of the statistics, in their order.
+enum class StatisticsLine {
+  total,
+  normal,
+  source,
+  authenticTeacher,
+  authenticStudent,
+  higherLevel,
+  nonresponse,
+  uptake,
+  elaborated,
+  teacherResponse,
+  relatedToPrevious,
+};
+inline constexpr int kStatisticsLines = 11;
+/// The first line of the section "RESPONSE"; those before belong to "QUESTIONS".
+inline constexpr StatisticsLine kFirstResponseLine = StatisticsLine::nonresponse;
+
+/// The statistics of an episode's questions, as texts and bars.
+struct QuestionStatistics {
+  std::string title;  ///< "7-12-3 Episode 2"
+  CodeCounts counts;
+  std::array<StatisticsRow, kStatisticsLines> rows;
+  std::string pace;     ///< "(questions per minute) 1.5"
+  std::string offtask;  ///< "14.7%"
+  std::string message;  ///< what the user is to be told of it; filling ended there
+
+  const StatisticsRow& Row(StatisticsLine line) const {
+    return rows[static_cast<std::size_t>(line)];
+  }
+};
+
+/// The statistics of `episode`, the one with the number `number`. Without questions there are the
+/// headings only.
+QuestionStatistics MakeQuestionStatistics(const Identity& identity, int number,
+                                          const Episode& episode);
+
+/// The same as lines of tab-separated fields.
+std::string TextOf(const QuestionStatistics& statistics);
+
+}  // namespace orvex

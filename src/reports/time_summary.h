@@ -1,0 +1,61 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/coding_scheme.h"
+#include "model/episode.h"
+#include "store/eps_file.h"
+
+namespace orvex {
+
+/// Seconds spent in each activity; activity n stands at position n - 1.
+using ActivityTimes = std::array<double, kActivityCount>;
+
+/// Adds up the segments of all episodes. Activities outside 1 to 17 count nowhere.
+ActivityTimes CreateActTimeSummary(const EpisodeList& episodes);
+
+/// "2:05": whole minutes and seconds. A fraction of a second is rounded first, a half to the even
+/// neighbour.
+std::string FormatMinSec(double seconds);
+
+/// An activity's line.
+struct TimeSummaryRow {
+  int activity = 0;
+  std::string_view name;
+  std::string time;
+  std::string offtask;  ///< "0.059"; nothing for an activity that no estimates are made of
+};
+
+struct TimeSummaryBlock {
+  std::string_view heading;
+  std::vector<TimeSummaryRow> rows;
+};
+/// What stands over the second and third column of every block.
+inline constexpr std::string_view kTimeColumn = "MIN:SEC";
+inline constexpr std::string_view kOfftaskColumn = "OFFTASK";
+
+/// How long a class spent in what.
+struct TimeSummary {
+  std::string title;     ///< "Time Summary for School 7, Class 12, Observation 3"
+  std::string date;      ///< "Date of Observation: 03-14-2001"
+  std::string observer;  ///< "Observer: AB"
+  std::array<TimeSummaryBlock, 4> blocks;
+  /// The totals, and what they are called.
+  std::string nonInstructional;
+  std::string instructional;
+  std::string total;
+};
+inline constexpr std::string_view kNonInstructionalCaption = "NON-INSTRUCTIONAL TIME: ";
+inline constexpr std::string_view kInstructionalCaption = "SUMMARY: INSTRUCTIONALTIME: ";
+inline constexpr std::string_view kTotalCaption = "TOTAL TIME: ";
+
+/// The summary of the observation in memory; the off-task figures are those of its file's header.
+TimeSummary MakeTimeSummary(const EpsHeader& header, const EpisodeList& episodes);
+
+/// The same as lines of tab-separated fields.
+std::string TextOf(const TimeSummary& summary);
+
+}  // namespace orvex
