@@ -1,0 +1,28 @@
+#pragma once
+
+#include "reports/question_plot.h"
+#include "ui/PrintedReport.h"
+
+namespace orvex {
+
+/// The question plot on paper, in as many bands beneath each other, and on as many pages, as its
+/// columns need.
+class PrintedPlot : public PrintedReport {
+ public:
+  explicit PrintedPlot(QuestionPlot plot);
+
+  QString Title() const override;
+  QString Subtitle() const override;
+  QPageLayout::Orientation Orientation() const override { return QPageLayout::Landscape; }
+  int Pages(const QSizeF& area) const override;
+  void PaintPage(QPainter& painter, const QSizeF& area, int page) const override;
+
+ private:
+  int ColumnsOfBand(const QSizeF& area) const;
+  int Bands(const QSizeF& area) const;
+  void PaintBand(QPainter& painter, double y, int first, int columns) const;
+
+  QuestionPlot plot_;
+};
+
+}  // namespace orvex

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "reports/question_statistics.h"
+#include "ui/PrintedReport.h"
+
+namespace orvex {
+
+/// The question statistics on paper.
+class PrintedStatistics : public PrintedReport {
+ public:
+  explicit PrintedStatistics(QuestionStatistics statistics);
+
+  QString Title() const override;
+  QString Subtitle() const override;
+  void PaintPage(QPainter& painter, const QSizeF& area, int page) const override;
+
+ private:
+  double HeadingWidth() const;
+  void PaintRow(QPainter& painter, double width, double y, const StatisticsRow& row) const;
+  void PaintLegend(QPainter& painter, double width, double y) const;
+
+  QuestionStatistics statistics_;
+};
+
+}  // namespace orvex

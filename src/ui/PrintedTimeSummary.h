@@ -1,0 +1,21 @@
+#pragma once
+
+#include "reports/time_summary.h"
+#include "ui/PrintedReport.h"
+
+namespace orvex {
+
+/// The time summary on paper.
+class PrintedTimeSummary : public PrintedReport {
+ public:
+  explicit PrintedTimeSummary(TimeSummary summary);
+
+  QString Title() const override;
+  QString Subtitle() const override;
+  void PaintPage(QPainter& painter, const QSizeF& area, int page) const override;
+
+ private:
+  TimeSummary summary_;
+};
+
+}  // namespace orvex
