@@ -72,6 +72,7 @@ std::string FormatMinSec(double seconds) {
 TimeSummary MakeTimeSummary(const EpsHeader& header, const EpisodeList& episodes) {
   const Identity& identity = header.identity;
   TimeSummary summary;
+  summary.classId = identity.ClassId();
   summary.title = "Time Summary for School " + identity.SchoolNum + ", Class " + identity.ClassNum +
                   ", Observation " + identity.ObservNum;
   summary.date = "Date of Observation: " + header.ObservDate;

@@ -39,6 +39,7 @@ inline constexpr std::string_view kOfftaskColumn = "OFFTASK";
 
 /// How long a class spent in what.
 struct TimeSummary {
+  std::string classId;   ///< "7-12-3"
   std::string title;     ///< "Time Summary for School 7, Class 12, Observation 3"
   std::string date;      ///< "Date of Observation: 03-14-2001"
   std::string observer;  ///< "Observer: AB"

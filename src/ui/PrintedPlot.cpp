@@ -48,6 +48,10 @@ QString PrintedPlot::Subtitle() const {
   return ToQt(plot_.title + "      " + plot_.totalText);
 }
 
+QString PrintedPlot::DocumentName() const {
+  return ToQt(plot_.title + " Question Plot");
+}
+
 /// Whole tens, so that the ruler of every band begins with 1.
 int PrintedPlot::ColumnsOfBand(const QSizeF& area) const {
   const auto fitting = static_cast<int>((area.width() - kRowsAt) / Grid().CellWidth());

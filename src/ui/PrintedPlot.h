@@ -13,6 +13,7 @@ class PrintedPlot : public PrintedReport {
 
   QString Title() const override;
   QString Subtitle() const override;
+  QString DocumentName() const override;
   QPageLayout::Orientation Orientation() const override { return QPageLayout::Landscape; }
   int Pages(const QSizeF& area) const override;
   void PaintPage(QPainter& painter, const QSizeF& area, int page) const override;

@@ -16,6 +16,8 @@ class PrintedReport {
   virtual QString Title() const = 0;
   /// What it is about, beneath the title.
   virtual QString Subtitle() const = 0;
+  /// What its file is called if nobody calls it otherwise.
+  virtual QString DocumentName() const = 0;
   virtual QPageLayout::Orientation Orientation() const { return QPageLayout::Portrait; }
   virtual int Pages(const QSizeF&) const { return 1; }
   /// Paints the page, which counts from 0, on an area that begins at the painter's origin.

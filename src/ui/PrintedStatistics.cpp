@@ -67,6 +67,10 @@ QString PrintedStatistics::Subtitle() const {
   return ToQt(statistics_.title);
 }
 
+QString PrintedStatistics::DocumentName() const {
+  return ToQt(statistics_.title + " Statistics");
+}
+
 void PrintedStatistics::PaintPage(QPainter& painter, const QSizeF& area, int) const {
   const double width = area.width();
   double y = PaintSection(painter, width, 0, "QUESTIONS");

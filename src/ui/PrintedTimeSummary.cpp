@@ -60,6 +60,10 @@ QString PrintedTimeSummary::Subtitle() const {
   return ToQt(summary_.date + "      " + summary_.observer);
 }
 
+QString PrintedTimeSummary::DocumentName() const {
+  return ToQt(summary_.classId + " Time Summary");
+}
+
 void PrintedTimeSummary::PaintPage(QPainter& painter, const QSizeF& area, int) const {
   const double width = area.width();
   double y = 0;

@@ -12,6 +12,7 @@ class PrintedTimeSummary : public PrintedReport {
 
   QString Title() const override;
   QString Subtitle() const override;
+  QString DocumentName() const override;
   void PaintPage(QPainter& painter, const QSizeF& area, int page) const override;
 
  private:

@@ -1,9 +1,11 @@
 #include "ui/ReportPrinter.h"
 
 #include <QApplication>
+#include <QMessageBox>
 #include <QPainter>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QScreen>
 #include <algorithm>
 
 #include "ui/PrintedReport.h"
@@ -16,6 +18,8 @@ constexpr double kTitleSize = 13;
 constexpr double kTextSize = 9;
 constexpr double kHeadHeight = 44;
 constexpr double kMargin = 15;  // millimetres
+constexpr int kPreviewWidth = 960;
+constexpr int kPreviewHeight = 680;
 
 void PaintHead(QPainter& painter, const PrintedReport& report, double width, const QString& page) {
   QFont title = PaperFont(QApplication::font(), kTitleSize);
@@ -39,9 +43,9 @@ QFont PaperFont(const QFont& like, double points) {
   return font;
 }
 
-void PrintReport(const PrintedReport& report, QPrinter& printer) {
+bool PrintReport(const PrintedReport& report, QPrinter& printer) {
   QPainter painter;
-  if (!painter.begin(&printer)) return;
+  if (!painter.begin(&printer)) return false;
   const double scale = printer.resolution() / kPointsPerInch;
   const QRectF paper = printer.pageLayout().paintRectPixels(printer.resolution());
   const QSizeF whole(paper.width() / scale, paper.height() / scale);
@@ -60,16 +64,22 @@ void PrintReport(const PrintedReport& report, QPrinter& printer) {
     report.PaintPage(painter, area, page - 1);
     painter.restore();
   }
+  return painter.end() && printer.printerState() != QPrinter::Error;
 }
 
 void PreviewReport(const PrintedReport& report, QWidget* form) {
   QPrinter printer(QPrinter::HighResolution);
-  printer.setDocName(report.Title() + QLatin1Char(' ') + report.Subtitle());
+  printer.setDocName(report.DocumentName());
   printer.setPageOrientation(report.Orientation());
   printer.setPageMargins(QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Millimeter);
   QPrintPreviewDialog preview(&printer, form);
   QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
-                   [&report](QPrinter* to) { PrintReport(report, *to); });
+                   [&report, form](QPrinter* to) {
+                     if (PrintReport(report, *to)) return;
+                     QMessageBox::warning(form, QStringLiteral("Orvex"),
+                                          QStringLiteral("The report could not be printed."));
+                   });
+  preview.resize(QSize(kPreviewWidth, kPreviewHeight).boundedTo(form->screen()->availableSize()));
   preview.exec();
 }
 

@@ -9,8 +9,8 @@ namespace orvex {
 class PrintedReport;
 
 /// Prints the pages that `printer` asks for, each with the report's title, what it is about, and
-/// its number.
-void PrintReport(const PrintedReport& report, QPrinter& printer);
+/// its number. False when the printer, or the file, cannot be written to.
+bool PrintReport(const PrintedReport& report, QPrinter& printer);
 
 /// Shows the report as it will look on paper; from there it goes to a printer or into a PDF file.
 void PreviewReport(const PrintedReport& report, QWidget* form);

@@ -33,7 +33,9 @@ void ReportTable::Show(const TimeSummaryBlock& block) {
   setHeaderLabels({ToQt(block.heading), ToQt(kTimeColumn), ToQt(kOfftaskColumn)});
   for (const TimeSummaryRow& row : block.rows) {
     auto* item = new QTreeWidgetItem(this, {ToQt(row.name), ToQt(row.time), ToQt(row.offtask)});
-    item->setSizeHint(0, QSize(0, fontMetrics().height() + kLeading));
+    const QFontMetrics metrics = fontMetrics();
+    item->setSizeHint(
+        0, QSize(metrics.horizontalAdvance(item->text(0)) + kPadding, metrics.height() + kLeading));
     item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
     item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
   }

@@ -1,0 +1,332 @@
+// The three reports in their windows, on paper and on the clipboard.
+
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QHeaderView>
+#include <QImage>
+#include <QLabel>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QTimer>
+#include <algorithm>
+#include <cmath>
+
+#include "support/test_folder.h"
+#include "ui/BarRow.h"
+#include "ui/PlotArea.h"
+#include "ui/PrintedPlot.h"
+#include "ui/PrintedStatistics.h"
+#include "ui/PrintedTimeSummary.h"
+#include "ui/ReportPrinter.h"
+#include "ui/ReportTable.h"
+#include "ui/frmQuestionPlot.h"
+#include "ui/frmQuestionStats.h"
+#include "ui/frmTimeSummary.h"
+#include "ui/keys.h"
+#include "ui/text.h"
+
+Q_DECLARE_METATYPE(orvex::PlotCaller)
+
+namespace orvex {
+namespace {
+
+using namespace test;
+
+const Identity kIdentity = {"AB", "7", "12", "3", "25"};
+
+/// A quarter of an hour in which every third question is a student's, every fifth gets no response
+/// and every twentieth is of higher level.
+Episode Lesson(int questions) {
+  Episode episode;
+  episode.segments.emplace_back().SetData(kQuestionAnswer, 900, {});
+  episode.offtask = 0.08F;
+  for (int i = 1; i <= questions; ++i) {
+    const bool student = i % 3 == 0;
+    episode.questions.emplace_back().SetValue("?", student ? "S" : "T", i % 5 == 0 ? "N" : "Y", "N",
+                                              "N", i % 20 == 0 ? "H" : "R", "", "N",
+                                              student ? "A" : "", "U", 1, 1);
+  }
+  return episode;
+}
+
+QuestionStatistics Statistics(int questions) {
+  return MakeQuestionStatistics(kIdentity, 2, Lesson(questions));
+}
+QuestionPlot Plot(int questions) {
+  return MakeQuestionPlot(kIdentity, 2, Lesson(questions));
+}
+TimeSummary Times() {
+  EpsHeader header;
+  header.identity = kIdentity;
+  header.ObservDate = "03-14-2001";
+  return MakeTimeSummary(header, {Lesson(4), Lesson(2)});
+}
+
+TEST(QuestionStatsForm, KeepsTheProportionsOfItsBars) {
+  ScriptedPrompter prompter;
+  frmQuestionStats form(Statistics(60), prompter);
+  Activate(form);
+  EXPECT_EQ(Find<QLabel>(form, "Label31")->text(),
+            QLatin1String("Teacher 40 / Student Questions 20"));
+  EXPECT_EQ(Find<QLabel>(form, "Label1_11")->text(), QLatin1String("8"));
+  for (const int width : {760, 1300}) {
+    SCOPED_TRACE(width);
+    form.resize(width, 600);
+    Settle();
+    const int whole = Find<QLabel>(form, "NoRespT_1")->width();
+    const auto* teacher = Find<QLabel>(form, "Source_0");
+    const auto* student = Find<QLabel>(form, "Source_1");
+    EXPECT_NEAR(teacher->width(), whole * 2 / 3.0, 1);
+    EXPECT_EQ(student->x(), teacher->x() + teacher->width());
+    EXPECT_EQ(student->x() + student->width(), whole);
+    EXPECT_NEAR(Find<QLabel>(form, "NoRespT_0")->width(), whole / 5.0, 1);
+    // The teacher's answered questions, in yellow behind the others.
+    const QImage bar = Find(form, "NoRespT")->grab().toImage();
+    EXPECT_EQ(bar.pixelColor(whole / 2, 4), QColor(255, 255, 0));
+    EXPECT_NE(bar.pixelColor(whole / 10, 10), QColor(255, 255, 0));
+  }
+}
+
+TEST(QuestionStatsForm, TellsOnceWhatKeptItFromBeingFilled) {
+  ScriptedPrompter prompter;
+  Episode episode = Lesson(3);
+  episode.segments.clear();
+  frmQuestionStats form(MakeQuestionStatistics(kIdentity, 2, episode), prompter);
+  Activate(form);
+  prompter.Expect("Questions need to be cleaned up first.", Answer::ok);
+  form.Refresh();
+  form.Refresh();
+  EXPECT_TRUE(form.isVisible());
+  EXPECT_EQ(Find<QLabel>(form, "Label1_0")->text(), QLatin1String("3"));
+  EXPECT_EQ(Find<QLabel>(form, "Label13")->text(), QLatin1String(""));
+}
+
+TEST(QuestionStatsForm, LeadsOnByKeyAndButton) {
+  ScriptedPrompter prompter;
+  frmQuestionStats form(Statistics(3), prompter);
+  Activate(form);
+  const QSignalSpy menu(&form, &frmQuestionStats::Menu);
+  const QSignalSpy edit(&form, &frmQuestionStats::EditQuestions);
+  const QSignalSpy plot(&form, &frmQuestionStats::Plot);
+  Keys("{Alt+M}{Esc}{Alt+E}\n");
+  Click(Find(form, "Command6"));
+  EXPECT_FALSE(form.close());
+  EXPECT_EQ(menu.count(), 3);
+  EXPECT_EQ(edit.count(), 1);
+  EXPECT_EQ(plot.count(), 1);
+  Keys("{Ctrl+C}");
+  EXPECT_EQ(FromQt(QApplication::clipboard()->text()), TextOf(Statistics(3)));
+}
+
+TEST(TimeSummaryForm, ShowsItsTablesWhole) {
+  frmTimeSummary form(Times());
+  Activate(form);
+  EXPECT_EQ(Find<QLabel>(form, "Label52")->text(), QLatin1String("30:00"));
+  for (const int width : {1300, 820, 480}) {
+    form.resize(width, 430);
+    Settle();
+    EXPECT_FALSE(Find<QScrollArea>(form, "scrollArea")->horizontalScrollBar()->isVisible());
+    for (const char* name : {"ListView1", "ListView2", "ListView3", "ListView4"}) {
+      SCOPED_TRACE(testing::Message() << name << " at " << width);
+      const auto* table = Find<ReportTable>(form, name);
+      for (int column = 0; column < 3; ++column) {
+        EXPECT_GE(table->columnWidth(column), table->header()->sectionSizeHint(column));
+        for (int i = 0; i < table->topLevelItemCount(); ++i) {
+          const QString text = table->topLevelItem(i)->text(column);
+          EXPECT_GT(table->columnWidth(column), table->fontMetrics().horizontalAdvance(text) + 4);
+        }
+      }
+      const auto* last = table->topLevelItem(table->topLevelItemCount() - 1);
+      EXPECT_LE(table->visualItemRect(last).bottom(), table->viewport()->height());
+      EXPECT_LE(table->header()->length(), table->viewport()->width());
+    }
+  }
+  const QSignalSpy menu(&form, &frmTimeSummary::Menu);
+  Keys("{Alt+M}{Esc}{Ctrl+C}");
+  EXPECT_EQ(menu.count(), 2);
+  EXPECT_EQ(FromQt(QApplication::clipboard()->text()), TextOf(Times()));
+}
+
+/// The first column of pixels of `row` that is clearly darker than its ground.
+int FirstInk(QLabel& row) {
+  const QImage image = row.grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+  const int ground = qGray(image.pixel(image.width() - 1, 0));
+  for (int x = 0; x < image.width(); ++x) {
+    for (int y = 0; y < image.height(); ++y) {
+      if (qGray(image.pixel(x, y)) < ground / 2) return x;
+    }
+  }
+  return -1;
+}
+
+TEST(QuestionPlotForm, ScrollsItsRowsAndKeepsTheirHeadings) {
+  frmQuestionPlot form(Plot(600), PlotCaller::statistics);
+  Activate(form);
+  form.resize(700, 300);
+  Settle();
+  auto* ruler = Find<QLabel>(form, "Label2_17");
+  const double cell = (ruler->width() - 1) / 600.0;
+  // The twentieth question is the first of higher level; the third is the first student's.
+  EXPECT_NEAR(FirstInk(*Find<QLabel>(form, "Label2_0")), 19 * cell, 2);
+  EXPECT_NEAR(FirstInk(*Find<QLabel>(form, "Label2_7")), 2 * cell, 2);
+  EXPECT_NEAR(FirstInk(*Find<QLabel>(form, "Label2_10")), 4 * cell, 2);
+
+  const auto place = [&form](const char* name) {
+    return Find(form, name)->mapTo(&form, QPoint(0, 0));
+  };
+  const auto* bar = Find<PlotArea>(form, "plotArea")->horizontalScrollBar();
+  const QPoint heading = place("Label3_3");
+  const std::pair<const char*, double> keys[] = {{"{End}", bar->maximum()},
+                                                 {"{Home}", 0},
+                                                 {"{Right}{Right}", 2 * std::ceil(cell)},
+                                                 {"{Left}", std::ceil(cell)},
+                                                 {"{Home}{PgDown}", bar->pageStep()},
+                                                 {"{PgUp}", 0}};
+  for (const auto& [key, value] : keys) {
+    Keys(key);
+    EXPECT_EQ(bar->value(), value) << key;
+    EXPECT_EQ(place("Label3_3"), heading);
+    EXPECT_EQ(place("Label2_7").y(), heading.y()) << "beside its row";
+  }
+  Keys("{Down}{Down}");
+  EXPECT_LT(place("Label3_3").y(), heading.y());
+  EXPECT_EQ(place("Label2_7").y(), place("Label3_3").y());
+  EXPECT_EQ(place("Label2_17").y(), place("Label3_9").y());
+
+  const QSignalSpy back(&form, &frmQuestionPlot::Back);
+  Keys("{Alt+B}{Esc}");
+  ASSERT_EQ(back.count(), 2);
+  EXPECT_EQ(back.at(1).at(0).value<PlotCaller>(), PlotCaller::statistics);
+  Keys("{Ctrl+C}");
+  EXPECT_EQ(FromQt(QApplication::clipboard()->text()), TextOf(Plot(600)));
+}
+
+TEST(ReportForms, ShowHowTheyWillLookOnPaper) {
+  ScriptedPrompter prompter;
+  frmQuestionStats statistics(Statistics(5), prompter);
+  frmTimeSummary times(Times());
+  frmQuestionPlot plot(Plot(5), PlotCaller::episodeEditor);
+  for (QWidget* form : std::initializer_list<QWidget*>{&statistics, &times, &plot}) {
+    for (const char* key : {"{Alt+P}", "{Ctrl+P}"}) {
+      // "&Print" of the statistics shares its letter with "Q &Plot".
+      if (form == &statistics && std::string(key) == "{Alt+P}") continue;
+      Activate(*form);
+      bool shown = false;
+      QTimer::singleShot(0, [&shown] {
+        auto* preview = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
+        shown = preview != nullptr;
+        if (preview) preview->reject();
+      });
+      Keys(key);
+      EXPECT_TRUE(shown) << key;
+    }
+    form->hide();
+  }
+}
+
+class PaperTest : public testing::Test {
+ protected:
+  /// Prints into a PDF file and reads it back as `pdftotext` does with `mode`.
+  QString Printed(const PrintedReport& report, const char* mode) {
+    const QString file = QString::fromStdString((folder_ / "report.pdf").string());
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(file);
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    printer.setPageOrientation(report.Orientation());
+    EXPECT_TRUE(PrintReport(report, printer));
+    QProcess reader;
+    reader.start(QStringLiteral("pdftotext"), {QLatin1String(mode), file, QStringLiteral("-")});
+    EXPECT_TRUE(reader.waitForFinished()) << "pdftotext is of the package poppler-utils";
+    return QString::fromUtf8(reader.readAllStandardOutput());
+  }
+
+  TestFolder folder_;
+};
+
+TEST_F(PaperTest, SaysWhatTheFormsSay) {
+  const auto expect = [](const QString& text, std::initializer_list<const char*> parts) {
+    const QString simple = text.simplified();
+    for (const char* part : parts) {
+      EXPECT_TRUE(simple.contains(QString::fromUtf8(part))) << part << "\n" << text.toStdString();
+    }
+  };
+  expect(Printed(PrintedStatistics(Statistics(60)), "-layout"),
+         {"Questions/Answer Statistics", "Page 1 of 1", "7-12-3 Episode 2",
+          "Total Number of Questions 60", "Teacher 40 / Student Questions 20 40 20",
+          "Nonresponses to Teacher Questions 8 8 32", "PACE (questions per minute) 4.",
+          "STUDENT OFFTASK 8.%", "Coded \"no\""});
+  expect(Printed(PrintedTimeSummary(Times()), "-layout"),
+         {"Time Summary for School 7, Class 12, Observation 3", "Page 1 of 1", "Observer: AB",
+          "Question/Answer 30:00 0.000", "Discussion 0:00 Student", "TOTAL TIME: 30:00"});
+  expect(Printed(PrintedPlot(Plot(1)), "-layout"),
+         {"Question Plot", "Page 1 of 1", "Total Number of Questions: 1", "QUESTIONS 1"});
+  expect(Printed(PrintedPlot(Plot(0)), "-layout"), {"Page 1 of 1", "Relation to Prev Q Y"});
+
+  QPrinter nowhere;
+  nowhere.setOutputFormat(QPrinter::PdfFormat);
+  nowhere.setOutputFileName(QString::fromStdString((folder_ / "no/such.pdf").string()));
+  EXPECT_FALSE(PrintReport(PrintedPlot(Plot(1)), nowhere));
+}
+
+TEST_F(PaperTest, WrapsALongPlotAndKeepsItsColumnsUnderTheRuler) {
+  const QuestionPlot plot = Plot(600);
+  const QString text = Printed(PrintedPlot(plot), "-bbox");
+  // Words with their places: a row of a band begins with its heading or letter, left of the plot.
+  static const QRegularExpression word(QStringLiteral(
+      "<page|<word xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\" xMax=\"([0-9.]+)\"[^>]*>([^<]*)</word>"));
+  struct Word {
+    double left;
+    double width;
+    double top;
+    QString text;
+  };
+  std::vector<Word> words;
+  int pages = 0;
+  for (auto match = word.globalMatch(text); match.hasNext();) {
+    const auto found = match.next();
+    if (found.captured(4).isEmpty()) {
+      ++pages;
+      continue;
+    }
+    const double left = found.captured(1).toDouble();
+    words.push_back({left, found.captured(3).toDouble() - left,
+                     pages * 10000 + found.captured(2).toDouble(), found.captured(4)});
+  }
+  EXPECT_EQ(pages, 3);
+  std::vector<Word> rulers;
+  qsizetype columns = 0;
+  for (const Word& found : words) {
+    if (found.text.size() < 10 || !found.text.startsWith(QStringLiteral("1234567890"))) continue;
+    rulers.push_back(found);
+    columns += found.text.size();
+  }
+  EXPECT_EQ(columns, 600);
+  // Each run of marks stands where its questions stand on the ruler of its band.
+  std::map<char16_t, int> marks;
+  for (const Word& found : words) {
+    const char16_t mark = found.text.at(0).unicode();
+    if (mark != u'\u2588' && mark != u'\u2591' && mark != u'\u255A') continue;
+    const auto ruler =
+        std::ranges::find_if(rulers, [&found](const Word& below) { return below.top > found.top; });
+    ASSERT_NE(ruler, rulers.end());
+    const double cell = ruler->width / static_cast<double>(ruler->text.size());
+    const double column = (found.left - ruler->left) / cell;
+    EXPECT_NEAR(column, std::round(column), 0.1);
+    EXPECT_NEAR(found.width / cell, static_cast<double>(found.text.size()), 0.1);
+    marks[mark] += static_cast<int>(found.text.size());
+  }
+  for (const auto& [mark, count] : marks) {
+    qsizetype expected = 0;
+    for (const std::string& row : plot.PlotRows) expected += ToQt(row).count(QChar(mark));
+    EXPECT_EQ(count, expected);
+  }
+  EXPECT_EQ(marks.size(), 3U);
+}
+
+}  // namespace
+}  // namespace orvex
