@@ -63,6 +63,8 @@ void frmTimeSummary::ArrangeTables() {
   const QMargins margins = layout()->contentsMargins();
   const bool narrow = width() - margins.left() - margins.right() < needed;
   ui_->tablesLayout->setDirection(narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+  // The scroll area asks for the room they take now, not for what they took before.
+  ui_->contentsLayout->activate();
 }
 
 void frmTimeSummary::closeEvent(QCloseEvent* event) {
