@@ -10,6 +10,7 @@
 #include "editor/observation_edits.h"
 #include "editor/segment_coding_view.h"
 #include "model/episode.h"
+#include "model/screens.h"
 #include "store/services.h"
 
 namespace orvex {
@@ -118,9 +119,12 @@ class EpisodeEditor {
   // The button row.
   /// `Command4`. True when the file is saved.
   bool Save();
-  void EditQuestions();  ///< `Command1`
-  void Proof();          ///< `Command7`
-  void Quit();           ///< `cmdQuit`
+  void EditQuestions();    ///< `Command1`
+  void Proof();            ///< `Command7`
+  void ShowTimeSummary();  ///< `Command2`
+  void ShowStatistics();   ///< `Command3`
+  void ShowPlot();         ///< `Command6`
+  void Quit();             ///< `cmdQuit`
   /// The window is asked to close: it goes when the program ends.
   void RequestClose() { Quit(); }
 
@@ -134,6 +138,7 @@ class EpisodeEditor {
   Episode* Shown() const;
   SegmentData* ShownSegment() const;
 
+  void ShowReport(Screen report);
   void Load(OpenedFile opened);
   void OpenAnother();
   void Forget();

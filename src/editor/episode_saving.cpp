@@ -39,10 +39,33 @@ void EpisodeEditor::Proof() {
   services_.screens.Hide(Screen::episodeEditor);
 }
 
+void EpisodeEditor::ShowTimeSummary() {
+  ShowReport(Screen::timeSummary);
+}
+
+void EpisodeEditor::ShowStatistics() {
+  if (HasQuestions()) ShowReport(Screen::questionStats);
+}
+
+void EpisodeEditor::ShowPlot() {
+  if (HasQuestions()) ShowReport(Screen::questionPlot);
+}
+
+void EpisodeEditor::ShowReport(Screen report) {
+  LeaveBox();
+  services_.screens.Show(report);
+  services_.screens.Hide(Screen::episodeEditor);
+}
+
 void EpisodeEditor::Quit() {
   LeaveBox();
-  // Who wanted to save and could not is not made to lose the changes.
-  if (services_.prompter.AskYesNo("Save Data?") && !Save()) return;
+  const Answer save = services_.prompter.Ask({.text = "Save Data?",
+                                              .buttons = Buttons::yesNo,
+                                              .defaultAnswer = Answer::yes,
+                                              .dismissed = Answer::cancel});
+  // To leave the question open is to stay, and who wanted to save and could not is not made to lose
+  // the changes.
+  if (save == Answer::cancel || (save == Answer::yes && !Save())) return;
   if (services_.prompter.Ask(
           {.text = "Edit Another File?", .buttons = Buttons::yesNo, .defaultAnswer = Answer::no}) !=
       Answer::yes) {

@@ -14,6 +14,9 @@ enum class Screen {
   questionEditor,
   survey,
   episodeEditor,
+  timeSummary,
+  questionStats,
+  questionPlot,
 };
 
 /// Who opened the question editor, and is shown again when it closes.
@@ -27,7 +30,8 @@ class Screens {
  public:
   virtual ~Screens() = default;
 
-  /// Brings the form to the front, loading it if it is not loaded. `aboutText` is modal: the call
+  /// Brings the form to the front, loading it if it is not loaded. The reports are about what the
+  /// episode editor shows; the plot goes back to the form that was on the screen. `aboutText` is modal: the call
   /// returns when it is hidden again.
   virtual void Show(Screen screen) = 0;
   /// Takes the form off the screen; it stays loaded and its timers go on.

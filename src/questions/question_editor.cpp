@@ -391,7 +391,7 @@ void QuestionEditor::ShowCaller() {
     case EditorCaller::episodeEditor:
       return services_.screens.Show(Screen::episodeEditor);
     case EditorCaller::statistics:
-      return;  // this form does not exist yet
+      return services_.screens.Show(Screen::questionStats);
   }
 }
 

@@ -1,12 +1,12 @@
 #include "ui/Forms.h"
 
 #include <QApplication>
-#include <QWindow>
 #include <utility>
 
 #include "editor/edited_file.h"
 #include "survey/open_survey.h"
 #include "ui/FitToScreen.h"
+#include "ui/Present.h"
 #include "ui/frmAboutInputBox.h"
 #include "ui/frmClassAct.h"
 #include "ui/frmClassEdit.h"
@@ -14,36 +14,12 @@
 #include "ui/frmInput1.h"
 #include "ui/frmMatrices.h"
 #include "ui/frmQA.h"
+#include "ui/frmQuestionPlot.h"
+#include "ui/frmQuestionStats.h"
 #include "ui/frmSplash.h"
+#include "ui/frmTimeSummary.h"
 
 namespace orvex {
-namespace {
-
-/// Brings a form to the front. Refreshing comes last: a focus wish needs a form that can have it.
-template <typename Form>
-void Present(Form& form) {
-  form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
-  if (!form.isVisible()) FitToScreen(form);
-  // A form that comes back stands where it stood; only its first place is the window manager's.
-  // Told without the frame, which a hidden window does not have.
-  if (form.windowHandle() && !form.isVisible()) {
-    form.windowHandle()->setPosition(form.geometry().topLeft());
-  }
-  form.show();
-  form.raise();
-  form.activateWindow();
-  form.Refresh();
-}
-
-/// The operation that closes a form may have come from it, and goes on in it.
-template <typename Form>
-void Unload(std::unique_ptr<Form>& form) {
-  if (!form) return;
-  form->hide();
-  form.release()->deleteLater();
-}
-
-}  // namespace
 
 Forms::Forms(Program& program, SessionLog& log, Storage& storage, const Clock& clock,
              Prompter& prompter, std::filesystem::path programFolder)
@@ -73,6 +49,12 @@ QWidget* Forms::Loaded(Screen screen) const {
       return matrices_.get();
     case Screen::episodeEditor:
       return classEdit_.get();
+    case Screen::timeSummary:
+      return timeSummary_.get();
+    case Screen::questionStats:
+      return questionStats_.get();
+    case Screen::questionPlot:
+      return questionPlot_.get();
   }
   return nullptr;
 }
@@ -112,6 +94,12 @@ void Forms::Show(Screen screen) {
       if (!classEdit_) return;
       classEdit_->Editor().Activate();
       return Present(*classEdit_);
+    case Screen::timeSummary:
+      return ShowTimeSummary();
+    case Screen::questionStats:
+      return ShowQuestionStats();
+    case Screen::questionPlot:
+      return ShowQuestionPlot();
   }
 }
 
@@ -150,6 +138,12 @@ void Forms::Close(Screen screen) {
       return Unload(matrices_);
     case Screen::episodeEditor:
       return Unload(classEdit_);
+    case Screen::timeSummary:
+      return Unload(timeSummary_);
+    case Screen::questionStats:
+      return Unload(questionStats_);
+    case Screen::questionPlot:
+      return Unload(questionPlot_);
   }
 }
 

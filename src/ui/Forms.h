@@ -9,6 +9,8 @@
 
 namespace orvex {
 
+struct Episode;
+
 class frmAboutInputBox;
 class frmClassAct;
 class frmClassEdit;
@@ -16,7 +18,10 @@ class frmEnterQA;
 class frmInput1;
 class frmMatrices;
 class frmQA;
+class frmQuestionPlot;
+class frmQuestionStats;
 class frmSplash;
+class frmTimeSummary;
 
 /// The forms of the program, each built when it is first shown. When the user closes the last one,
 /// the program ends.
@@ -41,6 +46,10 @@ class Forms : public Screens {
   QWidget* Loaded(Screen screen) const;
   frmClassAct& LiveForm();
   void ShowAboutText();
+  const Episode* EditedEpisode() const;
+  void ShowTimeSummary();
+  void ShowQuestionStats();
+  void ShowQuestionPlot();
 
   Services services_;
   std::filesystem::path programFolder_;
@@ -53,6 +62,9 @@ class Forms : public Screens {
   std::unique_ptr<frmAboutInputBox> aboutInputBox_;
   std::unique_ptr<frmEnterQA> enterQA_;
   std::unique_ptr<frmClassEdit> classEdit_;
+  std::unique_ptr<frmTimeSummary> timeSummary_;
+  std::unique_ptr<frmQuestionStats> questionStats_;
+  std::unique_ptr<frmQuestionPlot> questionPlot_;
   std::unique_ptr<frmQA> qa_;
   std::unique_ptr<frmMatrices> matrices_;
 };

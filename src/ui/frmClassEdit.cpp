@@ -138,6 +138,9 @@ void frmClassEdit::ConnectButtons() {
   button(ui_->cmdUndo, &EpisodeEditor::Undo);
   button(ui_->cmdRedo, &EpisodeEditor::Redo);
   button(ui_->Command1, &EpisodeEditor::EditQuestions);
+  button(ui_->Command2, &EpisodeEditor::ShowTimeSummary);
+  button(ui_->Command3, &EpisodeEditor::ShowStatistics);
+  button(ui_->Command6, &EpisodeEditor::ShowPlot);
   button(ui_->Command7, &EpisodeEditor::Proof);
   connect(ui_->Command4, &QPushButton::clicked, this, [this] {
     editor_.Save();
@@ -230,6 +233,8 @@ void frmClassEdit::RefreshButtons() {
   ui_->cmdSplitEp->setEnabled(editor_.CanSplitEpisode());
   ui_->cmdMergeEp->setEnabled(editor_.CanMergeEpisodes());
   ui_->Command1->setEnabled(editor_.HasEpisode());
+  ui_->Command3->setEnabled(editor_.HasQuestions());
+  ui_->Command6->setEnabled(editor_.HasQuestions());
   const auto step = [](QPushButton* button, QAction* action, const char* verb,
                        const std::string& name) {
     const std::string text = name.empty() ? verb : verb + (" " + name);

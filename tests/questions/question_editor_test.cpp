@@ -79,11 +79,11 @@ TEST_F(EditorTest, BeginsWhereItsCallerSaysAndGoesBackToIt) {
   const std::tuple<EditorOpening, int, int, int, std::string, std::string> cases[] = {
       {{liveObservation, false, 1}, 0, 0, 3, "Question #1 of 1:", "show liveObservation"},
       {{questionEntry, true, 1}, 1, 2, 1, "Question #2 of 4:", "show questionEntry"},
-      {{episodeEditor, false, 1}, 3, 1, 1, "Question #4 of 4:", "close questionEditor"},
-      {{episodeEditor, true, 3}, 1, 9, 1, "Question #4 of 4:", "close questionEditor"},
-      {{episodeEditor, true, 3}, 0, 0, 1, "Question #1 of 4:", "close questionEditor"},
-      {{statistics, false, 2}, 1, 1, 2, "Question #0 of 0:", "close questionEditor"},
-      {{statistics, false, 9}, 1, 1, 3, "Question #1 of 1:", "close questionEditor"},
+      {{episodeEditor, false, 1}, 3, 1, 1, "Question #4 of 4:", "show episodeEditor"},
+      {{episodeEditor, true, 3}, 1, 9, 1, "Question #4 of 4:", "show episodeEditor"},
+      {{episodeEditor, true, 3}, 0, 0, 1, "Question #1 of 4:", "show episodeEditor"},
+      {{statistics, false, 2}, 1, 1, 2, "Question #0 of 0:", "show questionStats"},
+      {{statistics, false, 9}, 1, 1, 3, "Question #1 of 1:", "show questionStats"},
   };
   program.Episodes.resize(3);
   program.Episodes[0].questions.assign(4, kTeacher);

@@ -57,6 +57,12 @@ class RecordingScreens : public Screens {
         return "survey";
       case Screen::episodeEditor:
         return "episodeEditor";
+      case Screen::timeSummary:
+        return "timeSummary";
+      case Screen::questionStats:
+        return "questionStats";
+      case Screen::questionPlot:
+        return "questionPlot";
     }
     return "?";
   }

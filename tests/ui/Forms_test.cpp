@@ -99,6 +99,26 @@ TEST_F(FormsTest, LeadFromTheMenuThroughTheEpisodeEditorToTheEnd) {
               QStringLiteral("&Undo Edit questions"));
     Keys("{Ctrl+Z}");
     EXPECT_FALSE(Form("frmClassEdit")->isWindowModified());
+    // The reports, and the ways between them.
+    const std::pair<const char*, const char*> moves[] = {
+        {"{Alt+C}", "frmQuestionStats"}, {"{Alt+E}", "frmQA"},
+        {"{Alt+R}", "frmQuestionStats"}, {"{Alt+M}", "frmClassEdit"},
+        {"{Alt+T} ", "frmTimeSummary"},   {"{Esc}", "frmClassEdit"},
+        {"{Alt+P}", "frmQuestionPlot"},  {"{Alt+B}", "frmClassEdit"}};
+    for (const auto& [keys, form] : moves) {
+      Keys(keys);
+      Settle();
+      EXPECT_TRUE(Shown(form)) << keys;
+    }
+    Keys("{Alt+C}");
+    Click(Find(*Form("frmQuestionStats"), "Command6"));
+    Settle();
+    Keys("{Alt+B}");
+    EXPECT_TRUE(Shown("frmQuestionStats")) << "the plot goes back to where it was opened";
+    Form("frmQuestionStats")->close();
+    Settle();
+    EXPECT_TRUE(Shown("frmClassEdit"));
+
     Click(Find(*Form("frmClassEdit"), "Command5"));
     EXPECT_TRUE(Shown("dlgTimer"));
     Form("dlgTimer")->close();
