@@ -48,21 +48,23 @@ bool EditedFile::Save(const Services& services, const EpisodeList& episodes) {
   fs::path target = path_;
   for (;;) {
     // The dialog for saving has asked already whether a file may be replaced.
-    if (target == path_ && !MayReplace(services.prompter, bytes)) return false;
-    try {
-      ReplaceFile(services.storage, target, bytes);
-      path_ = target;
-      bytes_ = bytes;
-      return true;
-    } catch (const FileError& error) {
-      const Answer answer = services.prompter.Ask(
-          {.text = "The file could not be saved. Try again?\nNo lets you save it elsewhere.",
-           .buttons = Buttons::yesNoCancel,
-           .defaultAnswer = Answer::yes,
-           .details = error.what()});
-      if (answer == Answer::yes) continue;
-      if (answer == Answer::cancel) return false;
+    Answer answer = target == path_ ? MayReplace(services.prompter, bytes) : Answer::yes;
+    if (answer == Answer::yes) {
+      try {
+        ReplaceFile(services.storage, target, bytes);
+        path_ = target;
+        bytes_ = bytes;
+        return true;
+      } catch (const FileError& error) {
+        answer = services.prompter.Ask(
+            {.text = "The file could not be saved. Try again?\nNo lets you save it elsewhere.",
+             .buttons = Buttons::yesNoCancel,
+             .defaultAnswer = Answer::yes,
+             .details = error.what()});
+        if (answer == Answer::yes) continue;
+      }
     }
+    if (answer == Answer::cancel) return false;
     target = services.prompter
                  .AskSaveFile({.folder = target.parent_path(),
                                .filter = kFilter,
@@ -74,25 +76,26 @@ bool EditedFile::Save(const Services& services, const EpisodeList& episodes) {
 
 /// False when another program has written the file since, and its content is to stay. A file that
 /// is gone replaces nothing; neither does one that holds what is to be written.
-bool EditedFile::MayReplace(Prompter& prompter, const std::string& bytes) {
+Answer EditedFile::MayReplace(Prompter& prompter, const std::string& bytes) {
   std::error_code unknown;
-  if (!fs::exists(path_, unknown) && !unknown) return true;
+  if (!fs::exists(path_, unknown) && !unknown) return Answer::yes;
   std::string found;
   std::string details = path_.string();
   try {
     found = ReadFile(path_);
-    if (found == bytes_ || found == bytes) return true;
+    if (found == bytes_ || found == bytes) return Answer::yes;
   } catch (const FileError& error) {
     details = error.what();
   }
-  const bool replaces =
-      prompter.Ask({.text = "The file was changed by another program. Replace it?",
-                    .buttons = Buttons::yesNo,
-                    .defaultAnswer = Answer::no,
-                    .details = details}) == Answer::yes;
+  const Answer answer = prompter.Ask(
+      {.text =
+           "The file was changed by another program. Replace it?\nNo lets you save it elsewhere.",
+       .buttons = Buttons::yesNoCancel,
+       .defaultAnswer = Answer::cancel,
+       .details = details});
   // Asking once is enough for the content that the user has given up.
-  if (replaces) bytes_ = std::move(found);
-  return replaces;
+  if (answer == Answer::yes) bytes_ = std::move(found);
+  return answer;
 }
 
 Opening OpenForEditing(const Services& services, const fs::path& path) {

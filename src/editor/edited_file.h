@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "model/prompter.h"
 #include "store/eps_file.h"
 #include "store/services.h"
 
@@ -23,7 +24,7 @@ class EditedFile {
   bool Save(const Services& services, const EpisodeList& episodes);
 
  private:
-  bool MayReplace(Prompter& prompter, const std::string& bytes);
+  Answer MayReplace(Prompter& prompter, const std::string& bytes);
 
   std::filesystem::path path_;
   EpsHeader header_;

@@ -7,6 +7,7 @@
 #include "editor/episode_editor.h"
 #include "model/program.h"
 #include "model/prompter.h"
+#include "questions/question_editor.h"
 #include "store/text_encoding.h"
 
 namespace orvex {
@@ -159,6 +160,12 @@ bool EpisodeEditor::IsCut(int j) const {
 void EpisodeEditor::PasteOntoEpisode(int k) {
   const Episode* const receiving = ItemAt(Episodes(), k);
   if (!cut_ || !receiving) return;
+  if (k == cut_->episode) {
+    const int end = static_cast<int>(receiving->segments.size()) + 1;
+    Restructured("Paste segments", InsertSegments(Episodes(), k, cut_->segments, {k, end}),
+                 Refill::segments);
+    return;
+  }
   const bool laterEpisode = k > cut_->episode;
   Place pasted = {k, laterEpisode ? 1 : static_cast<int>(receiving->segments.size()) + 1};
   const std::size_t count = Episodes().size();
@@ -220,7 +227,13 @@ void EpisodeEditor::Redo() {
   ShowEpisodes(after);
 }
 
-/// The question editor and the reports work on the same episodes.
+void EpisodeEditor::RecordQuestionChange(const QuestionChange& change) {
+  const Place place = {change.episode, 1};
+  history_.Record(Episodes(), {.name = change.name, .before = place, .after = place},
+                  change.typing);
+}
+
+/// Whatever else works on the same episodes.
 void EpisodeEditor::RecordOutsideChanges() {
   history_.Record(Episodes(),
                   {.name = "Edit questions", .before = ShownPlace(), .after = ShownPlace()});

@@ -15,6 +15,8 @@
 
 namespace orvex {
 
+struct QuestionChange;
+
 /// Corrects the structure and the coding of an observation after class. Everything is changed in
 /// the program's episodes; the file changes when it is saved. Episodes and segments are counted
 /// from 1.
@@ -103,6 +105,7 @@ class EpisodeEditor {
 
   /// Marks the selected segments as cut; they stay until they are pasted.
   void Cut();
+  void CancelCut() { cut_.reset(); }
   bool CanCut() const { return !selectedSegments_.empty(); }
   bool CanPaste() const { return cut_.has_value(); }
   /// True for a segment of the current episode that has been cut.
@@ -119,8 +122,10 @@ class EpisodeEditor {
   // The button row.
   /// `Command4`. True when the file is saved.
   bool Save();
-  void EditQuestions();    ///< `Command1`
-  void Proof();            ///< `Command7`
+  void EditQuestions();  ///< `Command1`
+  void Proof();          ///< `Command7`
+  /// The question editor, opened from here or from the statistics, has changed something.
+  void RecordQuestionChange(const QuestionChange& change);
   void ShowTimeSummary();  ///< `Command2`
   void ShowStatistics();   ///< `Command3`
   void ShowPlot();         ///< `Command6`

@@ -66,9 +66,12 @@ void EpisodeEditor::Quit() {
   // To leave the question open is to stay, and who wanted to save and could not is not made to lose
   // the changes.
   if (save == Answer::cancel || (save == Answer::yes && !Save())) return;
-  if (services_.prompter.Ask(
-          {.text = "Edit Another File?", .buttons = Buttons::yesNo, .defaultAnswer = Answer::no}) !=
-      Answer::yes) {
+  const Answer another = services_.prompter.Ask({.text = "Edit Another File?",
+                                                 .buttons = Buttons::yesNo,
+                                                 .defaultAnswer = Answer::no,
+                                                 .dismissed = Answer::cancel});
+  if (another == Answer::cancel) return;
+  if (another != Answer::yes) {
     services_.screens.EndProgram();
     return;
   }

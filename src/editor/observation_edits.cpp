@@ -7,6 +7,7 @@
 #include <iterator>
 #include <limits>
 #include <utility>
+#include <vector>
 
 #include "model/time_of_day.h"
 #include "store/numbers.h"
@@ -88,16 +89,38 @@ std::optional<Place> ReorderSegments(EpisodeList& episodes, int episode, const P
   return Place{episode, first};
 }
 
+/// The same within an episode, whose end is the place after its last segment. The segments need not
+/// lie together; nothing happens where they stand there already, or before one of themselves.
+static std::optional<Place> GatherSegments(EpisodeList& episodes, const Positions& segments,
+                                           Place before) {
+  std::vector<SegmentData>& all = At(episodes, before.episode)->segments;
+  const auto count = static_cast<int>(all.size());
+  if (before.segment < 1 || before.segment > count + 1 || segments.front() < 1 ||
+      segments.back() > count || std::ranges::binary_search(segments, before.segment)) {
+    return std::nullopt;
+  }
+  std::vector<SegmentData> gathered;
+  std::vector<SegmentData> head;
+  std::vector<SegmentData> tail;
+  for (int i = 1; i <= count; ++i) {
+    const bool moves = std::ranges::binary_search(segments, i);
+    auto& part = moves ? gathered : i < before.segment ? head : tail;
+    part.push_back(all[static_cast<std::size_t>(i - 1)]);
+  }
+  const int first = static_cast<int>(head.size()) + 1;
+  head.insert(head.end(), gathered.begin(), gathered.end());
+  head.insert(head.end(), tail.begin(), tail.end());
+  if (head == all) return std::nullopt;
+  all = std::move(head);
+  return Place{before.episode, first};
+}
+
 std::optional<Place> InsertSegments(EpisodeList& episodes, int from, const Positions& segments,
                                     Place before) {
   const Episode* const receiving = ItemAt(episodes, before.episode);
-  if (segments.empty() || !receiving || !ItemAt(receiving->segments, before.segment)) {
-    return std::nullopt;
-  }
-  if (from == before.episode) {
-    const bool moveDown = segments.back() < before.segment;
-    return ReorderSegments(episodes, from, segments, before.segment - (moveDown ? 1 : 0));
-  }
+  if (segments.empty() || !receiving) return std::nullopt;
+  if (from == before.episode) return GatherSegments(episodes, segments, before);
+  if (!ItemAt(receiving->segments, before.segment)) return std::nullopt;
   const std::size_t giving = episodes.size();
   if (!MoveSegments(episodes, from, segments, before.episode)) return std::nullopt;
   const bool laterEpisode = before.episode > from;

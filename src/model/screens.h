@@ -31,8 +31,8 @@ class Screens {
   virtual ~Screens() = default;
 
   /// Brings the form to the front, loading it if it is not loaded. The reports are about what the
-  /// episode editor shows; the plot goes back to the form that was on the screen. `aboutText` is modal: the call
-  /// returns when it is hidden again.
+  /// episode editor shows; the plot goes back to the form that was on the screen. `aboutText` is
+  /// modal: the call returns when it is hidden again.
   virtual void Show(Screen screen) = 0;
   /// Takes the form off the screen; it stays loaded and its timers go on.
   virtual void Hide(Screen screen) = 0;

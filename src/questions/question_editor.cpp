@@ -229,14 +229,19 @@ void QuestionEditor::ClickOption(Dimension dimension, int option) {
   if (!CanEdit()) return;
   SetOption(Shown(), dimension, option);
   LayoutFrames();
+  Changed("Code question");
 }
 
 void QuestionEditor::TypeQuestion(std::string_view text) {
-  if (CanEdit()) Shown().question = OneLine(text);
+  if (!CanEdit()) return;
+  Shown().question = OneLine(text);
+  Typed("Type question");
 }
 
 void QuestionEditor::TypeRespondName(std::string_view text) {
-  if (CanEdit()) Shown().respondName = OneLine(text);
+  if (!CanEdit()) return;
+  Shown().respondName = OneLine(text);
+  Typed("Type name");
 }
 
 void QuestionEditor::TypeSegment(std::string_view text) {
@@ -244,6 +249,7 @@ void QuestionEditor::TypeSegment(std::string_view text) {
   segmentText_ = OneLine(text);
   const auto number = TypedNumber(segmentText_);
   Shown().iSgQ = number ? ToInt16(*number).value_or(0) : std::int16_t{0};
+  Typed("Type segment number");
 }
 
 void QuestionEditor::StepSegment(int steps) {
@@ -251,6 +257,7 @@ void QuestionEditor::StepSegment(int steps) {
   const int stepped = std::clamp(Shown().iSgQ + steps, 0, kMostSegment);
   Shown().iSgQ = static_cast<std::int16_t>(stepped);
   ShowSegment();
+  Typed("Type segment number");
 }
 
 void QuestionEditor::LeaveSegment() {
@@ -258,7 +265,18 @@ void QuestionEditor::LeaveSegment() {
 }
 
 void QuestionEditor::TypeDescription(std::string_view text) {
-  if (HasEpisode()) SelectedEpisode().Descript = OneLine(text);
+  if (!HasEpisode()) return;
+  SelectedEpisode().Descript = OneLine(text);
+  Typed("Type description");
+}
+
+void QuestionEditor::Changed(const char* name) const {
+  if (told_) told_({.name = name, .typing = "", .episode = selEp_});
+}
+
+/// The same box of the same question is typed in on and on.
+void QuestionEditor::Typed(const char* name) const {
+  if (told_) told_({.name = name, .typing = name + std::to_string(curQ_), .episode = selEp_});
 }
 
 void QuestionEditor::LeaveDescription() {
@@ -317,6 +335,7 @@ void QuestionEditor::Insert(int position, std::int16_t segment) {
   reseqNeeded_ = true;
   UpdateEditState();
   inserted_ = true;
+  Changed("Insert question");
 }
 
 void QuestionEditor::Drop() {
@@ -332,6 +351,7 @@ void QuestionEditor::Drop() {
     focus_.Set(EditStart());
   }
   reseqNeeded_ = true;
+  Changed("Drop question");
 }
 
 void QuestionEditor::Ditto() {
@@ -344,6 +364,7 @@ void QuestionEditor::Ditto() {
         SelectedEpisode().questions.at(static_cast<std::size_t>(curQ_ - 2));
     Shown().Copy(previous, answer == Answer::no);
     ShowQuestion(curQ_);
+    Changed("Ditto");
   }
   focus_.Set(Control::txtQuestion);
 }
@@ -353,6 +374,7 @@ void QuestionEditor::Normal() {
   Shown().SetNormal();
   ShowQuestion(curQ_);
   focus_.Set(Control::txtRespondName);
+  Changed("Normal question");
 }
 
 void QuestionEditor::Reseq() {

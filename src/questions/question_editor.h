@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "model/episode.h"
@@ -25,6 +27,14 @@ struct EditorOpening {
   /// The episode to begin with, for the episode editor and the statistics. A class in progress
   /// begins with its last one, proof mode with the fault found.
   int episode = 1;
+};
+
+/// A change that the question editor has made, for whoever keeps the steps back.
+struct QuestionChange {
+  std::string name;  ///< what the user has done: "Insert question"
+  std::string
+      typing;  ///< changes in a row with the same one are one step; "" for a step of its own
+  int episode = 0;
 };
 
 /// Corrects the questions of an observation: one is shown, with its place in the list of its
@@ -53,6 +63,9 @@ class QuestionEditor {
   /// `live` and `liveClocks` are those of the class in progress; null for the other callers.
   QuestionEditor(const Services& services, const EditorOpening& opening, LiveObservation* live,
                  const SessionClocks* liveClocks);
+
+  /// Who is told of every change, after it.
+  void OnChange(std::function<void(const QuestionChange&)> told) { told_ = std::move(told); }
 
   // What the form shows.
   std::string Title() const;
@@ -129,6 +142,8 @@ class QuestionEditor {
   questionInfo& Shown() const;
   bool SourceIs(std::string_view letter) const;
 
+  void Changed(const char* name) const;
+  void Typed(const char* name) const;
   Control EditStart() const;
   void FillQuestionList();
   void ShowQuestion(int i);
@@ -153,6 +168,7 @@ class QuestionEditor {
   const SessionClocks* liveClocks_;
   GuardedTick tick_;
   std::optional<OfftaskIndicator> offtask_;
+  std::function<void(const QuestionChange&)> told_;
 
   int selEp_ = 0;
   int curQ_ = 0;

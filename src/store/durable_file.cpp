@@ -104,6 +104,8 @@ void ReplaceFile(Storage& storage, const fs::path& path, std::string_view bytes)
   const bool exists = ::stat(target.c_str(), &old) == 0;
   require(exists || errno == ENOENT);
   if (exists && !S_ISREG(old.st_mode)) throw FileError(path, "not a regular file");
+  // A rename would replace a file that somebody has protected.
+  require(!exists || ::access(target.c_str(), W_OK) == 0);
 
   Replacement file(storage, target, exists ? kPrivate : kAsTheUserLikes);
   struct stat made = {};

@@ -38,6 +38,7 @@ bool IsForMoving(const QKeyEvent& key) {
 
 bool IsTypedInto(const QKeyEvent& key) {
   const QString text = key.text();
+  if (key.matches(QKeySequence::Paste) || key.matches(QKeySequence::Cut)) return false;
   if (text.isEmpty() && key.key() != Qt::Key_Delete) return true;  // types nothing
   return IsForMoving(key) ||
          (text.size() == 1 && EpisodeEditor::IsDurationKey(text.at(0).unicode()));

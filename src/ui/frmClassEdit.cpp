@@ -117,6 +117,7 @@ void frmClassEdit::ConnectKeys() {
   AddKeys(Keys(QKeySequence::Save), this, [this] { editor_.Save(); });
   for (RowList* list : {ui_->listViewEp, ui_->listViewSg}) {
     AddKeys(Keys(QKeySequence::Cut), list, [this] { editor_.Cut(); });
+    AddKeys({QKeySequence(Qt::Key_Escape)}, list, [this] { editor_.CancelCut(); });
   }
   AddKeys(Keys(QKeySequence::Paste), ui_->listViewEp,
           [this] { editor_.PasteOntoEpisode(ui_->listViewEp->CurrentRow()); });
@@ -255,7 +256,11 @@ QPushButton* frmClassEdit::ButtonUnder(const QObject* list, const QKeyEvent& key
   const QKeySequence pressed(key.keyCombination());
   for (QPushButton* button : {episodes ? ui_->cmdSplitEp : ui_->cmdSplitSg,
                               episodes ? ui_->cmdMergeEp : ui_->cmdMergeSg}) {
-    if (button->isEnabled() && button->shortcut() == pressed) return button;
+    // Where nothing can be merged, the key is not for the other list; to split an episode, though,
+    // one stands in the list of its segments.
+    const bool answers =
+        button->isEnabled() || button == ui_->cmdMergeEp || button == ui_->cmdMergeSg;
+    if (answers && button->shortcut() == pressed) return button;
   }
   return nullptr;
 }

@@ -18,7 +18,8 @@ using Rows = std::vector<std::string>;
 
 const char* const kFailed =
     "The file could not be saved. Try again?\nNo lets you save it elsewhere.";
-const char* const kChanged = "The file was changed by another program. Replace it?";
+const char* const kChanged =
+    "The file was changed by another program. Replace it?\nNo lets you save it elsewhere.";
 
 EpisodeList OneEpisode() {
   EpisodeList episodes(1);
@@ -98,9 +99,12 @@ TEST_F(SavingTest, AFailureCanBeSavedElsewhere) {
 TEST_F(SavingTest, AnotherProgramsChangeIsNotReplacedUnasked) {
   editor.TypeDescription("A");
   test::PutFile(desk.file, "theirs");
-  desk.prompter.Expect(kChanged, Answer::no);
+  desk.prompter.Expect(kChanged, Answer::cancel);
   EXPECT_FALSE(editor.Save());
-  EXPECT_EQ(desk.prompter.asked[0].defaultAnswer, Answer::no);
+  EXPECT_EQ(desk.prompter.asked[0].defaultAnswer, Answer::cancel);
+  desk.prompter.Expect(kChanged, Answer::no);
+  desk.prompter.ExpectSaveFile({});
+  EXPECT_FALSE(editor.Save());
   EXPECT_EQ(FileBytes(desk.file), "theirs");
   EXPECT_TRUE(editor.Modified());
   desk.prompter.Expect(kChanged, Answer::yes);

@@ -96,14 +96,16 @@ TEST_F(FormsTest, LeadFromTheMenuThroughTheEpisodeEditorToTheEnd) {
     EXPECT_EQ(label("Label10"), "Small group and pairwork: 2 Question(s)");
     EXPECT_TRUE(Form("frmClassEdit")->isWindowModified());
     EXPECT_EQ(Find<QPushButton>(*Form("frmClassEdit"), "cmdUndo")->text(),
-              QStringLiteral("&Undo Edit questions"));
+              QStringLiteral("&Undo Type question"));
+    Keys("{Ctrl+Z}{Ctrl+Z}");
+    EXPECT_EQ(label("Label10"), "Small group and pairwork: 1 Question(s)");
     Keys("{Ctrl+Z}");
     EXPECT_FALSE(Form("frmClassEdit")->isWindowModified());
     // The reports, and the ways between them.
     const std::pair<const char*, const char*> moves[] = {
         {"{Alt+C}", "frmQuestionStats"}, {"{Alt+E}", "frmQA"},
         {"{Alt+R}", "frmQuestionStats"}, {"{Alt+M}", "frmClassEdit"},
-        {"{Alt+T} ", "frmTimeSummary"},   {"{Esc}", "frmClassEdit"},
+        {"{Alt+T} ", "frmTimeSummary"},  {"{Esc}", "frmClassEdit"},
         {"{Alt+P}", "frmQuestionPlot"},  {"{Alt+B}", "frmClassEdit"}};
     for (const auto& [keys, form] : moves) {
       Keys(keys);
