@@ -170,6 +170,20 @@ TEST(ObservationEdits, RestructureAsTheyShould) {
        },
        "d e a b c|1 2 3 4 5",
        {1, 1}},
+      {"insert what lies apart",
+       kFive,
+       [](auto& e) {
+         return InsertSegments(e, 1, {1, 3}, {1, 4});
+       },
+       "b a c d e|1 2 3 4 5",
+       {1, 2}},
+      {"insert at the end",
+       kFive,
+       [](auto& e) {
+         return InsertSegments(e, 1, {2, 4}, {1, 6});
+       },
+       "a c e b d|1 2 3 4 5",
+       {1, 4}},
       {"insert where it stands",
        kFive,
        [](auto& e) {
