@@ -19,6 +19,8 @@ class PrintedReport {
   /// What its file is called if nobody calls it otherwise.
   virtual QString DocumentName() const = 0;
   virtual QPageLayout::Orientation Orientation() const { return QPageLayout::Portrait; }
+  /// What a page of it takes; on a lower area it is painted smaller.
+  virtual double LeastHeight() const { return 1; }
   virtual int Pages(const QSizeF&) const { return 1; }
   /// Paints the page, which counts from 0, on an area that begins at the painter's origin.
   virtual void PaintPage(QPainter& painter, const QSizeF& area, int page) const = 0;

@@ -13,6 +13,7 @@ class PrintedStatistics : public PrintedReport {
   QString Title() const override;
   QString Subtitle() const override;
   QString DocumentName() const override;
+  double LeastHeight() const override { return 545; }
   void PaintPage(QPainter& painter, const QSizeF& area, int page) const override;
 
  private:

@@ -13,6 +13,7 @@ class PrintedTimeSummary : public PrintedReport {
   QString Title() const override;
   QString Subtitle() const override;
   QString DocumentName() const override;
+  double LeastHeight() const override { return 455; }
   void PaintPage(QPainter& painter, const QSizeF& area, int page) const override;
 
  private:

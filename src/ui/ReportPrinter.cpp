@@ -1,11 +1,13 @@
 #include "ui/ReportPrinter.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QScreen>
+#include <QShortcut>
 #include <algorithm>
 
 #include "ui/PrintedReport.h"
@@ -61,7 +63,9 @@ bool PrintReport(const PrintedReport& report, QPrinter& printer) {
     painter.setRenderHint(QPainter::Antialiasing);
     PaintHead(painter, report, whole.width(), QStringLiteral("Page %1 of %2").arg(page).arg(pages));
     painter.translate(0, kHeadHeight);
-    report.PaintPage(painter, area, page - 1);
+    const double shrink = std::min(1.0, area.height() / report.LeastHeight());
+    painter.scale(shrink, shrink);
+    report.PaintPage(painter, area / shrink, page - 1);
     painter.restore();
   }
   return painter.end() && printer.printerState() != QPrinter::Error;
@@ -78,6 +82,13 @@ void PreviewReport(const PrintedReport& report, QWidget* form) {
                      if (PrintReport(report, *to)) return;
                      QMessageBox::warning(form, QStringLiteral("Orvex"),
                                           QStringLiteral("The report could not be printed."));
+                   });
+  // The toolbar hides its buttons on a small screen, and is out of the keyboard's reach.
+  QObject::connect(new QShortcut(QKeySequence::Print, &preview), &QShortcut::activated, &preview,
+                   [&preview] {
+                     for (QAction* action : preview.findChildren<QAction*>()) {
+                       if (action->iconText() == QLatin1String("Print")) return action->trigger();
+                     }
                    });
   preview.resize(QSize(kPreviewWidth, kPreviewHeight).boundedTo(form->screen()->availableSize()));
   preview.exec();

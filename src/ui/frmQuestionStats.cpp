@@ -1,6 +1,7 @@
 #include "ui/frmQuestionStats.h"
 
 #include <QCloseEvent>
+#include <QTimer>
 #include <utility>
 
 #include "model/prompter.h"
@@ -84,7 +85,8 @@ void frmQuestionStats::ShowLegend() {
 
 void frmQuestionStats::Refresh() {
   if (statistics_.message.empty() || std::exchange(told_, true)) return;
-  prompter_.Tell(statistics_.message);
+  // When whoever opened the form has gone: the message is about this one.
+  QTimer::singleShot(0, this, [this] { prompter_.Tell(statistics_.message); });
 }
 
 void frmQuestionStats::closeEvent(QCloseEvent* event) {

@@ -100,6 +100,7 @@ TEST(QuestionStatsForm, TellsOnceWhatKeptItFromBeingFilled) {
   prompter.Expect("Questions need to be cleaned up first.", Answer::ok);
   form.Refresh();
   form.Refresh();
+  Settle();
   EXPECT_TRUE(form.isVisible());
   EXPECT_EQ(Find<QLabel>(form, "Label1_0")->text(), QLatin1String("3"));
   EXPECT_EQ(Find<QLabel>(form, "Label13")->text(), QLatin1String(""));
