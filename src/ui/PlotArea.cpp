@@ -76,9 +76,13 @@ class PlotRow : public QLabel {
 }  // namespace
 
 PlotArea::PlotArea(QWidget* parent)
-    : QScrollArea(parent), frame_(new QWidget(this)), headings_(new QWidget(frame_)) {
+    : QScrollArea(parent),
+      frame_(new QWidget(this)),
+      headings_(new QWidget(frame_)),
+      rulerFrame_(new QWidget(this)) {
   setWidgetResizable(true);
   setFocusPolicy(Qt::StrongFocus);
+  rulerFrame_->setAutoFillBackground(true);
 }
 
 void PlotArea::Show(const QuestionPlot& plot) {
@@ -102,6 +106,10 @@ void PlotArea::Show(const QuestionPlot& plot) {
   layout->addStretch(1);
   horizontalScrollBar()->setSingleStep(static_cast<int>(std::ceil(grid.CellWidth())));
   verticalScrollBar()->setSingleStep(rowHeight);
+  auto* ruler = new PlotRow(grid, ToQt(plot.PlotRows[kRulerRow]), plot.columns);
+  ruler->setParent(rulerFrame_);
+  ruler->setFixedWidth(ruler->Width());
+  ruler_ = ruler;
   setWidget(rows);
   BuildHeadings(rowHeight);
 }
@@ -137,6 +145,12 @@ void PlotArea::PlaceHeadings() {
   frame_->setGeometry(frameWidth(), seen.top(), seen.left() - frameWidth(), seen.height());
   const int height = widget() ? std::max(widget()->height(), seen.height()) : seen.height();
   headings_->setGeometry(0, -verticalScrollBar()->value(), frame_->width(), height);
+  const bool cut = verticalScrollBar()->maximum() > 0;
+  rulerFrame_->setVisible(cut && ruler_);
+  if (!cut || !ruler_) return;
+  rulerFrame_->setGeometry(seen.left(), seen.bottom() + 1 - ruler_->height(), seen.width(),
+                           ruler_->height());
+  ruler_->move(kGap - horizontalScrollBar()->value(), 0);
 }
 
 void PlotArea::resizeEvent(QResizeEvent* event) {

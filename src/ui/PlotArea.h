@@ -8,7 +8,8 @@ class QVBoxLayout;
 
 namespace orvex {
 
-/// The question plot. Its rows scroll; the headings beside them stay.
+/// The question plot. Its rows scroll; the headings beside them stay, and where the rows do not all
+/// fit, the ruler stays beneath them.
 class PlotArea : public QScrollArea {
   Q_OBJECT
 
@@ -27,6 +28,8 @@ class PlotArea : public QScrollArea {
 
   QWidget* frame_;     ///< what is seen of the headings
   QWidget* headings_;  ///< moves with the rows
+  QWidget* rulerFrame_;
+  QWidget* ruler_ = nullptr;  ///< moves with the columns
 };
 
 }  // namespace orvex
