@@ -38,46 +38,6 @@ fs::path FollowLinks(const fs::path& path) {
   return target;
 }
 
-/// A file beside `target` that takes the target's place, or else leaves no trace.
-class Replacement {
- public:
-  Replacement(Storage& storage, const fs::path& target, mode_t mode) : storage_(storage) {
-    const std::string stem = ".orvex-" + std::to_string(::getpid()) + "-";
-    constexpr int kMostNames = 1000;
-    for (int number = 1; descriptor_ < 0 && number <= kMostNames; ++number) {
-      path_ = target.parent_path() / (stem + std::to_string(number) + ".tmp");
-      constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
-      descriptor_ = Uninterrupted([&] { return storage_.Open(path_.c_str(), kFlags, mode); });
-      if (descriptor_ < 0 && errno != EEXIST) break;
-    }
-    if (descriptor_ < 0) throw FileError(target, errno);
-  }
-  ~Replacement() {
-    if (descriptor_ >= 0) storage_.Close(descriptor_);
-    if (!path_.empty()) storage_.Unlink(path_.c_str());
-  }
-  Replacement(const Replacement&) = delete;
-  Replacement& operator=(const Replacement&) = delete;
-
-  int Descriptor() const { return descriptor_; }
-
-  bool Close() {
-    // An interrupted close has closed the file, and the data is on the disk by then.
-    return storage_.Close(std::exchange(descriptor_, -1)) == 0 || errno == EINTR;
-  }
-
-  bool MoveTo(const fs::path& target) {
-    if (storage_.Rename(path_.c_str(), target.c_str()) != 0) return false;
-    path_.clear();
-    return true;
-  }
-
- private:
-  Storage& storage_;
-  fs::path path_;
-  int descriptor_ = -1;
-};
-
 /// Gives a file the owner of `old`, as far as the user may: at least the group, where that is
 /// allowed. False with `errno` set when it fails for another reason.
 bool TakeOver(Storage& storage, int descriptor, const struct stat& made, const struct stat& old) {
@@ -95,37 +55,76 @@ bool TakeOver(Storage& storage, int descriptor, const struct stat& made, const s
 
 }  // namespace
 
-void ReplaceFile(Storage& storage, const fs::path& path, std::string_view bytes) {
-  const auto require = [&path](bool done) {
-    if (!done) throw FileError(path, errno);
-  };
-  const fs::path target = FollowLinks(path);
-  struct stat old = {};
-  const bool exists = ::stat(target.c_str(), &old) == 0;
-  require(exists || errno == ENOENT);
-  if (exists && !S_ISREG(old.st_mode)) throw FileError(path, "not a regular file");
+FileReplacement::FileReplacement(Storage& storage, fs::path path)
+    : storage_(storage), path_(std::move(path)), target_(FollowLinks(path_)) {
+  exists_ = ::stat(target_.c_str(), &old_) == 0;
+  Require(exists_ || errno == ENOENT);
+  if (exists_ && !S_ISREG(old_.st_mode)) throw FileError(path_, "not a regular file");
   // A rename would replace a file that somebody has protected.
-  require(!exists || ::access(target.c_str(), W_OK) == 0);
+  Require(!exists_ || ::access(target_.c_str(), W_OK) == 0);
+  OpenTemporary(exists_ ? kPrivate : kAsTheUserLikes);
+  const bool known = ::fstat(descriptor_, &made_) == 0;
+  if (!known) {
+    const int cause = errno;
+    Discard();
+    throw FileError(path_, cause);
+  }
+  mode_ = made_.st_mode & kModeBits;
+  if (!exists_ && SetMode(kPrivate)) mode_ = kPrivate;
+}
 
-  Replacement file(storage, target, exists ? kPrivate : kAsTheUserLikes);
-  struct stat made = {};
-  require(::fstat(file.Descriptor(), &made) == 0);
-  const mode_t wanted = (exists ? old.st_mode : made.st_mode) & kModeBits;
-  mode_t mode = made.st_mode & kModeBits;
-  const auto setMode = [&](mode_t bits) {
-    return Uninterrupted([&] { return storage.SetMode(file.Descriptor(), bits); }) == 0;
-  };
-  if (!exists && setMode(kPrivate)) mode = kPrivate;
+FileReplacement::~FileReplacement() {
+  Discard();
+}
 
-  require(WriteAll(storage, file.Descriptor(), bytes) == bytes.size());
-  if (exists) require(TakeOver(storage, file.Descriptor(), made, old));
+void FileReplacement::Require(bool done) const {
+  if (!done) throw FileError(path_, errno);
+}
+
+bool FileReplacement::SetMode(mode_t bits) {
+  return Uninterrupted([&] { return storage_.SetMode(descriptor_, bits); }) == 0;
+}
+
+void FileReplacement::OpenTemporary(mode_t mode) {
+  const std::string stem = ".orvex-" + std::to_string(::getpid()) + "-";
+  constexpr int kMostNames = 1000;
+  for (int number = 1; descriptor_ < 0 && number <= kMostNames; ++number) {
+    temporary_ = target_.parent_path() / (stem + std::to_string(number) + ".tmp");
+    constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    descriptor_ = Uninterrupted([&] { return storage_.Open(temporary_.c_str(), kFlags, mode); });
+    if (descriptor_ < 0 && errno != EEXIST) break;
+  }
+  if (descriptor_ < 0) throw FileError(target_, errno);
+}
+
+void FileReplacement::Discard() {
+  if (descriptor_ >= 0) storage_.Close(std::exchange(descriptor_, -1));
+  if (!temporary_.empty()) storage_.Unlink(temporary_.c_str());
+  temporary_.clear();
+}
+
+void FileReplacement::Write(std::string_view bytes) {
+  Require(WriteAll(storage_, descriptor_, bytes) == bytes.size());
+}
+
+void FileReplacement::Commit() {
+  if (exists_) Require(TakeOver(storage_, descriptor_, made_, old_));
   // A stick's file system has one mode for all files and refuses to be given it.
-  if (mode != wanted) require(setMode(wanted));
-  require(Uninterrupted([&] { return storage.Sync(file.Descriptor()); }) == 0);
-  require(file.Close());
-  require(file.MoveTo(target));
+  const mode_t wanted = (exists_ ? old_.st_mode : made_.st_mode) & kModeBits;
+  if (mode_ != wanted) Require(SetMode(wanted));
+  Require(Uninterrupted([&] { return storage_.Sync(descriptor_); }) == 0);
+  // An interrupted close has closed the file, and the data is on the disk by then.
+  Require(storage_.Close(std::exchange(descriptor_, -1)) == 0 || errno == EINTR);
+  Require(storage_.Rename(temporary_.c_str(), target_.c_str()) == 0);
+  temporary_.clear();
   // From here on the new content is in place, but a power cut might still bring the old one back.
-  require(SyncFolder(storage, target.parent_path()) == 0);
+  Require(SyncFolder(storage_, target_.parent_path()) == 0);
+}
+
+void ReplaceFile(Storage& storage, const fs::path& path, std::string_view bytes) {
+  FileReplacement file(storage, path);
+  file.Write(bytes);
+  file.Commit();
 }
 
 namespace {

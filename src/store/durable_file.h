@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/stat.h>
+
 #include <cstddef>
 #include <filesystem>
 #include <string>
@@ -15,6 +17,36 @@ class Storage;
 /// file is then untouched, except when the very last step fails, the sync of the folder: the new
 /// content is in place then, but a power cut might still bring the old one back.
 void ReplaceFile(Storage& storage, const std::filesystem::path& path, std::string_view bytes);
+
+/// The same for a content that comes piece by piece: it gathers in a file of its own beside the one
+/// at `path` and takes its place with `Commit`. Until then, and without it, the old file stays. All
+/// throw FileError.
+class FileReplacement {
+ public:
+  FileReplacement(Storage& storage, std::filesystem::path path);
+  ~FileReplacement();
+  FileReplacement(const FileReplacement&) = delete;
+  FileReplacement& operator=(const FileReplacement&) = delete;
+
+  void Write(std::string_view bytes);
+  void Commit();
+
+ private:
+  void Require(bool done) const;
+  bool SetMode(mode_t bits);
+  void OpenTemporary(mode_t mode);
+  void Discard();
+
+  Storage& storage_;
+  std::filesystem::path path_;       ///< as it was asked for
+  std::filesystem::path target_;     ///< what it stands for
+  std::filesystem::path temporary_;  ///< empty once it has taken its place
+  int descriptor_ = -1;
+  bool exists_ = false;
+  struct stat old_ = {};   ///< of the old file, if there is one
+  struct stat made_ = {};  ///< of the temporary
+  mode_t mode_ = 0;        ///< the temporary's
+};
 
 /// The bytes of a file. Throws FileError; a folder, anything else that is not a regular file, and
 /// a file of more than 512 MiB is an error.

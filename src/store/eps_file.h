@@ -26,6 +26,17 @@ struct EpsObservation {
   EpisodeList Episodes;
 };
 
+/// The seven question counts of an episode's summary.
+struct QuestionCounts {
+  int authenticTeacher = 0;
+  int authenticStudent = 0;
+  int teacher = 0;
+  int student = 0;
+  int unanswered = 0;
+  int uptakeTest = 0;
+  int allDefault = 0;  ///< Source, Response, Authenticity, Uptake and Cognitive Level all 0
+};
+
 /// What the reader has to say while it reads.
 class EpsReadEvents {
  public:
@@ -34,6 +45,14 @@ class EpsReadEvents {
   virtual bool ContinueWithEarlierVersion() = 0;
   /// The first segment of episode `ep` had another activity than the episode; it has been repaired.
   virtual void FirstSegmentRepaired(int ep) = 0;
+
+  /// For a reader that takes the episodes one by one. The header says that so many will follow.
+  virtual void EpisodesToCome(int /*count*/) {}
+  /// Whether the question counts that the file states are wanted: they must fit 16 bits then.
+  virtual bool WantsCounts() const { return false; }
+  /// Episode `ep` has been read to its last question. `stated` are its counts, when wanted.
+  virtual void EpisodeRead(int /*ep*/, const Episode& /*episode*/,
+                           const QuestionCounts& /*stated*/) {}
 };
 
 /// The reader was told not to go on with a file of an earlier version.
@@ -50,16 +69,7 @@ std::string FormatEps(const EpsHeader& header, const EpisodeList& episodes);
 void WriteEpsFile(Storage& storage, const std::filesystem::path& path, const EpsHeader& header,
                   const EpisodeList& episodes);
 
-/// The seven question counts of an episode's summary.
-struct QuestionCounts {
-  int authenticTeacher = 0;
-  int authenticStudent = 0;
-  int teacher = 0;
-  int student = 0;
-  int unanswered = 0;
-  int uptakeTest = 0;
-  int allDefault = 0;  ///< Source, Response, Authenticity, Uptake and Cognitive Level all 0
-};
+/// The counts of `episode`, as they are written.
 QuestionCounts EpisodeQuestionCounts(const Episode& episode);
 
 /// Cuts the marker "(<----- ep ; seg ----->)" off the end of `text` and stores its numbers. Without

@@ -63,6 +63,12 @@ std::optional<Marker> FindMarker(std::string_view line) {
   return Marker{open, *shortEp, *shortSg};
 }
 
+/// What a file states of an episode's questions.
+struct Summary {
+  int questions = 0;
+  QuestionCounts counts;
+};
+
 class EpsReader {
  public:
   EpsReader(const DecodedText& file, EpsReadEvents& events) : fields_(file.text), events_(events) {
@@ -71,10 +77,12 @@ class EpsReader {
 
   EpsObservation Read() {
     const int episodes = ReadHeader();
+    events_.EpisodesToCome(episodes);
     for (int ep = 1; ep <= episodes; ++ep) ReadEpisode(ep);
     for (std::size_t i = 0; i < observation_.Episodes.size(); ++i) ReadSummary(i);
     for (std::size_t i = 0; i < observation_.Episodes.size(); ++i) {
-      ReadQuestions(observation_.Episodes[i], questionCounts_[i]);
+      ReadQuestions(observation_.Episodes[i], summaries_[i].questions);
+      events_.EpisodeRead(static_cast<int>(i + 1), observation_.Episodes[i], summaries_[i].counts);
     }
     return std::move(observation_);
   }
@@ -127,7 +135,7 @@ class EpsReader {
       }
     }
     observation_.Episodes.push_back(std::move(episode));
-    questionCounts_.push_back(questions);
+    summaries_.push_back({.questions = questions, .counts = {}});
   }
 
   SegmentData ReadSegment() {
@@ -154,12 +162,25 @@ class EpsReader {
   }
 
   void ReadSummary(std::size_t episode) {
-    if (questionCounts_[episode] > 0) {
-      constexpr int kCounts = 7;
-      for (int i = 0; i < kCounts; ++i) fields_.SkipNumber("a question count");
+    if (summaries_[episode].questions > 0) {
+      QuestionCounts& stated = summaries_[episode].counts;
+      for (int* count : {&stated.authenticTeacher, &stated.authenticStudent, &stated.teacher,
+                         &stated.student, &stated.unanswered, &stated.uptakeTest,
+                         &stated.allDefault}) {
+        ReadCount(*count);
+      }
       observation_.Episodes[episode].offtask = fields_.Single("the episode's off-task mean");
     }
     for (int i = 0; i < kActivityCount; ++i) fields_.SkipNumber("the time spent in an activity");
+  }
+
+  void ReadCount(int& count) {
+    constexpr std::string_view kWhat = "a question count";
+    if (events_.WantsCounts()) {
+      count = fields_.Integer(kWhat);
+    } else {
+      fields_.SkipNumber(kWhat);
+    }
   }
 
   void ReadQuestions(Episode& episode, int count) {
@@ -190,7 +211,7 @@ class EpsReader {
   FieldReader fields_;
   EpsReadEvents& events_;
   EpsObservation observation_;
-  std::vector<int> questionCounts_;  ///< of each episode, as the file states it
+  std::vector<Summary> summaries_;  ///< of the episodes read so far
 };
 
 }  // namespace

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "export/file_list.h"
+#include "model/episode.h"
+#include "store/eps_file.h"
+
+namespace orvex {
+
+/// What is to be told of a file that was read all the same: it is of an earlier version, or the
+/// first segment of an episode has been repaired.
+using Warn = std::function<void(const std::string& warning)>;
+
+/// Reads on where a form would ask, and passes on what it would say.
+class ReadOn : public EpsReadEvents {
+ public:
+  explicit ReadOn(Warn warn) : warn_(std::move(warn)) {}
+
+  bool ContinueWithEarlierVersion() override;
+  void FirstSegmentRepaired(int ep) override;
+
+ private:
+  Warn warn_;
+};
+
+/// More episodes than this are refused.
+inline constexpr int kMostEpisodes = 100;
+
+/// Appends the row of one episode, line end included. `number` counts from 1; `stated` are the
+/// question counts that the file states.
+void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episode,
+                      const QuestionCounts& stated, std::string& rows);
+
+/// Appends the rows of an episode file. Throws FileError and FormatError; the rows of the episodes
+/// that had been read to their end are there then.
+void AppendEpisodeRows(const std::filesystem::path& path, const Warn& warn, std::string& rows);
+
+}  // namespace orvex

@@ -1,0 +1,33 @@
+#include "export/survey_row.h"
+
+#include <cstddef>
+
+#include "store/file_error.h"
+#include "survey/sur_file.h"
+#include "survey/survey_scheme.h"
+
+namespace orvex {
+
+void AppendSurveyRow(const FileNumbers& file, const Survey& answers, std::string& rows) {
+  rows.append(file.school).append(",").append(file.classNum).append(",").append(file.observation);
+  for (std::size_t group = 0; group < kCheckGroups; ++group) {
+    for (std::size_t item = 0; item < SurveyGroups()[group].items.size(); ++item) {
+      rows += answers.checks[group].test(item) ? ", 1 " : ", 0 ";
+    }
+  }
+  for (const std::int16_t rating : answers.ratings) {
+    rows.append(", ").append(std::to_string(rating)).append(" ");
+  }
+  rows += "\r\n";
+}
+
+void AppendSurveyRow(const std::filesystem::path& path, std::string& rows) {
+  const std::string name = path.filename().string();
+  const auto numbers = NumbersOf(name);
+  if (!numbers) {
+    throw FileError(path, "expected a name with school, class and observation, like 5-12-3");
+  }
+  AppendSurveyRow(*numbers, ReadSurFile(path).answers, rows);
+}
+
+}  // namespace orvex

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "export/file_list.h"
+#include "survey/survey.h"
+
+namespace orvex {
+
+/// Appends the row of one survey, line end included.
+void AppendSurveyRow(const FileNumbers& file, const Survey& answers, std::string& rows);
+
+/// Appends the row of a survey file. Throws FileError and FormatError.
+void AppendSurveyRow(const std::filesystem::path& path, std::string& rows);
+
+}  // namespace orvex
