@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace orvex {
+
+/// Appends one JSON value to a text, piece by piece. Whoever writes opens and closes in pairs.
+class Json {
+ public:
+  explicit Json(std::string& text) : text_(text) {}
+
+  Json& Key(std::string_view name);
+  Json& BeginObject() { return Begin('{'); }
+  Json& EndObject() { return End('}'); }
+  Json& BeginArray() { return Begin('['); }
+  Json& EndArray() { return End(']'); }
+  /// `text` is UTF-8.
+  Json& Text(std::string_view text);
+  Json& Number(std::int64_t number);
+  Json& Number(double number);
+  /// A number of seconds, as a whole one.
+  Json& Seconds(double seconds);
+  Json& Bool(bool value) { return Literal(value ? "true" : "false"); }
+  Json& Null() { return Literal("null"); }
+
+ private:
+  Json& Begin(char bracket);
+  Json& End(char bracket);
+  Json& Literal(std::string_view literal);
+  void Separate();
+  void Quote(std::string_view text);
+
+  std::string& text_;
+  bool first_ = true;  ///< nothing stands before the next value that a comma would part it from
+};
+
+}  // namespace orvex

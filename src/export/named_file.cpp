@@ -1,0 +1,51 @@
+#include "export/named_file.h"
+
+#include <algorithm>
+#include <string>
+
+#include "export/episode_rows.h"
+
+namespace orvex {
+namespace {
+
+char LowerCase(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+/// Runs `read`; a problem is written.
+template <typename Read>
+auto Reading(const std::filesystem::path& file, const Console& console, Read read) {
+  std::optional<decltype(read())> result;
+  if (const auto problem = ProblemOf(file, [&] { result = read(); })) {
+    console.err << problem->Text() << "\n";
+  }
+  return result;
+}
+
+}  // namespace
+
+FileKind KindOf(const std::filesystem::path& file) {
+  std::string extension = file.extension().string();
+  std::ranges::transform(extension, extension.begin(), LowerCase);
+  if (extension == ".eps") return FileKind::episodes;
+  if (extension == ".sur") return FileKind::survey;
+  return extension == ".nte" ? FileKind::fieldNotes : FileKind::other;
+}
+
+std::optional<EpsObservation> ReadEpisodes(const std::filesystem::path& file,
+                                           const Console& console) {
+  ReadOn events([&](const std::string& warning) {
+    console.err << file.string() << ": warning: " << warning << "\n";
+  });
+  return Reading(file, console, [&] { return ReadEpsFile(file, events); });
+}
+
+std::optional<SurFile> ReadSurvey(const std::filesystem::path& file, const Console& console) {
+  return Reading(file, console, [&] { return ReadSurFile(file); });
+}
+
+void RefuseKind(const std::filesystem::path& file, const Console& console) {
+  console.err << file.string() << ": expected an episode file (.eps) or a survey file (.sur)\n";
+}
+
+}  // namespace orvex

@@ -1,0 +1,70 @@
+#include "export/report_command.h"
+
+#include <optional>
+#include <string>
+
+#include "export/named_file.h"
+#include "export/observation_json.h"
+#include "reports/episode_title.h"
+#include "reports/question_plot.h"
+#include "reports/question_statistics.h"
+#include "reports/time_summary.h"
+
+namespace orvex {
+namespace {
+
+std::string ReportText(const EpsObservation& observation) {
+  const Identity& identity = observation.header.identity;
+  std::string text = TextOf(MakeTimeSummary(observation.header, observation.Episodes));
+  int number = 0;
+  for (const Episode& episode : observation.Episodes) {
+    ++number;
+    text += "\n";
+    if (episode.questions.empty()) {
+      text += EpisodeTitle(identity, number) + "\tno questions\n";
+      continue;
+    }
+    text += TextOf(MakeQuestionStatistics(identity, number, episode)) + "\n" +
+            TextOf(MakeQuestionPlot(identity, number, episode));
+  }
+  return text;
+}
+
+/// The survey beside an episode file. False when there is one that cannot be read.
+bool ReadSurveyBeside(std::filesystem::path file, const Console& console,
+                      std::optional<SurFile>& survey) {
+  std::error_code unknown;
+  file.replace_extension(file.extension() == ".EPS" ? ".SUR" : ".sur");
+  if (!std::filesystem::exists(file, unknown)) return true;
+  survey = ReadSurvey(file, console);
+  return survey.has_value();
+}
+
+bool Report(const std::filesystem::path& file, bool json, bool first, const Console& console) {
+  if (KindOf(file) != FileKind::episodes) {
+    console.err << file.string() << ": expected an episode file (.eps)\n";
+    return false;
+  }
+  const auto observation = ReadEpisodes(file, console);
+  if (!observation) return false;
+  if (!json) {
+    console.out << (first ? "" : "\n\n") << ReportText(*observation);
+    return true;
+  }
+  std::optional<SurFile> survey;
+  const bool whole = ReadSurveyBeside(file, console, survey);
+  console.out << ObservationJson(file, *observation, survey) << "\n";
+  return whole;
+}
+
+}  // namespace
+
+ExitCode Run(const ReportCommand& command, const Console& console) {
+  bool whole = true;
+  for (const std::filesystem::path& file : command.files) {
+    whole &= Report(file, command.json, &file == &command.files.front(), console);
+  }
+  return whole ? kDone : kFailed;
+}
+
+}  // namespace orvex
