@@ -1,11 +1,13 @@
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
-#include <cstdio>
 #include <filesystem>
+#include <variant>
 
+#include "app/command_line.h"
+#include "app/run_command.h"
+#include "export/named_file.h"
 #include "model/program.h"
 #include "model/version.h"
 #include "start/start_up.h"
@@ -16,55 +18,15 @@
 #include "ui/Logo.h"
 #include "ui/QtClock.h"
 #include "ui/QtPrompter.h"
-#include "ui/text.h"
 
 namespace orvex {
 namespace {
-
-constexpr int kWrongUsage = 2;
 
 void NameApplication() {
   QCoreApplication::setApplicationName(QStringLiteral("orvex"));
   QCoreApplication::setApplicationVersion(
       QStringLiteral("%1.%2.%3").arg(kVersionMajor).arg(kVersionMinor).arg(kVersionRevision));
 }
-
-void Print(std::FILE* stream, const QString& text) {
-  std::fputs(FromQt(text).c_str(), stream);
-}
-
-/// What the command line asks for besides the window.
-class CommandLine {
- public:
-  explicit CommandLine(const QStringList& arguments) : version_(parser_.addVersionOption()) {
-    parser_.setApplicationDescription(QStringLiteral("In-class analysis of classroom discourse."));
-    parser_.addOption(help_);
-    // "-platformtheme" is an option of Qt's, not a bundle of ours.
-    parser_.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    understood_ = parser_.parse(arguments);
-  }
-
-  bool AsksForText() const { return parser_.isSet(help_) || parser_.isSet(version_); }
-
-  QString Text() const {
-    if (parser_.isSet(help_)) return parser_.helpText();
-    return QCoreApplication::applicationName() + QLatin1Char(' ') +
-           QCoreApplication::applicationVersion() + QLatin1Char('\n');
-  }
-
-  QString Mistake() const {
-    if (!understood_) return parser_.errorText();
-    const QStringList rest = parser_.positionalArguments();
-    return rest.isEmpty() ? QString() : QStringLiteral("Unexpected argument '%1'.").arg(rest[0]);
-  }
-
- private:
-  QCommandLineParser parser_;
-  const QCommandLineOption help_{{QStringLiteral("h"), QStringLiteral("help")},
-                                 QStringLiteral("Displays this help.")};
-  const QCommandLineOption version_;
-  bool understood_ = false;
-};
 
 Installation ThisInstallation() {
   const QString executableFolder = QCoreApplication::applicationDirPath();
@@ -77,7 +39,16 @@ Installation ThisInstallation() {
           .userFolder = path(userFolder) / "Orvex"};
 }
 
-int RunWindow() {
+/// Shows the form of `file`. False when it has none here, or could not be read.
+bool ShowInForm(Program& program, Screens& screens, const std::filesystem::path& file) {
+  if (KindOf(file) != FileKind::survey) return false;
+  const std::filesystem::path path = std::filesystem::absolute(file);
+  program.DataPath = path.parent_path();  // where it is saved again
+  return screens.ShowSurveyFile(path);
+}
+
+/// With `file` the program begins with its form.
+int RunWindow(const std::filesystem::path& file) {
   Program program;
   Storage storage;
   const QtClock clock;
@@ -85,20 +56,22 @@ int RunWindow() {
   QtPrompter prompter;
   const std::filesystem::path programFolder = ProgramFolder(storage, ThisInstallation());
   Forms forms(program, log, storage, clock, prompter, programFolder);
-  forms.Show(Screen::mainMenu);
-  SettleDataPath(program, programFolder);
+  const auto showMenu = [&] {
+    forms.Show(Screen::mainMenu);
+    SettleDataPath(program, programFolder);
+  };
+  if (file.empty() || !ShowInForm(program, forms, file)) showMenu();
   return QApplication::exec();
 }
 
 int Main(int argc, char* argv[]) {
   NameApplication();
   {
-    // Help and version need no display, which a QApplication would insist on.
+    // Commands, help and version need no display, which a QApplication would insist on.
     const QCoreApplication application(argc, argv);
-    const CommandLine commandLine(QCoreApplication::arguments());
-    if (commandLine.AsksForText()) {
-      Print(stdout, commandLine.Text());
-      return 0;
+    const QStringList arguments = QCoreApplication::arguments();
+    if (IsCommand(arguments) || AsksForText(arguments)) {
+      return RunCommand(ReadCommandLine(arguments));
     }
   }
   const QApplication application(argc, argv);
@@ -106,12 +79,9 @@ int Main(int argc, char* argv[]) {
   HeldKeys heldKeys;
   qApp->installEventFilter(&heldKeys);
   // Qt has taken its own options off the arguments by now; what is left must be the program's.
-  const CommandLine commandLine(QCoreApplication::arguments());
-  if (const QString mistake = commandLine.Mistake(); !mistake.isEmpty()) {
-    Print(stderr, mistake + QLatin1Char('\n'));
-    return kWrongUsage;
-  }
-  return RunWindow();
+  const Request request = ReadCommandLine(QCoreApplication::arguments());
+  const auto* window = std::get_if<OpenWindow>(&request);
+  return window ? RunWindow(window->file) : RunCommand(request);
 }
 
 }  // namespace

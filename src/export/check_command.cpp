@@ -87,7 +87,7 @@ void CheckFile(const std::filesystem::path& file, const Console& console, Tally&
 
 }  // namespace
 
-ExitCode Check(const std::vector<std::filesystem::path>& files, const Console& console) {
+ExitCode RunCheck(const std::vector<std::filesystem::path>& files, const Console& console) {
   Tally tally;
   for (const std::filesystem::path& file : files) CheckFile(file, console, tally);
   console.out << Counted(tally.files, "file") << " checked: " << tally.incomplete << " of "

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <functional>
 #include <cstddef>
+#include <functional>
 #include <ostream>
 #include <string>
 
@@ -18,8 +18,8 @@ enum ExitCode : int {
 struct Console {
   std::ostream& out;
   std::ostream& err;
-  bool showsProgress = false;         ///< `err` is a terminal
-  std::function<bool()> interrupted;  ///< whether the user wants it to end; may be none
+  bool showsProgress = false;              ///< `err` is a terminal
+  std::function<bool()> interrupted = {};  ///< whether the user wants it to end; may be none
 };
 
 /// What a count counts: "1 file", "2 files".

@@ -60,8 +60,8 @@ Csv& Csv::Number(std::int64_t number) {
 
 Csv& Csv::Number(float number) {
   std::array<char, 64> digits{};  // the smallest single has 45 behind its point
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
-                                 std::chars_format::fixed);
+  const auto end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
   return Code({digits.data(), end.ptr});
 }
 

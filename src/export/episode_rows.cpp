@@ -108,9 +108,9 @@ void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episod
     AppendSeconds(time, rows);
     rows += ',';
   }
-  for (const int count : {stated.authenticTeacher, stated.authenticStudent, stated.teacher,
-                          stated.student, stated.unanswered, stated.uptakeTest,
-                          stated.allDefault}) {
+  for (const int count :
+       {stated.authenticTeacher, stated.authenticStudent, stated.teacher, stated.student,
+        stated.unanswered, stated.uptakeTest, stated.allDefault}) {
     rows += ',';
     AppendNumber(count, rows);
   }

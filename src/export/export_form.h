@@ -30,6 +30,7 @@ class ExportForm {
   /// Ends the table with the file that is in work.
   void Stop();
   bool Running() const { return running_; }
+  bool Stopping() const { return stopping_; }
 
   std::size_t Count() const { return list_.files.size(); }
   std::size_t Done() const { return export_ ? export_->Done() : 0; }

@@ -14,6 +14,7 @@
 #include "reports/question_plot.h"
 #include "reports/time_summary.h"
 #include "store/numbers.h"
+#include "store/text_encoding.h"
 
 namespace orvex {
 namespace {
@@ -44,9 +45,9 @@ void AddHeader(const EpsObservation& observation, Json& json) {
 std::string LabelOf(const Episode& episode) {
   if (episode.segments.empty()) return "";
   const int activity = episode.segments.front().activityNum;
-  const std::string name =
-      IsActivity(activity) ? std::string(ActivityNames[static_cast<std::size_t>(activity - 1)])
-                           : std::to_string(activity);
+  const std::string name = IsActivity(activity)
+                               ? std::string(ActivityNames[static_cast<std::size_t>(activity - 1)])
+                               : std::to_string(activity);
   return name + ": " + std::to_string(episode.nQAs()) + " Question(s)" +
          (episode.bReview == "Y" ? " (Review Session)" : "");
 }
@@ -199,7 +200,7 @@ std::string ObservationJson(const std::filesystem::path& file, const EpsObservat
                             const std::optional<SurFile>& survey) {
   std::string text;
   Json json(text);
-  json.BeginObject().Key("file").Text(file.string());
+  json.BeginObject().Key("file").Text(Decode(file.string()).text);
   AddHeader(observation, json);
   json.Key("episodes").BeginArray();
   int number = 0;

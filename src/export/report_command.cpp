@@ -59,7 +59,7 @@ bool Report(const std::filesystem::path& file, bool json, bool first, const Cons
 
 }  // namespace
 
-ExitCode Run(const ReportCommand& command, const Console& console) {
+ExitCode RunReport(const ReportCommand& command, const Console& console) {
   bool whole = true;
   for (const std::filesystem::path& file : command.files) {
     whole &= Report(file, command.json, &file == &command.files.front(), console);

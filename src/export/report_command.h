@@ -11,9 +11,9 @@ namespace orvex {
 /// of its episodes. With `json` each file is one line, an object that also holds what was read, and
 /// the survey that lies beside the file.
 struct ReportCommand {
-  std::vector<std::filesystem::path> files;
+  std::vector<std::filesystem::path> files = {};
   bool json = false;
 };
-ExitCode Run(const ReportCommand& command, const Console& console);
+ExitCode RunReport(const ReportCommand& command, const Console& console);
 
 }  // namespace orvex

@@ -82,15 +82,14 @@ ExitCode OrFailed(const Console& console, Command command) {
 
 }  // namespace
 
-ExitCode Run(const ExportCommand& command, Storage& storage, const Console& console) {
+ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console& console) {
   return OrFailed(console, [&] {
     Progress progress(console);
     const auto warnOf = [&](const std::filesystem::path& file, const std::string& warning) {
       progress.Clear();
       console.err << file.string() << ": warning: " << warning << "\n";
     };
-    TableExport table(storage,
-                      command.kind == ExportKind::epsData ? EpsData(warnOf) : SurData(),
+    TableExport table(storage, command.kind == ExportKind::epsData ? EpsData(warnOf) : SurData(),
                       ReadFileList(command.list), TableFolder(command.list, command.output),
                       command.keepGoing ? BadFile::isSkipped : BadFile::endsTheTable);
     const Outcome outcome = Make(table, console, progress);
@@ -100,7 +99,7 @@ ExitCode Run(const ExportCommand& command, Storage& storage, const Console& cons
   });
 }
 
-ExitCode Run(const TableCommand& command, Storage& storage, const Console& console) {
+ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& console) {
   return OrFailed(console, [&] {
     Progress progress(console);
     const auto warnOf = [&](const std::filesystem::path& file, const std::string& warning) {

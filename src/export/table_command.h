@@ -13,19 +13,19 @@ class Storage;
 /// `orvex export`: makes EPSDATA.TXT or SURDATA.TXT.
 struct ExportCommand {
   ExportKind kind = ExportKind::epsData;
-  std::filesystem::path list;
-  std::filesystem::path output;  ///< the table's folder; the list's when it is empty
-  bool keepGoing = false;        ///< leaves bad files out instead of ending the table with them
+  std::filesystem::path list = {};
+  std::filesystem::path output = {};  ///< the table's folder; the list's when it is empty
+  bool keepGoing = false;  ///< leaves bad files out instead of ending the table with them
 };
-ExitCode Run(const ExportCommand& command, Storage& storage, const Console& console);
+ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console& console);
 
 /// `orvex table`: makes a tidy table. Bad files are left out.
 struct TableCommand {
   TidyTable table = TidyTable::questions;
-  std::filesystem::path list;
-  std::filesystem::path output;
+  std::filesystem::path list = {};
+  std::filesystem::path output = {};
   bool codebook = false;  ///< also writes the table of the variables
 };
-ExitCode Run(const TableCommand& command, Storage& storage, const Console& console);
+ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& console);
 
 }  // namespace orvex

@@ -22,8 +22,9 @@ const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"questions", {"observe", "start", "store", "model"}},
     {"editor", {"questions", "store", "model"}},
     {"reports", {"store", "model"}},
-    {"ui", {"editor", "reports", "questions", "observe", "start", "survey", "store", "model"}},
-    {"app", {"ui", "editor", "reports", "questions", "observe", "start", "store", "model"}},
+    {"export", {"reports", "survey", "store", "model"}},
+    {"ui", {"editor", "export", "reports", "questions", "observe", "start", "survey", "store", "model"}},
+    {"app", {"ui", "editor", "export", "reports", "questions", "observe", "start", "store", "model"}},
 };
 
 /// The folder that a line includes from; "" when it includes none of ours.

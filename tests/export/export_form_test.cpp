@@ -1,0 +1,135 @@
+// The form of the exports, tick by tick.
+
+#include "export/export_form.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "support/desk.h"
+
+namespace orvex {
+namespace {
+
+using Moves = std::vector<std::string>;
+
+struct ListDesk : test::Desk {
+  explicit ListDesk(const std::string& list) {
+    test::PutFile(folder / "LIST.TXT", list);
+    for (const char* file : {"17-17-7", "11-4-2"}) {
+      for (const char* extension : {".eps", ".sur"}) {
+        const std::string name = std::string(file) + extension;
+        test::PutFile(folder / name, test::FileBytes(test::TestData("class/" + name)));
+      }
+    }
+  }
+  std::string Table(const char* name) const { return test::FileBytes(folder / name); }
+};
+
+void TickToTheEnd(ExportForm& form) {
+  for (int ticks = 0; form.Running() && ticks < 100; ++ticks) form.Tick();
+  EXPECT_FALSE(form.Running());
+}
+
+TEST(ExportForm, DoesOneFileATickAndEndsTheProgram) {
+  ListDesk desk("17-17-7\r\n\r\n11-4-2\r\n");
+  ExportForm form(desk.services, ExportKind::epsData, desk.folder / "LIST.TXT");
+  std::string shown;
+  while (form.Done() < form.Count()) {
+    shown += form.NameOf(form.InWork()) + ", " + form.CountText() + "; ";
+    form.Tick();
+  }
+  EXPECT_EQ(shown, "17-17-7.eps, 0 of 2 files; 11-4-2.eps, 1 of 2 files; ");
+  EXPECT_TRUE(form.Running());
+  desk.prompter.Expect("EPSDATA file has been created.", Answer::ok, [&] {
+    form.Tick();  // the timer goes on while the box is open
+    EXPECT_FALSE(desk.Table("EPSDATA.TXT").empty());
+  });
+  form.Tick();
+  EXPECT_EQ(desk.screens.Take(), Moves{"end"});
+  EXPECT_FALSE(form.Running());
+}
+
+TEST(ExportForm, MakesATableWithoutRowsOfAnEmptyList) {
+  ListDesk desk("\r\n");
+  ExportForm form(desk.services, ExportKind::surData, desk.folder / "LIST.TXT");
+  desk.prompter.Expect("SURDATA file has been created.", Answer::ok);
+  TickToTheEnd(form);
+  EXPECT_TRUE(std::filesystem::exists(desk.folder / "SURDATA.TXT"));
+  EXPECT_EQ(desk.Table("SURDATA.TXT"), "");
+}
+
+struct Failure {
+  ExportKind kind;
+  const char* list;
+  const char* file;  ///< of the samples, which becomes the second file of the list
+  const char* message;
+  const char* details;
+};
+
+TEST(ExportForm, SaysWhatIsWrongAndGoesBackToTheMenu) {
+  const Failure cases[] = {
+      {ExportKind::epsData, "17-17-7\n\n5-12-3\n11-4-2\n", "",
+       "A file of the list could not be exported.",
+       "Line 3 of LIST.TXT: 5-12-3.eps: No such file or directory.\n"
+       "EPSDATA.TXT holds the 3 rows written so far."},
+      {ExportKind::epsData, "17-17-7\n5-12-3\n", "bad/text-in-P1-0.eps", "Invalid file format",
+       "Line 2 of LIST.TXT: 5-12-3.eps, line 24: expected a question count.\n"
+       "EPSDATA.TXT holds the 3 rows written so far."},
+      {ExportKind::surData, "17-17-7\n5-12-3\n", "bad/rating5-is-x.sur", "Invalid file format",
+       "Line 2 of LIST.TXT: 5-12-3.sur, line 32: expected a rating: a button number or N/A.\n"
+       "SURDATA.TXT holds the 1 row written so far."},
+  };
+  for (const auto& [kind, list, file, message, details] : cases) {
+    SCOPED_TRACE(details);
+    ListDesk desk(list);
+    if (*file != '\0') {
+      const std::string extension = std::filesystem::path(file).extension();
+      test::PutFile(desk.folder / ("5-12-3" + extension), test::FileBytes(test::TestData(file)));
+    }
+    ExportForm form(desk.services, kind, desk.folder / "LIST.TXT");
+    desk.prompter.Expect(message, Answer::ok,
+                         [&] { EXPECT_EQ(form.NameOf(form.InWork()).substr(0, 6), "5-12-3"); });
+    TickToTheEnd(form);
+    EXPECT_EQ(desk.prompter.asked.back().details, details);
+    EXPECT_EQ(desk.screens.Take(), Moves{"show mainMenu"});
+  }
+}
+
+TEST(ExportForm, StopsBetweenTwoFiles) {
+  ListDesk desk("17-17-7\n11-4-2\n");
+  ExportForm form(desk.services, ExportKind::epsData, desk.folder / "LIST.TXT");
+  while (form.Done() < 1) form.Tick();
+  form.Stop();
+  desk.prompter.Expect("The export was stopped.", Answer::ok);
+  TickToTheEnd(form);
+  EXPECT_EQ(desk.prompter.asked.back().details,
+            "EPSDATA.TXT holds the 3 rows written so far. The files from 11-4-2.eps on are not in "
+            "it.");
+  EXPECT_EQ(std::ranges::count(desk.Table("EPSDATA.TXT"), '\n'), 3);
+  EXPECT_EQ(desk.screens.Take(), Moves{"show mainMenu"});
+}
+
+TEST(ExportForm, TellsOfAListAndATableThatTheDiskRefuses) {
+  ListDesk desk("17-17-7\n");
+  ExportForm none(desk.services, ExportKind::epsData, desk.folder / "NONE.TXT");
+  desk.prompter.Expect("The list of files could not be read.", Answer::ok);
+  TickToTheEnd(none);
+  std::filesystem::create_directory(desk.folder / "EPSDATA.TXT");
+  ExportForm form(desk.services, ExportKind::epsData, desk.folder / "LIST.TXT");
+  desk.prompter.Expect("EPSDATA.TXT could not be written.", Answer::ok);
+  TickToTheEnd(form);
+  EXPECT_EQ(desk.screens.Take(), (Moves{"show mainMenu", "show mainMenu"}));
+}
+
+TEST(ExportForm, StartsTheDialogWhereListsAreKept) {
+  ListDesk desk("");
+  desk.prompter.ExpectFile({.path = desk.folder / "LIST.TXT", .folder = desk.folder.Path()});
+  EXPECT_EQ(ChooseListFile(desk.services, ExportKind::surData), desk.folder / "LIST.TXT");
+  EXPECT_EQ(desk.prompter.askedFiles.back().folder, R"(n:\disc\varnel\sur)");
+  EXPECT_EQ(desk.prompter.askedFiles.back().filter, "TXT files (*.TXT)|*.TXT");
+  EXPECT_EQ(desk.program.DataPath, desk.folder.Path());
+}
+
+}  // namespace
+}  // namespace orvex
