@@ -213,7 +213,7 @@ void ExpectScriptAgrees(const std::string& interpreter, const std::string& scrip
                         const fs::path& folder) {
   test::PutFile(folder / "script", script);
   const fs::path epsData = test::SamplesFolder() / "odd" / "expected" / "EPSDATA.TXT";
-  const std::string command = "cd '" + folder.string() + "' && LD_PRELOAD= " + interpreter +
+  const std::string command = "cd '" + folder.string() + "' && LC_ALL=C.UTF-8 LD_PRELOAD= " + interpreter +
                               " script '" + epsData.string() + "' >out 2>&1";
   EXPECT_EQ(std::system(command.c_str()), 0) << test::FileBytes(folder / "out");
 }

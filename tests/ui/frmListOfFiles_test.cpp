@@ -1,0 +1,111 @@
+// Making the tables from the main menu, watched.
+
+#include "ui/frmListOfFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QListWidget>
+#include <QProgressBar>
+#include <algorithm>
+
+#include "support/desk.h"
+#include "ui/keys.h"
+
+namespace orvex {
+namespace {
+
+using namespace test;
+
+/// A list of `count` files, each of which is there unless it is number `missing`.
+struct ListDesk : Desk {
+  ListDesk(int count, const std::string& extension, int missing = 0) {
+    const std::string bytes = FileBytes(TestData("class/17-17-7" + extension));
+    std::string list;
+    for (int i = 1; i <= count; ++i) {
+      const std::string name = "5-12-" + std::to_string(i);
+      list += name + "\r\n";
+      if (i != missing) PutFile(folder / (name + extension), bytes);
+    }
+    PutFile(folder / "LIST.TXT", list);
+  }
+  std::ptrdiff_t Rows(const char* table) const {
+    const std::string text = FileBytes(folder / table);
+    return std::count(text.begin(), text.end(), '\n');
+  }
+};
+
+/// Lets the form work until it is left.
+void Await(QSignalSpy& left) {
+  if (left.isEmpty()) left.wait(60000);
+  EXPECT_EQ(left.count(), 1);
+}
+
+TEST(ListOfFilesForm, HighlightsTheFileInWorkAndEndsTheProgram) {
+  ListDesk desk(30, ".eps");
+  frmListOfFiles form(desk.services, ExportKind::epsData, desk.folder / "LIST.TXT");
+  QSignalSpy left(&form, &frmListOfFiles::Left);
+  auto* files = Find<QListWidget>(form, "lstFiles");
+  auto* bar = Find<QProgressBar>(form, "prgFiles");
+  EXPECT_EQ(form.windowTitle(), QLatin1String("File list"));
+  EXPECT_EQ(files->count(), 30);
+  EXPECT_EQ(files->currentItem()->text(), QLatin1String("5-12-1.eps"));
+  // The form lives between two files: what is shown moves with the work.
+  int steps = 0;
+  QObject::connect(files, &QListWidget::currentRowChanged, &form, [&](int row) {
+    ++steps;
+    EXPECT_EQ(row, steps);
+    EXPECT_EQ(files->selectedItems().size(), 1);
+  });
+  desk.prompter.Expect("EPSDATA file has been created.", Answer::ok, [&] {
+    EXPECT_EQ(bar->value(), bar->maximum());
+    EXPECT_EQ(Find<QLabel>(form, "lblCount")->text(), QLatin1String("30 of 30 files"));
+  });
+  Activate(form);
+  Await(left);
+  EXPECT_EQ(steps, 29);
+  EXPECT_EQ(desk.Rows("EPSDATA.TXT"), 90);
+  EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{"end"});
+}
+
+TEST(ListOfFilesForm, StaysOnTheFileThatIsMissing) {
+  ListDesk desk(5, ".sur", 4);
+  frmListOfFiles form(desk.services, ExportKind::surData, desk.folder / "LIST.TXT");
+  EXPECT_EQ(form.objectName(), QLatin1String("frmListOfFilesSUR"));
+  QSignalSpy left(&form, &frmListOfFiles::Left);
+  desk.prompter.Expect("A file of the list could not be exported.", Answer::ok, [&] {
+    EXPECT_EQ(Find<QListWidget>(form, "lstFiles")->currentItem()->text(),
+              QLatin1String("5-12-4.sur"));
+  });
+  Activate(form);
+  Await(left);
+  EXPECT_EQ(desk.Rows("SURDATA.TXT"), 3);
+  EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{"show mainMenu"});
+}
+
+TEST(ListOfFilesForm, IsStoppedByItsButtonAndByItsFrame) {
+  for (const bool button : {true, false}) {
+    SCOPED_TRACE(button);
+    ListDesk desk(200, ".eps");
+    frmListOfFiles form(desk.services, ExportKind::epsData, desk.folder / "LIST.TXT");
+    QSignalSpy left(&form, &frmListOfFiles::Left);
+    auto* files = Find<QListWidget>(form, "lstFiles");
+    QObject::connect(files, &QListWidget::currentRowChanged, &form, [&](int row) {
+      if (row != 3) return;
+      if (button) {
+        QTest::keyClick(Find(form, "cmdStop"), Qt::Key_Space);
+      } else {
+        EXPECT_FALSE(form.close());
+      }
+    });
+    desk.prompter.Expect("The export was stopped.", Answer::ok,
+                         [&] { EXPECT_FALSE(Find(form, "cmdStop")->isEnabled()); });
+    Activate(form);
+    Await(left);
+    EXPECT_EQ(desk.Rows("EPSDATA.TXT"), 9);
+    EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{"show mainMenu"});
+  }
+}
+
+}  // namespace
+}  // namespace orvex
