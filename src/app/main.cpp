@@ -41,10 +41,11 @@ Installation ThisInstallation() {
 
 /// Shows the form of `file`. False when it has none here, or could not be read.
 bool ShowInForm(Program& program, Screens& screens, const std::filesystem::path& file) {
-  if (KindOf(file) != FileKind::survey) return false;
   const std::filesystem::path path = std::filesystem::absolute(file);
+  const FileKind kind = KindOf(file);
   program.DataPath = path.parent_path();  // where it is saved again
-  return screens.ShowSurveyFile(path);
+  if (kind == FileKind::survey) return screens.ShowSurveyFile(path);
+  return kind == FileKind::episodes && screens.ShowEpisodeEditor(path);
 }
 
 /// With `file` the program begins with its form.

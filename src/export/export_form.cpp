@@ -18,6 +18,13 @@ std::filesystem::path ChooseListFile(const Services& services, ExportKind kind) 
   return ChooseFile(services, "TXT files (*.TXT)|*.TXT");
 }
 
+void ExportChosenList(const Services& services, ExportKind kind) {
+  const std::filesystem::path list = ChooseListFile(services, kind);
+  if (list.empty()) return;
+  services.screens.ShowListOfFiles(list, kind == ExportKind::surData);
+  services.screens.Close(Screen::mainMenu);
+}
+
 ExportForm::ExportForm(const Services& services, ExportKind kind,
                        const std::filesystem::path& listFile)
     : services_(services), kind_(TableOf(kind)), list_{listFile, {}} {

@@ -18,6 +18,9 @@ TableKind TableOf(ExportKind kind);
 /// the one that the dialog ended in. Empty when no file was chosen.
 std::filesystem::path ChooseListFile(const Services& services, ExportKind kind);
 
+/// The main menu's command: the table of the list that the user chooses takes the menu's place.
+void ExportChosenList(const Services& services, ExportKind kind);
+
 /// Makes a table from a list of files while the user watches, and then ends the program; the main
 /// menu comes back when it cannot be made to its end.
 class ExportForm {

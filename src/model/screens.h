@@ -17,6 +17,7 @@ enum class Screen {
   timeSummary,
   questionStats,
   questionPlot,
+  listOfFiles,
 };
 
 /// Who opened the question editor, and is shown again when it closes.
@@ -48,6 +49,9 @@ class Screens {
   virtual void ShowQuestionEditor(EditorCaller caller, bool proofMode) = 0;
   /// Shows the survey of the running class.
   virtual void ShowSurvey(SurveyCaller caller) = 0;
+  /// Joins the files that `list` names into a table, those of surveys or of episodes, and shows how
+  /// far it is.
+  virtual void ShowListOfFiles(const std::filesystem::path& list, bool surveys) = 0;
   /// Loads the survey form from a survey file and shows it. False, when the user has been told that
   /// the file could not be read.
   virtual bool ShowSurveyFile(const std::filesystem::path& file) = 0;

@@ -12,6 +12,7 @@
 #include "ui/frmClassEdit.h"
 #include "ui/frmEnterQA.h"
 #include "ui/frmInput1.h"
+#include "ui/frmListOfFiles.h"
 #include "ui/frmMatrices.h"
 #include "ui/frmQA.h"
 #include "ui/frmQuestionPlot.h"
@@ -55,6 +56,8 @@ QWidget* Forms::Loaded(Screen screen) const {
       return questionStats_.get();
     case Screen::questionPlot:
       return questionPlot_.get();
+    case Screen::listOfFiles:
+      return listOfFiles_.get();
   }
   return nullptr;
 }
@@ -100,6 +103,9 @@ void Forms::Show(Screen screen) {
       return ShowQuestionStats();
     case Screen::questionPlot:
       return ShowQuestionPlot();
+    case Screen::listOfFiles:
+      if (listOfFiles_) Present(*listOfFiles_);
+      return;
   }
 }
 
@@ -144,6 +150,8 @@ void Forms::Close(Screen screen) {
       return Unload(questionStats_);
     case Screen::questionPlot:
       return Unload(questionPlot_);
+    case Screen::listOfFiles:
+      return Unload(listOfFiles_);
   }
 }
 
@@ -174,6 +182,15 @@ void Forms::ShowSurvey(SurveyCaller caller) {
   }
   matrices_->SetCaller(caller);
   Present(*matrices_);
+}
+
+void Forms::ShowListOfFiles(const std::filesystem::path& list, bool surveys) {
+  Unload(listOfFiles_);
+  listOfFiles_ = std::make_unique<frmListOfFiles>(
+      services_, surveys ? ExportKind::surData : ExportKind::epsData, list);
+  QObject::connect(listOfFiles_.get(), &frmListOfFiles::Left, &ending_,
+                   [this] { Close(Screen::listOfFiles); });
+  Present(*listOfFiles_);
 }
 
 bool Forms::ShowSurveyFile(const std::filesystem::path& file) {

@@ -16,6 +16,7 @@ class frmClassAct;
 class frmClassEdit;
 class frmEnterQA;
 class frmInput1;
+class frmListOfFiles;
 class frmMatrices;
 class frmQA;
 class frmQuestionPlot;
@@ -39,6 +40,7 @@ class Forms : public Screens {
   void EndProgram() override;
   void ShowQuestionEditor(EditorCaller caller, bool proofMode) override;
   void ShowSurvey(SurveyCaller caller) override;
+  void ShowListOfFiles(const std::filesystem::path& list, bool surveys) override;
   bool ShowSurveyFile(const std::filesystem::path& file) override;
   bool ShowEpisodeEditor(const std::filesystem::path& file) override;
 
@@ -67,6 +69,7 @@ class Forms : public Screens {
   std::unique_ptr<frmQuestionPlot> questionPlot_;
   std::unique_ptr<frmQA> qa_;
   std::unique_ptr<frmMatrices> matrices_;
+  std::unique_ptr<frmListOfFiles> listOfFiles_;
 };
 
 }  // namespace orvex

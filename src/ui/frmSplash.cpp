@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "editor/open_editor.h"
+#include "export/export_form.h"
 #include "ui/show.h"
 #include "ui_frmSplash.h"
 
@@ -43,6 +44,10 @@ frmSplash::frmSplash(const Services& services, std::filesystem::path programFold
   button(ui_->Command7, &MainMenu::EditFieldNotes);
   button(ui_->Command2, &MainMenu::Cancel);
   connect(ui_->Command1, &QPushButton::clicked, this, [services] { OpenEpisodeFile(services); });
+  connect(ui_->Command4, &QPushButton::clicked, this,
+          [services] { ExportChosenList(services, ExportKind::epsData); });
+  connect(ui_->Command5, &QPushButton::clicked, this,
+          [services] { ExportChosenList(services, ExportKind::surData); });
 
   auto* timer1 = new QTimer(this);
   timer1->setObjectName(QStringLiteral("Timer1"));

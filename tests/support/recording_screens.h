@@ -22,6 +22,9 @@ class RecordingScreens : public Screens {
   void ShowSurvey(SurveyCaller caller) override {
     moves.push_back("show survey for " + std::to_string(static_cast<int>(caller)));
   }
+  void ShowListOfFiles(const std::filesystem::path& list, bool surveys) override {
+    moves.push_back("show list " + list.filename().string() + (surveys ? " of surveys" : ""));
+  }
   bool ShowSurveyFile(const std::filesystem::path& file) override {
     moves.push_back("show survey file " + file.filename().string());
     return surveyFileIsGood;
@@ -63,6 +66,8 @@ class RecordingScreens : public Screens {
         return "questionStats";
       case Screen::questionPlot:
         return "questionPlot";
+      case Screen::listOfFiles:
+        return "listOfFiles";
     }
     return "?";
   }
