@@ -46,6 +46,10 @@ void AppendNumber(std::int64_t number, std::string& text) {
 }
 
 void AppendSeconds(double seconds, std::string& text) {
+  if (seconds == 0) {
+    text += '0';  // as most of a row are
+    return;
+  }
   constexpr double kAnyClass = 1e15;  // far below what an integer holds
   if (seconds > -kAnyClass && seconds < kAnyClass) {
     AppendNumber(static_cast<std::int64_t>(seconds), text);  // segments have whole seconds

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -129,8 +131,9 @@ void ReplaceFile(Storage& storage, const fs::path& path, std::string_view bytes)
 
 namespace {
 
-/// Reads up to `most` bytes of a regular file; longer files are cut off there.
-std::string ReadUpTo(const fs::path& path, std::size_t most) {
+/// Reads up to `most` bytes of a regular file; longer files are cut off there. One that is larger
+/// than `largest` is an error.
+std::string ReadUpTo(const fs::path& path, std::size_t most, std::uintmax_t largest) {
   // Without O_NONBLOCK a named pipe would hold up the open itself.
   const int descriptor =
       Uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); });
@@ -144,6 +147,10 @@ std::string ReadUpTo(const fs::path& path, std::size_t most) {
   if (::fstat(descriptor, &status) != 0) throw FileError(path, errno);
   if (S_ISDIR(status.st_mode)) throw FileError(path, EISDIR);
   if (!S_ISREG(status.st_mode)) throw FileError(path, "not a regular file");
+
+  // A damaged directory entry, or a file with holes, may claim any size: no memory is asked for
+  // before that is ruled out.
+  if (static_cast<std::uintmax_t>(status.st_size) > largest) throw FileError(path, EFBIG);
 
   // One byte more than the file has now, to see its end.
   std::string bytes(std::min(static_cast<std::size_t>(status.st_size) + 1, most), '\0');
@@ -163,18 +170,13 @@ std::string ReadUpTo(const fs::path& path, std::size_t most) {
 }  // namespace
 
 std::string ReadFile(const fs::path& path) {
-  // A damaged directory entry, or a file with holes, may claim any size: no memory is asked for
-  // before that is ruled out.
-  std::error_code unknown;
-  const auto size = fs::file_size(path, unknown);
-  if (!unknown && size > kMostBytes) throw FileError(path, EFBIG);
-  std::string bytes = ReadUpTo(path, kMostBytes + 1);
+  std::string bytes = ReadUpTo(path, kMostBytes + 1, kMostBytes);
   if (bytes.size() > kMostBytes) throw FileError(path, EFBIG);
   return bytes;
 }
 
 std::string ReadFileStart(const fs::path& path, std::size_t most) {
-  return ReadUpTo(path, most);
+  return ReadUpTo(path, most, std::numeric_limits<std::uintmax_t>::max());
 }
 
 void EnsureFolder(Storage& storage, const fs::path& folder) {
