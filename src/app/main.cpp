@@ -10,6 +10,7 @@
 #include "export/named_file.h"
 #include "model/program.h"
 #include "model/version.h"
+#include "start/field_notes_file.h"
 #include "start/start_up.h"
 #include "store/session_log.h"
 #include "store/storage.h"
@@ -62,6 +63,9 @@ int RunWindow(const std::filesystem::path& file) {
     SettleDataPath(program, programFolder);
   };
   if (file.empty() || !ShowInForm(program, forms, file)) showMenu();
+  if (KindOf(file) == FileKind::fieldNotes) {
+    EditFieldNotes({program, log, storage, clock, prompter, forms}, file);
+  }
   return QApplication::exec();
 }
 

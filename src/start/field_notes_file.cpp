@@ -14,7 +14,10 @@ namespace orvex {
 
 void EditFieldNotesFile(const Services& services) {
   const std::filesystem::path path = ChooseFile(services, "NOTE files (*.NTE)|*.NTE");
-  if (path.empty()) return;
+  if (!path.empty()) EditFieldNotes(services, path);
+}
+
+void EditFieldNotes(const Services& services, const std::filesystem::path& path) {
   FieldNotes notes;
   try {
     notes = ReadFieldNotes(path);
