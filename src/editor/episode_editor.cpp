@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "model/activity_label.h"
 #include "model/coding_scheme.h"
 #include "model/duration_text.h"
 #include "model/program.h"
@@ -113,10 +114,7 @@ const std::string& EpisodeEditor::Description() const {
 
 std::string EpisodeEditor::ActivityText() const {
   const Episode* const episode = Shown();
-  if (!episode || episode->segments.empty()) return "";
-  const std::string text = NameOf(episode->segments.front().activityNum, ActivityNames) + ": " +
-                           std::to_string(episode->nQAs()) + " Question(s)";
-  return reviewShown_ && episode->bReview == "Y" ? text + " (Review Session)" : text;
+  return episode ? ActivityLabel(*episode, reviewShown_) : "";
 }
 
 std::string EpisodeEditor::SpellsText() const {

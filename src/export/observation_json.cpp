@@ -8,6 +8,7 @@
 
 #include "export/json.h"
 #include "export/statistics_json.h"
+#include "model/activity_label.h"
 #include "model/coding_scheme.h"
 #include "model/duration_text.h"
 #include "model/validation.h"
@@ -39,17 +40,6 @@ void AddHeader(const EpsObservation& observation, Json& json) {
   json.Key("averages").BeginArray();
   for (const float average : header.ActivityOfftask) json.Text(PrintDigits(average));
   json.EndArray().EndObject();
-}
-
-/// What the editor says over the episode.
-std::string LabelOf(const Episode& episode) {
-  if (episode.segments.empty()) return "";
-  const int activity = episode.segments.front().activityNum;
-  const std::string name = IsActivity(activity)
-                               ? std::string(ActivityNames[static_cast<std::size_t>(activity - 1)])
-                               : std::to_string(activity);
-  return name + ": " + std::to_string(episode.nQAs()) + " Question(s)" +
-         (episode.bReview == "Y" ? " (Review Session)" : "");
 }
 
 /// A segment's numbers are those of its line in the file.
@@ -91,7 +81,7 @@ void AddEpisode(const Identity& identity, int number, const Episode& episode, Js
   json.BeginObject();
   json.Key("description").Text(episode.Descript);
   json.Key("review").Text(episode.bReview);
-  json.Key("label").Text(LabelOf(episode));
+  json.Key("label").Text(ActivityLabel(episode));
   json.Key("duration").Seconds(episode.duration());
   json.Key("durationWords").Text(DurationInWords(episode.duration()));
   json.Key("segments").BeginArray();

@@ -41,16 +41,7 @@ void dlgDivideTime::Refresh() {
 
 bool dlgDivideTime::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
-  const auto& key = *static_cast<QKeyEvent*>(event);
-  if (IsSpareMnemonic(key)) return true;
-  if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
-  // Enter moves on to the button, and on the button it is done.
-  if (auto* button = qobject_cast<QPushButton*>(watched)) {
-    button->click();
-  } else {
-    FocusVisibly(ui_->OKButton);
-  }
-  return true;
+  return HandleDialogKey(*static_cast<QKeyEvent*>(event), watched, ui_->OKButton);
 }
 
 }  // namespace orvex

@@ -57,16 +57,7 @@ bool frmAdjust::eventFilter(QObject* watched, QEvent* event) {
     ui_->Text1->setText(QString::number(Seconds()));
   }
   if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
-  const auto& key = *static_cast<QKeyEvent*>(event);
-  if (IsSpareMnemonic(key)) return true;
-  if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
-  // Enter moves on to the button, and on the button it is done.
-  if (auto* button = qobject_cast<QPushButton*>(watched)) {
-    button->click();
-  } else {
-    FocusVisibly(ui_->cmdOK);
-  }
-  return true;
+  return HandleDialogKey(*static_cast<QKeyEvent*>(event), watched, ui_->cmdOK);
 }
 
 }  // namespace orvex

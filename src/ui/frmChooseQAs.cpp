@@ -43,16 +43,8 @@ void frmChooseQAs::Refresh() {
 
 bool frmChooseQAs::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
-  const auto& key = *static_cast<QKeyEvent*>(event);
-  if (IsSpareMnemonic(key)) return true;
-  if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
-  // Enter goes from a list to the button behind it, and presses the button.
-  if (auto* button = qobject_cast<QPushButton*>(watched)) {
-    button->click();
-  } else {
-    FocusVisibly(watched == ui_->lstEp1st ? ui_->Command1 : ui_->OKButton);
-  }
-  return true;
+  return HandleDialogKey(*static_cast<QKeyEvent*>(event), watched,
+                         watched == ui_->lstEp1st ? ui_->Command1 : ui_->OKButton);
 }
 
 }  // namespace orvex
