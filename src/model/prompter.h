@@ -24,6 +24,8 @@ struct Message {
   /// What it counts as to close the box without pressing a button; by itself No, or Cancel where
   /// there is one.
   std::optional<Answer> dismissed = {};
+  /// What is written on the buttons whose usual captions would not say enough.
+  std::vector<std::pair<Answer, std::string>> captions = {};
 };
 
 /// An input box for one line of text.

@@ -22,50 +22,51 @@ void LiveObservation::ChooseActivity(int activity) {
 }
 
 bool LiveObservation::SetActivity(int activity) {
-  const bool firstChoice = curActivity_.empty() || freshSegment_;
+  const bool firstChoice = run_.curActivity.empty() || run_.freshSegment;
   if (!firstChoice && !services_.prompter.AskOkCancel("Revise activity # ?")) {
     FocusCurActivity();
     return false;
   }
-  freshSegment_ = false;
-  prevActivity_ = curActivity_;
-  curActivity_ = std::to_string(activity);
+  run_.freshSegment = false;
+  run_.prevActivity = run_.curActivity;
+  run_.curActivity = std::to_string(activity);
   if (firstChoice) {
-    services_.log.LogEpisodeStart(curEpisode_, curSegment_);
+    services_.log.LogEpisodeStart(run_.curEpisode, run_.curSegment);
   } else {
-    schedule_.Stop();
-    coding_.aboutVisible = false;
-    coding_.presentationVisible = false;
-    coding_.ResetPresentation();
-    coding_.ResetSeatworkCoding();
-    coding_.ResetGroupTypes();
-    services_.log.LogRevisedActivity(curEpisode_, curSegment_, curActivity_);
+    run_.schedule.Stop();
+    run_.coding.aboutVisible = false;
+    run_.coding.presentationVisible = false;
+    run_.coding.ResetPresentation();
+    run_.coding.ResetSeatworkCoding();
+    run_.coding.ResetGroupTypes();
+    services_.log.LogRevisedActivity(run_.curEpisode, run_.curSegment, run_.curActivity);
   }
   return true;
 }
 
 void LiveObservation::ApplyActivity(int activity) {
   FocusCurActivity();
-  estimateKind_ = kEstimateKinds[static_cast<std::size_t>(activity - 1)];
+  run_.estimateKind = kEstimateKinds[static_cast<std::size_t>(activity - 1)];
   StartSchedule();
-  if (CarriesAbout(activity)) coding_.aboutVisible = true;
-  if (IsPresentation(activity)) coding_.presentationVisible = true;
-  if (IsSeatwork(activity)) coding_.EnableSeatworkCoding(true);
-  if (IsGroupWork(activity)) coding_.EnableGroupTypes(true);
+  if (CarriesAbout(activity)) run_.coding.aboutVisible = true;
+  if (IsPresentation(activity)) run_.coding.presentationVisible = true;
+  if (IsSeatwork(activity)) run_.coding.EnableSeatworkCoding(true);
+  if (IsGroupWork(activity)) run_.coding.EnableGroupTypes(true);
   if (activity == kQuestionAnswer) {
+    run_.draftQuestion.clear();
     services_.screens.Show(Screen::questionEntry);
     services_.screens.Hide(Screen::liveObservation);
   }
 }
 
 void LiveObservation::AbandonQuestionAnswer() {
-  curActivity_ = prevActivity_;
-  freshSegment_ = true;
-  estimateKind_ = -1;
-  schedule_.Stop();
-  if (curSegment_ == 1) TypeDescription("");
-  services_.log.LogRevisedActivity(curEpisode_, curSegment_, curActivity_);
-  if (curSegment_ == 1) {
+  run_.curActivity = run_.prevActivity;
+  run_.freshSegment = true;
+  run_.estimateKind = -1;
+  run_.schedule.Stop();
+  if (run_.curSegment == 1) TypeDescription("");
+  services_.log.LogRevisedActivity(run_.curEpisode, run_.curSegment, run_.curActivity);
+  if (run_.curSegment == 1) {
     FocusDescription();
   } else {
     FocusCurActivity();

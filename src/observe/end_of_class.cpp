@@ -30,36 +30,36 @@ void SaveObservation(const Services& services) {
 }  // namespace
 
 void LiveObservation::cmdQuit_Click() {
-  if (nothingEntered_) {
+  if (run_.nothingEntered) {
     services_.screens.EndProgram();
     return;
   }
-  if (!awaitsSurvey_) {
+  if (!run_.awaitsSurvey) {
     if (!EndClass()) return;
-    awaitsSurvey_ = !services_.prompter.AskYesNo("Have you finished Matrices?");
-    if (awaitsSurvey_) return focus_.Set({.kind = Control::Kind::survey}, Caret::stay);
+    run_.awaitsSurvey = !services_.prompter.AskYesNo("Have you finished Matrices?");
+    if (run_.awaitsSurvey) return focus_.Set({.kind = Control::Kind::survey}, Caret::stay);
   }
   LeaveWithSurvey();
 }
 
 /// Ends the last episode and stores the class. False when the class goes on.
 bool LiveObservation::EndClass() {
-  if (curActivity_.empty() || !HeaderNamesFiles()) return false;
+  if (run_.curActivity.empty() || !HeaderNamesFiles()) return false;
   if (services_.prompter.Ask({.text = "Verify END OF CLASS",
                               .buttons = Buttons::yesNo,
                               .defaultAnswer = Answer::no}) != Answer::yes) {
     return false;
   }
-  const std::string episodeActivity = episodeActivity_;
+  const std::string episodeActivity = run_.episodeActivity;
   const float offtask = CurrentEpisode().offtask;
-  const OfftaskSchedule schedule = schedule_;
+  const OfftaskSchedule schedule = run_.schedule;
   EndEpisode();
   if (!SaveClass()) {
     // The segment runs on as if the end had not been asked for.
     CurrentEpisode().segments.pop_back();
     CurrentEpisode().offtask = offtask;
-    episodeActivity_ = episodeActivity;
-    schedule_ = schedule;
+    run_.episodeActivity = episodeActivity;
+    run_.schedule = schedule;
     services_.log.LogClassGoesOn();
     return false;
   }
@@ -76,10 +76,10 @@ void LiveObservation::LeaveWithSurvey() {
       TryAgainAndAgain(services_.prompter, "The survey could not be written. Try again?", [&] {
         WriteSurFile(services_.storage,
                      SurPath(services_.storage, program.DataPath, program.identity),
-                     {.identity = program.identity, .answers = survey_});
+                     {.identity = program.identity, .answers = run_.survey});
       });
-  awaitsSurvey_ = !saved;
-  if (awaitsSurvey_) return;
+  run_.awaitsSurvey = !saved;
+  if (run_.awaitsSurvey) return;
   services_.screens.Close(Screen::survey);
   services_.screens.EndProgram();
 }
@@ -103,7 +103,7 @@ bool LiveObservation::SaveClass() {
         SaveObservation(services_);
         WriteFieldNotes(services_.storage,
                         NtePath(services_.storage, program.DataPath, program.identity),
-                        {.text = fieldNotes_});
+                        {.text = run_.fieldNotes});
       });
 }
 
@@ -117,7 +117,7 @@ void LiveObservation::EndWithLog() {
 }
 
 bool LiveObservation::RequestClose() {
-  if (nothingEntered_) return true;
+  if (run_.nothingEntered) return true;
   // Once the class is stored the window may go, but the survey goes to its file first.
   if (CanEndClass()) cmdQuit_Click();
   return false;

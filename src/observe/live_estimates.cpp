@@ -32,43 +32,43 @@ std::optional<float> CadenceOf(int kind) {
 }  // namespace
 
 void LiveObservation::StartSchedule() {
-  if (const auto cadence = CadenceOf(estimateKind_)) {
-    schedule_.Start(SecondsSince(segmentStart_, Now()), *cadence);
+  if (const auto cadence = CadenceOf(run_.estimateKind)) {
+    run_.schedule.Start(SecondsSince(run_.segmentStart, Now()), *cadence);
   }
 }
 
 void LiveObservation::OfftaskTick() {
-  schedule_.Tick(services_.clock, services_.prompter, segmentStart_,
-                 curActivity_ == std::to_string(kQuestionAnswer));
+  run_.schedule.Tick(services_.clock, services_.prompter, run_.segmentStart,
+                     run_.curActivity == std::to_string(kQuestionAnswer));
 }
 
 void LiveObservation::TakeEstimate() {
-  if (schedule_.OfftaskPending() < 1) return;
+  if (run_.schedule.OfftaskPending() < 1) return;
   AskEstimate();
-  schedule_.TakeEstimate();
+  run_.schedule.TakeEstimate();
 }
 
 void LiveObservation::AskEstimate() {
   const std::string& students = header_.Text(HeaderBox::numStudents);
-  if (!estimateDialog_) {
-    estimateDialog_ = {.prompt = {.students = students}, .studentsBefore = students};
+  if (!run_.estimateDialog) {
+    run_.estimateDialog = {.prompt = {.students = students}, .studentsBefore = students};
   }
-  if (!services_.prompter.AskOfftask(estimateDialog_->prompt)) return;
-  const EstimateDialog accepted = *std::exchange(estimateDialog_, std::nullopt);
+  if (!services_.prompter.AskOfftask(run_.estimateDialog->prompt)) return;
+  const EstimateDialog accepted = *std::exchange(run_.estimateDialog, std::nullopt);
   RecordEstimate(accepted.prompt, accepted.studentsBefore);
 }
 
 void LiveObservation::RecordEstimate(const OfftaskPrompt& estimate,
                                      const std::string& studentsBefore) {
   const float proportion = ProportionOf(estimate);
-  if (estimateKind_ == kQuestionAnswerEstimates) offtaskEstimates_.push_back(proportion);
+  if (run_.estimateKind == kQuestionAnswerEstimates) run_.offtaskEstimates.push_back(proportion);
   for (std::size_t i = 0; i < kOfftaskCategories.size(); ++i) {
-    if (kOfftaskCategories[i] == estimateKind_) {
+    if (kOfftaskCategories[i] == run_.estimateKind) {
       services_.program.OfftaskByCat[i].push_back(proportion);
     }
   }
   services_.log.LogBlankLine();
-  services_.log.LogOfftask(proportion, estimate.offtask, estimate.students, curActivity_,
+  services_.log.LogOfftask(proportion, estimate.offtask, estimate.students, run_.curActivity,
                            CurActivityCaption());
   services_.log.LogBlankLine();
   if (estimate.students != studentsBefore) header_.CorrectStudents(estimate.students);

@@ -31,9 +31,8 @@ LiveObservation::LiveObservation(const Services& services)
     : services_(services),
       episodes_(services.program.Episodes),
       header_(services),
-      caption_("Class Activity Menu - File opened at " + services.clock.TimeText()),
-      episodeStart_(services.clock.SecondsSinceMidnight()),
-      segmentStart_(episodeStart_) {
+      caption_("Class Activity Menu - File opened at " + services.clock.TimeText()) {
+  run_.episodeStart = run_.segmentStart = Now();
   episodes_.assign(1, Episode{});
   for (auto& estimates : services.program.OfftaskByCat) estimates.clear();
   FocusDescription();
@@ -44,21 +43,22 @@ float LiveObservation::Now() const {
 }
 
 Episode& LiveObservation::CurrentEpisode() {
-  return episodes_[static_cast<std::size_t>(curEpisode_ - 1)];
+  return episodes_[static_cast<std::size_t>(run_.curEpisode - 1)];
 }
 
 const Episode& LiveObservation::CurrentEpisode() const {
-  return episodes_[static_cast<std::size_t>(curEpisode_ - 1)];
+  return episodes_[static_cast<std::size_t>(run_.curEpisode - 1)];
 }
 
 int LiveObservation::SelectedActivity() const {
-  return estimateKind_ >= 1 ? ActivityNumber(curActivity_) : 0;
+  return run_.estimateKind >= 1 ? ActivityNumber(run_.curActivity) : 0;
 }
 
 // What the form shows.
 
 bool LiveObservation::CanDivide() const {
-  return !AwaitsSurvey() && !Description().empty() && estimateKind_ >= 1 && estimateKind_ <= 8;
+  return !AwaitsSurvey() && !Description().empty() && run_.estimateKind >= 1 &&
+         run_.estimateKind <= 8;
 }
 
 bool LiveObservation::ProofVisible() const {
@@ -66,17 +66,17 @@ bool LiveObservation::ProofVisible() const {
 }
 
 bool LiveObservation::CanEndClass() const {
-  return AwaitsSurvey() || CanDivide() || nothingEntered_;
+  return AwaitsSurvey() || CanDivide() || run_.nothingEntered;
 }
 
 bool LiveObservation::ConversionVisible() const {
   if (AwaitsSurvey()) return false;
-  return curSegment_ >= 2 ? RoomForEpisode() : curEpisode_ >= 2;
+  return run_.curSegment >= 2 ? RoomForEpisode() : run_.curEpisode >= 2;
 }
 
 std::string LiveObservation::ConversionCaption() const {
   if (conversionBlank_) return "";
-  return curSegment_ >= 2 ? "Sg. &to Ep." : "Ep. &to Sg.";
+  return run_.curSegment >= 2 ? "Sg. &to Ep." : "Ep. &to Sg.";
 }
 
 // The header.
@@ -103,8 +103,8 @@ void LiveObservation::FocusDescription() {
 }
 
 void LiveObservation::FocusCurActivity() {
-  if (curActivity_.empty()) return FocusDescription();
-  focus_.Set({.kind = Kind::activity, .activity = ActivityNumber(curActivity_)});
+  if (run_.curActivity.empty()) return FocusDescription();
+  focus_.Set({.kind = Kind::activity, .activity = ActivityNumber(run_.curActivity)});
 }
 
 void LiveObservation::TypeDescription(const std::string& text) {
@@ -112,8 +112,8 @@ void LiveObservation::TypeDescription(const std::string& text) {
 }
 
 void LiveObservation::KeyInDescription() {
-  coding_.ShowActivityChoices(true);
-  nothingEntered_ = false;
+  run_.coding.ShowActivityChoices(true);
+  run_.nothingEntered = false;
 }
 
 void LiveObservation::LeaveDescription() {
@@ -123,50 +123,50 @@ void LiveObservation::LeaveDescription() {
 }
 
 void LiveObservation::TypeAbout(const std::string& text) {
-  coding_.about = OneLine(text);
+  run_.coding.about = OneLine(text);
 }
 
 // Segments.
 
 void LiveObservation::cmdStartNewSg_Click() {
   if (!CanStartSegment() || !services_.prompter.AskYesNo("Start New Segment?")) return;
-  skipEstimate_ = false;
+  run_.skipEstimate = false;
   StartNewSeg();
   services_.screens.Show(Screen::liveObservation);
 }
 
 void LiveObservation::cmdStartNewQASg_Click() {
   if (!CanStartSegment()) return;
-  skipEstimate_ = true;
+  run_.skipEstimate = true;
   StartNewSeg();
   ChooseActivity(kQuestionAnswer);
 }
 
 void LiveObservation::StartNewSeg() {
   EndSeg();
-  estimateKind_ = 0;
-  freshSegment_ = true;
-  coding_.ResetForNewSegment();
-  ++curSegment_;
-  segmentStart_ = Now();
+  run_.estimateKind = 0;
+  run_.freshSegment = true;
+  run_.coding.ResetForNewSegment();
+  ++run_.curSegment;
+  run_.segmentStart = Now();
   // The button just used is gone now; the next thing the observer does is to choose the activity.
   FocusCurActivity();
 }
 
 std::string_view LiveObservation::CurActivityCaption() const {
-  return ActivityNames[static_cast<std::size_t>(ActivityNumber(curActivity_) - 1)];
+  return ActivityNames[static_cast<std::size_t>(ActivityNumber(run_.curActivity) - 1)];
 }
 
 void LiveObservation::EndSeg() {
-  const bool takesEstimates = estimateKind_ >= 1 && estimateKind_ != kNoEstimates;
-  if (takesEstimates && !skipEstimate_) AskEstimate();
-  const int activity = ActivityNumber(curActivity_);
-  const float length = Now() - segmentStart_;
-  services_.log.LogSegmentEnd(curEpisode_, curSegment_, CurActivityCaption(),
-                              SecondsOfDay(length, services_.prompter), coding_.about);
-  schedule_.Stop();
+  const bool takesEstimates = run_.estimateKind >= 1 && run_.estimateKind != kNoEstimates;
+  if (takesEstimates && !run_.skipEstimate) AskEstimate();
+  const int activity = ActivityNumber(run_.curActivity);
+  const float length = Now() - run_.segmentStart;
+  services_.log.LogSegmentEnd(run_.curEpisode, run_.curSegment, CurActivityCaption(),
+                              SecondsOfDay(length, services_.prompter), run_.coding.about);
+  run_.schedule.Stop();
   SegmentData segment;
-  segment.SetData(static_cast<std::int16_t>(activity), length, coding_.Codes(activity));
+  segment.SetData(static_cast<std::int16_t>(activity), length, run_.coding.Codes(activity));
   CurrentEpisode().segments.push_back(std::move(segment));
 }
 
@@ -178,9 +178,9 @@ void LiveObservation::cmdStartNewEp_Click() {
 
 void LiveObservation::EndEpisode() {
   EndSeg();
-  episodeActivity_ = curActivity_;
-  services_.log.LogEpisode(curEpisode_, Description(),
-                           SecondsOfDay(Now() - episodeStart_, services_.prompter));
+  run_.episodeActivity = run_.curActivity;
+  services_.log.LogEpisode(run_.curEpisode, Description(),
+                           SecondsOfDay(Now() - run_.episodeStart, services_.prompter));
   if (CurQuestions().empty()) return;
   StoreOfftaskMean();
   services_.log.LogBlankLine();
@@ -188,32 +188,32 @@ void LiveObservation::EndEpisode() {
 }
 
 void LiveObservation::StoreOfftaskMean() {
-  CurrentEpisode().offtask = AverageOf(offtaskEstimates_);
+  CurrentEpisode().offtask = AverageOf(run_.offtaskEstimates);
 }
 
 void LiveObservation::LogOfftaskMean() {
-  services_.log.LogEpisodeOfftask(curEpisode_, CurrentEpisode().offtask,
-                                  static_cast<int>(offtaskEstimates_.size()));
+  services_.log.LogEpisodeOfftask(run_.curEpisode, CurrentEpisode().offtask,
+                                  static_cast<int>(run_.offtaskEstimates.size()));
 }
 
 void LiveObservation::AppendEpisode() {
-  prevOfftaskEstimates_ = std::exchange(offtaskEstimates_, {});
+  run_.prevOfftaskEstimates = std::exchange(run_.offtaskEstimates, {});
   episodes_.emplace_back();
-  ++curEpisode_;
-  curSegment_ = 1;
-  prevEpisodeStart_ = episodeStart_;
+  ++run_.curEpisode;
+  run_.curSegment = 1;
+  run_.prevEpisodeStart = run_.episodeStart;
 }
 
 void LiveObservation::StartNewEpi() {
   EndEpisode();
   AppendEpisode();
-  episodeStart_ = Now();
-  segmentStart_ = episodeStart_;
-  coding_.ShowActivityChoices(false);
-  coding_.ResetForNewSegment();
-  estimateKind_ = 0;
-  curActivity_.clear();
-  freshSegment_ = true;
+  run_.episodeStart = Now();
+  run_.segmentStart = run_.episodeStart;
+  run_.coding.ShowActivityChoices(false);
+  run_.coding.ResetForNewSegment();
+  run_.estimateKind = 0;
+  run_.curActivity.clear();
+  run_.freshSegment = true;
   FocusDescription();
   services_.screens.Show(Screen::liveObservation);
 }
@@ -223,7 +223,7 @@ void LiveObservation::StartNewEpi() {
 void LiveObservation::cmdBailout_Click() {
   // Blank until the next refresh, so that a second click does not undo the first.
   if (std::exchange(conversionBlank_, true) || !ConversionVisible()) return;
-  if (curSegment_ >= 2) {
+  if (run_.curSegment >= 2) {
     StartNewEpi2();
   } else {
     RevertNewEpisode();
@@ -231,34 +231,34 @@ void LiveObservation::cmdBailout_Click() {
 }
 
 void LiveObservation::CloseEpisodeForSegment() {
-  episodeActivity_ = curActivity_;
+  run_.episodeActivity = run_.curActivity;
   services_.log.LogSegmentToEpisode();
-  services_.log.LogEpisode(curEpisode_, Description(), CurrentEpisode().duration());
+  services_.log.LogEpisode(run_.curEpisode, Description(), CurrentEpisode().duration());
   if (CurQuestions().empty()) return;
   StoreOfftaskMean();
   services_.log.LogBlankLine();
-  services_.log.LogActiveEstimates(curEpisode_);
+  services_.log.LogActiveEstimates(run_.curEpisode);
   LogOfftaskMean();
 }
 
 void LiveObservation::StartNewEpi2() {
   CloseEpisodeForSegment();
   AppendEpisode();
-  episodeStart_ = segmentStart_;
-  if (SelectedActivity() == 0) coding_.ShowActivityChoices(false);
+  run_.episodeStart = run_.segmentStart;
+  if (SelectedActivity() == 0) run_.coding.ShowActivityChoices(false);
   FocusDescription();
   services_.screens.Show(Screen::liveObservation);
 }
 
 void LiveObservation::RevertNewEpisode() {
   episodes_.pop_back();
-  --curEpisode_;
-  curSegment_ = static_cast<int>(CurrentEpisode().segments.size()) + 1;
-  offtaskEstimates_ = prevOfftaskEstimates_;
-  episodeStart_ = prevEpisodeStart_;
+  --run_.curEpisode;
+  run_.curSegment = static_cast<int>(CurrentEpisode().segments.size()) + 1;
+  run_.offtaskEstimates = run_.prevOfftaskEstimates;
+  run_.episodeStart = run_.prevEpisodeStart;
   // The running segment keeps the activity it has; what is on the form is what is stored.
-  if (SelectedActivity() == 0) curActivity_ = episodeActivity_;
-  coding_.ShowActivityChoices(true);
+  if (SelectedActivity() == 0) run_.curActivity = run_.episodeActivity;
+  run_.coding.ShowActivityChoices(true);
   FocusDescription();
   services_.log.LogEpisodeToSegment();
 }
@@ -290,22 +290,22 @@ void LiveObservation::Command7_Click() {
 }
 
 void LiveObservation::cmdFieldNote_Click() {
-  const auto notes = services_.prompter.AskNotes(fieldNotes_);
+  const auto notes = services_.prompter.AskNotes(run_.fieldNotes);
   if (!notes) return;
-  services_.log.LogFieldNote(curEpisode_, curSegment_, *notes);
-  fieldNotes_ = *notes;
+  services_.log.LogFieldNote(run_.curEpisode, run_.curSegment, *notes);
+  run_.fieldNotes = *notes;
 }
 
 void LiveObservation::Command1_Click() {
-  const std::int32_t elapsed = SecondsOfDay(Now() - segmentStart_, services_.prompter);
+  const std::int32_t elapsed = SecondsOfDay(Now() - run_.segmentStart, services_.prompter);
   const int maximum = std::min(2 * elapsed, kMost);
   const auto seconds =
       services_.prompter.AskSeconds({.maximum = maximum, .seconds = std::min(elapsed, maximum)});
   if (!seconds) return;
-  const float moved = SecondsSince(segmentStart_, Now()) - static_cast<float>(*seconds);
-  episodeStart_ += moved;
-  segmentStart_ += moved;
-  services_.log.LogAdjustTime(curEpisode_, curSegment_, moved);
+  const float moved = SecondsSince(run_.segmentStart, Now()) - static_cast<float>(*seconds);
+  run_.episodeStart += moved;
+  run_.segmentStart += moved;
+  services_.log.LogAdjustTime(run_.curEpisode, run_.curSegment, moved);
 }
 
 }  // namespace orvex

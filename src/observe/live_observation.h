@@ -9,10 +9,8 @@
 #include "model/prompter.h"
 #include "observe/focus.h"
 #include "observe/observation_header.h"
-#include "observe/offtask_schedule.h"
-#include "observe/segment_coding.h"
+#include "observe/running_class.h"
 #include "store/services.h"
-#include "survey/survey.h"
 
 namespace orvex {
 
@@ -44,46 +42,46 @@ class LiveObservation {
   explicit LiveObservation(const Services& services);
 
   // What runs.
-  int CurEpisode() const { return curEpisode_; }
-  int CurSegment() const { return curSegment_; }
-  float EpisodeStart() const { return episodeStart_; }
-  float SegmentStart() const { return segmentStart_; }
+  int CurEpisode() const { return run_.curEpisode; }
+  int CurSegment() const { return run_.curSegment; }
+  float EpisodeStart() const { return run_.episodeStart; }
+  float SegmentStart() const { return run_.segmentStart; }
   Episode& CurrentEpisode();
   const Episode& CurrentEpisode() const;
   std::vector<questionInfo>& CurQuestions() { return CurrentEpisode().questions; }
   const std::vector<questionInfo>& CurQuestions() const { return CurrentEpisode().questions; }
   /// The activity numbers of the running segment and of the one before the last choice, as decimal
   /// text; "" when none is chosen.
-  const std::string& CurActivity() const { return curActivity_; }
-  const std::string& PrevActivity() const { return prevActivity_; }
+  const std::string& CurActivity() const { return run_.curActivity; }
+  const std::string& PrevActivity() const { return run_.prevActivity; }
   /// The number of the selected activity button; 0 while the segment has no activity.
   int SelectedActivity() const;
-  /// 0: no activity chosen in this segment yet; -1: its question/answer was abandoned; else the
-  /// kind of off-task estimates that the activity takes.
-  int EstimateKind() const { return estimateKind_; }
-  const OfftaskSchedule& Schedule() const { return schedule_; }
-  const std::string& FieldNotes() const { return fieldNotes_; }
+  int EstimateKind() const { return run_.estimateKind; }
+  const OfftaskSchedule& Schedule() const { return run_.schedule; }
+  const std::string& FieldNotes() const { return run_.fieldNotes; }
   /// What the observer has filled in of the survey so far.
-  Survey& SurveyAnswers() { return survey_; }
-  /// No key has been typed in a description: there is nothing to store yet.
-  bool NothingEntered() const { return nothingEntered_; }
+  Survey& SurveyAnswers() { return run_.survey; }
+  /// The text of the question that is being entered.
+  std::string& DraftQuestion() { return run_.draftQuestion; }
+  const std::string& DraftQuestion() const { return run_.draftQuestion; }
+  bool NothingEntered() const { return run_.nothingEntered; }
   bool ClassStored() const { return services_.program.QuitRequested; }
-  /// The class is stored and only its survey is not: the observer can fill it in, and leave.
-  bool AwaitsSurvey() const { return awaitsSurvey_; }
+  /// The observer can fill the survey in, and leave.
+  bool AwaitsSurvey() const { return run_.awaitsSurvey; }
 
   // What the form shows.
   const std::string& Caption() const { return caption_; }
   const std::string& Description() const { return CurrentEpisode().Descript; }
   const ObservationHeader& Header() const { return header_; }
-  const SegmentCoding& Coding() const { return coding_; }
+  const SegmentCoding& Coding() const { return run_.coding; }
   /// True when the segment has an activity and the episode a description: a new segment or episode
   /// can start.
   bool CanDivide() const;
   /// CanDivide, and the number of the next segment or episode still fits its 16 bits.
   bool CanStartSegment() const { return CanDivide() && RoomForSegment(); }
   bool CanStartEpisode() const { return CanDivide() && RoomForEpisode(); }
-  bool RoomForSegment() const { return curSegment_ < kMost; }
-  bool RoomForEpisode() const { return curEpisode_ < kMost; }
+  bool RoomForSegment() const { return run_.curSegment < kMost; }
+  bool RoomForEpisode() const { return run_.curEpisode < kMost; }
   bool ProofVisible() const;
   bool CanOpenSurvey() const { return AwaitsSurvey() || CanDivide(); }
   bool CanEndClass() const;
@@ -107,14 +105,14 @@ class LiveObservation {
   void TypeAbout(const std::string& text);
   /// A click on an activity button; `activity` is 1 to 17.
   void ChooseActivity(int activity);
-  void ChooseGroupSolo(std::int16_t code) { coding_.grpSolo = code; }
-  void ChoosePreparation(std::int16_t code) { coding_.prep = code; }
-  void ChoosePresentationOrg(std::int16_t code) { coding_.presentationOrg = code; }
-  void ChooseWritingKind(std::int16_t code) { coding_.writingKind = code; }
-  void ChooseGroupType(std::int16_t code) { coding_.groupType = code; }
-  void TypeSource(const std::string& text) { coding_.source = text; }
-  void TypeCognitiveLevel(const std::string& text) { coding_.cognitiveLevel = text; }
-  void TypeSeatworkOrg(const std::string& text) { coding_.seatworkOrg = text; }
+  void ChooseGroupSolo(std::int16_t code) { run_.coding.grpSolo = code; }
+  void ChoosePreparation(std::int16_t code) { run_.coding.prep = code; }
+  void ChoosePresentationOrg(std::int16_t code) { run_.coding.presentationOrg = code; }
+  void ChooseWritingKind(std::int16_t code) { run_.coding.writingKind = code; }
+  void ChooseGroupType(std::int16_t code) { run_.coding.groupType = code; }
+  void TypeSource(const std::string& text) { run_.coding.source = text; }
+  void TypeCognitiveLevel(const std::string& text) { run_.coding.cognitiveLevel = text; }
+  void TypeSeatworkOrg(const std::string& text) { run_.coding.seatworkOrg = text; }
 
   // The buttons.
   void cmdStartNewSg_Click();
@@ -174,36 +172,10 @@ class LiveObservation {
   Services services_;
   EpisodeList& episodes_;
   ObservationHeader header_;
-  SegmentCoding coding_;
+  RunningClass run_;
   std::string caption_;
   bool conversionBlank_ = false;
   Focus focus_;
-
-  int curEpisode_ = 1;
-  int curSegment_ = 1;
-  float episodeStart_;
-  float segmentStart_;
-  float prevEpisodeStart_ = 0;
-  std::vector<float> offtaskEstimates_;
-  std::vector<float> prevOfftaskEstimates_;
-  std::string curActivity_;
-  std::string prevActivity_;
-  std::string episodeActivity_;
-  int estimateKind_ = 0;
-  bool freshSegment_ = false;
-  /// Set by "&Q/A", cleared by "&SEGMENT": segments end without an estimate.
-  bool skipEstimate_ = false;
-  OfftaskSchedule schedule_;
-  /// The estimate dialog as it was left by "&Skip", and the number of students when it was loaded.
-  struct EstimateDialog {
-    OfftaskPrompt prompt;
-    std::string studentsBefore;
-  };
-  std::optional<EstimateDialog> estimateDialog_;
-  std::string fieldNotes_;
-  Survey survey_;
-  bool awaitsSurvey_ = false;
-  bool nothingEntered_ = true;
   std::string savedDescription_;
 };
 

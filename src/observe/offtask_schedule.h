@@ -32,6 +32,15 @@ class OfftaskSchedule {
   std::int32_t OfftaskCountdown() const { return countdown_; }
   std::int32_t OfftaskPending() const { return pending_; }
 
+  /// The clock that it works by has been moved by `seconds`.
+  void ShiftTimes(float seconds) { countdownStart_ += seconds; }
+  /// Hands its whole state to `archive`, which may change it.
+  template <typename Archive>
+  void Visit(Archive& archive) {
+    archive.Numbers("schedule", running_, nextEstimateIndex_, countdownStart_, countdown_,
+                    pending_);
+  }
+
  private:
   bool running_ = false;
   float nextEstimateIndex_ = 0;

@@ -52,6 +52,10 @@ QuestionEntry::QuestionEntry(const Services& services, LiveObservation& live,
 
 // What the form shows.
 
+const std::string& QuestionEntry::Question() const {
+  return live_.DraftQuestion();
+}
+
 bool QuestionEntry::Coding() const {
   return fields_.Visible(Dimension::source);
 }
@@ -112,8 +116,9 @@ Caret QuestionEntry::CaretOf(Control box) {
 // Typing.
 
 void QuestionEntry::TypeQuestion(std::string_view text) {
-  question_ = OneLine(text);
-  std::erase(question_, '\t');
+  std::string question = OneLine(text);
+  std::erase(question, '\t');
+  live_.DraftQuestion() = std::move(question);
 }
 
 void QuestionEntry::TypeField(Dimension field, std::string_view text) {
@@ -161,7 +166,7 @@ void QuestionEntry::SaveQuestion() {
   const auto text = [this](Dimension field) -> const std::string& { return fields_.Text(field); };
   questionInfo question;
   question.SetValue(
-      question_, text(Dimension::source), text(Dimension::response), text(Dimension::authenticity),
+      Question(), text(Dimension::source), text(Dimension::response), text(Dimension::authenticity),
       text(Dimension::uptake), text(Dimension::cognitive), text(Dimension::respondName),
       text(Dimension::onePartOfMulti), text(Dimension::tResponse), text(Dimension::elaborated),
       static_cast<std::int16_t>(live_.CurEpisode()), static_cast<std::int16_t>(live_.CurSegment()));
@@ -179,7 +184,7 @@ bool QuestionEntry::StoreQuestion(const questionInfo& question) {
 }
 
 void QuestionEntry::StartOver() {
-  question_.clear();
+  live_.DraftQuestion().clear();
   fields_.HideCodeFields();
   offeredActivity_ = 0;
   if (live_.CurQuestions().empty()) {

@@ -55,7 +55,7 @@ class QuestionEntry {
   QuestionEntry(const Services& services, LiveObservation& live, const SessionClocks& liveClocks);
 
   // What the form shows.
-  const std::string& Question() const { return question_; }
+  const std::string& Question() const;
   const EntryFields& Fields() const { return fields_; }
   /// "Question #3:", the number that the next question gets.
   std::string FrameCaption() const;
@@ -128,7 +128,6 @@ class QuestionEntry {
   const SessionClocks& liveClocks_;
   GuardedTick tick_;
 
-  std::string question_;
   EntryFields fields_;
   std::array<bool, kCommands> enabled_{};
   int offeredActivity_ = 0;  ///< the activity that Command5 returns to; 0 for none

@@ -1,5 +1,6 @@
 #include "ui/QtPrompter.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -109,6 +110,9 @@ Answer QtPrompter::Ask(const Message& message) {
   box.setInformativeText(ToQt(message.details));
   // A file name is shown as it is, also one that looks like markup.
   for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
+  for (const auto& [answer, caption] : message.captions) {
+    if (QAbstractButton* button = box.button(ButtonOf(answer))) button->setText(ToQt(caption));
+  }
   box.setDefaultButton(ButtonOf(message.defaultAnswer));
   const Answer dismissed = message.dismissed.value_or(Refusal(message.buttons));
   if (!box.standardButtons().testFlag(ButtonOf(dismissed))) {

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/prompter.h"
+#include "observe/offtask_schedule.h"
+#include "observe/segment_coding.h"
+#include "survey/survey.h"
+
+namespace orvex {
+
+/// The estimate dialog as it was left by "&Skip", and the number of students when it was loaded.
+struct EstimateDialog {
+  OfftaskPrompt prompt;
+  std::string studentsBefore;
+};
+
+/// What is known of a class while it runs, besides the observation that its end stores. Times are
+/// seconds since midnight.
+struct RunningClass {
+  int curEpisode = 1;
+  int curSegment = 1;
+  float episodeStart = 0;
+  float segmentStart = 0;
+  float prevEpisodeStart = 0;
+  /// The question/answer estimates of the running episode, and of the one before it.
+  std::vector<float> offtaskEstimates;
+  std::vector<float> prevOfftaskEstimates;
+  /// The activity numbers, as decimal text, of the running segment, of the one before the last
+  /// choice, and of the last segment of the last episode; "" for none.
+  std::string curActivity;
+  std::string prevActivity;
+  std::string episodeActivity;
+  /// 0: no activity chosen in this segment yet; -1: its question/answer was abandoned; else the
+  /// kind of off-task estimates that the activity takes.
+  int estimateKind = 0;
+  bool freshSegment = false;
+  /// Set by "&Q/A", cleared by "&SEGMENT": segments end without an estimate.
+  bool skipEstimate = false;
+  OfftaskSchedule schedule;
+  std::optional<EstimateDialog> estimateDialog;
+  SegmentCoding coding;
+  std::string fieldNotes;
+  Survey survey;
+  /// The class is stored and only its survey is not.
+  bool awaitsSurvey = false;
+  /// No key has been typed in a description: there is nothing to store yet.
+  bool nothingEntered = true;
+  /// The text of the question that is being entered.
+  std::string draftQuestion;
+
+  /// Moves every time by `seconds`.
+  void ShiftTimes(float seconds);
+};
+
+}  // namespace orvex
