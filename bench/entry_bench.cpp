@@ -14,6 +14,7 @@
 #include "model/program.h"
 #include "model/prompter.h"
 #include "model/screens.h"
+#include "store/recovery_file.h"
 #include "store/session_log.h"
 #include "store/storage.h"
 #include "ui/frmClassAct.h"
@@ -26,6 +27,7 @@ class StillClock : public Clock {
  public:
   float SecondsSinceMidnight() const override { return 36000; }
   Date Today() const override { return {2001, 3, 14}; }
+  std::int64_t UnixSeconds() const override { return 0; }
 };
 
 class NobodyThere : public Prompter {
@@ -78,7 +80,8 @@ struct Entry {
   NobodyThere prompter;
   NoScreens screens;
   SessionLog log{storage, clock};
-  Services services{program, log, storage, clock, prompter, screens};
+  RecoveryFile recovery{storage};
+  Services services{program, log, recovery, storage, clock, prompter, screens};
   frmClassAct live{services};
   frmEnterQA form{services, live.Live(), live.Clocks()};
 };

@@ -2,6 +2,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <QTimer>
 #include <filesystem>
 #include <variant>
 
@@ -10,8 +11,10 @@
 #include "export/named_file.h"
 #include "model/program.h"
 #include "model/version.h"
+#include "observe/unended_class.h"
 #include "start/field_notes_file.h"
 #include "start/start_up.h"
+#include "store/recovery_file.h"
 #include "store/session_log.h"
 #include "store/storage.h"
 #include "ui/Forms.h"
@@ -57,14 +60,17 @@ int RunWindow(const std::filesystem::path& file) {
   SessionLog log(storage, clock);
   QtPrompter prompter;
   const std::filesystem::path programFolder = ProgramFolder(storage, ThisInstallation());
-  Forms forms(program, log, storage, clock, prompter, programFolder);
+  RecoveryFile recovery(storage);
+  Forms forms(program, log, recovery, storage, clock, prompter, programFolder);
+  const Services services = {program, log, recovery, storage, clock, prompter, forms};
   const auto showMenu = [&] {
     forms.Show(Screen::mainMenu);
     SettleDataPath(program, programFolder);
+    QTimer::singleShot(0, qApp, [services] { OfferUnendedClasses(services); });
   };
   if (file.empty() || !ShowInForm(program, forms, file)) showMenu();
   if (KindOf(file) == FileKind::fieldNotes) {
-    EditFieldNotes({program, log, storage, clock, prompter, forms}, file);
+    EditFieldNotes(services, file);
   }
   return QApplication::exec();
 }

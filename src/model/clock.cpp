@@ -10,7 +10,7 @@ std::string TwoDigits(int number) {
 }
 
 std::string Clock::TimeText(const char* separator) const {
-  const int seconds = std::clamp(static_cast<int>(SecondsSinceMidnight()), 0, 86399);
+  const int seconds = std::clamp(static_cast<int>(WallSeconds()), 0, 86399);
   return TwoDigits(seconds / 3600) + separator + TwoDigits(seconds / 60 % 60) + separator +
          TwoDigits(seconds % 60);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace orvex {
@@ -15,10 +16,16 @@ class Clock {
  public:
   virtual ~Clock() = default;
   /// Seconds since midnight, at least 0 and below 86400, exact to a hundredth of a second or so.
+  /// Runs evenly from one midnight to the next, whatever the system's clock is set to meanwhile:
+  /// what is measured with it is never too long or too short by an hour.
   virtual float SecondsSinceMidnight() const = 0;
+  /// Seconds since midnight as the clock on the wall has it; the same unless it has been set.
+  virtual float WallSeconds() const { return SecondsSinceMidnight(); }
   virtual Date Today() const = 0;
+  /// Seconds since 1970, by the system's clock: how long ago another run of the program was.
+  virtual std::int64_t UnixSeconds() const = 0;
 
-  /// The time of day as "hh:mm:ss".
+  /// The time of day on the wall as "hh:mm:ss".
   std::string TimeText() const { return TimeText(":"); }
   /// The time of day as "hh : mm : ss", for the clocks of the forms.
   std::string SpacedTimeText() const { return TimeText(" : "); }

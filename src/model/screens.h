@@ -4,6 +4,8 @@
 
 namespace orvex {
 
+struct RunningClass;
+
 /// The forms, by the part they play.
 enum class Screen {
   mainMenu,
@@ -47,6 +49,8 @@ class Screens {
   /// Loads the question editor for `caller` and shows it. In proof mode it begins with the question
   /// that the program's `ProofEp` and `ProofQ` name.
   virtual void ShowQuestionEditor(EditorCaller caller, bool proofMode) = 0;
+  /// Shows the forms of a class that was not ended; its observation is in memory.
+  virtual void ShowTakenUpClass(const RunningClass& running) = 0;
   /// Shows the survey of the running class.
   virtual void ShowSurvey(SurveyCaller caller) = 0;
   /// Joins the files that `list` names into a table, those of surveys or of episodes, and shows how

@@ -6,8 +6,10 @@
 #include "observe/live_observation.h"
 #include "store/eps_file.h"
 #include "store/field_notes.h"
+#include "store/file_error.h"
 #include "store/numbers.h"
 #include "store/paths.h"
+#include "store/recovery_file.h"
 #include "store/session_log.h"
 #include "store/try_again.h"
 #include "survey/sur_file.h"
@@ -80,8 +82,21 @@ void LiveObservation::LeaveWithSurvey() {
       });
   run_.awaitsSurvey = !saved;
   if (run_.awaitsSurvey) return;
+  ForgetKept();
   services_.screens.Close(Screen::survey);
   services_.screens.EndProgram();
+}
+
+/// All of the class is stored: what was kept of it while it ran has done its work.
+void LiveObservation::ForgetKept() {
+  try {
+    services_.recovery.Remove();
+  } catch (const FileError& error) {
+    services_.prompter.Tell(
+        "The class is stored, but its recovery file could not be removed. The class will be "
+        "offered again.",
+        error.what());
+  }
 }
 
 /// False, with the focus on the box, when one of the numbers that name the files is no number.

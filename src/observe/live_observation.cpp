@@ -1,7 +1,6 @@
 #include "observe/live_observation.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
 #include <utility>
 
@@ -18,13 +17,6 @@ namespace {
 
 using Kind = LiveObservation::Control::Kind;
 
-/// The activity number of `CurActivity` and its like; 0 for "".
-int ActivityNumber(const std::string& text) {
-  int number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return number;
-}
-
 }  // namespace
 
 LiveObservation::LiveObservation(const Services& services)
@@ -36,6 +28,37 @@ LiveObservation::LiveObservation(const Services& services)
   episodes_.assign(1, Episode{});
   for (auto& estimates : services.program.OfftaskByCat) estimates.clear();
   FocusDescription();
+}
+
+LiveObservation::LiveObservation(const Services& services, RunningClass running)
+    : services_(services),
+      episodes_(services.program.Episodes),
+      header_(services),
+      run_(std::move(running)),
+      caption_("Class Activity Menu - File opened at " + services.clock.TimeText()) {
+  run_.awaitsSurvey = ClassStored();
+  if (AwaitsSurvey()) {
+    focus_.Set({.kind = Kind::survey}, Caret::stay);
+    return;
+  }
+  // It was about to be stored: the segment runs on as if the end had not been asked for.
+  if (static_cast<int>(CurrentEpisode().segments.size()) == run_.curSegment) {
+    CurrentEpisode().segments.pop_back();
+    StartSchedule();
+  }
+  FocusCurActivity();
+  EnterDescription();
+}
+
+void LiveObservation::ShowForms() {
+  services_.screens.Show(Screen::liveObservation);
+  if (AwaitsSurvey() || SelectedActivity() != kQuestionAnswer) return;
+  services_.screens.Show(Screen::questionEntry);
+  services_.screens.Hide(Screen::liveObservation);
+}
+
+void LiveObservation::Keep() {
+  if (!NothingEntered()) keeper_.Keep(services_, run_);
 }
 
 float LiveObservation::Now() const {
@@ -51,7 +74,7 @@ const Episode& LiveObservation::CurrentEpisode() const {
 }
 
 int LiveObservation::SelectedActivity() const {
-  return run_.estimateKind >= 1 ? ActivityNumber(run_.curActivity) : 0;
+  return run_.estimateKind >= 1 ? run_.Activity() : 0;
 }
 
 // What the form shows.
@@ -104,7 +127,7 @@ void LiveObservation::FocusDescription() {
 
 void LiveObservation::FocusCurActivity() {
   if (run_.curActivity.empty()) return FocusDescription();
-  focus_.Set({.kind = Kind::activity, .activity = ActivityNumber(run_.curActivity)});
+  focus_.Set({.kind = Kind::activity, .activity = run_.Activity()});
 }
 
 void LiveObservation::TypeDescription(const std::string& text) {
@@ -154,20 +177,17 @@ void LiveObservation::StartNewSeg() {
 }
 
 std::string_view LiveObservation::CurActivityCaption() const {
-  return ActivityNames[static_cast<std::size_t>(ActivityNumber(run_.curActivity) - 1)];
+  return ActivityNames[static_cast<std::size_t>(run_.Activity() - 1)];
 }
 
 void LiveObservation::EndSeg() {
   const bool takesEstimates = run_.estimateKind >= 1 && run_.estimateKind != kNoEstimates;
   if (takesEstimates && !run_.skipEstimate) AskEstimate();
-  const int activity = ActivityNumber(run_.curActivity);
   const float length = Now() - run_.segmentStart;
   services_.log.LogSegmentEnd(run_.curEpisode, run_.curSegment, CurActivityCaption(),
                               SecondsOfDay(length, services_.prompter), run_.coding.about);
   run_.schedule.Stop();
-  SegmentData segment;
-  segment.SetData(static_cast<std::int16_t>(activity), length, run_.coding.Codes(activity));
-  CurrentEpisode().segments.push_back(std::move(segment));
+  CurrentEpisode().segments.push_back(run_.Segment(length));
 }
 
 // Episodes.

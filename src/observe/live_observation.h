@@ -7,6 +7,7 @@
 
 #include "model/program.h"
 #include "model/prompter.h"
+#include "observe/class_keeper.h"
 #include "observe/focus.h"
 #include "observe/observation_header.h"
 #include "observe/running_class.h"
@@ -40,6 +41,15 @@ class LiveObservation {
 
   /// Starts episode 1, segment 1 now. The log is open.
   explicit LiveObservation(const Services& services);
+  /// Goes on with a class whose observation is in memory. The log is open, unless the class is
+  /// stored.
+  LiveObservation(const Services& services, RunningClass running);
+  /// Shows the forms that belong to the running segment.
+  void ShowForms();
+
+  /// Has the class kept as it is. To be called whenever something may have changed, and now and
+  /// then: nothing happens while all is as it was.
+  void Keep();
 
   // What runs.
   int CurEpisode() const { return run_.curEpisode; }
@@ -167,12 +177,14 @@ class LiveObservation {
   bool SaveClass();
   void EndWithLog();
   void LeaveWithSurvey();
+  void ForgetKept();
   float Now() const;
 
   Services services_;
   EpisodeList& episodes_;
   ObservationHeader header_;
   RunningClass run_;
+  ClassKeeper keeper_;
   std::string caption_;
   bool conversionBlank_ = false;
   Focus focus_;

@@ -6,6 +6,7 @@
 #include "store/file_error.h"
 #include "store/numbers.h"
 #include "store/paths.h"
+#include "store/recovery_file.h"
 #include "store/session_log.h"
 
 namespace orvex {
@@ -112,7 +113,13 @@ bool ObservationHeader::RenameSessionLog() {
                                         " already exists. Overwrite it?")) {
       return false;
     }
-    services_.log.File().MoveTo(target);
+    services_.recovery.MoveTo(RecoveryPath(dataPath, identity_));
+    try {
+      services_.log.File().MoveTo(target);
+    } catch (const FileError&) {
+      services_.recovery.MoveTo(RecoveryPath(dataPath, logged_));
+      throw;
+    }
   } catch (const FileError& error) {
     services_.prompter.Tell("The session log could not be renamed.", error.what());
     return false;

@@ -34,11 +34,11 @@ class OfftaskSchedule {
 
   /// The clock that it works by has been moved by `seconds`.
   void ShiftTimes(float seconds) { countdownStart_ += seconds; }
-  /// Hands its whole state to `archive`, which may change it.
-  template <typename Archive>
-  void Visit(Archive& archive) {
-    archive.Numbers("schedule", running_, nextEstimateIndex_, countdownStart_, countdown_,
-                    pending_);
+  /// Hands the whole state of `schedule` to `archive`, which may read or change it.
+  template <typename Archive, typename Schedule>
+  static void Visit(Archive& archive, Schedule& schedule) {
+    archive.Numbers("schedule", schedule.running_, schedule.nextEstimateIndex_,
+                    schedule.countdownStart_, schedule.countdown_, schedule.pending_);
   }
 
  private:

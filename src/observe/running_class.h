@@ -51,6 +51,11 @@ struct RunningClass {
   /// The text of the question that is being entered.
   std::string draftQuestion;
 
+  /// The number of the activity; 0 while none is chosen.
+  int Activity() const;
+  /// The running segment as it would be stored after `seconds`.
+  SegmentData Segment(float seconds) const;
+
   /// Moves every time by `seconds`.
   void ShiftTimes(float seconds);
 };

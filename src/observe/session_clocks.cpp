@@ -5,6 +5,7 @@
 #include "model/clock.h"
 #include "model/time_of_day.h"
 #include "observe/live_observation.h"
+#include "store/recovery_file.h"
 #include "store/session_log.h"
 
 namespace orvex {
@@ -26,6 +27,11 @@ std::string SessionClocks::SegmentCaption() const {
 
 std::string SessionClocks::LogTrouble() const {
   const std::string trouble = services_.log.File().Trouble();
+  const std::string keeping = services_.recovery.Trouble();
+  if (trouble.empty() && !keeping.empty()) {
+    return "Trouble with the recovery file (" + keeping +
+           "). The class is in memory; it is tried again.";
+  }
   if (trouble.empty()) return "";
   return "Trouble with the session log (" + trouble + "). What it lacks is kept and tried again.";
 }
@@ -43,6 +49,7 @@ void SessionClocks::Tick() {
     segmentTime_ = TimeSince(live_.SegmentStart());
     offtask_.Tick();
     services_.log.File().Retry();
+    services_.recovery.Retry();
   });
 }
 

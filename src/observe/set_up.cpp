@@ -5,9 +5,13 @@
 #include "model/program.h"
 #include "model/prompter.h"
 #include "model/screens.h"
+#include "observe/unended_class.h"
+#include "store/claim.h"
 #include "store/file_error.h"
+#include "store/kept_content.h"
 #include "store/numbers.h"
 #include "store/paths.h"
+#include "store/recovery_file.h"
 #include "store/session_log.h"
 
 namespace orvex {
@@ -95,14 +99,29 @@ void SetUp::CheckForEpisodeFile() {
   warning_ = exists ? "WARNING: " + identity_.ClassId() + ".eps already exits!" : "";
 }
 
+/// True when a class of these numbers was not ended: that one is offered instead of a new one,
+/// which would take the place of its log.
+bool SetUp::OffersUnended() {
+  const auto path = RecoveryPath(services_.program.DataPath, identity_);
+  if (FilesKeptAt(path).empty() || IsClaimed(path)) return false;
+  if (OfferUnendedClass(services_, path) == OfferResult::takenUp) {
+    services_.screens.Hide(Screen::setUp);
+  }
+  CheckForEpisodeFile();
+  return true;
+}
+
 void SetUp::Start() {
   if (!CanStart()) return;
   NormaliseNumbers(identity_);
+  if (OffersUnended()) return;
   const std::filesystem::path logPath = BakPath(services_.program.DataPath, identity_);
   try {
     MakeBakFolders(services_.storage, services_.program.DataPath, identity_);
+    services_.recovery.Begin(RecoveryPath(services_.program.DataPath, identity_));
     services_.log.File().Open(logPath);
   } catch (const FileError& error) {
+    services_.recovery.Leave();
     services_.prompter.Tell("The session log could not be opened.", error.what());
     return;
   }

@@ -43,11 +43,22 @@ QuestionEntry::QuestionEntry(const Services& services, LiveObservation& live,
       liveClocks_(liveClocks),
       tick_(services.prompter, "timer4"),
       offtask_(live) {
+  if (SegmentHasQuestions()) {
+    AwaitQuestion();
+    return;
+  }
   AwaitFirstQuestion();
   if (!live_.CurQuestions().empty()) {
     Enable(Command::Command1);
     Enable(Command::Command2);
   }
+}
+
+/// True when it comes up within a segment: the class has been taken up again.
+bool QuestionEntry::SegmentHasQuestions() const {
+  if (live_.CurQuestions().empty()) return false;
+  const questionInfo& last = live_.CurQuestions().back();
+  return last.iEpQ == live_.CurEpisode() && last.iSgQ == live_.CurSegment();
 }
 
 // What the form shows.
@@ -190,10 +201,15 @@ void QuestionEntry::StartOver() {
   if (live_.CurQuestions().empty()) {
     AwaitFirstQuestion();
   } else {
-    EnableCommands(true);
-    Enable(Command::Command5, false);
-    MoveTo(Control::txtQuestion);
+    AwaitQuestion();
   }
+}
+
+/// Idle, with questions that have been stored.
+void QuestionEntry::AwaitQuestion() {
+  EnableCommands(true);
+  Enable(Command::Command5, false);
+  MoveTo(Control::txtQuestion);
 }
 
 /// Idle, with no more to do than to begin or to give the segment up.

@@ -102,6 +102,8 @@ class QuestionEntry {
   bool HasRoom(Command command) const;
   void Enable(Command command, bool enabled = true);
   void EnableCommands(bool enabled);
+  bool SegmentHasQuestions() const;
+  void AwaitQuestion();
   void AwaitFirstQuestion();
   void MoveTo(Control box);
   void StartCoding();

@@ -124,6 +124,16 @@ AppendLog::~AppendLog() {
 }
 
 void AppendLog::Open(const std::filesystem::path& path) {
+  OpenWith(path, std::nullopt);
+}
+
+void AppendLog::GoOn(const std::filesystem::path& path) {
+  std::error_code unreadable;
+  OpenWith(path, std::filesystem::exists(path, unreadable) ? ReadFile(path) : "");
+}
+
+/// Without the `content` that is there already, the file is emptied.
+void AppendLog::OpenWith(const std::filesystem::path& path, std::optional<std::string> content) {
   if (IsOpen()) WriteOutAndSync();
   // Without O_NONBLOCK a named pipe would hold up the open itself.
   constexpr int kFlags = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK;
@@ -137,7 +147,7 @@ void AppendLog::Open(const std::filesystem::path& path) {
     auto worker = std::make_unique<Worker>(storage_, descriptor);
     std::filesystem::path name = path;
     // Last, so that whatever fails leaves the old content.
-    if (Uninterrupted([&] { return storage_.Truncate(descriptor, 0); }) != 0) {
+    if (!content && Uninterrupted([&] { return storage_.Truncate(descriptor, 0); }) != 0) {
       throw FileError(path, errno);
     }
     if (IsOpen()) Release();  // all of it is on the disk by now, whatever the closing reports
@@ -151,8 +161,8 @@ void AppendLog::Open(const std::filesystem::path& path) {
     throw;
   }
   descriptor_ = descriptor;
-  text_.clear();
-  written_ = 0;
+  text_ = std::move(content).value_or("");
+  written_ = text_.size();
 }
 
 void AppendLog::Append(std::string_view entry) {

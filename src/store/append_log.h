@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,8 @@ class AppendLog {
   /// closed. Throws FileError, also for anything that is not a regular file; a file at `path` then
   /// keeps its content, and a log open before stays open.
   void Open(const std::filesystem::path& path);
+  /// Opens `path` as it is, or empty when there is none, and goes on behind what it holds.
+  void GoOn(const std::filesystem::path& path);
   bool IsOpen() const { return descriptor_ >= 0; }
   const std::filesystem::path& Path() const { return path_; }
 
@@ -55,6 +58,7 @@ class AppendLog {
  private:
   class Worker;
 
+  void OpenWith(const std::filesystem::path& path, std::optional<std::string> content);
   void WriteOutAndSync();
   void PutBack();
   int Release();

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "store/durable_file.h"
+#include "store/kept_content.h"
 #include "store/numbers.h"
 
 namespace orvex {
@@ -80,6 +81,14 @@ fs::path BakPath(const fs::path& dataPath, const Identity& identity) {
 
 void MakeBakFolders(Storage& storage, const fs::path& dataPath, const Identity& identity) {
   MakeFolders(storage, dataPath, "BAK", identity);
+}
+
+fs::path RecoveryPath(const fs::path& dataPath, const Identity& identity) {
+  return FilePath(dataPath, "BAK", identity, kRecoveryExtension);
+}
+
+fs::path BakFolder(const fs::path& dataPath) {
+  return dataPath / "BAK";
 }
 
 fs::path EpsPathToLookFor(const fs::path& dataPath, const Identity& identity) {

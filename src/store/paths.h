@@ -33,6 +33,10 @@ std::filesystem::path SurPathInFolder(const std::filesystem::path& dataPath, Ide
 std::filesystem::path BakPath(const std::filesystem::path& dataPath, const Identity& identity);
 void MakeBakFolders(Storage& storage, const std::filesystem::path& dataPath,
                     const Identity& identity);
+/// Where the class is kept while it runs, beside its log.
+std::filesystem::path RecoveryPath(const std::filesystem::path& dataPath, const Identity& identity);
+/// The folder of the logs of all schools.
+std::filesystem::path BakFolder(const std::filesystem::path& dataPath);
 
 /// Where the episode file of `identity` would be, as it stands; nothing is created.
 std::filesystem::path EpsPathToLookFor(const std::filesystem::path& dataPath,

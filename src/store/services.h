@@ -4,6 +4,7 @@ namespace orvex {
 
 class Clock;
 class Prompter;
+class RecoveryFile;
 class Screens;
 class SessionLog;
 class Storage;
@@ -13,6 +14,7 @@ struct Program;
 struct Services {
   Program& program;
   SessionLog& log;
+  RecoveryFile& recovery;
   Storage& storage;
   const Clock& clock;
   Prompter& prompter;

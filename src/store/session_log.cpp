@@ -129,6 +129,10 @@ void SessionLog::LogClassGoesOn() {
   Line("***** CLASS NOT ENDED, IT GOES ON ***** " + clock_.TimeText());
 }
 
+void SessionLog::LogTakenUp() {
+  Line("\r\n***** CLASS TAKEN UP AGAIN ***** " + clock_.TimeText());
+}
+
 void SessionLog::LogOff() {
   Line("LOG OFF: " + clock_.TimeText());
 }

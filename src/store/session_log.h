@@ -52,6 +52,8 @@ class SessionLog {
   void LogEpisodeToSegment();
   /// The end of the class was asked for and logged, but could not be stored.
   void LogClassGoesOn();
+  /// The class was not ended when the program was, and is taken up again.
+  void LogTakenUp();
   void LogOff();
 
  private:

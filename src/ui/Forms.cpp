@@ -1,5 +1,6 @@
 #include "ui/Forms.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <utility>
 
@@ -22,12 +23,17 @@
 
 namespace orvex {
 
-Forms::Forms(Program& program, SessionLog& log, Storage& storage, const Clock& clock,
-             Prompter& prompter, std::filesystem::path programFolder)
-    : services_{program, log, storage, clock, prompter, *this},
+Forms::Forms(Program& program, SessionLog& log, RecoveryFile& recovery, Storage& storage,
+             const Clock& clock, Prompter& prompter, std::filesystem::path programFolder)
+    : services_{program, log, recovery, storage, clock, prompter, *this},
       programFolder_(std::move(programFolder)) {
   QApplication::setQuitOnLastWindowClosed(false);
   QObject::connect(qApp, &QApplication::lastWindowClosed, &ending_, [this] { EndProgram(); });
+  // Whatever an event has changed is kept before the program waits for the next one.
+  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
+                   &ending_, [this] {
+                     if (classAct_) classAct_->Live().Keep();
+                   });
 }
 
 Forms::~Forms() = default;
@@ -173,6 +179,12 @@ void Forms::ShowQuestionEditor(EditorCaller caller, bool proofMode) {
   // It takes the opener's place, also on the screen.
   if (opener) PlaceOver(*qa_, *opener);
   Present(*qa_);
+}
+
+void Forms::ShowTakenUpClass(const RunningClass& running) {
+  Unload(classAct_);
+  classAct_ = std::make_unique<frmClassAct>(services_, &running);
+  classAct_->Live().ShowForms();
 }
 
 void Forms::ShowSurvey(SurveyCaller caller) {

@@ -28,8 +28,8 @@ class frmTimeSummary;
 /// the program ends.
 class Forms : public Screens {
  public:
-  Forms(Program& program, SessionLog& log, Storage& storage, const Clock& clock, Prompter& prompter,
-        std::filesystem::path programFolder);
+  Forms(Program& program, SessionLog& log, RecoveryFile& recovery, Storage& storage,
+        const Clock& clock, Prompter& prompter, std::filesystem::path programFolder);
   ~Forms() override;
   Forms(const Forms&) = delete;
   Forms& operator=(const Forms&) = delete;
@@ -39,6 +39,7 @@ class Forms : public Screens {
   void Close(Screen screen) override;
   void EndProgram() override;
   void ShowQuestionEditor(EditorCaller caller, bool proofMode) override;
+  void ShowTakenUpClass(const RunningClass& running) override;
   void ShowSurvey(SurveyCaller caller) override;
   void ShowListOfFiles(const std::filesystem::path& list, bool surveys) override;
   bool ShowSurveyFile(const std::filesystem::path& file) override;

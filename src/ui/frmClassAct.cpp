@@ -18,9 +18,9 @@
 #include "ui_frmClassAct.h"
 
 namespace orvex {
-frmClassAct::frmClassAct(const Services& services, QWidget* parent)
-    : QWidget(parent),
-      live_(services),
+
+frmClassAct::frmClassAct(const Services& services, const RunningClass* takenUp)
+    : live_(takenUp ? LiveObservation(services, *takenUp) : LiveObservation(services)),
       clocks_(services, live_),
       timer3_(services.prompter, "timer3"),
       offtaskTick_(services.prompter, "the offtask timer (frmClassAct)"),

@@ -28,7 +28,8 @@ class frmClassAct : public QWidget {
   Q_OBJECT
 
  public:
-  explicit frmClassAct(const Services& services, QWidget* parent = nullptr);
+  /// On a new class, or on one that is taken up again.
+  explicit frmClassAct(const Services& services, const RunningClass* takenUp = nullptr);
   ~frmClassAct() override;
 
   LiveObservation& Live() { return live_; }

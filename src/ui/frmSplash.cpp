@@ -6,6 +6,7 @@
 
 #include "editor/open_editor.h"
 #include "export/export_form.h"
+#include "observe/unended_class.h"
 #include "ui/show.h"
 #include "ui_frmSplash.h"
 
@@ -40,10 +41,14 @@ frmSplash::frmSplash(const Services& services, std::filesystem::path programFold
   };
   button(ui_->cmdStart, &MainMenu::NewObservation);
   button(ui_->Command3, &MainMenu::Matrices);
-  button(ui_->Command6, &MainMenu::ChangeDataPath);
   button(ui_->Command7, &MainMenu::EditFieldNotes);
   button(ui_->Command2, &MainMenu::Cancel);
   connect(ui_->Command1, &QPushButton::clicked, this, [services] { OpenEpisodeFile(services); });
+  connect(ui_->Command6, &QPushButton::clicked, this, [this, services] {
+    menu_.ChangeDataPath();
+    Refresh();
+    OfferUnendedClasses(services);
+  });
   connect(ui_->Command4, &QPushButton::clicked, this,
           [services] { ExportChosenList(services, ExportKind::epsData); });
   connect(ui_->Command5, &QPushButton::clicked, this,

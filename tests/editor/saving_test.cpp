@@ -35,7 +35,7 @@ struct SavingTest : testing::Test {
 
   EpisodeEditor Made() {
     test::PutFile(desk.file, test::FileOf(OneEpisode()));
-    const Services services = {desk.program, desk.log,      storage,
+    const Services services = {desk.program, desk.log,      desk.recovery, storage,
                                desk.clock,   desk.prompter, desk.screens};
     return {services, std::move(*OpenForEditing(services, desk.file).opened)};
   }

@@ -47,7 +47,8 @@ struct EndOfClassTest : testing::Test {
   FullDisk disk;
   test::Desk desk;
   SessionLog log{disk, desk.clock};
-  Services services{desk.program, log, disk, desk.clock, desk.prompter, desk.screens};
+  Services services{desk.program, log,           desk.recovery, disk,
+                    desk.clock,   desk.prompter, desk.screens};
   LiveObservation live = [this] {
     desk.OpenLog();
     log.File().Open(desk.folder / "BAK/7/12/7-12-3.bak");

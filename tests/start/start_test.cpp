@@ -69,7 +69,7 @@ TEST(MainMenu, TellsThatTheFolderCouldNotBeStoredAndUsesItAllTheSame) {
   test::Desk desk;
   test::FaultyStorage full;
   full.Fail(1, ENOSPC, "write");
-  MainMenu menu({desk.program, desk.log, full, desk.clock, desk.prompter, desk.screens},
+  MainMenu menu({desk.program, desk.log, desk.recovery, full, desk.clock, desk.prompter, desk.screens},
                 desk.folder.Path());
   desk.prompter.ExpectText("/data");
   desk.prompter.Expect("The data folder could not be stored.", Answer::ok);
@@ -118,7 +118,7 @@ TEST(FieldNotesFile, LosesNothingWhenItCannotBeReadOrWritten) {
   desk.prompter.Expect("The field notes could not be saved.", Answer::ok,
                        [&] { EXPECT_EQ(test::FileBytes(desk.folder / "a.nte"), "old\r\n"); });
   desk.prompter.ExpectNotes("new and more");
-  EditFieldNotesFile({desk.program, desk.log, full, desk.clock, desk.prompter, desk.screens});
+  EditFieldNotesFile({desk.program, desk.log, desk.recovery, full, desk.clock, desk.prompter, desk.screens});
   EXPECT_EQ(desk.prompter.askedNotes.back(), "new");
   EXPECT_EQ(test::FileBytes(desk.folder / "a.nte"), "new and more\r\n");
 }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "model/program.h"
+#include "store/recovery_file.h"
 #include "store/services.h"
 #include "store/session_log.h"
 #include "store/storage.h"
@@ -47,7 +48,8 @@ struct Desk {
   ScriptedPrompter prompter;
   RecordingScreens screens;
   SessionLog log{storage, clock};
-  Services services{program, log, storage, clock, prompter, screens};
+  RecoveryFile recovery{storage};
+  Services services{program, log, recovery, storage, clock, prompter, screens};
   std::size_t logRead = 0;
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "model/clock.h"
 
 namespace orvex::test {
@@ -10,7 +12,12 @@ class FakeClock : public Clock {
   explicit FakeClock(int hour = 9, int minute = 0, int second = 0) { Set(hour, minute, second); }
 
   float SecondsSinceMidnight() const override { return static_cast<float>(seconds_); }
+  float WallSeconds() const override { return static_cast<float>(seconds_ + wallAhead); }
   Date Today() const override { return today; }
+  std::int64_t UnixSeconds() const override {
+    constexpr std::int64_t kSecondsPerDay = 86400;
+    return today.day * kSecondsPerDay + static_cast<std::int64_t>(seconds_ + wallAhead);
+  }
 
   void Set(int hour, int minute, int second) { seconds_ = hour * 3600 + minute * 60 + second; }
   /// Moves on, past midnight into the next day.
@@ -23,6 +30,7 @@ class FakeClock : public Clock {
   }
 
   Date today{2001, 3, 14};
+  double wallAhead = 0;  ///< how far the system's clock has been set forward
 
  private:
   double seconds_ = 0;

@@ -26,7 +26,7 @@ class FaultyStorage : public Storage {
   }
   /// No write takes more than `bytes`.
   void LimitWrites(std::size_t bytes) { mostBytes_ = bytes; }
-  /// Every sync of a log waits until it is let go, or until the test can only have failed.
+  /// Every sync waits until it is let go, or until the test can only have failed.
   void HoldSyncs(bool hold) {
     const std::lock_guard lock(mutex_);
     held_ = hold;
@@ -53,13 +53,11 @@ class FaultyStorage : public Storage {
     if (Failing("write")) return -1;
     return Storage::Write(descriptor, bytes, std::min(count, mostBytes_));
   }
-  int Sync(int descriptor) override { return Failing("sync") ? -1 : Storage::Sync(descriptor); }
+  int Sync(int descriptor) override {
+    return FailingWhenLetGo("sync") ? -1 : Storage::Sync(descriptor);
+  }
   int SyncData(int descriptor) override {
-    const bool failing = Failing("syncData");
-    const int cause = errno;
-    AwaitThat([this] { return !held_; });
-    errno = cause;
-    return failing ? -1 : Storage::SyncData(descriptor);
+    return FailingWhenLetGo("syncData") ? -1 : Storage::SyncData(descriptor);
   }
   int Close(int descriptor) override {
     // As on Linux, the descriptor is gone even when the close fails.
@@ -91,6 +89,14 @@ class FaultyStorage : public Storage {
       errno = fault.error;
       failing = true;
     }
+    return failing;
+  }
+
+  bool FailingWhenLetGo(const std::string& call) {
+    const bool failing = Failing(call);
+    const int cause = errno;
+    AwaitThat([this] { return !held_; });
+    errno = cause;
     return failing;
   }
 

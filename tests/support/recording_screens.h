@@ -19,6 +19,7 @@ class RecordingScreens : public Screens {
     moves.push_back("show questionEditor for " + std::to_string(static_cast<int>(caller)) +
                     (proofMode ? " to proof" : ""));
   }
+  void ShowTakenUpClass(const RunningClass&) override { moves.emplace_back("take up the class"); }
   void ShowSurvey(SurveyCaller caller) override {
     moves.push_back("show survey for " + std::to_string(static_cast<int>(caller)));
   }

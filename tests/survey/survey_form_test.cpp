@@ -41,7 +41,8 @@ TEST(SurveyOfTheClass, ChangesTheAnswersOfTheClassAndWritesNothing) {
 TEST(SurveyOnAFile, IsSavedUnderItsNumbersInItsSpellingAndAFailureIsTriedAgain) {
   test::Desk desk;
   test::FaultyStorage disk;
-  const Services services{desk.program, desk.log, disk, desk.clock, desk.prompter, desk.screens};
+  const Services services{desk.program, desk.log,      desk.recovery, disk,
+                          desk.clock,   desk.prompter, desk.screens};
   SurFile file = {.identity = kIdentity, .answers = {}, .encoding = Encoding::windows1252};
   file.answers.checks[0].set(kOtherItem);
   file.answers.other = "caf\u00e9";

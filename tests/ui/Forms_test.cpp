@@ -33,7 +33,7 @@ class FormsTest : public testing::Test {
   }
 
   Desk desk_;
-  Forms forms_{desk_.program, desk_.log,      desk_.storage,
+  Forms forms_{desk_.program, desk_.log,      desk_.recovery,     desk_.storage,
                desk_.clock,   desk_.prompter, desk_.folder.Path()};
 };
 

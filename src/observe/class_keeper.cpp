@@ -1,0 +1,28 @@
+#include "observe/class_keeper.h"
+
+#include <cstdlib>
+#include <utility>
+
+#include "model/clock.h"
+#include "observe/kept_class.h"
+#include "store/recovery_file.h"
+
+namespace orvex {
+
+void ClassKeeper::Keep(const Services& services, const RunningClass& running) {
+  if (!services.recovery.IsOn()) return;
+  const Clock& clock = services.clock;
+  const std::int64_t now = clock.UnixSeconds();
+  constexpr std::int64_t kLongest = 10;
+  std::string text = FormatRunning(services.program, running);
+  if (text == kept_ && std::abs(now - keptAt_) < kLongest) return;
+  kept_ = std::move(text);
+  keptAt_ = now;
+  services.recovery.Keep(FormatMoment({.dateText = clock.DateText(),
+                                       .timeText = clock.TimeText(),
+                                       .secondsSinceMidnight = clock.SecondsSinceMidnight(),
+                                       .unixSeconds = now}) +
+                         kept_);
+}
+
+}  // namespace orvex

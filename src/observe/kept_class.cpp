@@ -1,0 +1,279 @@
+#include "observe/kept_class.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "model/coding_scheme.h"
+#include "store/format_error.h"
+#include "store/kept_content.h"
+#include "store/numbers.h"
+#include "store/record.h"
+#include "store/text_encoding.h"
+#include "survey/survey_scheme.h"
+
+namespace orvex {
+namespace {
+
+// One description per type, for writing and for reading: a field that is missing here is missing in
+// both, and its test fails.
+
+void Visit(auto& archive, auto& moment) requires requires {
+  moment.unixSeconds;
+}
+{
+  archive.Text("date", moment.dateText);
+  archive.Text("time", moment.timeText);
+  archive.Numbers("clock", moment.secondsSinceMidnight, moment.unixSeconds);
+}
+
+void Visit(auto& archive, auto& segment) requires requires {
+  segment.activityNum;
+}
+{
+  archive.Numbers("segment", segment.activityNum, segment.duration, segment.fSubCat,
+                  segment.grpSolo, segment.prep, segment.org, segment.src, segment.coglvl);
+  archive.Text("about", segment.aboutdata);
+}
+
+void Visit(auto& archive, auto& question) requires requires {
+  question.respondName;
+}
+{
+  archive.Text("question", question.question);
+  archive.Text("respondName", question.respondName);
+  archive.Numbers("codes", question.Source, question.Response, question.authenticity,
+                  question.uptake, question.cognitive, question.onePartOfMulti, question.tResponse,
+                  question.elaborated, question.iEpQ, question.iSgQ, question.bSkip);
+}
+
+void Visit(auto& archive, auto& episode) requires requires {
+  episode.Descript;
+}
+{
+  archive.Text("Descript", episode.Descript);
+  archive.Text("bReview", episode.bReview);
+  archive.Numbers("offtask", episode.offtask);
+  archive.List("segments", episode.segments, [&](auto& segment) { Visit(archive, segment); });
+  archive.List("questions", episode.questions, [&](auto& question) { Visit(archive, question); });
+}
+
+void Visit(auto& archive, auto& identity) requires requires {
+  identity.SchoolNum;
+}
+{
+  archive.Text("SchoolNum", identity.SchoolNum);
+  archive.Text("ClassNum", identity.ClassNum);
+  archive.Text("ObservNum", identity.ObservNum);
+  archive.Text("Initials", identity.Initials);
+  archive.Text("NumStudents", identity.NumStudents);
+}
+
+void VisitEstimates(auto& archive, std::string_view name, auto& estimates) {
+  archive.List(name, estimates, [&](auto& estimate) { archive.Numbers("estimate", estimate); });
+}
+
+void Visit(auto& archive, auto& program) requires requires {
+  program.OfftaskByCat;
+}
+{
+  Visit(archive, program.identity);
+  archive.Text("StartTimeText", program.StartTimeText);
+  archive.Numbers("QuitRequested", program.QuitRequested);
+  for (auto& estimates : program.OfftaskByCat) VisitEstimates(archive, "category", estimates);
+  archive.List("Episodes", program.Episodes, [&](auto& episode) { Visit(archive, episode); });
+}
+
+void Visit(auto& archive, auto& coding) requires requires {
+  coding.groupType;
+}
+{
+  archive.Numbers("panels", coding.choicesVisible, coding.aboutVisible, coding.presentationVisible,
+                  coding.seatworkEnabled, coding.groupTypesEnabled);
+  archive.Numbers("coding", coding.grpSolo, coding.prep, coding.presentationOrg, coding.writingKind,
+                  coding.groupType);
+  archive.Text("about", coding.about);
+  archive.Text("source", coding.source);
+  archive.Text("cognitiveLevel", coding.cognitiveLevel);
+  archive.Text("seatworkOrg", coding.seatworkOrg);
+}
+
+void Visit(auto& archive, auto& survey) requires requires {
+  survey.ratings;
+}
+{
+  for (auto& checks : survey.checks) archive.Bits("checks", checks);
+  archive.Text("other", survey.other);
+  for (auto& rating : survey.ratings) archive.Numbers("rating", rating);
+}
+
+void Visit(auto& archive, auto& dialog) requires requires {
+  dialog.studentsBefore;
+}
+{
+  archive.Text("offtask", dialog.prompt.offtask);
+  archive.Text("students", dialog.prompt.students);
+  archive.Text("studentsBefore", dialog.studentsBefore);
+}
+
+void Visit(auto& archive, auto& running) requires requires {
+  running.curEpisode;
+}
+{
+  archive.Numbers("running", running.curEpisode, running.curSegment, running.episodeStart,
+                  running.segmentStart, running.prevEpisodeStart);
+  VisitEstimates(archive, "offtaskEstimates", running.offtaskEstimates);
+  VisitEstimates(archive, "prevOfftaskEstimates", running.prevOfftaskEstimates);
+  archive.Text("curActivity", running.curActivity);
+  archive.Text("prevActivity", running.prevActivity);
+  archive.Text("episodeActivity", running.episodeActivity);
+  archive.Numbers("state", running.estimateKind, running.freshSegment, running.skipEstimate,
+                  running.awaitsSurvey, running.nothingEntered);
+  OfftaskSchedule::Visit(archive, running.schedule);
+  archive.Optional("estimateDialog", running.estimateDialog,
+                   [&](auto& dialog) { Visit(archive, dialog); });
+  Visit(archive, running.coding);
+  archive.Text("fieldNotes", running.fieldNotes);
+  Visit(archive, running.survey);
+  archive.Text("draftQuestion", running.draftQuestion);
+}
+
+// What was read is checked for all that the program takes for granted, and its texts are made the
+// one line that the other files have for them.
+
+bool IsActivityText(const std::string& text) {
+  if (text.empty()) return true;
+  for (int activity = 1; activity <= kActivityCount; ++activity) {
+    if (text == std::to_string(activity)) return true;
+  }
+  return false;
+}
+
+bool AreGood(const Survey& survey) {
+  for (std::size_t i = 0; i < survey.ratings.size(); ++i) {
+    const std::int16_t rating = survey.ratings[i];
+    if (rating < kUncoded || rating >= SurveyStatements()[i].Buttons()) return false;
+  }
+  for (std::size_t group = 0; group < survey.checks.size(); ++group) {
+    const auto items = SurveyGroups()[group].items.size();
+    if ((survey.checks[group] >> items).any()) return false;
+  }
+  return true;
+}
+
+bool IsTimeOfDay(float seconds) {
+  constexpr float kFarthest = 1e7F;  // a start can lie days back
+  return seconds > -kFarthest && seconds < kFarthest;
+}
+
+bool IsGood(const KeptClass& kept) {
+  const RunningClass& running = kept.running;
+  const EpisodeList& episodes = kept.program.Episodes;
+  if (episodes.empty() || static_cast<std::size_t>(running.curEpisode) != episodes.size()) {
+    return false;
+  }
+  constexpr std::size_t kMost = 32767;
+  if (episodes.size() > kMost) return false;
+  for (const Episode& episode : episodes) {
+    if (episode.segments.size() > kMost || episode.questions.size() > kMost) return false;
+  }
+  const auto segments = static_cast<int>(episodes.back().segments.size());
+  const bool follows = running.curSegment == segments + 1 || kept.SegmentEnded();
+  const bool hasActivity = !running.curActivity.empty() || running.estimateKind <= 0;
+  constexpr int kLastKind = 8;
+  return follows && running.curSegment >= 1 && hasActivity && running.estimateKind >= -1 &&
+         running.estimateKind <= kLastKind && IsActivityText(running.curActivity) &&
+         IsActivityText(running.prevActivity) && IsActivityText(running.episodeActivity) &&
+         IsTimeOfDay(running.episodeStart) && IsTimeOfDay(running.segmentStart) &&
+         IsTimeOfDay(running.prevEpisodeStart) && AreGood(running.survey);
+}
+
+void MakeOneLine(std::string& text) {
+  text = OneLine(text);
+}
+
+void MakeTextsOneLine(KeptClass& kept) {
+  for (Episode& episode : kept.program.Episodes) {
+    MakeOneLine(episode.Descript);
+    MakeOneLine(episode.bReview);
+    for (SegmentData& segment : episode.segments) MakeOneLine(segment.aboutdata);
+    for (questionInfo& question : episode.questions) {
+      MakeOneLine(question.question);
+      MakeOneLine(question.respondName);
+    }
+  }
+  Identity& identity = kept.program.identity;
+  for (std::string* text : {&identity.Initials, &identity.NumStudents, &kept.program.StartTimeText,
+                            &kept.running.coding.about, &kept.running.survey.other}) {
+    MakeOneLine(*text);
+  }
+}
+
+/// Takes the numbers of the class from the name of its file, "5-12-3.recovery".
+void NameAfter(const std::filesystem::path& path, Identity& identity) {
+  const std::string stem = path.stem().string();
+  std::string_view name = stem;
+  for (std::string* number : {&identity.SchoolNum, &identity.ClassNum, &identity.ObservNum}) {
+    const std::string_view part = name.substr(0, name.find('-'));
+    *number = part;
+    name.remove_prefix(std::min(part.size() + 1, name.size()));
+  }
+}
+
+}  // namespace
+
+bool KeptClass::SegmentEnded() const {
+  return !program.Episodes.empty() &&
+         static_cast<std::size_t>(running.curSegment) == program.Episodes.back().segments.size();
+}
+
+std::size_t KeptClass::Questions() const {
+  std::size_t questions = 0;
+  for (const Episode& episode : program.Episodes) questions += episode.questions.size();
+  return questions;
+}
+
+std::string FormatRunning(const Program& program, const RunningClass& running) {
+  std::string text;
+  RecordWriter writer(text);
+  Visit(writer, program);
+  Visit(writer, running);
+  return text;
+}
+
+std::string FormatMoment(const KeptMoment& moment) {
+  std::string text;
+  RecordWriter writer(text);
+  writer.Text("Orvex recovery", "1");
+  Visit(writer, moment);
+  return text;
+}
+
+KeptClass ParseKept(const std::string& content) {
+  KeptClass kept;
+  RecordReader reader(content);
+  std::string version;
+  reader.Text("Orvex recovery", version);
+  if (version != "1") reader.Fail("Orvex recovery");
+  Visit(reader, kept.moment);
+  Visit(reader, kept.program);
+  Visit(reader, kept.running);
+  reader.End();
+  if (!IsGood(kept)) reader.Fail("a class that could have run so");
+  MakeTextsOneLine(kept);
+  return kept;
+}
+
+KeptClass ReadKeptClass(const std::filesystem::path& path) {
+  const KeptContent content = ReadKept(path);
+  KeptClass kept = ParseKept(content.content);
+  kept.number = content.number;
+  Identity& identity = kept.program.identity;
+  const bool named = IdentityNumber(identity.SchoolNum) && IdentityNumber(identity.ClassNum) &&
+                     IdentityNumber(identity.ObservNum);
+  if (!named) NameAfter(path, identity);
+  return kept;
+}
+
+}  // namespace orvex

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace orvex {
+
+/// How the files of a RecoveryFile end.
+inline constexpr const char* kRecoveryExtension = ".recovery";
+
+/// A content that a RecoveryFile kept.
+struct KeptContent {
+  std::string content;
+  std::uint64_t number = 0;  ///< counts up with every content of a class
+};
+
+/// `content` as it stands in a file: sealed with its number and a checksum.
+std::string Sealed(std::string content, std::uint64_t number);
+/// The way back. Throws FormatError when the seal is missing or broken.
+KeptContent Unsealed(const std::string& bytes);
+
+/// The files that hold what is kept at `path`: itself, and those on their way to its place.
+std::vector<std::filesystem::path> FilesKeptAt(const std::filesystem::path& path);
+/// The paths at which something is kept in the folders of the classes of schools beneath `folder`,
+/// in their order.
+std::vector<std::filesystem::path> KeptPaths(const std::filesystem::path& folder);
+/// The newest whole content kept at `path`. When none is whole, throws the FileError or FormatError
+/// of the file in the place itself.
+KeptContent ReadKept(const std::filesystem::path& path);
+
+}  // namespace orvex

@@ -1,0 +1,273 @@
+#include "store/recovery_file.h"
+
+#include <fcntl.h>
+
+#include <cerrno>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "store/claim.h"
+#include "store/file_error.h"
+#include "store/kept_content.h"
+#include "store/storage.h"
+
+namespace orvex {
+
+namespace fs = std::filesystem;
+
+/// The two workers: the writer, which brings contents into the system's hands, and the storer,
+/// which brings them to the disk. They own nothing but bytes, names and descriptors.
+class RecoveryFile::Workers {
+ public:
+  Workers(Storage& storage, Claim claim, std::uint64_t number)
+      : storage_(storage),
+        claim_(std::move(claim)),
+        number_(number),
+        writer_(
+            [this] { Run(&Workers::Write, writing_, [this] { return waiting_.has_value(); }); }),
+        storer_(
+            [this] { Run(&Workers::Store, storing_, [this] { return written_.has_value(); }); }) {}
+
+  ~Workers() {
+    Await(&Workers::Stored);
+    {
+      const std::lock_guard lock(mutex_);
+      ended_ = true;
+    }
+    changed_.notify_all();
+    writer_.join();
+    storer_.join();
+    if (written_) Drop(*written_);
+  }
+  Workers(const Workers&) = delete;
+  Workers& operator=(const Workers&) = delete;
+
+  const fs::path& Path() const { return claim_.Path(); }
+
+  void Keep(std::string content) {
+    {
+      const std::lock_guard lock(mutex_);
+      waiting_ = std::move(content);
+      error_ = 0;
+    }
+    changed_.notify_all();
+  }
+
+  void Retry() {
+    {
+      const std::lock_guard lock(mutex_);
+      if (error_ == 0 || waiting_) return;
+      waiting_ = last_;
+      error_ = 0;
+    }
+    changed_.notify_all();
+  }
+
+  int Error() const {
+    const std::lock_guard lock(mutex_);
+    return error_;
+  }
+
+  void MoveTo(Claim claim) {
+    const std::lock_guard lock(mutex_);
+    left_.push_back(std::exchange(claim_, std::move(claim)));
+  }
+
+  /// Back to a path that has been left, but not yet given up. False when `path` is none.
+  bool MoveBack(const fs::path& path) {
+    const std::lock_guard lock(mutex_);
+    for (Claim& claim : left_) {
+      if (claim.Path() != path) continue;
+      std::swap(claim, claim_);
+      return true;
+    }
+    return false;
+  }
+
+  /// Nothing is left to do for the writer; and nothing for both.
+  bool Written() const { return !waiting_ && !writing_; }
+  bool Stored() const { return Written() && !written_ && !storing_; }
+  void Await(bool (Workers::*done)() const) {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [&] { return (this->*done)(); });
+  }
+
+  /// Removes what is kept. Nothing is under way any more. Returns the first `errno`, or 0.
+  int Remove() {
+    left_.push_back(std::move(claim_));
+    return RemoveAll(left_);
+  }
+
+ private:
+  /// A content in the system's hands, on its way to the disk.
+  struct Parcel {
+    fs::path temporary;
+    fs::path target;
+    int descriptor = -1;
+  };
+  using Lock = std::unique_lock<std::mutex>;
+
+  template <typename Due>
+  void Run(void (Workers::*work)(Lock&), bool& busy, Due due) {
+    Lock lock(mutex_);
+    for (;;) {
+      changed_.wait(lock, [&] { return due() || ended_; });
+      if (ended_) return;
+      busy = true;
+      (this->*work)(lock);
+      busy = false;
+      changed_.notify_all();
+    }
+  }
+
+  void Write(Lock& lock) {
+    last_ = *std::exchange(waiting_, std::nullopt);
+    Parcel made = {.temporary = claim_.Path(), .target = claim_.Path()};
+    made.temporary += "." + std::to_string(++number_);
+    const std::string bytes = Sealed(last_, number_);
+    lock.unlock();
+    constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC;
+    const char* name = made.temporary.c_str();
+    made.descriptor = Uninterrupted([&] { return storage_.Open(name, kFlags, 0666); });
+    int error = made.descriptor < 0 ? errno : 0;
+    if (error == 0 && WriteAll(storage_, made.descriptor, bytes) < bytes.size()) error = errno;
+    std::optional<Parcel> overtaken = std::move(made);
+    lock.lock();
+    if (error != 0) {
+      error_ = error;
+    } else {
+      std::swap(overtaken, written_);
+    }
+    lock.unlock();
+    if (overtaken) Drop(*overtaken);
+    lock.lock();
+  }
+
+  void Store(Lock& lock) {
+    const Parcel parcel = *std::exchange(written_, std::nullopt);
+    std::vector<Claim> left = std::exchange(left_, {});
+    lock.unlock();
+    const int error = BringToItsPlace(parcel);
+    storage_.Close(parcel.descriptor);
+    if (!stuck_.empty()) storage_.Unlink(stuck_.c_str());
+    stuck_.clear();
+    if (error == 0) {
+      RemoveAll(left);
+    } else {
+      stuck_ = parcel.temporary;  // it may be the newest there is: it stays until the next one
+    }
+    lock.lock();
+    if (error != 0) error_ = error;
+    for (Claim& claim : left) left_.push_back(std::move(claim));
+  }
+
+  /// Returns the `errno` of what went wrong, or 0.
+  int BringToItsPlace(const Parcel& parcel) {
+    const bool done = Uninterrupted([&] { return storage_.Sync(parcel.descriptor); }) == 0 &&
+                      storage_.Rename(parcel.temporary.c_str(), parcel.target.c_str()) == 0 &&
+                      SyncFolder(storage_, parcel.target.parent_path()) == 0;
+    return done ? 0 : errno;
+  }
+
+  void Drop(const Parcel& parcel) {
+    if (parcel.descriptor < 0) return;
+    storage_.Close(parcel.descriptor);
+    storage_.Unlink(parcel.temporary.c_str());
+  }
+
+  int RemoveAll(std::vector<Claim>& left) {
+    int error = 0;
+    for (const Claim& claim : left) {
+      for (const fs::path& file : FilesKeptAt(claim.Path())) {
+        if (storage_.Unlink(file.c_str()) != 0 && errno != ENOENT && error == 0) error = errno;
+      }
+      if (SyncFolder(storage_, claim.Path().parent_path()) != 0 && error == 0) error = errno;
+    }
+    left.clear();
+    return error;
+  }
+
+  Storage& storage_;
+  mutable std::mutex mutex_;
+  std::condition_variable changed_;
+  Claim claim_;
+  std::vector<Claim> left_;  ///< paths whose content a newer one elsewhere replaces
+  std::uint64_t number_;
+  std::optional<std::string> waiting_;  ///< for the writer
+  std::string last_;                    ///< what the writer took last
+  std::optional<Parcel> written_;       ///< for the storer
+  fs::path stuck_;                      ///< the storer's: what it could not store last
+  int error_ = 0;
+  bool writing_ = false;
+  bool storing_ = false;
+  bool ended_ = false;
+  std::thread writer_;  // last: they use all the others
+  std::thread storer_;
+};
+
+RecoveryFile::RecoveryFile(Storage& storage) : storage_(storage) {}
+
+RecoveryFile::~RecoveryFile() = default;
+
+Claim RecoveryFile::FreshClaim(const fs::path& path) {
+  Claim claim(path);
+  if (!FilesKeptAt(path).empty()) {
+    throw FileError(path, "keeps a class that was not ended");
+  }
+  return claim;
+}
+
+void RecoveryFile::Begin(const fs::path& path) {
+  Claim claim = FreshClaim(path);
+  workers_ = std::make_unique<Workers>(storage_, std::move(claim), 0);
+}
+
+void RecoveryFile::GoOn(const fs::path& path, std::uint64_t number) {
+  workers_ = std::make_unique<Workers>(storage_, Claim(path), number);
+}
+
+void RecoveryFile::MoveTo(const fs::path& path) {
+  if (!workers_ || path == workers_->Path() || workers_->MoveBack(path)) return;
+  workers_->MoveTo(FreshClaim(path));
+}
+
+void RecoveryFile::Keep(std::string content) {
+  if (workers_) workers_->Keep(std::move(content));
+}
+
+void RecoveryFile::Retry() {
+  if (workers_) workers_->Retry();
+}
+
+std::string RecoveryFile::Trouble() const {
+  const int error = workers_ ? workers_->Error() : 0;
+  return error == 0 ? "" : FileError(workers_->Path(), error).what();
+}
+
+void RecoveryFile::AwaitWritten() {
+  if (workers_) workers_->Await(&Workers::Written);
+}
+
+void RecoveryFile::AwaitStored() {
+  if (workers_) workers_->Await(&Workers::Stored);
+}
+
+void RecoveryFile::Leave() {
+  workers_.reset();
+}
+
+void RecoveryFile::Remove() {
+  if (!workers_) return;
+  AwaitStored();
+  const fs::path path = workers_->Path();
+  const int error = workers_->Remove();
+  workers_.reset();
+  if (error != 0) throw FileError(path, error);
+}
+
+}  // namespace orvex
