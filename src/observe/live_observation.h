@@ -47,6 +47,7 @@ class LiveObservation {
   /// Shows the forms that belong to the running segment.
   void ShowForms();
 
+  const RunningClass& Running() const { return run_; }
   /// Has the class kept as it is. To be called whenever something may have changed, and now and
   /// then: nothing happens while all is as it was.
   void Keep();

@@ -103,7 +103,7 @@ void SetUp::CheckForEpisodeFile() {
 /// which would take the place of its log.
 bool SetUp::OffersUnended() {
   const auto path = RecoveryPath(services_.program.DataPath, identity_);
-  if (FilesKeptAt(path).empty() || IsClaimed(path)) return false;
+  if (!IsKeptAt(path) || IsClaimed(path)) return false;
   if (OfferUnendedClass(services_, path) == OfferResult::takenUp) {
     services_.screens.Hide(Screen::setUp);
   }

@@ -164,9 +164,9 @@ class EpsReader {
   void ReadSummary(std::size_t episode) {
     if (summaries_[episode].questions > 0) {
       QuestionCounts& stated = summaries_[episode].counts;
-      for (int* count : {&stated.authenticTeacher, &stated.authenticStudent, &stated.teacher,
-                         &stated.student, &stated.unanswered, &stated.uptakeTest,
-                         &stated.allDefault}) {
+      for (int* count :
+           {&stated.authenticTeacher, &stated.authenticStudent, &stated.teacher, &stated.student,
+            &stated.unanswered, &stated.uptakeTest, &stated.allDefault}) {
         ReadCount(*count);
       }
       observation_.Episodes[episode].offtask = fields_.Single("the episode's off-task mean");

@@ -83,6 +83,17 @@ std::vector<fs::path> FilesKeptAt(const fs::path& path) {
   return files;
 }
 
+bool IsKeptAt(const fs::path& path) {
+  std::error_code unreadable;
+  if (fs::exists(path, unreadable)) return true;
+  try {
+    ReadKept(path);
+    return true;
+  } catch (const std::runtime_error&) {
+    return false;
+  }
+}
+
 std::vector<fs::path> KeptPaths(const fs::path& folder) {
   std::vector<fs::path> paths;
   for (const fs::path& school : EntriesOf(folder)) {
@@ -95,6 +106,7 @@ std::vector<fs::path> KeptPaths(const fs::path& folder) {
   }
   std::ranges::sort(paths);
   paths.erase(std::unique(paths.begin(), paths.end()), paths.end());
+  std::erase_if(paths, [](const fs::path& path) { return !IsKeptAt(path); });
   return paths;
 }
 

@@ -23,6 +23,9 @@ KeptContent Unsealed(const std::string& bytes);
 
 /// The files that hold what is kept at `path`: itself, and those on their way to its place.
 std::vector<std::filesystem::path> FilesKeptAt(const std::filesystem::path& path);
+/// True when something is kept at `path`, whole or damaged. What a killed program left half written
+/// on its way counts as nothing.
+bool IsKeptAt(const std::filesystem::path& path);
 /// The paths at which something is kept in the folders of the classes of schools beneath `folder`,
 /// in their order.
 std::vector<std::filesystem::path> KeptPaths(const std::filesystem::path& folder);

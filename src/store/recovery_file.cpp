@@ -216,7 +216,7 @@ RecoveryFile::~RecoveryFile() = default;
 
 Claim RecoveryFile::FreshClaim(const fs::path& path) {
   Claim claim(path);
-  if (!FilesKeptAt(path).empty()) {
+  if (IsKeptAt(path)) {
     throw FileError(path, "keeps a class that was not ended");
   }
   return claim;

@@ -1,0 +1,247 @@
+#include <gtest/gtest.h>
+#include <sys/time.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstddef>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "faults/played_class.h"
+#include "observe/kept_class.h"
+#include "store/claim.h"
+#include "store/kept_content.h"
+#include "store/storage.h"
+#include "support/test_folder.h"
+
+namespace orvex::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Kills the program when it makes its `fatal`-th call: a write after half of its bytes, every
+/// other call before it does anything.
+class DeadlyStorage : public Storage {
+ public:
+  explicit DeadlyStorage(int fatal) : fatal_(fatal) {}
+  int Calls() const { return calls_; }
+
+  int Open(const char* path, int flags, mode_t mode) override {
+    Count();
+    return Storage::Open(path, flags, mode);
+  }
+  ssize_t Write(int descriptor, const void* bytes, std::size_t count) override {
+    Count([&] { return Storage::Write(descriptor, bytes, IsLog(descriptor) ? 0 : count / 2); });
+    return Storage::Write(descriptor, bytes, count);
+  }
+  int Sync(int descriptor) override {
+    Count();
+    return Storage::Sync(descriptor);
+  }
+  int SyncData(int descriptor) override {
+    Count();
+    return Storage::SyncData(descriptor);
+  }
+  int Close(int descriptor) override {
+    Count();
+    return Storage::Close(descriptor);
+  }
+  int Rename(const char* from, const char* to) override {
+    Count();
+    return Storage::Rename(from, to);
+  }
+  int Unlink(const char* path) override {
+    Count();
+    return Storage::Unlink(path);
+  }
+  int MakeFolder(const char* path, mode_t mode) override {
+    Count();
+    return Storage::MakeFolder(path, mode);
+  }
+  int SetMode(int descriptor, mode_t mode) override {
+    Count();
+    return Storage::SetMode(descriptor, mode);
+  }
+  int Truncate(int descriptor, off_t size) override {
+    Count();
+    return Storage::Truncate(descriptor, size);
+  }
+
+ private:
+  /// The system takes an entry of the log whole or not at all, whenever the program is killed.
+  static bool IsLog(int descriptor) {
+    const fs::path name = fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor));
+    return name.extension() == ".bak";
+  }
+
+  template <typename LastAct = std::function<ssize_t()>>
+  void Count(LastAct lastAct = [] { return 0; }) {
+    const std::lock_guard lock(mutex_);
+    if (++calls_ != fatal_) return;
+    static_cast<void>(lastAct());
+    ::kill(::getpid(), SIGKILL);
+    for (;;) ::pause();
+  }
+
+  std::mutex mutex_;
+  int fatal_;
+  int calls_ = 0;
+};
+
+/// What the class and its log are after each step when nothing goes wrong, and its files at the
+/// end.
+struct Truth {
+  std::vector<std::string> states;
+  std::vector<std::string> logs;
+  std::map<std::string, std::string> files;
+  int calls = 0;
+};
+
+std::map<std::string, std::string> FilesOf(const fs::path& folder) {
+  std::map<std::string, std::string> files;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    if (entry.is_regular_file()) {
+      files[entry.path().lexically_relative(folder).string()] = FileBytes(entry.path());
+    }
+  }
+  return files;
+}
+
+constexpr const char* kOldFile = "an older class of the same numbers";
+
+void PutOldFile(const fs::path& folder) {
+  fs::create_directories(folder / "EPS/7/12");
+  std::ofstream(folder / "EPS/7/12/7-12-4.eps", std::ios::binary) << kOldFile;
+}
+
+Truth PlayToTheEnd() {
+  const TestFolder folder;
+  PutOldFile(folder.Path());
+  DeadlyStorage storage(0);
+  Truth truth;
+  {
+    PlayedClass played(storage, folder.Path());
+    for (std::size_t i = 0; i < played.Steps(); ++i) {
+      played.Play(i);
+      truth.states.push_back(played.State());
+      truth.logs.push_back(played.LogText());
+    }
+  }
+  truth.calls = storage.Calls();
+  truth.files = FilesOf(folder.Path());
+  return truth;
+}
+
+/// Plays the class in a program of its own that dies on the way. Returns how many steps it had told
+/// to be done.
+std::size_t PlayUntilKilled(const fs::path& folder, int fatalCall, int fatalMicroseconds) {
+  int ends[2] = {};
+  EXPECT_EQ(::pipe(ends), 0);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    if (fatalMicroseconds > 0) {
+      // Nobody handles this signal: it ends the program where it stands.
+      const itimerval timer = {.it_interval = {}, .it_value = {0, fatalMicroseconds}};
+      ::setitimer(ITIMER_REAL, &timer, nullptr);
+    }
+    DeadlyStorage storage(fatalCall);
+    PlayedClass played(storage, folder);
+    for (std::size_t i = 0; i < played.Steps(); ++i) {
+      played.Play(i);
+      if (::write(ends[1], "", 1) != 1) break;
+    }
+    ::kill(::getpid(), SIGKILL);  // nor does it end in order when all is played
+  }
+  ::close(ends[1]);
+  std::size_t steps = 0;
+  for (char step = 0; ::read(ends[0], &step, 1) == 1;) ++steps;
+  ::close(ends[0]);
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFSIGNALED(status));
+  return steps;
+}
+
+/// Holds what the killed program left against what it had told to be done.
+void ExpectNothingLost(const fs::path& folder, std::size_t steps, const Truth& truth) {
+  const std::map<std::string, std::string> files = FilesOf(folder);
+  const std::string& eps = files.at("EPS/7/12/7-12-4.eps");
+  EXPECT_TRUE(eps == kOldFile || eps == truth.files.at("EPS/7/12/7-12-4.eps")) << eps;
+
+  if (steps > 0) {
+    std::string log;
+    for (const auto& [name, bytes] : files) {
+      if (name.ends_with(".bak")) log = bytes;
+    }
+    EXPECT_TRUE(log.starts_with(truth.logs[steps - 1])) << log;
+    EXPECT_TRUE(truth.logs.back().starts_with(log)) << log;
+  }
+  constexpr std::size_t kStepsWithNothingEntered = 1;
+  if (steps <= kStepsWithNothingEntered) return;
+
+  const std::vector<fs::path> kept = KeptPaths(folder / "BAK");
+  if (kept.empty()) {
+    // All of it had been stored.
+    for (const auto& [name, bytes] : truth.files) EXPECT_EQ(files.at(name), bytes) << name;
+    return;
+  }
+  KeptClass newest;
+  for (const fs::path& path : kept) {
+    EXPECT_FALSE(IsClaimed(path));
+    KeptClass candidate = ReadKeptClass(path);
+    if (candidate.number > newest.number) newest = std::move(candidate);
+  }
+  const std::string state = FormatRunning(newest.program, newest.running);
+  const auto first = truth.states.begin() + static_cast<std::ptrdiff_t>(steps) - 1;
+  EXPECT_TRUE(std::find(first, truth.states.end(), state) != truth.states.end())
+      << "after " << steps << " steps:\n"
+      << state;
+}
+
+/// How much more of it to do than in the usual run of the tests.
+int Thoroughness() {
+  const char* times = std::getenv("ORVEX_THOROUGH");
+  return times == nullptr ? 1 : std::max(1, std::atoi(times));
+}
+
+class KilledClass : public testing::Test {
+ protected:
+  void Kill(int fatalCall, int fatalMicroseconds) {
+    SCOPED_TRACE("call " + std::to_string(fatalCall) + ", microsecond " +
+                 std::to_string(fatalMicroseconds));
+    const TestFolder folder;
+    PutOldFile(folder.Path());
+    const std::size_t steps = PlayUntilKilled(folder.Path(), fatalCall, fatalMicroseconds);
+    ExpectNothingLost(folder.Path(), steps, truth_);
+    ++kills_;
+  }
+  void TearDown() override { std::cout << kills_ << " programs were killed\n"; }
+
+  const Truth truth_ = PlayToTheEnd();
+  int kills_ = 0;
+};
+
+TEST_F(KilledClass, LosesNothingAtAnyCallOfTheSystem) {
+  ASSERT_GT(truth_.calls, 200);
+  const int step = std::max(1, 12 / Thoroughness());
+  for (int call = 1; call <= truth_.calls; call += step) Kill(call, 0);
+}
+
+TEST_F(KilledClass, LosesNothingAtAnyMoment) {
+  std::mt19937 random(20011);
+  constexpr int kLongest = 60'000;
+  for (int i = 0; i < 25 * Thoroughness(); ++i) {
+    Kill(0, std::uniform_int_distribution(1, kLongest)(random));
+  }
+}
+
+}  // namespace
+}  // namespace orvex::test

@@ -1,0 +1,138 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/program.h"
+#include "observe/kept_class.h"
+#include "observe/live_observation.h"
+#include "observe/session_clocks.h"
+#include "observe/set_up.h"
+#include "questions/question_entry.h"
+#include "store/recovery_file.h"
+#include "store/session_log.h"
+#include "store/storage.h"
+#include "support/fake_clock.h"
+#include "support/recording_screens.h"
+#include "support/test_folder.h"
+
+namespace orvex::test {
+
+/// An observer who agrees to everything.
+class AgreeingPrompter : public Prompter {
+ public:
+  Answer Ask(const Message& message) override {
+    return message.buttons == Buttons::okCancel || message.buttons == Buttons::ok ? Answer::ok
+                                                                                  : Answer::yes;
+  }
+  std::optional<std::string> AskText(const TextPrompt&) override { return std::nullopt; }
+  ChosenFile AskFile(const FilePrompt&) override { return {}; }
+  ChosenFile AskSaveFile(const FilePrompt&) override { return {}; }
+  bool AskOfftask(OfftaskPrompt& prompt) override {
+    prompt.offtask = "3";
+    return true;
+  }
+  std::optional<int> AskSeconds(const SecondsPrompt& prompt) override { return prompt.maximum / 3; }
+  std::optional<std::string> AskNotes(const std::string& notes) override {
+    return notes + "They read in pairs.\r\n";
+  }
+  std::optional<int> AskDivision(int) override { return std::nullopt; }
+  std::optional<std::vector<int>> AskQuestions(const Episode&) override { return std::nullopt; }
+};
+
+/// A short class, played step by step on a folder, in which every kind of change comes up.
+class PlayedClass {
+ public:
+  PlayedClass(Storage& storage, const std::filesystem::path& folder)
+      : storage_(storage), log_(storage, clock_), recovery_(storage) {
+    program_.DataPath = folder;
+    program_.StartTimeText = clock_.TimeText();
+  }
+
+  /// How many steps there are.
+  std::size_t Steps() const { return steps_.size(); }
+  /// Plays step `i`, after all before it. What it changed is then in the system's hands.
+  void Play(std::size_t i) {
+    clock_.Advance(41);
+    steps_[i]();
+    if (!live_) return;
+    live_->Keep();
+    recovery_.AwaitWritten();
+  }
+
+  /// The class as it stands, in the words in which it is kept.
+  std::string State() const { return live_ ? FormatRunning(program_, live_->Running()) : ""; }
+  std::string LogText() const {
+    return log_.File().Path().empty() ? "" : FileBytes(log_.File().Path());
+  }
+
+ private:
+  void Start() {
+    SetUp setUp(services_);
+    program_.identity = {"AB", "7", "12", "3", "25"};
+    setUp.Start();
+    live_.emplace(services_);
+    clocks_.emplace(services_, *live_);
+  }
+  void Describe(const std::string& text) {
+    live_->EnterDescription();
+    live_->KeyInDescription();
+    live_->TypeDescription(text);
+    live_->LeaveDescription();
+  }
+  void BeginQuestions() {
+    live_->cmdStartNewQASg_Click();
+    entry_.emplace(services_, *live_, *clocks_);
+  }
+  void Ask(const std::string& text, const std::string& source) {
+    entry_->TypeQuestion(text);
+    entry_->EnterOrDown(QuestionEntry::Control::txtQuestion);
+    entry_->TypeField(Dimension::source, source);
+    entry_->TypeField(Dimension::cognitive, "H");
+    entry_->SaveQuestion();
+  }
+
+  Storage& storage_;
+  FakeClock clock_;
+  AgreeingPrompter prompter_;
+  RecordingScreens screens_;
+  Program program_;
+  SessionLog log_;
+  RecoveryFile recovery_;
+  Services services_{program_, log_, recovery_, storage_, clock_, prompter_, screens_};
+  std::optional<LiveObservation> live_;
+  std::optional<SessionClocks> clocks_;
+  std::optional<QuestionEntry> entry_;
+
+  const std::vector<std::function<void()>> steps_ = {
+      [this] { Start(); },
+      [this] { Describe("Warm-up"); },
+      [this] { live_->ChooseActivity(8); },
+      [this] { live_->cmdFieldNote_Click(); },
+      [this] { live_->cmdStartNewSg_Click(); },
+      [this] { live_->ChooseActivity(4); },
+      [this] { live_->TypeAbout("Atticus before the jail"); },
+      [this] { BeginQuestions(); },
+      [this] { Ask("What does Scout see?", "T"); },
+      [this] { entry_->TypeQuestion("Why does she ke"); },
+      [this] { Ask("Why does she keep it to herself?", "T"); },
+      [this] { Ask("May I read it again?", "S"); },
+      [this] { live_->Command1_Click(); },
+      [this] { live_->cmdStartNewEp_Click(); },
+      [this] { Describe("Courage, and what it costs"); },
+      [this] { live_->ChooseActivity(14); },
+      [this] { live_->ChooseWritingKind(1); },
+      [this] { live_->TypeHeader(HeaderBox::observNum, "4"); },
+      [this] { live_->LeaveHeader(HeaderBox::observNum); },
+      [this] { live_->SurveyAnswers().ratings[3] = 2; },
+      [this] { live_->cmdStartNewSg_Click(); },
+      [this] { live_->ChooseActivity(17); },
+      [this] { live_->cmdBailout_Click(); },
+      [this] { Describe("Group work"); },
+      [this] { live_->cmdQuit_Click(); },
+  };
+};
+
+}  // namespace orvex::test
