@@ -1,48 +1,46 @@
-// How long the question entry form takes over one key, with an episode as full as a long class.
+// How long the question entry form takes over one key, with an episode as full as a long class and
+// a slow disk.
 
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QTemporaryDir>
-#include <optional>
+#include <algorithm>
+#include <chrono>
 #include <stdexcept>
 #include <string>
+#include <thread>
 
-#include "model/clock.h"
 #include "model/program.h"
-#include "model/prompter.h"
-#include "model/screens.h"
 #include "store/recovery_file.h"
 #include "store/session_log.h"
 #include "store/storage.h"
+#include "support/agreeing_prompter.h"
+#include "support/fake_clock.h"
+#include "support/recording_screens.h"
 #include "ui/frmClassAct.h"
 #include "ui/frmEnterQA.h"
 
 namespace orvex {
 namespace {
 
-class StillClock : public Clock {
+/// A disk that takes a twentieth of a second for everything that it is to keep for good.
+class SlowStorage : public Storage {
  public:
-  float SecondsSinceMidnight() const override { return 36000; }
-  Date Today() const override { return {2001, 3, 14}; }
-  std::int64_t UnixSeconds() const override { return 0; }
-};
+  int Sync(int descriptor) override {
+    std::this_thread::sleep_for(kDelay);
+    return Storage::Sync(descriptor);
+  }
+  int SyncData(int descriptor) override {
+    std::this_thread::sleep_for(kDelay);
+    return Storage::SyncData(descriptor);
+  }
 
-class NobodyThere : public Prompter {
- public:
-  Answer Ask(const Message& message) override { return message.defaultAnswer; }
-  std::optional<std::string> AskText(const TextPrompt&) override { return std::nullopt; }
-  ChosenFile AskFile(const FilePrompt&) override { return {}; }
-};
-
-class NoScreens : public Screens {
- public:
-  void Show(Screen) override {}
-  void Hide(Screen) override {}
-  void Close(Screen) override {}
-  void EndProgram() override {}
+ private:
+  static constexpr std::chrono::milliseconds kDelay{50};
 };
 
 void Press(QWidget* box, int key, const QString& text = {}) {
@@ -53,10 +51,25 @@ void Press(QWidget* box, int key, const QString& text = {}) {
   QCoreApplication::processEvents();  // what the key has changed is painted
 }
 
+/// The longest of the times that a benchmark has measured.
+class Longest {
+ public:
+  void Begin() { begin_ = std::chrono::steady_clock::now(); }
+  void End() { longest_ = std::max(longest_, std::chrono::steady_clock::now() - begin_); }
+  double Milliseconds() const {
+    return std::chrono::duration<double, std::milli>(longest_).count();
+  }
+
+ private:
+  std::chrono::steady_clock::time_point begin_;
+  std::chrono::steady_clock::duration longest_{};
+};
+
 struct Entry {
   explicit Entry(int questions) {
     // As in a class, every entry of the log is written before the form goes on.
     log.File().Open(folder.filePath(QStringLiteral("7-12-3.bak")).toStdString());
+    recovery.Begin(folder.filePath(QStringLiteral("7-12-3.recovery")).toStdString());
     live.Live().KeyInDescription();
     live.Live().TypeDescription("A long class");
     live.Live().ChooseActivity(kQuestionAnswer);
@@ -75,10 +88,10 @@ struct Entry {
 
   QTemporaryDir folder;
   Program program;
-  Storage storage;
-  StillClock clock;
-  NobodyThere prompter;
-  NoScreens screens;
+  SlowStorage storage;
+  test::FakeClock clock;
+  test::AgreeingPrompter prompter;
+  test::RecordingScreens screens;
   SessionLog log{storage, clock};
   RecoveryFile recovery{storage};
   Services services{program, log, recovery, storage, clock, prompter, screens};
@@ -86,11 +99,16 @@ struct Entry {
   frmEnterQA form{services, live.Live(), live.Clocks()};
 };
 
+/// One key, with what it has changed handed over to be kept.
 void TypingALetter(benchmark::State& state) {
   Entry entry(static_cast<int>(state.range(0)));
   auto* text = entry.Box("txtQuestion");
+  Longest key;
   for (auto _ : state) {
+    key.Begin();
     Press(text, Qt::Key_A, QStringLiteral("a"));
+    entry.live.Live().Keep();
+    key.End();
     state.PauseTiming();
     if (text->text().size() > 60) {
       text->clear();
@@ -98,7 +116,26 @@ void TypingALetter(benchmark::State& state) {
     }
     state.ResumeTiming();
   }
+  state.counters["longest_ms"] = key.Milliseconds();
+  entry.recovery.AwaitStored();
+  state.counters["recovery_bytes"] = static_cast<double>(
+      QFileInfo(entry.folder.filePath(QStringLiteral("7-12-3.recovery"))).size());
 }
+/// The same from the handing over to the moment when nothing but a failing system could lose it.
+void KeepingAClass(benchmark::State& state) {
+  Entry entry(static_cast<int>(state.range(0)));
+  Longest keeping;
+  for (auto _ : state) {
+    entry.live.Live().DraftQuestion() += 'a';
+    keeping.Begin();
+    entry.live.Live().Keep();
+    entry.recovery.AwaitWritten();
+    keeping.End();
+  }
+  state.counters["longest_ms"] = keeping.Milliseconds();
+}
+BENCHMARK(KeepingAClass)->Arg(0)->Arg(2000)->Unit(benchmark::kMillisecond)->Iterations(500);
+
 BENCHMARK(TypingALetter)->Arg(0)->Arg(2000)->Unit(benchmark::kMillisecond);
 
 /// Five keys: a text, Enter, Enter for the default Source, and a Response that stores the question

@@ -14,33 +14,12 @@
 #include "store/recovery_file.h"
 #include "store/session_log.h"
 #include "store/storage.h"
+#include "support/agreeing_prompter.h"
 #include "support/fake_clock.h"
 #include "support/recording_screens.h"
 #include "support/test_folder.h"
 
 namespace orvex::test {
-
-/// An observer who agrees to everything.
-class AgreeingPrompter : public Prompter {
- public:
-  Answer Ask(const Message& message) override {
-    return message.buttons == Buttons::okCancel || message.buttons == Buttons::ok ? Answer::ok
-                                                                                  : Answer::yes;
-  }
-  std::optional<std::string> AskText(const TextPrompt&) override { return std::nullopt; }
-  ChosenFile AskFile(const FilePrompt&) override { return {}; }
-  ChosenFile AskSaveFile(const FilePrompt&) override { return {}; }
-  bool AskOfftask(OfftaskPrompt& prompt) override {
-    prompt.offtask = "3";
-    return true;
-  }
-  std::optional<int> AskSeconds(const SecondsPrompt& prompt) override { return prompt.maximum / 3; }
-  std::optional<std::string> AskNotes(const std::string& notes) override {
-    return notes + "They read in pairs.\r\n";
-  }
-  std::optional<int> AskDivision(int) override { return std::nullopt; }
-  std::optional<std::vector<int>> AskQuestions(const Episode&) override { return std::nullopt; }
-};
 
 /// A short class, played step by step on a folder, in which every kind of change comes up.
 class PlayedClass {
