@@ -10,7 +10,6 @@
 namespace orvex {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr char32_t kNotUtf8 = 0xFFFFFFFF;
 
 /// What Windows-1252 makes of the bytes 80 to 9F; all others are the character of their number.
@@ -121,9 +120,15 @@ std::optional<std::string> ToWindows1252(std::string_view text) {
 
 }  // namespace
 
+std::string_view WithoutByteOrderMark(std::string_view text) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  while (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  return text;
+}
+
 DecodedText Decode(std::string bytes) {
   if (!IsUtf8(bytes)) return {FromWindows1252(bytes), Encoding::windows1252};
-  if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
+  bytes.erase(0, bytes.size() - WithoutByteOrderMark(bytes).size());
   return {std::move(bytes), Encoding::utf8};
 }
 

@@ -14,6 +14,9 @@ struct DecodedText {
   Encoding encoding = Encoding::utf8;
 };
 
+/// `text` without the byte order mark at its start, however often it stands there.
+std::string_view WithoutByteOrderMark(std::string_view text);
+
 /// Decodes a file: UTF-8 where it is valid, otherwise Windows-1252, whose unassigned bytes stand
 /// for the control characters of the same number.
 DecodedText Decode(std::string bytes);

@@ -24,6 +24,7 @@ TEST(TextEncoding, OnlyStrictUtf8IsUtf8) {
     EXPECT_EQ(Decode(bytes).encoding, Encoding::windows1252) << bytes;
   }
   EXPECT_EQ(Decode("\xEF\xBB\xBF, 12").text, ", 12");
+  EXPECT_EQ(Decode("\xEF\xBB\xBF\xEF\xBB\xBF, 12").text, ", 12");
 }
 
 TEST(TextEncoding, WhatWindows1252CannotHoldIsWrittenAsUtf8) {
