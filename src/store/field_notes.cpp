@@ -1,6 +1,7 @@
 #include "store/field_notes.h"
 
 #include <string_view>
+#include <utility>
 
 #include "store/durable_file.h"
 
@@ -25,15 +26,23 @@ std::string WithLineEnds(const std::string& text) {
 
 }  // namespace
 
-FieldNotes ReadFieldNotes(const std::filesystem::path& path) {
-  const DecodedText file = Decode(ReadFile(path));
+FieldNotes ParseFieldNotes(std::string bytes) {
+  const DecodedText file = Decode(std::move(bytes));
   FieldNotes notes = {.text = WithLineEnds(file.text), .encoding = file.encoding};
   if (notes.text.ends_with(kLineEnd)) notes.text.resize(notes.text.size() - kLineEnd.size());
   return notes;
 }
 
+FieldNotes ReadFieldNotes(const std::filesystem::path& path) {
+  return ParseFieldNotes(ReadFile(path));
+}
+
+std::string FormatFieldNotes(const FieldNotes& notes) {
+  return Encode(notes.text + std::string(kLineEnd), notes.encoding);
+}
+
 void WriteFieldNotes(Storage& storage, const std::filesystem::path& path, const FieldNotes& notes) {
-  ReplaceFile(storage, path, Encode(notes.text + std::string(kLineEnd), notes.encoding));
+  ReplaceFile(storage, path, FormatFieldNotes(notes));
 }
 
 }  // namespace orvex

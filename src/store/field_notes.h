@@ -15,12 +15,15 @@ struct FieldNotes {
   Encoding encoding = Encoding::utf8;  ///< how the file was spelled, and is spelled again
 };
 
-/// Reads a field-notes file; the line end after the last line is not part of the notes. Throws
-/// FileError.
+/// Reads the bytes of a field-notes file; the line end after the last line is not part of the
+/// notes.
+FieldNotes ParseFieldNotes(std::string bytes);
+/// The same from a file. Throws FileError.
 FieldNotes ReadFieldNotes(const std::filesystem::path& path);
 
-/// Replaces the field-notes file at `path` by `notes` and one line end. Throws FileError; the old
-/// file then stays.
+/// The bytes of a field-notes file: the notes and one line end.
+std::string FormatFieldNotes(const FieldNotes& notes);
+/// Replaces the file at `path`. Throws FileError; the old file then stays.
 void WriteFieldNotes(Storage& storage, const std::filesystem::path& path, const FieldNotes& notes);
 
 }  // namespace orvex

@@ -5,9 +5,12 @@
 
 #include "store/durable_file.h"
 #include "store/file_error.h"
+#include "store/text_encoding.h"
 
 namespace orvex {
 namespace {
+
+constexpr std::size_t kLongestPath = 4096;  // what the system takes for one, its end included
 
 std::filesystem::path OptionsPath(const std::filesystem::path& programFolder) {
   return programFolder / "options";
@@ -15,25 +18,28 @@ std::filesystem::path OptionsPath(const std::filesystem::path& programFolder) {
 
 }  // namespace
 
+std::optional<std::string> ParseOptions(std::string_view bytes) {
+  const std::string_view text = WithoutByteOrderMark(bytes);
+  std::string_view line = text.substr(0, text.find('\n'));
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  const bool isPath = line.size() < kLongestPath && line.find('\0') == std::string_view::npos;
+  if (text.empty() || !isPath) return std::nullopt;
+  return std::string(line);
+}
+
 std::optional<std::string> ReadOptionsFile(const std::filesystem::path& programFolder) try {
-  constexpr std::size_t kMostBytes = 8192;  // twice what the system takes for a path
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-  std::string line = ReadFileStart(OptionsPath(programFolder), kMostBytes);
-  const std::size_t end = line.find('\n');
-  if (end == std::string::npos && line.size() == kMostBytes) return std::nullopt;
-  if (line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
-  if (line.empty()) return std::nullopt;
-  if (const std::size_t stop = line.find('\n'); stop != std::string::npos) {
-    line.erase(stop > 0 && line[stop - 1] == '\r' ? stop - 1 : stop);
-  }
-  return line;
+  return ParseOptions(ReadFileStart(OptionsPath(programFolder), 2 * kLongestPath));
 } catch (const FileError&) {
   return std::nullopt;
 }
 
+std::string FormatOptions(const std::string& dataPath) {
+  return dataPath + "\r\n";
+}
+
 void WriteOptionsFile(Storage& storage, const std::filesystem::path& programFolder,
                       const std::string& dataPath) {
-  ReplaceFile(storage, OptionsPath(programFolder), dataPath + "\r\n");
+  ReplaceFile(storage, OptionsPath(programFolder), FormatOptions(dataPath));
 }
 
 }  // namespace orvex

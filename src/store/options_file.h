@@ -3,16 +3,21 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace orvex {
 
 class Storage;
 
-/// The first line of the options file, as it is written there after a byte order mark; nothing when
-/// there is no such file, it cannot be read, or the line is too long to be a path.
+/// The first line of an options file, as it is written there after a byte order mark; nothing when
+/// the file is empty, or the line is too long or otherwise no path.
+std::optional<std::string> ParseOptions(std::string_view bytes);
+/// The same from the file; nothing, too, when there is no such file or it cannot be read.
 std::optional<std::string> ReadOptionsFile(const std::filesystem::path& programFolder);
 
-/// Replaces the options file by one line. Throws FileError.
+/// The bytes of an options file: the path on a line.
+std::string FormatOptions(const std::string& dataPath);
+/// Replaces the options file. Throws FileError.
 void WriteOptionsFile(Storage& storage, const std::filesystem::path& programFolder,
                       const std::string& dataPath);
 

@@ -33,6 +33,8 @@ TEST(DataPath, IsTheFirstLineOfTheOptionsFileWhereThatNamesAFolder) {
   const std::pair<std::string, std::string> cases[] = {
       {"\xEF\xBB\xBF" + folder + "/\r\nmore\r\n", folder + "/"},
       {"\r\n" + folder, disk.Path()},
+      {folder + "\r", folder},
+      {folder + std::string("\0more\n", 6), disk.Path()},
       {std::string(9000, '/') + "\n", disk.Path()},
       {(disk / "options").string() + "\r\n", disk.Path()},
   };
