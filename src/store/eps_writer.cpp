@@ -38,9 +38,10 @@ class EpsText {
     return (*this << "\"").Typed(text) << "\"";
   }
   /// A text that is read back as one field.
-  EpsText& Field(const std::string& text) {
-    const bool blanks = text.starts_with(' ') || text.ends_with(' ');
-    return blanks || text.find(',') != std::string::npos ? Quoted(text) : Typed(text);
+  EpsText& Field(std::string_view text) {
+    const std::string line = OneLine(text);
+    const bool blanks = line.starts_with(' ') || line.ends_with(' ');
+    return blanks || line.find(',') != std::string::npos ? Quoted(line) : *this << line;
   }
   /// A number with nothing around it.
   EpsText& Joined(std::int64_t number) { return *this << Digits(number); }

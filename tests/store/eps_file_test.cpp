@@ -89,7 +89,7 @@ TEST(EpsFile, AFileOfAnEarlierVersionIsLeftAloneWhenDeclined) {
 
 TEST(EpsFile, NoTextBreaksTheFileAndARepairDropsTheAboutText) {
   EpsObservation typed;
-  typed.header.identity = {"\"J\", R", "5", "12", "3", "28"};
+  typed.header.identity = {"\"J\", R", "\n5", "12\r", "3", "28"};
   typed.header.encoding = Encoding::windows1252;
   Episode& episode = typed.Episodes.emplace_back();
   episode.Descript = "Caf\u00e9,\r\nscene 2\n";
@@ -103,6 +103,8 @@ TEST(EpsFile, NoTextBreaksTheFileAndARepairDropsTheAboutText) {
   const auto back = Read(Written(typed));
   EXPECT_EQ(back.header.encoding, Encoding::utf8);
   EXPECT_EQ(back.header.identity.Initials, "'J', R");
+  EXPECT_EQ(back.header.identity.SchoolNum, " 5");
+  EXPECT_EQ(back.header.identity.ClassNum, "12 ");
   EXPECT_EQ(back.Episodes[0].Descript, "Caf\u00e9, scene 2 ");
   EXPECT_EQ(back.Episodes[0].segments[0].aboutdata, " fate ");
   EXPECT_EQ(back.Episodes[0].questions[0].question, "Who? Why?(<----- 7 ; 7 ----->)");
