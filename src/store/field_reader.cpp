@@ -16,7 +16,11 @@ constexpr std::size_t kNone = std::string_view::npos;
 }  // namespace
 
 FieldReader::FieldReader(std::string_view text)
-    : text_(text), lineEnd_(text.find("\r\n") == kNone ? "\n" : "\r\n"), stop_(LineStop()) {}
+    : text_(text), lineEnd_(text.find("\r\n") == kNone ? "\n" : "\r\n") {
+  // The last line may lack its end, or half of it.
+  if (lineEnd_.size() > 1 && text_.ends_with('\r')) text_.remove_suffix(1);
+  stop_ = LineStop();
+}
 
 std::size_t FieldReader::LineStop() const {
   return std::min(text_.find(lineEnd_, position_), text_.size());

@@ -7,10 +7,10 @@
 namespace orvex {
 
 /// Reads a text as one stream of comma-separated fields and whole lines. CR LF ends a line, or LF
-/// in a text that holds no CR LF at all; the last line may lack its end. All reads throw
-/// FormatError, which names the line and what was expected, at the end of the text and where the
-/// field is not what it should be. `what` is a noun phrase for the message ("the school number").
-/// What is returned points into the text.
+/// in a text that holds no CR LF at all; the last line may lack its end, or half of it. All reads
+/// throw FormatError, which names the line and what was expected, at the end of the text and where
+/// the field is not what it should be. `what` is a noun phrase for the message ("the school
+/// number"). What is returned points into the text.
 class FieldReader {
  public:
   /// `text` must outlive the reader and what it returns.
