@@ -167,11 +167,10 @@ Columns QuestionColumns() {
         {{"0", "No"}, {"1", "Yes"}}},
        {"dialogic_spell", "Number of the episode's dialogic spell that it belongs to", "number",
         [](const TidyRow& row, int, Csv& csv) {
-          const auto spell = std::ranges::find_if(row.spells, [&](const DialogicSpell& s) {
-            return s.first <= row.number && row.number <= s.last;
-          });
+          const auto spell =
+              std::ranges::lower_bound(row.spells, row.number, {}, &DialogicSpell::last);
           const auto number = static_cast<std::int16_t>(spell - row.spells.begin() + 1);
-          WriteCode(spell != row.spells.end(), number, csv);
+          WriteCode(spell != row.spells.end() && spell->first <= row.number, number, csv);
         }}});
   return columns;
 }

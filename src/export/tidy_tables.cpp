@@ -60,25 +60,28 @@ std::string_view NameOf(TidyTable table) {
   return "episodes";
 }
 
+void AppendTidyRows(TidyTable table, std::string_view file, const EpsObservation& observation,
+                    std::string& rows) {
+  int number = 0;
+  for (const Episode& episode : observation.Episodes) {
+    const auto spells = FindDialogicSpells(episode.questions);
+    AppendRowsOfEpisode(table,
+                        {.file = file,
+                         .header = observation.header,
+                         .episode = episode,
+                         .spells = spells,
+                         .episodeNumber = ++number},
+                        rows);
+  }
+}
+
 TableKind TidyTableKind(TidyTable table, WarnOf warnOf) {
   const auto append = [table, warnOf = std::move(warnOf)](const std::filesystem::path& file,
                                                           std::string& rows) {
     ReadOn events([&](const std::string& warning) {
       if (warnOf) warnOf(file, warning);
     });
-    const EpsObservation observation = ReadEpsFile(file, events);
-    const std::string name = file.stem().string();
-    int number = 0;
-    for (const Episode& episode : observation.Episodes) {
-      const auto spells = FindDialogicSpells(episode.questions);
-      AppendRowsOfEpisode(table,
-                          {.file = name,
-                           .header = observation.header,
-                           .episode = episode,
-                           .spells = spells,
-                           .episodeNumber = ++number},
-                          rows);
-    }
+    AppendTidyRows(table, file.stem().string(), ReadEpsFile(file, events), rows);
   };
   return {.fileName = std::string(NameOf(table)) + ".csv",
           .extension = ".eps",

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "export/table_export.h"
+#include "store/eps_file.h"
 
 namespace orvex {
 
@@ -13,6 +14,10 @@ enum class TidyTable { questions, segments, episodes };
 
 /// "questions".
 std::string_view NameOf(TidyTable table);
+
+/// Appends the rows of an observation whose file has the base name `file`.
+void AppendTidyRows(TidyTable table, std::string_view file, const EpsObservation& observation,
+                    std::string& rows);
 
 /// "questions.csv", from the episode files of a list.
 TableKind TidyTableKind(TidyTable table, WarnOf warnOf);
