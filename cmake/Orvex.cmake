@@ -4,10 +4,14 @@
 add_library(orvex_warnings INTERFACE)
 target_compile_options(orvex_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
-  -Woverloaded-virtual -Wnon-virtual-dtor -Wcast-qual -Wcast-align -Wduplicated-cond
-  -Wduplicated-branches -Wlogical-op -Wnull-dereference -Wformat=2 -Wextra-semi -Wundef
-  # GCC 12 sees overlaps in optimised std::string code that are not there (GCC bug 105651).
-  -Wno-restrict)
+  -Woverloaded-virtual -Wnon-virtual-dtor -Wcast-qual -Wcast-align -Wnull-dereference -Wformat=2
+  -Wextra-semi -Wundef)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(orvex_warnings INTERFACE
+    -Wduplicated-cond -Wduplicated-branches -Wlogical-op
+    # GCC 12 sees overlaps in optimised std::string code that are not there (GCC bug 105651).
+    -Wno-restrict)
+endif()
 
 if(ORVEX_SANITIZERS)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
