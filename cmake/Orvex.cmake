@@ -18,6 +18,10 @@ if(ORVEX_SANITIZERS)
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+if(ORVEX_FUZZERS)
+  # A number of a file that is too large for the integer it is turned into counts as well.
+  add_compile_options(-fsanitize=fuzzer-no-link,float-cast-overflow)
+endif()
 
 # orvex_core_library(<folder> [DEPENDS orvex_x ...]): the library of one folder of the core.
 function(orvex_core_library folder)

@@ -1,0 +1,43 @@
+#include "export/file_list.h"
+#include "fuzz/checks.h"
+
+namespace orvex::fuzz {
+namespace {
+
+/// A list of the same names on the same lines.
+std::string Written(const std::vector<ListedFile>& files) {
+  std::string text;
+  int line = 1;
+  for (const ListedFile& file : files) {
+    for (; line < file.line; ++line) text += "\r\n";
+    text += " " + file.name;  // a name may begin with what would be taken for a byte order mark
+  }
+  return text;
+}
+
+/// The three numbers of a name are parts of it, in their order.
+void CheckNumbersOf(const std::string& name) {
+  const auto numbers = NumbersOf(name);
+  if (!numbers) return;
+  const std::string joined = std::string(numbers->school) + "-" + std::string(numbers->classNum) +
+                             "-" + std::string(numbers->observation);
+  Require(name.find(joined) != std::string::npos, "a name's numbers are parts of it");
+  Require(joined.find('/') == std::string::npos, "the folder is no part of a name's numbers");
+}
+
+}  // namespace
+
+std::optional<std::string> CheckFileList(std::string_view bytes) {
+  const auto files = ParseFileList(std::string(bytes));
+  const std::string written = Written(files);
+  const auto again = ParseFileList(written);
+  Require(std::ranges::equal(files, again,
+                             [](const ListedFile& one, const ListedFile& other) {
+                               return one.line == other.line && one.name == other.name;
+                             }),
+          "a list's names come back on their lines");
+  for (const ListedFile& file : files) CheckNumbersOf(file.name);
+  return written;
+}
+
+}  // namespace orvex::fuzz

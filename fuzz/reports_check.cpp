@@ -1,0 +1,77 @@
+#include <cstddef>
+
+#include "export/episode_rows.h"
+#include "export/observation_json.h"
+#include "export/tidy_tables.h"
+#include "fuzz/checks.h"
+#include "reports/question_plot.h"
+#include "reports/question_statistics.h"
+#include "reports/time_summary.h"
+#include "store/text_encoding.h"
+
+namespace orvex::fuzz {
+namespace {
+
+/// Reads as the export does, which takes the stated counts and makes a row of each episode.
+class Rows : public ReadOn {
+ public:
+  Rows() : ReadOn(nullptr) {}
+
+  bool WantsCounts() const override { return true; }
+  void EpisodeRead(int ep, const Episode& episode, const QuestionCounts& stated) override {
+    AppendEpisodeRow({"5", "12", "3"}, ep, episode, stated, text);
+  }
+
+  std::string text;
+};
+
+/// The reports of an observation that people read.
+std::string ReportsOf(const EpsObservation& observation) {
+  std::string text = TextOf(MakeTimeSummary(observation.header, observation.Episodes));
+  int number = 0;
+  for (const Episode& episode : observation.Episodes) {
+    ++number;
+    const Identity& identity = observation.header.identity;
+    text += TextOf(MakeQuestionStatistics(identity, number, episode));
+    text += TextOf(MakeQuestionPlot(identity, number, episode));
+  }
+  return text;
+}
+
+/// The rows that the tables for statistics programs have of it.
+std::string TablesOf(const EpsObservation& observation) {
+  std::string rows;
+  for (const auto table : {TidyTable::questions, TidyTable::segments, TidyTable::episodes}) {
+    AppendTidyRows(table, "5-12-3", observation, rows);
+  }
+  return rows;
+}
+
+std::ptrdiff_t Lines(std::string_view text) {
+  return std::ranges::count(text, '\n');
+}
+
+}  // namespace
+
+/// Whatever an episode file holds can be reported. What is returned is the rows of the export.
+std::optional<std::string> CheckReports(std::string_view bytes) {
+  Rows rows;
+  const auto observation =
+      Accepted(bytes, [&](std::string_view file) { return ParseEps(std::string(file), rows); });
+  if (!observation) return std::nullopt;
+  std::ptrdiff_t records = std::ssize(observation->Episodes);
+  Require(Lines(rows.text) == records, "an episode has one row");
+  for (const Episode& episode : observation->Episodes) {
+    records += std::ssize(episode.segments) + std::ssize(episode.questions);
+  }
+  const std::string tables = TablesOf(*observation);
+  Require(Lines(tables) == records, "whatever a row holds, it is one line of a table");
+  const std::string json = ObservationJson("5-12-3.eps", *observation, std::nullopt);
+  Require(std::ranges::none_of(json, [](char c) { return c >= 0 && c < ' '; }),
+          "JSON has no control characters");
+  Require(Decode(ReportsOf(*observation) + tables + json).encoding == Encoding::utf8,
+          "reports are UTF-8");
+  return rows.text;
+}
+
+}  // namespace orvex::fuzz
