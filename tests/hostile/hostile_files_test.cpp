@@ -46,6 +46,7 @@ const std::vector<Reader>& Readers() {
       {"field notes", fuzz::CheckFieldNotes, sample("recorded/7-13-3.nte"), false},
       {"list", fuzz::CheckFileList, sample("class/LIST.TXT"), false},
       {"options", fuzz::CheckOptions, "/home/ana/classes\r\n", false},
+      {"recovery", fuzz::CheckRecoveryFile, sample("recorded/7-12-3.recovery"), true},
       {"encoding", fuzz::CheckTextEncoding,
        "\xEF\xBB\xBF"
        "caf\u00e9 \u2013 \U0001F600",
