@@ -129,7 +129,7 @@ Truth PlayToTheEnd() {
   Truth truth;
   {
     PlayedClass played(storage, folder.Path());
-    for (std::size_t i = 0; i < played.Steps(); ++i) {
+    for (std::size_t i = 0; i < PlayedClass::kSteps; ++i) {
       played.Play(i);
       truth.states.push_back(played.State());
       truth.logs.push_back(played.LogText());
@@ -154,7 +154,7 @@ std::size_t PlayUntilKilled(const fs::path& folder, int fatalCall, int fatalMicr
     }
     DeadlyStorage storage(fatalCall);
     PlayedClass played(storage, folder);
-    for (std::size_t i = 0; i < played.Steps(); ++i) {
+    for (std::size_t i = 0; i < PlayedClass::kSteps; ++i) {
       played.Play(i);
       if (::write(ends[1], "", 1) != 1) break;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <optional>
 #include <string>
@@ -10,6 +11,7 @@
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
 #include "observe/set_up.h"
+#include "observe/unended_class.h"
 #include "questions/question_entry.h"
 #include "store/recovery_file.h"
 #include "store/session_log.h"
@@ -30,15 +32,26 @@ class PlayedClass {
     program_.StartTimeText = clock_.TimeText();
   }
 
-  /// How many steps there are.
-  std::size_t Steps() const { return steps_.size(); }
+  static constexpr std::size_t kSteps = 25;
   /// Plays step `i`, after all before it. What it changed is then in the system's hands.
   void Play(std::size_t i) {
-    clock_.Advance(41);
+    clock_.Advance(kPace);
     steps_[i]();
     if (!live_) return;
     live_->Keep();
     recovery_.AwaitWritten();
+  }
+
+  /// Goes on with a class that another program has played up to step `i` when it was killed.
+  /// False when no class was taken up.
+  bool TakeUpAt(std::size_t i) {
+    clock_.Advance(kPace * static_cast<double>(i));
+    OfferUnendedClasses(services_);
+    if (!screens_.takenUp) return false;
+    live_.emplace(services_, *screens_.takenUp);
+    clocks_.emplace(services_, *live_);
+    if (live_->SelectedActivity() == kQuestionAnswer) entry_.emplace(services_, *live_, *clocks_);
+    return true;
   }
 
   /// The class as it stands, in the words in which it is kept.
@@ -48,6 +61,8 @@ class PlayedClass {
   }
 
  private:
+  static constexpr double kPace = 41;  ///< seconds from step to step
+
   void Start() {
     SetUp setUp(services_);
     program_.identity = {"AB", "7", "12", "3", "25"};
@@ -85,7 +100,7 @@ class PlayedClass {
   std::optional<SessionClocks> clocks_;
   std::optional<QuestionEntry> entry_;
 
-  const std::vector<std::function<void()>> steps_ = {
+  const std::array<std::function<void()>, kSteps> steps_ = {
       [this] { Start(); },
       [this] { Describe("Warm-up"); },
       [this] { live_->ChooseActivity(8); },

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "model/screens.h"
+#include "observe/running_class.h"
 
 namespace orvex::test {
 
@@ -19,7 +21,10 @@ class RecordingScreens : public Screens {
     moves.push_back("show questionEditor for " + std::to_string(static_cast<int>(caller)) +
                     (proofMode ? " to proof" : ""));
   }
-  void ShowTakenUpClass(const RunningClass&) override { moves.emplace_back("take up the class"); }
+  void ShowTakenUpClass(const RunningClass& running) override {
+    moves.emplace_back("take up the class");
+    takenUp = running;
+  }
   void ShowSurvey(SurveyCaller caller) override {
     moves.push_back("show survey for " + std::to_string(static_cast<int>(caller)));
   }
@@ -39,6 +44,7 @@ class RecordingScreens : public Screens {
   std::vector<std::string> Take() { return std::exchange(moves, {}); }
 
   std::vector<std::string> moves;
+  std::optional<RunningClass> takenUp;
   bool surveyFileIsGood = true;
   bool episodeFileIsGood = true;
 

@@ -1,0 +1,119 @@
+#include "observe/unended_class.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "faults/played_class.h"
+#include "store/storage.h"
+#include "support/desk.h"
+
+namespace orvex::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Plays the first `steps` steps of a class, and lets the program end as a crash would.
+void PlayAndCrash(const fs::path& folder, std::size_t steps) {
+  Storage storage;
+  PlayedClass played(storage, folder);
+  for (std::size_t i = 0; i < steps; ++i) played.Play(i);
+}
+
+/// The steps after which something has been entered and the class not ended.
+constexpr std::size_t kFirst = 2;
+constexpr std::size_t kLast = PlayedClass::kSteps - 1;
+
+TEST(UnendedClass, TakenUpAtAnyStepEndsAsIfNothingHadHappened) {
+  std::vector<std::string> truth;
+  for (std::size_t crash = PlayedClass::kSteps; crash >= kFirst; --crash) {
+    SCOPED_TRACE("crash after step " + std::to_string(crash));
+    const TestFolder folder;
+    PlayAndCrash(folder.Path(), crash);
+    if (crash <= kLast) {
+      Storage storage;
+      PlayedClass played(storage, folder.Path());
+      ASSERT_TRUE(played.TakeUpAt(crash));
+      for (std::size_t i = crash; i < PlayedClass::kSteps; ++i) played.Play(i);
+    }
+    std::vector<std::string> files;
+    for (const char* name : {"EPS/7/12/7-12-4.eps", "NTE/7/12/7-12-4.nte", "SUR/7/12/7-12-4.sur"}) {
+      files.push_back(FileBytes(folder / name));
+    }
+    if (truth.empty()) truth = files;
+    EXPECT_EQ(files, truth);
+    EXPECT_FALSE(fs::exists(folder / "BAK/7/12/7-12-4.recovery"));
+  }
+}
+
+TEST(UnendedClass, IsOfferedWithWhatIsKnownOfItAndLeftAlone) {
+  Desk desk;
+  PlayAndCrash(desk.folder.Path(), 12);
+  const std::string kept = FileBytes(desk.folder / "BAK/7/12/7-12-3.recovery");
+  const std::string text =
+      "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
+      "It was observed from 09:00:00 to 09:08:12: 1 episode, 3 questions.";
+  desk.clock.Set(9, 30, 0);
+  desk.prompter.Expect(text, Answer::cancel);
+  OfferUnendedClasses(desk.services);
+  EXPECT_EQ(desk.prompter.asked.back().defaultAnswer, Answer::yes) << "the lesson may still go on";
+  EXPECT_EQ(desk.prompter.asked.back().captions.size(), 3U);
+  desk.clock.Set(15, 0, 0);
+  desk.prompter.Expect(text, Answer::cancel);
+  OfferUnendedClasses(desk.services);
+  EXPECT_EQ(desk.prompter.asked.back().defaultAnswer, Answer::cancel);
+
+  // A new class of the same numbers would take the place of its log.
+  orvex::SetUp setUp(desk.services);
+  for (const auto& [box, number] : {std::pair{HeaderBox::schoolNum, "07"},
+                                    {HeaderBox::classNum, "12"},
+                                    {HeaderBox::observNum, "3"},
+                                    {HeaderBox::numStudents, "25"}}) {
+    setUp.Type(box, number);
+  }
+  desk.prompter.Expect(text, Answer::cancel);
+  setUp.Start();
+  EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{});
+  EXPECT_EQ(FileBytes(desk.folder / "BAK/7/12/7-12-3.recovery"), kept);
+
+  desk.prompter.Expect(text, Answer::yes);
+  setUp.Start();
+  EXPECT_EQ(desk.screens.Take(),
+            (std::vector<std::string>{"take up the class", "close mainMenu", "hide setUp"}));
+  EXPECT_NE(desk.NewLogText().find("CLASS TAKEN UP AGAIN ***** 15:00:00"), std::string::npos);
+  // It has gone on all the while, and the correction of the clock can take that back.
+  EXPECT_NEAR(desk.clock.SecondsSinceMidnight() - desk.screens.takenUp->segmentStart, 21272, 1);
+}
+
+TEST(UnendedClass, ThatStillRunsIsNobodyElses) {
+  Desk desk;
+  Storage storage;
+  PlayedClass played(storage, desk.folder.Path());
+  for (std::size_t i = 0; i < 5; ++i) played.Play(i);
+  OfferUnendedClasses(desk.services);
+  orvex::SetUp setUp(desk.services);
+  desk.program.identity = {"CD", "7", "12", "3", "25"};
+  desk.prompter.Expect("The session log could not be opened.", Answer::ok);
+  setUp.Start();
+  EXPECT_NE(desk.prompter.asked.back().details.find("in use by another Orvex"), std::string::npos);
+  EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{});
+}
+
+TEST(UnendedClass, ThatIsDamagedIsToldAndLeftAlone) {
+  Desk desk;
+  fs::create_directories(desk.folder / "BAK/7/12");
+  std::ofstream(desk.folder / "BAK/7/12/7-12-3.recovery") << "Orvex recovery=1\r\n";
+  desk.prompter.Expect("A class that was not ended cannot be read. Its file is left as it is.",
+                       Answer::ok);
+  OfferUnendedClasses(desk.services);
+  EXPECT_NE(desk.prompter.asked.back().details.find("7-12-3.recovery: line 2: expected the seal"),
+            std::string::npos);
+  EXPECT_TRUE(fs::exists(desk.folder / "BAK/7/12/7-12-3.recovery"));
+}
+
+}  // namespace
+}  // namespace orvex::test
