@@ -1,6 +1,7 @@
 #include "observe/session_clocks.h"
 
 #include <cstdint>
+#include <utility>
 
 #include "model/clock.h"
 #include "model/time_of_day.h"
@@ -26,14 +27,16 @@ std::string SessionClocks::SegmentCaption() const {
 }
 
 std::string SessionClocks::LogTrouble() const {
-  const std::string trouble = services_.log.File().Trouble();
-  const std::string keeping = services_.recovery.Trouble();
-  if (trouble.empty() && !keeping.empty()) {
-    return "Trouble with the recovery file (" + keeping +
-           "). The class is in memory; it is tried again.";
+  const std::pair<const char*, std::string> files[] = {
+      {"session log", services_.log.File().Trouble()},
+      {"recovery file", services_.recovery.Trouble()},
+  };
+  for (const auto& [name, trouble] : files) {
+    if (trouble.empty()) continue;
+    return std::string("Trouble with the ") + name + " (" + trouble +
+           "). What it lacks is kept and tried again.";
   }
-  if (trouble.empty()) return "";
-  return "Trouble with the session log (" + trouble + "). What it lacks is kept and tried again.";
+  return "";
 }
 
 std::string SessionClocks::TimeSince(float start) const {

@@ -25,7 +25,8 @@ class SessionClocks {
   const std::string& EpisodeTime() const { return episodeTime_; }
   const std::string& SegmentTime() const { return segmentTime_; }
   const std::string& TimeOfDay() const { return timeOfDay_; }
-  /// What to tell the observer while the log cannot be written; "" while it can.
+  /// What to tell the observer while the log or the recovery file cannot be written; "" while they
+  /// can.
   std::string LogTrouble() const;
   OfftaskIndicator& Offtask() { return offtask_; }
   const OfftaskIndicator& Offtask() const { return offtask_; }
