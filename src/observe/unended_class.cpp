@@ -1,6 +1,8 @@
 #include "observe/unended_class.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>
