@@ -27,6 +27,12 @@ bool IsFullDisk(int error) {
   return std::ranges::find(kFull, error) != kFull.end();
 }
 
+/// True when the file has been deleted: what is written to it then is lost without an error.
+bool HasNoName(int descriptor) {
+  struct stat status = {};
+  return ::fstat(descriptor, &status) == 0 && status.st_nlink == 0;
+}
+
 }  // namespace
 
 /// Syncs a descriptor, and folders, behind the back of whoever writes to them.
@@ -174,6 +180,7 @@ void AppendLog::Append(std::string_view entry) {
 void AppendLog::Retry() {
   if (!IsOpen()) return;
   cause_.clear();
+  if (HasNoName(descriptor_)) unreliable_ = true;
   const std::string_view waiting = std::string_view(text_).substr(written_);
   const std::size_t count = WriteAll(storage_, descriptor_, waiting);
   if (count < waiting.size()) {
