@@ -9,13 +9,12 @@
 #include "store/durable_file.h"
 #include "store/file_error.h"
 #include "store/format_error.h"
+#include "store/save_file.h"
 
 namespace orvex {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* kFilter = "EPS files (*.EPS)|*.EPS";
 
 /// Passes what the reader has to say on to the user.
 class ReadingAloud : public EpsReadEvents {
@@ -45,57 +44,39 @@ EditedFile::EditedFile(fs::path path, EpsHeader header, std::string bytes)
 
 bool EditedFile::Save(const Services& services, const EpisodeList& episodes) {
   const std::string bytes = FormatEps(header_, episodes);
-  fs::path target = path_;
-  for (;;) {
-    // The dialog for saving has asked already whether a file may be replaced.
-    Answer answer = target == path_ ? MayReplace(services.prompter, bytes) : Answer::yes;
-    if (answer == Answer::yes) {
-      try {
-        ReplaceFile(services.storage, target, bytes);
-        path_ = target;
-        bytes_ = bytes;
-        return true;
-      } catch (const FileError& error) {
-        answer = services.prompter.Ask(
-            {.text = "The file could not be saved. Try again?\nNo lets you save it elsewhere.",
-             .buttons = Buttons::yesNoCancel,
-             .defaultAnswer = Answer::yes,
-             .details = error.what()});
-        if (answer == Answer::yes) continue;
-      }
-    }
-    if (answer == Answer::cancel) return false;
-    target = services.prompter
-                 .AskSaveFile({.folder = target.parent_path(),
-                               .filter = kFilter,
-                               .defaultName = target.filename().string()})
-                 .path;
-    if (target.empty()) return false;
-  }
+  std::optional<std::string> givenUp;
+  const fs::path saved =
+      SaveFile(services.prompter,
+               {.failure = "The file could not be saved.", .path = path_, .filter = kEpsFilter},
+               [&](const fs::path& path) {
+                 // The dialog for saving has asked already whether another file may be replaced.
+                 if (path == path_) RequireUnchanged(bytes, givenUp);
+                 ReplaceFile(services.storage, path, bytes);
+               });
+  if (saved.empty()) return false;
+  path_ = saved;
+  bytes_ = bytes;
+  return true;
 }
 
-/// False when another program has written the file since, and its content is to stay. A file that
-/// is gone replaces nothing; neither does one that holds what is to be written.
-Answer EditedFile::MayReplace(Prompter& prompter, const std::string& bytes) {
+/// Throws FileChanged when another program has written the file since. A file that is gone replaces
+/// nothing; neither does one that holds what is to be written. `givenUp` is what has been found
+/// there before: asking once is enough for a content that the user has given up.
+void EditedFile::RequireUnchanged(const std::string& bytes,
+                                  std::optional<std::string>& givenUp) const {
   std::error_code unknown;
-  if (!fs::exists(path_, unknown) && !unknown) return Answer::yes;
+  if (!fs::exists(path_, unknown) && !unknown) return;
   std::string found;
-  std::string details = path_.string();
+  std::string which = path_.string();
   try {
     found = ReadFile(path_);
-    if (found == bytes_ || found == bytes) return Answer::yes;
+    if (found == bytes_ || found == bytes) return;
   } catch (const FileError& error) {
-    details = error.what();
+    which = error.what();
   }
-  const Answer answer = prompter.Ask(
-      {.text =
-           "The file was changed by another program. Replace it?\nNo lets you save it elsewhere.",
-       .buttons = Buttons::yesNoCancel,
-       .defaultAnswer = Answer::cancel,
-       .details = details});
-  // Asking once is enough for the content that the user has given up.
-  if (answer == Answer::yes) bytes_ = std::move(found);
-  return answer;
+  if (givenUp == found) return;
+  givenUp = std::move(found);
+  throw FileChanged(which);
 }
 
 Opening OpenForEditing(const Services& services, const fs::path& path) {
@@ -120,7 +101,7 @@ Opening OpenForEditing(const Services& services, const fs::path& path) {
 }
 
 fs::path ChooseEpisodeFile(const Services& services) {
-  return ChooseFile(services, kFilter);
+  return ChooseFile(services, kEpsFilter);
 }
 
 }  // namespace orvex

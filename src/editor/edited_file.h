@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 
-#include "model/prompter.h"
 #include "store/eps_file.h"
 #include "store/services.h"
 
@@ -24,7 +23,7 @@ class EditedFile {
   bool Save(const Services& services, const EpisodeList& episodes);
 
  private:
-  Answer MayReplace(Prompter& prompter, const std::string& bytes);
+  void RequireUnchanged(const std::string& bytes, std::optional<std::string>& givenUp) const;
 
   std::filesystem::path path_;
   EpsHeader header_;

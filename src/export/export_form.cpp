@@ -5,29 +5,39 @@
 #include "model/screens.h"
 #include "store/choose_file.h"
 #include "store/file_error.h"
+#include "store/save_file.h"
 
 namespace orvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kTxtFilter = "TXT files (*.TXT)|*.TXT";
+
+}  // namespace
 
 TableKind TableOf(ExportKind kind) {
   return kind == ExportKind::epsData ? EpsData({}) : SurData();
 }
 
-std::filesystem::path ChooseListFile(const Services& services, ExportKind kind) {
+fs::path ChooseListFile(const Services& services, ExportKind kind) {
   services.program.DataPath =
       kind == ExportKind::epsData ? R"(n:\disc\varnel\eps)" : R"(n:\disc\varnel\sur)";
-  return ChooseFile(services, "TXT files (*.TXT)|*.TXT");
+  return ChooseFile(services, kTxtFilter);
 }
 
 void ExportChosenList(const Services& services, ExportKind kind) {
-  const std::filesystem::path list = ChooseListFile(services, kind);
+  const fs::path list = ChooseListFile(services, kind);
   if (list.empty()) return;
   services.screens.ShowListOfFiles(list, kind == ExportKind::surData);
   services.screens.Close(Screen::mainMenu);
 }
 
-ExportForm::ExportForm(const Services& services, ExportKind kind,
-                       const std::filesystem::path& listFile)
-    : services_(services), kind_(TableOf(kind)), list_{listFile, {}} {
+ExportForm::ExportForm(const Services& services, ExportKind kind, const fs::path& listFile)
+    : services_(services),
+      kind_(TableOf(kind)),
+      list_{listFile, {}},
+      table_(list_.Folder() / kind_.fileName) {
   try {
     list_ = ReadFileList(listFile);
   } catch (const FileError& error) {
@@ -40,7 +50,7 @@ std::string ExportForm::NameOf(std::size_t file) const {
 }
 
 std::size_t ExportForm::InWork() const {
-  return failed_ ? Done() - 1 : Done();
+  return problem_ ? Done() - 1 : Done();
 }
 
 std::string ExportForm::CountText() const {
@@ -54,25 +64,41 @@ void ExportForm::Stop() {
 
 void ExportForm::Tick() {
   // A message box lets the form's timer go on.
-  if (!running_) return;
+  if (!running_ || asking_) return;
   if (!trouble_.empty()) return GoBack("The list of files could not be read.", trouble_);
-  try {
-    Work();
-  } catch (const FileError& error) {
-    GoBack(kind_.fileName + " could not be written.", error.what());
+  const bool last = stopping_ || done_ == Count();
+  asking_ = true;
+  const fs::path table = SaveFile(
+      services_.prompter,
+      {.failure = kind_.fileName + " could not be written.", .path = table_, .filter = kTxtFilter},
+      [&](const fs::path& path) { Work(path, last); });
+  asking_ = false;
+  if (table.empty()) return GoBack();
+  table_ = table;
+  done_ = export_->Done();
+  if (problem_) {
+    EndWith(*problem_);
+  } else if (last) {
+    End();
   }
 }
 
-void ExportForm::Work() {
+/// Works on the next file, or stores the table when that was the last. A table that could not be
+/// written is made anew, up to where it was.
+void ExportForm::Work(const fs::path& table, bool last) try {
   if (!export_) {
-    export_.emplace(services_.storage, kind_, list_, list_.Folder(), BadFile::endsTheTable);
+    export_.emplace(services_.storage, kind_, list_, table, BadFile::endsTheTable);
   }
-  if (export_->Finished() || stopping_) return End();
-  if (const auto problem = export_->Step()) EndWith(*problem);
+  const std::size_t goal = last ? done_ : done_ + 1;
+  while (!problem_ && export_->Done() < goal) problem_ = export_->Step();
+  if (last || problem_) export_->Commit();
+} catch (...) {
+  export_.reset();
+  problem_.reset();
+  throw;
 }
 
 void ExportForm::End() {
-  export_->Commit();
   if (!export_->Finished()) {
     const std::string files = "The files from " + NameOf(Done()) + " on are not in it.";
     return GoBack("The export was stopped.", TableSoFar() + " " + files);
@@ -84,8 +110,6 @@ void ExportForm::End() {
 }
 
 void ExportForm::EndWith(const Problem& problem) {
-  failed_ = true;
-  export_->Commit();
   std::string place = "Line " + std::to_string(problem.listLine) + " of " +
                       list_.path.filename().string() + ": " + problem.file.filename().string();
   if (problem.line > 0) place += ", line " + std::to_string(problem.line);
@@ -96,13 +120,19 @@ void ExportForm::EndWith(const Problem& problem) {
 void ExportForm::GoBack(const std::string& text, const std::string& details) {
   running_ = false;
   services_.prompter.Tell(text, details);
+  GoBack();
+}
+
+void ExportForm::GoBack() {
+  running_ = false;
   services_.screens.Show(Screen::mainMenu);
 }
 
 std::string ExportForm::TableSoFar() const {
   const std::size_t rows = export_->Rows();
-  return kind_.fileName + " holds the " + std::to_string(rows) + (rows == 1 ? " row" : " rows") +
-         " written so far.";
+  const bool usual = table_.parent_path() == list_.Folder();
+  return (usual ? table_.filename() : table_).string() + " holds the " + std::to_string(rows) +
+         (rows == 1 ? " row" : " rows") + " written so far.";
 }
 
 }  // namespace orvex

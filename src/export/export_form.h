@@ -36,7 +36,7 @@ class ExportForm {
   bool Stopping() const { return stopping_; }
 
   std::size_t Count() const { return list_.files.size(); }
-  std::size_t Done() const { return export_ ? export_->Done() : 0; }
+  std::size_t Done() const { return done_; }
   /// The files' names, in order, and which of them is in work; beyond the last when none is left.
   std::string NameOf(std::size_t file) const;
   std::size_t InWork() const;
@@ -44,18 +44,22 @@ class ExportForm {
   std::string CountText() const;
 
  private:
-  void Work();
+  void Work(const std::filesystem::path& table, bool last);
   void End();
   void EndWith(const Problem& problem);
   void GoBack(const std::string& text, const std::string& details);
+  void GoBack();
   std::string TableSoFar() const;
 
   Services services_;
   TableKind kind_;
   FileList list_;
   std::string trouble_;  ///< why the list could not be read
+  std::filesystem::path table_;
   std::optional<TableExport> export_;
-  bool failed_ = false;  ///< the file in work stays the one that ended the table
+  std::size_t done_ = 0;
+  std::optional<Problem> problem_;  ///< what ended the table; its file stays the one in work
+  bool asking_ = false;
   bool stopping_ = false;
   bool running_ = true;
 };

@@ -89,8 +89,9 @@ ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console
       progress.Clear();
       console.err << file.string() << ": warning: " << warning << "\n";
     };
-    TableExport table(storage, command.kind == ExportKind::epsData ? EpsData(warnOf) : SurData(),
-                      ReadFileList(command.list), TableFolder(command.list, command.output),
+    const TableKind kind = command.kind == ExportKind::epsData ? EpsData(warnOf) : SurData();
+    TableExport table(storage, kind, ReadFileList(command.list),
+                      TableFolder(command.list, command.output) / kind.fileName,
                       command.keepGoing ? BadFile::isSkipped : BadFile::endsTheTable);
     const Outcome outcome = Make(table, console, progress);
     if (!outcome.whole) return kFailed;
@@ -107,8 +108,9 @@ ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& 
       console.err << file.string() << ": warning: " << warning << "\n";
     };
     const std::filesystem::path folder = TableFolder(command.list, command.output);
-    TableExport table(storage, TidyTableKind(command.table, warnOf), ReadFileList(command.list),
-                      folder, BadFile::isSkipped);
+    const TableKind kind = TidyTableKind(command.table, warnOf);
+    TableExport table(storage, kind, ReadFileList(command.list), folder / kind.fileName,
+                      BadFile::isSkipped);
     const Outcome outcome = Make(table, console, progress);
     if (command.codebook) {
       const std::filesystem::path codebook = folder / CodebookFileName(command.table);

@@ -34,10 +34,10 @@ TableKind SurData() {
 }
 
 TableExport::TableExport(Storage& storage, TableKind kind, FileList list,
-                         const std::filesystem::path& folder, BadFile badFile)
+                         std::filesystem::path table, BadFile badFile)
     : kind_(std::move(kind)),
       list_(std::move(list)),
-      table_(folder / kind_.fileName),
+      table_(std::move(table)),
       badFile_(badFile),
       file_(storage, table_),
       text_(kind_.header) {}

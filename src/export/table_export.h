@@ -40,8 +40,8 @@ enum class BadFile { endsTheTable, isSkipped };
 /// table or the new one, and no row is ever cut. No more than one file is in memory.
 class TableExport {
  public:
-  /// The table is made in `folder`. Throws FileError when it cannot be.
-  TableExport(Storage& storage, TableKind kind, FileList list, const std::filesystem::path& folder,
+  /// Throws FileError when `table` cannot be made.
+  TableExport(Storage& storage, TableKind kind, FileList list, std::filesystem::path table,
               BadFile badFile);
 
   const std::filesystem::path& Table() const { return table_; }

@@ -6,14 +6,10 @@
 #include "model/prompter.h"
 #include "model/time_of_day.h"
 #include "observe/kept_class.h"
-#include "store/eps_file.h"
-#include "store/field_notes.h"
+#include "observe/store_class.h"
 #include "store/file_error.h"
-#include "store/paths.h"
 #include "store/recovery_file.h"
 #include "store/session_log.h"
-#include "store/try_again.h"
-#include "survey/sur_file.h"
 
 namespace orvex {
 namespace {
@@ -31,6 +27,20 @@ void EndLastEpisode(KeptClass& kept) {
   if (!episode.questions.empty()) episode.offtask = AverageOf(running.offtaskEstimates);
 }
 
+bool StoreEpisodes(const Services& services, KeptClass& kept) {
+  EndLastEpisode(kept);
+  Program& program = kept.program;
+  EpsHeader header = {.identity = program.identity,
+                      .ObservDate = kept.moment.dateText,
+                      .StartTime = program.StartTimeText,
+                      .ActivityOfftask = program.AverageOfftask()};
+  const bool stored =
+      StoreClass(services, "The data files could not be written.", header, program.Episodes,
+                 kept.running.fieldNotes, kept.running.storedElsewhere);
+  program.identity = header.identity;
+  return stored;
+}
+
 }  // namespace
 
 bool CloseKeptClass(const Services& services, KeptClass kept, const fs::path& path) {
@@ -40,24 +50,9 @@ bool CloseKeptClass(const Services& services, KeptClass kept, const fs::path& pa
     services.prompter.Tell("The class could not be closed.", error.what());
     return false;
   }
-  Program& program = kept.program;
-  const fs::path& data = services.program.DataPath;
-  const bool stored =
-      TryAgainAndAgain(services.prompter, "The data files could not be written. Try again?", [&] {
-        if (!program.QuitRequested) {
-          EndLastEpisode(kept);
-          WriteEpsFile(services.storage, EpsPath(services.storage, data, program.identity),
-                       {.identity = program.identity,
-                        .ObservDate = kept.moment.dateText,
-                        .StartTime = program.StartTimeText,
-                        .ActivityOfftask = program.AverageOfftask()},
-                       program.Episodes);
-          WriteFieldNotes(services.storage, NtePath(services.storage, data, program.identity),
-                          {.text = kept.running.fieldNotes});
-        }
-        WriteSurFile(services.storage, SurPath(services.storage, data, program.identity),
-                     {.identity = program.identity, .answers = kept.running.survey});
-      });
+  const bool stored = (kept.program.QuitRequested || StoreEpisodes(services, kept)) &&
+                      StoreSurvey(services, kept.program.identity, kept.running.survey,
+                                  kept.running.storedElsewhere);
   if (!stored) {
     services.recovery.Leave();
     return false;

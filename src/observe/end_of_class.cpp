@@ -4,33 +4,14 @@
 #include "model/prompter.h"
 #include "model/screens.h"
 #include "observe/live_observation.h"
-#include "store/eps_file.h"
-#include "store/field_notes.h"
+#include "observe/store_class.h"
 #include "store/file_error.h"
 #include "store/numbers.h"
-#include "store/paths.h"
 #include "store/recovery_file.h"
+#include "store/save_file.h"
 #include "store/session_log.h"
-#include "store/try_again.h"
-#include "survey/sur_file.h"
 
 namespace orvex {
-namespace {
-
-/// The live observation's end-of-class save. Throws FileError, and std::invalid_argument for a
-/// header number that names no file.
-void SaveObservation(const Services& services) {
-  Program& program = services.program;
-  const auto path = EpsPath(services.storage, program.DataPath, program.identity);
-  const EpsHeader header = {.identity = program.identity,
-                            .ObservDate = services.clock.DateText(),
-                            .StartTime = program.StartTimeText,
-                            .ActivityOfftask = program.AverageOfftask()};
-  WriteEpsFile(services.storage, path, header, program.Episodes);
-}
-
-}  // namespace
-
 void LiveObservation::cmdQuit_Click() {
   if (run_.nothingEntered) {
     services_.screens.EndProgram();
@@ -73,14 +54,8 @@ bool LiveObservation::EndClass() {
 
 /// Writes the survey and ends the program. What cannot be written waits for another "E&xit".
 void LiveObservation::LeaveWithSurvey() {
-  Program& program = services_.program;
-  const bool saved =
-      TryAgainAndAgain(services_.prompter, "The survey could not be written. Try again?", [&] {
-        WriteSurFile(services_.storage,
-                     SurPath(services_.storage, program.DataPath, program.identity),
-                     {.identity = program.identity, .answers = run_.survey});
-      });
-  run_.awaitsSurvey = !saved;
+  run_.awaitsSurvey =
+      !StoreSurvey(services_, services_.program.identity, run_.survey, run_.storedElsewhere);
   if (run_.awaitsSurvey) return;
   ForgetKept();
   services_.screens.Close(Screen::survey);
@@ -112,23 +87,25 @@ bool LiveObservation::HeaderNamesFiles() {
 
 bool LiveObservation::SaveClass() {
   Program& program = services_.program;
-  return TryAgainAndAgain(
-      services_.prompter,
-      "The data files could not be written. The class is still in memory. Try again?", [&] {
-        SaveObservation(services_);
-        WriteFieldNotes(services_.storage,
-                        NtePath(services_.storage, program.DataPath, program.identity),
-                        {.text = run_.fieldNotes});
-      });
+  EpsHeader header = {.identity = program.identity,
+                      .ObservDate = services_.clock.DateText(),
+                      .StartTime = program.StartTimeText,
+                      .ActivityOfftask = program.AverageOfftask()};
+  const bool stored =
+      StoreClass(services_, "The data files could not be written. The class is still in memory.",
+                 header, program.Episodes, run_.fieldNotes, run_.storedElsewhere);
+  program.identity = header.identity;
+  return stored;
 }
 
 /// The class is stored by now. A log that cannot be completed must not keep the observer in it.
 void LiveObservation::EndWithLog() {
   services_.log.LogBlankLine();
   services_.log.LogOff();
-  TryAgainAndAgain(services_.prompter,
-                   "The class is stored, but the session log could not be completed. Try again?",
-                   [this] { services_.log.File().Close(); });
+  SaveFile(services_.prompter,
+           {.failure = "The class is stored, but the session log could not be completed.",
+            .path = services_.log.File().Path()},
+           [this](const std::filesystem::path&) { services_.log.File().Close(); });
 }
 
 bool LiveObservation::RequestClose() {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "model/coding_scheme.h"
@@ -117,6 +118,12 @@ void Visit(auto& archive, auto& dialog) requires requires {
   archive.Text("studentsBefore", dialog.studentsBefore);
 }
 
+void VisitPath(auto& archive, const char* name, auto& path) {
+  std::string text = path.string();
+  archive.Text(name, text);
+  if constexpr (!std::is_const_v<std::remove_reference_t<decltype(path)>>) path = text;
+}
+
 void Visit(auto& archive, auto& running) requires requires {
   running.curEpisode;
 }
@@ -136,6 +143,7 @@ void Visit(auto& archive, auto& running) requires requires {
   Visit(archive, running.coding);
   archive.Text("fieldNotes", running.fieldNotes);
   Visit(archive, running.survey);
+  VisitPath(archive, "storedElsewhere", running.storedElsewhere);
   archive.Text("draftQuestion", running.draftQuestion);
 }
 

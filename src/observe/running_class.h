@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -44,6 +45,8 @@ struct RunningClass {
   SegmentCoding coding;
   std::string fieldNotes;
   Survey survey;
+  /// Where the class is stored, when that is not its usual place; the survey then goes beside it.
+  std::filesystem::path storedElsewhere;
   /// The class is stored and only its survey is not.
   bool awaitsSurvey = false;
   /// No key has been typed in a description: there is nothing to store yet.

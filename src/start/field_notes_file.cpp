@@ -9,11 +9,12 @@
 #include "store/choose_file.h"
 #include "store/field_notes.h"
 #include "store/file_error.h"
+#include "store/save_file.h"
 
 namespace orvex {
 
 void EditFieldNotesFile(const Services& services) {
-  const std::filesystem::path path = ChooseFile(services, "NOTE files (*.NTE)|*.NTE");
+  const std::filesystem::path path = ChooseFile(services, kNteFilter);
   if (!path.empty()) EditFieldNotes(services, path);
 }
 
@@ -28,13 +29,14 @@ void EditFieldNotes(const Services& services, const std::filesystem::path& path)
   }
   while (auto edited = services.prompter.AskNotes(notes.text)) {
     notes.text = std::move(*edited);
-    try {
-      WriteFieldNotes(services.storage, path, notes);
-      return;
-    } catch (const FileError& error) {
-      // What was typed goes back into the dialog, to be saved again or copied elsewhere.
-      services.prompter.Tell("The field notes could not be saved.", error.what());
-    }
+    const std::filesystem::path saved = SaveFile(
+        services.prompter,
+        {.failure = "The field notes could not be saved.", .path = path, .filter = kNteFilter},
+        [&](const std::filesystem::path& place) {
+          WriteFieldNotes(services.storage, place, notes);
+        });
+    // What could not be saved goes back into the dialog.
+    if (!saved.empty()) return;
   }
 }
 

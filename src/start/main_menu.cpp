@@ -10,8 +10,8 @@
 #include "model/version.h"
 #include "start/field_notes_file.h"
 #include "start/start_up.h"
-#include "store/file_error.h"
 #include "store/options_file.h"
+#include "store/save_file.h"
 #include "store/text_encoding.h"
 #include "survey/open_survey.h"
 
@@ -51,11 +51,11 @@ void MainMenu::ChangeDataPath() {
   if (!answer || answer->empty()) return;
   const std::string folder = OneLine(*answer);
   services_.program.DataPath = folder;
-  try {
-    WriteOptionsFile(services_.storage, programFolder_, folder);
-  } catch (const FileError& error) {
-    services_.prompter.Tell("The data folder could not be stored.", error.what());
-  }
+  SaveFile(services_.prompter,
+           {.failure = "The data folder could not be stored.", .path = OptionsPath(programFolder_)},
+           [&](const std::filesystem::path&) {
+             WriteOptionsFile(services_.storage, programFolder_, folder);
+           });
 }
 
 void MainMenu::EditFieldNotes() {

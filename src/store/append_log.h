@@ -15,7 +15,8 @@ class Storage;
 /// `Append` returns; a worker thread that owns nothing but the descriptor syncs it at once, as fast
 /// as the disk allows. The whole text since `Open` is kept in memory: an entry that cannot be
 /// written goes out with the next, and a file that can no longer be relied on (a write failed
-/// though the disk is not full, a sync failed, its stick was pulled out, it was deleted) is put back whole.
+/// though the disk is not full, a sync failed, its stick was pulled out, it was deleted) is put
+/// back whole.
 class AppendLog {
  public:
   explicit AppendLog(Storage& storage);

@@ -11,6 +11,9 @@ namespace orvex {
 
 class Storage;
 
+/// For dialogs that choose an episode file.
+inline constexpr const char* kEpsFilter = "EPS files (*.EPS)|*.EPS";
+
 /// What an episode file says of its observation as a whole.
 struct EpsHeader {
   Identity identity;

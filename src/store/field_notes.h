@@ -9,6 +9,9 @@ namespace orvex {
 
 class Storage;
 
+/// For dialogs that choose a field-notes file.
+inline constexpr const char* kNteFilter = "NOTE files (*.NTE)|*.NTE";
+
 /// Field notes: lines separated by CR LF.
 struct FieldNotes {
   std::string text;

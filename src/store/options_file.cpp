@@ -12,11 +12,11 @@ namespace {
 
 constexpr std::size_t kLongestPath = 4096;  // what the system takes for one, its end included
 
+}  // namespace
+
 std::filesystem::path OptionsPath(const std::filesystem::path& programFolder) {
   return programFolder / "options";
 }
-
-}  // namespace
 
 std::optional<std::string> ParseOptions(std::string_view bytes) {
   const std::string_view text = WithoutByteOrderMark(bytes);

@@ -9,6 +9,9 @@ namespace orvex {
 
 class Storage;
 
+/// The options file of a program folder.
+std::filesystem::path OptionsPath(const std::filesystem::path& programFolder);
+
 /// The first line of an options file, as it is written there after a byte order mark; nothing when
 /// the file is empty, or the line is too long or otherwise no path.
 std::optional<std::string> ParseOptions(std::string_view bytes);

@@ -95,4 +95,8 @@ fs::path EpsPathToLookFor(const fs::path& dataPath, const Identity& identity) {
   return FilePath(dataPath, "EPS", identity, ".eps");
 }
 
+fs::path SurPathToLookFor(const fs::path& dataPath, const Identity& identity) {
+  return FilePath(dataPath, "SUR", identity, ".sur");
+}
+
 }  // namespace orvex

@@ -38,8 +38,10 @@ std::filesystem::path RecoveryPath(const std::filesystem::path& dataPath, const 
 /// The folder of the logs of all schools.
 std::filesystem::path BakFolder(const std::filesystem::path& dataPath);
 
-/// Where the episode file of `identity` would be, as it stands; nothing is created.
+/// Where the files of `identity` would be, as it stands; nothing is created.
 std::filesystem::path EpsPathToLookFor(const std::filesystem::path& dataPath,
+                                       const Identity& identity);
+std::filesystem::path SurPathToLookFor(const std::filesystem::path& dataPath,
                                        const Identity& identity);
 
 }  // namespace orvex

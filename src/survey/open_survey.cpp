@@ -16,7 +16,7 @@ void TellUnreadable(const Services& services, const std::string& why) {
 }  // namespace
 
 bool ChooseSurveyFile(const Services& services) {
-  const std::filesystem::path path = ChooseFile(services, "SUR files (*.SUR)|*.SUR");
+  const std::filesystem::path path = ChooseFile(services, kSurFilter);
   if (path.empty()) return false;
   if (services.screens.ShowSurveyFile(path)) services.screens.Close(Screen::mainMenu);
   return true;

@@ -11,6 +11,9 @@ namespace orvex {
 
 class Storage;
 
+/// For dialogs that choose a survey file.
+inline constexpr const char* kSurFilter = "SUR files (*.SUR)|*.SUR";
+
 /// What a survey file holds: the three numbers of the observation, and the answers.
 struct SurFile {
   Identity identity;

@@ -7,7 +7,7 @@
 #include "model/program.h"
 #include "model/prompter.h"
 #include "store/paths.h"
-#include "store/try_again.h"
+#include "store/save_file.h"
 #include "survey/open_survey.h"
 
 namespace orvex {
@@ -90,12 +90,15 @@ void SurveyForm::RequestClose() {
 
 /// False when the file could not be written and the user has given up for now.
 bool SurveyForm::Save() {
-  const auto path = SurPathInFolder(services_.program.DataPath, file_->identity);
-  const bool saved =
-      TryAgainAndAgain(services_.prompter, "The survey could not be written. Try again?",
-                       [&] { WriteSurFile(services_.storage, path, *file_); });
-  if (saved) savedText_ = "Saved as " + path.string();
-  return saved;
+  if (path_.empty()) path_ = SurPathInFolder(services_.program.DataPath, file_->identity);
+  const std::filesystem::path saved = SaveFile(
+      services_.prompter,
+      {.failure = "The survey could not be written.", .path = path_, .filter = kSurFilter},
+      [this](const std::filesystem::path& path) { WriteSurFile(services_.storage, path, *file_); });
+  if (saved.empty()) return false;
+  path_ = saved;
+  savedText_ = "Saved as " + saved.string();
+  return true;
 }
 
 }  // namespace orvex

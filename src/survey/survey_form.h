@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -58,6 +59,7 @@ class SurveyForm {
   Services services_;
   std::optional<SurFile> file_;
   Survey& answers_;
+  std::filesystem::path path_;  ///< of the file, once it has been saved or was to be
   std::string savedText_;
   SurveyCaller caller_ = SurveyCaller::liveObservation;
 };

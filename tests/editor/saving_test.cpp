@@ -6,8 +6,8 @@
 
 #include "editor/editor_desk.h"
 #include "editor/open_editor.h"
-#include "support/faulty_storage.h"
 #include "support/sample_manifest.h"
+#include "support/save_faults.h"
 
 namespace orvex {
 namespace {
@@ -16,10 +16,8 @@ using test::FileBytes;
 using test::Segment;
 using Rows = std::vector<std::string>;
 
-const char* const kFailed =
-    "The file could not be saved. Try again?\nNo lets you save it elsewhere.";
-const char* const kChanged =
-    "The file was changed by another program. Replace it?\nNo lets you save it elsewhere.";
+const char* const kFailed = "The file could not be saved.";
+const char* const kChanged = "The file was changed by another program.";
 
 EpisodeList OneEpisode() {
   EpisodeList episodes(1);
@@ -59,19 +57,24 @@ TEST_F(SavingTest, TheMarkOfAChangeFollowsUndoRedoAndSaving) {
   EXPECT_TRUE(desk.prompter.asked.empty());
 }
 
-TEST_F(SavingTest, AFailureLeavesTheOldFileAndCanBeTriedAgain) {
-  editor.TypeDescription("A");
-  storage.Fail(1, ENOSPC, "write");
-  desk.prompter.Expect(kFailed, Answer::cancel, [&] { EXPECT_EQ(FileBytes(desk.file), before); });
-  EXPECT_FALSE(editor.Save());
-  EXPECT_EQ(desk.prompter.asked[0].details, desk.file.string() + ": No space left on device");
-  EXPECT_TRUE(editor.Modified());
-  // The last step has put the new content in place already when it fails.
-  storage.Fail(2, EIO, "sync");
-  desk.prompter.Expect(kFailed, Answer::yes);
-  EXPECT_TRUE(editor.Save());
-  EXPECT_EQ(FileBytes(desk.file), Edited());
-  EXPECT_FALSE(editor.Modified());
+struct EditorScene : test::SaveScene {
+  explicit EditorScene(bool older) {
+    if (!older) std::filesystem::remove(file);
+    editor.TypeDescription("A");
+  }
+  void Save() override {
+    const bool saved = editor.Save();
+    EXPECT_EQ(editor.Modified(), !saved);
+  }
+  const std::filesystem::path file = desk.folder / "7-12-3.eps";
+  EpisodeEditor editor = [this] {
+    test::PutFile(file, test::FileOf(OneEpisode()));
+    return EpisodeEditor(services, std::move(*OpenForEditing(services, file).opened));
+  }();
+};
+
+TEST(Saving, IsWholeOrToldOf) {
+  test::FailEveryCallOf<EditorScene>("the episode editor");
 }
 
 TEST_F(SavingTest, AFailureCanBeSavedElsewhere) {
@@ -81,6 +84,7 @@ TEST_F(SavingTest, AFailureCanBeSavedElsewhere) {
   storage.Fail(1, EROFS, "open");
   desk.prompter.Expect(kFailed, Answer::no);
   desk.prompter.ExpectSaveFile({.path = {}, .folder = desk.folder.Path()});
+  desk.prompter.Expect(kFailed, Answer::cancel);  // without a place the question comes back
   EXPECT_FALSE(editor.Save());
   EXPECT_EQ(desk.prompter.askedSaveFiles[0].defaultName, "7-12-3.eps");
   EXPECT_EQ(desk.prompter.askedSaveFiles[0].folder, desk.file.parent_path());
@@ -104,6 +108,7 @@ TEST_F(SavingTest, AnotherProgramsChangeIsNotReplacedUnasked) {
   EXPECT_EQ(desk.prompter.asked[0].defaultAnswer, Answer::cancel);
   desk.prompter.Expect(kChanged, Answer::no);
   desk.prompter.ExpectSaveFile({});
+  desk.prompter.Expect(kChanged, Answer::cancel);
   EXPECT_FALSE(editor.Save());
   EXPECT_EQ(FileBytes(desk.file), "theirs");
   EXPECT_TRUE(editor.Modified());

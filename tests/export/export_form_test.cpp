@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "support/desk.h"
+#include "support/save_faults.h"
 
 namespace orvex {
 namespace {
@@ -117,9 +118,54 @@ TEST(ExportForm, TellsOfAListAndATableThatTheDiskRefuses) {
   TickToTheEnd(none);
   std::filesystem::create_directory(desk.folder / "EPSDATA.TXT");
   ExportForm form(desk.services, ExportKind::epsData, desk.folder / "LIST.TXT");
-  desk.prompter.Expect("EPSDATA.TXT could not be written.", Answer::ok);
+  desk.prompter.Expect("EPSDATA.TXT could not be written.", Answer::cancel, [&] {
+    form.Tick();  // the timer goes on while the box is open
+    EXPECT_EQ(form.CountText(), "0 of 1 file");
+  });
   TickToTheEnd(form);
   EXPECT_EQ(desk.screens.Take(), (Moves{"show mainMenu", "show mainMenu"}));
+}
+
+struct TableScene : test::SaveScene {
+  explicit TableScene(bool older) {
+    test::PutFile(desk.folder / "LIST.TXT", "17-17-7\r\n11-4-2\r\n");
+    for (const char* file : {"17-17-7.sur", "11-4-2.sur"}) {
+      test::PutFile(desk.folder / file, test::FileBytes(test::TestData("class/") / file));
+    }
+    if (older) test::PutFile(desk.folder / "SURDATA.TXT", "the old table\r\n");
+  }
+  void Save() override {
+    ExportForm form(services, ExportKind::surData, desk.folder / "LIST.TXT");
+    TickToTheEnd(form);
+  }
+};
+
+TEST(ExportForm, MakesTheTableWholeOrTellsThatItCannot) {
+  test::FailEveryCallOf<TableScene>("the exported tables");
+}
+
+TEST(ExportForm, MakesATableAnewThatFailedHalfWay) {
+  ListDesk desk("17-17-7\n11-4-2\n");
+  test::FaultyStorage disk;
+  const Services services{desk.program, desk.log,      desk.recovery, disk,
+                          desk.clock,   desk.prompter, desk.screens};
+  ExportForm form(services, ExportKind::epsData, desk.folder / "LIST.TXT");
+  while (form.Done() < 1) form.Tick();
+  form.Stop();
+  const auto other = desk.folder / "stick/half.txt";
+  test::PutFile(other, "");
+  for (int failure = 1; failure <= 2; ++failure) disk.Fail(failure, EIO, "rename");
+  desk.prompter.Expect("EPSDATA.TXT could not be written.", Answer::yes);
+  desk.prompter.Expect("EPSDATA.TXT could not be written.", Answer::no);
+  desk.prompter.ExpectSaveFile({.path = other, .folder = other.parent_path()});
+  desk.prompter.Expect("The export was stopped.", Answer::ok);
+  TickToTheEnd(form);
+  EXPECT_EQ(desk.prompter.asked.back().details,
+            other.string() +
+                " holds the 3 rows written so far. The files from 11-4-2.eps on are "
+                "not in it.");
+  EXPECT_EQ(std::ranges::count(test::FileBytes(other), '\n'), 3);
+  EXPECT_FALSE(std::filesystem::exists(desk.folder / "EPSDATA.TXT"));
 }
 
 TEST(ExportForm, StartsTheDialogWhereListsAreKept) {

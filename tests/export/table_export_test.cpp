@@ -33,7 +33,8 @@ std::string Lines(const std::string& text, int count) {
 /// Joins the list in `folder`; the texts of the problems.
 std::vector<std::string> Join(Storage& storage, TableKind kind, const fs::path& folder,
                               BadFile badFile = BadFile::endsTheTable) {
-  TableExport table(storage, std::move(kind), ReadFileList(folder / "LIST.TXT"), folder, badFile);
+  TableExport table(storage, kind, ReadFileList(folder / "LIST.TXT"), folder / kind.fileName,
+                    badFile);
   std::vector<std::string> problems;
   while (!table.Finished()) {
     if (const auto problem = table.Step()) {
@@ -73,7 +74,7 @@ TEST(TableExport, MakesOfTheSamplesTheTablesOfAnotherProgram) {
          {std::pair{EpsData({}), "EPSDATA.TXT"}, std::pair{SurData(), "SURDATA.TXT"}}) {
       const test::TestFolder folder;
       Storage storage;
-      TableExport made(storage, kind, ReadFileList(samples / "LIST.TXT"), folder.Path(),
+      TableExport made(storage, kind, ReadFileList(samples / "LIST.TXT"), folder / table,
                        BadFile::endsTheTable);
       while (!made.Finished()) EXPECT_FALSE(made.Step());
       made.Commit();

@@ -7,6 +7,7 @@
 
 #include "observe/live_observation.h"
 #include "support/desk.h"
+#include "support/save_faults.h"
 
 namespace orvex {
 namespace {
@@ -57,7 +58,10 @@ struct EndOfClassTest : testing::Test {
 };
 
 const std::string kNotWritten =
-    "The data files could not be written. The class is still in memory. Try again?";
+    "The data files could not be written. The class is still in memory.";
+
+const std::string kNotCompleted =
+    "The class is stored, but the session log could not be completed.";
 
 const std::string kFinished = "Have you finished Matrices?";
 
@@ -66,7 +70,7 @@ TEST_F(EndOfClassTest, AFullDiskKeepsTheClassUntilItIsStored) {
   disk.full = FullDisk::Full::everything;
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
   desk.prompter.Expect(kNotWritten, Answer::yes);
-  desk.prompter.Expect(kNotWritten, Answer::no);
+  desk.prompter.Expect(kNotWritten, Answer::cancel);
   live.cmdQuit_Click();
   EXPECT_EQ(desk.prompter.asked[0].defaultAnswer, Answer::no);
   EXPECT_NE(desk.prompter.asked.back().details.find("7-12-3.eps: No space left on device"),
@@ -88,11 +92,9 @@ TEST_F(EndOfClassTest, AFullDiskKeepsTheClassUntilItIsStored) {
 TEST_F(EndOfClassTest, ALogThatCannotBeCompletedDoesNotKeepTheObserver) {
   TeachOneSegment();
   disk.full = FullDisk::Full::log;
-  const std::string question =
-      "The class is stored, but the session log could not be completed. Try again?";
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
-  desk.prompter.Expect(question, Answer::yes);
-  desk.prompter.Expect(question, Answer::no);
+  desk.prompter.Expect(kNotCompleted, Answer::ok);
+  desk.prompter.Expect(kNotCompleted, Answer::cancel);
   desk.prompter.Expect(kFinished, Answer::yes);
   live.cmdQuit_Click();
   EXPECT_NE(FileBytes(desk.folder / "EPS/7/12/7-12-3.eps").find(" 3 , 600 ,"), std::string::npos);
@@ -118,7 +120,7 @@ TEST_F(EndOfClassTest, TheSurveyWaitsUntilItIsFilledInAndCanBeWritten) {
   // The answers wait for another try, whether "E&xit" is pressed or the window closed.
   disk.full = FullDisk::Full::everything;
   for (int i = 0; i < 2; ++i) {
-    desk.prompter.Expect("The survey could not be written. Try again?", Answer::no);
+    desk.prompter.Expect("The survey could not be written.", Answer::cancel);
     if (i == 0) live.cmdQuit_Click();
     EXPECT_TRUE(i == 0 || !live.RequestClose());
     EXPECT_TRUE(desk.screens.Take().empty());
@@ -152,7 +154,7 @@ TEST_F(EndOfClassTest, ARefusedEndLeavesNoTraceInTheEpisodeBefore) {
   disk.full = FullDisk::Full::everything;
   live.ChooseActivity(9);
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
-  desk.prompter.Expect(kNotWritten, Answer::no);
+  desk.prompter.Expect(kNotWritten, Answer::cancel);
   live.cmdQuit_Click();
   disk.full = FullDisk::Full::nothing;
   live.UpdateActivityControls();
@@ -162,6 +164,62 @@ TEST_F(EndOfClassTest, ARefusedEndLeavesNoTraceInTheEpisodeBefore) {
   EXPECT_EQ(log.File().Trouble(), "");
   EXPECT_NE(FileBytes(log.File().Path()).find("***** CLASS NOT ENDED, IT GOES ON *****"),
             std::string::npos);
+}
+
+TEST_F(EndOfClassTest, AClassStoredElsewhereHasItsNotesAndItsSurveyThere) {
+  TeachOneSegment();
+  const auto stick = desk.folder / "stick";
+  for (const char* file : {"taken.nte", "taken.sur"}) test::PutFile(stick / file, "another class");
+  const auto choose = [&](const char* name) {
+    desk.prompter.Expect(kNotWritten, Answer::no);
+    desk.prompter.ExpectSaveFile({.path = name == nullptr ? "" : stick / name, .folder = stick});
+  };
+  std::filesystem::remove_all(desk.folder / "BAK");
+  test::PutFile(desk.folder / "EPS", "in the way of a folder");
+  desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
+  choose(nullptr);
+  choose("taken.eps");
+  desk.prompter.Expect("taken.nte already exists. Replace it?", Answer::no);
+  choose("x.nte");
+  desk.prompter.Expect(kNotCompleted, Answer::cancel);
+  desk.prompter.Expect(kFinished, Answer::no);
+  live.cmdQuit_Click();
+  EXPECT_EQ(desk.prompter.askedSaveFiles[0].defaultName, "7-12-3.eps");
+  EXPECT_NE(FileBytes(stick / "x.nte").find(" 3 , 600 ,"), std::string::npos);
+  EXPECT_EQ(FileBytes(stick / "x.nte.nte"), "\r\n");
+  live.cmdQuit_Click();
+  EXPECT_NE(FileBytes(stick / "x.nte.sur").find("MATRICES"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(desk.folder / "SUR"));
+  EXPECT_EQ(FileBytes(stick / "taken.nte"), "another class");
+}
+
+struct ClassScene : test::SaveScene {
+  explicit ClassScene(bool older) {
+    for (const char* file : {"EPS/7/12/7-12-3.eps", "NTE/7/12/7-12-3.nte", "SUR/7/12/7-12-3.sur"}) {
+      if (older) test::PutFile(desk.folder / file, "the old file");
+    }
+    prompter.typed = "a note";
+    live.KeyInDescription();
+    live.TypeDescription("Poems");
+    live.ChooseActivity(3);
+    live.cmdFieldNote_Click();
+    desk.clock.Advance(600);
+  }
+  void Save() override {
+    live.cmdQuit_Click();
+    EXPECT_TRUE(prompter.reaction != test::Reaction::tryAgain ||
+                FileBytes(log.File().Path()).ends_with("\r\n\r\nLOG OFF: 09:10:00\r\n"));
+  }
+  LiveObservation live = [this] {
+    desk.program.identity = {"AB", "7", "12", "3", "25"};
+    std::filesystem::create_directories(desk.folder / "BAK/7/12");
+    log.File().Open(desk.folder / "BAK/7/12/7-12-3.bak");
+    return LiveObservation(services);
+  }();
+};
+
+TEST(EndOfClass, IsStoredWholeOrToldOf) {
+  test::FailEveryCallOf<ClassScene>("the end of a class with its survey");
 }
 
 }  // namespace

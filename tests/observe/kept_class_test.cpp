@@ -56,6 +56,7 @@ KeptClass EveryField() {
   for (auto& rating : running.survey.ratings) rating = 2;
   running.awaitsSurvey = true;
   running.nothingEntered = false;
+  running.storedElsewhere = "/media/stick/a \\ b.eps";
   running.draftQuestion = "Wha";
   return kept;
 }
@@ -74,6 +75,7 @@ TEST(KeptClass, ComesBackInEveryField) {
   EXPECT_EQ(back.running.survey, kept.running.survey);
   EXPECT_EQ(back.running.fieldNotes, kept.running.fieldNotes);
   EXPECT_EQ(back.running.estimateDialog->prompt.students, "24");
+  EXPECT_EQ(back.running.storedElsewhere, kept.running.storedElsewhere);
   EXPECT_EQ(back.running.segmentStart, kept.running.segmentStart);
   EXPECT_EQ(back.moment.unixSeconds, kept.moment.unixSeconds);
   EXPECT_EQ(back.Questions(), 4U);

@@ -7,7 +7,7 @@
 #include "start/main_menu.h"
 #include "start/start_up.h"
 #include "support/desk.h"
-#include "support/faulty_storage.h"
+#include "support/save_faults.h"
 
 namespace orvex {
 namespace {
@@ -67,17 +67,20 @@ TEST(MainMenu, RemembersTheFolderForTheNextStart) {
   }
 }
 
-TEST(MainMenu, TellsThatTheFolderCouldNotBeStoredAndUsesItAllTheSame) {
-  test::Desk desk;
-  test::FaultyStorage full;
-  full.Fail(1, ENOSPC, "write");
-  MainMenu menu({desk.program, desk.log, desk.recovery, full, desk.clock, desk.prompter, desk.screens},
-                desk.folder.Path());
-  desk.prompter.ExpectText("/data");
-  desk.prompter.Expect("The data folder could not be stored.", Answer::ok);
-  menu.ChangeDataPath();
-  EXPECT_NE(desk.prompter.asked.back().details.find("options"), std::string::npos);
-  EXPECT_EQ(desk.program.DataPath, "/data");
+struct OptionsScene : test::SaveScene {
+  explicit OptionsScene(bool older) {
+    prompter.typed = "/data";
+    if (older) test::PutFile(desk.folder / "options", "/old\r\n");
+  }
+  void Save() override {
+    menu.ChangeDataPath();
+    EXPECT_EQ(desk.program.DataPath, "/data");
+  }
+  MainMenu menu{services, desk.folder.Path()};
+};
+
+TEST(MainMenu, RemembersTheFolderOrTellsThatItCannotAndUsesItAllTheSame) {
+  test::FailEveryCallOf<OptionsScene>("the options file", false);
 }
 
 TEST(FieldNotesFile, IsEditedAsLinesAndSpelledAsItWas) {
@@ -104,25 +107,32 @@ TEST(FieldNotesFile, IsEditedAsLinesAndSpelledAsItWas) {
   }
 }
 
-TEST(FieldNotesFile, LosesNothingWhenItCannotBeReadOrWritten) {
+TEST(FieldNotesFile, IsNotEditedWhenItCannotBeRead) {
   test::Desk desk;
   desk.prompter.ExpectFile({.path = {}, .folder = desk.folder.Path()});
   EditFieldNotesFile(desk.services);
   desk.prompter.ExpectFile({.path = desk.folder / "gone.nte", .folder = desk.folder.Path()});
   desk.prompter.Expect("The field notes could not be read.", Answer::ok);
   EditFieldNotesFile(desk.services);
+}
 
-  test::PutFile(desk.folder / "a.nte", "old\r\n");
-  test::FaultyStorage full;
-  full.Fail(1, ENOSPC, "write");
-  desk.prompter.ExpectFile({.path = desk.folder / "a.nte", .folder = desk.folder.Path()});
-  desk.prompter.ExpectNotes("new");
-  desk.prompter.Expect("The field notes could not be saved.", Answer::ok,
-                       [&] { EXPECT_EQ(test::FileBytes(desk.folder / "a.nte"), "old\r\n"); });
-  desk.prompter.ExpectNotes("new and more");
-  EditFieldNotesFile({desk.program, desk.log, desk.recovery, full, desk.clock, desk.prompter, desk.screens});
-  EXPECT_EQ(desk.prompter.askedNotes.back(), "new");
-  EXPECT_EQ(test::FileBytes(desk.folder / "a.nte"), "new and more\r\n");
+struct FieldNotesScene : test::SaveScene {
+  explicit FieldNotesScene(bool older) {
+    prompter.typed = "new\r\nand more";
+    test::PutFile(desk.folder / "a.nte", older ? "old\r\n" : "");
+  }
+  void Save() override {
+    prompter.askedNotes.clear();
+    EditFieldNotes(services, desk.folder / "a.nte");
+    // Who gives up has what was typed in the dialog again.
+    if (prompter.askedNotes.size() > 1) {
+      EXPECT_EQ(prompter.askedNotes[1], prompter.typed);
+    }
+  }
+};
+
+TEST(FieldNotesFile, IsSavedWholeOrToldOf) {
+  test::FailEveryCallOf<FieldNotesScene>("the field notes file");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <chrono>
 #include <condition_variable>
+#include <map>
 #include <mutex>
 #include <string>
 #include <utility>
@@ -16,14 +17,28 @@
 
 namespace orvex::test {
 
-/// The real disk, except that chosen calls fail or write less than they should.
+/// The real disk, except that chosen calls fail or write less than they should. Nothing waits for
+/// the medium: no test can tell whether it holds what the system holds.
 class FaultyStorage : public Storage {
  public:
   /// The `number`-th call from now on, of all or of those called `name`, fails with `error`.
   void Fail(int number, int error, const std::string& name = "") {
     const std::lock_guard lock(mutex_);
-    faults_.push_back({name, number, error});
+    faults_.push_back({.name = name, .under = "", .left = number, .error = error});
   }
+  /// From the `number`-th call on, all those called `name` on what is in `folder` fail.
+  void FailForGood(int number, int error, const std::string& name, const std::string& folder) {
+    const std::lock_guard lock(mutex_);
+    faults_.push_back(
+        {.name = name, .under = folder, .left = number, .error = error, .forGood = true});
+  }
+  /// Nothing fails any longer.
+  void Heal() {
+    const std::lock_guard lock(mutex_);
+    faults_.clear();
+  }
+  /// How many calls have failed.
+  int Injected() const { return injected_; }
   /// No write takes more than `bytes`.
   void LimitWrites(std::size_t bytes) { mostBytes_ = bytes; }
   /// Every sync waits until it is let go, or until the test can only have failed.
@@ -45,55 +60,73 @@ class FaultyStorage : public Storage {
   }
 
   int Open(const char* path, int flags, mode_t mode) override {
-    const int descriptor = Failing("open") ? -1 : Storage::Open(path, flags, mode);
-    if (descriptor >= 0) ++openDescriptors_;
+    const int descriptor = Failing("open", path) ? -1 : Storage::Open(path, flags, mode);
+    if (descriptor < 0) return descriptor;
+    ++openDescriptors_;
+    const std::lock_guard lock(mutex_);
+    paths_[descriptor] = path;
     return descriptor;
   }
   ssize_t Write(int descriptor, const void* bytes, std::size_t count) override {
-    if (Failing("write")) return -1;
+    if (Failing("write", descriptor)) return -1;
     return Storage::Write(descriptor, bytes, std::min(count, mostBytes_));
   }
-  int Sync(int descriptor) override {
-    return FailingWhenLetGo("sync") ? -1 : Storage::Sync(descriptor);
-  }
+  int Sync(int descriptor) override { return FailingWhenLetGo("sync", descriptor) ? -1 : 0; }
   int SyncData(int descriptor) override {
-    return FailingWhenLetGo("syncData") ? -1 : Storage::SyncData(descriptor);
+    return FailingWhenLetGo("syncData", descriptor) ? -1 : 0;
   }
   int Close(int descriptor) override {
     // As on Linux, the descriptor is gone even when the close fails.
+    const bool failing = Failing("close", descriptor);
+    const int cause = errno;
     if (Storage::Close(descriptor) == 0) --openDescriptors_;
-    return Failing("close") ? -1 : 0;
+    errno = cause;
+    return failing ? -1 : 0;
   }
   int Rename(const char* from, const char* to) override {
-    return Failing("rename") ? -1 : Storage::Rename(from, to);
+    return Failing("rename", to) ? -1 : Storage::Rename(from, to);
   }
   int SetMode(int descriptor, mode_t mode) override {
-    return Failing("setMode") ? -1 : Storage::SetMode(descriptor, mode);
+    return Failing("setMode", descriptor) ? -1 : Storage::SetMode(descriptor, mode);
+  }
+  int MakeFolder(const char* path, mode_t mode) override {
+    return Failing("makeFolder", path) ? -1 : Storage::MakeFolder(path, mode);
   }
 
  private:
   struct Fault {
     std::string name;
+    std::string under;
     int left;
     int error;
+    bool forGood = false;
   };
 
-  bool Failing(const std::string& call) {
+  bool Failing(const std::string& call, int descriptor) {
+    std::unique_lock lock(mutex_);
+    const std::string path = paths_[descriptor];
+    lock.unlock();
+    return Failing(call, path);
+  }
+
+  bool Failing(const std::string& call, const std::string& path) {
     const std::lock_guard lock(mutex_);
     calls_.push_back(call);
     changed_.notify_all();
     bool failing = false;
     for (Fault& fault : faults_) {
-      const bool meant = fault.name.empty() || fault.name == call;
-      if (!meant || --fault.left != 0) continue;
+      const bool meant =
+          (fault.name.empty() || fault.name == call) && path.starts_with(fault.under);
+      if (!meant || --fault.left > 0 || (fault.left < 0 && !fault.forGood)) continue;
       errno = fault.error;
       failing = true;
     }
+    injected_ += failing ? 1 : 0;
     return failing;
   }
 
-  bool FailingWhenLetGo(const std::string& call) {
-    const bool failing = Failing(call);
+  bool FailingWhenLetGo(const std::string& call, int descriptor) {
+    const bool failing = Failing(call, descriptor);
     const int cause = errno;
     AwaitThat([this] { return !held_; });
     errno = cause;
@@ -110,9 +143,11 @@ class FaultyStorage : public Storage {
   std::condition_variable changed_;
   std::vector<Fault> faults_;
   std::vector<std::string> calls_;
+  std::map<int, std::string> paths_;
   std::size_t mostBytes_ = static_cast<std::size_t>(-1);
   bool held_ = false;
   std::atomic<int> openDescriptors_ = 0;
+  std::atomic<int> injected_ = 0;
 };
 
 }  // namespace orvex::test

@@ -6,6 +6,7 @@
 
 #include "support/desk.h"
 #include "support/faulty_storage.h"
+#include "support/save_faults.h"
 #include "survey/open_survey.h"
 
 namespace orvex {
@@ -15,7 +16,6 @@ namespace fs = std::filesystem;
 using Moves = std::vector<std::string>;
 
 const Identity kIdentity = {"", "5", "12", "3", ""};
-const char* const kTryAgain = "The survey could not be written. Try again?";
 
 TEST(SurveyOfTheClass, ChangesTheAnswersOfTheClassAndWritesNothing) {
   test::Desk desk;
@@ -38,30 +38,58 @@ TEST(SurveyOfTheClass, ChangesTheAnswersOfTheClassAndWritesNothing) {
   EXPECT_TRUE(fs::is_empty(desk.folder.Path()));
 }
 
-TEST(SurveyOnAFile, IsSavedUnderItsNumbersInItsSpellingAndAFailureIsTriedAgain) {
+SurFile Portfolio() {
+  SurFile file = {.identity = kIdentity, .answers = {}, .encoding = Encoding::windows1252};
+  file.answers.checks[0].set(kOtherItem);
+  file.answers.other = "caf\u00e9";
+  return file;
+}
+
+TEST(SurveyOnAFile, IsSavedUnderItsNumbersInItsSpellingUntilItIsSavedElsewhere) {
   test::Desk desk;
   test::FaultyStorage disk;
   const Services services{desk.program, desk.log,      desk.recovery, disk,
                           desk.clock,   desk.prompter, desk.screens};
-  SurFile file = {.identity = kIdentity, .answers = {}, .encoding = Encoding::windows1252};
-  file.answers.checks[0].set(kOtherItem);
-  file.answers.other = "caf\u00e9";
+  SurFile file = Portfolio();
   SurveyForm form(services, file);
   EXPECT_EQ(form.ClassIdText(), "Class ID 5-12-3");
   form.Rate(15, 4);
+  file.answers.ratings[15] = 4;
+  form.Command1_Click();
+  EXPECT_EQ(test::FileBytes(desk.folder / "5-12-3.sur"), FormatSur(file));
+  EXPECT_EQ(form.SavedText(), "Saved as " + (desk.folder / "5-12-3.sur").string());
+  EXPECT_EQ(desk.screens.Take(), Moves{}) << "the form stays open";
 
+  form.Rate(15, 3);
   disk.Fail(1, ENOSPC, "write");
   desk.prompter.Expect("Save changes?", Answer::yes);
-  desk.prompter.Expect(kTryAgain, Answer::no);
+  desk.prompter.Expect("The survey could not be written.", Answer::cancel);
   form.Command2_Click();
-  EXPECT_NE(desk.prompter.asked.back().details.find("5-12-3.sur: No space"), std::string::npos);
-
+  EXPECT_EQ(form.SavedText(), "");
   disk.Fail(1, ENOSPC, "write");
-  desk.prompter.Expect(kTryAgain, Answer::yes);
+  const fs::path other = desk.folder / "stick/mine.sur";
+  test::PutFile(other, "");
+  desk.prompter.Expect("The survey could not be written.", Answer::no);
+  desk.prompter.ExpectSaveFile({.path = other, .folder = other.parent_path()});
   form.Command1_Click();
-  file.answers.ratings[15] = 4;
+  form.Rate(15, 2);
+  form.Command1_Click();
+  EXPECT_EQ(form.SavedText(), "Saved as " + other.string());
   EXPECT_EQ(test::FileBytes(desk.folder / "5-12-3.sur"), FormatSur(file));
-  EXPECT_EQ(desk.screens.Take(), Moves{}) << "the form stays open";
+  file.answers.ratings[15] = 2;
+  EXPECT_EQ(test::FileBytes(other), FormatSur(file));
+}
+
+struct SurveyFileScene : test::SaveScene {
+  explicit SurveyFileScene(bool older) {
+    if (older) test::PutFile(desk.folder / "5-12-3.sur", "the old survey\r\n");
+  }
+  void Save() override { form.Command1_Click(); }
+  SurveyForm form{services, Portfolio()};
+};
+
+TEST(SurveyOnAFile, IsSavedWholeOrToldOf) {
+  test::FailEveryCallOf<SurveyFileScene>("the survey form on a file");
 }
 
 TEST(SurveyOnAFile, ExitEndsTheProgramOrGoesOnToAnotherFile) {

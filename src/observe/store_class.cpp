@@ -1,0 +1,51 @@
+#include "observe/store_class.h"
+
+#include "model/program.h"
+#include "store/field_notes.h"
+#include "store/paths.h"
+#include "store/save_file.h"
+#include "survey/sur_file.h"
+
+namespace orvex {
+
+namespace fs = std::filesystem;
+
+bool StoreClass(const Services& services, const std::string& failure, EpsHeader& header,
+                const EpisodeList& episodes, const std::string& notes, fs::path& elsewhere) {
+  const fs::path& dataPath = services.program.DataPath;
+  Storage& storage = services.storage;
+  const fs::path usual = EpsPathToLookFor(dataPath, header.identity);
+  const fs::path saved = SaveFile(
+      services.prompter,
+      {.failure = failure, .path = usual, .filter = kEpsFilter, .companions = {".nte", ".sur"}},
+      [&](const fs::path& path) {
+        const bool isUsual = path == usual;
+        NormaliseIdentity(header.identity);
+        const fs::path eps = isUsual ? EpsPath(storage, dataPath, header.identity) : path;
+        WriteEpsFile(storage, eps, header, episodes);
+        const fs::path nte =
+            isUsual ? NtePath(storage, dataPath, header.identity) : Beside(path, ".nte");
+        WriteFieldNotes(storage, nte, {.text = notes});
+      });
+  elsewhere = saved == usual ? fs::path() : saved;
+  return !saved.empty();
+}
+
+bool StoreSurvey(const Services& services, Identity& identity, const Survey& answers,
+                 const fs::path& elsewhere) {
+  const fs::path& dataPath = services.program.DataPath;
+  Storage& storage = services.storage;
+  const fs::path usual = SurPathToLookFor(dataPath, identity);
+  return !SaveFile(services.prompter,
+                   {.failure = "The survey could not be written.",
+                    .path = elsewhere.empty() ? usual : Beside(elsewhere, ".sur"),
+                    .filter = kSurFilter},
+                   [&](const fs::path& path) {
+                     const fs::path sur =
+                         path == usual ? SurPath(storage, dataPath, identity) : path;
+                     WriteSurFile(storage, sur, {.identity = identity, .answers = answers});
+                   })
+              .empty();
+}
+
+}  // namespace orvex

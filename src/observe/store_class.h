@@ -1,0 +1,24 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "store/eps_file.h"
+#include "store/services.h"
+#include "survey/survey.h"
+
+namespace orvex {
+
+/// Saves the episode file of a class and its field notes. They go to the folders of the class,
+/// whose numbers are normalised, or where the user, who is told of a failure with `failure`, wants
+/// them: `elsewhere` is then where the episodes are, else empty. False when the user gave up.
+bool StoreClass(const Services& services, const std::string& failure, EpsHeader& header,
+                const EpisodeList& episodes, const std::string& notes,
+                std::filesystem::path& elsewhere);
+
+/// Saves the survey of a class, in the folder of the class or, when its episodes are `elsewhere`,
+/// beside them. False when the user gave up.
+bool StoreSurvey(const Services& services, Identity& identity, const Survey& answers,
+                 const std::filesystem::path& elsewhere);
+
+}  // namespace orvex
