@@ -57,7 +57,7 @@ bool CloseKeptClass(const Services& services, KeptClass kept, const fs::path& pa
     services.recovery.Leave();
     return false;
   }
-  services.recovery.Remove();
+  ForgetKept(services);
   return true;
 }
 

@@ -5,9 +5,7 @@
 #include "model/screens.h"
 #include "observe/live_observation.h"
 #include "observe/store_class.h"
-#include "store/file_error.h"
 #include "store/numbers.h"
-#include "store/recovery_file.h"
 #include "store/save_file.h"
 #include "store/session_log.h"
 
@@ -57,21 +55,9 @@ void LiveObservation::LeaveWithSurvey() {
   run_.awaitsSurvey =
       !StoreSurvey(services_, services_.program.identity, run_.survey, run_.storedElsewhere);
   if (run_.awaitsSurvey) return;
-  ForgetKept();
+  ForgetKept(services_);
   services_.screens.Close(Screen::survey);
   services_.screens.EndProgram();
-}
-
-/// All of the class is stored: what was kept of it while it ran has done its work.
-void LiveObservation::ForgetKept() {
-  try {
-    services_.recovery.Remove();
-  } catch (const FileError& error) {
-    services_.prompter.Tell(
-        "The class is stored, but its recovery file could not be removed. The class will be "
-        "offered again.",
-        error.what());
-  }
 }
 
 /// False, with the focus on the box, when one of the numbers that name the files is no number.

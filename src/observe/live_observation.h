@@ -178,7 +178,6 @@ class LiveObservation {
   bool SaveClass();
   void EndWithLog();
   void LeaveWithSurvey();
-  void ForgetKept();
   float Now() const;
 
   Services services_;

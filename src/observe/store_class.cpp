@@ -1,8 +1,11 @@
 #include "observe/store_class.h"
 
 #include "model/program.h"
+#include "model/prompter.h"
 #include "store/field_notes.h"
+#include "store/file_error.h"
 #include "store/paths.h"
+#include "store/recovery_file.h"
 #include "store/save_file.h"
 #include "survey/sur_file.h"
 
@@ -46,6 +49,17 @@ bool StoreSurvey(const Services& services, Identity& identity, const Survey& ans
                      WriteSurFile(storage, sur, {.identity = identity, .answers = answers});
                    })
               .empty();
+}
+
+void ForgetKept(const Services& services) {
+  try {
+    services.recovery.Remove();
+  } catch (const FileError& error) {
+    services.prompter.Tell(
+        "The class is stored, but its recovery file could not be removed. The class will be "
+        "offered again.",
+        error.what());
+  }
 }
 
 }  // namespace orvex

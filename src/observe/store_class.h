@@ -21,4 +21,7 @@ bool StoreClass(const Services& services, const std::string& failure, EpsHeader&
 bool StoreSurvey(const Services& services, Identity& identity, const Survey& answers,
                  const std::filesystem::path& elsewhere);
 
+/// All of the class is stored: removes what was kept of it while it ran.
+void ForgetKept(const Services& services);
+
 }  // namespace orvex

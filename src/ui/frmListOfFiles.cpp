@@ -27,6 +27,7 @@ frmListOfFiles::frmListOfFiles(const Services& services, ExportKind kind,
   });
   // One file each time the window has nothing else to do.
   connect(&work_, &QTimer::timeout, this, &frmListOfFiles::Tick);
+  work_.setSingleShot(true);
   work_.start(0);
   FocusVisibly(ui_->cmdStop);
   Refresh();
@@ -36,9 +37,12 @@ frmListOfFiles::~frmListOfFiles() = default;
 
 void frmListOfFiles::Tick() {
   export_.Tick();
-  if (export_.Running()) return Refresh();
-  work_.stop();
-  Q_EMIT Left();
+  if (!export_.Running()) {
+    Q_EMIT Left();
+    return;
+  }
+  Refresh();
+  work_.start(0);  // not before: a question can be open for long
 }
 
 void frmListOfFiles::Refresh() {

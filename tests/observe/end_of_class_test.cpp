@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "observe/close_kept_class.h"
+#include "observe/kept_class.h"
 #include "observe/live_observation.h"
 #include "support/desk.h"
 #include "support/save_faults.h"
@@ -220,6 +222,43 @@ struct ClassScene : test::SaveScene {
 
 TEST(EndOfClass, IsStoredWholeOrToldOf) {
   test::FailEveryCallOf<ClassScene>("the end of a class with its survey");
+}
+
+/// A class that was not ended and is closed as it stands.
+struct KeptScene : test::SaveScene {
+  explicit KeptScene(bool older) {
+    if (older) test::PutFile(desk.folder / "EPS/7/12/7-12-3.eps", "the old file");
+    kept.program.identity = {"AB", "7", "12", "3", "25"};
+    kept.program.Episodes.emplace_back().Descript = "Poems";
+    kept.running.curActivity = "3";
+    kept.running.estimateKind = 6;
+    kept.running.segmentStart = 32400;
+    kept.moment.secondsSinceMidnight = 33000;
+    kept.number = 1;
+    test::PutFile(file, "kept");
+  }
+  void Save() override { CloseKeptClass(services, kept, file); }
+  const std::filesystem::path file = desk.folder / "BAK/7/12/7-12-3.recovery";
+  KeptClass kept;
+};
+
+TEST(ClosingAKeptClass, IsStoredWholeOrToldOf) {
+  test::FailEveryCallOf<KeptScene>("a kept class that is closed");
+}
+
+TEST(ClosingAKeptClass, OutlivesARecoveryFileThatCannotBeRemoved) {
+  struct Sticky : Storage {
+    int Unlink(const char* /*path*/) override {
+      errno = EROFS;
+      return -1;
+    }
+  } sticky;
+  KeptScene scene(false);
+  RecoveryFile recovery(sticky);
+  const Services services{scene.desk.program, scene.log,      recovery,          scene.disk,
+                          scene.desk.clock,   scene.prompter, scene.desk.screens};
+  EXPECT_TRUE(CloseKeptClass(services, scene.kept, scene.file));
+  EXPECT_TRUE(std::filesystem::exists(scene.file));
 }
 
 }  // namespace
