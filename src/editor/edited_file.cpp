@@ -22,12 +22,10 @@ class ReadingAloud : public EpsReadEvents {
   explicit ReadingAloud(Prompter& prompter) : prompter_(prompter) {}
 
   bool ContinueWithEarlierVersion() override {
-    return prompter_.AskOkCancel(
-        "EPS file created by an earlier version of ORVEX. Continue anyway?");
+    return prompter_.AskOkCancel(std::string(kEarlierVersionText) + " Continue anyway?");
   }
   void FirstSegmentRepaired(int ep) override {
-    prompter_.Tell("An inconsistency is found in activity coding of first segment in episode #" +
-                   std::to_string(ep) + ".\nIt's been corrected.");
+    prompter_.Tell(RepairedText(ep));
     repaired_ = true;
   }
   bool Repaired() const { return repaired_; }

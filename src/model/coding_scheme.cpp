@@ -86,6 +86,14 @@ const std::array<std::string_view, 4> SeatworkSources = {"Textbook", "worksheet"
 const std::array<std::string_view, 2> SeatworkCognitiveLevels = {"report", "higher order"};
 const std::array<std::string_view, 2> SeatworkOrganizations = {"T", "S"};
 
+std::string PlainText(std::string_view caption) {
+  std::string text(caption);
+  for (auto at = text.find("&&"); at != std::string::npos; at = text.find("&&", at + 1)) {
+    text.erase(at, 1);
+  }
+  return text;
+}
+
 const DimensionScheme& SchemeOf(Dimension dimension) {
   return kSchemes[static_cast<std::size_t>(dimension)];
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace orvex {
@@ -55,7 +56,10 @@ bool IsLetterOf(Dimension dimension, std::string_view letter);
 inline constexpr int kActivityCount = 17;
 inline constexpr int kQuestionAnswer = 5;
 
-/// The activities' names as captions, where "&&" shows as one ampersand.
+/// A caption as plain text: in captions, "&&" stands for one ampersand.
+std::string PlainText(std::string_view caption);
+
+/// The activities' names as captions.
 extern const std::array<std::string_view, kActivityCount> ActivityNames;
 /// The activities' names as plain text.
 extern const std::array<std::string_view, kActivityCount> ActivityTexts;
@@ -74,8 +78,9 @@ constexpr bool CarriesAbout(int activity) {
 constexpr bool IsPresentation(int activity) {
   return activity == 7;
 }
+inline constexpr int kFirstSeatwork = 14;
 constexpr bool IsSeatwork(int activity) {
-  return activity >= 14 && activity <= 16;
+  return activity >= kFirstSeatwork && activity <= 16;
 }
 constexpr bool IsGroupWork(int activity) {
   return activity == 17;

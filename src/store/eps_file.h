@@ -40,6 +40,12 @@ struct QuestionCounts {
   int allDefault = 0;  ///< Source, Response, Authenticity, Uptake and Cognitive Level all 0
 };
 
+/// How it is said that a file is of an earlier version, and that the first segment of episode `ep`
+/// has been repaired.
+inline constexpr const char* kEarlierVersionText =
+    "EPS file created by an earlier version of ORVEX.";
+std::string RepairedText(int ep);
+
 /// What the reader has to say while it reads.
 class EpsReadEvents {
  public:

@@ -216,6 +216,11 @@ class EpsReader {
 
 }  // namespace
 
+std::string RepairedText(int ep) {
+  return "An inconsistency is found in activity coding of first segment in episode #" +
+         std::to_string(ep) + ".\nIt's been corrected.";
+}
+
 bool ParseQuestionMarker(std::string& text, std::int16_t& ep, std::int16_t& seg) {
   const auto marker = FindMarker(text);
   if (!marker) return false;

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/coding_scheme.h"
 #include "ui/BoxFocus.h"
 #include "ui/FocusReturn.h"
 #include "ui/SegmentCodingPanel.h"
@@ -21,11 +22,6 @@ namespace orvex {
 namespace {
 
 constexpr int kTimerInterval = 200;
-
-/// Shows a caption, in which "&&" stands for one ampersand.
-void ShowCaption(QLabel* label, const std::string& caption) {
-  ShowText(label, FromQt(ToQt(caption).replace(QLatin1String("&&"), QLatin1String("&"))));
-}
 
 /// The platform's keys, and those that a user of another platform knows.
 QList<QKeySequence> Keys(QKeySequence::StandardKey key) {
@@ -214,7 +210,7 @@ void frmClassEdit::RefreshTexts() {
   // Whoever is not typing in it reads it from its start.
   if (!ui_->txtEpisodeName->hasFocus()) ui_->txtEpisodeName->setCursorPosition(0);
   ui_->txtEpisodeName->setEnabled(editor_.HasEpisode());
-  ShowCaption(ui_->Label10, editor_.ActivityText());
+  ShowText(ui_->Label10, PlainText(editor_.ActivityText()));
   ShowText(ui_->Label1, editor_.DurationText());
   ShowText(ui_->Label2, editor_.SegmentCountText());
   ShowText(ui_->lblDSpells, editor_.SpellsText());
