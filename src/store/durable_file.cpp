@@ -15,6 +15,7 @@
 
 #include "store/file_error.h"
 #include "store/storage.h"
+#include "store/stray_temporaries.h"
 
 namespace orvex {
 namespace {
@@ -88,10 +89,9 @@ bool FileReplacement::SetMode(mode_t bits) {
 }
 
 void FileReplacement::OpenTemporary(mode_t mode) {
-  const std::string stem = ".orvex-" + std::to_string(::getpid()) + "-";
   constexpr int kMostNames = 1000;
   for (int number = 1; descriptor_ < 0 && number <= kMostNames; ++number) {
-    temporary_ = target_.parent_path() / (stem + std::to_string(number) + ".tmp");
+    temporary_ = target_.parent_path() / TemporaryName(number);
     constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
     descriptor_ = Uninterrupted([&] { return storage_.Open(temporary_.c_str(), kFlags, mode); });
     if (descriptor_ < 0 && errno != EEXIST) break;
