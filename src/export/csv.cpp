@@ -5,6 +5,7 @@
 #include <charconv>
 #include <chrono>
 #include <cstddef>
+#include <optional>
 
 #include "model/clock.h"
 #include "model/duration_text.h"
@@ -21,6 +22,25 @@ bool BeginsLikeFormula(std::string_view text) {
   constexpr std::array<std::string_view, 8> kSigns = {"=", "+", "-", "@", "＝", "＋", "－", "＠"};
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
   return std::ranges::any_of(kSigns, [&](std::string_view sign) { return text.starts_with(sign); });
+}
+
+/// The numbers of a date or a time of day, between which one of `separators` stands.
+std::optional<std::array<int, 3>> ThreeNumbers(std::string_view text, std::string_view separators) {
+  std::array<int, 3> numbers{};
+  const char* at = text.data();
+  const char* const end = text.data() + text.size();
+  for (int& number : numbers) {
+    if (&number != &numbers.front()) {
+      if (at == end || separators.find(*at) == std::string_view::npos) return std::nullopt;
+      ++at;
+    }
+    if (at == end || *at < '0' || *at > '9') return std::nullopt;
+    const auto read = std::from_chars(at, end, number);
+    if (read.ec != std::errc{}) return std::nullopt;
+    at = read.ptr;
+  }
+  if (at != end) return std::nullopt;
+  return numbers;
 }
 
 }  // namespace
@@ -59,7 +79,8 @@ Csv& Csv::Number(std::int64_t number) {
 }
 
 Csv& Csv::Number(float number) {
-  std::array<char, 64> digits{};  // the smallest single has 45 behind its point
+  if (number == 0) return Code("0");  // a negative zero as well
+  std::array<char, 64> digits{};      // the smallest single has 45 behind its point
   const auto end =
       std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
   return Code({digits.data(), end.ptr});
@@ -79,28 +100,25 @@ void Csv::EndLine() {
 }
 
 std::string IsoDate(std::string_view date) {
-  std::array<int, 3> numbers{};  // month, day, year
-  const char* at = date.data();
-  const char* const end = date.data() + date.size();
-  for (int& number : numbers) {
-    if (&number != &numbers.front()) {
-      if (at == end || (*at != '-' && *at != '/')) return "";
-      ++at;
-    }
-    if (at == end || *at < '0' || *at > '9') return "";
-    const auto read = std::from_chars(at, end, number);
-    if (read.ec != std::errc{}) return "";
-    at = read.ptr;
-  }
-  const auto& [month, day, year] = numbers;
+  const auto numbers = ThreeNumbers(date, "-/");
+  if (!numbers) return "";
+  const auto& [month, day, year] = *numbers;
   using namespace std::chrono;
   const year_month_day day_{std::chrono::year(year),
                             std::chrono::month(static_cast<unsigned>(month)),
                             std::chrono::day(static_cast<unsigned>(day))};
   constexpr int kFirstYear = 1000;  // a year of fewer digits could be of any century
   constexpr int kLastYear = 9999;
-  if (at != end || !day_.ok() || year < kFirstYear || year > kLastYear) return "";
+  if (!day_.ok() || year < kFirstYear || year > kLastYear) return "";
   return std::to_string(year) + "-" + TwoDigits(month) + "-" + TwoDigits(day);
+}
+
+std::string IsoTime(std::string_view time) {
+  const auto numbers = ThreeNumbers(time, ":");
+  if (!numbers) return "";
+  const auto& [hour, minute, second] = *numbers;
+  if (hour > 23 || minute > 59 || second > 59) return "";
+  return TwoDigits(hour) + ":" + TwoDigits(minute) + ":" + TwoDigits(second);
 }
 
 }  // namespace orvex

@@ -33,5 +33,7 @@ class Csv {
 
 /// "mm-dd-yyyy" as "yyyy-mm-dd"; empty when it is no date.
 std::string IsoDate(std::string_view date);
+/// A time of day as "hh:mm:ss"; empty when it is none.
+std::string IsoTime(std::string_view time);
 
 }  // namespace orvex

@@ -2,13 +2,16 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <span>
 
 #include "model/clock.h"
 #include "model/validation.h"
+#include "store/numbers.h"
 
 namespace orvex {
 namespace {
@@ -40,9 +43,15 @@ void WriteLetter(const TidyRow& row, int, Csv& csv) {
   csv.Code((row.question->*letter)());
 }
 
+/// A number that somebody typed; missing when the file has another text there.
 template <std::string Identity::*member>
 void WriteIdentity(const TidyRow& row, int, Csv& csv) {
-  csv.Text(row.header.identity.*member);
+  const auto number = ParseNumber(WithoutBlanks(row.header.identity.*member));
+  if (number && std::abs(*number) <= std::numeric_limits<float>::max()) {
+    csv.Number(static_cast<float>(*number));
+  } else {
+    csv.Missing();
+  }
 }
 
 template <int QuestionCounts::*member>
@@ -64,17 +73,18 @@ void WriteNumber(const TidyRow& row, int, Csv& csv) {
 
 Columns ObservationColumns() {
   return {
-      {"file", "Base name of the file", "text",
+      {"file", "The observation, as the list names it", "text",
        [](const TidyRow& row, int, Csv& csv) { csv.Text(row.file); }},
       {"school", "School number", "number", WriteIdentity<&Identity::SchoolNum>},
       {"class", "Class number", "number", WriteIdentity<&Identity::ClassNum>},
       {"observation", "Observation number", "number", WriteIdentity<&Identity::ObservNum>},
       {"students", "Number of students present", "number", WriteIdentity<&Identity::NumStudents>},
-      {"observer", "Initials of the observer", "text", WriteIdentity<&Identity::Initials>},
+      {"observer", "Initials of the observer", "text",
+       [](const TidyRow& row, int, Csv& csv) { csv.Text(row.header.identity.Initials); }},
       {"date", "Date of the observation", "date",
        [](const TidyRow& row, int, Csv& csv) { csv.Code(IsoDate(row.header.ObservDate)); }},
       {"start_time", "Time at which the class started", "time",
-       [](const TidyRow& row, int, Csv& csv) { csv.Text(row.header.StartTime); }},
+       [](const TidyRow& row, int, Csv& csv) { csv.Code(IsoTime(row.header.StartTime)); }},
       {"episode", "Number of the episode in the observation", "number",
        [](const TidyRow& row, int, Csv& csv) { csv.Number(std::int64_t{row.episodeNumber}); }},
   };
@@ -232,7 +242,10 @@ Columns EpisodeColumns() {
        {"review",
         "Mainly review of previously learned material",
         "code",
-        [](const TidyRow& row, int, Csv& csv) { csv.Text(row.episode.bReview); },
+        [](const TidyRow& row, int, Csv& csv) {
+          const std::string& answer = row.episode.bReview;
+          csv.Code(answer == "Y" || answer == "N" ? answer : "");
+        },
         0,
         {{"Y", "Yes"}, {"N", "No"}}},
        {"seconds", "Length in seconds", "number",
@@ -263,6 +276,9 @@ Columns EpisodeColumns() {
         WriteCount<&C::authenticStudent>},
        {"unanswered", "Questions without a response", "number", WriteCount<&C::unanswered>},
        {"test_uptake", "Questions with test uptake", "number", WriteCount<&C::uptakeTest>},
+       {"normal_questions",
+        "Questions with the normal source, response, authenticity, uptake and cognitive level",
+        "number", WriteCount<&C::allDefault>},
        {"higher_order", "Higher-order questions", "number", [](const TidyRow& row, int, Csv& csv) {
           csv.Number(std::int64_t{
               std::ranges::count(row.episode.questions, "H", &questionInfo::strCogLev)});

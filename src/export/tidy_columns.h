@@ -12,7 +12,7 @@ namespace orvex {
 
 /// Where a row stands. What its table is not about is null or 0.
 struct TidyRow {
-  std::string_view file;  ///< the base name
+  std::string_view file;  ///< as the list names it
   const EpsHeader& header;
   const Episode& episode;
   const std::vector<DialogicSpell>& spells;  ///< of the episode
