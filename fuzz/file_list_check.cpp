@@ -1,4 +1,5 @@
 #include "export/file_list.h"
+#include "export/problem.h"
 #include "fuzz/checks.h"
 
 namespace orvex::fuzz {
@@ -17,10 +18,9 @@ std::string Written(const std::vector<ListedFile>& files) {
 
 /// The three numbers of a name are parts of it, in their order.
 void CheckNumbersOf(const std::string& name) {
-  const auto numbers = NumbersOf(name);
-  if (!numbers) return;
-  const std::string joined = std::string(numbers->school) + "-" + std::string(numbers->classNum) +
-                             "-" + std::string(numbers->observation);
+  FileNumbers numbers;
+  if (ProblemOf(name, [&] { numbers = NumbersOf(name); })) return;
+  const std::string joined = numbers.school + "-" + numbers.classNum + "-" + numbers.observation;
   Require(name.find(joined) != std::string::npos, "a name's numbers are parts of it");
   Require(joined.find('/') == std::string::npos, "the folder is no part of a name's numbers");
 }
@@ -28,7 +28,10 @@ void CheckNumbersOf(const std::string& name) {
 }  // namespace
 
 std::optional<std::string> CheckFileList(std::string_view bytes) {
-  const auto files = ParseFileList(std::string(bytes));
+  const auto accepted =
+      Accepted(bytes, [](std::string_view text) { return ParseFileList(std::string(text)); });
+  if (!accepted) return std::nullopt;
+  const auto& files = *accepted;
   const std::string written = Written(files);
   const auto again = ParseFileList(written);
   Require(std::ranges::equal(files, again,

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "export/named_file.h"
+#include "model/coding_scheme.h"
 #include "model/validation.h"
 #include "survey/survey_scheme.h"
 
@@ -49,22 +50,13 @@ void CheckEpisodes(const std::string& file, const EpisodeList& episodes, const C
   }
 }
 
-/// A caption as plain text.
-std::string Plain(std::string_view caption) {
-  std::string text(caption);
-  for (auto at = text.find("&&"); at != std::string::npos; at = text.find("&&", at + 1)) {
-    text.erase(at, 1);
-  }
-  return text;
-}
-
 void CheckSurvey(const std::string& file, const Survey& answers, const Console& console,
                  Tally& tally) {
   tally.statements += answers.ratings.size();
   for (std::size_t i = 0; i < answers.ratings.size(); ++i) {
     if (answers.ratings[i] != kUncoded) continue;
     ++tally.open;
-    console.out << file << ": not rated: " << Plain(SurveyStatements()[i].text) << "\n";
+    console.out << file << ": not rated: " << PlainText(SurveyStatements()[i].text) << "\n";
   }
 }
 
@@ -74,13 +66,13 @@ void CheckFile(const std::filesystem::path& file, const Console& console, Tally&
   if (kind == FileKind::episodes) {
     const auto observation = ReadEpisodes(file, console);
     read = observation.has_value();
-    if (read) CheckEpisodes(file.string(), observation->Episodes, console, tally);
+    if (read) CheckEpisodes(Shown(file), observation->Episodes, console, tally);
   } else if (kind == FileKind::survey) {
     const auto survey = ReadSurvey(file, console);
     read = survey.has_value();
-    if (read) CheckSurvey(file.string(), survey->answers, console, tally);
+    if (read) CheckSurvey(Shown(file), survey->answers, console, tally);
   } else {
-    RefuseKind(file, console);
+    RefuseKind(file, "an episode file (.eps) or a survey file (.sur)", console);
   }
   ++(read ? tally.files : tally.unread);
 }

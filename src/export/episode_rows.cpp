@@ -10,11 +10,11 @@
 #include "model/duration_text.h"
 #include "store/file_error.h"
 #include "store/numbers.h"
+#include "store/text_encoding.h"
 
 namespace orvex {
 namespace {
 
-constexpr int kFirstSeatwork = 14;
 constexpr int kActivityCells = 13;
 constexpr int kSeatworkCells = 6;
 constexpr int kGroupCells = 5;
@@ -84,14 +84,12 @@ class RowsOfFile : public ReadOn {
 }  // namespace
 
 bool ReadOn::ContinueWithEarlierVersion() {
-  if (warn_) warn_("EPS file created by an earlier version of ORVEX.");
+  if (warn_) warn_(kEarlierVersionText);
   return true;
 }
 
 void ReadOn::FirstSegmentRepaired(int ep) {
-  if (!warn_) return;
-  warn_("An inconsistency is found in activity coding of first segment in episode #" +
-        std::to_string(ep) + ". It's been corrected.");
+  if (warn_) warn_(OneLine(RepairedText(ep)));
 }
 
 void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episode,
@@ -124,12 +122,8 @@ void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episod
 }
 
 void AppendEpisodeRows(const std::filesystem::path& path, const Warn& warn, std::string& rows) {
-  const std::string name = path.filename().string();
-  const auto numbers = NumbersOf(name);
-  if (!numbers) {
-    throw FileError(path, "expected a name with school, class and observation, like 5-12-3");
-  }
-  RowsOfFile events(path, *numbers, warn, rows);
+  const FileNumbers numbers = NumbersOf(path);
+  RowsOfFile events(path, numbers, warn, rows);
   ReadEpsFile(path, events);
 }
 

@@ -6,13 +6,10 @@
 #include <string>
 
 #include "export/table_export.h"
+#include "model/screens.h"
 #include "store/services.h"
 
 namespace orvex {
-
-/// The two tables that are made from the main menu.
-enum class ExportKind { epsData, surData };
-TableKind TableOf(ExportKind kind);
 
 /// Lets the user choose a list file, beginning where such lists are kept. The data folder is then
 /// the one that the dialog ended in. Empty when no file was chosen.
@@ -25,18 +22,20 @@ void ExportChosenList(const Services& services, ExportKind kind);
 /// menu comes back when it cannot be made to its end.
 class ExportForm {
  public:
-  /// Reads the list. That it cannot be read is told with the first tick.
+  /// Reads the list. That it cannot be read is told at the end.
   ExportForm(const Services& services, ExportKind kind, const std::filesystem::path& listFile);
 
-  /// Works on one file; to be called for as long as it is running. The last tick stores the table.
-  void Tick();
-  /// Ends the table with the file that is in work.
+  /// True while there are files to work on and nothing has ended the table.
+  bool Working() const;
+  /// Works on the next file; to be called for as long as it is working.
+  void Work();
+  /// Leaves everything as it was before the export.
   void Stop();
-  bool Running() const { return running_; }
-  bool Stopping() const { return stopping_; }
+  /// Stores the table and tells the user what has come of it.
+  void Finish();
 
   std::size_t Count() const { return list_.files.size(); }
-  std::size_t Done() const { return done_; }
+  std::size_t Done() const { return export_ ? export_->Done() : 0; }
   /// The files' names, in order, and which of them is in work; beyond the last when none is left.
   std::string NameOf(std::size_t file) const;
   std::size_t InWork() const;
@@ -44,24 +43,26 @@ class ExportForm {
   std::string CountText() const;
 
  private:
-  void Work(const std::filesystem::path& table, bool last);
-  void End();
-  void EndWith(const Problem& problem);
-  void GoBack(const std::string& text, const std::string& details);
-  void GoBack();
-  std::string TableSoFar() const;
+  struct Failure {
+    std::string text;
+    std::string details;
+  };
+
+  TableExport& Export();
+  bool Store(const std::filesystem::path& table);
+  Failure Stopped() const;
+  Failure Ended(bool stored) const;
+  void GoBack(const Failure& failure);
 
   Services services_;
   TableKind kind_;
   FileList list_;
-  std::string trouble_;  ///< why the list could not be read
   std::filesystem::path table_;
   std::optional<TableExport> export_;
-  std::size_t done_ = 0;
-  std::optional<Problem> problem_;  ///< what ended the table; its file stays the one in work
-  bool asking_ = false;
-  bool stopping_ = false;
-  bool running_ = true;
+  std::optional<Failure> failure_;  ///< the list could not be read
+  std::optional<Problem> problem_;  ///< of the file that ended the table, which stays in work
+  bool cannotBeWritten_ = false;
+  bool stopped_ = false;
 };
 
 }  // namespace orvex

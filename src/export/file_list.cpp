@@ -2,13 +2,18 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <system_error>
 #include <utility>
 
 #include "store/durable_file.h"
+#include "store/file_error.h"
+#include "store/format_error.h"
 #include "store/text_encoding.h"
 
 namespace orvex {
 namespace {
+
+namespace fs = std::filesystem;
 
 /// Spreadsheets leave tabs, and files from elsewhere the CR of their line ends.
 std::string_view Trimmed(std::string_view line) {
@@ -18,9 +23,27 @@ std::string_view Trimmed(std::string_view line) {
   return line.substr(first, line.find_last_not_of(kBlank) + 1 - first);
 }
 
+std::string UpperCase(std::string_view text) {
+  std::string upper(text);
+  for (char& c : upper) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  }
+  return upper;
+}
+
+bool LeavesItsColumn(char c) {
+  return c == ',' || c == '"' || static_cast<unsigned char>(c) < ' ' || c == '\x7F';
+}
+
 }  // namespace
 
 std::vector<ListedFile> ParseFileList(std::string bytes) {
+  // As in UTF-16, which spreadsheets write as "Unicode text".
+  if (const std::size_t zero = bytes.find('\0'); zero != std::string::npos) {
+    const auto before = std::string_view(bytes).substr(0, zero);
+    throw FormatError(static_cast<int>(std::ranges::count(before, '\n')) + 1,
+                      "a text file in UTF-8 or Windows-1252");
+  }
   const std::string text = Decode(std::move(bytes)).text;
   std::vector<ListedFile> files;
   std::string_view rest = text;
@@ -33,21 +56,36 @@ std::vector<ListedFile> ParseFileList(std::string bytes) {
   return files;
 }
 
-FileList ReadFileList(const std::filesystem::path& path) {
+FileList ReadFileList(const fs::path& path) {
   return {path, ParseFileList(ReadFile(path))};
 }
 
-std::optional<FileNumbers> NumbersOf(std::string_view name) {
-  constexpr std::size_t kNone = std::string_view::npos;
-  const std::size_t slash = name.rfind('/');
-  if (slash != kNone) name.remove_prefix(slash + 1);
+fs::path WithExtension(const fs::path& base, std::string_view extension) {
+  const fs::path usual = fs::path(base).concat(extension);
+  std::error_code unknown;
+  if (fs::exists(usual, unknown)) return usual;
+  const fs::path other = fs::path(base).concat(UpperCase(extension));
+  return fs::exists(other, unknown) ? other : usual;
+}
+
+bool HasExtension(const fs::path& name, std::string_view extension) {
+  const fs::path own = name.extension();
+  return own == extension || own == UpperCase(extension);
+}
+
+FileNumbers NumbersOf(const fs::path& file) {
+  const std::string name = file.filename().string();
   const std::size_t first = name.find('-');
-  if (first == kNone) return std::nullopt;
-  const std::size_t second = name.find('-', first + 1);
-  if (second == kNone) return std::nullopt;
+  const std::size_t second = first == std::string::npos ? first : name.find('-', first + 1);
+  if (second == std::string::npos) {
+    throw FileError(file, "expected a name with school, class and observation, like 5-12-3");
+  }
   const std::size_t point = std::min(name.find('.', second + 1), name.size());
-  return FileNumbers{name.substr(0, first), name.substr(first + 1, second - first - 1),
-                     name.substr(second + 1, point - second - 1)};
+  if (std::ranges::any_of(name.substr(0, point), LeavesItsColumn)) {
+    throw FileError(file, "expected a name without commas, quotes and control characters");
+  }
+  return {name.substr(0, first), name.substr(first + 1, second - first - 1),
+          name.substr(second + 1, point - second - 1)};
 }
 
 }  // namespace orvex

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,18 +22,26 @@ struct FileList {
 };
 
 /// The files that a list file's text names: blanks around a name are dropped, empty lines skipped.
+/// Throws FormatError for what is no text.
 std::vector<ListedFile> ParseFileList(std::string bytes);
-/// Reads a list file. Throws FileError.
+/// Reads a list file. Throws FileError as well.
 FileList ReadFileList(const std::filesystem::path& path);
+
+/// The path of `base` with `extension`, which is in lower case; with the same in upper case where
+/// only such a file is found.
+std::filesystem::path WithExtension(const std::filesystem::path& base, std::string_view extension);
+
+/// True when `name` ends with `extension`, in lower or in upper case.
+bool HasExtension(const std::filesystem::path& name, std::string_view extension);
 
 /// School, class and observation as a file's name tells them.
 struct FileNumbers {
-  std::string_view school;
-  std::string_view classNum;
-  std::string_view observation;
+  std::string school;
+  std::string classNum;
+  std::string observation;
 };
-/// The numbers of "5-12-3.eps", pointing into it; a folder before the name does not count. Nothing
-/// when the name has fewer than two "-".
-std::optional<FileNumbers> NumbersOf(std::string_view name);
+/// The numbers of ".../5-12-3.eps". Throws FileError when the name has fewer than two "-", or when
+/// its numbers would not stay in their columns of a table.
+FileNumbers NumbersOf(const std::filesystem::path& file);
 
 }  // namespace orvex

@@ -34,9 +34,8 @@ FileKind KindOf(const std::filesystem::path& file) {
 
 std::optional<EpsObservation> ReadEpisodes(const std::filesystem::path& file,
                                            const Console& console) {
-  ReadOn events([&](const std::string& warning) {
-    console.err << file.string() << ": warning: " << warning << "\n";
-  });
+  ReadOn events(
+      [&](const std::string& warning) { console.err << Warning(file, 0, warning).Text() << "\n"; });
   return Reading(file, console, [&] { return ReadEpsFile(file, events); });
 }
 
@@ -44,8 +43,9 @@ std::optional<SurFile> ReadSurvey(const std::filesystem::path& file, const Conso
   return Reading(file, console, [&] { return ReadSurFile(file); });
 }
 
-void RefuseKind(const std::filesystem::path& file, const Console& console) {
-  console.err << file.string() << ": expected an episode file (.eps) or a survey file (.sur)\n";
+void RefuseKind(const std::filesystem::path& file, const std::string& expected,
+                const Console& console) {
+  console.err << Problem{file, 0, "expected " + expected}.Text() << "\n";
 }
 
 }  // namespace orvex

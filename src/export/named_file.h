@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
 
 #include "export/console.h"
 #include "export/problem.h"
@@ -20,7 +21,8 @@ std::optional<EpsObservation> ReadEpisodes(const std::filesystem::path& file,
                                            const Console& console);
 std::optional<SurFile> ReadSurvey(const std::filesystem::path& file, const Console& console);
 
-/// Writes that `file` is none that the command takes.
-void RefuseKind(const std::filesystem::path& file, const Console& console);
+/// Writes that `file` is not what the command takes: "an episode file (.eps)".
+void RefuseKind(const std::filesystem::path& file, const std::string& expected,
+                const Console& console);
 
 }  // namespace orvex

@@ -9,6 +9,9 @@
 
 namespace orvex {
 
+/// A name of a file for a terminal: control characters, which could steer it, stand as "\x1B".
+std::string Shown(const std::filesystem::path& name);
+
 /// Why a file could not be taken, or not wholly.
 struct Problem {
   std::filesystem::path file;
@@ -17,24 +20,23 @@ struct Problem {
   int listLine = 0;  ///< of the list that names the file; 0 without a list
 
   /// "5-12-3.eps:7: expected the number of segments (line 2 of the list)".
-  std::string Text() const {
-    std::string place = file.string() + ":";
-    if (line > 0) place += std::to_string(line) + ":";
-    const std::string list =
-        listLine > 0 ? " (line " + std::to_string(listLine) + " of the list)" : "";
-    return place + " " + text + list;
-  }
+  std::string Text() const;
 };
 
-/// Runs `read`, which reads `file`; nothing when all went well.
-template <typename Read>
-std::optional<Problem> ProblemOf(const std::filesystem::path& file, Read read) {
+/// What is to be told of a file that was read all the same.
+inline Problem Warning(const std::filesystem::path& file, int line, const std::string& text) {
+  return {file, line, "warning: " + text};
+}
+
+/// Runs `act`, which reads `file`; nothing when all went well.
+template <typename Act>
+std::optional<Problem> ProblemOf(const std::filesystem::path& file, Act act) {
   try {
-    read();
+    act();
   } catch (const FormatError& error) {
     return Problem{file, error.Line(), "expected " + error.Expected()};
   } catch (const FileError& error) {
-    return Problem{file, 0, error.Cause()};
+    return Problem{error.Path(), 0, error.Cause()};
   }
   return std::nullopt;
 }

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "export/file_list.h"
 #include "export/named_file.h"
 #include "export/observation_json.h"
 #include "reports/episode_title.h"
@@ -31,24 +32,26 @@ std::string ReportText(const EpsObservation& observation) {
 }
 
 /// The survey beside an episode file. False when there is one that cannot be read.
-bool ReadSurveyBeside(std::filesystem::path file, const Console& console,
+bool ReadSurveyBeside(const std::filesystem::path& eps, const Console& console,
                       std::optional<SurFile>& survey) {
+  const auto file = WithExtension(eps.parent_path() / eps.stem(), ".sur");
   std::error_code unknown;
-  file.replace_extension(file.extension() == ".EPS" ? ".SUR" : ".sur");
   if (!std::filesystem::exists(file, unknown)) return true;
   survey = ReadSurvey(file, console);
   return survey.has_value();
 }
 
-bool Report(const std::filesystem::path& file, bool json, bool first, const Console& console) {
+/// `place` stands before the text of the file's reports.
+bool Report(const std::filesystem::path& file, bool json, const std::string& place,
+            const Console& console) {
   if (KindOf(file) != FileKind::episodes) {
-    console.err << file.string() << ": expected an episode file (.eps)\n";
+    RefuseKind(file, "an episode file (.eps)", console);
     return false;
   }
   const auto observation = ReadEpisodes(file, console);
   if (!observation) return false;
   if (!json) {
-    console.out << (first ? "" : "\n\n") << ReportText(*observation);
+    console.out << place << ReportText(*observation);
     return true;
   }
   std::optional<SurFile> survey;
@@ -61,8 +64,11 @@ bool Report(const std::filesystem::path& file, bool json, bool first, const Cons
 
 ExitCode RunReport(const ReportCommand& command, const Console& console) {
   bool whole = true;
+  const bool several = command.files.size() > 1;
   for (const std::filesystem::path& file : command.files) {
-    whole &= Report(file, command.json, &file == &command.files.front(), console);
+    std::string place = several ? Shown(file) + ":\n\n" : "";
+    if (&file != &command.files.front()) place.insert(0, "\n\n");
+    whole &= Report(file, command.json, place, console);
   }
   return whole ? kDone : kFailed;
 }

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 
-#include "store/file_error.h"
 #include "survey/sur_file.h"
 #include "survey/survey_scheme.h"
 
@@ -22,12 +21,7 @@ void AppendSurveyRow(const FileNumbers& file, const Survey& answers, std::string
 }
 
 void AppendSurveyRow(const std::filesystem::path& path, std::string& rows) {
-  const std::string name = path.filename().string();
-  const auto numbers = NumbersOf(name);
-  if (!numbers) {
-    throw FileError(path, "expected a name with school, class and observation, like 5-12-3");
-  }
-  AppendSurveyRow(*numbers, ReadSurFile(path).answers, rows);
+  AppendSurveyRow(NumbersOf(path), ReadSurFile(path).answers, rows);
 }
 
 }  // namespace orvex

@@ -1,12 +1,14 @@
 #include "export/table_command.h"
 
+#include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 
+#include "export/file_list.h"
+#include "export/problem.h"
 #include "export/table_export.h"
 #include "store/durable_file.h"
-#include "store/file_error.h"
-#include "store/storage.h"
 
 namespace orvex {
 namespace {
@@ -42,82 +44,105 @@ std::filesystem::path TableFolder(const std::filesystem::path& list,
   return output.empty() ? list.parent_path() : output;
 }
 
-struct Outcome {
-  std::size_t bad = 0;
-  bool whole = false;  ///< the last file of the list was reached
-};
+/// Writes what is to be told of files that were read all the same.
+WarnOf WarnOn(const Console& console, Progress& progress) {
+  return [&](const std::filesystem::path& file, const std::string& warning) {
+    progress.Clear();
+    console.err << Warning(file, 0, warning).Text() << "\n";
+  };
+}
 
-Outcome Make(TableExport& table, const Console& console, Progress& progress) {
-  Outcome outcome;
-  while (!table.Finished() && !(console.interrupted && console.interrupted())) {
+void WarnOfRepeats(const FileList& list, const Console& console) {
+  std::map<std::string_view, int> lines;
+  for (const ListedFile& file : list.files) {
+    const auto [first, isNew] = lines.try_emplace(file.name, file.line);
+    if (isNew) continue;
+    const std::string text = Shown(file.name) + " is in line " + std::to_string(first->second);
+    console.err << Warning(list.path, file.line, text + " already").Text() << "\n";
+  }
+}
+
+/// The list at `path`; whoever makes a table of it is told what comes twice.
+FileList ListFor(const std::filesystem::path& path, const Console& console) {
+  FileList list = ReadFileList(path);
+  WarnOfRepeats(list, console);
+  return list;
+}
+
+/// Makes a table. `kFailed` when it was not put in its place, or ends before the end of the list;
+/// `kFound` when files were left out.
+ExitCode Make(TableExport& table, const Console& console, Progress& progress) {
+  std::size_t bad = 0;
+  while (!table.Finished()) {
+    if (console.interrupted && console.interrupted()) {
+      progress.Clear();
+      console.err << "Interrupted after " << table.Done() << " of "
+                  << Counted(table.Count(), "file") << ". " << WithoutNewTable(table.Table())
+                  << "\n";
+      return kFailed;
+    }
     progress.Show(table.Done(), table.Count());
     if (const auto problem = table.Step()) {
       progress.Clear();
       console.err << problem->Text() << "\n";
-      ++outcome.bad;
+      ++bad;
     }
   }
   progress.Clear();
-  table.Commit();
-  outcome.whole = table.Done() == table.Count();
-  console.out << table.Table().string() << ": " << Counted(table.Rows(), "row") << " from "
-              << Counted(table.Done() - outcome.bad, "file") << "\n";
-  if (!outcome.whole) {
-    console.err << "The table ends before the end of the list: " << table.Done() << " of "
-                << Counted(table.Count(), "file") << " done.\n";
-  }
-  return outcome;
-}
-
-/// Runs `command`; a file that cannot be read or written ends it.
-template <typename Command>
-ExitCode OrFailed(const Console& console, Command command) {
-  try {
-    return command();
-  } catch (const FileError& error) {
-    console.err << error.what() << "\n";
+  if (!table.Commit()) {
+    console.err << "There are no rows. " << WithoutNewTable(table.Table()) << "\n";
     return kFailed;
   }
+  console.out << Shown(table.Table()) << ": " << Counted(table.Rows(), "row") << " from "
+              << Counted(table.Files(), "file") << (table.LastInPart() ? ", the last in part" : "")
+              << "\n";
+  if (table.Done() < table.Count()) {
+    console.err << "The table ends there. Files not read: " << table.Count() - table.Done()
+                << ".\n";
+  }
+  if (bad == 0) return kDone;
+  return table.Ended() || table.Files() == 0 ? kFailed : kFound;
+}
+
+/// Runs `command`; a list that cannot be read, or a table that cannot be written, ends it.
+template <typename Command>
+ExitCode OrFailed(const std::filesystem::path& list, const Console& console, Command command) {
+  ExitCode code = kFailed;
+  if (const auto problem = ProblemOf(list, [&] { code = command(); })) {
+    console.err << problem->Text() << "\n";
+    return kFailed;
+  }
+  return code;
 }
 
 }  // namespace
 
 ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console& console) {
-  return OrFailed(console, [&] {
+  return OrFailed(command.list, console, [&] {
     Progress progress(console);
-    const auto warnOf = [&](const std::filesystem::path& file, const std::string& warning) {
-      progress.Clear();
-      console.err << file.string() << ": warning: " << warning << "\n";
-    };
-    const TableKind kind = command.kind == ExportKind::epsData ? EpsData(warnOf) : SurData();
-    TableExport table(storage, kind, ReadFileList(command.list),
+    const TableKind kind = TableOf(command.kind, WarnOn(console, progress));
+    TableExport table(storage, kind, ListFor(command.list, console),
                       TableFolder(command.list, command.output) / kind.fileName,
                       command.keepGoing ? BadFile::isSkipped : BadFile::endsTheTable);
-    const Outcome outcome = Make(table, console, progress);
-    if (!outcome.whole) return kFailed;
-    if (outcome.bad == 0) return kDone;
-    return command.keepGoing ? kFound : kFailed;
+    return Make(table, console, progress);
   });
 }
 
 ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& console) {
-  return OrFailed(console, [&] {
+  return OrFailed(command.list, console, [&] {
     Progress progress(console);
-    const auto warnOf = [&](const std::filesystem::path& file, const std::string& warning) {
-      progress.Clear();
-      console.err << file.string() << ": warning: " << warning << "\n";
-    };
+    const TableKind kind = TidyTableKind(command.table, WarnOn(console, progress));
     const std::filesystem::path folder = TableFolder(command.list, command.output);
-    const TableKind kind = TidyTableKind(command.table, warnOf);
-    TableExport table(storage, kind, ReadFileList(command.list), folder / kind.fileName,
+    const std::filesystem::path codebook = folder / CodebookFileName(command.table);
+    if (command.codebook) RequireNotTheList(codebook, command.list);
+    TableExport table(storage, kind, ListFor(command.list, console), folder / kind.fileName,
                       BadFile::isSkipped);
-    const Outcome outcome = Make(table, console, progress);
-    if (command.codebook) {
-      const std::filesystem::path codebook = folder / CodebookFileName(command.table);
+    const ExitCode code = Make(table, console, progress);
+    if (command.codebook && code != kFailed) {
       ReplaceFile(storage, codebook, Codebook(command.table));
-      console.out << codebook.string() << ": the variables of the table and their values\n";
+      console.out << Shown(codebook) << ": the variables of the table and their values\n";
     }
-    return outcome.whole && outcome.bad == 0 ? kDone : kFailed;
+    return code == kDone ? kDone : kFailed;
   });
 }
 

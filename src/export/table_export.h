@@ -8,6 +8,7 @@
 
 #include "export/file_list.h"
 #include "export/problem.h"
+#include "model/screens.h"
 #include "store/durable_file.h"
 
 namespace orvex {
@@ -19,17 +20,17 @@ struct TableKind {
   std::string fileName;   ///< of the table
   std::string extension;  ///< of the files
   std::string header;     ///< the table's first line, with its end; may be empty
-  /// Appends the rows of a file, with their line ends. Throws FileError and FormatError; what it
-  /// has appended by then are whole rows.
-  std::function<void(const std::filesystem::path& file, std::string& rows)> append;
+  /// Appends the rows of a file, with their line ends; `name` is how the list names it. Throws
+  /// FileError and FormatError; what it has appended by then are whole rows.
+  std::function<void(const std::filesystem::path& file, const std::string& name, std::string& rows)>
+      append;
 };
 
 /// What is to be told of a file that was read all the same.
 using WarnOf = std::function<void(const std::filesystem::path& file, const std::string& warning)>;
 
 /// EPSDATA.TXT and SURDATA.TXT.
-TableKind EpsData(WarnOf warnOf);
-TableKind SurData();
+TableKind TableOf(ExportKind kind, WarnOf warnOf);
 
 /// What becomes of the table when a file is missing or broken: it ends with the rows that had been
 /// completed, or the file is left out.
@@ -40,17 +41,20 @@ enum class BadFile { endsTheTable, isSkipped };
 /// table or the new one, and no row is ever cut. No more than one file is in memory.
 class TableExport {
  public:
-  /// Throws FileError when `table` cannot be made.
+  /// Throws FileError when `table` cannot be made, or is the list itself.
   TableExport(Storage& storage, TableKind kind, FileList list, std::filesystem::path table,
               BadFile badFile);
 
   const std::filesystem::path& Table() const { return table_; }
-  const FileList& List() const { return list_; }
   /// How many files have been worked on.
   std::size_t Done() const { return done_; }
   std::size_t Count() const { return list_.files.size(); }
-  /// How many rows the table has, its header not counted.
+  /// How many rows the table has, its header not counted, and how many files these are of.
   std::size_t Rows() const { return rows_; }
+  std::size_t Files() const { return files_; }
+  /// True when a bad file has ended the table, and when some of its rows are in it.
+  bool Ended() const { return ended_; }
+  bool LastInPart() const { return lastInPart_; }
   /// True when there is no file left to work on, or a bad one has ended the table.
   bool Finished() const { return ended_ || done_ == Count(); }
 
@@ -58,9 +62,10 @@ class TableExport {
   /// be written.
   std::optional<Problem> Step();
 
-  /// Puts the table in its place with the rows so far. Throws FileError; an earlier table then
-  /// stays. Without it nothing is changed.
-  void Commit();
+  /// Puts the table in its place with the rows so far. False when an earlier table stays, as bad
+  /// files have left none for a new one. Throws FileError; an earlier table then stays. Without it
+  /// nothing is changed.
+  bool Commit();
 
  private:
   void WriteOut();
@@ -73,7 +78,16 @@ class TableExport {
   std::string text_;  ///< whole rows that have not been written
   std::size_t done_ = 0;
   std::size_t rows_ = 0;
+  std::size_t files_ = 0;
   bool ended_ = false;
+  bool lastInPart_ = false;
 };
+
+/// Throws FileError when `table` is the list, which it would replace.
+void RequireNotTheList(const std::filesystem::path& table, const std::filesystem::path& list);
+
+/// What there is when `table` has not been put in its place: "The earlier EPSDATA.TXT stays as it
+/// was."
+std::string WithoutNewTable(const std::filesystem::path& table);
 
 }  // namespace orvex

@@ -77,11 +77,12 @@ void AppendTidyRows(TidyTable table, std::string_view file, const EpsObservation
 
 TableKind TidyTableKind(TidyTable table, WarnOf warnOf) {
   const auto append = [table, warnOf = std::move(warnOf)](const std::filesystem::path& file,
+                                                          const std::string& name,
                                                           std::string& rows) {
     ReadOn events([&](const std::string& warning) {
       if (warnOf) warnOf(file, warning);
     });
-    AppendTidyRows(table, file.stem().string(), ReadEpsFile(file, events), rows);
+    AppendTidyRows(table, name, ReadEpsFile(file, events), rows);
   };
   return {.fileName = std::string(NameOf(table)) + ".csv",
           .extension = ".eps",

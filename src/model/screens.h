@@ -28,6 +28,9 @@ enum class EditorCaller { liveObservation, questionEntry, episodeEditor, statist
 /// Who opened the survey during the class, and is shown again when it is left.
 enum class SurveyCaller { liveObservation, questionEntry };
 
+/// The two tables that are made from the main menu.
+enum class ExportKind { epsData, surData };
+
 /// How the logic moves between forms without knowing them.
 class Screens {
  public:
@@ -53,9 +56,8 @@ class Screens {
   virtual void ShowTakenUpClass(const RunningClass& running) = 0;
   /// Shows the survey of the running class.
   virtual void ShowSurvey(SurveyCaller caller) = 0;
-  /// Joins the files that `list` names into a table, those of surveys or of episodes, and shows how
-  /// far it is.
-  virtual void ShowListOfFiles(const std::filesystem::path& list, bool surveys) = 0;
+  /// Joins the files that `list` names into a table, and shows how far it is.
+  virtual void ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) = 0;
   /// Loads the survey form from a survey file and shows it. False, when the user has been told that
   /// the file could not be read.
   virtual bool ShowSurveyFile(const std::filesystem::path& file) = 0;

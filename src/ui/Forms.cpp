@@ -196,12 +196,13 @@ void Forms::ShowSurvey(SurveyCaller caller) {
   Present(*matrices_);
 }
 
-void Forms::ShowListOfFiles(const std::filesystem::path& list, bool surveys) {
+void Forms::ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) {
   Unload(listOfFiles_);
-  listOfFiles_ = std::make_unique<frmListOfFiles>(
-      services_, surveys ? ExportKind::surData : ExportKind::epsData, list);
+  listOfFiles_ = std::make_unique<frmListOfFiles>(services_, kind, list);
   QObject::connect(listOfFiles_.get(), &frmListOfFiles::Left, &ending_,
                    [this] { Close(Screen::listOfFiles); });
+  // It takes the menu's place, also on the screen.
+  if (splash_) PlaceOver(*listOfFiles_, *splash_);
   Present(*listOfFiles_);
 }
 

@@ -41,7 +41,7 @@ class Forms : public Screens {
   void ShowQuestionEditor(EditorCaller caller, bool proofMode) override;
   void ShowTakenUpClass(const RunningClass& running) override;
   void ShowSurvey(SurveyCaller caller) override;
-  void ShowListOfFiles(const std::filesystem::path& list, bool surveys) override;
+  void ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) override;
   bool ShowSurveyFile(const std::filesystem::path& file) override;
   bool ShowEpisodeEditor(const std::filesystem::path& file) override;
 

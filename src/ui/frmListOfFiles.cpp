@@ -1,6 +1,7 @@
 #include "ui/frmListOfFiles.h"
 
 #include <QCloseEvent>
+#include <QElapsedTimer>
 #include <algorithm>
 
 #include "ui/show.h"
@@ -8,6 +9,11 @@
 #include "ui_frmListOfFiles.h"
 
 namespace orvex {
+namespace {
+
+constexpr qint64 kBetweenRefreshes = 30;  // milliseconds
+
+}  // namespace
 
 frmListOfFiles::frmListOfFiles(const Services& services, ExportKind kind,
                                const std::filesystem::path& listFile, QWidget* parent)
@@ -25,9 +31,8 @@ frmListOfFiles::frmListOfFiles(const Services& services, ExportKind kind,
     export_.Stop();
     Refresh();
   });
-  // One file each time the window has nothing else to do.
+  // A few files each time the window has nothing else to do.
   connect(&work_, &QTimer::timeout, this, &frmListOfFiles::Tick);
-  work_.setSingleShot(true);
   work_.start(0);
   FocusVisibly(ui_->cmdStop);
   Refresh();
@@ -36,13 +41,15 @@ frmListOfFiles::frmListOfFiles(const Services& services, ExportKind kind,
 frmListOfFiles::~frmListOfFiles() = default;
 
 void frmListOfFiles::Tick() {
-  export_.Tick();
-  if (!export_.Running()) {
-    Q_EMIT Left();
-    return;
+  if (export_.Working()) {
+    QElapsedTimer sinceShown;
+    sinceShown.start();
+    while (export_.Working() && sinceShown.elapsed() < kBetweenRefreshes) export_.Work();
+    return Refresh();
   }
-  Refresh();
-  work_.start(0);  // not before: a question can be open for long
+  work_.stop();  // a message box lets timers go on
+  export_.Finish();
+  Q_EMIT Left();
 }
 
 void frmListOfFiles::Refresh() {
@@ -50,11 +57,11 @@ void frmListOfFiles::Refresh() {
   const bool none = export_.Count() == 0;
   ui_->prgFiles->setValue(none ? 1 : static_cast<int>(export_.Done()));
   ShowText(ui_->lblCount, export_.CountText());
-  ui_->cmdStop->setEnabled(!export_.Stopping());
+  ui_->cmdStop->setEnabled(export_.Working());
 }
 
 void frmListOfFiles::closeEvent(QCloseEvent* event) {
-  event->ignore();  // the form goes when the table has been stored
+  event->ignore();  // the form goes when the user has been told
   export_.Stop();
   Refresh();
 }

@@ -47,9 +47,12 @@ TEST(Commands, ExportSaysHowItWentInItsExitCode) {
   CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
   CopySample("bad/banner-old-and-repair.eps", folder / "1-2-3.eps");
   CopySample("bad/noise.eps", folder / "5-12-3.eps");
+  std::string cut = test::FileBytes(test::TestData("bad/cut-after-line-072-Q3.eps"));
+  for (int lines = 0; lines < 4; ++lines) cut.erase(cut.rfind('\n', cut.size() - 2) + 1);
+  test::PutFile(folder / "6-1-1.eps", cut);
   std::filesystem::create_directory(folder / "out");
-  constexpr const char* kBad =
-      "5-12-3.eps:7: expected the number of episodes (line 2 of the list)\n";
+  const std::string kStays = "The earlier EPSDATA.TXT stays as it was.\n";
+  const std::string kBad = "5-12-3.eps:7: expected the number of episodes (line 2 of the list)\n";
   struct Case {
     const char* list;
     bool keepGoing;
@@ -59,9 +62,15 @@ TEST(Commands, ExportSaysHowItWentInItsExitCode) {
   };
   const Case cases[] = {
       {"17-17-7\n", false, kDone, "out/EPSDATA.TXT: 3 rows from 1 file\n", ""},
-      {"17-17-7\n5-12-3\n17-17-7\n", true, kFound, "out/EPSDATA.TXT: 6 rows from 2 files\n", kBad},
-      {"17-17-7\n5-12-3\n17-17-7\n", false, kFailed, "out/EPSDATA.TXT: 3 rows from 1 file\n",
-       kBad + std::string("The table ends before the end of the list: 2 of 3 files done.\n")},
+      {"17-17-7\n5-12-3\n17-17-7\n", true, kFound, "out/EPSDATA.TXT: 6 rows from 2 files\n",
+       "LIST.TXT:3: warning: 17-17-7 is in line 1 already\n" + kBad},
+      {"17-17-7\n5-12-3\n1-2-3\n", false, kFailed, "out/EPSDATA.TXT: 3 rows from 1 file\n",
+       kBad + "The table ends there. Files not read: 1.\n"},
+      {"17-17-7\n6-1-1\n", false, kFailed,
+       "out/EPSDATA.TXT: 5 rows from 2 files, the last in part\n",
+       "6-1-1.eps:70: expected a code letter, not the end of the file (line 2 of the "
+       "list)\n"},
+      {"\n5-12-3\n", true, kFailed, "", kBad + "There are no rows. " + kStays},
       {"1-2-3\n", false, kDone, "out/EPSDATA.TXT: 3 rows from 1 file\n",
        "1-2-3.eps: warning: EPS file created by an earlier version of ORVEX.\n"
        "1-2-3.eps: warning: An inconsistency is found in activity coding of first segment in "
@@ -85,20 +94,43 @@ TEST(Commands, ExportSaysHowItWentInItsExitCode) {
 TEST(Commands, ExportEndsWhenItIsInterruptedAndShowsProgressOnATerminal) {
   const test::TestFolder folder;
   CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
-  test::PutFile(folder / "LIST.TXT", "17-17-7\n17-17-7\n17-17-7\n");
+  CopySample("class/17-17-7.eps", folder / "1-2-3.eps");
+  CopySample("class/17-17-7.eps", folder / "5-12-3.eps");
+  test::PutFile(folder / "LIST.TXT", "17-17-7\n1-2-3\n5-12-3\n");
   Kept kept;
   Storage storage;
   kept.console.showsProgress = true;
   int asked = 0;
   kept.console.interrupted = [&asked] { return ++asked > 2; };
   EXPECT_EQ(RunExport(ExportCommand{.list = folder / "LIST.TXT"}, storage, kept.console), kFailed);
-  EXPECT_EQ(kept.Take(kept.out, folder.Path()), "EPSDATA.TXT: 6 rows from 2 files\n");
+  EXPECT_EQ(kept.Take(kept.out, folder.Path()), "");
+  EXPECT_FALSE(std::filesystem::exists(folder / "EPSDATA.TXT"));
   EXPECT_EQ(kept.err.str(),
             "\r0 of 3 files\r1 of 3 files\r\033[K"
-            "The table ends before the end of the list: 2 of 3 files done.\n");
+            "Interrupted after 2 of 3 files. No EPSDATA.TXT was made.\n");
   Kept none;
   EXPECT_EQ(RunExport(ExportCommand{.list = folder / "NONE.TXT"}, storage, none.console), kFailed);
   EXPECT_EQ(none.Take(none.err, folder.Path()), "NONE.TXT: No such file or directory\n");
+}
+
+TEST(Commands, TableAndCodebookNeverTakeThePlaceOfTheList) {
+  const test::TestFolder folder;
+  CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
+  Storage storage;
+  Kept kept;
+  for (const char* name : {"questions.csv", "questions-codebook.csv"}) {
+    test::PutFile(folder / name, "17-17-7\n");
+    EXPECT_EQ(
+        RunTable(TableCommand{.list = folder / name, .codebook = true}, storage, kept.console),
+        kFailed);
+    EXPECT_EQ(kept.Take(kept.err, folder.Path()),
+              name + std::string(": this is the list, which the table would replace\n"));
+    EXPECT_EQ(test::FileBytes(folder / name), "17-17-7\n");
+  }
+}
+
+TEST(Commands, NamesOfFilesDoNotSteerTheTerminal) {
+  EXPECT_EQ(Shown("a\x1B[31m\n\xC2\x9Bé-1.eps"), "a\\x1B[31m\\x0A\\xC2\\x9Bé-1.eps");
 }
 
 TEST(Commands, CheckNamesWhatIsMissingAndGoesOnAfterABadFile) {
@@ -201,6 +233,7 @@ TEST(Commands, ReportWritesEveryEpisodeAndGoesOnAfterABadFile) {
                               "17-17-7 Episode 2", "17-17-7 Episode 3"}) {
       EXPECT_NE(out.find(title), std::string::npos) << title;
     }
+    EXPECT_EQ(out.find("17-17-7.eps:\n\nTime Summary") != std::string::npos, !json);
     EXPECT_EQ(kept.Take(kept.err, folder.Path()),
               "5-12-3.eps:7: expected the number of episodes\n");
   }

@@ -1,10 +1,8 @@
-// The form of the exports, tick by tick.
+// The form of the exports, file by file.
 
 #include "export/export_form.h"
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 #include "support/desk.h"
 #include "support/save_faults.h"
@@ -27,35 +25,31 @@ struct ListDesk : test::Desk {
   std::string Table(const char* name) const { return test::FileBytes(folder / name); }
 };
 
-void TickToTheEnd(ExportForm& form) {
-  for (int ticks = 0; form.Running() && ticks < 100; ++ticks) form.Tick();
-  EXPECT_FALSE(form.Running());
+void WorkToTheEnd(ExportForm& form) {
+  while (form.Working()) form.Work();
+  form.Finish();
 }
 
-TEST(ExportForm, DoesOneFileATickAndEndsTheProgram) {
+TEST(ExportForm, DoesOneFileAtATimeAndEndsTheProgram) {
   ListDesk desk("17-17-7\r\n\r\n11-4-2\r\n");
   ExportForm form(desk.services, ExportKind::epsData, desk.folder / "LIST.TXT");
   std::string shown;
-  while (form.Done() < form.Count()) {
+  while (form.Working()) {
     shown += form.NameOf(form.InWork()) + ", " + form.CountText() + "; ";
-    form.Tick();
+    form.Work();
   }
   EXPECT_EQ(shown, "17-17-7.eps, 0 of 2 files; 11-4-2.eps, 1 of 2 files; ");
-  EXPECT_TRUE(form.Running());
-  desk.prompter.Expect("EPSDATA file has been created.", Answer::ok, [&] {
-    form.Tick();  // the timer goes on while the box is open
-    EXPECT_FALSE(desk.Table("EPSDATA.TXT").empty());
-  });
-  form.Tick();
+  desk.prompter.Expect("EPSDATA file has been created.", Answer::ok,
+                       [&] { EXPECT_FALSE(desk.Table("EPSDATA.TXT").empty()); });
+  form.Finish();
   EXPECT_EQ(desk.screens.Take(), Moves{"end"});
-  EXPECT_FALSE(form.Running());
 }
 
 TEST(ExportForm, MakesATableWithoutRowsOfAnEmptyList) {
   ListDesk desk("\r\n");
   ExportForm form(desk.services, ExportKind::surData, desk.folder / "LIST.TXT");
   desk.prompter.Expect("SURDATA file has been created.", Answer::ok);
-  TickToTheEnd(form);
+  WorkToTheEnd(form);
   EXPECT_TRUE(std::filesystem::exists(desk.folder / "SURDATA.TXT"));
   EXPECT_EQ(desk.Table("SURDATA.TXT"), "");
 }
@@ -65,8 +59,10 @@ struct Failure {
   const char* list;
   const char* file;  ///< of the samples, which becomes the second file of the list
   const char* message;
-  const char* details;
+  std::string details;
 };
+
+constexpr const char* kOld = "the old table\r\n";
 
 TEST(ExportForm, SaysWhatIsWrongAndGoesBackToTheMenu) {
   const Failure cases[] = {
@@ -80,34 +76,41 @@ TEST(ExportForm, SaysWhatIsWrongAndGoesBackToTheMenu) {
       {ExportKind::surData, "17-17-7\n5-12-3\n", "bad/rating5-is-x.sur", "Invalid file format",
        "Line 2 of LIST.TXT: 5-12-3.sur, line 32: expected a rating: a button number or N/A.\n"
        "SURDATA.TXT holds the 1 row written so far."},
+      {ExportKind::epsData, "6-1-1\n", "", "A file of the list could not be exported.",
+       "Line 1 of LIST.TXT: 6-1-1.eps: No such file or directory.\n"
+       "The earlier EPSDATA.TXT stays as it was."},
   };
   for (const auto& [kind, list, file, message, details] : cases) {
     SCOPED_TRACE(details);
     ListDesk desk(list);
+    test::PutFile(desk.folder / "EPSDATA.TXT", kOld);
     if (*file != '\0') {
       const std::string extension = std::filesystem::path(file).extension();
       test::PutFile(desk.folder / ("5-12-3" + extension), test::FileBytes(test::TestData(file)));
     }
     ExportForm form(desk.services, kind, desk.folder / "LIST.TXT");
-    desk.prompter.Expect(message, Answer::ok,
-                         [&] { EXPECT_EQ(form.NameOf(form.InWork()).substr(0, 6), "5-12-3"); });
-    TickToTheEnd(form);
+    desk.prompter.Expect(message, Answer::ok, [&] {
+      EXPECT_NE(details.find(": " + form.NameOf(form.InWork())), std::string::npos);
+    });
+    WorkToTheEnd(form);
     EXPECT_EQ(desk.prompter.asked.back().details, details);
     EXPECT_EQ(desk.screens.Take(), Moves{"show mainMenu"});
   }
 }
 
-TEST(ExportForm, StopsBetweenTwoFiles) {
-  ListDesk desk("17-17-7\n11-4-2\n");
+TEST(ExportForm, LeavesEverythingAsItWasWhenItIsStopped) {
+  ListDesk desk("17-17-7\n\n11-4-2\n");
+  test::PutFile(desk.folder / "EPSDATA.TXT", kOld);
   ExportForm form(desk.services, ExportKind::epsData, desk.folder / "LIST.TXT");
-  while (form.Done() < 1) form.Tick();
+  form.Work();
   form.Stop();
+  EXPECT_FALSE(form.Working());
   desk.prompter.Expect("The export was stopped.", Answer::ok);
-  TickToTheEnd(form);
+  WorkToTheEnd(form);
   EXPECT_EQ(desk.prompter.asked.back().details,
-            "EPSDATA.TXT holds the 3 rows written so far. The files from 11-4-2.eps on are not in "
-            "it.");
-  EXPECT_EQ(std::ranges::count(desk.Table("EPSDATA.TXT"), '\n'), 3);
+            "It had come to line 3 of LIST.TXT: 11-4-2.eps.\n"
+            "The earlier EPSDATA.TXT stays as it was.");
+  EXPECT_EQ(desk.Table("EPSDATA.TXT"), kOld);
   EXPECT_EQ(desk.screens.Take(), Moves{"show mainMenu"});
 }
 
@@ -115,14 +118,11 @@ TEST(ExportForm, TellsOfAListAndATableThatTheDiskRefuses) {
   ListDesk desk("17-17-7\n");
   ExportForm none(desk.services, ExportKind::epsData, desk.folder / "NONE.TXT");
   desk.prompter.Expect("The list of files could not be read.", Answer::ok);
-  TickToTheEnd(none);
+  WorkToTheEnd(none);
   std::filesystem::create_directory(desk.folder / "EPSDATA.TXT");
   ExportForm form(desk.services, ExportKind::epsData, desk.folder / "LIST.TXT");
-  desk.prompter.Expect("EPSDATA.TXT could not be written.", Answer::cancel, [&] {
-    form.Tick();  // the timer goes on while the box is open
-    EXPECT_EQ(form.CountText(), "0 of 1 file");
-  });
-  TickToTheEnd(form);
+  desk.prompter.Expect("EPSDATA.TXT could not be written.", Answer::cancel);
+  WorkToTheEnd(form);
   EXPECT_EQ(desk.screens.Take(), (Moves{"show mainMenu", "show mainMenu"}));
 }
 
@@ -136,36 +136,12 @@ struct TableScene : test::SaveScene {
   }
   void Save() override {
     ExportForm form(services, ExportKind::surData, desk.folder / "LIST.TXT");
-    TickToTheEnd(form);
+    WorkToTheEnd(form);
   }
 };
 
 TEST(ExportForm, MakesTheTableWholeOrTellsThatItCannot) {
   test::FailEveryCallOf<TableScene>("the exported tables");
-}
-
-TEST(ExportForm, MakesATableAnewThatFailedHalfWay) {
-  ListDesk desk("17-17-7\n11-4-2\n");
-  test::FaultyStorage disk;
-  const Services services{desk.program, desk.log,      desk.recovery, disk,
-                          desk.clock,   desk.prompter, desk.screens};
-  ExportForm form(services, ExportKind::epsData, desk.folder / "LIST.TXT");
-  while (form.Done() < 1) form.Tick();
-  form.Stop();
-  const auto other = desk.folder / "stick/half.txt";
-  test::PutFile(other, "");
-  for (int failure = 1; failure <= 2; ++failure) disk.Fail(failure, EIO, "rename");
-  desk.prompter.Expect("EPSDATA.TXT could not be written.", Answer::yes);
-  desk.prompter.Expect("EPSDATA.TXT could not be written.", Answer::no);
-  desk.prompter.ExpectSaveFile({.path = other, .folder = other.parent_path()});
-  desk.prompter.Expect("The export was stopped.", Answer::ok);
-  TickToTheEnd(form);
-  EXPECT_EQ(desk.prompter.asked.back().details,
-            other.string() +
-                " holds the 3 rows written so far. The files from 11-4-2.eps on are "
-                "not in it.");
-  EXPECT_EQ(std::ranges::count(test::FileBytes(other), '\n'), 3);
-  EXPECT_FALSE(std::filesystem::exists(desk.folder / "EPSDATA.TXT"));
 }
 
 TEST(ExportForm, StartsTheDialogWhereListsAreKept) {

@@ -8,9 +8,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
 
 #include "export/episode_rows.h"
+#include "store/file_error.h"
 #include "support/faulty_storage.h"
 #include "support/sample_manifest.h"
 #include "support/test_folder.h"
@@ -19,6 +21,9 @@ namespace orvex {
 namespace {
 
 namespace fs = std::filesystem;
+
+const TableKind kEpsData = TableOf(ExportKind::epsData, {});
+const TableKind kSurData = TableOf(ExportKind::surData, {});
 
 void CopySample(const std::string& sample, const fs::path& to) {
   test::PutFile(to, test::FileBytes(test::TestData(sample)));
@@ -64,6 +69,15 @@ TEST(FileList, SkipsWhatNamesNoFile) {
        "1=5-12-3;"},
   };
   for (const auto& [bytes, files] : cases) EXPECT_EQ(read(bytes), files) << bytes;
+  try {
+    read(
+        std::string("5-12-3\n\xFF\xFE"
+                    "5\0-\0",
+                    13));
+    ADD_FAILURE() << "a list in UTF-16 was read";
+  } catch (const FormatError& error) {
+    EXPECT_EQ(error.Line(), 2);
+  }
 }
 
 TEST(TableExport, MakesOfTheSamplesTheTablesOfAnotherProgram) {
@@ -71,7 +85,7 @@ TEST(TableExport, MakesOfTheSamplesTheTablesOfAnotherProgram) {
     SCOPED_TRACE(name);
     const fs::path samples = test::SamplesFolder() / name;
     for (const auto& [kind, table] :
-         {std::pair{EpsData({}), "EPSDATA.TXT"}, std::pair{SurData(), "SURDATA.TXT"}}) {
+         {std::pair{kEpsData, "EPSDATA.TXT"}, std::pair{kSurData, "SURDATA.TXT"}}) {
       const test::TestFolder folder;
       Storage storage;
       TableExport made(storage, kind, ReadFileList(samples / "LIST.TXT"), folder / table,
@@ -103,7 +117,7 @@ TEST(TableExport, PutsEveryTimeIntoItsCell) {
   episode.questions.emplace_back().SetValue("?", "t", "", "", "", "h", "", "", "", "", 1, 1);
   episode.offtask = 0.25F;
   std::string row;
-  AppendEpisodeRow(*NumbersOf("05-12-3.eps"), 2, episode, {.authenticTeacher = 1, .teacher = 2},
+  AppendEpisodeRow(NumbersOf("05-12-3.eps"), 2, episode, {.authenticTeacher = 1, .teacher = 2},
                    row);
   EXPECT_EQ(row,
             "05,12,3,2,5,0,0,0,0,0,0,0,0,0,0,0,0,0,340,0,0,0,5,0,0,0,0,60,,1,0,2,0,0,0,0,0.25, 1 "
@@ -138,10 +152,10 @@ TEST(TableExport, EndsWithABadFileOrLeavesItOut) {
     test::PutFile(folder / "LIST.TXT", "1-2-3\r\n\r\n5-12-3\r\n17-17-7\r\n");
     const std::vector<std::string> problems = {text + std::string(" (line 3 of the list)")};
 
-    EXPECT_EQ(Join(storage, EpsData({}), folder.Path(), BadFile::isSkipped), problems);
+    EXPECT_EQ(Join(storage, kEpsData, folder.Path(), BadFile::isSkipped), problems);
     const std::string skipped = test::FileBytes(folder / "EPSDATA.TXT");
     EXPECT_EQ(std::ranges::count(skipped, '\n'), 6);
-    EXPECT_EQ(Join(storage, EpsData({}), folder.Path()), problems);
+    EXPECT_EQ(Join(storage, kEpsData, folder.Path()), problems);
     const std::string ended = test::FileBytes(folder / "EPSDATA.TXT");
     EXPECT_EQ(std::ranges::count(ended, '\n'), 3 + rows);
     EXPECT_TRUE(ended.starts_with(Lines(skipped, 3)));
@@ -160,18 +174,90 @@ TEST(TableExport, RefusesNamesAndCountsThatTheTableCannotHold) {
   test::PutFile(folder / "LIST.TXT", "5-12-3\n");
   large.header.identity = {"AB", "5", "12", "3", "28"};
   write();
-  EXPECT_EQ(Join(storage, EpsData({}), folder.Path()), std::vector<std::string>{});
+  EXPECT_EQ(Join(storage, kEpsData, folder.Path()), std::vector<std::string>{});
   EXPECT_EQ(std::ranges::count(test::FileBytes(folder / "EPSDATA.TXT"), '\n'), 100);
   large.Episodes.resize(101);
   write();
-  EXPECT_EQ(Join(storage, EpsData({}), folder.Path()),
+  EXPECT_EQ(Join(storage, kEpsData, folder.Path()),
             std::vector<std::string>{
                 "5-12-3.eps: 101 episodes; no more than 100 can be exported (line 1 of the list)"});
-  EXPECT_EQ(test::FileBytes(folder / "EPSDATA.TXT"), "");
+  const std::pair<const char*, const char*> names[] = {
+      {"5-12", "expected a name with school, class and observation, like 5-12-3"},
+      {"5-12-3,4", "expected a name without commas, quotes and control characters"},
+      {"5\t-12-3", "expected a name without commas, quotes and control characters"},
+      {"5-12-3.eps", "expected the name without \".eps\" in the list"},
+  };
+  for (const auto& [name, expected] : names) {
+    test::PutFile(folder / "LIST.TXT", name);
+    if (name != std::string("5-12-3.eps")) {
+      CopySample("class/17-17-7.eps", folder / (name + std::string(".eps")));
+    }
+    const auto problems = Join(storage, kEpsData, folder.Path());
+    ASSERT_EQ(problems.size(), 1U) << name;
+    EXPECT_TRUE(problems[0].ends_with(expected + std::string(" (line 1 of the list)")))
+        << problems[0];
+  }
+}
 
-  fs::rename(folder / "5-12-3.eps", folder / "5-12.eps");
-  test::PutFile(folder / "LIST.TXT", "5-12\n");
-  EXPECT_EQ(Join(storage, EpsData({}), folder.Path()).size(), 1U);
+TEST(TableExport, LeavesAloneWhatItHasNothingBetterFor) {
+  const test::TestFolder folder;
+  Storage storage;
+  const fs::path table = folder / "EPSDATA.TXT";
+  const std::string kOld = "the old table\r\n";
+  // The list itself, also under another name.
+  test::PutFile(table, "5-12-3\n");
+  fs::create_symlink(table, folder / "LIST.TXT");
+  EXPECT_THROW(Join(storage, kEpsData, folder.Path()), FileError);
+  EXPECT_EQ(test::FileBytes(table), "5-12-3\n");
+  fs::remove(folder / "LIST.TXT");
+
+  // An earlier table, when no row came of files that are all bad.
+  test::PutFile(table, kOld);
+  test::PutFile(folder / "LIST.TXT", "5-12-3\n6-1-1\n");
+  EXPECT_EQ(WithoutNewTable(table), "The earlier EPSDATA.TXT stays as it was.");
+  for (const BadFile badFile : {BadFile::endsTheTable, BadFile::isSkipped}) {
+    Join(storage, kEpsData, folder.Path(), badFile);
+    EXPECT_EQ(test::FileBytes(table), kOld);
+  }
+  fs::remove(table);
+  EXPECT_EQ(WithoutNewTable(table), "No EPSDATA.TXT was made.");
+  Join(storage, kEpsData, folder.Path());
+  EXPECT_TRUE(fs::exists(table));
+}
+
+TEST(TableExport, FindsFilesOfEitherCase) {
+  const test::TestFolder folder;
+  Storage storage;
+  CopySample("class/17-17-7.eps", folder / "17-17-7.EPS");
+  test::PutFile(folder / "LIST.TXT", "17-17-7\n");
+  EXPECT_EQ(Join(storage, kEpsData, folder.Path()), std::vector<std::string>{});
+  CopySample("class/11-4-2.eps", folder / "17-17-7.eps");
+  EXPECT_EQ(WithExtension(folder / "17-17-7", ".eps"), folder / "17-17-7.eps");
+}
+
+TEST(TableExport, RemovesWhatKilledExportsHaveLeft) {
+  const test::TestFolder folder;
+  Storage storage;
+  test::PutFile(folder / "LIST.TXT", "");
+  const pid_t gone = ::fork();
+  if (gone == 0) ::_exit(0);
+  ::waitpid(gone, nullptr, 0);
+  const auto temporary = [&](pid_t process, int hours) {
+    const fs::path path =
+        folder / (".orvex-" + std::to_string(process) + "-" + std::to_string(hours) + ".tmp");
+    test::PutFile(path, "rows");
+    fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(hours));
+    return path;
+  };
+  const fs::path stray = temporary(gone, 25);
+  const fs::path others[] = {temporary(gone, 23), temporary(::getppid(), 25),
+                             folder / ".orvex-notes.tmp", folder / ".orvex-1-1"};
+  for (const fs::path& other : others) {
+    if (!fs::exists(other)) test::PutFile(other, "something else");
+  }
+  Join(storage, kEpsData, folder.Path());
+  EXPECT_FALSE(fs::exists(stray));
+  for (const fs::path& other : others) EXPECT_TRUE(fs::exists(other)) << other;
 }
 
 /// Kills the process with its `number`-th call.
@@ -211,7 +297,7 @@ TEST(TableExport, LeavesTheOldTableOrTheNewOneWhereverItIsKilled) {
     const pid_t child = ::fork();
     if (child == 0) {
       DeadlyStorage storage(calls);
-      Join(storage, EpsData({}), folder.Path());
+      Join(storage, kEpsData, folder.Path());
       ::_exit(0);
     }
     int status = 0;
@@ -244,7 +330,7 @@ TEST(TableExport, KeepsTheOldTableWhenTheDiskRefuses) {
     test::PutFile(folder / "EPSDATA.TXT", "the old table\r\n");
     test::FaultyStorage storage;
     storage.Fail(1, ENOSPC, call);
-    EXPECT_THROW(Join(storage, EpsData({}), folder.Path()), FileError);
+    EXPECT_THROW(Join(storage, kEpsData, folder.Path()), FileError);
     EXPECT_EQ(test::FileBytes(folder / "EPSDATA.TXT"), "the old table\r\n");
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 3);
   }

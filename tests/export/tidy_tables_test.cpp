@@ -56,7 +56,7 @@ std::vector<Row> ReadCsv(const std::string& text) {
 std::vector<Row> Table(TidyTable table, const fs::path& file) {
   const TableKind kind = TidyTableKind(table, {});
   std::string text = kind.header;
-  kind.append(file, text);
+  kind.append(file, "a/" + file.stem().string(), text);
   return ReadCsv(text);
 }
 
@@ -117,7 +117,7 @@ TEST(TidyTables, TellOfEveryQuestionSegmentAndEpisode) {
   const fs::path file = folder / "x-y-z.eps";
   WriteEpsFile(storage, file, observation.header, observation.Episodes);
 
-  const Row identity = {{"file", "x-y-z"},      {"school", "5"},           {"class", "12"},
+  const Row identity = {{"file", "a/x-y-z"},    {"school", "5"},           {"class", "12"},
                         {"observation", "3"},   {"students", "28"},        {"observer", "AB"},
                         {"date", "2001-03-14"}, {"start_time", "09:05:12"}};
   const auto expectRow = [&](const Row& row, const Row& expected) {
@@ -175,6 +175,21 @@ TEST(TidyTables, TellOfEveryQuestionSegmentAndEpisode) {
                           {"seconds_15", "30"},
                           {"seconds_01", "0"}});
   expectRow(episodes[1], {{"review", ""}, {"questions", "0"}, {"offtask", ""}});
+
+  // What a file holds in another form than it should.
+  observation.header.identity = {"AB", "-7", "1E3", " 03", "many"};
+  observation.header.StartTime = "9:5:1";
+  observation.Episodes[0].offtask = -0.0F;
+  WriteEpsFile(storage, file, observation.header, observation.Episodes);
+  const Row odd = Table(TidyTable::episodes, file).at(0);
+  for (const auto& [name, value] : Row{{"school", "-7"},
+                                       {"class", "1000"},
+                                       {"observation", "3"},
+                                       {"students", ""},
+                                       {"start_time", "09:05:01"},
+                                       {"offtask", "0"}}) {
+    EXPECT_EQ(odd.at(name), value) << name;
+  }
 }
 
 TEST(TidyTables, HaveACodebookOfTheirVariables) {
@@ -213,8 +228,9 @@ void ExpectScriptAgrees(const std::string& interpreter, const std::string& scrip
                         const fs::path& folder) {
   test::PutFile(folder / "script", script);
   const fs::path epsData = test::SamplesFolder() / "odd" / "expected" / "EPSDATA.TXT";
-  const std::string command = "cd '" + folder.string() + "' && LC_ALL=C.UTF-8 LD_PRELOAD= " + interpreter +
-                              " script '" + epsData.string() + "' >out 2>&1";
+  const std::string command = "cd '" + folder.string() +
+                              "' && LC_ALL=C.UTF-8 LD_PRELOAD= " + interpreter + " script '" +
+                              epsData.string() + "' >out 2>&1";
   EXPECT_EQ(std::system(command.c_str()), 0) << test::FileBytes(folder / "out");
 }
 
@@ -240,6 +256,7 @@ assert list(e.episode) == list(old[3])
 assert list(e.seconds_01) == list(old[4])
 assert list(e.teacher_questions) == list(old[31])
 assert list(e.higher_order) == list(old[37])
+assert list(e.normal_questions) == list(old[35])
 assert e.seconds.sum() == s.seconds.sum()
 assert e.questions.sum() == len(q) and e.segments.sum() == len(s)
 key = ['file', 'episode']
@@ -248,7 +265,7 @@ assert pd.to_datetime(e.date, format='%Y-%m-%d').notna().any()
 for n, f in t.items():
     book = pd.read_csv(n + '-codebook.csv', keep_default_na=False, dtype=str)
     assert list(dict.fromkeys(book.variable)) == list(f.columns)
-    for v in set(book[book.type == 'number'].variable) - {'school', 'class', 'observation', 'students'}:
+    for v in set(book[book.type == 'number'].variable):
         assert pd.api.types.is_numeric_dtype(f[v]), (n, v)
 )",
                      folder.Path());

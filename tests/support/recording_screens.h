@@ -28,8 +28,9 @@ class RecordingScreens : public Screens {
   void ShowSurvey(SurveyCaller caller) override {
     moves.push_back("show survey for " + std::to_string(static_cast<int>(caller)));
   }
-  void ShowListOfFiles(const std::filesystem::path& list, bool surveys) override {
-    moves.push_back("show list " + list.filename().string() + (surveys ? " of surveys" : ""));
+  void ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) override {
+    moves.push_back("show list " + list.filename().string() +
+                    (kind == ExportKind::surData ? " of surveys" : ""));
   }
   bool ShowSurveyFile(const std::filesystem::path& file) override {
     moves.push_back("show survey file " + file.filename().string());
