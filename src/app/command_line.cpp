@@ -2,9 +2,11 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QFile>
+#include <algorithm>
 #include <array>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "export/named_file.h"
@@ -12,8 +14,16 @@
 namespace orvex {
 namespace {
 
+const QString kProgram = QStringLiteral("orvex");
+const QString kFiles = QStringLiteral("FILE...");
+
+/// Back to bytes; our own texts are ASCII.
+std::string BytesOf(const QString& text) {
+  return text.toLatin1().toStdString();
+}
+
 std::filesystem::path PathOf(const QString& argument) {
-  return QFile::encodeName(argument).toStdString();
+  return BytesOf(argument);
 }
 
 std::vector<std::filesystem::path> PathsOf(const QStringList& arguments) {
@@ -22,12 +32,24 @@ std::vector<std::filesystem::path> PathsOf(const QStringList& arguments) {
   return paths;
 }
 
-/// A parser that knows "--help".
+/// `command` is empty for the window.
+Mistake MistakeIn(const QString& command, const QString& text) {
+  const QString program = command.isEmpty() ? kProgram : kProgram + QLatin1Char(' ') + command;
+  return {BytesOf(text + QStringLiteral("\nTry '%1 --help'.").arg(program))};
+}
+
+std::string VersionLine() {
+  return BytesOf(kProgram + QLatin1Char(' ') + QCoreApplication::applicationVersion() +
+                 QLatin1Char('\n'));
+}
+
+/// The parser of a command, or of the window's arguments. It knows "--help" and "--version".
 class Parser {
  public:
-  explicit Parser(const QString& description) {
+  Parser(const QString& command, const QString& operands, const QString& description)
+      : command_(command), operands_(operands) {
     parser_.setApplicationDescription(description);
-    parser_.addOption(help_);
+    parser_.addOptions({help_, version_});
     // "-platformtheme" is an option of Qt's, not a bundle of ours.
     parser_.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
   }
@@ -35,41 +57,46 @@ class Parser {
   QCommandLineParser& Qt() { return parser_; }
   QStringList Rest() const { return parser_.positionalArguments(); }
   bool IsSet(const QCommandLineOption& option) const { return parser_.isSet(option); }
-  bool HelpIsSet() const { return parser_.isSet(help_); }
-  std::string Help() const { return parser_.helpText().toStdString(); }
 
   /// What the arguments ask for whatever the command: its help, or a correction. Nothing when they
   /// are to be carried out.
   std::optional<Request> Parse(const QStringList& arguments) {
     const bool understood = parser_.parse(arguments);
-    if (HelpIsSet()) return ShowText{Help()};
-    if (!understood) return Mistake{parser_.errorText().toStdString()};
+    if (parser_.isSet(help_)) return ShowText{Help()};
+    if (parser_.isSet(version_)) return ShowText{VersionLine()};
+    if (!understood) return MistakeIn(command_, parser_.errorText());
     return std::nullopt;
   }
 
  private:
+  /// Qt's text, whose first line has the options before the command.
+  std::string Help() const {
+    QStringList usage = {QStringLiteral("Usage:"), kProgram, command_, QStringLiteral("[options]"),
+                         operands_};
+    usage.removeAll(QString());
+    const QString text = parser_.helpText();
+    return BytesOf(usage.join(QLatin1Char(' ')) + text.mid(text.indexOf(QLatin1Char('\n'))));
+  }
+
+  QString command_;
+  QString operands_;
   QCommandLineParser parser_;
   const QCommandLineOption help_{{QStringLiteral("h"), QStringLiteral("help")},
                                  QStringLiteral("Displays this help.")};
+  const QCommandLineOption version_{{QStringLiteral("v"), QStringLiteral("version")},
+                                    QStringLiteral("Displays the program's version.")};
 };
-
-/// What a mistake is followed by.
-Mistake MistakeIn(const QString& command, const QString& text) {
-  return {(text + QStringLiteral("\nTry 'orvex %1 --help'.").arg(command)).toStdString()};
-}
 
 QCommandLineOption OutputOption() {
   return {QStringLiteral("output"), QStringLiteral("Writes into this folder, not the list's."),
           QStringLiteral("DIR")};
 }
 
-void AddListArguments(QCommandLineParser& parser, const QString& command, const QString& kinds,
-                      const QString& what) {
-  parser.addPositionalArgument(QStringLiteral("TABLE"), what, command + QLatin1Char(' ') + kinds);
+void AddListArguments(QCommandLineParser& parser, const QString& kinds, const QString& what) {
+  parser.addPositionalArgument(kinds, what);
   parser.addPositionalArgument(
       QStringLiteral("LIST.TXT"),
-      QStringLiteral("Names an observation a line, like 5-12-3. The files lie beside it."),
-      QStringLiteral("LIST.TXT"));
+      QStringLiteral("Names an observation a line, like 5-12-3. The files lie beside it."));
 }
 
 /// The table that is named by an argument.
@@ -103,11 +130,12 @@ Request ReadExport(const QStringList& arguments) {
   constexpr std::array<Named<ExportKind>, 2> kTables = {
       {{"epsdata", ExportKind::epsData}, {"surdata", ExportKind::surData}}};
   const QString command = QStringLiteral("export");
-  Parser parser(
-      QStringLiteral("Joins the files of a list into EPSDATA.TXT or SURDATA.TXT.\n"
-                     "Exit code: 0 done, 1 done without the files that were skipped,\n"
-                     "2 not done, or ended by a bad file after the rows before it."));
-  AddListArguments(parser.Qt(), command, QStringLiteral("epsdata|surdata"),
+  const QString kinds = QStringLiteral("epsdata|surdata");
+  Parser parser(command, kinds + QStringLiteral(" LIST.TXT"),
+                QStringLiteral("Joins the files of a list into EPSDATA.TXT or SURDATA.TXT.\n"
+                               "Exit code: 0 done, 1 done without the files that were skipped,\n"
+                               "2 not done, or ended by a bad file after the rows before it."));
+  AddListArguments(parser.Qt(), kinds,
                    QStringLiteral("From episode files (.eps), or from survey files (.sur)."));
   const QCommandLineOption output = OutputOption();
   const QCommandLineOption keepGoing(
@@ -126,13 +154,13 @@ Request ReadTable(const QStringList& arguments) {
                                                         {"segments", TidyTable::segments},
                                                         {"episodes", TidyTable::episodes}}};
   const QString command = QStringLiteral("table");
-  Parser parser(
-      QStringLiteral("Makes a table for statistics programs from the episode files of a\n"
-                     "list: questions.csv, segments.csv or episodes.csv, a row each.\n"
-                     "Exit code: 0 done, 2 not done, or without files that could not be\n"
-                     "read."));
-  AddListArguments(parser.Qt(), command, QStringLiteral("questions|segments|episodes"),
-                   QStringLiteral("What a row stands for."));
+  const QString kinds = QStringLiteral("questions|segments|episodes");
+  Parser parser(command, kinds + QStringLiteral(" LIST.TXT"),
+                QStringLiteral("Makes a table for statistics programs from the episode files of a\n"
+                               "list: questions.csv, segments.csv or episodes.csv, a row each.\n"
+                               "Exit code: 0 done, 2 not done, or without files that could not be\n"
+                               "read."));
+  AddListArguments(parser.Qt(), kinds, QStringLiteral("What a row stands for."));
   const QCommandLineOption output = OutputOption();
   const QCommandLineOption codebook(
       QStringLiteral("codebook"),
@@ -145,19 +173,17 @@ Request ReadTable(const QStringList& arguments) {
   return WithTableAndList(command, parser, options, &TableCommand::table, kTables);
 }
 
-void AddFilesArgument(QCommandLineParser& parser, const QString& command, const QString& what) {
-  parser.addPositionalArgument(QStringLiteral("FILE"), what, command + QStringLiteral(" FILE..."));
-}
-
 Request ReadCheck(const QStringList& arguments) {
   const QString command = QStringLiteral("check");
   Parser parser(
+      command, kFiles,
       QStringLiteral("Names every question that is not fully coded, with its episode, its\n"
                      "number and the dimensions that are missing, and every statement of\n"
                      "a survey that has not been rated.\n"
                      "Exit code: 0 nothing is missing, 1 something is, 2 a file could not\n"
                      "be read."));
-  AddFilesArgument(parser.Qt(), command, QStringLiteral("Episode (.eps) and survey (.sur) files."));
+  parser.Qt().addPositionalArgument(QStringLiteral("FILE"),
+                                    QStringLiteral("Episode (.eps) and survey (.sur) files."));
   if (auto request = parser.Parse(arguments)) return *request;
   const QStringList files = parser.Rest().mid(1);
   if (files.isEmpty()) return MistakeIn(command, QStringLiteral("A file is needed."));
@@ -166,14 +192,15 @@ Request ReadCheck(const QStringList& arguments) {
 
 Request ReadReport(const QStringList& arguments) {
   const QString command = QStringLiteral("report");
-  Parser parser(
-      QStringLiteral("Writes the time summary of each file, and the question statistics\n"
-                     "and the question plot of each of its episodes.\n"
-                     "Exit code: 0 done, 2 a file could not be read."));
-  AddFilesArgument(parser.Qt(), command, QStringLiteral("Episode files (.eps)."));
+  Parser parser(command, kFiles,
+                QStringLiteral("Writes the time summary of each file, and the question statistics\n"
+                               "and the question plot of each of its episodes.\n"
+                               "Exit code: 0 done, 2 a file could not be read."));
+  parser.Qt().addPositionalArgument(QStringLiteral("FILE"),
+                                    QStringLiteral("Episode files (.eps)."));
   const QCommandLineOption json(
       QStringLiteral("json"),
-      QStringLiteral("For programs: one JSON object a line for each file, with all that was read\n"
+      QStringLiteral("For programs: one JSON object a line for each file, with all that was read "
                      "and the survey file beside it."));
   parser.Qt().addOption(json);
   if (auto request = parser.Parse(arguments)) return *request;
@@ -183,77 +210,72 @@ Request ReadReport(const QStringList& arguments) {
 }
 
 struct CommandName {
-  const char* name;
+  std::string_view name;
   Request (*read)(const QStringList& arguments);
 };
 constexpr std::array<CommandName, 4> kCommands = {
     {{"export", ReadExport}, {"check", ReadCheck}, {"report", ReadReport}, {"table", ReadTable}}};
 
+/// The command among the arguments, before which options may stand.
 const CommandName* CommandOf(const QStringList& arguments) {
-  for (const CommandName& command : kCommands) {
-    if (arguments.size() > 1 && arguments[1] == QLatin1String(command.name)) return &command;
+  for (const QString& argument : arguments.mid(1)) {
+    if (argument.startsWith(QLatin1Char('-'))) continue;
+    const auto command = std::ranges::find(kCommands, argument.toStdString(), &CommandName::name);
+    return command == kCommands.end() ? nullptr : &*command;
   }
   return nullptr;
 }
 
-/// The command line of the window.
-class WindowParser : public Parser {
- public:
-  WindowParser()
-      : Parser(QStringLiteral(
-            "In-class analysis of classroom discourse.\n\n"
-            "Without a command the main menu opens, or the file that is named. Commands:\n"
-            "  export epsdata|surdata LIST.TXT              joins files into one table\n"
-            "  table questions|segments|episodes LIST.TXT   makes a table for statistics\n"
-            "  check FILE...                                tells what is not fully coded\n"
-            "  report FILE...                               time summary, statistics, plots\n"
-            "'orvex COMMAND --help' tells more.")),
-        version_(Qt().addVersionOption()) {
-    Qt().addPositionalArgument(QStringLiteral("FILE"),
-                               QStringLiteral("An .eps, .sur or .nte file to be opened."),
-                               QStringLiteral("[FILE]"));
+/// Options that Qt takes itself when a window is opened.
+QList<QCommandLineOption> QtOptions() {
+  QList<QCommandLineOption> options;
+  for (const char* name : {"platform", "platformpluginpath", "platformtheme", "plugin", "style",
+                           "stylesheet", "display", "qwindowgeometry", "geometry", "qwindowtitle",
+                           "title", "qwindowicon", "icon", "name", "session"}) {
+    options.append({QLatin1String(name), QString(), QStringLiteral("VALUE")});
   }
-  bool VersionIsSet() const { return IsSet(version_); }
-
- private:
-  const QCommandLineOption version_;
-};
-
-std::string VersionLine() {
-  return (QCoreApplication::applicationName() + QLatin1Char(' ') +
-          QCoreApplication::applicationVersion() + QLatin1Char('\n'))
-      .toStdString();
+  for (const char* name : {"reverse", "widgetcount", "nograb", "dograb"}) {
+    options.append(QCommandLineOption(QLatin1String(name)));
+  }
+  for (QCommandLineOption& option : options) option.setFlags(QCommandLineOption::HiddenFromHelp);
+  return options;
 }
 
 Request ReadWindow(const QStringList& arguments) {
-  WindowParser parser;
-  auto request = parser.Parse(arguments);
-  if (parser.VersionIsSet()) return ShowText{VersionLine()};
-  if (request) return *request;
+  Parser parser(
+      QString(), QStringLiteral("[FILE]"),
+      QStringLiteral(
+          "In-class analysis of classroom discourse.\n\n"
+          "Without a command the main menu opens, or the file that is named. Commands:\n"
+          "  export epsdata|surdata LIST.TXT              joins files into one table\n"
+          "  table questions|segments|episodes LIST.TXT   makes a table for statistics\n"
+          "  check FILE...                                tells what is not fully coded\n"
+          "  report FILE...                               time summary, statistics, plots\n"
+          "'orvex COMMAND --help' tells more."));
+  parser.Qt().addPositionalArgument(QStringLiteral("FILE"),
+                                    QStringLiteral("An .eps, .sur or .nte file to be opened."));
+  parser.Qt().addOptions(QtOptions());
+  if (auto request = parser.Parse(arguments)) return *request;
   const QStringList files = parser.Rest();
   if (files.isEmpty()) return OpenWindow{};
-  if (files.size() > 1) {
-    return Mistake{QStringLiteral("Unexpected argument '%1'.").arg(files[1]).toStdString()};
-  }
   OpenWindow window{PathOf(files[0])};
   if (KindOf(window.file) == FileKind::other) {
-    return Mistake{QStringLiteral("'%1' is neither a command nor an .eps, .sur or .nte file.")
-                       .arg(files[0])
-                       .toStdString()};
+    return MistakeIn(
+        QString(),
+        QStringLiteral("'%1' is neither a command nor an .eps, .sur or .nte file.").arg(files[0]));
+  }
+  if (files.size() > 1) {
+    return MistakeIn(QString(), QStringLiteral("Unexpected argument '%1'.").arg(files[1]));
   }
   return window;
 }
 
 }  // namespace
 
-bool IsCommand(const QStringList& arguments) {
-  return CommandOf(arguments) != nullptr;
-}
-
-bool AsksForText(const QStringList& arguments) {
-  WindowParser parser;
-  parser.Parse(arguments);
-  return parser.HelpIsSet() || parser.VersionIsSet();
+QStringList ArgumentsOf(int argc, const char* const* argv) {
+  QStringList arguments;
+  for (int i = 0; i < argc; ++i) arguments.append(QString::fromLatin1(argv[i]));
+  return arguments;
 }
 
 Request ReadCommandLine(const QStringList& arguments) {

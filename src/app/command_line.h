@@ -28,14 +28,12 @@ struct CheckCommand {
 using Request = std::variant<OpenWindow, ShowText, Mistake, ExportCommand, TableCommand,
                              CheckCommand, ReportCommand>;
 
-/// True when the arguments begin with a command, which needs no display.
-bool IsCommand(const QStringList& arguments);
+/// The program's arguments with each byte as the character of its number: names of files come
+/// through in whatever encoding they are.
+QStringList ArgumentsOf(int argc, const char* const* argv);
 
-/// Reads the arguments; the first is the program's name. Options of Qt's own must have been taken
-/// off, unless the arguments begin with a command.
+/// Reads such arguments; the first is the program's name. Options of Qt's own, which it takes when
+/// a window is opened, are passed over.
 Request ReadCommandLine(const QStringList& arguments);
-
-/// True for "--help" and "--version", also beside options of Qt's own.
-bool AsksForText(const QStringList& arguments);
 
 }  // namespace orvex

@@ -3,17 +3,21 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <QTimer>
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <variant>
 
 #include "app/command_line.h"
 #include "app/run_command.h"
 #include "export/named_file.h"
+#include "export/problem.h"
 #include "model/program.h"
 #include "model/version.h"
 #include "observe/unended_class.h"
 #include "start/field_notes_file.h"
 #include "start/start_up.h"
+#include "store/durable_file.h"
 #include "store/recovery_file.h"
 #include "store/session_log.h"
 #include "store/storage.h"
@@ -43,13 +47,17 @@ Installation ThisInstallation() {
           .userFolder = path(userFolder) / "Orvex"};
 }
 
-/// Shows the form of `file`. False when it has none here, or could not be read.
+bool HasForm(FileKind kind) {
+  return kind == FileKind::episodes || kind == FileKind::survey;
+}
+
+/// Shows the form of `file`. False when it could not be read.
 bool ShowInForm(Program& program, Screens& screens, const std::filesystem::path& file) {
   const std::filesystem::path path = std::filesystem::absolute(file);
   const FileKind kind = KindOf(file);
   program.DataPath = path.parent_path();  // where it is saved again
   if (kind == FileKind::survey) return screens.ShowSurveyFile(path);
-  return kind == FileKind::episodes && screens.ShowEpisodeEditor(path);
+  return screens.ShowEpisodeEditor(path);
 }
 
 /// With `file` the program begins with its form.
@@ -63,36 +71,54 @@ int RunWindow(const std::filesystem::path& file) {
   RecoveryFile recovery(storage);
   Forms forms(program, log, recovery, storage, clock, prompter, programFolder);
   const Services services = {program, log, recovery, storage, clock, prompter, forms};
-  const auto showMenu = [&] {
+  const FileKind kind = KindOf(file);
+  const bool shown = HasForm(kind) && ShowInForm(program, forms, file);
+  if (!shown) {
     forms.Show(Screen::mainMenu);
     SettleDataPath(program, programFolder);
     QTimer::singleShot(0, qApp, [services] { OfferUnendedClasses(services); });
-  };
-  if (file.empty() || !ShowInForm(program, forms, file)) showMenu();
-  if (KindOf(file) == FileKind::fieldNotes) {
+  }
+  if (kind == FileKind::fieldNotes) {
     EditFieldNotes(services, file);
   }
-  return QApplication::exec();
+  const int code = QApplication::exec();
+  return HasForm(kind) && !shown ? kFailed : code;
+}
+
+/// What the arguments ask for. That a named file is not there is a mistake in them.
+Request ReadRequest(int argc, char* argv[]) {
+  const QStringList arguments = ArgumentsOf(argc, argv);
+  const QCoreApplication application(argc, argv);
+  const Request request = ReadCommandLine(arguments);
+  const auto* window = std::get_if<OpenWindow>(&request);
+  if (!window || window->file.empty()) return request;
+  const auto problem = ProblemOf(window->file, [&] { ReadFileStart(window->file, 1); });
+  return problem ? Mistake{problem->Text()} : request;
+}
+
+/// Qt gives up with an abort when it finds no display.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
+  if (type != QtFatalMsg) return;
+  std::fputs(
+      "No display could be opened for the window.\n"
+      "'orvex --help' names the commands that need none.\n",
+      stderr);
+  std::_Exit(kFailed);
 }
 
 int Main(int argc, char* argv[]) {
   NameApplication();
-  {
-    // Commands, help and version need no display, which a QApplication would insist on.
-    const QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    if (IsCommand(arguments) || AsksForText(arguments)) {
-      return RunCommand(ReadCommandLine(arguments));
-    }
-  }
+  // All but the window does without a display, which a QApplication would insist on.
+  const Request request = ReadRequest(argc, argv);
+  const auto* window = std::get_if<OpenWindow>(&request);
+  if (!window) return RunCommand(request);
+  const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
   const QApplication application(argc, argv);
+  qInstallMessageHandler(usual);
   QApplication::setWindowIcon(Logo::Icon());
   HeldKeys heldKeys;
   qApp->installEventFilter(&heldKeys);
-  // Qt has taken its own options off the arguments by now; what is left must be the program's.
-  const Request request = ReadCommandLine(QCoreApplication::arguments());
-  const auto* window = std::get_if<OpenWindow>(&request);
-  return window ? RunWindow(window->file) : RunCommand(request);
+  return RunWindow(window->file);
 }
 
 }  // namespace

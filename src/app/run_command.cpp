@@ -17,10 +17,13 @@ void Interrupt(int) {
   interrupted = 1;
 }
 
-/// A table that is interrupted is put in its place with the rows so far.
-void HoldInterrupts() {
-  std::signal(SIGINT, Interrupt);
-  std::signal(SIGTERM, Interrupt);
+/// A table that is interrupted is given up in order. What was ignored before, as under nohup, stays
+/// ignored; and when nobody reads what is said on the way, the table is made all the same.
+void HoldSignals() {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+    if (std::signal(signal, Interrupt) == SIG_IGN) std::signal(signal, SIG_IGN);
+  }
+  std::signal(SIGPIPE, SIG_IGN);
 }
 
 struct Runner {
@@ -39,14 +42,20 @@ struct Runner {
   ExitCode operator()(const CheckCommand& command) { return RunCheck(command.files, console); }
   ExitCode operator()(const ReportCommand& command) { return RunReport(command, console); }
   ExitCode operator()(const ExportCommand& command) {
-    HoldInterrupts();
+    HoldSignals();
     return RunExport(command, storage, console);
   }
   ExitCode operator()(const TableCommand& command) {
-    HoldInterrupts();
+    HoldSignals();
     return RunTable(command, storage, console);
   }
 };
+
+/// What these write on the way is not what they are asked for.
+bool MakesATable(const Request& request) {
+  return std::holds_alternative<ExportCommand>(request) ||
+         std::holds_alternative<TableCommand>(request);
+}
 
 }  // namespace
 
@@ -57,7 +66,7 @@ int RunCommand(const Request& request) {
                         .showsProgress = ::isatty(STDERR_FILENO) != 0,
                         .interrupted = [] { return interrupted != 0; }};
   const ExitCode code = std::visit(Runner{console}, request);
-  if (!std::cout.flush()) {
+  if (!std::cout.flush() && !MakesATable(request)) {
     std::cerr << "The output could not be written.\n";
     return kFailed;
   }

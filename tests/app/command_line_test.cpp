@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 namespace orvex {
 namespace {
 
@@ -16,7 +18,10 @@ std::string Joined(const std::vector<std::filesystem::path>& files) {
 struct Describe {
   std::string operator()(const OpenWindow& r) const { return "window " + r.file.string(); }
   std::string operator()(const ShowText& r) const { return "text " + r.text.substr(0, 6); }
-  std::string operator()(const Mistake&) const { return "mistake"; }
+  std::string operator()(const Mistake& r) const {
+    const bool hint = r.text.find("\nTry 'orvex") != std::string::npos;
+    return hint ? "mistake" : "mistake without a hint";
+  }
   std::string operator()(const CheckCommand& r) const { return "check" + Joined(r.files); }
   std::string operator()(const ReportCommand& r) const {
     return (r.json ? "json" : "report") + Joined(r.files);
@@ -39,10 +44,17 @@ TEST(CommandLine, IsReadAsWhatItAsksFor) {
       {"5-12-3.txt", "mistake"},
       {"5-12-3.eps 6-1-1.eps", "mistake"},
       {"--bogus", "mistake"},
+      {"exprot x", "mistake"},
+      {"-- frob", "mistake"},
+      {"-platform offscreen -style=fusion 5-12-3.eps", "window 5-12-3.eps"},
+      {"5-\xE9-3.eps", "window 5-\xE9-3.eps"},
       {"--version", "text orvex "},
       {"--help", "text Usage:"},
       {"export epsdata LIST.TXT", "epsdata LIST.TXT to "},
       {"export surdata --keep-going --output out LIST.TXT", "surdata LIST.TXT to out keep going"},
+      {"--keep-going export epsdata LIST.TXT", "epsdata LIST.TXT to  keep going"},
+      {"--output out export epsdata LIST.TXT", "mistake"},
+      {"export --version", "text orvex "},
       {"export LIST.TXT", "mistake"},
       {"export nodata LIST.TXT", "mistake"},
       {"export epsdata A.TXT B.TXT", "mistake"},
@@ -59,9 +71,15 @@ TEST(CommandLine, IsReadAsWhatItAsksFor) {
       {"report --help", "text Usage:"},
   };
   for (const auto& [line, expected] : cases) {
-    QStringList arguments = {QStringLiteral("orvex")};
-    arguments += QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    EXPECT_EQ(std::visit(Describe{}, ReadCommandLine(arguments)), expected) << line;
+    const std::string words = std::string("orvex ") + line;
+    std::vector<std::string> arguments;
+    std::istringstream rest(words);
+    for (std::string word; rest >> word;) arguments.push_back(word);
+    std::vector<const char*> argv;
+    for (const std::string& argument : arguments) argv.push_back(argument.c_str());
+    const Request request =
+        ReadCommandLine(ArgumentsOf(static_cast<int>(argv.size()), argv.data()));
+    EXPECT_EQ(std::visit(Describe{}, request), expected) << line;
   }
 }
 
