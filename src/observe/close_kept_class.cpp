@@ -36,7 +36,7 @@ bool StoreEpisodes(const Services& services, KeptClass& kept) {
                       .ActivityOfftask = program.AverageOfftask()};
   const bool stored =
       StoreClass(services, "The data files could not be written.", header, program.Episodes,
-                 kept.running.fieldNotes, kept.running.storedElsewhere);
+                 kept.running.fieldNotes, kept.running.storedElsewhere, OlderFile::isAskedAbout);
   program.identity = header.identity;
   return stored;
 }

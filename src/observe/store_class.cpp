@@ -2,6 +2,7 @@
 
 #include "model/program.h"
 #include "model/prompter.h"
+#include "store/durable_file.h"
 #include "store/field_notes.h"
 #include "store/file_error.h"
 #include "store/paths.h"
@@ -13,23 +14,48 @@ namespace orvex {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+/// True when there is a file at `path` with another content, or with one that cannot be read.
+bool HoldsOther(const fs::path& path, const std::string& bytes) {
+  std::error_code unknown;
+  if (!fs::exists(path, unknown)) return false;
+  try {
+    return ReadFile(path) != bytes;
+  } catch (const FileError&) {
+    return true;
+  }
+}
+
+}  // namespace
+
 bool StoreClass(const Services& services, const std::string& failure, EpsHeader& header,
-                const EpisodeList& episodes, const std::string& notes, fs::path& elsewhere) {
+                const EpisodeList& episodes, const std::string& notes, fs::path& elsewhere,
+                OlderFile older) {
   const fs::path& dataPath = services.program.DataPath;
   Storage& storage = services.storage;
   const fs::path usual = EpsPathToLookFor(dataPath, header.identity);
-  const fs::path saved = SaveFile(
-      services.prompter,
-      {.failure = failure, .path = usual, .filter = kEpsFilter, .companions = {".nte", ".sur"}},
-      [&](const fs::path& path) {
-        const bool isUsual = path == usual;
-        NormaliseIdentity(header.identity);
-        const fs::path eps = isUsual ? EpsPath(storage, dataPath, header.identity) : path;
-        WriteEpsFile(storage, eps, header, episodes);
-        const fs::path nte =
-            isUsual ? NtePath(storage, dataPath, header.identity) : Beside(path, ".nte");
-        WriteFieldNotes(storage, nte, {.text = notes});
-      });
+  const fs::path saved =
+      SaveFile(services.prompter,
+               {.failure = failure,
+                .path = usual,
+                .filter = kEpsFilter,
+                .companions = {".nte", ".sur"},
+                .changed = usual.filename().string() + " already exists."},
+               [&](const fs::path& path) {
+                 const bool isUsual = path == usual;
+                 NormaliseIdentity(header.identity);
+                 const fs::path eps = isUsual ? EpsPath(storage, dataPath, header.identity) : path;
+                 const std::string bytes = FormatEps(header, episodes);
+                 if (isUsual && older == OlderFile::isAskedAbout && HoldsOther(eps, bytes)) {
+                   older = OlderFile::isReplaced;  // once is enough
+                   throw FileChanged(eps.string());
+                 }
+                 ReplaceFile(storage, eps, bytes);
+                 const fs::path nte =
+                     isUsual ? NtePath(storage, dataPath, header.identity) : Beside(path, ".nte");
+                 WriteFieldNotes(storage, nte, {.text = notes});
+               });
   elsewhere = saved == usual ? fs::path() : saved;
   return !saved.empty();
 }

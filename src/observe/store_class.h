@@ -9,12 +9,15 @@
 
 namespace orvex {
 
+/// What becomes of another episode file that has the place of a class.
+enum class OlderFile { isReplaced, isAskedAbout };
+
 /// Saves the episode file of a class and its field notes. They go to the folders of the class,
 /// whose numbers are normalised, or where the user, who is told of a failure with `failure`, wants
 /// them: `elsewhere` is then where the episodes are, else empty. False when the user gave up.
 bool StoreClass(const Services& services, const std::string& failure, EpsHeader& header,
                 const EpisodeList& episodes, const std::string& notes,
-                std::filesystem::path& elsewhere);
+                std::filesystem::path& elsewhere, OlderFile older = OlderFile::isReplaced);
 
 /// Saves the survey of a class, in the folder of the class or, when its episodes are `elsewhere`,
 /// beside them. False when the user gave up.

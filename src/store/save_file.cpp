@@ -25,7 +25,7 @@ Message Question(const FileToSave& file, const std::string& why) {
 
 Message QuestionOfChange(const FileToSave& file, const std::string& which) {
   Message message = Question(file, which);
-  message.text = "The file was changed by another program.";
+  message.text = file.changed;
   message.defaultAnswer = Answer::cancel;
   message.captions[0].second = "&Replace it";
   return message;

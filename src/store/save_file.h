@@ -17,6 +17,8 @@ struct FileToSave {
   std::string filter = {};  ///< for choosing another place; empty where there is none
   /// The extensions of what else is saved beside the file in another place (see Beside).
   std::vector<std::string> companions = {};
+  /// What is told when FileChanged is thrown.
+  std::string changed = "The file was changed by another program.";
 };
 
 /// Saves a file with `save`, which throws what goes wrong. The user is told what it was, and can
@@ -25,8 +27,8 @@ struct FileToSave {
 std::filesystem::path SaveFile(Prompter& prompter, const FileToSave& file,
                                const std::function<void(const std::filesystem::path&)>& save);
 
-/// Thrown by `save` when another program has written the file: to try again then means to replace
-/// it all the same. `what()` names the file.
+/// Thrown by `save` when there is a file that the user may not want to lose: to try again then means
+/// to replace it all the same. `what()` names the file.
 struct FileChanged : std::runtime_error {
   using std::runtime_error::runtime_error;
 };

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "faults/played_class.h"
+#include "store/eps_file.h"
 #include "store/storage.h"
 #include "support/desk.h"
 
@@ -87,6 +88,39 @@ TEST(UnendedClass, IsOfferedWithWhatIsKnownOfItAndLeftAlone) {
   EXPECT_NE(desk.NewLogText().find("CLASS TAKEN UP AGAIN ***** 15:00:00"), std::string::npos);
   // It has gone on all the while, and the correction of the clock can take that back.
   EXPECT_NEAR(desk.clock.SecondsSinceMidnight() - desk.screens.takenUp->segmentStart, 21272, 1);
+}
+
+TEST(UnendedClass, IsClosedAsItStandsAndReplacesNothingUnasked) {
+  Desk desk;
+  const auto eps = desk.folder / "EPS/7/12/7-12-3.eps";
+  const auto kept = desk.folder / "BAK/7/12/7-12-3.recovery";
+  PlayAndCrash(desk.folder.Path(), 12);
+  PutFile(eps, "an older class");
+  const std::string offer =
+      "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
+      "It was observed from 09:00:00 to 09:08:12: 1 episode, 3 questions.";
+  desk.prompter.Expect(offer, Answer::no);
+  desk.prompter.Expect("7-12-3.eps already exists.", Answer::cancel);
+  OfferUnendedClasses(desk.services);
+  EXPECT_EQ(desk.prompter.asked.back().defaultAnswer, Answer::cancel);
+  EXPECT_EQ(FileBytes(eps), "an older class");
+  EXPECT_TRUE(fs::exists(kept));
+
+  desk.prompter.Expect(offer, Answer::no);
+  desk.prompter.Expect("7-12-3.eps already exists.", Answer::yes);
+  OfferUnendedClasses(desk.services);
+  EXPECT_FALSE(fs::exists(kept));
+  struct : EpsReadEvents {
+    bool ContinueWithEarlierVersion() override { return false; }
+    void FirstSegmentRepaired(int) override {}
+  } events;
+  const Episode episode = ReadEpsFile(eps, events).Episodes.at(0);
+  ASSERT_EQ(episode.segments.size(), 3U);
+  EXPECT_EQ(episode.segments.back().activityNum, kQuestionAnswer);
+  EXPECT_EQ(episode.segments.back().duration, 4 * 41);
+  EXPECT_EQ(FileBytes(desk.folder / "NTE/7/12/7-12-3.nte"), "They read in pairs.\r\n\r\n");
+  EXPECT_TRUE(fs::exists(desk.folder / "SUR/7/12/7-12-3.sur"));
+  EXPECT_TRUE(desk.program.Episodes.empty()) << "nothing is observed";
 }
 
 TEST(UnendedClass, ThatStillRunsIsNobodyElses) {
