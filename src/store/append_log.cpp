@@ -6,8 +6,10 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <condition_variable>
 #include <exception>
+#include <functional>
 #include <mutex>
 #include <system_error>
 #include <thread>
@@ -179,8 +181,21 @@ void AppendLog::Append(std::string_view entry) {
 
 void AppendLog::Retry() {
   if (!IsOpen()) return;
-  cause_.clear();
-  if (HasNoName(descriptor_)) unreliable_ = true;
+  constexpr std::chrono::seconds kNoTime{0};
+  if (putBack_.valid() && putBack_.wait_for(kNoTime) == std::future_status::ready) TakePutBack();
+  WriteOut();
+  if (const int failure = worker_->Failure(); failure != 0) {
+    GiveUpOnFile(std::generic_category().message(failure));
+  }
+  if (HasNoName(descriptor_)) GiveUpOnFile("deleted by another program");
+  if (unreliable_ && !putBack_.valid()) {
+    putBack_ = std::async(std::launch::async, PutBackFile, std::ref(storage_), path_, text_);
+  }
+}
+
+/// Hands what waits to the system.
+void AppendLog::WriteOut() {
+  if (!unreliable_) cause_.clear();
   const std::string_view waiting = std::string_view(text_).substr(written_);
   const std::size_t count = WriteAll(storage_, descriptor_, waiting);
   if (count < waiting.size()) {
@@ -190,31 +205,52 @@ void AppendLog::Retry() {
   }
   written_ += count;
   if (count > 0) worker_->SyncSoon();
-  if (worker_->Failure() != 0) unreliable_ = true;
-  if (unreliable_) PutBack();
 }
 
-/// Writes the whole text anew, durably, and goes on behind it. What goes wrong is left in `cause_`.
-void AppendLog::PutBack() try {
-  ReplaceFile(storage_, path_, text_);
+void AppendLog::GiveUpOnFile(std::string cause) {
+  if (!unreliable_) cause_ = std::move(cause);
+  unreliable_ = true;
+}
+
+/// Writes the whole text anew, durably, and opens the file to go on behind it.
+AppendLog::PutBack AppendLog::PutBackFile(Storage& storage, const std::filesystem::path& path,
+                                          const std::string& text) try {
+  ReplaceFile(storage, path, text);
   constexpr int kFlags = O_WRONLY | O_APPEND | O_CLOEXEC;
-  const int descriptor = Uninterrupted([&] { return storage_.Open(path_.c_str(), kFlags, 0); });
-  if (descriptor < 0) throw FileError(path_, errno);
+  const int descriptor = Uninterrupted([&] { return storage.Open(path.c_str(), kFlags, 0); });
+  if (descriptor < 0) throw FileError(path, errno);
+  return {.descriptor = descriptor, .size = text.size(), .cause = ""};
+} catch (const FileError& error) {
+  return {.descriptor = -1, .size = 0, .cause = error.Cause()};
+} catch (const std::exception& error) {
+  return {.descriptor = -1, .size = 0, .cause = error.what()};
+}
+
+/// Goes on with the file that has been put back. What came in the meantime waits again.
+void AppendLog::TakePutBack() {
+  const PutBack result = putBack_.get();
+  if (result.descriptor < 0) {
+    cause_ = result.cause;
+    return;
+  }
   std::unique_ptr<Worker> worker;
   try {
-    worker = std::make_unique<Worker>(storage_, descriptor);
-  } catch (...) {
-    storage_.Close(descriptor);
-    throw;
+    worker = std::make_unique<Worker>(storage_, result.descriptor);
+  } catch (const std::system_error& error) {
+    storage_.Close(result.descriptor);
+    cause_ = error.what();
+    return;
   }
   Release();
   worker_ = std::move(worker);
-  descriptor_ = descriptor;
-  written_ = text_.size();
-} catch (const FileError& error) {
-  cause_ = error.Cause();
-} catch (const std::exception& error) {
-  cause_ = error.what();
+  descriptor_ = result.descriptor;
+  written_ = result.size;
+}
+
+void AppendLog::Settle() {
+  if (!putBack_.valid()) return;
+  TakePutBack();
+  WriteOut();
 }
 
 std::string AppendLog::Trouble() const {
@@ -224,6 +260,7 @@ std::string AppendLog::Trouble() const {
 }
 
 void AppendLog::MoveTo(const std::filesystem::path& path) {
+  Settle();
   std::filesystem::path name = path;
   std::vector<std::filesystem::path> folders = {path.parent_path()};
   if (path_.parent_path() != path.parent_path()) folders.push_back(path_.parent_path());
@@ -241,9 +278,10 @@ void AppendLog::Close() {
 /// Brings the whole text to the disk. Throws FileError.
 void AppendLog::WriteOutAndSync() {
   Retry();
+  Settle();
   if (cause_.empty() && worker_->Finish() != 0) {
-    unreliable_ = true;
-    PutBack();
+    Retry();
+    Settle();
   }
   if (!cause_.empty()) throw FileError(path_, cause_);
 }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <future>
 #include <memory>
 #include <optional>
 #include <string>
@@ -37,9 +38,11 @@ class AppendLog {
   /// written waits in memory.
   void Append(std::string_view entry);
 
-  /// Tries again to write what waits in memory, or to put back a file that cannot be relied on; the
-  /// latter waits for the disk.
+  /// Tries again to write what waits in memory. A file that cannot be relied on is put back behind
+  /// the scenes; what comes of that shows with a later entry or retry.
   void Retry();
+  /// Waits for a file that is being put back.
+  void Settle();
 
   /// Why the last write failed, or something written did not reach the disk, "<path>: <cause>";
   /// empty while all is well. What did not reach the disk stays a trouble until the whole text has
@@ -60,18 +63,30 @@ class AppendLog {
   class Worker;
 
   void OpenWith(const std::filesystem::path& path, std::optional<std::string> content);
+  /// What came of putting a file back: a descriptor at its end, or why there is none.
+  struct PutBack {
+    int descriptor = -1;
+    std::size_t size = 0;
+    std::string cause;
+  };
+  static PutBack PutBackFile(Storage& storage, const std::filesystem::path& path,
+                             const std::string& text);
+
+  void WriteOut();
   void WriteOutAndSync();
-  void PutBack();
+  void GiveUpOnFile(std::string cause);
+  void TakePutBack();
   int Release();
 
   Storage& storage_;
   std::unique_ptr<Worker> worker_;
   std::filesystem::path path_;
   int descriptor_ = -1;
-  std::string text_;         ///< all since `Open`
-  std::size_t written_ = 0;  ///< how much of it has gone out
-  bool unreliable_ = false;  ///< the file must be put back
-  std::string cause_;        ///< why the last attempt failed; empty when it went well
+  std::string text_;              ///< all since `Open`
+  std::size_t written_ = 0;       ///< how much of it has gone out
+  bool unreliable_ = false;       ///< the file must be put back
+  std::string cause_;             ///< why the last attempt failed; empty when it went well
+  std::future<PutBack> putBack_;  ///< while the file is being put back
 };
 
 }  // namespace orvex

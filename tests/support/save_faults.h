@@ -126,25 +126,29 @@ inline void ExpectSavedSomewhere(const Files& found, const Files& other, const G
 /// Saves on a disk that fails with `error`, and looks at what becomes of it.
 inline void ExpectWholeOrTold(SaveScene& scene, const GoodSave& good, int error) {
   const std::filesystem::path& folder = scene.desk.folder.Path();
+  const auto found = [&] {
+    scene.log.File().Settle();  // it may just be being put back
+    return FilesIn(folder);
+  };
   scene.prompter.whileAsked = [&] {
-    ExpectNothingInBetween(FilesIn(folder), good);
+    ExpectNothingInBetween(found(), good);
     const std::string& told = scene.prompter.told.back();
     EXPECT_TRUE(told.starts_with(folder.string())) << told;
     EXPECT_TRUE(told.ends_with(": " + std::string(std::strerror(error)))) << told;
   };
   scene.prompter.healing = [&] { scene.disk.Heal(); };
   scene.Save();
-  ExpectNothingInBetween(FilesIn(folder), good);
-  const bool whole = FilesIn(folder) == good.after;
+  ExpectNothingInBetween(found(), good);
+  const bool whole = found() == good.after;
   if (scene.prompter.told.empty() || scene.prompter.reaction == Reaction::tryAgain) {
     EXPECT_TRUE(whole);
   } else if (scene.prompter.reaction == Reaction::saveElsewhere) {
-    ExpectSavedSomewhere(FilesIn(folder), FilesIn(scene.other.Path()), good);
+    ExpectSavedSomewhere(found(), FilesIn(scene.other.Path()), good);
   } else {
     EXPECT_TRUE(whole || std::ranges::count(scene.desk.screens.Take(), "end") == 0);
     scene.disk.Heal();
     scene.Save();
-    EXPECT_EQ(FilesIn(folder), good.after) << "nothing in memory was lost";
+    EXPECT_EQ(found(), good.after) << "nothing in memory was lost";
   }
 }
 
