@@ -6,6 +6,7 @@
 
 #include "export/named_file.h"
 #include "model/coding_scheme.h"
+#include "model/counted.h"
 #include "model/validation.h"
 #include "survey/survey_scheme.h"
 

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <cstddef>
 #include <functional>
 #include <ostream>
-#include <string>
 
 namespace orvex {
 
@@ -21,10 +19,5 @@ struct Console {
   bool showsProgress = false;              ///< `err` is a terminal
   std::function<bool()> interrupted = {};  ///< whether the user wants it to end; may be none
 };
-
-/// What a count counts: "1 file", "2 files".
-inline std::string Counted(std::size_t count, const std::string& what) {
-  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
 
 }  // namespace orvex

@@ -1,6 +1,7 @@
 #include "export/export_form.h"
 
 #include "export/console.h"
+#include "model/counted.h"
 #include "model/program.h"
 #include "model/prompter.h"
 #include "model/screens.h"

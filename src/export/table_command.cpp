@@ -8,6 +8,7 @@
 #include "export/file_list.h"
 #include "export/problem.h"
 #include "export/table_export.h"
+#include "model/counted.h"
 #include "store/durable_file.h"
 
 namespace orvex {

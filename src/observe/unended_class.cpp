@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "model/clock.h"
+#include "model/counted.h"
 #include "model/program.h"
 #include "model/prompter.h"
 #include "model/screens.h"
@@ -40,10 +41,6 @@ std::optional<KeptClass> Read(const Services& services, const fs::path& path) {
   services.prompter.Tell("A class that was not ended cannot be read. Its file is left as it is.",
                          cause);
   return std::nullopt;
-}
-
-std::string Counted(std::size_t count, const char* what) {
-  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
 std::string Description(const KeptClass& kept) {
