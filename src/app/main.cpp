@@ -2,7 +2,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
-#include <QTimer>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -24,6 +23,7 @@
 #include "ui/Forms.h"
 #include "ui/HeldKeys.h"
 #include "ui/Logo.h"
+#include "ui/OnceInUse.h"
 #include "ui/QtClock.h"
 #include "ui/QtPrompter.h"
 
@@ -76,7 +76,7 @@ int RunWindow(const std::filesystem::path& file) {
   if (!shown) {
     forms.Show(Screen::mainMenu);
     SettleDataPath(program, programFolder);
-    QTimer::singleShot(0, qApp, [services] { OfferUnendedClasses(services); });
+    OnceInUse(*qApp, [services] { OfferUnendedClasses(services); });
   }
   if (kind == FileKind::fieldNotes) {
     EditFieldNotes(services, file);
