@@ -54,6 +54,8 @@ void LiveObservation::ApplyActivity(int activity) {
   if (IsGroupWork(activity)) run_.coding.EnableGroupTypes(true);
   if (activity == kQuestionAnswer) {
     run_.draftQuestion.clear();
+    run_.draftFields = {};
+    run_.questionsBefore = CurrentEpisode().nQAs();
     services_.screens.Show(Screen::questionEntry);
     services_.screens.Hide(Screen::liveObservation);
   }

@@ -1,6 +1,7 @@
 #include "observe/close_kept_class.h"
 
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "model/prompter.h"
@@ -8,6 +9,7 @@
 #include "observe/kept_class.h"
 #include "observe/store_class.h"
 #include "store/file_error.h"
+#include "store/paths.h"
 #include "store/recovery_file.h"
 #include "store/session_log.h"
 
@@ -38,7 +40,24 @@ bool StoreEpisodes(const Services& services, KeptClass& kept) {
       StoreClass(services, "The data files could not be written.", header, program.Episodes,
                  kept.running.fieldNotes, kept.running.storedElsewhere, OlderFile::isAskedAbout);
   program.identity = header.identity;
-  return stored;
+  if (!stored) return false;
+  // From here on only the survey is missing, also when that is left for later.
+  program.QuitRequested = true;
+  services.recovery.Keep(FormatMoment(kept.moment) + FormatRunning(program, kept.running));
+  return true;
+}
+
+/// A survey that nobody has filled in takes no other's place.
+bool StoreItsSurvey(const Services& services, KeptClass& kept) {
+  Identity& identity = kept.program.identity;
+  const Survey& answers = kept.running.survey;
+  std::error_code unknown;
+  if (answers == Survey{} &&
+      fs::exists(SurPathToLookFor(services.program.DataPath, identity), unknown)) {
+    return true;
+  }
+  return StoreSurvey(services, identity, answers, kept.running.storedElsewhere,
+                     OlderFile::isAskedAbout);
 }
 
 }  // namespace
@@ -51,8 +70,7 @@ bool CloseKeptClass(const Services& services, KeptClass kept, const fs::path& pa
     return false;
   }
   const bool stored = (kept.program.QuitRequested || StoreEpisodes(services, kept)) &&
-                      StoreSurvey(services, kept.program.identity, kept.running.survey,
-                                  kept.running.storedElsewhere);
+                      StoreItsSurvey(services, kept);
   if (!stored) {
     services.recovery.Leave();
     return false;

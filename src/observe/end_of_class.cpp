@@ -12,7 +12,7 @@
 namespace orvex {
 void LiveObservation::cmdQuit_Click() {
   if (run_.nothingEntered) {
-    services_.screens.EndProgram();
+    if (LeaveWithNotes()) services_.screens.EndProgram();
     return;
   }
   if (!run_.awaitsSurvey) {
@@ -94,8 +94,16 @@ void LiveObservation::EndWithLog() {
            [this](const std::filesystem::path&) { services_.log.File().Close(); });
 }
 
+/// Nothing of the class is to be stored but the notes, if there are any. False when the user gave
+/// up.
+bool LiveObservation::LeaveWithNotes() {
+  if (!FieldNotes().empty() && !StoreNotes(services_, FieldNotes())) return false;
+  ForgetKept(services_);
+  return true;
+}
+
 bool LiveObservation::RequestClose() {
-  if (run_.nothingEntered) return true;
+  if (run_.nothingEntered) return LeaveWithNotes();
   // Once the class is stored the window may go, but the survey goes to its file first.
   if (CanEndClass()) cmdQuit_Click();
   return false;

@@ -9,7 +9,7 @@
 #include "model/coding_scheme.h"
 #include "store/format_error.h"
 #include "store/kept_content.h"
-#include "store/numbers.h"
+#include "store/paths.h"
 #include "store/record.h"
 #include "store/text_encoding.h"
 #include "survey/survey_scheme.h"
@@ -145,6 +145,8 @@ void Visit(auto& archive, auto& running) requires requires {
   Visit(archive, running.survey);
   VisitPath(archive, "storedElsewhere", running.storedElsewhere);
   archive.Text("draftQuestion", running.draftQuestion);
+  EntryFields::Visit(archive, running.draftFields);
+  archive.Numbers("questionsBefore", running.questionsBefore);
 }
 
 // What was read is checked for all that the program takes for granted, and its texts are made the
@@ -171,7 +173,7 @@ bool AreGood(const Survey& survey) {
 }
 
 bool IsTimeOfDay(float seconds) {
-  constexpr float kFarthest = 1e7F;  // a start can lie days back
+  constexpr float kFarthest = 1e9F;  // a start can lie years back
   return seconds > -kFarthest && seconds < kFarthest;
 }
 
@@ -215,17 +217,6 @@ void MakeTextsOneLine(KeptClass& kept) {
   for (std::string* text : {&identity.Initials, &identity.NumStudents, &kept.program.StartTimeText,
                             &kept.running.coding.about, &kept.running.survey.other}) {
     MakeOneLine(*text);
-  }
-}
-
-/// Takes the numbers of the class from the name of its file, "5-12-3.recovery".
-void NameAfter(const std::filesystem::path& path, Identity& identity) {
-  const std::string stem = path.stem().string();
-  std::string_view name = stem;
-  for (std::string* number : {&identity.SchoolNum, &identity.ClassNum, &identity.ObservNum}) {
-    const std::string_view part = name.substr(0, name.find('-'));
-    *number = part;
-    name.remove_prefix(std::min(part.size() + 1, name.size()));
   }
 }
 
@@ -277,10 +268,7 @@ KeptClass ReadKeptClass(const std::filesystem::path& path) {
   const KeptContent content = ReadKept(path);
   KeptClass kept = ParseKept(content.content);
   kept.number = content.number;
-  Identity& identity = kept.program.identity;
-  const bool named = IdentityNumber(identity.SchoolNum) && IdentityNumber(identity.ClassNum) &&
-                     IdentityNumber(identity.ObservNum);
-  if (!named) NameAfter(path, identity);
+  if (!IsNamed(kept.program.identity)) NameAfter(path, kept.program.identity);
   return kept;
 }
 

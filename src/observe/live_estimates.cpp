@@ -37,6 +37,14 @@ void LiveObservation::StartSchedule() {
   }
 }
 
+void LiveObservation::RestartSchedule(bool onlyIfBehind) {
+  const auto cadence = CadenceOf(run_.estimateKind);
+  if (!cadence || !run_.schedule.Running()) return;
+  const float seconds = SecondsSince(run_.segmentStart, Now());
+  if (onlyIfBehind && !run_.schedule.IsBehind(seconds, *cadence)) return;
+  run_.schedule.Restart(seconds, *cadence);
+}
+
 void LiveObservation::OfftaskTick() {
   run_.schedule.Tick(services_.clock, services_.prompter, run_.segmentStart,
                      run_.curActivity == std::to_string(kQuestionAnswer));

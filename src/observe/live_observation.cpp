@@ -46,6 +46,7 @@ LiveObservation::LiveObservation(const Services& services, RunningClass running)
     CurrentEpisode().segments.pop_back();
     StartSchedule();
   }
+  RestartSchedule(true);  // the estimates that fell due meanwhile can no longer be made
   FocusCurActivity();
   EnterDescription();
 }
@@ -58,7 +59,7 @@ void LiveObservation::ShowForms() {
 }
 
 void LiveObservation::Keep() {
-  if (!NothingEntered()) keeper_.Keep(services_, run_);
+  if (!NothingEntered() || !FieldNotes().empty()) keeper_.Keep(services_, run_);
 }
 
 float LiveObservation::Now() const {
@@ -325,6 +326,8 @@ void LiveObservation::Command1_Click() {
   const float moved = SecondsSince(run_.segmentStart, Now()) - static_cast<float>(*seconds);
   run_.episodeStart += moved;
   run_.segmentStart += moved;
+  // A segment that has become shorter has its estimates yet to come.
+  if (moved > 0) RestartSchedule(false);
   services_.log.LogAdjustTime(run_.curEpisode, run_.curSegment, moved);
 }
 

@@ -72,9 +72,13 @@ class LiveObservation {
   const std::string& FieldNotes() const { return run_.fieldNotes; }
   /// What the observer has filled in of the survey so far.
   Survey& SurveyAnswers() { return run_.survey; }
-  /// The text of the question that is being entered.
+  /// The question that is being entered: its text and its codes.
   std::string& DraftQuestion() { return run_.draftQuestion; }
   const std::string& DraftQuestion() const { return run_.draftQuestion; }
+  EntryFields& DraftFields() { return run_.draftFields; }
+  const EntryFields& DraftFields() const { return run_.draftFields; }
+  /// True when the running question/answer has brought questions already.
+  bool SegmentHasQuestions() const { return CurrentEpisode().nQAs() > run_.questionsBefore; }
   bool NothingEntered() const { return run_.nothingEntered; }
   bool ClassStored() const { return services_.program.QuitRequested; }
   /// The observer can fill the survey in, and leave.
@@ -171,6 +175,7 @@ class LiveObservation {
   bool SetActivity(int activity);
   void ApplyActivity(int activity);
   void StartSchedule();
+  void RestartSchedule(bool onlyIfBehind);
   void AskEstimate();
   void RecordEstimate(const OfftaskPrompt& estimate, const std::string& studentsBefore);
   bool EndClass();
@@ -178,6 +183,7 @@ class LiveObservation {
   bool SaveClass();
   void EndWithLog();
   void LeaveWithSurvey();
+  bool LeaveWithNotes();
   float Now() const;
 
   Services services_;

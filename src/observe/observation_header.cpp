@@ -21,7 +21,10 @@ ObservationHeader::ObservationHeader(const Services& services)
     : services_(services),
       identity_(services.program.identity),
       logged_(identity_),
-      lastStudents_(identity_.NumStudents) {}
+      lastStudents_(identity_.NumStudents) {
+  // A class that is taken up again may have been in the middle of a correction.
+  if (services.log.File().IsOpen()) NameAfter(services.log.File().Path(), logged_);
+}
 
 const std::string& ObservationHeader::Text(HeaderBox box) const {
   return HeaderText(identity_, box);

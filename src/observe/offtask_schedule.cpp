@@ -25,6 +25,16 @@ void OfftaskSchedule::Start(float seconds, float cadence) {
   nextEstimateIndex_ = passed + (cadence == kUsualCadence ? 1.0F : 0.6F);
 }
 
+void OfftaskSchedule::Restart(float seconds, float cadence) {
+  const std::int32_t pending = pending_;
+  Start(seconds, cadence);
+  pending_ = pending;
+}
+
+bool OfftaskSchedule::IsBehind(float seconds, float cadence) const {
+  return running_ && cadence * nextEstimateIndex_ * kMinute <= seconds;
+}
+
 void OfftaskSchedule::Tick(const Clock& clock, Prompter& prompter, float segmentStart,
                            bool questionAnswer) {
   if (!running_) return;

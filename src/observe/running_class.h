@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "model/prompter.h"
+#include "observe/entry_fields.h"
 #include "observe/offtask_schedule.h"
 #include "observe/segment_coding.h"
 #include "survey/survey.h"
@@ -51,8 +52,11 @@ struct RunningClass {
   bool awaitsSurvey = false;
   /// No key has been typed in a description: there is nothing to store yet.
   bool nothingEntered = true;
-  /// The text of the question that is being entered.
+  /// The question that is being entered: its text and its codes.
   std::string draftQuestion;
+  EntryFields draftFields;
+  /// How many questions the episode had when the running question/answer began.
+  int questionsBefore = 0;
 
   /// The number of the activity; 0 while none is chosen.
   int Activity() const;

@@ -27,6 +27,13 @@ bool HoldsOther(const fs::path& path, const std::string& bytes) {
   }
 }
 
+/// Throws FileChanged for a file with another content that the user has not been asked about.
+void AskOnce(OlderFile& older, const fs::path& path, const std::string& bytes) {
+  if (older == OlderFile::isReplaced || !HoldsOther(path, bytes)) return;
+  older = OlderFile::isReplaced;
+  throw FileChanged(path.string());
+}
+
 }  // namespace
 
 bool StoreClass(const Services& services, const std::string& failure, EpsHeader& header,
@@ -61,18 +68,38 @@ bool StoreClass(const Services& services, const std::string& failure, EpsHeader&
 }
 
 bool StoreSurvey(const Services& services, Identity& identity, const Survey& answers,
-                 const fs::path& elsewhere) {
+                 const fs::path& elsewhere, OlderFile older) {
   const fs::path& dataPath = services.program.DataPath;
   Storage& storage = services.storage;
   const fs::path usual = SurPathToLookFor(dataPath, identity);
   return !SaveFile(services.prompter,
                    {.failure = "The survey could not be written.",
                     .path = elsewhere.empty() ? usual : Beside(elsewhere, ".sur"),
-                    .filter = kSurFilter},
+                    .filter = kSurFilter,
+                    .changed = usual.filename().string() + " already exists."},
                    [&](const fs::path& path) {
-                     const fs::path sur =
-                         path == usual ? SurPath(storage, dataPath, identity) : path;
-                     WriteSurFile(storage, sur, {.identity = identity, .answers = answers});
+                     const bool isUsual = path == usual;
+                     const fs::path sur = isUsual ? SurPath(storage, dataPath, identity) : path;
+                     const SurFile file = {.identity = identity, .answers = answers};
+                     if (isUsual) AskOnce(older, sur, FormatSur(file));
+                     WriteSurFile(storage, sur, file);
+                   })
+              .empty();
+}
+
+bool StoreNotes(const Services& services, const std::string& notes) {
+  Program& program = services.program;
+  Storage& storage = services.storage;
+  const fs::path usual = NtePathToLookFor(program.DataPath, program.identity);
+  return !SaveFile(services.prompter,
+                   {.failure = "The field notes could not be saved.",
+                    .path = usual,
+                    .filter = kNteFilter},
+                   [&](const fs::path& path) {
+                     const fs::path nte = path == usual
+                                              ? NtePath(storage, program.DataPath, program.identity)
+                                              : path;
+                     WriteFieldNotes(storage, nte, {.text = notes});
                    })
               .empty();
 }

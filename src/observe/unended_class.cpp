@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "model/clock.h"
@@ -60,14 +61,22 @@ std::int64_t Gap(const Services& services, const KeptClass& kept) {
 }
 
 Answer Ask(const Services& services, const KeptClass& kept) {
+  const bool stored = kept.program.QuitRequested;
   constexpr std::int64_t kStillThatLesson = 2 * 60 * 60;
   return services.prompter.Ask(
       {.text = Description(kept),
        .buttons = Buttons::yesNoCancel,
        .defaultAnswer = Gap(services, kept) < kStillThatLesson ? Answer::yes : Answer::cancel,
-       .captions = {{Answer::yes, "&Go on observing"},
-                    {Answer::no, "&Close it as it stands"},
+       .captions = {{Answer::yes, stored ? "&Fill in the survey" : "&Go on observing"},
+                    {Answer::no, stored ? "&Close it without" : "&Close it as it stands"},
                     {Answer::cancel, "&Leave it for later"}}});
+}
+
+/// True when the log has the numbers of the header already and the recovery file has not.
+bool WasJustRenamed(const Services& services, const KeptClass& kept, const fs::path& path) {
+  std::error_code unknown;
+  return !fs::exists(fs::path(path).replace_extension(".bak"), unknown) &&
+         fs::exists(BakPath(services.program.DataPath, kept.program.identity), unknown);
 }
 
 /// Opens what a running class needs. Throws FileError; the class is then kept as it was.
@@ -75,7 +84,12 @@ void ReopenFiles(const Services& services, const KeptClass& kept, const fs::path
   services.recovery.GoOn(path, kept.number);
   if (kept.program.QuitRequested) return;  // its log is complete
   try {
-    services.log.File().GoOn(fs::path(path).replace_extension(".bak"));
+    fs::path place = path;
+    if (WasJustRenamed(services, kept, path)) {
+      place = RecoveryPath(services.program.DataPath, kept.program.identity);
+    }
+    services.recovery.MoveTo(place);
+    services.log.File().GoOn(place.replace_extension(".bak"));
   } catch (const FileError&) {
     services.recovery.Leave();
     throw;

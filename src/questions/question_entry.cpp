@@ -43,7 +43,13 @@ QuestionEntry::QuestionEntry(const Services& services, LiveObservation& live,
       liveClocks_(liveClocks),
       tick_(services.prompter, "timer4"),
       offtask_(live) {
-  if (SegmentHasQuestions()) {
+  // Within a segment it comes up when the class has been taken up again.
+  if (Coding()) {
+    EnableForCoding();
+    MoveTo(Control::txtQuestion);
+    return;
+  }
+  if (live_.SegmentHasQuestions()) {
     AwaitQuestion();
     return;
   }
@@ -54,21 +60,22 @@ QuestionEntry::QuestionEntry(const Services& services, LiveObservation& live,
   }
 }
 
-/// True when it comes up within a segment: the class has been taken up again.
-bool QuestionEntry::SegmentHasQuestions() const {
-  if (live_.CurQuestions().empty()) return false;
-  const questionInfo& last = live_.CurQuestions().back();
-  return last.iEpQ == live_.CurEpisode() && last.iSgQ == live_.CurSegment();
-}
-
 // What the form shows.
 
 const std::string& QuestionEntry::Question() const {
   return live_.DraftQuestion();
 }
 
+const EntryFields& QuestionEntry::Fields() const {
+  return live_.DraftFields();
+}
+
+EntryFields& QuestionEntry::Draft() {
+  return live_.DraftFields();
+}
+
 bool QuestionEntry::Coding() const {
-  return fields_.Visible(Dimension::source);
+  return Fields().Visible(Dimension::source);
 }
 
 std::string QuestionEntry::FrameCaption() const {
@@ -133,7 +140,7 @@ void QuestionEntry::TypeQuestion(std::string_view text) {
 }
 
 void QuestionEntry::TypeField(Dimension field, std::string_view text) {
-  fields_.Type(field, text);
+  Draft().Type(field, text);
   if (field <= Dimension::response) focus_.Set(BoxOf(field), Caret::selectAll);
 }
 
@@ -148,24 +155,28 @@ void QuestionEntry::EnterOrDown(Control box) {
     StartCoding();
   } else if (!field) {
     return;
-  } else if (fields_.Leave(*field)) {
+  } else if (Draft().Leave(*field)) {
     SaveQuestion();
     return;
   }
-  if (const auto next = fields_.NextVisible(field)) MoveTo(BoxOf(*next));
+  if (const auto next = Fields().NextVisible(field)) MoveTo(BoxOf(*next));
 }
 
 void QuestionEntry::Up(Control box) {
   const auto field = FieldOf(box);
   if (!field || !Coding()) return;
-  const auto previous = fields_.PreviousVisible(*field);
+  const auto previous = Fields().PreviousVisible(*field);
   MoveTo(previous ? BoxOf(*previous) : Control::txtQuestion);
 }
 
 void QuestionEntry::StartCoding() {
   const bool wasCoding = Coding();
-  if (!wasCoding) fields_.ShowFirstFields();
+  if (!wasCoding) Draft().ShowFirstFields();
   EnableCommands(wasCoding);
+  EnableForCoding();
+}
+
+void QuestionEntry::EnableForCoding() {
   Enable(Command::Command3);
   Enable(Command::Command4);
   Enable(Command::Command5);
@@ -174,7 +185,7 @@ void QuestionEntry::StartCoding() {
 
 void QuestionEntry::SaveQuestion() {
   if (asksReview_) return;
-  const auto text = [this](Dimension field) -> const std::string& { return fields_.Text(field); };
+  const auto text = [this](Dimension field) -> const std::string& { return Fields().Text(field); };
   questionInfo question;
   question.SetValue(
       Question(), text(Dimension::source), text(Dimension::response), text(Dimension::authenticity),
@@ -196,7 +207,7 @@ bool QuestionEntry::StoreQuestion(const questionInfo& question) {
 
 void QuestionEntry::StartOver() {
   live_.DraftQuestion().clear();
-  fields_.HideCodeFields();
+  Draft().HideCodeFields();
   offeredActivity_ = 0;
   if (live_.CurQuestions().empty()) {
     AwaitFirstQuestion();
@@ -287,7 +298,7 @@ void QuestionEntry::OpenSurvey() {
 }
 
 void QuestionEntry::FillNormal() {
-  fields_.FillNormalCodes();
+  Draft().FillNormalCodes();
   MoveTo(Control::Text6);
 }
 
@@ -348,7 +359,7 @@ void QuestionEntry::AskReview() {
     MoveTo(Control::txtQuestion);
     return;
   }
-  fields_.HideCodeFields();
+  Draft().HideCodeFields();
   EnableCommands(false);
   asksReview_ = true;
   Activate();
@@ -368,7 +379,7 @@ void QuestionEntry::Scrap() {
     StartOver();
     return;
   }
-  fields_.HideCodeFields();
+  Draft().HideCodeFields();
   AwaitFirstQuestion();
 }
 

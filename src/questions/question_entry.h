@@ -7,10 +7,10 @@
 #include <string_view>
 
 #include "model/question_info.h"
+#include "observe/entry_fields.h"
 #include "observe/focus.h"
 #include "observe/offtask_indicator.h"
 #include "observe/tick.h"
-#include "questions/entry_fields.h"
 #include "store/services.h"
 
 namespace orvex {
@@ -56,7 +56,7 @@ class QuestionEntry {
 
   // What the form shows.
   const std::string& Question() const;
-  const EntryFields& Fields() const { return fields_; }
+  const EntryFields& Fields() const;
   /// "Question #3:", the number that the next question gets.
   std::string FrameCaption() const;
   std::string_view Caption3() const;
@@ -102,7 +102,8 @@ class QuestionEntry {
   bool HasRoom(Command command) const;
   void Enable(Command command, bool enabled = true);
   void EnableCommands(bool enabled);
-  bool SegmentHasQuestions() const;
+  EntryFields& Draft();
+  void EnableForCoding();
   void AwaitQuestion();
   void AwaitFirstQuestion();
   void MoveTo(Control box);
@@ -130,7 +131,6 @@ class QuestionEntry {
   const SessionClocks& liveClocks_;
   GuardedTick tick_;
 
-  EntryFields fields_;
   std::array<bool, kCommands> enabled_{};
   int offeredActivity_ = 0;  ///< the activity that Command5 returns to; 0 for none
   bool asksReview_ = false;

@@ -42,6 +42,8 @@ Claim::Claim(fs::path path) : path_(std::move(path)) {
   do {
     GiveUp();
     descriptor_ = Uninterrupted([&] { return ::open(lock.c_str(), kFlags, 0666); });
+    // Where nobody can write, nobody can change what is kept either.
+    if (descriptor_ < 0 && (errno == EROFS || errno == EACCES)) return;
     if (descriptor_ < 0) throw FileError(lock, errno);
     if (!TryLock(descriptor_)) {
       ::close(std::exchange(descriptor_, -1));

@@ -9,7 +9,7 @@ namespace orvex {
 class Claim {
  public:
   /// Throws FileError when another program, or another claim, has the path. On a file system that
-  /// knows no locks every claim is granted.
+  /// knows no locks, and where nothing can be written, every claim is granted.
   explicit Claim(std::filesystem::path path);
   ~Claim() { GiveUp(); }
   Claim(Claim&& other) noexcept;

@@ -1,6 +1,8 @@
 #include "store/paths.h"
 
+#include <algorithm>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
 
 #include "store/durable_file.h"
@@ -37,6 +39,21 @@ void MakeFolders(Storage& storage, const fs::path& dataPath, const char* kind,
 }
 
 }  // namespace
+
+bool IsNamed(const Identity& identity) {
+  return IdentityNumber(identity.SchoolNum) && IdentityNumber(identity.ClassNum) &&
+         IdentityNumber(identity.ObservNum);
+}
+
+void NameAfter(const fs::path& path, Identity& identity) {
+  const std::string stem = path.stem().string();
+  std::string_view name = stem;
+  for (std::string* number : {&identity.SchoolNum, &identity.ClassNum, &identity.ObservNum}) {
+    const std::string_view part = name.substr(0, name.find('-'));
+    *number = part;
+    name.remove_prefix(std::min(part.size() + 1, name.size()));
+  }
+}
 
 void NormaliseIdentity(Identity& identity) {
   std::string school = Normalised(identity.SchoolNum, "school");
@@ -93,6 +110,10 @@ fs::path BakFolder(const fs::path& dataPath) {
 
 fs::path EpsPathToLookFor(const fs::path& dataPath, const Identity& identity) {
   return FilePath(dataPath, "EPS", identity, ".eps");
+}
+
+fs::path NtePathToLookFor(const fs::path& dataPath, const Identity& identity) {
+  return FilePath(dataPath, "NTE", identity, ".nte");
 }
 
 fs::path SurPathToLookFor(const fs::path& dataPath, const Identity& identity) {

@@ -9,6 +9,11 @@ namespace orvex {
 
 class Storage;
 
+/// True when school, class and observation are numbers that can name files.
+bool IsNamed(const Identity& identity);
+/// Takes the three from the name of a file of the observation, "5-12-3.bak".
+void NameAfter(const std::filesystem::path& path, Identity& identity);
+
 /// Replaces school, class and observation by the decimal texts of their values ("007" becomes "7").
 /// Throws std::invalid_argument, which names the number, when one of them is not a number from 0 to
 /// 32767; none is changed then.
@@ -40,6 +45,8 @@ std::filesystem::path BakFolder(const std::filesystem::path& dataPath);
 
 /// Where the files of `identity` would be, as it stands; nothing is created.
 std::filesystem::path EpsPathToLookFor(const std::filesystem::path& dataPath,
+                                       const Identity& identity);
+std::filesystem::path NtePathToLookFor(const std::filesystem::path& dataPath,
                                        const Identity& identity);
 std::filesystem::path SurPathToLookFor(const std::filesystem::path& dataPath,
                                        const Identity& identity);

@@ -2,9 +2,11 @@
 
 #include <fcntl.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <condition_variable>
 #include <cstdint>
+#include <iterator>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -73,20 +75,29 @@ class RecoveryFile::Workers {
     return error_;
   }
 
+  /// What was kept last is written to its new place at once: nobody may hand over another soon.
   void MoveTo(Claim claim) {
-    const std::lock_guard lock(mutex_);
-    left_.push_back(std::exchange(claim_, std::move(claim)));
+    {
+      const std::lock_guard lock(mutex_);
+      left_.push_back({std::exchange(claim_, std::move(claim)), number_});
+      WriteAgain();
+    }
+    changed_.notify_all();
   }
 
   /// Back to a path that has been left, but not yet given up. False when `path` is none.
   bool MoveBack(const fs::path& path) {
-    const std::lock_guard lock(mutex_);
-    for (Claim& claim : left_) {
-      if (claim.Path() != path) continue;
-      std::swap(claim, claim_);
-      return true;
+    {
+      const std::lock_guard lock(mutex_);
+      const auto found =
+          std::ranges::find_if(left_, [&](const Left& left) { return left.claim.Path() == path; });
+      if (found == left_.end()) return false;
+      std::swap(found->claim, claim_);
+      found->number = number_;
+      WriteAgain();
     }
-    return false;
+    changed_.notify_all();
+    return true;
   }
 
   /// Nothing is left to do for the writer; and nothing for both.
@@ -99,7 +110,7 @@ class RecoveryFile::Workers {
 
   /// Removes what is kept. Nothing is under way any more. Returns the first `errno`, or 0.
   int Remove() {
-    left_.push_back(std::move(claim_));
+    left_.push_back({std::move(claim_), number_});
     return RemoveAll(left_);
   }
 
@@ -108,7 +119,13 @@ class RecoveryFile::Workers {
   struct Parcel {
     fs::path temporary;
     fs::path target;
+    std::uint64_t number = 0;
     int descriptor = -1;
+  };
+  /// A path that the class has left after the content `number`. A later one replaces what is there.
+  struct Left {
+    Claim claim;
+    std::uint64_t number = 0;
   };
   using Lock = std::unique_lock<std::mutex>;
 
@@ -127,9 +144,9 @@ class RecoveryFile::Workers {
 
   void Write(Lock& lock) {
     last_ = *std::exchange(waiting_, std::nullopt);
-    Parcel made = {.temporary = claim_.Path(), .target = claim_.Path()};
-    made.temporary += "." + std::to_string(++number_);
-    const std::string bytes = Sealed(last_, number_);
+    Parcel made = {.temporary = claim_.Path(), .target = claim_.Path(), .number = ++number_};
+    made.temporary += "." + std::to_string(made.number);
+    const std::string bytes = Sealed(last_, made.number);
     lock.unlock();
     constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC;
     const char* name = made.temporary.c_str();
@@ -150,20 +167,29 @@ class RecoveryFile::Workers {
 
   void Store(Lock& lock) {
     const Parcel parcel = *std::exchange(written_, std::nullopt);
-    std::vector<Claim> left = std::exchange(left_, {});
     lock.unlock();
     const int error = BringToItsPlace(parcel);
     storage_.Close(parcel.descriptor);
     if (!stuck_.empty()) storage_.Unlink(stuck_.c_str());
     stuck_.clear();
-    if (error == 0) {
-      RemoveAll(left);
-    } else {
-      stuck_ = parcel.temporary;  // it may be the newest there is: it stays until the next one
-    }
     lock.lock();
-    if (error != 0) error_ = error;
-    for (Claim& claim : left) left_.push_back(std::move(claim));
+    if (error != 0) {
+      error_ = error;
+      stuck_ = parcel.temporary;  // it may be the newest there is: it stays until the next one
+      return;
+    }
+    const auto later = std::ranges::partition(
+        left_, [&](const Left& left) { return left.number >= parcel.number; });
+    std::vector<Left> replaced(std::make_move_iterator(later.begin()),
+                               std::make_move_iterator(later.end()));
+    left_.erase(later.begin(), later.end());
+    lock.unlock();
+    RemoveAll(replaced);
+    lock.lock();
+  }
+
+  void WriteAgain() {
+    if (!waiting_ && !last_.empty()) waiting_ = last_;
   }
 
   /// Returns the `errno` of what went wrong, or 0.
@@ -180,9 +206,9 @@ class RecoveryFile::Workers {
     storage_.Unlink(parcel.temporary.c_str());
   }
 
-  int RemoveAll(std::vector<Claim>& left) {
+  int RemoveAll(std::vector<Left>& left) {
     int error = 0;
-    for (const Claim& claim : left) {
+    for (const auto& [claim, number] : left) {
       for (const fs::path& file : FilesKeptAt(claim.Path())) {
         if (storage_.Unlink(file.c_str()) != 0 && errno != ENOENT && error == 0) error = errno;
       }
@@ -196,7 +222,7 @@ class RecoveryFile::Workers {
   mutable std::mutex mutex_;
   std::condition_variable changed_;
   Claim claim_;
-  std::vector<Claim> left_;  ///< paths whose content a newer one elsewhere replaces
+  std::vector<Left> left_;
   std::uint64_t number_;
   std::optional<std::string> waiting_;  ///< for the writer
   std::string last_;                    ///< what the writer took last
@@ -228,12 +254,17 @@ void RecoveryFile::Begin(const fs::path& path) {
 }
 
 void RecoveryFile::GoOn(const fs::path& path, std::uint64_t number) {
-  workers_ = std::make_unique<Workers>(storage_, Claim(path), number);
+  Claim claim(path);
+  if (!IsKeptAt(path) || ReadKept(path).number != number) {
+    throw FileError(path, "changed by another Orvex in the meantime");
+  }
+  workers_ = std::make_unique<Workers>(storage_, std::move(claim), number);
 }
 
 void RecoveryFile::MoveTo(const fs::path& path) {
   if (!workers_ || path == workers_->Path() || workers_->MoveBack(path)) return;
-  workers_->MoveTo(FreshClaim(path));
+  if (IsClaimed(path)) AwaitStored();  // perhaps by ourselves, while what was there is removed
+  if (!workers_->MoveBack(path)) workers_->MoveTo(FreshClaim(path));
 }
 
 void RecoveryFile::Keep(std::string content) {

@@ -26,10 +26,10 @@ class RecoveryFile {
   /// Makes `path` this program's until it is removed or the program ends. Throws FileError when
   /// another program has it, or when something is kept there already.
   void Begin(const std::filesystem::path& path);
-  /// The same for a path where the content `number` is kept: it stays until a newer one takes its
-  /// place.
+  /// The same for a path where the content `number` is the newest: it stays until a newer one takes
+  /// its place. Throws FileError also when it is not.
   void GoOn(const std::filesystem::path& path, std::uint64_t number);
-  /// What is kept moves to `path` with the next content, under the conditions of `Begin`.
+  /// What is kept moves to `path`, under the conditions of `Begin`.
   void MoveTo(const std::filesystem::path& path);
 
   /// True while it has a path.

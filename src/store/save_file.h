@@ -27,8 +27,8 @@ struct FileToSave {
 std::filesystem::path SaveFile(Prompter& prompter, const FileToSave& file,
                                const std::function<void(const std::filesystem::path&)>& save);
 
-/// Thrown by `save` when there is a file that the user may not want to lose: to try again then means
-/// to replace it all the same. `what()` names the file.
+/// Thrown by `save` when there is a file that the user may not want to lose: to try again then
+/// means to replace it all the same. `what()` names the file.
 struct FileChanged : std::runtime_error {
   using std::runtime_error::runtime_error;
 };

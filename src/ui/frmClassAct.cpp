@@ -36,6 +36,7 @@ frmClassAct::frmClassAct(const Services& services, const RunningClass* takenUp)
   KeepPlaces();
   ShowAsWarning(ui_->lblLogTrouble);
   for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
+  if (takenUp) clocks_.Tick();
   Refresh();
 }
 

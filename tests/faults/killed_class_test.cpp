@@ -196,8 +196,10 @@ void ExpectNothingLost(const fs::path& folder, std::size_t steps, const Truth& t
   KeptClass newest;
   for (const fs::path& path : kept) {
     EXPECT_FALSE(IsClaimed(path));
-    KeptClass candidate = ReadKeptClass(path);
-    if (candidate.number > newest.number) newest = std::move(candidate);
+    const KeptContent content = ReadKept(path);
+    if (content.number <= newest.number) continue;
+    newest = ParseKept(content.content);
+    newest.number = content.number;
   }
   const std::string state = FormatRunning(newest.program, newest.running);
   const auto first = truth.states.begin() + static_cast<std::ptrdiff_t>(steps) - 1;

@@ -32,7 +32,7 @@ class PlayedClass {
     program_.StartTimeText = clock_.TimeText();
   }
 
-  static constexpr std::size_t kSteps = 25;
+  static constexpr std::size_t kSteps = 28;
   /// Plays step `i`, after all before it. What it changed is then in the system's hands.
   void Play(std::size_t i) {
     clock_.Advance(kPace);
@@ -110,8 +110,11 @@ class PlayedClass {
       [this] { live_->TypeAbout("Atticus before the jail"); },
       [this] { BeginQuestions(); },
       [this] { Ask("What does Scout see?", "T"); },
-      [this] { entry_->TypeQuestion("Why does she ke"); },
-      [this] { Ask("Why does she keep it to herself?", "T"); },
+      [this] { entry_->TypeQuestion("Why does she keep it to herself?"); },
+      [this] { entry_->EnterOrDown(QuestionEntry::Control::txtQuestion); },
+      [this] { entry_->TypeField(Dimension::source, "T"); },
+      [this] { entry_->TypeField(Dimension::cognitive, "H"); },
+      [this] { entry_->SaveQuestion(); },
       [this] { Ask("May I read it again?", "S"); },
       [this] { live_->Command1_Click(); },
       [this] { live_->cmdStartNewEp_Click(); },

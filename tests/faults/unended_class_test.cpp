@@ -9,7 +9,9 @@
 #include <vector>
 
 #include "faults/played_class.h"
+#include "observe/kept_class.h"
 #include "store/eps_file.h"
+#include "store/kept_content.h"
 #include "store/storage.h"
 #include "support/desk.h"
 
@@ -53,11 +55,11 @@ TEST(UnendedClass, TakenUpAtAnyStepEndsAsIfNothingHadHappened) {
 
 TEST(UnendedClass, IsOfferedWithWhatIsKnownOfItAndLeftAlone) {
   Desk desk;
-  PlayAndCrash(desk.folder.Path(), 12);
+  PlayAndCrash(desk.folder.Path(), 15);
   const std::string kept = FileBytes(desk.folder / "BAK/7/12/7-12-3.recovery");
   const std::string text =
       "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
-      "It was observed from 09:00:00 to 09:08:12: 1 episode, 3 questions.";
+      "It was observed from 09:00:00 to 09:10:15: 1 episode, 3 questions.";
   desk.clock.Set(9, 30, 0);
   desk.prompter.Expect(text, Answer::cancel);
   OfferUnendedClasses(desk.services);
@@ -94,11 +96,11 @@ TEST(UnendedClass, IsClosedAsItStandsAndReplacesNothingUnasked) {
   Desk desk;
   const auto eps = desk.folder / "EPS/7/12/7-12-3.eps";
   const auto kept = desk.folder / "BAK/7/12/7-12-3.recovery";
-  PlayAndCrash(desk.folder.Path(), 12);
+  PlayAndCrash(desk.folder.Path(), 15);
   PutFile(eps, "an older class");
   const std::string offer =
       "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
-      "It was observed from 09:00:00 to 09:08:12: 1 episode, 3 questions.";
+      "It was observed from 09:00:00 to 09:10:15: 1 episode, 3 questions.";
   desk.prompter.Expect(offer, Answer::no);
   desk.prompter.Expect("7-12-3.eps already exists.", Answer::cancel);
   OfferUnendedClasses(desk.services);
@@ -117,10 +119,65 @@ TEST(UnendedClass, IsClosedAsItStandsAndReplacesNothingUnasked) {
   const Episode episode = ReadEpsFile(eps, events).Episodes.at(0);
   ASSERT_EQ(episode.segments.size(), 3U);
   EXPECT_EQ(episode.segments.back().activityNum, kQuestionAnswer);
-  EXPECT_EQ(episode.segments.back().duration, 4 * 41);
+  EXPECT_EQ(episode.segments.back().duration, 7 * 41);
   EXPECT_EQ(FileBytes(desk.folder / "NTE/7/12/7-12-3.nte"), "They read in pairs.\r\n\r\n");
   EXPECT_TRUE(fs::exists(desk.folder / "SUR/7/12/7-12-3.sur"));
   EXPECT_TRUE(desk.program.Episodes.empty()) << "nothing is observed";
+}
+
+TEST(UnendedClass, OfferedByTwoProgramsGoesToOne) {
+  Desk desk;
+  PlayAndCrash(desk.folder.Path(), 6);
+  Storage storage;
+  const std::string offer =
+      "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
+      "It was observed from 09:00:00 to 09:04:06: 1 episode, 0 questions.";
+  // While the question is open here, another program takes the class up, goes on, and crashes.
+  desk.prompter.Expect(offer, Answer::yes, [&] {
+    PlayedClass other(storage, desk.folder.Path());
+    ASSERT_TRUE(other.TakeUpAt(6));
+    other.Play(6);
+  });
+  desk.prompter.Expect("The class could not be taken up again.", Answer::ok);
+  OfferUnendedClasses(desk.services);
+  EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{});
+  EXPECT_NE(FileBytes(desk.folder / "BAK/7/12/7-12-3.recovery").find("Atticus"), std::string::npos);
+}
+
+TEST(UnendedClass, ThatWasJustRenamedKeepsItsLog) {
+  Desk desk;
+  PlayAndCrash(desk.folder.Path(), 24);
+  const auto bak = desk.folder / "BAK/7/12";
+  // The log has its new name already; the recovery file still had the old one.
+  fs::rename(bak / "7-12-4.recovery", bak / "7-12-3.recovery");
+  const std::string log = FileBytes(bak / "7-12-4.bak");
+  {
+    Storage storage;
+    PlayedClass played(storage, desk.folder.Path());
+    ASSERT_TRUE(played.TakeUpAt(24));
+    played.Play(24);
+  }
+  EXPECT_TRUE(FileBytes(bak / "7-12-4.bak").starts_with(log));
+  EXPECT_FALSE(fs::exists(bak / "7-12-3.bak"));
+  EXPECT_EQ(KeptPaths(desk.folder / "BAK"), std::vector{bak / "7-12-4.recovery"});
+}
+
+TEST(UnendedClass, KeepsNotesThatWereTakenBeforeAnythingElse) {
+  Desk desk;
+  desk.OpenLog();
+  desk.recovery.Begin(desk.folder / "BAK/7/12/7-12-3.recovery");
+  LiveObservation live(desk.services);
+  live.Keep();
+  desk.prompter.ExpectNotes("The room is cold.");
+  live.cmdFieldNote_Click();
+  live.Keep();
+  desk.recovery.AwaitStored();
+  EXPECT_EQ(ReadKeptClass(desk.folder / "BAK/7/12/7-12-3.recovery").running.fieldNotes,
+            "The room is cold.");
+  live.cmdQuit_Click();
+  EXPECT_EQ(FileBytes(desk.folder / "NTE/7/12/7-12-3.nte"), "The room is cold.\r\n");
+  EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{"end"});
+  EXPECT_EQ(KeptPaths(desk.folder / "BAK"), std::vector<fs::path>{});
 }
 
 TEST(UnendedClass, ThatStillRunsIsNobodyElses) {

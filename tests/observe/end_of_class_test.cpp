@@ -8,6 +8,7 @@
 #include "observe/close_kept_class.h"
 #include "observe/kept_class.h"
 #include "observe/live_observation.h"
+#include "store/kept_content.h"
 #include "support/desk.h"
 #include "support/save_faults.h"
 
@@ -235,9 +236,10 @@ struct KeptScene : test::SaveScene {
     kept.running.segmentStart = 32400;
     kept.moment.secondsSinceMidnight = 33000;
     kept.number = 1;
-    test::PutFile(file, "kept");
+    test::PutFile(
+        file, Sealed(FormatMoment(kept.moment) + FormatRunning(kept.program, kept.running), 1));
   }
-  void Save() override { CloseKeptClass(services, kept, file); }
+  void Save() override { CloseKeptClass(services, ReadKeptClass(file), file); }
   const std::filesystem::path file = desk.folder / "BAK/7/12/7-12-3.recovery";
   KeptClass kept;
 };

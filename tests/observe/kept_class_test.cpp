@@ -58,6 +58,9 @@ KeptClass EveryField() {
   running.nothingEntered = false;
   running.storedElsewhere = "/media/stick/a \\ b.eps";
   running.draftQuestion = "Wha";
+  running.draftFields.ShowFirstFields();
+  running.draftFields.Type(Dimension::source, "S");
+  running.questionsBefore = 3;
   return kept;
 }
 
@@ -78,6 +81,7 @@ TEST(KeptClass, ComesBackInEveryField) {
   EXPECT_EQ(back.running.storedElsewhere, kept.running.storedElsewhere);
   EXPECT_EQ(back.running.segmentStart, kept.running.segmentStart);
   EXPECT_EQ(back.moment.unixSeconds, kept.moment.unixSeconds);
+  EXPECT_EQ(back.running.draftFields.Text(Dimension::source), "S");
   EXPECT_EQ(back.Questions(), 4U);
   EXPECT_FALSE(back.SegmentEnded());
 
@@ -85,8 +89,9 @@ TEST(KeptClass, ComesBackInEveryField) {
   const std::string content = Content(kept);
   const std::string empty = Content(KeptClass{});
   std::size_t differing = 0;
-  for (const std::string line : {"date=", "time=", "clock=", "QuitRequested=", "running=", "state=",
-                                 "schedule=", "panels=", "coding=", "draftQuestion=", "other="}) {
+  for (const std::string line :
+       {"date=", "time=", "clock=", "QuitRequested=", "running=", "state=", "schedule=", "panels=",
+        "coding=", "draftQuestion=", "other=", "visible=", "questionsBefore="}) {
     const auto of = [&line](const std::string& text) {
       const std::size_t at = text.find("\n" + line);
       return text.substr(at, text.find('\r', at) - at);
@@ -94,7 +99,7 @@ TEST(KeptClass, ComesBackInEveryField) {
     EXPECT_NE(of(content), of(empty)) << line;
     ++differing;
   }
-  EXPECT_EQ(differing, 11U);
+  EXPECT_EQ(differing, 13U);
 }
 
 TEST(KeptClass, IsRefusedWhereItBreaksOrCannotHaveRunSo) {

@@ -38,6 +38,8 @@ struct EntryTest : testing::Test, Desk {
     }
     live.ChooseActivity(kQuestionAnswer);
     screens.Take();
+    live.DraftQuestion().clear();
+    live.DraftFields() = {};
     entry.emplace(services, live, clocks);
     focus = Control::txtQuestion;
     selected = false;

@@ -60,6 +60,7 @@ TEST_F(RecoveryFileTest, KeepsTheNewestContentUntilItIsRemoved) {
   EXPECT_THROW(next.Begin(path_), FileError) << "what is kept is nobody's to overwrite";
   const KeptContent kept = ReadKept(path_);
   EXPECT_EQ(kept.content, "the last");
+  EXPECT_THROW(next.GoOn(path_, kept.number - 1), FileError) << "it is another content by now";
   next.GoOn(path_, kept.number);
   next.Keep("newer");
   next.AwaitStored();
@@ -86,8 +87,21 @@ TEST_F(RecoveryFileTest, MovesWithTheClass) {
   file.Begin(path_);
   file.Keep("before");
   file.AwaitStored();
+  // It goes when the new one is on the disk, whatever is under way, and there and back again.
+  disk_.HoldSyncs(true);
+  file.Keep("under way");
+  file.AwaitWritten();
+  file.Keep("newest");
+  file.AwaitWritten();
   file.MoveTo(moved);
-  EXPECT_EQ(ReadKept(path_).content, "before") << "it goes when the new one is on the disk";
+  file.AwaitWritten();
+  EXPECT_EQ(ReadKept(moved).content, "newest") << "without another content";
+  file.MoveTo(path_);
+  file.MoveTo(moved);
+  disk_.HoldSyncs(false);
+  file.AwaitStored();
+  EXPECT_EQ(ReadKept(moved).content, "newest");
+  EXPECT_FALSE(IsKeptAt(path_));
   file.MoveTo(path_);
   file.MoveTo(moved);
   file.Keep("after");

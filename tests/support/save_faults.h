@@ -105,6 +105,8 @@ inline bool Holds(const Files& files, const std::string& name, const std::string
 /// Each file is the old one or the new one, whole, and there is nothing else.
 inline void ExpectNothingInBetween(const Files& found, const GoodSave& good) {
   for (const auto& [name, bytes] : found) {
+    // How far a class has been closed is kept, too; its last word is looked at in the end.
+    if (name.find(".recovery") != name.npos) continue;
     EXPECT_TRUE(Holds(good.before, name, bytes) || Holds(good.after, name, bytes))
         << name << " is neither the old file nor the new one";
   }

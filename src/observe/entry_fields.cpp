@@ -1,4 +1,4 @@
-#include "questions/entry_fields.h"
+#include "observe/entry_fields.h"
 
 #include "store/text_encoding.h"
 

@@ -37,6 +37,16 @@ class EntryFields {
   void ShowFirstFields();
   void FillNormalCodes();
 
+  /// Hands the whole state of `fields` to `archive`, which may read or change it.
+  template <typename Archive, typename Fields>
+  static void Visit(Archive& archive, Fields& fields) {
+    for (auto& field : fields.fields_) {
+      archive.Text("text", field.text);
+      archive.Numbers("visible", field.visible);
+    }
+    archive.Numbers("layout", fields.headingVisible_, fields.studentAsks_);
+  }
+
  private:
   struct Field {
     std::string text;
