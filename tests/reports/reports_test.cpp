@@ -31,23 +31,6 @@ Episode Asked(std::string_view sources) {
   return episode;
 }
 
-TEST(QuestionStatistics, DrawNonresponsesOverTheTeachersQuestions) {
-  Episode episode = Asked("TTTT");
-  episode.questions[2].Response = CodeOf(Dimension::response, "N");
-  const auto statistics = MakeQuestionStatistics(kIdentity, 2, episode);
-  const auto& bar = statistics.Row(StatisticsLine::nonresponse).bar;
-  ASSERT_EQ(bar.size(), 2U);
-  EXPECT_EQ(bar[0].width, kBarLength / 4);
-  EXPECT_EQ(bar[0].caption + " " + bar[1].caption, "1 3");
-  EXPECT_EQ(bar[1].coding, Coding::no);
-  EXPECT_EQ(statistics.Row(StatisticsLine::authenticStudent).FilledLength(), 0);
-  EXPECT_EQ(statistics.Row(StatisticsLine::teacherResponse).FilledLength(), 0);
-
-  const auto students = MakeQuestionStatistics(kIdentity, 2, Asked("SS"));
-  EXPECT_EQ(students.Row(StatisticsLine::nonresponse).bar[1].coding, Coding::none);
-  EXPECT_EQ(students.Row(StatisticsLine::nonresponse).bar[1].caption, "");
-}
-
 TEST(QuestionStatistics, PasteAsFieldsAndSayWhatIsMissing) {
   Episode episode = Asked("TTTTTTTTTSSS");
   episode.offtask = 0.125F;
