@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <random>
 #include <sstream>
@@ -61,209 +60,78 @@ std::string SpellingOf(const EpisodeList& episodes) {
   return spelling;
 }
 
+/// Does what a case says: "MoveSegments 1 1,3 3" is MoveSegments(episodes, 1, {1, 3}, 3).
+std::optional<Place> Edited(EpisodeList& e, const std::string& edit) {
+  std::istringstream words(edit);
+  std::string name;
+  words >> name;
+  std::vector<Positions> lists;
+  for (std::string word; words >> word;) {
+    std::istringstream numbers(word == "-" ? "" : word);
+    lists.emplace_back();
+    for (std::string number; std::getline(numbers, number, ',');) {
+      lists.back().push_back(std::stoi(number));
+    }
+  }
+  const auto number = [&lists](std::size_t i) { return lists.at(i).at(0); };
+  const auto place = [&lists](std::size_t i) {
+    return Place{lists.at(i).at(0), lists.at(i).at(1)};
+  };
+  if (name == "MoveSegments") return MoveSegments(e, number(0), lists.at(1), number(2));
+  if (name == "ReorderSegments") return ReorderSegments(e, number(0), lists.at(1), number(2));
+  if (name == "InsertSegments") return InsertSegments(e, number(0), lists.at(1), place(2));
+  if (name == "SplitSegment") return SplitSegment(e, place(0), number(1));
+  if (name == "MergeSegments") return MergeSegments(e, number(0), lists.at(1));
+  if (name == "SplitEpisode") return SplitEpisode(e, number(0), lists.at(1), lists.at(2));
+  return MergeEpisodes(e, lists.at(0));
+}
+
 TEST(ObservationEdits, RestructureAsTheyShould) {
   struct Case {
-    const char* what;
     const char* before;
-    std::function<std::optional<Place>(EpisodeList&)> edit;
+    const char* edit;
     const char* after;  ///< the same pointer as `before` when nothing is to happen
     Place next;
   };
   const char* const kFive = "a b c d e|1 2 3 4 5";
   const char* const kThree = "a b c|1; d e|2; f g h|3";
   const Case cases[] = {
-      {"move to a later one: to its start",
-       kThree,
-       [](auto& e) {
-         return MoveSegments(e, 1, {1, 3}, 3);
-       },
-       "b|1; d e|2; a c f g h|3",
-       {1, 0}},
-      {"move to an earlier one: to its end",
-       kThree,
-       [](auto& e) {
-         return MoveSegments(e, 3, {2, 3}, 1);
-       },
-       "a b c g h|1; d e|2; f|3",
-       {3, 1}},
-      {"move all to a later one",
-       kThree,
-       [](auto& e) {
-         return MoveSegments(e, 1, {1, 2, 3}, 3);
-       },
-       "d e|2; a b c f g h|3 1",
-       {2, 0}},
-      {"move all to an earlier one",
-       kThree,
-       [](auto& e) {
-         return MoveSegments(e, 2, {1, 2}, 1);
-       },
-       "a b c d e|1 2; f g h|3",
-       {1, 0}},
-      {"move to itself", kThree, [](auto& e) { return MoveSegments(e, 2, {1}, 2); }, kThree, {}},
-      {"move none", kThree, [](auto& e) { return MoveSegments(e, 2, {}, 1); }, kThree, {}},
-      {"move one that is not there",
-       kThree,
-       [](auto& e) { return MoveSegments(e, 2, {3}, 1); },
-       kThree,
-       {}},
-      {"reorder down",
-       kFive,
-       [](auto& e) {
-         return ReorderSegments(e, 1, {1, 3}, 4);
-       },
-       "b d a c e|1 2 3 4 5",
-       {1, 3}},
-      {"reorder up",
-       kFive,
-       [](auto& e) {
-         return ReorderSegments(e, 1, {3, 5}, 2);
-       },
-       "a c e b d|1 2 3 4 5",
-       {1, 2}},
-      {"reorder into the range",
-       kFive,
-       [](auto& e) {
-         return ReorderSegments(e, 1, {1, 4}, 2);
-       },
-       kFive,
-       {}},
-      {"insert into a later one",
-       kThree,
-       [](auto& e) {
-         return InsertSegments(e, 1, {2, 3}, {3, 2});
-       },
-       "a|1; d e|2; f b c g h|3",
-       {3, 2}},
-      {"insert at its start",
-       kThree,
-       [](auto& e) {
-         return InsertSegments(e, 1, {2}, {3, 1});
-       },
-       "a c|1; d e|2; b f g h|3",
-       {3, 1}},
-      {"insert all into a later one",
-       kThree,
-       [](auto& e) {
-         return InsertSegments(e, 1, {1, 2, 3}, {2, 2});
-       },
-       "d a b c e|2 1; f g h|3",
-       {1, 2}},
-      {"insert into an earlier one",
-       kThree,
-       [](auto& e) {
-         return InsertSegments(e, 3, {1, 3}, {1, 3});
-       },
-       "a b f h c|1; d e|2; g|3",
-       {1, 3}},
-      {"insert further down",
-       kFive,
-       [](auto& e) {
-         return InsertSegments(e, 1, {1, 2}, {1, 5});
-       },
-       "c d a b e|1 2 3 4 5",
-       {1, 3}},
-      {"insert further up",
-       kFive,
-       [](auto& e) {
-         return InsertSegments(e, 1, {4, 5}, {1, 1});
-       },
-       "d e a b c|1 2 3 4 5",
-       {1, 1}},
-      {"insert what lies apart",
-       kFive,
-       [](auto& e) {
-         return InsertSegments(e, 1, {1, 3}, {1, 4});
-       },
-       "b a c d e|1 2 3 4 5",
-       {1, 2}},
-      {"insert at the end",
-       kFive,
-       [](auto& e) {
-         return InsertSegments(e, 1, {2, 4}, {1, 6});
-       },
-       "a c e b d|1 2 3 4 5",
-       {1, 4}},
-      {"insert where it stands",
-       kFive,
-       [](auto& e) {
-         return InsertSegments(e, 1, {2}, {1, 3});
-       },
-       kFive,
-       {}},
-      {"split 100 by 30",
-       "x a:100",
-       [](auto& e) {
-         return SplitSegment(e, {1, 2}, 30);
-       },
-       "x a:70 a:30",
-       {1, 3}},
-      {"split by 0",
-       "a:100",
-       [](auto& e) {
-         return SplitSegment(e, {1, 1}, 0);
-       },
-       "a:100 a:0",
-       {1, 2}},
-      {"split by all",
-       "a:100 b",
-       [](auto& e) {
-         return SplitSegment(e, {1, 1}, 100);
-       },
-       "a:0 a:100 b",
-       {1, 2}},
-      {"split by too much",
-       kFive,
-       [](auto& e) {
-         return SplitSegment(e, {1, 1}, 11);
-       },
-       kFive,
-       {}},
-      {"merge 2 and 4 of five",
-       "a b:20 c d:40 e",
-       [](auto& e) {
-         return MergeSegments(e, 1, {2, 4});
-       },
-       "a b:60 c e",
-       {1, 2}},
-      {"merge one", kFive, [](auto& e) { return MergeSegments(e, 1, {2}); }, kFive, {}},
-      {"split an episode",
-       kFive,
-       [](auto& e) {
-         return SplitEpisode(e, 1, {2, 5}, {5, 1});
-       },
-       "a c d|2 3 4; b e|1 5",
-       {1, 0}},
-      {"split without questions",
-       kThree,
-       [](auto& e) { return SplitEpisode(e, 2, {1}, {}); },
-       "a b c|1; e|2; d; f g h|3",
-       {2, 0}},
-      {"split off everything",
-       kThree,
-       [](auto& e) {
-         return SplitEpisode(e, 2, {1, 2}, {});
-       },
-       kThree,
-       {}},
-      {"split off nothing",
-       kThree,
-       [](auto& e) { return SplitEpisode(e, 2, {}, {1}); },
-       kThree,
-       {}},
-      {"merge episodes",
-       kThree,
-       [](auto& e) {
-         return MergeEpisodes(e, {1, 3});
-       },
-       "a b c f g h|1 3; d e|2",
-       {1, 0}},
-      {"merge one episode", kThree, [](auto& e) { return MergeEpisodes(e, {2}); }, kThree, {}},
+      {kThree, "MoveSegments 1 1,3 3", "b|1; d e|2; a c f g h|3", {1, 0}},
+      {kThree, "MoveSegments 3 2,3 1", "a b c g h|1; d e|2; f|3", {3, 1}},
+      {kThree, "MoveSegments 1 1,2,3 3", "d e|2; a b c f g h|3 1", {2, 0}},
+      {kThree, "MoveSegments 2 1,2 1", "a b c d e|1 2; f g h|3", {1, 0}},
+      {kThree, "MoveSegments 2 1 2", kThree, {}},
+      {kThree, "MoveSegments 2 - 1", kThree, {}},
+      {kThree, "MoveSegments 2 3 1", kThree, {}},
+      {kFive, "ReorderSegments 1 1,3 4", "b d a c e|1 2 3 4 5", {1, 3}},
+      {kFive, "ReorderSegments 1 3,5 2", "a c e b d|1 2 3 4 5", {1, 2}},
+      {kFive, "ReorderSegments 1 1,4 2", kFive, {}},
+      {kThree, "InsertSegments 1 2,3 3,2", "a|1; d e|2; f b c g h|3", {3, 2}},
+      {kThree, "InsertSegments 1 2 3,1", "a c|1; d e|2; b f g h|3", {3, 1}},
+      {kThree, "InsertSegments 1 1,2,3 2,2", "d a b c e|2 1; f g h|3", {1, 2}},
+      {kThree, "InsertSegments 3 1,3 1,3", "a b f h c|1; d e|2; g|3", {1, 3}},
+      {kFive, "InsertSegments 1 1,2 1,5", "c d a b e|1 2 3 4 5", {1, 3}},
+      {kFive, "InsertSegments 1 4,5 1,1", "d e a b c|1 2 3 4 5", {1, 1}},
+      {kFive, "InsertSegments 1 1,3 1,4", "b a c d e|1 2 3 4 5", {1, 2}},
+      {kFive, "InsertSegments 1 2,4 1,6", "a c e b d|1 2 3 4 5", {1, 4}},
+      {kFive, "InsertSegments 1 2 1,3", kFive, {}},
+      {"x a:100", "SplitSegment 1,2 30", "x a:70 a:30", {1, 3}},
+      {"a:100", "SplitSegment 1,1 0", "a:100 a:0", {1, 2}},
+      {"a:100 b", "SplitSegment 1,1 100", "a:0 a:100 b", {1, 2}},
+      {kFive, "SplitSegment 1,1 11", kFive, {}},
+      {"a b:20 c d:40 e", "MergeSegments 1 2,4", "a b:60 c e", {1, 2}},
+      {kFive, "MergeSegments 1 2", kFive, {}},
+      {kFive, "SplitEpisode 1 2,5 5,1", "a c d|2 3 4; b e|1 5", {1, 0}},
+      {kThree, "SplitEpisode 2 1 -", "a b c|1; e|2; d; f g h|3", {2, 0}},
+      {kThree, "SplitEpisode 2 1,2 -", kThree, {}},
+      {kThree, "SplitEpisode 2 - 1", kThree, {}},
+      {kThree, "MergeEpisodes 1,3", "a b c f g h|1 3; d e|2", {1, 0}},
+      {kThree, "MergeEpisodes 2", kThree, {}},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
+    SCOPED_TRACE(c.edit);
     EpisodeList episodes = Spelled(c.before);
-    const auto next = c.edit(episodes);
+    const auto next = Edited(episodes, c.edit);
     EXPECT_EQ(SpellingOf(episodes), c.after);
     EXPECT_EQ(next.has_value(), c.after != c.before);
     EXPECT_EQ(next.value_or(Place{}), c.next);

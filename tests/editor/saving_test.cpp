@@ -40,23 +40,6 @@ struct SavingTest : testing::Test {
   std::string Edited() const { return test::FileOf(desk.program.Episodes); }
 };
 
-TEST_F(SavingTest, TheMarkOfAChangeFollowsUndoRedoAndSaving) {
-  editor.TypeDescription("A");
-  EXPECT_TRUE(editor.Modified());
-  EXPECT_TRUE(editor.Save());
-  EXPECT_FALSE(editor.Modified());
-  EXPECT_EQ(FileBytes(desk.file), Edited());
-  editor.TypeDescription("AB");
-  EXPECT_TRUE(editor.Modified());
-  editor.Undo();
-  EXPECT_FALSE(editor.Modified());
-  editor.Undo();
-  EXPECT_TRUE(editor.Modified());
-  editor.TypeDescription("A");  // by another way
-  EXPECT_FALSE(editor.Modified());
-  EXPECT_TRUE(desk.prompter.asked.empty());
-}
-
 struct EditorScene : test::SaveScene {
   explicit EditorScene(bool older) {
     if (!older) std::filesystem::remove(file);
@@ -184,9 +167,18 @@ TEST(Opening, DoesWithBadFilesWhatTheirManifestSays) {
     EXPECT_EQ(opening.opened.has_value(), sample.accepted);
     EXPECT_EQ(desk.screens.Take(), sample.accepted ? Rows{} : Rows{"end"});
     if (!opening.opened) {
-      EXPECT_FALSE(desk.prompter.asked.back().details.empty());
+      const std::string& details = desk.prompter.asked.back().details;
+      EXPECT_FALSE(details.empty());
+      if (sample.file == "segments-40000.eps") {
+        EXPECT_NE(details.find("line 6: expected the number of segments from -32768 to 32767"),
+                  std::string::npos);
+      }
       continue;
     }
+    const std::string rewritten =
+        FormatEps(opening.opened->file.Header(), opening.opened->episodes);
+    EXPECT_EQ(rewritten, FileBytes(folder / "rewritten" / sample.file));
+    EXPECT_EQ(test::FileOf(test::ReadBack(rewritten)), test::FileOf(opening.opened->episodes));
     const EpisodeEditor editor(desk.services, std::move(*opening.opened));
     EXPECT_EQ(editor.Modified(), repaired);
   }
@@ -196,7 +188,7 @@ TEST(Opening, AnEarlierVersionDeclinedEndsTheProgram) {
   test::Desk desk;
   desk.prompter.Expect("EPS file created by an earlier version of ORVEX. Continue anyway?",
                        Answer::cancel);
-  const auto file = test::TestData("bad/banner-3.0.eps");
+  const auto file = test::TestData("bad/banner-old-and-cut.eps");
   EXPECT_FALSE(OpenForEditing(desk.services, file).opened);
   EXPECT_EQ(desk.prompter.asked[0].buttons, Buttons::okCancel);
   EXPECT_EQ(desk.screens.Take(), Rows{"end"});

@@ -10,10 +10,10 @@
 #include <map>
 #include <memory>
 
-#include "editor/edit_sequences.h"
 #include "editor/editor_desk.h"
 #include "support/sample_manifest.h"
 #include "ui/RowList.h"
+#include "ui/edit_sequences.h"
 #include "ui/keys.h"
 
 namespace orvex {
@@ -258,7 +258,8 @@ TEST_F(frmClassEditTest, CutSegmentsArePastedByKeys) {
        "Warm-up 30 40 50 | Macbeth 10 20 60 70 | End 80"},
       {"{End}", "{Ctrl+A}", "{Home}{Ctrl+V}", "", "Warm-up 10 20 30 40 50 80 | Macbeth 60 70"},
       {"", "{End}", "", "{Home}{Ctrl+V}", "Warm-up 50 10 20 30 40 | Macbeth 60 70 | End 80"},
-      {"", "{End}", "{Down}", "{Down}{Ctrl+V}", "Warm-up 10 20 30 40 | Macbeth 60 50 70 | End 80"},
+      {"", "{Home}{Down}", "{Down}", "{Down}{Ctrl+V}",
+       "Warm-up 10 30 40 50 | Macbeth 60 20 70 | End 80"},
   };
   for (const Case& c : cases) {
     Open();
@@ -273,9 +274,17 @@ TEST_F(frmClassEditTest, CutSegmentsArePastedByKeys) {
     GoTo("listViewEp");
     Keys(c.onto);
     GoTo("listViewSg");
+    if (*c.onto != '\0' && *c.before != '\0') {
+      const auto* shown = The<RowList>("listViewSg")->model();
+      EXPECT_FALSE(shown->index(1, 0).data(Qt::ForegroundRole).isValid()) << "of another episode";
+    }
     Keys(c.before);
     EXPECT_EQ(Episodes(), c.episodes);
     EXPECT_TRUE(form_->isWindowModified());
+    Keys("{Ctrl+V}");
+    EXPECT_EQ(Episodes(), c.episodes) << "they are pasted once";
+    Keys("{Ctrl+Z}");
+    EXPECT_EQ(program.Episodes, Lesson());
   }
 }
 
@@ -358,6 +367,9 @@ TEST_F(frmClassEditTest, EachActivityShowsItsCodes) {
       if (The(name)->isVisible()) shown += std::string(name) + " ";
     }
     EXPECT_EQ(shown, layouts.contains(activity) ? layouts.at(activity) : "") << activity;
+    if (activity >= 14) {
+      EXPECT_EQ(The<QComboBox>("cmboSubCat")->count(), activity == 17 ? 5 : 2);
+    }
     ASSERT_EQ(The("codingStack")->geometry(), place) << activity;
   }
   const auto segment = [this] { return program.Episodes[0].segments[0]; };
@@ -383,15 +395,25 @@ TEST_F(frmClassEditTest, EachActivityShowsItsCodes) {
 
 TEST_F(frmClassEditTest, MouseAndKeysMakeTheSampleEdits) {
   const auto samples = SamplesFolder() / "edits";
+  int files = 0;
   for (const EditSequence& sequence : ReadEditSequences(samples / "operations.json")) {
     SCOPED_TRACE(sequence.file);
     PutFile(file_, FileBytes(samples / sequence.file));
     Open(file_);
+    const EpisodeList first = program.Episodes;
     for (const EditOperation& operation : sequence.operations) Perform(operation);
+    const EpisodeList last = program.Episodes;
     Keys("{Ctrl+S}");
     EXPECT_TRUE(FileBytes(file_) == FileBytes(samples / "results" / sequence.file));
+    while (The("cmdUndo")->isEnabled()) Keys("{Ctrl+Z}");
+    EXPECT_EQ(program.Episodes, first);
+    EXPECT_TRUE(form_->isWindowModified());
+    for (std::size_t i = 0; i < sequence.operations.size(); ++i) Keys("{Ctrl+Y}");
+    EXPECT_EQ(program.Episodes, last);
     EXPECT_FALSE(form_->isWindowModified());
+    ++files;
   }
+  EXPECT_GE(files, 7);
 }
 
 TEST_F(frmClassEditTest, SavesFilesAsTheyWereRead) {
