@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "observe/close_kept_class.h"
@@ -17,27 +16,14 @@ namespace {
 
 using test::FileBytes;
 
-/// A disk that is full while `full` is set, for everything or for the session log alone.
-class FullDisk : public Storage {
- public:
-  enum class Full { nothing, log, everything };
-
-  int Open(const char* path, int flags, mode_t mode) override {
-    const int descriptor = Storage::Open(path, flags, mode);
-    if (std::string_view(path).ends_with(".bak")) log_ = descriptor;
-    return descriptor;
-  }
+/// A disk that is full while `full` is set.
+struct FullDisk : Storage {
   ssize_t Write(int descriptor, const void* bytes, std::size_t count) override {
-    if (full == Full::nothing || (full == Full::log && descriptor != log_)) {
-      return Storage::Write(descriptor, bytes, count);
-    }
+    if (!full) return Storage::Write(descriptor, bytes, count);
     errno = ENOSPC;
     return -1;
   }
-  Full full = Full::nothing;
-
- private:
-  int log_ = -1;
+  bool full = false;
 };
 
 struct EndOfClassTest : testing::Test {
@@ -68,43 +54,6 @@ const std::string kNotCompleted =
 
 const std::string kFinished = "Have you finished Matrices?";
 
-TEST_F(EndOfClassTest, AFullDiskKeepsTheClassUntilItIsStored) {
-  TeachOneSegment();
-  disk.full = FullDisk::Full::everything;
-  desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
-  desk.prompter.Expect(kNotWritten, Answer::yes);
-  desk.prompter.Expect(kNotWritten, Answer::cancel);
-  live.cmdQuit_Click();
-  EXPECT_EQ(desk.prompter.asked[0].defaultAnswer, Answer::no);
-  EXPECT_NE(desk.prompter.asked.back().details.find("7-12-3.eps: No space left on device"),
-            std::string::npos);
-  EXPECT_FALSE(desk.program.QuitRequested);
-  EXPECT_TRUE(log.File().IsOpen());
-  EXPECT_FALSE(std::filesystem::exists(desk.folder / "EPS/7/12/7-12-3.eps"));
-  EXPECT_NE(log.File().Trouble(), "");
-
-  // The class has gone on as if its end had not been asked for.
-  desk.clock.Advance(60);
-  desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
-  desk.prompter.Expect(kNotWritten, Answer::yes, [this] { disk.full = FullDisk::Full::nothing; });
-  desk.prompter.Expect(kFinished, Answer::yes);
-  live.cmdQuit_Click();
-  EXPECT_NE(FileBytes(desk.folder / "EPS/7/12/7-12-3.eps").find(" 3 , 660 ,"), std::string::npos);
-}
-
-TEST_F(EndOfClassTest, ALogThatCannotBeCompletedDoesNotKeepTheObserver) {
-  TeachOneSegment();
-  disk.full = FullDisk::Full::log;
-  desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
-  desk.prompter.Expect(kNotCompleted, Answer::ok);
-  desk.prompter.Expect(kNotCompleted, Answer::cancel);
-  desk.prompter.Expect(kFinished, Answer::yes);
-  live.cmdQuit_Click();
-  EXPECT_NE(FileBytes(desk.folder / "EPS/7/12/7-12-3.eps").find(" 3 , 600 ,"), std::string::npos);
-  EXPECT_TRUE(desk.program.QuitRequested);
-  EXPECT_EQ(desk.screens.Take().back(), "end");
-}
-
 TEST_F(EndOfClassTest, TheSurveyWaitsUntilItIsFilledInAndCanBeWritten) {
   TeachOneSegment();
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
@@ -121,14 +70,14 @@ TEST_F(EndOfClassTest, TheSurveyWaitsUntilItIsFilledInAndCanBeWritten) {
   live.SurveyAnswers().ratings[0] = 2;
 
   // The answers wait for another try, whether "E&xit" is pressed or the window closed.
-  disk.full = FullDisk::Full::everything;
+  disk.full = true;
   for (int i = 0; i < 2; ++i) {
     desk.prompter.Expect("The survey could not be written.", Answer::cancel);
     if (i == 0) live.cmdQuit_Click();
     EXPECT_TRUE(i == 0 || !live.RequestClose());
     EXPECT_TRUE(desk.screens.Take().empty());
   }
-  disk.full = FullDisk::Full::nothing;
+  disk.full = false;
   desk.clock.Advance(60);
   live.cmdQuit_Click();
   EXPECT_EQ(desk.screens.Take(), (std::vector<std::string>{"close survey", "end"}));
@@ -154,12 +103,17 @@ TEST_F(EndOfClassTest, ARefusedEndLeavesNoTraceInTheEpisodeBefore) {
   live.cmdStartNewEp_Click();
   live.KeyInDescription();
   live.TypeDescription("More poems");
-  disk.full = FullDisk::Full::everything;
+  disk.full = true;
   live.ChooseActivity(9);
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
+  desk.prompter.Expect(kNotWritten, Answer::yes);
   desk.prompter.Expect(kNotWritten, Answer::cancel);
   live.cmdQuit_Click();
-  disk.full = FullDisk::Full::nothing;
+  EXPECT_EQ(desk.prompter.asked[1].defaultAnswer, Answer::no);
+  EXPECT_NE(desk.prompter.asked.back().details.find("7-12-3.eps: No space left on device"),
+            std::string::npos);
+  EXPECT_TRUE(log.File().IsOpen() && !desk.program.QuitRequested);
+  disk.full = false;
   live.UpdateActivityControls();
   live.cmdBailout_Click();
   EXPECT_EQ(live.CurSegment(), 2);
@@ -167,6 +121,12 @@ TEST_F(EndOfClassTest, ARefusedEndLeavesNoTraceInTheEpisodeBefore) {
   EXPECT_EQ(log.File().Trouble(), "");
   EXPECT_NE(FileBytes(log.File().Path()).find("***** CLASS NOT ENDED, IT GOES ON *****"),
             std::string::npos);
+  desk.clock.Advance(60);
+  desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
+  desk.prompter.Expect(kFinished, Answer::yes);
+  live.cmdQuit_Click();
+  const std::string stored = FileBytes(desk.folder / "EPS/7/12/7-12-3.eps");
+  EXPECT_NE(stored.find(" 9 , 60 \r\n"), std::string::npos) << stored;
 }
 
 TEST_F(EndOfClassTest, AClassStoredElsewhereHasItsNotesAndItsSurveyThere) {

@@ -57,21 +57,6 @@ TEST_F(LiveTest, EachActivityTakesItsEstimates) {
   }
 }
 
-TEST_F(LiveTest, SubCodesAreReadAsTheyStandAtTheEnd) {
-  live.ChooseActivity(4);
-  live.TypeAbout("Night,\nchapter 2");
-  EXPECT_EQ(EndSegment().aboutdata, "Night, chapter 2");
-
-  live.ChooseActivity(14);
-  live.ChooseWritingKind(1);
-  live.TypeSource("other");
-  live.TypeCognitiveLevel("Report");
-  live.TypeSeatworkOrg("S");
-  const SegmentData segment = EndSegment();
-  EXPECT_EQ((std::vector<int>{segment.fSubCat, segment.src, segment.coglvl, segment.org}),
-            (std::vector<int>{1, 3, -1, 1}));
-}
-
 TEST_F(LiveTest, ANewEpisodeBecomesASegmentAgain) {
   live.ChooseActivity(10);
   desk.clock.Advance(100);

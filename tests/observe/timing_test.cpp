@@ -1,4 +1,4 @@
-// The correction of the start times, and the stopwatch.
+// The correction of the start times.
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,6 @@
 
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
-#include "observe/stopwatch.h"
 #include "support/desk.h"
 
 namespace orvex {
@@ -47,25 +46,6 @@ TEST(TimeAdjustment, MovesBothStartTimes) {
     EXPECT_EQ(clocks.SegmentTime(), segment);
     EXPECT_EQ(desk.NewLogText(), log);
   }
-}
-
-TEST(StopwatchTest, MeasuresLapsWhileTheTotalGoesOn) {
-  test::FakeClock clock(23, 59, 0);
-  Stopwatch watch(clock);
-  watch.Start();
-  clock.Advance(12.5);
-  watch.Tick();
-  EXPECT_EQ(watch.ElapsedText(), "Time elapsed: 12 sec.");
-  clock.Advance(1);
-  watch.Start();
-  EXPECT_EQ(watch.PreviousText(), "PREVIOUS TIME SEGMENT = 14 sec.");
-  clock.Advance(10);
-  watch.Tick();
-  EXPECT_EQ(watch.ElapsedText(), "Time elapsed: 10 sec.");
-  EXPECT_EQ(watch.TotalText(), "Total time: 24 sec.");
-  clock.Advance(60);
-  watch.Start();
-  EXPECT_EQ(watch.PreviousText(), "PREVIOUS TIME SEGMENT = -86330 sec.") << "it knows no midnight";
 }
 
 }  // namespace

@@ -120,6 +120,7 @@ TEST(DivideTimeForm, TakesTheSecondPart) {
       {"150\t ", 15},
       {"\n\n", 0},
       {"100{Alt+O}", 100},
+      {"100{Up}{Down}\n ", 99},
       {"30\t\t\n", std::nullopt},
       {"30{Esc}", std::nullopt},
       {"30{Alt+C}", std::nullopt},
@@ -157,7 +158,7 @@ TEST(ChooseQuestionsForm, MovesRowsBetweenTheEpisodes) {
 }
 
 TEST(TimerForm, StartsALapOnAnyKey) {
-  FakeClock clock;
+  FakeClock clock(23, 59, 0);
   dlgTimer form(clock);
   Activate(form);
   const auto text = [&form](const char* label) {
@@ -170,12 +171,15 @@ TEST(TimerForm, StartsALapOnAnyKey) {
   for (const char* key : {"x", " ", "\t", "{Alt+S}", "{Ctrl+X}", "c"}) {
     SCOPED_TRACE(key);
     Keys(key);
-    clock.Advance(7);
+    clock.Advance(6.5);
     TickForms();
-    EXPECT_EQ(text("Label2"), "Time elapsed: 7 sec.");
+    EXPECT_EQ(text("Label2"), "Time elapsed: 6 sec.");
   }
-  EXPECT_EQ(text("Label3"), "Total time: 42 sec.");
-  EXPECT_EQ(text("Label4"), "PREVIOUS TIME SEGMENT = 7 sec.");
+  EXPECT_EQ(text("Label3"), "Total time: 39 sec.");
+  EXPECT_EQ(text("Label4"), "PREVIOUS TIME SEGMENT = 6 sec.");
+  clock.Advance(60);
+  Keys("x");
+  EXPECT_EQ(text("Label4"), "PREVIOUS TIME SEGMENT = -86334 sec.") << "it knows no midnight";
   for (const char* key : {"{Ctrl+C}", "{Alt+C}"}) {
     Activate(form);
     Keys(key);
