@@ -70,6 +70,9 @@ TEST(Commands, ExportSaysHowItWentInItsExitCode) {
        "out/EPSDATA.TXT: 5 rows from 2 files, the last in part\n",
        "6-1-1.eps:70: expected a code letter, not the end of the file (line 2 of the "
        "list)\n"},
+      {"17-17-7\n6-1-1\n17-17-7\n", true, kFound, "out/EPSDATA.TXT: 6 rows from 2 files\n",
+       "LIST.TXT:3: warning: 17-17-7 is in line 1 already\n6-1-1.eps:70: expected a code letter, "
+       "not the end of the file (line 2 of the list)\n"},
       {"\n5-12-3\n", true, kFailed, "", kBad + "There are no rows. " + kStays},
       {"1-2-3\n", false, kDone, "out/EPSDATA.TXT: 3 rows from 1 file\n",
        "1-2-3.eps: warning: EPS file created by an earlier version of ORVEX.\n"
@@ -88,6 +91,9 @@ TEST(Commands, ExportSaysHowItWentInItsExitCode) {
               code);
     EXPECT_EQ(kept.Take(kept.out, folder.Path()), out);
     EXPECT_EQ(kept.Take(kept.err, folder.Path()), err);
+    const std::string rows =
+        std::to_string(std::ranges::count(test::FileBytes(folder / "out/EPSDATA.TXT"), '\n'));
+    EXPECT_TRUE(out.empty() || out.find(": " + rows + " row") != std::string::npos) << rows;
   }
 }
 

@@ -30,21 +30,6 @@ void WorkToTheEnd(ExportForm& form) {
   form.Finish();
 }
 
-TEST(ExportForm, DoesOneFileAtATimeAndEndsTheProgram) {
-  ListDesk desk("17-17-7\r\n\r\n11-4-2\r\n");
-  ExportForm form(desk.services, ExportKind::epsData, desk.folder / "LIST.TXT");
-  std::string shown;
-  while (form.Working()) {
-    shown += form.NameOf(form.InWork()) + ", " + form.CountText() + "; ";
-    form.Work();
-  }
-  EXPECT_EQ(shown, "17-17-7.eps, 0 of 2 files; 11-4-2.eps, 1 of 2 files; ");
-  desk.prompter.Expect("EPSDATA file has been created.", Answer::ok,
-                       [&] { EXPECT_FALSE(desk.Table("EPSDATA.TXT").empty()); });
-  form.Finish();
-  EXPECT_EQ(desk.screens.Take(), Moves{"end"});
-}
-
 TEST(ExportForm, MakesATableWithoutRowsOfAnEmptyList) {
   ListDesk desk("\r\n");
   ExportForm form(desk.services, ExportKind::surData, desk.folder / "LIST.TXT");
@@ -96,22 +81,6 @@ TEST(ExportForm, SaysWhatIsWrongAndGoesBackToTheMenu) {
     EXPECT_EQ(desk.prompter.asked.back().details, details);
     EXPECT_EQ(desk.screens.Take(), Moves{"show mainMenu"});
   }
-}
-
-TEST(ExportForm, LeavesEverythingAsItWasWhenItIsStopped) {
-  ListDesk desk("17-17-7\n\n11-4-2\n");
-  test::PutFile(desk.folder / "EPSDATA.TXT", kOld);
-  ExportForm form(desk.services, ExportKind::epsData, desk.folder / "LIST.TXT");
-  form.Work();
-  form.Stop();
-  EXPECT_FALSE(form.Working());
-  desk.prompter.Expect("The export was stopped.", Answer::ok);
-  WorkToTheEnd(form);
-  EXPECT_EQ(desk.prompter.asked.back().details,
-            "It had come to line 3 of LIST.TXT: 11-4-2.eps.\n"
-            "The earlier EPSDATA.TXT stays as it was.");
-  EXPECT_EQ(desk.Table("EPSDATA.TXT"), kOld);
-  EXPECT_EQ(desk.screens.Take(), Moves{"show mainMenu"});
 }
 
 TEST(ExportForm, TellsOfAListAndATableThatTheDiskRefuses) {

@@ -9,11 +9,10 @@
 
 #include <algorithm>
 #include <chrono>
-#include <csignal>
 
 #include "export/episode_rows.h"
 #include "store/file_error.h"
-#include "support/faulty_storage.h"
+#include "store/storage.h"
 #include "support/sample_manifest.h"
 #include "support/test_folder.h"
 
@@ -27,12 +26,6 @@ const TableKind kSurData = TableOf(ExportKind::surData, {});
 
 void CopySample(const std::string& sample, const fs::path& to) {
   test::PutFile(to, test::FileBytes(test::TestData(sample)));
-}
-
-std::string Lines(const std::string& text, int count) {
-  std::size_t end = 0;
-  for (int i = 0; i < count; ++i) end = text.find('\n', end) + 1;
-  return text.substr(0, end);
 }
 
 /// Joins the list in `folder`; the texts of the problems.
@@ -96,70 +89,6 @@ TEST(TableExport, MakesOfTheSamplesTheTablesOfAnotherProgram) {
       ASSERT_FALSE(expected.empty());
       EXPECT_EQ(test::FileBytes(folder / table), expected);
     }
-  }
-}
-
-TEST(TableExport, PutsEveryTimeIntoItsCell) {
-  Episode episode;
-  const auto add = [&episode](std::int16_t activity, std::int16_t subCategory, float seconds) {
-    episode.segments.emplace_back().SetData(activity, seconds,
-                                            {.about = "", .fSubCat = subCategory});
-  };
-  add(14, 1, 300);
-  add(14, -1, 7);  // has no cell
-  add(15, -1, 40);
-  add(16, 1, 5);
-  add(17, -1, 9);  // has no cell
-  add(17, 4, 60);
-  add(1, -1, 2);
-  add(1, -1, 3);
-  add(18, -1, 11);  // has no cell
-  episode.questions.emplace_back().SetValue("?", "t", "", "", "", "h", "", "", "", "", 1, 1);
-  episode.offtask = 0.25F;
-  std::string row;
-  AppendEpisodeRow(NumbersOf("05-12-3.eps"), 2, episode, {.authenticTeacher = 1, .teacher = 2},
-                   row);
-  EXPECT_EQ(row,
-            "05,12,3,2,5,0,0,0,0,0,0,0,0,0,0,0,0,0,340,0,0,0,5,0,0,0,0,60,,1,0,2,0,0,0,0,0.25, 1 "
-            "\r\n");
-}
-
-TEST(TableExport, EndsWithABadFileOrLeavesItOut) {
-  constexpr const char* kGood = "class/17-17-7.eps";
-  // Three episodes, whose questions begin in lines 29 (of the first) and 65 (of the third).
-  const std::string whole = test::FileBytes(test::TestData("bad/cut-after-line-072-Q3.eps"));
-  struct BadCase {
-    std::string content;  ///< none for a file that does not exist
-    const char* problem;
-    int rows;  ///< of the bad file that the table holds when it ends with it
-  };
-  const BadCase cases[] = {
-      {"", "5-12-3.eps: No such file or directory", 0},
-      {test::FileBytes(test::TestData("bad/noise.eps")),
-       "5-12-3.eps:7: expected the number of episodes", 0},
-      {test::FileBytes(test::TestData("bad/text-in-P1-0.eps")),
-       "5-12-3.eps:24: expected a question count", 0},
-      {Lines(whole, 68), "5-12-3.eps:69: expected who answers a question, not the end of the file",
-       2},
-  };
-  for (const auto& [content, text, rows] : cases) {
-    SCOPED_TRACE(text);
-    const test::TestFolder folder;
-    Storage storage;
-    CopySample(kGood, folder / "17-17-7.eps");
-    CopySample(kGood, folder / "1-2-3.eps");
-    if (!content.empty()) test::PutFile(folder / "5-12-3.eps", content);
-    test::PutFile(folder / "LIST.TXT", "1-2-3\r\n\r\n5-12-3\r\n17-17-7\r\n");
-    const std::vector<std::string> problems = {text + std::string(" (line 3 of the list)")};
-
-    EXPECT_EQ(Join(storage, kEpsData, folder.Path(), BadFile::isSkipped), problems);
-    const std::string skipped = test::FileBytes(folder / "EPSDATA.TXT");
-    EXPECT_EQ(std::ranges::count(skipped, '\n'), 6);
-    EXPECT_EQ(Join(storage, kEpsData, folder.Path()), problems);
-    const std::string ended = test::FileBytes(folder / "EPSDATA.TXT");
-    EXPECT_EQ(std::ranges::count(ended, '\n'), 3 + rows);
-    EXPECT_TRUE(ended.starts_with(Lines(skipped, 3)));
-    EXPECT_EQ(ended.find("5,12,3,2,") != std::string::npos, rows == 2);
   }
 }
 
@@ -258,82 +187,6 @@ TEST(TableExport, RemovesWhatKilledExportsHaveLeft) {
   Join(storage, kEpsData, folder.Path());
   EXPECT_FALSE(fs::exists(stray));
   for (const fs::path& other : others) EXPECT_TRUE(fs::exists(other)) << other;
-}
-
-/// Kills the process with its `number`-th call.
-class DeadlyStorage : public Storage {
- public:
-  explicit DeadlyStorage(int number) : left_(number) {}
-  int Open(const char* path, int flags, mode_t mode) override {
-    return Count(), Storage::Open(path, flags, mode);
-  }
-  /// Dies with half of the bytes written.
-  ssize_t Write(int descriptor, const void* bytes, std::size_t count) override {
-    if (left_ == 1) Storage::Write(descriptor, bytes, count / 2);
-    return Count(), Storage::Write(descriptor, bytes, count);
-  }
-  int Sync(int descriptor) override { return Count(), Storage::Sync(descriptor); }
-  int Close(int descriptor) override { return Count(), Storage::Close(descriptor); }
-  int Rename(const char* from, const char* to) override {
-    return Count(), Storage::Rename(from, to);
-  }
-
- private:
-  void Count() {
-    if (--left_ == 0) ::raise(SIGKILL);
-  }
-  int left_;
-};
-
-TEST(TableExport, LeavesTheOldTableOrTheNewOneWhereverItIsKilled) {
-  const test::TestFolder folder;
-  CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
-  std::string list;
-  // Long enough for the rows to go out in several portions.
-  for (int i = 0; i < 3000; ++i) list += "17-17-7\n";
-  test::PutFile(folder / "LIST.TXT", list);
-  const auto atEnd = [&](int calls) {
-    test::PutFile(folder / "EPSDATA.TXT", "the old table\r\n");
-    const pid_t child = ::fork();
-    if (child == 0) {
-      DeadlyStorage storage(calls);
-      Join(storage, kEpsData, folder.Path());
-      ::_exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WIFEXITED(status);
-  };
-  int deaths = 0;
-  std::string tables;
-  while (!atEnd(deaths + 1)) {
-    ++deaths;
-    const std::string table = test::FileBytes(folder / "EPSDATA.TXT");
-    const bool old = table == "the old table\r\n";
-    tables += old ? 'o' : 'n';
-    if (!old) {
-      EXPECT_EQ(std::ranges::count(table, '\n'), 9000);
-      EXPECT_TRUE(table.ends_with(" \r\n"));
-    }
-  }
-  EXPECT_GE(deaths, 7);
-  EXPECT_TRUE(tables.starts_with("ooooo")) << tables;
-  EXPECT_TRUE(tables.ends_with("n")) << tables;
-}
-
-TEST(TableExport, KeepsTheOldTableWhenTheDiskRefuses) {
-  const test::TestFolder folder;
-  CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
-  test::PutFile(folder / "LIST.TXT", "17-17-7\n");
-  for (const char* call : {"open", "write", "sync", "close", "rename"}) {
-    SCOPED_TRACE(call);
-    test::PutFile(folder / "EPSDATA.TXT", "the old table\r\n");
-    test::FaultyStorage storage;
-    storage.Fail(1, ENOSPC, call);
-    EXPECT_THROW(Join(storage, kEpsData, folder.Path()), FileError);
-    EXPECT_EQ(test::FileBytes(folder / "EPSDATA.TXT"), "the old table\r\n");
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 3);
-  }
 }
 
 }  // namespace

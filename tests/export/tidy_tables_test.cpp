@@ -117,79 +117,48 @@ TEST(TidyTables, TellOfEveryQuestionSegmentAndEpisode) {
   const fs::path file = folder / "x-y-z.eps";
   WriteEpsFile(storage, file, observation.header, observation.Episodes);
 
-  const Row identity = {{"file", "a/x-y-z"},    {"school", "5"},           {"class", "12"},
-                        {"observation", "3"},   {"students", "28"},        {"observer", "AB"},
-                        {"date", "2001-03-14"}, {"start_time", "09:05:12"}};
-  const auto expectRow = [&](const Row& row, const Row& expected) {
-    for (const auto& [name, value] : identity) EXPECT_EQ(row.at(name), value) << name;
-    for (const auto& [name, value] : expected) EXPECT_EQ(row.at(name), value) << name;
+  const std::string identity =
+      "file=a/x-y-z; school=5; class=12; observation=3; students=28; observer=AB; date=2001-03-14; "
+      "start_time=09:05:12";
+  const auto expectRow = [](const Row& row, const std::string& expected) {
+    std::istringstream cells(expected);
+    for (std::string cell; std::getline(cells >> std::ws, cell, ';');) {
+      const std::size_t sign = cell.find('=');
+      EXPECT_EQ(row.at(cell.substr(0, sign)), cell.substr(sign + 1)) << cell;
+    }
   };
   const auto questions = Table(TidyTable::questions, file);
   ASSERT_EQ(questions.size(), 3U);
-  expectRow(questions[0], {{"episode", "1"},
-                           {"question", "1"},
-                           {"segment", "2"},
-                           {"activity", "15"},
-                           {"text", "Où?"},
-                           {"source", "S"},
-                           {"response", "Y"},
-                           {"authenticity", "A"},
-                           {"uptake", "T"},
-                           {"cognitive_level", "H"},
-                           {"respondent", "Ana"},
-                           {"one_part_of_multiple", ""},
-                           {"teacher_response", "O"},
-                           {"elaborated", "E"},
-                           {"normal", "0"},
-                           {"fully_coded", "1"},
-                           {"dialogic_spell", "1"}});
-  expectRow(questions[1], {{"respondent", ""}, {"fully_coded", "0"}});
-  expectRow(questions[2], {{"respondent", "'=cmd"}});
+  expectRow(
+      questions[0],
+      identity +
+          "; episode=1; question=1; segment=2; activity=15; text=Où?; source=S; response=Y; "
+          "authenticity=A; uptake=T; cognitive_level=H; respondent=Ana; one_part_of_multiple=; "
+          "teacher_response=O; elaborated=E; normal=0; fully_coded=1; dialogic_spell=1");
+  expectRow(questions[1], "respondent=; fully_coded=0");
+  expectRow(questions[2], "respondent='=cmd");
   const auto segments = Table(TidyTable::segments, file);
   ASSERT_EQ(segments.size(), 2U);
-  expectRow(segments[0], {{"segment", "1"},
-                          {"activity", "7"},
-                          {"seconds", "90"},
-                          {"group_solo", "0"},
-                          {"preparation", ""},
-                          {"organization", "1"},
-                          {"writing", ""},
-                          {"seatwork_organization", ""}});
-  expectRow(segments[1], {{"writing", "1"},
-                          {"seatwork_source", "2"},
-                          {"seatwork_level", ""},
-                          {"group_work", ""},
-                          {"organization", ""}});
+  expectRow(segments[0], identity +
+                             "; segment=1; activity=7; seconds=90; group_solo=0; preparation=; "
+                             "organization=1; writing=; seatwork_organization=");
+  expectRow(segments[1],
+            "writing=1; seatwork_source=2; seatwork_level=; group_work=; organization=");
   const auto episodes = Table(TidyTable::episodes, file);
   ASSERT_EQ(episodes.size(), 2U);
-  expectRow(episodes[0], {{"description", "Ch. 1, \"Boo\""},
-                          {"review", "N"},
-                          {"seconds", "120"},
-                          {"segments", "2"},
-                          {"questions", "3"},
-                          {"spells", "1"},
-                          {"offtask", "0.125"},
-                          {"student_questions", "3"},
-                          {"higher_order", "3"},
-                          {"seconds_07", "90"},
-                          {"seconds_15", "30"},
-                          {"seconds_01", "0"}});
-  expectRow(episodes[1], {{"review", ""}, {"questions", "0"}, {"offtask", ""}});
+  expectRow(episodes[0], identity +
+                             "; description=Ch. 1, \"Boo\"; review=N; seconds=120; segments=2; "
+                             "questions=3; spells=1; offtask=0.125; student_questions=3; "
+                             "higher_order=3; seconds_07=90; seconds_15=30; seconds_01=0");
+  expectRow(episodes[1], "review=; questions=0; offtask=");
 
   // What a file holds in another form than it should.
   observation.header.identity = {"AB", "-7", "1E3", " 03", "many"};
   observation.header.StartTime = "9:5:1";
   observation.Episodes[0].offtask = -0.0F;
   WriteEpsFile(storage, file, observation.header, observation.Episodes);
-  const Row odd = Table(TidyTable::episodes, file).at(0);
-  for (const auto& [name, value] : Row{{"school", "-7"},
-                                       {"class", "1000"},
-                                       {"observation", "3"},
-                                       {"students", ""},
-                                       {"start_time", "09:05:01"},
-                                       {"offtask", "0"}}) {
-    EXPECT_EQ(odd.at(name), value) << name;
-  }
+  expectRow(Table(TidyTable::episodes, file).at(0),
+            "school=-7; class=1000; observation=3; students=; start_time=09:05:01; offtask=0");
 }
 
 TEST(TidyTables, HaveACodebookOfTheirVariables) {

@@ -89,6 +89,7 @@ TEST(ListOfFilesForm, IsStoppedByItsButtonAndByItsFrame) {
   for (const bool button : {true, false}) {
     SCOPED_TRACE(button);
     ListDesk desk(2000, ".eps");
+    PutFile(desk.folder / "EPSDATA.TXT", "the old table\r\n");
     frmListOfFiles form(desk.services, ExportKind::epsData, desk.folder / "LIST.TXT");
     QSignalSpy left(&form, &frmListOfFiles::Left);
     auto* files = Find<QListWidget>(form, "lstFiles");
@@ -106,7 +107,11 @@ TEST(ListOfFilesForm, IsStoppedByItsButtonAndByItsFrame) {
                          [&] { EXPECT_FALSE(Find(form, "cmdStop")->isEnabled()); });
     Activate(form);
     Await(left);
-    EXPECT_FALSE(std::filesystem::exists(desk.folder / "EPSDATA.TXT"));
+    const std::string name = files->currentItem()->text().toStdString();
+    EXPECT_EQ(desk.prompter.asked.back().details,
+              "It had come to line " + std::to_string(files->currentRow() + 1) +
+                  " of LIST.TXT: " + name + ".\nThe earlier EPSDATA.TXT stays as it was.");
+    EXPECT_EQ(FileBytes(desk.folder / "EPSDATA.TXT"), "the old table\r\n");
     EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{"show mainMenu"});
   }
 }
