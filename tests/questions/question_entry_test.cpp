@@ -186,20 +186,6 @@ TEST_F(EntryTest, EnterLeadsFromBoxToBoxAndFilesTheQuestion) {
                                               "Ben or Anna", -1, -1, -1, 1, 1}));
 }
 
-TEST_F(EntryTest, DittoOffersThePreviousActivity) {
-  const std::pair<int, std::string> cases[] = {
-      {3, "Interrupt"}, {10, "Role-play or simulation"}, {17, "S grp work"}};
-  for (const auto& [previous, caption] : cases) {
-    Open("Why?\nt\nn\n", previous);
-    Click(Command::Command4);
-    EXPECT_EQ(entry->Caption5(), caption);
-    Click(Command::Command5);
-    EXPECT_EQ(live.SelectedActivity(), previous);
-    EXPECT_EQ(screens.Take(), kLeave);
-    live.StartNewSeg();
-  }
-}
-
 TEST_F(EntryTest, AbortGivesTheSegmentItsPreviousActivityBack) {
   Open("", 8);
   Click(Command::Command5);

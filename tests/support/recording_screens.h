@@ -51,33 +51,11 @@ class RecordingScreens : public Screens {
 
  private:
   static std::string Name(Screen screen) {
-    switch (screen) {
-      case Screen::mainMenu:
-        return "mainMenu";
-      case Screen::setUp:
-        return "setUp";
-      case Screen::liveObservation:
-        return "liveObservation";
-      case Screen::aboutText:
-        return "aboutText";
-      case Screen::questionEntry:
-        return "questionEntry";
-      case Screen::questionEditor:
-        return "questionEditor";
-      case Screen::survey:
-        return "survey";
-      case Screen::episodeEditor:
-        return "episodeEditor";
-      case Screen::timeSummary:
-        return "timeSummary";
-      case Screen::questionStats:
-        return "questionStats";
-      case Screen::questionPlot:
-        return "questionPlot";
-      case Screen::listOfFiles:
-        return "listOfFiles";
-    }
-    return "?";
+    constexpr const char* kNames[] = {"mainMenu",      "setUp",         "liveObservation",
+                                      "aboutText",     "questionEntry", "questionEditor",
+                                      "survey",        "episodeEditor", "timeSummary",
+                                      "questionStats", "questionPlot",  "listOfFiles"};
+    return kNames[static_cast<std::size_t>(screen)];
   }
 };
 

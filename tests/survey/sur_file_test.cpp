@@ -48,33 +48,6 @@ TEST(SurFile, BadFilesAreReadAsTheirManifestSays) {
   }
 }
 
-TEST(SurFile, EveryItemAndEveryButtonComesBack) {
-  const test::TestFolder folder;
-  Storage storage;
-  for (std::size_t i = 0; i < kMostItems; ++i) {
-    SurFile file = {.identity = {"", "5", "12", "3", ""}, .answers = {}};
-    file.encoding = i % 2 == 0 ? Encoding::utf8 : Encoding::windows1252;
-    file.answers.checks[0].set(kOtherItem);
-    file.answers.other = " 7, \"caf\u00e9\" ";
-    for (std::size_t group = 0; group < kCheckGroups; ++group) {
-      if (i < SurveyGroups()[group].items.size()) file.answers.checks[group].set(i);
-    }
-    for (std::size_t statement = 0; statement < kStatements; ++statement) {
-      const int buttons = SurveyStatements()[statement].Buttons();
-      const int button = static_cast<int>(i) % (buttons + 1) - 1;
-      file.answers.ratings[statement] = static_cast<std::int16_t>(button);
-      SurFile bad = file;
-      bad.answers.ratings[statement] = static_cast<std::int16_t>(buttons);
-      EXPECT_THROW(ParseSur(FormatSur(bad)), FormatError) << statement;
-    }
-    WriteSurFile(storage, folder / "5-12-3.sur", file);
-    const SurFile back = ReadSurFile(folder / "5-12-3.sur");
-    EXPECT_EQ(back.answers, file.answers);
-    EXPECT_EQ(back.identity, file.identity);
-    EXPECT_EQ(back.encoding, file.encoding);
-  }
-}
-
 TEST(SurFile, NoTextBreaksTheFileAndOnlyACheckedOtherIsWritten) {
   SurFile file = {.identity = {"", "5", "12", "3", ""}, .answers = {}};
   const std::string empty = FormatSur(file);
