@@ -31,6 +31,11 @@ Episode Asked(std::string_view sources) {
   return episode;
 }
 
+TEST(QuestionStatistics, DrawNoAnswersWhereTheTeacherAskedNothing) {
+  const auto statistics = MakeQuestionStatistics(kIdentity, 2, Asked("SS"));
+  EXPECT_EQ(statistics.Row(StatisticsLine::nonresponse).bar.at(1).coding, Coding::none);
+}
+
 TEST(QuestionStatistics, PasteAsFieldsAndSayWhatIsMissing) {
   Episode episode = Asked("TTTTTTTTTSSS");
   episode.offtask = 0.125F;
