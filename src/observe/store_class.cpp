@@ -11,10 +11,9 @@
 #include "survey/sur_file.h"
 
 namespace orvex {
+namespace {
 
 namespace fs = std::filesystem;
-
-namespace {
 
 /// True when there is a file at `path` with another content, or with one that cannot be read.
 bool HoldsOther(const fs::path& path, const std::string& bytes) {
@@ -48,19 +47,19 @@ bool StoreClass(const Services& services, const std::string& failure, EpsHeader&
                 .path = usual,
                 .filter = kEpsFilter,
                 .companions = {".nte", ".sur"},
-                .changed = usual.filename().string() + " already exists."},
+                .changed = "Files of this class already exist."},
                [&](const fs::path& path) {
                  const bool isUsual = path == usual;
                  NormaliseIdentity(header.identity);
                  const fs::path eps = isUsual ? EpsPath(storage, dataPath, header.identity) : path;
                  const std::string bytes = FormatEps(header, episodes);
-                 if (isUsual && older == OlderFile::isAskedAbout && HoldsOther(eps, bytes)) {
-                   older = OlderFile::isReplaced;  // once is enough
-                   throw FileChanged(eps.string());
-                 }
-                 ReplaceFile(storage, eps, bytes);
                  const fs::path nte =
                      isUsual ? NtePath(storage, dataPath, header.identity) : Beside(path, ".nte");
+                 if (isUsual) {
+                   AskOnce(older, eps, bytes);
+                   AskOnce(older, nte, FormatFieldNotes({.text = notes}));
+                 }
+                 ReplaceFile(storage, eps, bytes);
                  WriteFieldNotes(storage, nte, {.text = notes});
                });
   elsewhere = saved == usual ? fs::path() : saved;

@@ -97,19 +97,22 @@ TEST(UnendedClass, IsClosedAsItStandsAndReplacesNothingUnasked) {
   const auto eps = desk.folder / "EPS/7/12/7-12-3.eps";
   const auto kept = desk.folder / "BAK/7/12/7-12-3.recovery";
   PlayAndCrash(desk.folder.Path(), 15);
-  PutFile(eps, "an older class");
+  const auto notes = desk.folder / "NTE/7/12/7-12-3.nte";
+  const auto survey = desk.folder / "SUR/7/12/7-12-3.sur";
+  PutFile(notes, "older notes");
+  PutFile(survey, "an older survey");
   const std::string offer =
       "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
       "It was observed from 09:00:00 to 09:10:15: 1 episode, 3 questions.";
   desk.prompter.Expect(offer, Answer::no);
-  desk.prompter.Expect("7-12-3.eps already exists.", Answer::cancel);
+  desk.prompter.Expect("Files of this class already exist.", Answer::cancel);
   OfferUnendedClasses(desk.services);
   EXPECT_EQ(desk.prompter.asked.back().defaultAnswer, Answer::cancel);
-  EXPECT_EQ(FileBytes(eps), "an older class");
+  EXPECT_EQ(FileBytes(notes), "older notes");
   EXPECT_TRUE(fs::exists(kept));
 
   desk.prompter.Expect(offer, Answer::no);
-  desk.prompter.Expect("7-12-3.eps already exists.", Answer::yes);
+  desk.prompter.Expect("Files of this class already exist.", Answer::yes);
   OfferUnendedClasses(desk.services);
   EXPECT_FALSE(fs::exists(kept));
   struct : EpsReadEvents {
@@ -120,8 +123,8 @@ TEST(UnendedClass, IsClosedAsItStandsAndReplacesNothingUnasked) {
   ASSERT_EQ(episode.segments.size(), 3U);
   EXPECT_EQ(episode.segments.back().activityNum, kQuestionAnswer);
   EXPECT_EQ(episode.segments.back().duration, 7 * 41);
-  EXPECT_EQ(FileBytes(desk.folder / "NTE/7/12/7-12-3.nte"), "They read in pairs.\r\n\r\n");
-  EXPECT_TRUE(fs::exists(desk.folder / "SUR/7/12/7-12-3.sur"));
+  EXPECT_EQ(FileBytes(notes), "They read in pairs.\r\n\r\n");
+  EXPECT_EQ(FileBytes(survey), "an older survey") << "nobody has filled another one in";
   EXPECT_TRUE(desk.program.Episodes.empty()) << "nothing is observed";
 }
 
