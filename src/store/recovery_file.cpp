@@ -178,11 +178,11 @@ class RecoveryFile::Workers {
       stuck_ = parcel.temporary;  // it may be the newest there is: it stays until the next one
       return;
     }
-    const auto later = std::ranges::partition(
-        left_, [&](const Left& left) { return left.number >= parcel.number; });
-    std::vector<Left> replaced(std::make_move_iterator(later.begin()),
-                               std::make_move_iterator(later.end()));
-    left_.erase(later.begin(), later.end());
+    const auto first = std::partition(
+        left_.begin(), left_.end(), [&](const Left& left) { return left.number >= parcel.number; });
+    std::vector<Left> replaced(std::make_move_iterator(first),
+                               std::make_move_iterator(left_.end()));
+    left_.erase(first, left_.end());
     lock.unlock();
     RemoveAll(replaced);
     lock.lock();
