@@ -13,7 +13,6 @@
 #include "model/program.h"
 #include "model/prompter.h"
 #include "model/screens.h"
-#include "model/time_of_day.h"
 #include "observe/close_kept_class.h"
 #include "observe/kept_class.h"
 #include "store/claim.h"

@@ -9,6 +9,7 @@
 #include <iterator>
 #include <mutex>
 #include <optional>
+#include <stdexcept>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -19,8 +20,18 @@
 #include "store/storage.h"
 
 namespace orvex {
+namespace {
 
 namespace fs = std::filesystem;
+
+/// True when the content `number` is the newest that is kept at `path`, and whole.
+bool IsNewest(const fs::path& path, std::uint64_t number) try {
+  return ReadKept(path).number == number;
+} catch (const std::runtime_error&) {
+  return false;
+}
+
+}  // namespace
 
 /// The two workers: the writer, which brings contents into the system's hands, and the storer,
 /// which brings them to the disk. They own nothing but bytes, names and descriptors.
@@ -64,7 +75,7 @@ class RecoveryFile::Workers {
     {
       const std::lock_guard lock(mutex_);
       if (error_ == 0 || waiting_) return;
-      waiting_ = last_;
+      WriteAgain();
       error_ = 0;
     }
     changed_.notify_all();
@@ -255,7 +266,7 @@ void RecoveryFile::Begin(const fs::path& path) {
 
 void RecoveryFile::GoOn(const fs::path& path, std::uint64_t number) {
   Claim claim(path);
-  if (!IsKeptAt(path) || ReadKept(path).number != number) {
+  if (!IsNewest(path, number)) {
     throw FileError(path, "changed by another Orvex in the meantime");
   }
   workers_ = std::make_unique<Workers>(storage_, std::move(claim), number);
