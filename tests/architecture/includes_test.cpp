@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "support/test_paths.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -59,7 +61,7 @@ TEST(Architecture, IncludesAreSeenHoweverTheyAreWritten) {
 
 TEST(Architecture, IncludesGoDownwardOnly) {
   int seen = 0;
-  for (const auto& entry : fs::recursive_directory_iterator(fs::path(ORVEX_SOURCE_DIR) / "src")) {
+  for (const auto& entry : fs::recursive_directory_iterator(orvex::test::SourceFolder() / "src")) {
     const std::string extension = entry.path().extension().string();
     if (extension != ".h" && extension != ".cpp") continue;
     const std::string folder = entry.path().parent_path().filename().string();

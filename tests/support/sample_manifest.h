@@ -6,12 +6,14 @@
 #include <string>
 #include <vector>
 
+#include "support/test_paths.h"
+
 namespace orvex::test {
 
 /// The folder of the samples: the selection beside the tests, or the one ORVEX_SAMPLES names.
 inline std::filesystem::path SamplesFolder() {
   const char* whole = std::getenv("ORVEX_SAMPLES");
-  return whole != nullptr ? whole : ORVEX_TEST_DATA;
+  return whole != nullptr ? std::filesystem::path(whole) : TestDataFolder();
 }
 
 /// What reading one malformed or borderline file does.

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "support/test_paths.h"
+
 namespace orvex::test {
 
 /// An empty folder of its own for one test, removed at its end.
@@ -43,7 +45,7 @@ inline void PutFile(const std::filesystem::path& path, std::string_view bytes) {
 }
 
 inline std::filesystem::path TestData(std::string_view name) {
-  return std::filesystem::path(ORVEX_TEST_DATA) / name;
+  return TestDataFolder() / name;
 }
 
 }  // namespace orvex::test
