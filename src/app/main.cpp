@@ -13,7 +13,6 @@
 #include "export/problem.h"
 #include "model/program.h"
 #include "model/version.h"
-#include "observe/unended_class.h"
 #include "start/field_notes_file.h"
 #include "start/start_up.h"
 #include "store/durable_file.h"
@@ -26,6 +25,7 @@
 #include "ui/OnceInUse.h"
 #include "ui/QtClock.h"
 #include "ui/QtPrompter.h"
+#include "ui/offer_unfinished.h"
 
 namespace orvex {
 namespace {
@@ -70,13 +70,14 @@ int RunWindow(const std::filesystem::path& file) {
   const std::filesystem::path programFolder = ProgramFolder(storage, ThisInstallation());
   RecoveryFile recovery(storage);
   Forms forms(program, log, recovery, storage, clock, prompter, programFolder);
-  const Services services = {program, log, recovery, storage, clock, prompter, forms};
+  const Services services = {program, log,      recovery, storage,
+                             clock,   prompter, forms,    programFolder};
   const FileKind kind = KindOf(file);
   const bool shown = HasForm(kind) && ShowInForm(program, forms, file);
   if (!shown) {
     forms.Show(Screen::mainMenu);
     SettleDataPath(program, programFolder);
-    OnceInUse(*qApp, [services] { OfferUnendedClasses(services); });
+    OnceInUse(*qApp, [services] { OfferUnfinishedWork(services); });
   }
   if (kind == FileKind::fieldNotes) {
     EditFieldNotes(services, file);

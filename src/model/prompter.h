@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -11,7 +12,7 @@ namespace orvex {
 struct Episode;
 
 /// The buttons of a message box, in their order.
-enum class Buttons { ok, okCancel, yesNo, yesNoCancel };
+enum class Buttons { ok, okCancel, yesNo, yesNoCancel, okYesNoCancel };
 enum class Answer { ok, cancel, yes, no };
 
 /// A message box: what it says and which button Enter presses.
@@ -33,6 +34,7 @@ struct TextPrompt {
   std::string text;
   std::string title;
   std::string defaultText;
+  bool isFolder = false;  ///< the text is the path of a folder, which can be chosen as well
 };
 
 /// A file dialog: where it starts, and its filter ("EPS files (*.EPS)|*.EPS").
@@ -62,6 +64,23 @@ struct SecondsPrompt {
   int seconds = 0;
 };
 
+/// Something that was not finished, as it is offered: the cells of its row where there are several,
+/// and the question, with Yes, No and Cancel, where it is the only one.
+struct UnfinishedItem {
+  std::string what;    ///< "Class 7-12-3 of 03-14-2001 was not ended"
+  std::string extent;  ///< from when to when, and how much: "09:00:00 to 09:41:10, 2 episodes"
+  std::string place;   ///< the folder it lies in
+  /// The captions are those of the row's buttons, too, and the default answer is what Enter does
+  /// with the row.
+  Message question;
+};
+
+/// What is to be done with one of several items: the question's answer.
+struct UnfinishedChoice {
+  std::size_t item = 0;  ///< counted from 0
+  Answer answer = Answer::cancel;
+};
+
 /// Everything the system asks of its user while an operation waits for the answer.
 class Prompter {
  public:
@@ -71,6 +90,8 @@ class Prompter {
   /// The text given, or nothing when the box was cancelled.
   virtual std::optional<std::string> AskText(const TextPrompt& prompt) = 0;
   virtual ChosenFile AskFile(const FilePrompt& prompt) = 0;
+  /// A folder, the dialog for which begins in `start`; empty when none was chosen.
+  virtual std::filesystem::path AskFolder(const std::filesystem::path& start) = 0;
   /// Where to save. A file that is there already is only chosen once the user has agreed to replace
   /// it.
   virtual ChosenFile AskSaveFile(const FilePrompt& prompt) = 0;
@@ -86,6 +107,10 @@ class Prompter {
   /// The numbers of the questions that go to the second of two episodes, in the order in which they
   /// were chosen, or nothing when the dialog was cancelled.
   virtual std::optional<std::vector<int>> AskQuestions(const Episode& episode) = 0;
+  /// Shows several things that were not finished in one list. Nothing, when all are left as they
+  /// are.
+  virtual std::optional<UnfinishedChoice> AskUnfinished(
+      const std::vector<UnfinishedItem>& items) = 0;
 
   /// A message with an OK button.
   void Tell(std::string text, std::string details = "") {

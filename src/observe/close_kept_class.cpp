@@ -62,7 +62,10 @@ bool StoreItsSurvey(const Services& services, KeptClass& kept) {
 
 }  // namespace
 
-bool CloseKeptClass(const Services& services, KeptClass kept, const fs::path& path) {
+bool CloseKeptClass(const Services& desk, KeptClass kept, const fs::path& path) {
+  // Its files belong to the folder that it was observed in, whichever is in use now.
+  kept.program.DataPath = DataFolderOf(path);
+  const Services services = desk.With(kept.program);
   try {
     services.recovery.GoOn(path, kept.number);
   } catch (const FileError& error) {

@@ -12,6 +12,7 @@
 #include "store/numbers.h"
 #include "store/paths.h"
 #include "store/recovery_file.h"
+#include "store/remembered_folders.h"
 #include "store/session_log.h"
 
 namespace orvex {
@@ -101,10 +102,10 @@ void SetUp::CheckForEpisodeFile() {
 
 /// True when a class of these numbers was not ended: that one is offered instead of a new one,
 /// which would take the place of its log.
-bool SetUp::OffersUnended() {
+bool SetUp::OfferUnended() {
   const auto path = RecoveryPath(services_.program.DataPath, identity_);
   if (!IsKeptAt(path) || IsClaimed(path)) return false;
-  if (OfferUnendedClass(services_, path) == OfferResult::takenUp) {
+  if (OfferUnfinished(services_.prompter, UnendedClassAt(services_, path))) {
     services_.screens.Hide(Screen::setUp);
   }
   CheckForEpisodeFile();
@@ -114,7 +115,7 @@ bool SetUp::OffersUnended() {
 void SetUp::Start() {
   if (!CanStart()) return;
   NormaliseNumbers(identity_);
-  if (OffersUnended()) return;
+  if (OfferUnended()) return;
   const std::filesystem::path logPath = BakPath(services_.program.DataPath, identity_);
   try {
     MakeBakFolders(services_.storage, services_.program.DataPath, identity_);
@@ -125,6 +126,7 @@ void SetUp::Start() {
     services_.prompter.Tell("The session log could not be opened.", error.what());
     return;
   }
+  RememberFolder(services_.storage, services_.programFolder, services_.program.DataPath);
   services_.log.LogOn(logPath.filename().string(), identity_.Initials, identity_.NumStudents);
   services_.screens.Show(Screen::liveObservation);
   services_.screens.Hide(Screen::setUp);

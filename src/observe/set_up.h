@@ -42,7 +42,7 @@ class SetUp {
  private:
   void MoveTo(HeaderBox box, Caret caret = Caret::atEnd);
   void CheckForEpisodeFile();
-  bool OffersUnended();
+  bool OfferUnended();
 
   Services services_;
   Identity& identity_;

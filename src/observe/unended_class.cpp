@@ -21,6 +21,7 @@
 #include "store/kept_content.h"
 #include "store/paths.h"
 #include "store/recovery_file.h"
+#include "store/remembered_folders.h"
 #include "store/session_log.h"
 
 namespace orvex {
@@ -28,30 +29,51 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Nothing, when the user has been told that the class cannot be read.
-std::optional<KeptClass> Read(const Services& services, const fs::path& path) {
-  std::string cause;
+/// A class as it lies on the disk.
+struct Found {
+  fs::path path;
+  KeptClass kept;
+};
+
+/// Nothing, when the class cannot be read: `causes` then says why.
+std::optional<Found> Read(const fs::path& path, std::string& causes) {
   try {
-    return ReadKeptClass(path);
+    return Found{.path = path, .kept = ReadKeptClass(path)};
   } catch (const FileError& error) {
-    cause = error.what();
+    causes += (causes.empty() ? "" : "\n") + std::string(error.what());
   } catch (const FormatError& error) {
-    cause = path.string() + ": " + error.what();
+    causes += (causes.empty() ? "" : "\n") + path.string() + ": " + error.what();
   }
-  services.prompter.Tell("A class that was not ended cannot be read. Its file is left as it is.",
-                         cause);
   return std::nullopt;
 }
 
-std::string Description(const KeptClass& kept) {
-  const KeptMoment& moment = kept.moment;
-  std::string text = "Class " + kept.program.identity.ClassId() + " of " + moment.dateText +
-                     (kept.program.QuitRequested ? " is stored, but its survey is not.\n\n"
-                                                 : " was not ended.\n\n");
-  text += "It was observed from " + kept.program.StartTimeText + " to " + moment.timeText + ": " +
-          Counted(kept.program.Episodes.size(), "episode") + ", " +
-          Counted(kept.Questions(), "question") + ".";
-  return text;
+/// The classes kept at `paths`, but for those that run in another Orvex.
+std::vector<Found> ReadAll(const Services& services, const std::vector<fs::path>& paths) {
+  std::vector<Found> all;
+  std::string causes;
+  for (const fs::path& path : paths) {
+    if (IsClaimed(path)) continue;
+    if (auto found = Read(path, causes)) all.push_back(*std::move(found));
+  }
+  if (!causes.empty()) {
+    services.prompter.Tell("A class that was not ended cannot be read. Its file is left as it is.",
+                           causes);
+  }
+  return all;
+}
+
+/// Where classes may be kept: the data folder comes first, and none twice.
+std::vector<fs::path> FoldersToLookIn(const Services& services) {
+  std::vector<fs::path> folders = RememberedFolders(services.programFolder);
+  folders.insert(folders.begin(), services.program.DataPath);
+  std::vector<fs::path> found;
+  for (const fs::path& folder : folders) {
+    std::error_code gone;
+    const fs::path real = fs::canonical(folder, gone);
+    if (gone || std::ranges::find(found, real) != found.end()) continue;
+    found.push_back(real);
+  }
+  return found;
 }
 
 /// How long ago the class was kept last, in seconds. A clock that has been set back counts as none.
@@ -59,23 +81,49 @@ std::int64_t Gap(const Services& services, const KeptClass& kept) {
   return std::max<std::int64_t>(0, services.clock.UnixSeconds() - kept.moment.unixSeconds);
 }
 
-Answer Ask(const Services& services, const KeptClass& kept) {
+std::string Amount(const KeptClass& kept) {
+  return Counted(kept.program.Episodes.size(), "episode") + ", " +
+         Counted(kept.Questions(), "question");
+}
+
+std::string Times(const KeptClass& kept) {
+  return kept.program.StartTimeText + " to " + kept.moment.timeText;
+}
+
+Message Question(const Services& services, const Found& found, const std::string& what) {
+  const KeptClass& kept = found.kept;
   const bool stored = kept.program.QuitRequested;
   constexpr std::int64_t kStillThatLesson = 2 * 60 * 60;
-  return services.prompter.Ask(
-      {.text = Description(kept),
-       .buttons = Buttons::yesNoCancel,
-       .defaultAnswer = Gap(services, kept) < kStillThatLesson ? Answer::yes : Answer::cancel,
-       .captions = {{Answer::yes, stored ? "&Fill in the survey" : "&Go on observing"},
-                    {Answer::no, stored ? "&Close it without" : "&Close it as it stands"},
-                    {Answer::cancel, "&Leave it for later"}}});
+  std::string text = what + ".\n\nIt was observed from " + Times(kept) + ": " + Amount(kept) + ".";
+  const fs::path folder = DataFolderOf(found.path);
+  std::error_code unknown;
+  if (!fs::equivalent(folder, services.program.DataPath, unknown)) {
+    text += "\n\nIt lies in the data folder " + folder.string() + ".";
+  }
+  return {.text = std::move(text),
+          .buttons = Buttons::yesNoCancel,
+          .defaultAnswer = Gap(services, kept) < kStillThatLesson ? Answer::yes : Answer::cancel,
+          .captions = {{Answer::yes, stored ? "&Fill in the survey" : "&Go on observing"},
+                       {Answer::no, stored ? "&Close it without" : "&Close it as it stands"},
+                       {Answer::cancel, "&Leave it for later"}}};
+}
+
+UnfinishedItem ItemOf(const Services& services, const Found& found) {
+  const KeptClass& kept = found.kept;
+  const std::string what =
+      "Class " + kept.program.identity.ClassId() + " of " + kept.moment.dateText +
+      (kept.program.QuitRequested ? " is stored, but its survey is not" : " was not ended");
+  return {.what = what,
+          .extent = Times(kept) + ", " + Amount(kept),
+          .place = DataFolderOf(found.path).string(),
+          .question = Question(services, found, what)};
 }
 
 /// True when the log has the numbers of the header already and the recovery file has not.
-bool WasJustRenamed(const Services& services, const KeptClass& kept, const fs::path& path) {
+bool WasJustRenamed(const KeptClass& kept, const fs::path& path) {
   std::error_code unknown;
   return !fs::exists(fs::path(path).replace_extension(".bak"), unknown) &&
-         fs::exists(BakPath(services.program.DataPath, kept.program.identity), unknown);
+         fs::exists(BakPath(DataFolderOf(path), kept.program.identity), unknown);
 }
 
 /// Opens what a running class needs. Throws FileError; the class is then kept as it was.
@@ -84,8 +132,8 @@ void ReopenFiles(const Services& services, const KeptClass& kept, const fs::path
   if (kept.program.QuitRequested) return;  // its log is complete
   try {
     fs::path place = path;
-    if (WasJustRenamed(services, kept, path)) {
-      place = RecoveryPath(services.program.DataPath, kept.program.identity);
+    if (WasJustRenamed(kept, path)) {
+      place = RecoveryPath(DataFolderOf(path), kept.program.identity);
     }
     services.recovery.MoveTo(place);
     services.log.File().GoOn(place.replace_extension(".bak"));
@@ -94,6 +142,7 @@ void ReopenFiles(const Services& services, const KeptClass& kept, const fs::path
     throw;
   }
   services.log.LogTakenUp();
+  RememberFolder(services.storage, services.programFolder, DataFolderOf(path));
 }
 
 bool TakeUp(const Services& services, KeptClass kept, const fs::path& path) {
@@ -106,34 +155,37 @@ bool TakeUp(const Services& services, KeptClass kept, const fs::path& path) {
   // The time since then counts: the segment has gone on all the while.
   kept.running.ShiftTimes(services.clock.SecondsSinceMidnight() - kept.moment.secondsSinceMidnight -
                           static_cast<float>(Gap(services, kept)));
-  kept.program.DataPath = std::move(services.program.DataPath);
+  kept.program.DataPath = DataFolderOf(path);
   services.program = std::move(kept.program);
   services.screens.ShowTakenUpClass(kept.running);
   services.screens.Close(Screen::mainMenu);
   return true;
 }
 
-}  // namespace
-
-OfferResult OfferUnendedClass(const Services& services, const fs::path& path) {
-  std::optional<KeptClass> kept = Read(services, path);
-  if (!kept) return OfferResult::later;
-  switch (Ask(services, *kept)) {
-    case Answer::yes:
-      return TakeUp(services, *std::move(kept), path) ? OfferResult::takenUp : OfferResult::later;
-    case Answer::no:
-      return CloseKeptClass(services, *std::move(kept), path) ? OfferResult::closed
-                                                              : OfferResult::later;
-    default:
-      return OfferResult::later;
-  }
+Unfinished Offered(const Services& services, const Found& found) {
+  return {.item = ItemOf(services, found),
+          .goOn = [services, found] { return TakeUp(services, found.kept, found.path); },
+          .close = [services, found] { CloseKeptClass(services, found.kept, found.path); }};
 }
 
-void OfferUnendedClasses(const Services& services) {
-  for (const fs::path& path : KeptPaths(BakFolder(services.program.DataPath))) {
-    if (IsClaimed(path)) continue;
-    if (OfferUnendedClass(services, path) == OfferResult::takenUp) return;
+std::vector<Unfinished> OfferedOf(const Services& services, const std::vector<fs::path>& paths) {
+  std::vector<Unfinished> offered;
+  for (const Found& found : ReadAll(services, paths)) offered.push_back(Offered(services, found));
+  return offered;
+}
+
+}  // namespace
+
+std::vector<Unfinished> UnendedClassAt(const Services& services, const fs::path& path) {
+  return IsKeptAt(path) ? OfferedOf(services, {path}) : std::vector<Unfinished>{};
+}
+
+std::vector<Unfinished> UnendedClasses(const Services& services) {
+  std::vector<fs::path> paths;
+  for (const fs::path& folder : FoldersToLookIn(services)) {
+    for (fs::path& path : KeptPaths(BakFolder(folder))) paths.push_back(std::move(path));
   }
+  return OfferedOf(services, paths);
 }
 
 }  // namespace orvex

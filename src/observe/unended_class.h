@@ -1,24 +1,19 @@
 #pragma once
 
 #include <filesystem>
+#include <vector>
 
 #include "store/services.h"
+#include "store/unfinished.h"
 
 namespace orvex {
 
-/// What came of the offer of a class that was not ended.
-enum class OfferResult {
-  later,    ///< it is kept as it was
-  takenUp,  ///< its forms are shown
-  closed,   ///< it is stored, and no longer kept
-};
+/// The classes that were not ended and do not run in another Orvex: to go on observing, to close
+/// into their files as they stand, or to leave for later. They are looked for in the data folder
+/// and in every folder that is remembered. The user is told of those that cannot be read.
+std::vector<Unfinished> UnendedClasses(const Services& services);
 
-/// Offers the class kept at `path`: to go on observing it, to close it into its files as it stands,
-/// or to leave it for later. The user is told when it cannot be read.
-OfferResult OfferUnendedClass(const Services& services, const std::filesystem::path& path);
-
-/// The same for every class that is kept in the data folder and does not run in another Orvex,
-/// until one is taken up.
-void OfferUnendedClasses(const Services& services);
+/// The same for the class kept at `path`, if there is one.
+std::vector<Unfinished> UnendedClassAt(const Services& services, const std::filesystem::path& path);
 
 }  // namespace orvex

@@ -1,7 +1,6 @@
 #include "start/main_menu.h"
 
 #include <optional>
-#include <utility>
 
 #include "model/clock.h"
 #include "model/program.h"
@@ -17,9 +16,8 @@
 
 namespace orvex {
 
-MainMenu::MainMenu(const Services& services, std::filesystem::path programFolder)
+MainMenu::MainMenu(const Services& services)
     : services_(services),
-      programFolder_(std::move(programFolder)),
       dateText_(services.clock.ShortDateText()),
       timeText_(services.clock.TimeText()) {
   services_.program.StartTimeText = timeText_;
@@ -47,14 +45,15 @@ void MainMenu::ChangeDataPath() {
       {.text = "Enter a new path",
        .title = "Default path",
        .defaultText =
-           StoredDataPath(programFolder_).value_or(services_.program.DataPath.string())});
+           StoredDataPath(services_.programFolder).value_or(services_.program.DataPath.string())});
   if (!answer || answer->empty()) return;
   const std::string folder = OneLine(*answer);
   services_.program.DataPath = folder;
   SaveFile(services_.prompter,
-           {.failure = "The data folder could not be stored.", .path = OptionsPath(programFolder_)},
+           {.failure = "The data folder could not be stored.",
+            .path = OptionsPath(services_.programFolder)},
            [&](const std::filesystem::path&) {
-             WriteOptionsFile(services_.storage, programFolder_, folder);
+             WriteOptionsFile(services_.storage, services_.programFolder, folder);
            });
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 
 #include "store/services.h"
@@ -11,7 +10,7 @@ namespace orvex {
 class MainMenu {
  public:
   /// Takes the time from which the class counts as started.
-  MainMenu(const Services& services, std::filesystem::path programFolder);
+  explicit MainMenu(const Services& services);
 
   /// "Orvex 4.10".
   std::string ProductName() const;
@@ -34,7 +33,6 @@ class MainMenu {
 
  private:
   Services services_;
-  std::filesystem::path programFolder_;
   std::string dateText_;
   std::string timeText_;
 };

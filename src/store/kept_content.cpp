@@ -94,6 +94,12 @@ bool IsKeptAt(const fs::path& path) {
   }
 }
 
+bool IsAnythingKeptIn(const fs::path& folder) {
+  return std::ranges::any_of(EntriesOf(folder), [](const fs::path& file) {
+    return PlaceOf(file).extension() == kRecoveryExtension;
+  });
+}
+
 std::vector<fs::path> KeptPaths(const fs::path& folder) {
   std::vector<fs::path> paths;
   for (const fs::path& school : EntriesOf(folder)) {

@@ -104,6 +104,11 @@ fs::path RecoveryPath(const fs::path& dataPath, const Identity& identity) {
   return FilePath(dataPath, "BAK", identity, kRecoveryExtension);
 }
 
+fs::path DataFolderOf(const fs::path& logPath) {
+  // DATA/BAK/school/class/name
+  return logPath.parent_path().parent_path().parent_path().parent_path();
+}
+
 fs::path BakFolder(const fs::path& dataPath) {
   return dataPath / "BAK";
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+
 namespace orvex {
 
 class Clock;
@@ -19,6 +21,13 @@ struct Services {
   const Clock& clock;
   Prompter& prompter;
   Screens& screens;
+  /// Where the options file lies, and what else the program itself remembers.
+  const std::filesystem::path& programFolder;
+
+  /// The same with the observation, and the data folder, of another program state.
+  Services With(Program& other) const {
+    return {other, log, recovery, storage, clock, prompter, screens, programFolder};
+  }
 };
 
 }  // namespace orvex

@@ -25,8 +25,9 @@ namespace orvex {
 
 Forms::Forms(Program& program, SessionLog& log, RecoveryFile& recovery, Storage& storage,
              const Clock& clock, Prompter& prompter, std::filesystem::path programFolder)
-    : services_{program, log, recovery, storage, clock, prompter, *this},
-      programFolder_(std::move(programFolder)) {
+    : programFolder_(std::move(programFolder)), services_{program, log,           recovery,
+                                                          storage, clock,         prompter,
+                                                          *this,   programFolder_} {
   QApplication::setQuitOnLastWindowClosed(false);
   QObject::connect(qApp, &QApplication::lastWindowClosed, &ending_, [this] { EndProgram(); });
   // Whatever an event has changed is kept before the program waits for the next one.
@@ -76,7 +77,7 @@ frmClassAct& Forms::LiveForm() {
 void Forms::Show(Screen screen) {
   switch (screen) {
     case Screen::mainMenu:
-      if (!splash_) splash_ = std::make_unique<frmSplash>(services_, programFolder_);
+      if (!splash_) splash_ = std::make_unique<frmSplash>(services_);
       return Present(*splash_);
     case Screen::setUp:
       if (!input1_) input1_ = std::make_unique<frmInput1>(services_);

@@ -54,8 +54,8 @@ class Forms : public Screens {
   void ShowQuestionStats();
   void ShowQuestionPlot();
 
-  Services services_;
   std::filesystem::path programFolder_;
+  Services services_;
   QObject ending_;  // what is asked of it is done after the running operation
 
   // A form comes after the forms it works with.

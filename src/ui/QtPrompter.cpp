@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -13,6 +14,7 @@
 #include "ui/FitToScreen.h"
 #include "ui/dlgDivideTime.h"
 #include "ui/dlgFieldNote.h"
+#include "ui/dlgUnfinished.h"
 #include "ui/frmAdjust.h"
 #include "ui/frmChooseQAs.h"
 #include "ui/frmOfftask.h"
@@ -51,6 +53,8 @@ QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
       return QMessageBox::Yes | QMessageBox::No;
     case Buttons::yesNoCancel:
       return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case Buttons::okYesNoCancel:
+      return QMessageBox::Ok | QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
   }
   return QMessageBox::Ok;
 }
@@ -78,6 +82,7 @@ Answer Refusal(Buttons buttons) {
       return Answer::no;
     case Buttons::okCancel:
     case Buttons::yesNoCancel:
+    case Buttons::okYesNoCancel:
       return Answer::cancel;
   }
   return Answer::ok;
@@ -100,6 +105,18 @@ ChosenFile Choose(QFileDialog& dialog, const FilePrompt& prompt) {
   if (!chosen) return {.path = {}, .folder = FromQt(dialog.directory().absolutePath())};
   const std::filesystem::path path = FromQt(dialog.selectedFiles().first());
   return {.path = path, .folder = path.parent_path()};
+}
+
+/// The folder that is chosen becomes the text of `dialog`, which stays open.
+void AddBrowseButton(QInputDialog& dialog) {
+  auto* buttons = dialog.findChild<QDialogButtonBox*>();
+  QPushButton* browse =
+      buttons->addButton(QStringLiteral("&Browse..."), QDialogButtonBox::ActionRole);
+  browse->setAutoDefault(false);
+  QObject::connect(browse, &QPushButton::clicked, &dialog, [&dialog] {
+    const std::filesystem::path folder = QtPrompter().AskFolder(FromQt(dialog.textValue()));
+    if (!folder.empty()) dialog.setTextValue(ToQt(folder.string()));
+  });
 }
 
 }  // namespace
@@ -132,6 +149,7 @@ std::optional<std::string> QtPrompter::AskText(const TextPrompt& prompt) {
   dialog.setWindowTitle(ToQt(prompt.title));
   dialog.setLabelText(ToQt(prompt.text));
   dialog.setTextValue(ToQt(prompt.defaultText));
+  if (prompt.isFolder) AddBrowseButton(dialog);
   dialog.resize(kInputWidth, dialog.sizeHint().height());
   if (Run(dialog) != QDialog::Accepted) return std::nullopt;
   return FromQt(dialog.textValue());
@@ -180,6 +198,24 @@ ChosenFile QtPrompter::AskFile(const FilePrompt& prompt) {
   QFileDialog dialog(ParentWindow());
   dialog.setFileMode(QFileDialog::ExistingFile);
   return Choose(dialog, prompt);
+}
+
+std::filesystem::path QtPrompter::AskFolder(const std::filesystem::path& start) {
+  QFileDialog dialog(ParentWindow());
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  const QString folder = ToQt(start.string());
+  if (QDir(folder).exists()) dialog.setDirectory(folder);
+  if (Run(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  return FromQt(dialog.selectedFiles().first());
+}
+
+std::optional<UnfinishedChoice> QtPrompter::AskUnfinished(
+    const std::vector<UnfinishedItem>& items) {
+  dlgUnfinished dialog(items, ParentWindow());
+  if (Run(dialog) != QDialog::Accepted) return std::nullopt;
+  return dialog.Choice();
 }
 
 ChosenFile QtPrompter::AskSaveFile(const FilePrompt& prompt) {

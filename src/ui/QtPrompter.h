@@ -14,12 +14,14 @@ class QtPrompter : public Prompter {
   Answer Ask(const Message& message) override;
   std::optional<std::string> AskText(const TextPrompt& prompt) override;
   ChosenFile AskFile(const FilePrompt& prompt) override;
+  std::filesystem::path AskFolder(const std::filesystem::path& start) override;
   ChosenFile AskSaveFile(const FilePrompt& prompt) override;
   bool AskOfftask(OfftaskPrompt& prompt) override;
   std::optional<int> AskSeconds(const SecondsPrompt& prompt) override;
   std::optional<std::string> AskNotes(const std::string& notes) override;
   std::optional<int> AskDivision(int totalSeconds) override;
   std::optional<std::vector<int>> AskQuestions(const Episode& episode) override;
+  std::optional<UnfinishedChoice> AskUnfinished(const std::vector<UnfinishedItem>& items) override;
 };
 
 /// Qt's spelling of a filter: "EPS files (*.EPS)|*.EPS" becomes "EPS files (*.EPS *.eps)".

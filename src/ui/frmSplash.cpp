@@ -2,11 +2,10 @@
 
 #include <QFont>
 #include <QTimer>
-#include <utility>
 
 #include "editor/open_editor.h"
 #include "export/export_form.h"
-#include "observe/unended_class.h"
+#include "ui/offer_unfinished.h"
 #include "ui/show.h"
 #include "ui_frmSplash.h"
 
@@ -25,10 +24,8 @@ void ScaleFont(QWidget* control, qreal factor) {
 
 }  // namespace
 
-frmSplash::frmSplash(const Services& services, std::filesystem::path programFolder, QWidget* parent)
-    : QWidget(parent),
-      menu_(services, std::move(programFolder)),
-      ui_(std::make_unique<Ui::frmSplash>()) {
+frmSplash::frmSplash(const Services& services, QWidget* parent)
+    : QWidget(parent), menu_(services), ui_(std::make_unique<Ui::frmSplash>()) {
   ui_->setupUi(this);
   ScaleFont(ui_->lblProductName, kTitleSize);
   ScaleFont(ui_->lblCopyright, kSmallPrintSize);
@@ -47,7 +44,7 @@ frmSplash::frmSplash(const Services& services, std::filesystem::path programFold
   connect(ui_->Command6, &QPushButton::clicked, this, [this, services] {
     menu_.ChangeDataPath();
     Refresh();
-    OfferUnendedClasses(services);
+    OfferUnfinishedWork(services);
   });
   connect(ui_->Command4, &QPushButton::clicked, this,
           [services] { ExportChosenList(services, ExportKind::epsData); });

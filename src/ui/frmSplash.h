@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QWidget>
-#include <filesystem>
 #include <memory>
 
 #include "start/main_menu.h"
@@ -18,8 +17,7 @@ class frmSplash : public QWidget {
   Q_OBJECT
 
  public:
-  frmSplash(const Services& services, std::filesystem::path programFolder,
-            QWidget* parent = nullptr);
+  explicit frmSplash(const Services& services, QWidget* parent = nullptr);
   ~frmSplash() override;
 
   /// Copies what the menu says is shown into the controls.

@@ -34,7 +34,7 @@ struct SavingTest : testing::Test {
   EpisodeEditor Made() {
     test::PutFile(desk.file, test::FileOf(OneEpisode()));
     const Services services = {desk.program, desk.log,      desk.recovery, storage,
-                               desk.clock,   desk.prompter, desk.screens};
+                               desk.clock,   desk.prompter, desk.screens,  desk.programFolder};
     return {services, std::move(*OpenForEditing(services, desk.file).opened)};
   }
   std::string Edited() const { return test::FileOf(desk.program.Episodes); }

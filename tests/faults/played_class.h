@@ -46,7 +46,7 @@ class PlayedClass {
   /// False when no class was taken up.
   bool TakeUpAt(std::size_t i) {
     clock_.Advance(kPace * static_cast<double>(i));
-    OfferUnendedClasses(services_);
+    OfferUnfinished(prompter_, UnendedClasses(services_));
     if (!screens_.takenUp) return false;
     live_.emplace(services_, *screens_.takenUp);
     clocks_.emplace(services_, *live_);
@@ -95,7 +95,9 @@ class PlayedClass {
   Program program_;
   SessionLog log_;
   RecoveryFile recovery_;
-  Services services_{program_, log_, recovery_, storage_, clock_, prompter_, screens_};
+  const std::filesystem::path programFolder_ = "/nowhere";
+  Services services_{program_, log_,      recovery_, storage_,
+                     clock_,   prompter_, screens_,  programFolder_};
   std::optional<LiveObservation> live_;
   std::optional<SessionClocks> clocks_;
   std::optional<QuestionEntry> entry_;

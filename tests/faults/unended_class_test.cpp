@@ -12,6 +12,7 @@
 #include "observe/kept_class.h"
 #include "store/eps_file.h"
 #include "store/kept_content.h"
+#include "store/remembered_folders.h"
 #include "store/storage.h"
 #include "support/desk.h"
 
@@ -62,12 +63,12 @@ TEST(UnendedClass, IsOfferedWithWhatIsKnownOfItAndLeftAlone) {
       "It was observed from 09:00:00 to 09:10:15: 1 episode, 3 questions.";
   desk.clock.Set(9, 30, 0);
   desk.prompter.Expect(text, Answer::cancel);
-  OfferUnendedClasses(desk.services);
+  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
   EXPECT_EQ(desk.prompter.asked.back().defaultAnswer, Answer::yes) << "the lesson may still go on";
   EXPECT_EQ(desk.prompter.asked.back().captions.size(), 3U);
   desk.clock.Set(15, 0, 0);
   desk.prompter.Expect(text, Answer::cancel);
-  OfferUnendedClasses(desk.services);
+  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
   EXPECT_EQ(desk.prompter.asked.back().defaultAnswer, Answer::cancel);
 
   // A new class of the same numbers would take the place of its log.
@@ -92,6 +93,44 @@ TEST(UnendedClass, IsOfferedWithWhatIsKnownOfItAndLeftAlone) {
   EXPECT_NEAR(desk.clock.SecondsSinceMidnight() - desk.screens.takenUp->segmentStart, 21272, 1);
 }
 
+TEST(UnendedClass, IsOfferedWhereverItLiesAndSeveralInOneList) {
+  Desk desk;
+  const TestFolder stick;
+  const TestFolder lost;
+  PlayAndCrash(stick.Path(), 15);
+  for (const fs::path& folder : {stick.Path(), lost / "gone", stick / "."}) {
+    RememberFolder(desk.storage, desk.programFolder, folder);
+  }
+  const auto offer = [&] { return OfferUnfinished(desk.prompter, UnendedClasses(desk.services)); };
+  desk.prompter.Expect(
+      "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
+      "It was observed from 09:00:00 to 09:10:15: 1 episode, 3 questions.\n\n"
+      "It lies in the data folder " +
+          stick.Path().string() + ".",
+      Answer::cancel);
+  EXPECT_FALSE(offer());
+
+  PlayAndCrash(desk.folder.Path(), 24);
+  desk.prompter.ExpectUnfinished({{.item = 1, .answer = Answer::no}});
+  desk.prompter.Expect(
+      "Class 7-12-4 of 03-14-2001 was not ended.\n\n"
+      "It was observed from 09:00:00 to 09:16:24: 2 episodes, 3 questions.",
+      Answer::cancel);
+  EXPECT_FALSE(offer());
+  const UnfinishedItem& item = desk.prompter.askedUnfinished.at(0).at(1);
+  EXPECT_EQ(
+      item.what + "|" + item.extent + "|" + item.place,
+      "Class 7-12-3 of 03-14-2001 was not ended|09:00:00 to 09:10:15, 1 episode, 3 questions|" +
+          stick.Path().string());
+  EXPECT_TRUE(fs::exists(stick / "EPS/7/12/7-12-3.eps")) << "it is closed where it lies";
+  EXPECT_FALSE(fs::exists(desk.folder / "EPS"));
+
+  PlayAndCrash(stick.Path(), 6);
+  desk.prompter.ExpectUnfinished({{.item = 1, .answer = Answer::yes}});
+  EXPECT_TRUE(offer());
+  EXPECT_EQ(desk.program.DataPath, stick.Path()) << "and gone on with there";
+}
+
 TEST(UnendedClass, IsClosedAsItStandsAndReplacesNothingUnasked) {
   Desk desk;
   const auto eps = desk.folder / "EPS/7/12/7-12-3.eps";
@@ -106,14 +145,14 @@ TEST(UnendedClass, IsClosedAsItStandsAndReplacesNothingUnasked) {
       "It was observed from 09:00:00 to 09:10:15: 1 episode, 3 questions.";
   desk.prompter.Expect(offer, Answer::no);
   desk.prompter.Expect("Files of this class already exist.", Answer::cancel);
-  OfferUnendedClasses(desk.services);
+  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
   EXPECT_EQ(desk.prompter.asked.back().defaultAnswer, Answer::cancel);
   EXPECT_EQ(FileBytes(notes), "older notes");
   EXPECT_TRUE(fs::exists(kept));
 
   desk.prompter.Expect(offer, Answer::no);
   desk.prompter.Expect("Files of this class already exist.", Answer::yes);
-  OfferUnendedClasses(desk.services);
+  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
   EXPECT_FALSE(fs::exists(kept));
   struct : EpsReadEvents {
     bool ContinueWithEarlierVersion() override { return false; }
@@ -142,7 +181,7 @@ TEST(UnendedClass, OfferedByTwoProgramsGoesToOne) {
     other.Play(6);
   });
   desk.prompter.Expect("The class could not be taken up again.", Answer::ok);
-  OfferUnendedClasses(desk.services);
+  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
   EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{});
   EXPECT_NE(FileBytes(desk.folder / "BAK/7/12/7-12-3.recovery").find("Atticus"), std::string::npos);
 }
@@ -188,7 +227,7 @@ TEST(UnendedClass, ThatStillRunsIsNobodyElses) {
   Storage storage;
   PlayedClass played(storage, desk.folder.Path());
   for (std::size_t i = 0; i < 5; ++i) played.Play(i);
-  OfferUnendedClasses(desk.services);
+  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
   orvex::SetUp setUp(desk.services);
   desk.program.identity = {"CD", "7", "12", "3", "25"};
   desk.prompter.Expect("The session log could not be opened.", Answer::ok);
@@ -203,7 +242,7 @@ TEST(UnendedClass, ThatIsDamagedIsToldAndLeftAlone) {
   std::ofstream(desk.folder / "BAK/7/12/7-12-3.recovery") << "Orvex recovery=1\r\n";
   desk.prompter.Expect("A class that was not ended cannot be read. Its file is left as it is.",
                        Answer::ok);
-  OfferUnendedClasses(desk.services);
+  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
   EXPECT_NE(desk.prompter.asked.back().details.find("7-12-3.recovery: line 2: expected the seal"),
             std::string::npos);
   EXPECT_TRUE(fs::exists(desk.folder / "BAK/7/12/7-12-3.recovery"));

@@ -38,7 +38,7 @@ struct EndOfClassTest : testing::Test {
   test::Desk desk;
   SessionLog log{disk, desk.clock};
   Services services{desk.program, log,           desk.recovery, disk,
-                    desk.clock,   desk.prompter, desk.screens};
+                    desk.clock,   desk.prompter, desk.screens,  desk.programFolder};
   LiveObservation live = [this] {
     desk.OpenLog();
     log.File().Open(desk.folder / "BAK/7/12/7-12-3.bak");
@@ -196,8 +196,8 @@ struct KeptScene : test::SaveScene {
     kept.running.segmentStart = 32400;
     kept.moment.secondsSinceMidnight = 33000;
     kept.number = 1;
-    test::PutFile(
-        file, Sealed(FormatMoment(kept.moment) + FormatRunning(kept.program, kept.running), 1));
+    test::PutFile(file,
+                  Sealed(FormatMoment(kept.moment) + FormatRunning(kept.program, kept.running), 1));
   }
   void Save() override { CloseKeptClass(services, ReadKeptClass(file), file); }
   const std::filesystem::path file = desk.folder / "BAK/7/12/7-12-3.recovery";
@@ -217,8 +217,9 @@ TEST(ClosingAKeptClass, OutlivesARecoveryFileThatCannotBeRemoved) {
   } sticky;
   KeptScene scene(false);
   RecoveryFile recovery(sticky);
-  const Services services{scene.desk.program, scene.log,      recovery,          scene.disk,
-                          scene.desk.clock,   scene.prompter, scene.desk.screens};
+  const Services services{
+      scene.desk.program, scene.log,      recovery,           scene.disk,
+      scene.desk.clock,   scene.prompter, scene.desk.screens, scene.desk.programFolder};
   EXPECT_TRUE(CloseKeptClass(services, scene.kept, scene.file));
   EXPECT_TRUE(std::filesystem::exists(scene.file));
 }

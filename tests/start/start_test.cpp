@@ -50,7 +50,7 @@ TEST(MainMenu, RemembersTheFolderForTheNextStart) {
   test::Desk desk;
   const std::string folder = (desk.folder / "obs").string();
   fs::create_directory(folder);
-  MainMenu menu(desk.services, desk.folder.Path());
+  MainMenu menu(desk.services);
   const std::tuple<std::optional<std::string>, std::string, std::string, std::string> steps[] = {
       {std::nullopt, desk.folder.Path(), desk.folder.Path(), ""},
       {folder, desk.folder.Path(), folder, folder + "\r\n"},
@@ -63,20 +63,21 @@ TEST(MainMenu, RemembersTheFolderForTheNextStart) {
     menu.ChangeDataPath();
     EXPECT_EQ(desk.prompter.askedTexts.back().defaultText, offered);
     EXPECT_EQ(desk.program.DataPath, path);
-    EXPECT_EQ(test::FileBytes(desk.folder / "options"), stored);
+    EXPECT_EQ(test::FileBytes(desk.ownFolder / "options"), stored);
   }
 }
 
 struct OptionsScene : test::SaveScene {
   explicit OptionsScene(bool older) {
     prompter.typed = "/data";
+    desk.programFolder = desk.folder.Path();
     if (older) test::PutFile(desk.folder / "options", "/old\r\n");
   }
   void Save() override {
     menu.ChangeDataPath();
     EXPECT_EQ(desk.program.DataPath, "/data");
   }
-  MainMenu menu{services, desk.folder.Path()};
+  MainMenu menu{services};
 };
 
 TEST(MainMenu, RemembersTheFolderOrTellsThatItCannotAndUsesItAllTheSame) {

@@ -17,6 +17,7 @@ class AgreeingPrompter : public Prompter {
   }
   std::optional<std::string> AskText(const TextPrompt&) override { return std::nullopt; }
   ChosenFile AskFile(const FilePrompt&) override { return {}; }
+  std::filesystem::path AskFolder(const std::filesystem::path&) override { return {}; }
   ChosenFile AskSaveFile(const FilePrompt&) override { return {}; }
   bool AskOfftask(OfftaskPrompt& prompt) override {
     prompt.offtask = "3";
@@ -28,6 +29,9 @@ class AgreeingPrompter : public Prompter {
   }
   std::optional<int> AskDivision(int) override { return std::nullopt; }
   std::optional<std::vector<int>> AskQuestions(const Episode&) override { return std::nullopt; }
+  std::optional<UnfinishedChoice> AskUnfinished(const std::vector<UnfinishedItem>&) override {
+    return UnfinishedChoice{.item = 0, .answer = Answer::yes};
+  }
 };
 
 }  // namespace orvex::test

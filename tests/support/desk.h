@@ -42,6 +42,7 @@ struct Desk {
   }
 
   TestFolder folder;
+  TestFolder ownFolder;  ///< the program's
   Program program;
   Storage storage;
   FakeClock clock;
@@ -49,7 +50,8 @@ struct Desk {
   RecordingScreens screens;
   SessionLog log{storage, clock};
   RecoveryFile recovery{storage};
-  Services services{program, log, recovery, storage, clock, prompter, screens};
+  std::filesystem::path programFolder = ownFolder.Path();
+  Services services{program, log, recovery, storage, clock, prompter, screens, programFolder};
   std::size_t logRead = 0;
 };
 

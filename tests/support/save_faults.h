@@ -87,7 +87,8 @@ struct SaveScene {
   SavingPrompter prompter;
   SessionLog log{disk, desk.clock};
   RecoveryFile recovery{disk};
-  Services services{desk.program, log, recovery, disk, desk.clock, prompter, desk.screens};
+  Services services{desk.program, log,      recovery,     disk,
+                    desk.clock,   prompter, desk.screens, desk.programFolder};
 };
 
 /// What a save does when nothing fails.

@@ -21,7 +21,8 @@ class ScriptedPrompter : public Prompter {
   ~ScriptedPrompter() override {
     EXPECT_TRUE(answers_.empty()) << answers_.size() << " answers were never asked for";
     EXPECT_TRUE(texts_.empty() && files_.empty() && estimates_.empty() && seconds_.empty() &&
-                notes_.empty() && saveFiles_.empty() && divisions_.empty() && questions_.empty())
+                notes_.empty() && saveFiles_.empty() && divisions_.empty() && questions_.empty() &&
+                folders_.empty() && choices_.empty())
         << "something was never asked for";
   }
 
@@ -34,6 +35,10 @@ class ScriptedPrompter : public Prompter {
 
   /// The next file dialog ends like this.
   void ExpectFile(ChosenFile chosen) { files_.push_back(std::move(chosen)); }
+  /// The next dialog for a folder ends with this one; empty for Cancel.
+  void ExpectFolder(std::filesystem::path folder) { folders_.push_back(std::move(folder)); }
+  /// The next list of unfinished things is answered so; nothing, when all are left.
+  void ExpectUnfinished(std::optional<UnfinishedChoice> choice) { choices_.push_back(choice); }
   /// The next dialog for saving ends like this.
   void ExpectSaveFile(ChosenFile chosen) { saveFiles_.push_back(std::move(chosen)); }
   /// The next off-task estimate is made with these numbers, or skipped with them typed; `during`
@@ -77,6 +82,11 @@ class ScriptedPrompter : public Prompter {
     return Next(files_, "a file dialog").value_or(ChosenFile{});
   }
 
+  std::filesystem::path AskFolder(const std::filesystem::path& start) override {
+    askedFolders.push_back(start);
+    return Next(folders_, "a dialog for a folder").value_or(std::filesystem::path());
+  }
+
   ChosenFile AskSaveFile(const FilePrompt& prompt) override {
     askedSaveFiles.push_back(prompt);
     return Next(saveFiles_, "a file dialog for saving").value_or(ChosenFile{});
@@ -111,12 +121,19 @@ class ScriptedPrompter : public Prompter {
     return NextDialog(questions_, "a choice of questions").value_or(std::nullopt);
   }
 
+  std::optional<UnfinishedChoice> AskUnfinished(const std::vector<UnfinishedItem>& items) override {
+    askedUnfinished.push_back(items);
+    return Next(choices_, "a list of unfinished things").value_or(std::nullopt);
+  }
+
   /// Cancels the dialogs that the script does not expect, for tests that are about something else.
   bool cancelsDialogs = false;
 
   std::vector<Message> asked;
   std::vector<TextPrompt> askedTexts;
   std::vector<FilePrompt> askedFiles;
+  std::vector<std::filesystem::path> askedFolders;
+  std::vector<std::vector<UnfinishedItem>> askedUnfinished;
   std::vector<FilePrompt> askedSaveFiles;
   std::vector<OfftaskPrompt> askedEstimates;
   std::vector<SecondsPrompt> askedSeconds;
@@ -138,6 +155,7 @@ class ScriptedPrompter : public Prompter {
         return Answer::no;
       case Buttons::okCancel:
       case Buttons::yesNoCancel:
+      case Buttons::okYesNoCancel:
         break;
     }
     return Answer::cancel;
@@ -174,6 +192,8 @@ class ScriptedPrompter : public Prompter {
   std::deque<ChosenFile> saveFiles_;
   std::deque<std::optional<int>> divisions_;
   std::deque<std::optional<std::vector<int>>> questions_;
+  std::deque<std::filesystem::path> folders_;
+  std::deque<std::optional<UnfinishedChoice>> choices_;
 };
 
 }  // namespace orvex::test

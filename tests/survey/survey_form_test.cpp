@@ -49,7 +49,7 @@ TEST(SurveyOnAFile, IsSavedUnderItsNumbersInItsSpellingUntilItIsSavedElsewhere) 
   test::Desk desk;
   test::FaultyStorage disk;
   const Services services{desk.program, desk.log,      desk.recovery, disk,
-                          desk.clock,   desk.prompter, desk.screens};
+                          desk.clock,   desk.prompter, desk.screens,  desk.programFolder};
   SurFile file = Portfolio();
   SurveyForm form(services, file);
   EXPECT_EQ(form.ClassIdText(), "Class ID 5-12-3");

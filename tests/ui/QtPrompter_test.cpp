@@ -68,6 +68,19 @@ TEST(QtPrompter, TakesALineOfText) {
     });
     EXPECT_EQ(QtPrompter().AskText(prompt), answer);
   }
+  const TestFolder folder;
+  const std::string inside = folder / "obs";
+  std::filesystem::create_directory(inside);
+  InTheNext<QInputDialog>([&](QInputDialog& dialog) {
+    InTheNext<QFileDialog>([&](QFileDialog& browser) {
+      EXPECT_EQ(browser.directory().path().toStdString(), folder.Path());
+      Keys("obs\n");
+    });
+    Keys("{Alt+B}");
+    EXPECT_EQ(dialog.textValue().toStdString(), inside);
+    Keys("\n");
+  });
+  EXPECT_EQ(QtPrompter().AskText({.defaultText = folder.Path(), .isFolder = true}), inside);
 }
 
 TEST(QtPrompter, SavesUnderAnotherNameAndReplacesOnlyWhenToldTo) {
@@ -91,6 +104,36 @@ TEST(QtPrompter, SavesUnderAnotherNameAndReplacesOnlyWhenToldTo) {
   });
   EXPECT_TRUE(prompter.AskSaveFile(prompt).path.empty());
   EXPECT_EQ(FileBytes(folder / "7-12-3.eps"), "old");
+}
+
+TEST(QtPrompter, OffersSeveralUnfinishedThingsByTheKeyboard) {
+  const auto item = [](const char* what, Answer likeliest, const char* close) {
+    return UnfinishedItem{.what = what,
+                          .question = {.defaultAnswer = likeliest,
+                                       .captions = {{Answer::yes, "&Go on"},
+                                                    {Answer::no, close},
+                                                    {Answer::cancel, "&Leave it"}}}};
+  };
+  const std::vector<UnfinishedItem> items = {item("a class", Answer::yes, "&Close it"),
+                                             item("a file", Answer::cancel, "&Discard")};
+  const std::tuple<const char*, std::size_t, Answer> cases[] = {
+      {"\n", 0, Answer::yes},
+      {"{Down}\n", 1, Answer::cancel},
+      {"{Down}{Alt+D}", 1, Answer::no},
+      {"\t\t\n", 0, Answer::no},
+      {"{Down}{Up}{Alt+C}", 0, Answer::no}};
+  QtPrompter prompter;
+  for (const auto& [keys, row, answer] : cases) {
+    InTheNext<QDialog>([typed = keys](QDialog&) { Keys(typed); });
+    const auto choice = prompter.AskUnfinished(items);
+    ASSERT_TRUE(choice) << keys;
+    EXPECT_EQ(choice->item, row) << keys;
+    EXPECT_EQ(choice->answer, answer) << keys;
+  }
+  for (const char* keys : {"{Esc}", "{Down}{Alt+A}"}) {
+    InTheNext<QDialog>([typed = keys](QDialog&) { Keys(typed); });
+    EXPECT_FALSE(prompter.AskUnfinished(items)) << keys;
+  }
 }
 
 }  // namespace
