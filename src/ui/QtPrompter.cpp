@@ -112,6 +112,7 @@ void AddBrowseButton(QInputDialog& dialog) {
   auto* buttons = dialog.findChild<QDialogButtonBox*>();
   QPushButton* browse =
       buttons->addButton(QStringLiteral("&Browse..."), QDialogButtonBox::ActionRole);
+  browse->setObjectName(QStringLiteral("cmdBrowse"));
   browse->setAutoDefault(false);
   QObject::connect(browse, &QPushButton::clicked, &dialog, [&dialog] {
     const std::filesystem::path folder = QtPrompter().AskFolder(FromQt(dialog.textValue()));
@@ -149,8 +150,8 @@ std::optional<std::string> QtPrompter::AskText(const TextPrompt& prompt) {
   dialog.setWindowTitle(ToQt(prompt.title));
   dialog.setLabelText(ToQt(prompt.text));
   dialog.setTextValue(ToQt(prompt.defaultText));
+  dialog.resize(kInputWidth, dialog.sizeHint().height());  // which makes its controls
   if (prompt.isFolder) AddBrowseButton(dialog);
-  dialog.resize(kInputWidth, dialog.sizeHint().height());
   if (Run(dialog) != QDialog::Accepted) return std::nullopt;
   return FromQt(dialog.textValue());
 }
