@@ -37,12 +37,12 @@ void LiveObservation::StartSchedule() {
   }
 }
 
-void LiveObservation::RestartSchedule(bool onlyIfBehind) {
+/// The estimates that fell due while nobody was there can no longer be made.
+void LiveObservation::CatchUpSchedule() {
   const auto cadence = CadenceOf(run_.estimateKind);
   if (!cadence || !run_.schedule.Running()) return;
   const float seconds = SecondsSince(run_.segmentStart, Now());
-  if (onlyIfBehind && !run_.schedule.IsBehind(seconds, *cadence)) return;
-  run_.schedule.Restart(seconds, *cadence);
+  if (run_.schedule.IsBehind(seconds, *cadence)) run_.schedule.Restart(seconds, *cadence);
 }
 
 void LiveObservation::OfftaskTick() {

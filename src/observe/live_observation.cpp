@@ -46,7 +46,7 @@ LiveObservation::LiveObservation(const Services& services, RunningClass running)
     CurrentEpisode().segments.pop_back();
     StartSchedule();
   }
-  RestartSchedule(true);  // the estimates that fell due meanwhile can no longer be made
+  CatchUpSchedule();
   FocusCurActivity();
   EnterDescription();
 }
@@ -320,14 +320,16 @@ void LiveObservation::cmdFieldNote_Click() {
 void LiveObservation::Command1_Click() {
   const std::int32_t elapsed = SecondsOfDay(Now() - run_.segmentStart, services_.prompter);
   const int maximum = std::min(2 * elapsed, kMost);
-  const auto seconds =
-      services_.prompter.AskSeconds({.maximum = maximum, .seconds = std::min(elapsed, maximum)});
+  const int preset = std::min(elapsed, maximum);
+  const auto seconds = services_.prompter.AskSeconds({.maximum = maximum, .seconds = preset});
   if (!seconds) return;
-  const float moved = SecondsSince(run_.segmentStart, Now()) - static_cast<float>(*seconds);
+  // The segment has gone on while the dialog was open: a number that nobody has changed moves
+  // nothing.
+  const float moved = *seconds == preset ? 0.0F
+                                         : SecondsSince(run_.segmentStart, Now()) -
+                                               static_cast<float>(*seconds);
   run_.episodeStart += moved;
   run_.segmentStart += moved;
-  // A segment that has become shorter has its estimates yet to come.
-  if (moved > 0) RestartSchedule(false);
   services_.log.LogAdjustTime(run_.curEpisode, run_.curSegment, moved);
 }
 

@@ -175,7 +175,7 @@ class LiveObservation {
   bool SetActivity(int activity);
   void ApplyActivity(int activity);
   void StartSchedule();
-  void RestartSchedule(bool onlyIfBehind);
+  void CatchUpSchedule();
   void AskEstimate();
   void RecordEstimate(const OfftaskPrompt& estimate, const std::string& studentsBefore);
   bool EndClass();

@@ -20,7 +20,7 @@ class OfftaskSchedule {
   /// Starts it anew within a segment that has run for `seconds`; `cadence` in minutes.
   void Start(float seconds, float cadence);
 
-  /// The same after the segment's start has been moved; what is pending stays so.
+  /// The same where it had fallen behind; what is pending stays so.
   void Restart(float seconds, float cadence);
   /// True when the next estimate should have been pending by now: nobody asked the schedule.
   bool IsBehind(float seconds, float cadence) const;

@@ -112,6 +112,16 @@ TEST_F(OfftaskTest, FallDueAtTheNextPointAfterARevision) {
   }
 }
 
+TEST_F(OfftaskTest, FallDueAsBeforeWhenTheStartOfTheSegmentIsCorrected) {
+  Begin(4);
+  EXPECT_EQ(Run(210), "1:00 due, 1:59.5 pending 1, 3:00 due, ");
+  prompter.ExpectSeconds(150);
+  live->Command1_Click();
+  EXPECT_EQ(live->Schedule().OfftaskPending(), 1);
+  EXPECT_EQ(live->Schedule().OfftaskCountdown(), 30);
+  EXPECT_EQ(Run(151), "2:59.5 pending 2, 5:00 due, ") << "each minute of the segment counts once";
+}
+
 TEST_F(OfftaskTest, FallDueAcrossMidnightAndWhileTheDialogIsOpen) {
   Begin(3, 23);
   clock.Set(23, 59, 30);

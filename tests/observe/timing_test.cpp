@@ -14,17 +14,28 @@ namespace orvex {
 namespace {
 
 TEST(TimeAdjustment, MovesBothStartTimes) {
-  const std::tuple<double, int, int, std::optional<int>, const char*, const char*, const char*>
-      cases[] = {
-          {90, 180, 90, 120, "12 : 00", "02 : 00", "ADJUST TIME OF EP. 1 SG. 2 : 30\n"},
-          {90, 180, 90, 0, "10 : 00", "00 : 00", "ADJUST TIME OF EP. 1 SG. 2 : -90\n"},
-          {90.4, 180, 90, 90, "11 : 30", "01 : 30", "ADJUST TIME OF EP. 1 SG. 2 : 0\n"},
-          {90, 180, 90, std::nullopt, "11 : 30", "01 : 30", ""},
-          {20000, 32767, 20000, 32767, "556 : 07", "546 : 07",
-           "ADJUST TIME OF EP. 1 SG. 2 : 12767\n"},
-      };
-  for (const auto& [elapsed, maximum, start, seconds, episode, segment, log] : cases) {
-    SCOPED_TRACE(elapsed);
+  struct Case {
+    double elapsed;
+    double open;  ///< how long the dialog is
+    int maximum;
+    int start;
+    std::optional<int> seconds;
+    std::string episode, segment, log;
+  };
+  const std::string adjusted = "ADJUST TIME OF EP. 1 SG. 2 : ";
+  const Case cases[] = {
+      {90, 0, 180, 90, 120, "12 : 00", "02 : 00", adjusted + "30\n"},
+      {90, 0, 180, 90, 0, "10 : 00", "00 : 00", adjusted + "-90\n"},
+      {90.4, 0, 180, 90, 90, "11 : 30", "01 : 30", adjusted + "0\n"},
+      {90, 0, 180, 90, std::nullopt, "11 : 30", "01 : 30", ""},
+      {20000, 0, 32767, 20000, 32767, "556 : 07", "546 : 07", adjusted + "12767\n"},
+      // While the dialog is open, the segment goes on.
+      {90, 60, 180, 90, 90, "12 : 30", "02 : 30", adjusted + "0\n"},
+      {90, 60, 180, 90, 120, "12 : 00", "02 : 00", adjusted + "-30\n"},
+      {40000, 60, 32767, 32767, 32767, "677 : 40", "667 : 40", adjusted + "0\n"},
+  };
+  for (const auto& [elapsed, open, maximum, start, seconds, episode, segment, log] : cases) {
+    SCOPED_TRACE(std::to_string(elapsed) + " " + std::to_string(open));
     test::Desk desk;
     desk.clock.Set(23, 49, 30);
     desk.OpenLog();
@@ -37,7 +48,7 @@ TEST(TimeAdjustment, MovesBothStartTimes) {
     live.StartNewSeg();  // half a minute before midnight
     desk.NewLogText();
     desk.clock.Advance(elapsed);
-    desk.prompter.ExpectSeconds(seconds);
+    desk.prompter.ExpectSeconds(seconds, [&desk, idle = open] { desk.clock.Advance(idle); });
     live.Command1_Click();
     EXPECT_EQ(desk.prompter.askedSeconds.back().maximum, maximum);
     EXPECT_EQ(desk.prompter.askedSeconds.back().seconds, start);

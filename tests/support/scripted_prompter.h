@@ -47,8 +47,11 @@ class ScriptedPrompter : public Prompter {
                       std::function<void()> during = {}) {
     estimates_.push_back({typed, accept, std::move(during)});
   }
-  /// The next time adjustment is set to `seconds`; nothing for Cancel.
-  void ExpectSeconds(std::optional<int> seconds) { seconds_.push_back(seconds); }
+  /// The next time adjustment is set to `seconds`; nothing for Cancel. `during` runs while the dialog
+  /// is open.
+  void ExpectSeconds(std::optional<int> seconds, std::function<void()> during = {}) {
+    seconds_.push_back({seconds, std::move(during)});
+  }
   /// The next field notes are edited into `notes`; nothing for Cancel.
   void ExpectNotes(std::optional<std::string> notes) { notes_.push_back(std::move(notes)); }
 
@@ -103,7 +106,10 @@ class ScriptedPrompter : public Prompter {
 
   std::optional<int> AskSeconds(const SecondsPrompt& prompt) override {
     askedSeconds.push_back(prompt);
-    return NextDialog(seconds_, "a time adjustment").value_or(std::nullopt);
+    const auto next = NextDialog(seconds_, "a time adjustment");
+    if (!next) return std::nullopt;
+    if (next->during) next->during();
+    return next->seconds;
   }
 
   std::optional<std::string> AskNotes(const std::string& notes) override {
@@ -165,6 +171,10 @@ class ScriptedPrompter : public Prompter {
     bool accept;
     std::function<void()> during;
   };
+  struct Seconds {
+    std::optional<int> seconds;
+    std::function<void()> during;
+  };
   /// The next answer of a script; nothing, after failing the test, when it has none.
   template <typename T>
   static std::optional<T> Next(std::deque<T>& script, const std::string& what) {
@@ -187,7 +197,7 @@ class ScriptedPrompter : public Prompter {
   std::deque<std::optional<std::string>> texts_;
   std::deque<ChosenFile> files_;
   std::deque<Estimate> estimates_;
-  std::deque<std::optional<int>> seconds_;
+  std::deque<Seconds> seconds_;
   std::deque<std::optional<std::string>> notes_;
   std::deque<ChosenFile> saveFiles_;
   std::deque<std::optional<int>> divisions_;
