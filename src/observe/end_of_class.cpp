@@ -17,7 +17,10 @@ void LiveObservation::cmdQuit_Click() {
   }
   if (!run_.awaitsSurvey) {
     if (!EndClass()) return;
-    run_.awaitsSurvey = !services_.prompter.AskYesNo("Have you finished Matrices?");
+    // An Enter too many must not close the class without its survey.
+    run_.awaitsSurvey = services_.prompter.Ask({.text = "Have you finished Matrices?",
+                                                .buttons = Buttons::yesNo,
+                                                .defaultAnswer = Answer::no}) != Answer::yes;
     if (run_.awaitsSurvey) return focus_.Set({.kind = Control::Kind::survey}, Caret::stay);
   }
   LeaveWithSurvey();

@@ -59,6 +59,7 @@ TEST_F(EndOfClassTest, TheSurveyWaitsUntilItIsFilledInAndCanBeWritten) {
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
   desk.prompter.Expect(kFinished, Answer::no);
   live.cmdQuit_Click();
+  EXPECT_EQ(desk.prompter.asked.back().defaultAnswer, Answer::no) << "an Enter too many";
   EXPECT_EQ(live.EndCaption(), "E&xit");
   EXPECT_FALSE(live.CanDivide() || live.ConversionVisible() || live.ProofVisible());
   const std::string stored = FileBytes(desk.folder / "EPS/7/12/7-12-3.eps");
