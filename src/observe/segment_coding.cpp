@@ -16,6 +16,8 @@ std::int16_t PositionIn(const Names& names, std::string_view text) {
 }  // namespace
 
 void SegmentCoding::ShowActivityChoices(bool show) {
+  // Choices that are there already keep what belongs to the one made.
+  if (show && choicesVisible) return;
   choicesVisible = show;
   aboutVisible = false;
 }

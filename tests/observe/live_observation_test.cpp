@@ -85,6 +85,18 @@ TEST_F(LiveTest, ANewEpisodeBecomesASegmentAgain) {
   EXPECT_EQ(Activities(1), (std::vector<int>{10, 11, 5, 4}));
 }
 
+TEST_F(LiveTest, OnlyTheFirstKeyOfAnEpisodeTakesTheAboutButtonAway) {
+  live.ChooseActivity(4);
+  Describe("First, and longer");
+  EXPECT_TRUE(live.Coding().aboutVisible);
+  NewEpisode();
+  Describe("Second");
+  EXPECT_FALSE(live.Coding().aboutVisible);
+  live.ChooseActivity(6);
+  Convert();
+  EXPECT_TRUE(live.Coding().aboutVisible) << "the segment goes on with its activity";
+}
+
 TEST_F(LiveTest, ASecondClickOnTheConversionWaitsForItsCaption) {
   live.ChooseActivity(1);
   EndSegment();
