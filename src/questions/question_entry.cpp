@@ -26,6 +26,10 @@ constexpr std::array<std::string_view, kActivityCount> kShortNames = {
     "Game",       "Other",      "Test or quiz", "S/Helping",      "S/Monitor",
     "Unsupervis", "S grp work"};
 
+bool IsBlank(std::string_view text) {
+  return text.find_first_not_of(' ') == std::string_view::npos;
+}
+
 /// The activity to offer for `PrevActivity`; 0 for none.
 int ActivityToOffer(const std::string& previous) {
   for (int activity = 1; activity <= kActivityCount; ++activity) {
@@ -79,7 +83,10 @@ bool QuestionEntry::Coding() const {
 }
 
 std::string QuestionEntry::FrameCaption() const {
-  return "Question #" + std::to_string(live_.CurQuestions().size() + 1) + ":";
+  const std::vector<questionInfo>& questions = live_.CurQuestions();
+  const std::string caption = "Question #" + std::to_string(questions.size() + 1) + ":";
+  if (questions.empty() || !IsBlank(questions.back().question)) return caption;
+  return caption + " (" + std::to_string(questions.size()) + " is empty)";
 }
 
 std::string_view QuestionEntry::Caption3() const {

@@ -57,7 +57,8 @@ class QuestionEntry {
   // What the form shows.
   const std::string& Question() const;
   const EntryFields& Fields() const;
-  /// "Question #3:", the number that the next question gets.
+  /// "Question #3:", the number that the next question gets; "Question #3: (2 is empty)" where the
+  /// one before it has no text, which a key too many has stored.
   std::string FrameCaption() const;
   std::string_view Caption3() const;
   std::string_view Caption5() const;

@@ -186,6 +186,22 @@ TEST_F(EntryTest, EnterLeadsFromBoxToBoxAndFilesTheQuestion) {
                                               "Ben or Anna", -1, -1, -1, 1, 1}));
 }
 
+TEST_F(EntryTest, TheFrameSaysWhenTheQuestionBeforeIsEmpty) {
+  Open("Why?\nt\nn\nHow?");
+  entry->SaveQuestion();
+  EXPECT_EQ(entry->FrameCaption(), "Question #3:");
+  entry->SaveQuestion();
+  EXPECT_EQ(entry->FrameCaption(), "Question #4: (3 is empty)");
+  Keys("What?\nt");
+  EXPECT_EQ(entry->FrameCaption(), "Question #4: (3 is empty)");
+  Questions()[2].question = "found again";  // as in the question editor
+  EXPECT_EQ(entry->FrameCaption(), "Question #4:");
+  Keys("\nn\n \n\nn\n");
+  EXPECT_EQ(entry->FrameCaption(), "Question #6: (5 is empty)");
+  Click(Command::Command8);
+  EXPECT_EQ(entry->FrameCaption(), "Question #5:");
+}
+
 TEST_F(EntryTest, AbortGivesTheSegmentItsPreviousActivityBack) {
   Open("", 8);
   Click(Command::Command5);
