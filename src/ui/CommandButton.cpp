@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QShortcutEvent>
+#include <QStyleOptionButton>
 
 #include "ui/PressGuard.h"
 
@@ -12,15 +13,26 @@ CommandButton::CommandButton(QWidget* parent) : QPushButton(parent) {
   new PressGuard(this);
 }
 
+void CommandButton::SetOtherKey(const QString& key) {
+  otherKey_ = key;
+  grabShortcut(QKeySequence(key));
+  setToolTip(key);
+}
+
 bool CommandButton::event(QEvent* event) {
   if (event->type() != QEvent::Shortcut) return QPushButton::event(event);
-  const auto* shortcut = static_cast<QShortcutEvent*>(event);
-  // Two buttons of one mnemonic take turns in having the focus; Qt knows how.
-  if (shortcut->isAmbiguous()) return QPushButton::event(event);
+  // Of two buttons Qt would let each have the focus in turn, and the next blank would press one.
+  if (static_cast<QShortcutEvent*>(event)->isAmbiguous()) return true;
   setFocus(Qt::ShortcutFocusReason);
   // A window that a question has sent to the back has its focus all the same.
   if (window()->focusWidget() == this) click();
   return true;
+}
+
+void CommandButton::initStyleOption(QStyleOptionButton* option) const {
+  QPushButton::initStyleOption(option);
+  const bool marksItsKey = shortcut() == QKeySequence::mnemonic(text());
+  if (!marksItsKey) option->text.remove(QLatin1Char('&'));
 }
 
 void CommandButton::keyPressEvent(QKeyEvent* event) {

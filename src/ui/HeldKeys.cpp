@@ -17,6 +17,7 @@ bool CountsOnce(const QObject* watched, const QKeyEvent& press) {
     default:
       break;
   }
+  if (press.key() >= Qt::Key_F1 && press.key() <= Qt::Key_F35) return true;
   // Space presses a button, and other characters may choose one: held, they must not go on and on.
   const bool character = press.key() < Qt::Key_Escape;
   if (character && qobject_cast<const QAbstractButton*>(watched)) return true;

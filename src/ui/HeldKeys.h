@@ -7,8 +7,8 @@ class QKeyEvent;
 namespace orvex {
 
 /// Makes a key that does something count once, however long it is held down: Enter, Space on a
-/// button, Down in a box, Ctrl+N and every mnemonic. A thumb that rests on "&Last" must not remove
-/// a whole episode's questions. Installed on the application.
+/// button, Down in a box, Ctrl+N, every function key and every mnemonic. A thumb that rests on
+/// "&Last" must not remove a whole episode's questions. Installed on the application.
 class HeldKeys : public QObject {
   Q_OBJECT
 

@@ -145,9 +145,10 @@ void frmClassEdit::ConnectButtons() {
   });
   connect(ui_->Command5, &QPushButton::clicked, this, &frmClassEdit::ShowTimer);
   connect(ui_->cmdQuit, &QPushButton::clicked, this, &QWidget::close);
-  // What has changed the lists gives the focus back to them.
+  // Whoever comes back goes on where they were.
   for (QPushButton* source : {ui_->cmdSplitSg, ui_->cmdMergeSg, ui_->cmdSplitEp, ui_->cmdMergeEp,
-                              ui_->cmdUndo, ui_->cmdRedo, ui_->Command4}) {
+                              ui_->cmdUndo, ui_->cmdRedo, ui_->Command1, ui_->Command2,
+                              ui_->Command3, ui_->Command4, ui_->Command6, ui_->Command7}) {
     new FocusReturn(source);
   }
 }
@@ -244,8 +245,8 @@ void frmClassEdit::RefreshButtons() {
   step(ui_->cmdRedo, redo_, "&Redo", editor_.RedoName());
 }
 
-/// The button under a list that has the mnemonic `key`. The two lists have the same ones: from
-/// within a list, they are for its own buttons.
+/// The button under a list that has the letter `key`. The two lists have the same letters: from
+/// within a list they are for its own buttons, from anywhere else for those of the episodes.
 QPushButton* frmClassEdit::ButtonUnder(const QObject* list, const QKeyEvent& key) const {
   const bool episodes = list == ui_->listViewEp;
   if (!episodes && list != ui_->listViewSg) return nullptr;
@@ -256,7 +257,7 @@ QPushButton* frmClassEdit::ButtonUnder(const QObject* list, const QKeyEvent& key
     // one stands in the list of its segments.
     const bool answers =
         button->isEnabled() || button == ui_->cmdMergeEp || button == ui_->cmdMergeSg;
-    if (answers && button->shortcut() == pressed) return button;
+    if (answers && QKeySequence::mnemonic(button->text()) == pressed) return button;
   }
   return nullptr;
 }

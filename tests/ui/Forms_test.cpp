@@ -105,7 +105,7 @@ TEST_F(FormsTest, LeadFromTheMenuThroughTheEpisodeEditorToTheEnd) {
     const std::pair<const char*, const char*> moves[] = {
         {"{Alt+C}", "frmQuestionStats"}, {"{Alt+E}", "frmQA"},
         {"{Alt+R}", "frmQuestionStats"}, {"{Alt+M}", "frmClassEdit"},
-        {"{Alt+T} ", "frmTimeSummary"},  {"{Esc}", "frmClassEdit"},
+        {"{Alt+T}", "frmTimeSummary"},   {"{Esc}", "frmClassEdit"},
         {"{Alt+P}", "frmQuestionPlot"},  {"{Alt+B}", "frmClassEdit"}};
     for (const auto& [keys, form] : moves) {
       Keys(keys);

@@ -43,6 +43,7 @@ TEST(HeldKeys, WhatDoesSomethingCountsOnceHoweverLongItIsHeld) {
     EXPECT_EQ(Hold<QLineEdit>(Qt::Key_Down, Qt::NoModifier, flagged), 2);
     EXPECT_EQ(Hold<QLineEdit>(Qt::Key_N, Qt::ControlModifier, flagged), 2);
     EXPECT_EQ(Hold<QLineEdit>(Qt::Key_L, Qt::AltModifier, flagged), 2);
+    EXPECT_EQ(Hold<QLineEdit>(Qt::Key_F7, Qt::NoModifier, flagged), 2);
     EXPECT_EQ(Hold<CommandButton>(Qt::Key_Space, Qt::NoModifier, flagged), 2);
     EXPECT_EQ(Hold<QRadioButton>(Qt::Key_2, Qt::NoModifier, flagged), 2);
     // Moving and typing repeat as everywhere.

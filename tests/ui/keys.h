@@ -2,12 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
+#include <QFileDialog>
 #include <QKeySequence>
+#include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <string>
@@ -18,11 +23,44 @@
 
 namespace orvex::test {
 
+/// The keys that do something in `form` as it is: those of its buttons, actions and other
+/// shortcuts.
+inline QList<QKeySequence> KeysOf(const QWidget& form) {
+  QList<QKeySequence> keys;
+  for (const auto* button : form.findChildren<QAbstractButton*>()) {
+    if (!button->isVisible() || !button->isEnabled()) continue;
+    keys << button->shortcut() << QKeySequence(button->property("otherKey").toString());
+  }
+  for (const auto* label : form.findChildren<QLabel*>()) {
+    if (label->isVisible() && label->buddy()) keys << QKeySequence::mnemonic(label->text());
+  }
+  for (const auto* action : form.actions()) {
+    if (action->isEnabled()) keys << action->shortcuts();
+  }
+  for (const auto* shortcut : form.findChildren<QShortcut*>()) keys << shortcut->key();
+  keys.removeAll(QKeySequence());
+  return keys;
+}
+
+/// Two controls of one key would take turns in having the focus, and the key would press neither.
+inline void ExpectAKeyForEachControl() {
+  for (const QWidget* form : QApplication::topLevelWidgets()) {
+    if (!form->isVisible() || qobject_cast<const QFileDialog*>(form)) continue;  // Qt's own
+    QList<QKeySequence> keys = KeysOf(*form);
+    std::sort(keys.begin(), keys.end());
+    const auto twice = std::adjacent_find(keys.begin(), keys.end());
+    if (twice == keys.end()) continue;
+    ADD_FAILURE() << form->objectName().toStdString() << ": " << twice->toString().toStdString()
+                  << " belongs to two controls";
+  }
+}
+
 /// Lets the program do what it has put off. When the window in use is gone, the one that is left
-/// comes to the front, as a window manager does it.
+/// comes to the front, as a window manager does it. No form may then have a key twice.
 inline void Settle() {
   QCoreApplication::processEvents();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  ExpectAKeyForEachControl();
   if (QApplication::activeWindow()) return;
   for (QWidget* form : QApplication::topLevelWidgets()) {
     if (form->isVisible()) form->activateWindow();
@@ -83,6 +121,12 @@ inline std::string CaptionsOf(const QWidget& form) {
   return captions;
 }
 
+/// The key that presses `button`; "" for none.
+inline std::string KeyOf(const QPushButton& button) {
+  const std::string key = button.shortcut().toString().toStdString();
+  return key.empty() ? button.property("otherKey").toString().toStdString() : key;
+}
+
 /// What the buttons that are confirmed ask.
 inline const std::map<std::string, std::string> kQuestions = {{"{Alt+S}", "Start New Segment?"},
                                                               {"{Alt+P}", "Start New Episode?"},
@@ -101,8 +145,7 @@ inline void TryButtons(ScriptedPrompter& prompter, const std::function<QWidget&(
     Keys("\n{Enter}");
     EXPECT_EQ(clicks.count(), 0);
     focused->setFocus();
-    const std::string keys =
-        "{" + QKeySequence::mnemonic(button->text()).toString().toStdString() + "}";
+    const std::string keys = "{" + KeyOf(*button) + "}";
     if (keys == "{}") continue;
     const auto question = kQuestions.find(keys);
     if (confirmed && question != kQuestions.end()) prompter.Expect(question->second, Answer::no);
