@@ -19,6 +19,10 @@ bool OfftaskIndicator::ButtonVisible() const {
   return buttonVisible_ && live_.Schedule().OfftaskPending() >= 1;
 }
 
+int OfftaskIndicator::Pending() const {
+  return live_.Schedule().OfftaskPending();
+}
+
 std::string OfftaskIndicator::CountdownText() const {
   const OfftaskSchedule& schedule = live_.Schedule();
   if (schedule.OfftaskPending() >= 1 || schedule.OfftaskCountdown() < 1) return "";

@@ -20,6 +20,8 @@ class OfftaskIndicator {
   /// Whatever ends the schedule takes the button with it at once.
   bool ButtonVisible() const;
   std::string ButtonCaption() const { return blank_ ? "" : "* &OFFTASK *"; }
+  /// How many estimates are pending.
+  int Pending() const;
   std::string CountdownText() const;
 
  private:

@@ -2,19 +2,17 @@
 
 #include <QKeySequence>
 #include <QLabel>
-#include <QPushButton>
-#include <algorithm>
 
 #include "observe/offtask_indicator.h"
+#include "ui/OfftaskButton.h"
 #include "ui/show.h"
 
 namespace orvex {
 
-void ShowOfftask(const OfftaskIndicator& indicator, QLabel* countdown, QPushButton* button) {
+void ShowOfftask(const OfftaskIndicator& indicator, QLabel* countdown, OfftaskButton* button) {
   ShowText(countdown, indicator.CountdownText());
   ShowText(button, indicator.ButtonCaption());
-  // Blank, it is no narrower.
-  button->setMinimumWidth(std::max(button->minimumWidth(), button->sizeHint().width()));
+  button->ShowPending(indicator.Pending());
   const QKeySequence key(Qt::ALT | Qt::Key_O);
   if (button->shortcut() != key) button->setShortcut(key);
   button->setVisible(indicator.ButtonVisible());

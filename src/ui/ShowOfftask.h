@@ -1,13 +1,13 @@
 #pragma once
 
 class QLabel;
-class QPushButton;
 
 namespace orvex {
 
+class OfftaskButton;
 class OfftaskIndicator;
 
 /// Shows the off-task prompt of a form. The button's key works also while its caption is blank.
-void ShowOfftask(const OfftaskIndicator& indicator, QLabel* countdown, QPushButton* button);
+void ShowOfftask(const OfftaskIndicator& indicator, QLabel* countdown, OfftaskButton* button);
 
 }  // namespace orvex

@@ -114,8 +114,9 @@ void frmClassAct::ConnectButtons() {
     clocks_.Offtask().cmdOfftaskActive_Click();
     Refresh();
   });
-  for (QPushButton* asking :
-       {ui_->Command9, ui_->cmdFieldNote, ui_->Command1, ui_->cmdOfftaskActive}) {
+  for (QPushButton* asking : std::initializer_list<QPushButton*>{
+           ui_->cmdStartNewEp, ui_->cmdStartNewSg, ui_->Command9, ui_->cmdReview, ui_->cmdProof,
+           ui_->cmdFieldNote, ui_->Command1, ui_->Command7, ui_->cmdOfftaskActive, ui_->cmdQuit}) {
     new FocusReturn(asking);
   }
 }
@@ -146,8 +147,9 @@ void frmClassAct::StartTimers() {
 /// What is hidden keeps its place, so that nothing under the observer's eyes moves.
 void frmClassAct::KeepPlaces() {
   for (QWidget* child :
-       {ui_->cmdStartNewEp, ui_->cmdStartNewSg, ui_->cmdStartNewQASg, ui_->cmdBailout,
-        ui_->cmdReview, ui_->cmdProof, ui_->cmdOfftaskActive, ui_->cmdFieldNote, ui_->Command1}) {
+       std::initializer_list<QWidget*>{ui_->cmdStartNewEp, ui_->cmdStartNewSg, ui_->cmdStartNewQASg,
+                                       ui_->cmdBailout, ui_->cmdReview, ui_->cmdProof,
+                                       ui_->cmdOfftaskActive, ui_->cmdFieldNote, ui_->Command1}) {
     KeepPlace(child);
   }
   for (QWidget* child :

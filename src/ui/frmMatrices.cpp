@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <initializer_list>
 #include <string>
 #include <utility>
 
@@ -119,7 +120,8 @@ void frmMatrices::ConnectButtons() {
   button(ui_->cmdOfftaskActive, [this] {
     if (offtask_) offtask_->cmdOfftaskActive_Click();
   });
-  for (QPushButton* pressed : {ui_->Command1, ui_->Command2, ui_->cmdOfftaskActive}) {
+  for (QPushButton* pressed :
+       std::initializer_list<QPushButton*>{ui_->Command1, ui_->Command2, ui_->cmdOfftaskActive}) {
     new FocusReturn(pressed);
   }
 }

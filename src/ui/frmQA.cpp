@@ -37,6 +37,7 @@ frmQA::frmQA(const Services& services, const EditorOpening& opening, LiveObserva
   ui_->setupUi(this);
   ui_->FrTimerNOfftask->setVisible(editor_.Clocks() != nullptr);
   ui_->lblLogTrouble->hide();
+  KeepPlace(ui_->cmdOfftaskActive);
   ui_->cmdNxt->setVisible(editor_.ProofMode());
   ShowAsWarning(ui_->lblLogTrouble);
   frames_ = new QuestionFrames(
