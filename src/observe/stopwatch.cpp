@@ -8,7 +8,7 @@
 namespace orvex {
 
 std::string Stopwatch::SecondsSince(float start) const {
-  const float seconds = clock_.SecondsSinceMidnight() - start;
+  const float seconds = clock_->SecondsSinceMidnight() - start;
   return std::to_string(std::lround(RoundHalfEven(static_cast<double>(seconds)))) + " sec.";
 }
 
@@ -16,10 +16,10 @@ void Stopwatch::Start() {
   if (started_) {
     previousText_ = "PREVIOUS TIME SEGMENT = " + SecondsSince(lapStart_);
   } else {
-    totalStart_ = clock_.SecondsSinceMidnight();
+    totalStart_ = clock_->SecondsSinceMidnight();
     started_ = true;
   }
-  lapStart_ = clock_.SecondsSinceMidnight();
+  lapStart_ = clock_->SecondsSinceMidnight();
 }
 
 void Stopwatch::Tick() {

@@ -9,10 +9,12 @@ class Clock;
 /// A stopwatch with laps. It knows no midnight: a lap across it counts backwards.
 class Stopwatch {
  public:
-  explicit Stopwatch(const Clock& clock) : clock_(clock) {}
+  explicit Stopwatch(const Clock& clock) : clock_(&clock) {}
 
   /// Starts it; once it runs, ends a lap and begins the next.
   void Start();
+  /// As if it had never been started.
+  void Reset() { *this = Stopwatch(*clock_); }
   bool Started() const { return started_; }
   /// Once a second while it runs.
   void Tick();
@@ -24,7 +26,7 @@ class Stopwatch {
  private:
   std::string SecondsSince(float start) const;
 
-  const Clock& clock_;
+  const Clock* clock_;
   bool started_ = false;
   float lapStart_ = 0;
   float totalStart_ = 0;

@@ -277,7 +277,6 @@ void QuestionEntry::Click(Command command) {
       break;
     case Command::Command9:
       live_.Command1_Click();
-      MoveTo(Control::txtQuestion);
       break;
     case Command::Command10:
       EndClass();

@@ -1,5 +1,6 @@
 #include "ui/ChoiceGroup.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 
@@ -29,8 +30,8 @@ QRadioButton* ChoiceGroup::Button(int position) const {
 }
 
 void ChoiceGroup::ShowSelected(int position) {
-  if (position >= 0 && position != selected_) focus_->SetTabStop(position);
   selected_ = position;
+  focus_->SetEntry(std::max(selected_, 0));
   for (int i = 0; i < Count(); ++i) Button(i)->setChecked(i == position);
 }
 

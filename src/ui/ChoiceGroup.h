@@ -10,7 +10,8 @@ class RovingFocus;
 
 /// A set of radio buttons of which at most one is selected, for people who do not look at the
 /// keyboard: the arrow keys and the first letter of a caption move the focus without selecting
-/// anything, Space selects, and Tab passes the whole group. The logic decides what is selected.
+/// anything, Space selects, and Tab passes the whole group. It is entered at the button that is
+/// selected, or else at the first. The logic decides what is selected.
 class ChoiceGroup : public QObject {
   Q_OBJECT
 

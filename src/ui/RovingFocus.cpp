@@ -29,6 +29,15 @@ void RovingFocus::Focus(int position) {
   FocusVisibly(Button(position));
 }
 
+void RovingFocus::SetEntry(int position) {
+  entry_ = position;
+  if (!HasFocus()) SetTabStop(entry_);
+}
+
+bool RovingFocus::HasFocus() const {
+  return std::ranges::any_of(buttons_, &QWidget::hasFocus);
+}
+
 void RovingFocus::SetTabStop(int position) {
   for (int i = 0; i < Count(); ++i) {
     Button(i)->setFocusPolicy(i == position ? Qt::StrongFocus : Qt::ClickFocus);
@@ -37,6 +46,7 @@ void RovingFocus::SetTabStop(int position) {
 
 bool RovingFocus::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusIn) SetTabStop(PositionOf(watched));
+  if (event->type() == QEvent::FocusOut) SetTabStop(entry_);
   if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
   const auto* key = static_cast<QKeyEvent*>(event);
   const Qt::KeyboardModifiers modifiers = key->modifiers() & ~Qt::KeypadModifier;

@@ -37,6 +37,15 @@ dlgTimer::dlgTimer(const Clock& clock, QWidget* parent)
 
 dlgTimer::~dlgTimer() = default;
 
+void dlgTimer::showEvent(QShowEvent* event) {
+  if (!event->spontaneous()) {
+    stopwatch_.Reset();
+    timer1_->stop();
+    Refresh();
+  }
+  QDialog::showEvent(event);
+}
+
 void dlgTimer::Start() {
   stopwatch_.Start();
   timer1_->start();

@@ -14,7 +14,7 @@ namespace orvex {
 
 class Clock;
 
-/// The stopwatch.
+/// The stopwatch. Whenever it is opened, it begins afresh.
 class dlgTimer : public QDialog {
   Q_OBJECT
 
@@ -28,6 +28,7 @@ class dlgTimer : public QDialog {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void Start();

@@ -4,6 +4,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QTimer>
+#include <initializer_list>
 #include <string>
 
 #include "ui/FocusReturn.h"
@@ -25,6 +26,11 @@ bool IsByHand(Qt::FocusReason reason) {
          reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
 }
 
+/// The end of what brings one into a box: it has the focus, or has been clicked into.
+bool Leads(const QEvent& event) {
+  return event.type() == QEvent::FocusIn || event.type() == QEvent::MouseButtonRelease;
+}
+
 }  // namespace
 
 frmEnterQA::frmEnterQA(const Services& services, LiveObservation& live, const SessionClocks& clocks,
@@ -33,6 +39,7 @@ frmEnterQA::frmEnterQA(const Services& services, LiveObservation& live, const Se
   ui_->setupUi(this);
   // What is hidden keeps its place, so that nothing under the observer's eyes moves.
   for (QWidget* child : ui_->codesPage->findChildren<QWidget*>()) KeepPlace(child);
+  KeepPlace(ui_->cmdOfftaskActive);
   ShowAsWarning(ui_->lblLogTrouble);
   ConnectBoxes();
   ConnectButtons();
@@ -115,7 +122,11 @@ void frmEnterQA::ConnectButtons() {
     entry_.Offtask().cmdOfftaskActive_Click();
     Refresh();
   });
-  new FocusReturn(ui_->cmdOfftaskActive);
+  for (QPushButton* asking :
+       std::initializer_list<QPushButton*>{ui_->Command1, ui_->Command2, ui_->Command3,
+                                           ui_->Command4, ui_->Command9, ui_->cmdOfftaskActive}) {
+    new FocusReturn(asking);
+  }
   answer(ui_->Command11_0, 0);
   answer(ui_->Command11_1, 1);
 }
@@ -190,19 +201,25 @@ bool frmEnterQA::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     return HandleKey(watched, *static_cast<QKeyEvent*>(event));
   }
-  if (event->type() == QEvent::FocusIn && IsByHand(static_cast<QFocusEvent*>(event)->reason())) {
-    const auto control = ControlOf(watched);
-    const bool byMouse = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
-    // In the text a click means the place it is made at.
-    if (control && !(byMouse && control == Control::txtQuestion)) {
-      // The click or Tab that brought the focus places its own caret first.
-      QLineEdit* box = BoxAt(*control);
-      QTimer::singleShot(0, box, [box, caret = QuestionEntry::CaretOf(*control)] {
-        if (box->hasFocus()) FocusBox(box, caret);
-      });
-    }
+  const auto control = ControlOf(watched);
+  if (control && QuestionEntry::CaretOf(*control) == Caret::selectAll) {
+    // Whatever road leads into a code, the next letter replaces it.
+    if (Leads(*event)) BoxAt(*control)->selectAll();
+  } else if (control && event->type() == QEvent::FocusIn) {
+    EnterText(*control, static_cast<QFocusEvent*>(event)->reason());
   }
   return false;
+}
+
+/// A text is added to, unless a click in the question has said where.
+void frmEnterQA::EnterText(Control text, Qt::FocusReason reason) {
+  const bool placed = reason == Qt::MouseFocusReason && text == Control::txtQuestion;
+  if (!IsByHand(reason) || placed) return;
+  // The click or Tab that brought the focus places its own caret first.
+  QLineEdit* box = BoxAt(text);
+  QTimer::singleShot(0, box, [box] {
+    if (box->hasFocus()) FocusBox(box, Caret::atEnd);
+  });
 }
 
 bool frmEnterQA::HandleKey(const QObject* watched, const QKeyEvent& key) {

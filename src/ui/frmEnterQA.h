@@ -62,6 +62,7 @@ class frmEnterQA : public QWidget {
   void RefreshClocks();
   void RefreshStates(bool available);
   void TakeFocusWish();
+  void EnterText(QuestionEntry::Control text, Qt::FocusReason reason);
   bool HandleKey(const QObject* watched, const QKeyEvent& key);
   bool AnswerReview(int key);
 

@@ -60,6 +60,22 @@ class ClassForms : public testing::Test, protected Desk {
     Box(box)->selectAll();
     Keys(keys);
   }
+  /// Takes an estimate as soon as one of question/answer is pending.
+  void TakeEstimate() {
+    for (; live_->Live().Schedule().OfftaskPending() == 0; clock.Advance(1)) {
+      live_->Live().OfftaskTick();
+    }
+    TickForms();
+    prompter.ExpectEstimate({.offtask = "5", .students = "25"});
+    Keys("{Alt+O}");
+  }
+  void UseAnotherWindow() {
+    {
+      QWidget other;
+      Activate(other);
+    }
+    Activate(Form());
+  }
   std::vector<questionInfo>& Questions() { return live_->Live().CurQuestions(); }
 
   std::unique_ptr<frmClassAct> live_;
@@ -259,6 +275,69 @@ TEST_F(ClassForms, ACodeIsSelectedHoweverItIsComeTo) {
   Click(Box("Text6"));
   Keys("bel");
   EXPECT_EQ(Text("Text6"), "Annabel");
+
+  Begin(kEntry, "Why?\n\n\n\n\n");
+  const std::pair<const char*, std::function<void()>> roads[] = {
+      {"an estimate", [&] { TakeEstimate(); }},
+      {"another window", [&] { UseAnotherWindow(); }},
+      {"a click in it", [&] { Click(Box("Text5")); }},
+      {"Tab", [] { Keys("\t{Backtab}"); }},
+  };
+  for (const auto& [road, lead] : roads) {
+    Keys("r");
+    lead();
+    EXPECT_EQ(FocusedName(), "Text5") << road;
+    EXPECT_EQ(Box("Text5")->selectedText().toStdString(), "r") << road;
+  }
+}
+
+TEST_F(ClassForms, AGroupWithoutASelectionIsEnteredAtItsFirstButton) {
+  Begin("Act\tsss \t{Down} {Alt+S} \t");
+  EXPECT_EQ(FocusedName(), "Option1_0");
+  Keys("{Down}\t{Backtab}");
+  EXPECT_EQ(FocusedName(), "Option1_0") << "where the focus has been is no selection";
+  Keys("{Down} {Up}\t{Backtab}");
+  EXPECT_EQ(FocusedName(), "Option1_1") << "the one that is selected";
+  prompter.Expect("Start New Segment?", Answer::yes);
+  Keys("{Alt+S}{Down}\t");
+  Box("txtEpisodeName")->setFocus();
+  Keys("\t");
+  EXPECT_EQ(FocusedName(), "Option0_0");
+}
+
+TEST_F(ClassForms, TheFocusIsWhereItWasAfterWhatHasChangedNothing) {
+  const auto expectAll = [this] {
+    for (const auto& [key, question] : kQuestions) prompter.Expect(question, Answer::no);
+    prompter.Expect("Everything coded; no invalid codes found", Answer::ok);
+  };
+  Begin(kEntry, "Why?\nt\nn\nHow");
+  expectAll();
+  Keys("{Alt+E}{Alt+P}{Alt+S}{Alt+F}{Alt+C}{Alt+R}?");
+  EXPECT_EQ(Text("txtQuestion"), "How?");
+
+  Begin("Act\tl {Down}");
+  Questions().emplace_back().SetValue("Why?", "T", "N", "", "", "", "", "", "", "", 1, 1);
+  live_->Refresh();
+  expectAll();
+  for (const char* key :
+       {"{Alt+E}", "{Alt+P}", "{Alt+S}", "{F7}", "{Alt+C}", "{Alt+R}", "{Alt+M}"}) {
+    Keys(key);
+    EXPECT_EQ(FocusedName(), "Option0_4") << key;
+  }
+  Find(*live_, "Command7")->setFocus(Qt::TabFocusReason);
+  Keys(" ");
+  EXPECT_EQ(FocusedName(), "Command7") << "whoever had gone to the button is still there";
+}
+
+TEST_F(ClassForms, TheNotesHaveTheirKeyAlsoBesideProof) {
+  Begin("Act\tl ");
+  Questions().emplace_back().SetValue("Why?", "T", "N", "", "", "", "", "", "", "", 1, 1);
+  live_->Refresh();
+  EXPECT_TRUE(Find(*live_, "cmdProof")->isVisible());
+  prompter.ExpectNotes("Quiet");
+  Keys("{Alt+F}");
+  EXPECT_EQ(live_->Live().FieldNotes(), "Quiet");
+  EXPECT_EQ(FocusedName(), "Option0_3");
 }
 
 TEST_F(ClassForms, OnlyAnAnswerLeadsOnFromTheReviewQuestion) {

@@ -61,6 +61,15 @@ TEST(OfftaskForm, TakesAnEstimateWithEnterFromBoxToBox) {
   }
 }
 
+TEST(OfftaskForm, OpensWithBothNumbersSelected) {
+  OfftaskPrompt prompt = {.offtask = "3", .students = "25"};
+  PressInTheNext("", [](const QDialog& dialog) {
+    EXPECT_EQ(Find<QLineEdit>(dialog, "Text1")->selectedText(), QStringLiteral("3"));
+    EXPECT_EQ(Find<QLineEdit>(dialog, "Text3")->selectedText(), QStringLiteral("25"));
+  });
+  EXPECT_FALSE(QtPrompter().AskOfftask(prompt));
+}
+
 TEST(OfftaskForm, KeepsTheFocusInABoxThatIsNoNumber) {
   for (const char* keys : {"x\n", "x{Up}", "x\t", "x{Alt+S}", "x{Alt+O}"}) {
     SCOPED_TRACE(keys);
@@ -180,8 +189,12 @@ TEST(TimerForm, StartsALapOnAnyKey) {
   clock.Advance(60);
   Keys("x");
   EXPECT_EQ(text("Label4"), "PREVIOUS TIME SEGMENT = -86334 sec.") << "it knows no midnight";
+  form.close();
   for (const char* key : {"{Ctrl+C}", "{Alt+C}"}) {
     Activate(form);
+    EXPECT_EQ(text("Label3") + text("Label4"), "Total time: PREVIOUS TIME SEGMENT = ") << "afresh";
+    Keys("xx");
+    TickForms();
     Keys(key);
     EXPECT_FALSE(form.isVisible());
   }

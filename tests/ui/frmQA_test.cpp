@@ -75,6 +75,8 @@ TEST_F(frmQATest, TabLeadsThroughTheDimensionsInTheOrderOfTheirCoding) {
             "txtQuestion UpDown1 OptSrc_1 OptResp_0 OptAuth_1 OptUptake_2 OptCogLvl_1 "
             "txtRespondName OptTResp_2 OptElabUn_0 cmdDitto cmdNormal Command1 cmdReturn cmdInsB "
             "cmdInsA cmdDrop Combo1 lVwQ Text1 ");
+  Keys("{Alt+I}\t\t");
+  EXPECT_EQ(FocusedName(), "OptSrc_0") << "the question before had the other one";
 }
 
 TEST_F(frmQATest, KeysWalkTheListAndShowEachQuestion) {

@@ -143,7 +143,7 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"09:01:20", "q ", text},
       {"", "Whe\n{Alt+A}", text},
       {"09:01:30", "{Alt+A}", "txtEpisodeName"},
-      {"09:01:40", "  Warm-up: \"courage\", joy & café \t", "Option0_4"},
+      {"09:01:40", "  Warm-up: \"courage\", joy & café \t", "Option0_0"},
       {"09:01:45", "p ", "Option0_0"},
       {"09:01:50", "d ", "Option0_0", Declined(kRevise)},
       {"09:02:00", "d ", "Option0_1", kRevise},
@@ -187,11 +187,11 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"09:21:00.500", "{Alt+S}s ", "Option0_8", kSegment, Estimate("1", "24")},
       {"09:22:02", "{Alt+S}", "Option0_8", kSegment},
       {"", "ssss \t{Up} \t{Down} \t{Down} ", "Option5_1"},
-      {"", "{Alt+P}", "cmdStartNewEp", Declined(kEpisode)},
+      {"", "{Alt+P}", "Option5_1", Declined(kEpisode)},
       {"09:25:02", "{Alt+P}", "txtEpisodeName", kEpisode},
 
       // An episode that turns out to be a segment.
-      {"09:25:10", "Too early\t", "Option0_6"},
+      {"09:25:10", "Too early\t", "Option0_0"},
       {"09:25:15", "g ", "Option0_10"},
       {"09:26:00", "{Alt+T}", "txtEpisodeName"},
       {"09:26:10", "\trr ", "Option0_9", kRevise},
@@ -207,7 +207,7 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"09:35:02", "{Alt+P}", "txtEpisodeName", kEpisode},
 
       // The activities with codes of their own.
-      {"09:35:10", "Grammar – “who” or “whom”\t", "Option0_2"},
+      {"09:35:10", "Grammar – “who” or “whom”\t", "Option0_0"},
       {"09:35:15", "t ", "Option0_12"},
       {"09:38:02", "{Alt+S}", "Option0_12", kSegment},
       {"", "s \t \t{Down}\t{Down}\t{Down}", "Combo3"},
@@ -232,7 +232,7 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"09:50:32", "n", "txtEpisodeName"},
 
       // The students ask.
-      {"09:50:40", "Students ask\t", "Option0_4"},
+      {"09:50:40", "Students ask\t", "Option0_0"},
       {"09:50:45", "q ", text},
       {"09:52:00", "Is it long?\ns\nn\nA\nIs it due?\ns\nn\nB\n", text},
       {"", "Can we work together?\ns\ny\n\n\n\nC\n\n\nReally?\ns\nn\n\n", text},
@@ -242,10 +242,10 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"", "{Alt+P}", "Command11_0", kEpisode},
       {"09:54:32", " ", "txtEpisodeName"},
 
-      {"09:54:40", "Wrap-up, at last\t", "Option0_4"},
+      {"09:54:40", "Wrap-up, at last\t", "Option0_0"},
       {"09:54:45", "g ", "Option0_10"},
       {"09:56:32", "{Alt+S}p ", "Option0_0", kSegment},
-      {"10:00:00", "{Alt+E}", "cmdQuit", Declined(kEnd)},
+      {"10:00:00", "{Alt+E}", "Option0_0", Declined(kEnd)},
       {"", "{Alt+E}", "Command7", {{kEnd.text, Answer::yes, Answer::no}}},
 
       // The survey is filled in when the class is stored already.
@@ -254,7 +254,7 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"", "{Alt+R}", "Command7"},
       {"10:03:00", "{Alt+M}{Ctrl+PgUp}", "Text5"},
       {"", "{End}{Backspace}{Alt+R}", "Command7"},
-      {"", "{Alt+X}", "cmdQuit"},
+      {"", "{Alt+X}", "Command7"},
   });
   ExpectFiles("7/13/", "7-13-3");
   EXPECT_FALSE(std::filesystem::exists(desk_.folder / "BAK/7/12/7-12-3.bak"));
@@ -273,7 +273,7 @@ TEST_F(RecordedClass, RunsOnAcrossMidnight) {
       {"00:05:00", "{Alt+P}", "Command11_0", kEpisode},
       {"", "{Alt+Y}Home\to ", "Option0_11"},
       {"", "{Alt+A}ghosts{Alt+O}", "Option0_11"},
-      {"00:20:00", "{Alt+E}", "cmdQuit", kEnd, {}, "15 : 00;15 : 00; 00 : 20 : 00;"},
+      {"00:20:00", "{Alt+E}", "Option0_11", kEnd, {}, "15 : 00;15 : 00; 00 : 20 : 00;"},
   });
   ExpectFiles("1/2/", "1-2-3");
 }
