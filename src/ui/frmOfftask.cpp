@@ -1,6 +1,8 @@
 #include "ui/frmOfftask.h"
 
 #include <QKeyEvent>
+#include <QTimer>
+#include <utility>
 
 #include "ui/BoxFocus.h"
 #include "ui/show.h"
@@ -63,8 +65,16 @@ void frmOfftask::Focus(const OfftaskDialog::Focus::Target& wish) {
 void frmOfftask::setVisible(bool visible) {
   QDialog::setVisible(visible);
   if (!visible) return;
-  ui_->Text3->selectAll();
   FocusBox(ui_->Text1, Caret::selectAll);
+}
+
+void frmOfftask::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() != QEvent::ActivationChange || std::exchange(opened_, true)) return;
+  // The box that gets the focus with the window takes the selection from the others.
+  QTimer::singleShot(0, this, [this] {
+    if (!ui_->Text3->hasFocus()) ui_->Text3->selectAll();
+  });
 }
 
 void frmOfftask::accept() {

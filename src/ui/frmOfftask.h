@@ -33,6 +33,7 @@ class frmOfftask : public QDialog {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void ConnectBox(QLineEdit* box, OfftaskDialog::Control control);
@@ -40,6 +41,7 @@ class frmOfftask : public QDialog {
   void Focus(const OfftaskDialog::Focus::Target& wish);
 
   OfftaskDialog dialog_;
+  bool opened_ = false;
   std::unique_ptr<Ui::frmOfftask> ui_;
   std::unique_ptr<BoxFocus> boxFocus_;  // last: it must not see the dialog go down
 };

@@ -61,15 +61,6 @@ TEST(OfftaskForm, TakesAnEstimateWithEnterFromBoxToBox) {
   }
 }
 
-TEST(OfftaskForm, OpensWithBothNumbersSelected) {
-  OfftaskPrompt prompt = {.offtask = "3", .students = "25"};
-  PressInTheNext("", [](const QDialog& dialog) {
-    EXPECT_EQ(Find<QLineEdit>(dialog, "Text1")->selectedText(), QStringLiteral("3"));
-    EXPECT_EQ(Find<QLineEdit>(dialog, "Text3")->selectedText(), QStringLiteral("25"));
-  });
-  EXPECT_FALSE(QtPrompter().AskOfftask(prompt));
-}
-
 TEST(OfftaskForm, KeepsTheFocusInABoxThatIsNoNumber) {
   for (const char* keys : {"x\n", "x{Up}", "x\t", "x{Alt+S}", "x{Alt+O}"}) {
     SCOPED_TRACE(keys);
