@@ -33,6 +33,8 @@ class EditHistory {
   /// The step that `Undo` or `Redo` takes next; null when there is none.
   const EditStep* NextUndo() const;
   const EditStep* NextRedo() const;
+  /// How many steps can be undone.
+  std::size_t Steps() const { return current_; }
   /// Turn `episodes` into the state before or after. Nothing happens when there is no such step.
   void Undo(EpisodeList& episodes);
   void Redo(EpisodeList& episodes);

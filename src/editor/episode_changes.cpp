@@ -7,7 +7,6 @@
 #include "editor/episode_editor.h"
 #include "model/program.h"
 #include "model/prompter.h"
-#include "questions/question_editor.h"
 #include "store/text_encoding.h"
 
 namespace orvex {
@@ -228,9 +227,30 @@ void EpisodeEditor::Redo() {
 }
 
 void EpisodeEditor::RecordQuestionChange(const QuestionChange& change) {
-  const Place place = {change.episode, 1};
+  const auto [episode, question] = change.place;
+  const Place place = {episode, 1, std::max(question, 1)};
   history_.Record(Episodes(), {.name = change.name, .before = place, .after = place},
                   change.typing);
+}
+
+/// The step that is next, where it is one of the question editor's; null otherwise.
+const EditStep* EpisodeEditor::NextOfQuestions(Way way) const {
+  const EditStep* step = way == Way::undo ? history_.NextUndo() : history_.NextRedo();
+  return step && step->before.question != 0 ? step : nullptr;
+}
+
+std::string EpisodeEditor::NextQuestionStep(Way way) const {
+  const EditStep* step = NextOfQuestions(way);
+  const char* verb = way == Way::undo ? "undoes \"" : "redoes \"";
+  return step ? verb + step->name + "\"" : "";
+}
+
+std::optional<QuestionPlace> EpisodeEditor::TakeQuestionStep(Way way) {
+  const EditStep* step = NextOfQuestions(way);
+  if (!step) return std::nullopt;
+  const QuestionPlace place = {step->before.episode, step->before.question};
+  way == Way::undo ? Undo() : Redo();
+  return place;
 }
 
 /// Whatever else works on the same episodes.

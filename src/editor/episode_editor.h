@@ -11,16 +11,15 @@
 #include "editor/segment_coding_view.h"
 #include "model/episode.h"
 #include "model/screens.h"
+#include "questions/question_steps.h"
 #include "store/services.h"
 
 namespace orvex {
 
-struct QuestionChange;
-
 /// Corrects the structure and the coding of an observation after class. Everything is changed in
 /// the program's episodes; the file changes when it is saved. Episodes and segments are counted
 /// from 1.
-class EpisodeEditor {
+class EpisodeEditor : public QuestionSteps {
  public:
   EpisodeEditor(const Services& services, OpenedFile opened);
 
@@ -124,8 +123,12 @@ class EpisodeEditor {
   bool Save();
   void EditQuestions();  ///< `Command1`
   void Proof();          ///< `Command7`
-  /// The question editor, opened from here or from the statistics, has changed something.
-  void RecordQuestionChange(const QuestionChange& change);
+  // The question editor, opened from here or from the statistics, works on the same steps.
+  void RecordQuestionChange(const QuestionChange& change) override;
+  void EndTyping() override { LeaveBox(); }
+  std::string NextQuestionStep(Way way) const override;
+  std::optional<QuestionPlace> TakeQuestionStep(Way way) override;
+  std::size_t StepsTaken() const override { return history_.Steps(); }
   void ShowTimeSummary();  ///< `Command2`
   void ShowStatistics();   ///< `Command3`
   void ShowPlot();         ///< `Command6`
@@ -158,6 +161,7 @@ class EpisodeEditor {
   void Recode(const char* name, bool shown, Change change);
   void RecordTyping(const char* name);
   void RecordOutsideChanges();
+  const EditStep* NextOfQuestions(Way way) const;
   enum class Refill { segments, episodes };
   void Restructured(const char* name, const std::optional<Place>& next, Refill refill);
 

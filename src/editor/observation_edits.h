@@ -11,10 +11,11 @@ namespace orvex {
 /// Positions in a list, counted from 1, ascending.
 using Positions = std::vector<int>;
 
-/// A segment of an episode, both counted from 1; segment 0 stands for none in particular.
+/// A segment or a question of an episode, all counted from 1; 0 stands for none in particular.
 struct Place {
   int episode = 0;
   int segment = 0;
+  int question = 0;
 
   bool operator==(const Place&) const = default;
 };

@@ -53,8 +53,8 @@ void LiveObservation::ApplyActivity(int activity) {
   if (IsSeatwork(activity)) run_.coding.EnableSeatworkCoding(true);
   if (IsGroupWork(activity)) run_.coding.EnableGroupTypes(true);
   if (activity == kQuestionAnswer) {
-    run_.draftQuestion.clear();
-    run_.draftFields = {};
+    run_.draft = {};
+    run_.history.ForgetDrafts();
     run_.questionsBefore = CurrentEpisode().nQAs();
     services_.screens.Show(Screen::questionEntry);
     services_.screens.Hide(Screen::liveObservation);

@@ -1,5 +1,7 @@
 #include "observe/entry_fields.h"
 
+#include <algorithm>
+
 #include "store/text_encoding.h"
 
 namespace orvex {
@@ -34,6 +36,10 @@ std::optional<Dimension> EntryFields::PreviousVisible(Dimension from) const {
     if (Visible(field) && field < from) previous = field;
   }
   return previous;
+}
+
+bool EntryFields::AreEmpty() const {
+  return std::ranges::all_of(fields_, [](const Field& field) { return field.text.empty(); });
 }
 
 bool EntryFields::Holds(Dimension field, std::string_view letter) const {

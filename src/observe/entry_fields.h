@@ -17,6 +17,8 @@ class EntryFields {
  public:
   const std::string& Text(Dimension field) const { return At(field).text; }
   bool Visible(Dimension field) const { return At(field).visible; }
+  /// True when nothing is typed in any field.
+  bool AreEmpty() const;
   std::string_view Caption(Dimension field) const;
   /// The heading over the last codes (`Label10`).
   bool HeadingVisible() const { return headingVisible_; }
@@ -73,6 +75,18 @@ class EntryFields {
   std::array<Field, kDimensionCount> fields_;
   bool headingVisible_ = false;
   bool studentAsks_ = false;  ///< the captions are those of a student question
+};
+
+/// The question that is being entered: its text and its codes.
+struct QuestionDraft {
+  std::string question;
+  EntryFields fields;
+
+  bool IsEmpty() const { return question.empty() && fields.AreEmpty(); }
+  /// True when `other` can take its place and nothing typed is lost.
+  bool IsBeginningOf(const QuestionDraft& other) const {
+    return fields.AreEmpty() && (question.empty() || question == other.question);
+  }
 };
 
 }  // namespace orvex

@@ -118,6 +118,28 @@ void Visit(auto& archive, auto& dialog) requires requires {
   archive.Text("studentsBefore", dialog.studentsBefore);
 }
 
+void Visit(auto& archive, auto& draft) requires requires {
+  draft.fields;
+}
+{
+  archive.Text("draftQuestion", draft.question);
+  EntryFields::Visit(archive, draft.fields);
+}
+
+/// The way back from what was done to questions.
+void Visit(auto& archive, auto& step) requires requires {
+  step.present;
+}
+{
+  archive.Numbers("step", step.place.episode, step.place.question, step.present);
+  archive.Optional("question", step.question, [&](auto& question) { Visit(archive, question); });
+  archive.Optional("draft", step.draft, [&](auto& draft) { Visit(archive, draft); });
+}
+
+void VisitHistory(auto& archive, auto& history) {
+  QuestionHistory::Visit(archive, history, [&](auto& step) { Visit(archive, step); });
+}
+
 void VisitPath(auto& archive, const char* name, auto& path) {
   std::string text = path.string();
   archive.Text(name, text);
@@ -144,8 +166,7 @@ void Visit(auto& archive, auto& running) requires requires {
   archive.Text("fieldNotes", running.fieldNotes);
   Visit(archive, running.survey);
   VisitPath(archive, "storedElsewhere", running.storedElsewhere);
-  archive.Text("draftQuestion", running.draftQuestion);
-  EntryFields::Visit(archive, running.draftFields);
+  Visit(archive, running.draft);
   archive.Numbers("questionsBefore", running.questionsBefore);
 }
 
@@ -238,6 +259,7 @@ std::string FormatRunning(const Program& program, const RunningClass& running) {
   RecordWriter writer(text);
   Visit(writer, program);
   Visit(writer, running);
+  VisitHistory(writer, running.history);
   return text;
 }
 
@@ -258,6 +280,8 @@ KeptClass ParseKept(const std::string& content) {
   Visit(reader, kept.moment);
   Visit(reader, kept.program);
   Visit(reader, kept.running);
+  // A class that an earlier version has kept ends here.
+  if (!reader.AtEnd()) VisitHistory(reader, kept.running.history);
   reader.End();
   if (!IsGood(kept)) reader.Fail("a class that could have run so");
   MakeTextsOneLine(kept);

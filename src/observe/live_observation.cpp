@@ -273,6 +273,7 @@ void LiveObservation::StartNewEpi2() {
 
 void LiveObservation::RevertNewEpisode() {
   episodes_.pop_back();
+  run_.history.ForgetEpisode(run_.curEpisode);
   --run_.curEpisode;
   run_.curSegment = static_cast<int>(CurrentEpisode().segments.size()) + 1;
   run_.offtaskEstimates = run_.prevOfftaskEstimates;

@@ -72,11 +72,11 @@ class LiveObservation {
   const std::string& FieldNotes() const { return run_.fieldNotes; }
   /// What the observer has filled in of the survey so far.
   Survey& SurveyAnswers() { return run_.survey; }
-  /// The question that is being entered: its text and its codes.
-  std::string& DraftQuestion() { return run_.draftQuestion; }
-  const std::string& DraftQuestion() const { return run_.draftQuestion; }
-  EntryFields& DraftFields() { return run_.draftFields; }
-  const EntryFields& DraftFields() const { return run_.draftFields; }
+  QuestionDraft& Draft() { return run_.draft; }
+  const QuestionDraft& Draft() const { return run_.draft; }
+  /// The way back from what was done to questions.
+  QuestionHistory& History() { return run_.history; }
+  const QuestionHistory& History() const { return run_.history; }
   /// True when the running question/answer has brought questions already.
   bool SegmentHasQuestions() const { return CurrentEpisode().nQAs() > run_.questionsBefore; }
   bool NothingEntered() const { return run_.nothingEntered; }

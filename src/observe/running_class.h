@@ -8,6 +8,7 @@
 #include "model/prompter.h"
 #include "observe/entry_fields.h"
 #include "observe/offtask_schedule.h"
+#include "observe/question_history.h"
 #include "observe/segment_coding.h"
 #include "survey/survey.h"
 
@@ -52,11 +53,10 @@ struct RunningClass {
   bool awaitsSurvey = false;
   /// No key has been typed in a description: there is nothing to store yet.
   bool nothingEntered = true;
-  /// The question that is being entered: its text and its codes.
-  std::string draftQuestion;
-  EntryFields draftFields;
+  QuestionDraft draft;
   /// How many questions the episode had when the running question/answer began.
   int questionsBefore = 0;
+  QuestionHistory history;
 
   /// The number of the activity; 0 while none is chosen.
   int Activity() const;

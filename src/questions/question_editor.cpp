@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <numeric>
 #include <utility>
 
 #include "model/program.h"
@@ -11,11 +10,8 @@
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
 #include "questions/question_layout.h"
-#include "questions/question_room.h"
 #include "start/field_notes_file.h"
-#include "store/numbers.h"
 #include "store/session_log.h"
-#include "store/text_encoding.h"
 
 namespace orvex {
 namespace {
@@ -45,7 +41,10 @@ QuestionEditor::QuestionEditor(const Services& services, const EditorOpening& op
       live_(live),
       liveClocks_(liveClocks),
       tick_(services.prompter, "timer1") {
-  if (live_) offtask_.emplace(*live_);
+  if (live_) {
+    offtask_.emplace(*live_);
+    steps_ = &classSteps_.emplace(services, *live_);
+  }
   const int first = live_ ? EpisodeCount() : opening.episode;
   ChooseEpisode(opening.proofMode ? services.program.ProofEp : first);
   focus_.Set(EditStart());
@@ -84,7 +83,7 @@ const std::string& QuestionEditor::Description() const {
 }
 
 std::string QuestionEditor::RowText(int i) const {
-  const int number = rowNumbers_.at(static_cast<std::size_t>(i - 1));
+  const int number = rowNumbers_.At(i);
   std::string row = number == 0 ? "#" : std::to_string(number);
   row += ". ";
   row += FirstCharacters(QuestionText(i), kRowCharacters);
@@ -176,7 +175,7 @@ bool QuestionEditor::TakeNameSelection() {
 
 void QuestionEditor::ChooseEpisode(int number) {
   selEp_ = std::min(std::max(number, 1), EpisodeCount());
-  FillQuestionList();
+  rowNumbers_.Start(static_cast<std::size_t>(QuestionCount()));
   curQ_ = 0;
   inserted_ = false;
   const int count = QuestionCount();
@@ -186,16 +185,22 @@ void QuestionEditor::ChooseEpisode(int number) {
   UpdateEditState();
 }
 
-void QuestionEditor::FillQuestionList() {
-  rowNumbers_.resize(static_cast<std::size_t>(QuestionCount()));
-  std::iota(rowNumbers_.begin(), rowNumbers_.end(), 1);
-}
-
 void QuestionEditor::ShowQuestion(int i) {
   curQ_ = i;
   inserted_ = false;
   LayoutFrames();
   ShowSegment();
+}
+
+/// Shows a question of any episode, or the one that is nearest to its place.
+void QuestionEditor::ShowPlace(const QuestionPlace& place) {
+  if (place.episode != selEp_) ChooseEpisode(place.episode);
+  const int count = QuestionCount();
+  curQ_ = std::clamp(place.question, std::min(1, count), count);
+  inserted_ = false;
+  if (CanEdit()) return ShowQuestion(curQ_);
+  UpdateEditState();
+  focus_.Set(EditStart());
 }
 
 void QuestionEditor::LayoutFrames() {
@@ -212,71 +217,15 @@ void QuestionEditor::UpdateEditState() {
     return;
   }
   normalEnabled_ = !Shown().IsNormal();
-  reseqEnabled_ = reseqNeeded_;
+  reseqEnabled_ = rowNumbers_.LagBehind();
 }
 
 void QuestionEditor::ShowSegment() {
   segmentText_ = std::to_string(Shown().iSgQ);
 }
 
-// Choosing and typing.
-
 void QuestionEditor::ClickRow(int i) {
   if (i >= 1 && i <= QuestionCount()) ShowQuestion(i);
-}
-
-void QuestionEditor::ClickOption(Dimension dimension, int option) {
-  if (!CanEdit()) return;
-  SetOption(Shown(), dimension, option);
-  LayoutFrames();
-  Changed("Code question");
-}
-
-void QuestionEditor::TypeQuestion(std::string_view text) {
-  if (!CanEdit()) return;
-  Shown().question = OneLine(text);
-  Typed("Type question");
-}
-
-void QuestionEditor::TypeRespondName(std::string_view text) {
-  if (!CanEdit()) return;
-  Shown().respondName = OneLine(text);
-  Typed("Type name");
-}
-
-void QuestionEditor::TypeSegment(std::string_view text) {
-  if (!CanEdit()) return;
-  segmentText_ = OneLine(text);
-  const auto number = TypedNumber(segmentText_);
-  Shown().iSgQ = number ? ToInt16(*number).value_or(0) : std::int16_t{0};
-  Typed("Type segment number");
-}
-
-void QuestionEditor::StepSegment(int steps) {
-  if (!CanStepSegment(steps)) return;
-  const int stepped = std::clamp(Shown().iSgQ + steps, 0, kMostSegment);
-  Shown().iSgQ = static_cast<std::int16_t>(stepped);
-  ShowSegment();
-  Typed("Type segment number");
-}
-
-void QuestionEditor::LeaveSegment() {
-  if (CanEdit()) ShowSegment();
-}
-
-void QuestionEditor::TypeDescription(std::string_view text) {
-  if (!HasEpisode()) return;
-  SelectedEpisode().Descript = OneLine(text);
-  Typed("Type description");
-}
-
-void QuestionEditor::Changed(const char* name) const {
-  if (told_) told_({.name = name, .typing = "", .episode = selEp_});
-}
-
-/// The same box of the same question is typed in on and on.
-void QuestionEditor::Typed(const char* name) const {
-  if (told_) told_({.name = name, .typing = name + std::to_string(curQ_), .episode = selEp_});
 }
 
 void QuestionEditor::LeaveDescription() {
@@ -311,84 +260,27 @@ void QuestionEditor::Click(Command command) {
   }
 }
 
-void QuestionEditor::InsertBefore() {
-  if (CanEdit()) {
-    Insert(curQ_, Shown().iSgQ);
-  } else {
-    Insert(1, 1);
-  }
-}
-
-void QuestionEditor::InsertAfter() {
-  Insert(curQ_ + 1, CanEdit() ? Shown().iSgQ : std::int16_t{1});
-}
-
-void QuestionEditor::Insert(int position, std::int16_t segment) {
-  std::vector<questionInfo>& questions = SelectedEpisode().questions;
-  if (!HasRoomForQuestion(questions, services_.prompter)) return;
-  questionInfo question;
-  question.iSgQ = segment;
-  questions.insert(questions.begin() + (position - 1), std::move(question));
-  rowNumbers_.insert(rowNumbers_.begin() + (position - 1), 0);
-  ShowQuestion(position);
-  focus_.Set(Control::txtQuestion);
-  reseqNeeded_ = true;
-  UpdateEditState();
-  inserted_ = true;
-  Changed("Insert question");
-}
-
-void QuestionEditor::Drop() {
-  std::vector<questionInfo>& questions = SelectedEpisode().questions;
-  questions.erase(questions.begin() + (curQ_ - 1));
-  rowNumbers_.erase(rowNumbers_.begin() + (curQ_ - 1));
-  curQ_ = std::min(curQ_, QuestionCount());
-  inserted_ = false;
-  if (CanEdit()) {
-    ShowQuestion(curQ_);
-  } else {
-    UpdateEditState();
-    focus_.Set(EditStart());
-  }
-  reseqNeeded_ = true;
-  Changed("Drop question");
-}
-
-void QuestionEditor::Ditto() {
-  const Answer answer = services_.prompter.Ask({.text = "Duplicate coding only?",
-                                                .buttons = Buttons::yesNoCancel,
-                                                .defaultAnswer = Answer::yes,
-                                                .title = "Ditto"});
-  if (answer != Answer::cancel) {
-    const questionInfo& previous =
-        SelectedEpisode().questions.at(static_cast<std::size_t>(curQ_ - 2));
-    Shown().Copy(previous, answer == Answer::no);
-    ShowQuestion(curQ_);
-    Changed("Ditto");
-  }
-  focus_.Set(Control::txtQuestion);
-}
-
-void QuestionEditor::Normal() {
-  if (!CanEdit()) return;
-  Shown().SetNormal();
-  ShowQuestion(curQ_);
-  focus_.Set(Control::txtRespondName);
-  Changed("Normal question");
-}
-
-void QuestionEditor::Reseq() {
-  FillQuestionList();
-  reseqNeeded_ = false;
-}
-
 void QuestionEditor::Next() {
   Program& program = services_.program;
   program.ProofEp = selEp_;
   program.ProofQ = curQ_ + 1;
   const int found =
       FindUncodedQuestion(program.Episodes, program.ProofEp, program.ProofQ, services_.prompter);
-  if (found != -1) ChooseEpisode(program.ProofEp);
+  if (found == -1) return;
+  ChooseEpisode(program.ProofEp);
+  FocusGap();
+}
+
+/// The keyboard goes on where something is missing.
+void QuestionEditor::FocusGap() {
+  if (!CanEdit()) return;
+  const MissingCodes missing = FindMissingCodes(Shown());
+  if (missing.text) {
+    focus_.Set(Control::txtQuestion);
+  } else if (!missing.dimensions.empty()) {
+    const bool name = missing.dimensions.front() == Dimension::respondName;
+    focus_.Set(name ? Control::txtRespondName : Control::gap);
+  }
 }
 
 void QuestionEditor::FieldNotes() {
@@ -400,6 +292,7 @@ void QuestionEditor::FieldNotes() {
 }
 
 void QuestionEditor::Return() {
+  if (live_) live_->History().ForgetRevisions();
   ShowCaller();
   services_.screens.Close(Screen::questionEditor);
 }

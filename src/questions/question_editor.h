@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,6 +12,9 @@
 #include "observe/focus.h"
 #include "observe/offtask_indicator.h"
 #include "observe/tick.h"
+#include "questions/class_steps.h"
+#include "questions/question_steps.h"
+#include "questions/row_numbers.h"
 #include "store/services.h"
 
 namespace orvex {
@@ -29,20 +31,14 @@ struct EditorOpening {
   int episode = 1;
 };
 
-/// A change that the question editor has made, for whoever keeps the steps back.
-struct QuestionChange {
-  std::string name;  ///< what the user has done: "Insert question"
-  std::string
-      typing;  ///< changes in a row with the same one are one step; "" for a step of its own
-  int episode = 0;
-};
-
 /// Corrects the questions of an observation: one is shown, with its place in the list of its
-/// episode. Every change is made in the episode itself; there is nothing to save or to take back.
+/// episode. Every change is made in the episode itself; there is nothing to save. The steps back are
+/// kept by whoever keeps the observation.
 class QuestionEditor {
  public:
-  /// The controls that the logic gives the focus to.
-  enum class Control { txtQuestion, txtRespondName, cmdInsA };
+  /// The controls that the logic gives the focus to; `gap` are the options of the first dimension
+  /// that the question shown lacks.
+  enum class Control { txtQuestion, txtRespondName, cmdInsA, gap };
   using Focus = FocusWish<Control>;
 
   enum class Command {
@@ -64,8 +60,8 @@ class QuestionEditor {
   QuestionEditor(const Services& services, const EditorOpening& opening, LiveObservation* live,
                  const SessionClocks* liveClocks);
 
-  /// Who is told of every change, after it.
-  void OnChange(std::function<void(const QuestionChange&)> told) { told_ = std::move(told); }
+  /// Who keeps the steps back; during a class, the class does.
+  void KeepStepsWith(QuestionSteps& steps) { steps_ = &steps; }
 
   // What the form shows.
   std::string Title() const;
@@ -101,6 +97,10 @@ class QuestionEditor {
   /// A question is shown, and everything that changes it is enabled.
   bool CanEdit() const { return curQ_ >= 1; }
   bool Enabled(Command command) const;
+  /// What the key of undo or redo does: "brings question 7 back"; "" for nothing.
+  std::string NextStep(Way way) const;
+  /// True when what is typed in the description is among the steps.
+  bool KeepsDescription() const { return steps_ && !live_; }
 
   /// The clocks and the off-task prompt of the class in progress; null without one.
   const SessionClocks* Clocks() const { return liveClocks_; }
@@ -124,9 +124,13 @@ class QuestionEditor {
   void TypeDescription(std::string_view text);
   void EnterDescription() { oldDescript_ = Description(); }
   void LeaveDescription();
+  /// Any box is left.
+  void LeaveBox();
 
   /// A click on a button; nothing happens while it is disabled.
   void Click(Command command);
+  /// Undoes or redoes the last change, and shows the place where it was.
+  void TakeStep(Way way);
   /// Shows the caller again and closes the form, by "&Return" as by the window's frame: the caller
   /// is hidden, and no form would be left.
   void Return();
@@ -142,14 +146,17 @@ class QuestionEditor {
   questionInfo& Shown() const;
   bool SourceIs(std::string_view letter) const;
 
-  void Changed(const char* name) const;
-  void Typed(const char* name) const;
+  std::size_t StepsTaken() const { return steps_ ? steps_->StepsTaken() : 0; }
+  template <typename Change>
+  void Revise(const char* name, bool typing, Change change);
+  void Tell(QuestionChange change);
   Control EditStart() const;
-  void FillQuestionList();
   void ShowQuestion(int i);
+  void ShowPlace(const QuestionPlace& place);
   void LayoutFrames();
   void UpdateEditState();
   void ShowSegment();
+  void SetSegment(std::int16_t number);
 
   void InsertBefore();
   void InsertAfter();
@@ -159,6 +166,7 @@ class QuestionEditor {
   void Normal();
   void Reseq();
   void Next();
+  void FocusGap();
   void FieldNotes();
   void ShowCaller();
 
@@ -168,13 +176,12 @@ class QuestionEditor {
   const SessionClocks* liveClocks_;
   GuardedTick tick_;
   std::optional<OfftaskIndicator> offtask_;
-  std::function<void(const QuestionChange&)> told_;
+  std::optional<ClassSteps> classSteps_;
+  QuestionSteps* steps_ = nullptr;
 
   int selEp_ = 0;
   int curQ_ = 0;
-  /// The number that each row shows; 0 for "#". They lag behind until "Reseq".
-  std::vector<int> rowNumbers_;
-  bool reseqNeeded_ = false;
+  RowNumbers rowNumbers_;
   bool reseqEnabled_ = false;
   bool normalEnabled_ = false;
   /// The question shown has just been inserted: its caption does not say of how many.

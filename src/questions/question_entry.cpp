@@ -45,37 +45,25 @@ QuestionEntry::QuestionEntry(const Services& services, LiveObservation& live,
     : services_(services),
       live_(live),
       liveClocks_(liveClocks),
+      steps_(services, live),
       tick_(services.prompter, "timer4"),
       offtask_(live) {
   // Within a segment it comes up when the class has been taken up again.
-  if (Coding()) {
-    EnableForCoding();
-    MoveTo(Control::txtQuestion);
-    return;
-  }
-  if (live_.SegmentHasQuestions()) {
-    AwaitQuestion();
-    return;
-  }
-  AwaitFirstQuestion();
-  if (!live_.CurQuestions().empty()) {
-    Enable(Command::Command1);
-    Enable(Command::Command2);
-  }
+  Coding() ? BeginCoding() : AwaitNext();
 }
 
 // What the form shows.
 
 const std::string& QuestionEntry::Question() const {
-  return live_.DraftQuestion();
+  return live_.Draft().question;
 }
 
 const EntryFields& QuestionEntry::Fields() const {
-  return live_.DraftFields();
+  return live_.Draft().fields;
 }
 
 EntryFields& QuestionEntry::Draft() {
-  return live_.DraftFields();
+  return live_.Draft().fields;
 }
 
 bool QuestionEntry::Coding() const {
@@ -143,7 +131,7 @@ Caret QuestionEntry::CaretOf(Control box) {
 void QuestionEntry::TypeQuestion(std::string_view text) {
   std::string question = OneLine(text);
   std::erase(question, '\t');
-  live_.DraftQuestion() = std::move(question);
+  live_.Draft().question = std::move(question);
 }
 
 void QuestionEntry::TypeField(Dimension field, std::string_view text) {
@@ -183,6 +171,13 @@ void QuestionEntry::StartCoding() {
   EnableForCoding();
 }
 
+/// As after the first Enter, on what has been typed before.
+void QuestionEntry::BeginCoding() {
+  EnableCommands(false);
+  EnableForCoding();
+  MoveTo(Control::txtQuestion);
+}
+
 void QuestionEntry::EnableForCoding() {
   Enable(Command::Command3);
   Enable(Command::Command4);
@@ -209,11 +204,12 @@ bool QuestionEntry::StoreQuestion(const questionInfo& question) {
   const int number = static_cast<int>(questions.size()) + 1;
   services_.log.LogRevisedQuestion(live_.CurEpisode(), number, question);
   questions.push_back(question);
+  live_.History().ForgetUndone();
   return true;
 }
 
 void QuestionEntry::StartOver() {
-  live_.DraftQuestion().clear();
+  live_.Draft().question.clear();
   Draft().HideCodeFields();
   offeredActivity_ = 0;
   if (live_.CurQuestions().empty()) {
@@ -221,6 +217,15 @@ void QuestionEntry::StartOver() {
   } else {
     AwaitQuestion();
   }
+}
+
+/// Idle, whatever has been stored before.
+void QuestionEntry::AwaitNext() {
+  if (live_.SegmentHasQuestions()) return AwaitQuestion();
+  AwaitFirstQuestion();
+  if (live_.CurQuestions().empty()) return;
+  Enable(Command::Command1);
+  Enable(Command::Command2);
 }
 
 /// Idle, with questions that have been stored.
@@ -314,18 +319,6 @@ void QuestionEntry::Ditto() {
   if (offeredActivity_ != 0) Enable(Command::Command5);
 }
 
-/// The teacher asked the last question again. False when the episode is full.
-bool QuestionEntry::DittoQuestion() {
-  const questionInfo& last = live_.CurQuestions().back();
-  questionInfo copy;
-  copy.SetValue(last.question, last.strSrc(), last.strRspns(), last.strAuth(), last.strUptake(),
-                last.strCogLev(), last.strRspnName(), last.strPFMany(), last.strTResp(),
-                last.strElab(), last.iEpQ, last.iSgQ);
-  if (!StoreQuestion(copy)) return false;
-  StartOver();
-  return true;
-}
-
 void QuestionEntry::LeaveOrNext() {
   if (Coding()) {
     SaveQuestion();
@@ -379,21 +372,6 @@ void QuestionEntry::Command11_Click(int index) {
   services_.screens.Close(Screen::questionEntry);
 }
 
-/// Drops what is being typed; before the first question the text may stay.
-void QuestionEntry::Scrap() {
-  if (!live_.CurQuestions().empty()) {
-    StartOver();
-    return;
-  }
-  Draft().HideCodeFields();
-  AwaitFirstQuestion();
-}
-
-void QuestionEntry::DropLast() {
-  live_.CurQuestions().pop_back();
-  StartOver();
-}
-
 void QuestionEntry::EndClass() {
   live_.cmdQuit_Click();
   if (live_.AwaitsSurvey()) {
@@ -411,6 +389,7 @@ void QuestionEntry::Activate() {
     focus_.Set(Control::Command11_0, Caret::stay);
   } else if (std::exchange(editorOpen_, false)) {
     // Questions may have come and gone meanwhile.
+    Record();
     StartOver();
   } else {
     MoveTo(Control::txtQuestion);

@@ -11,6 +11,7 @@
 #include "observe/focus.h"
 #include "observe/offtask_indicator.h"
 #include "observe/tick.h"
+#include "questions/class_steps.h"
 #include "store/services.h"
 
 namespace orvex {
@@ -68,6 +69,8 @@ class QuestionEntry {
   bool AsksReview() const { return asksReview_; }
   const SessionClocks& Clocks() const { return liveClocks_; }
   const OfftaskIndicator& Offtask() const { return offtask_; }
+  /// What the key of undo or redo does: "brings question 7 back"; "" for nothing.
+  std::string NextStep(Way way) const;
   std::optional<Focus::Target> TakeFocus() { return focus_.Take(); }
 
   /// The box of a field, and the field of a box; nothing for what is no field.
@@ -83,6 +86,8 @@ class QuestionEntry {
   void Up(Control box);
   /// Ctrl+N, and the end of the last field.
   void SaveQuestion();
+  /// Undoes or redoes what has dropped a question or what was typed of one, or filed a copy.
+  void TakeStep(Way way);
 
   OfftaskIndicator& Offtask() { return offtask_; }
 
@@ -105,12 +110,15 @@ class QuestionEntry {
   void EnableCommands(bool enabled);
   EntryFields& Draft();
   void EnableForCoding();
+  void BeginCoding();
+  void AwaitNext();
   void AwaitQuestion();
   void AwaitFirstQuestion();
   void MoveTo(Control box);
   void StartCoding();
   bool StoreQuestion(const questionInfo& question);
   bool DittoQuestion();
+  void Record(QuestionStep step = {});
   void StartOver();
 
   void OpenEditor(bool proofMode);
@@ -130,6 +138,7 @@ class QuestionEntry {
   Services services_;
   LiveObservation& live_;
   const SessionClocks& liveClocks_;
+  ClassSteps steps_;
   GuardedTick tick_;
 
   std::array<bool, kCommands> enabled_{};

@@ -69,7 +69,7 @@ void RecordReader::Number(std::string_view name, bool& value) {
 }
 
 void RecordReader::End() const {
-  if (fields_.Left() > 0) throw FormatError(fields_.LineNumber() + 1, "the end of the record");
+  if (!AtEnd()) throw FormatError(fields_.LineNumber() + 1, "the end of the record");
 }
 
 void RecordReader::Fail(std::string_view what) const {

@@ -117,6 +117,14 @@ void SessionLog::LogActiveEstimates(int ep) {
   Line(std::string(20, ' ') + "ACTIVE ESTIMATES FOR EPISODE " + std::to_string(ep) + " :");
 }
 
+void SessionLog::LogRestoredQuestion(std::string_view question) {
+  Line("***** RESTORED QUESTION " + std::string(question) + " ***** " + clock_.TimeText());
+}
+
+void SessionLog::LogDroppedQuestion(std::string_view question) {
+  Line("***** DROPPED QUESTION " + std::string(question) + " ***** " + clock_.TimeText());
+}
+
 void SessionLog::LogSegmentToEpisode() {
   Line("***** CHANGE A NEW SEGMENT TO NEW EPISODE ***** " + clock_.TimeText());
 }

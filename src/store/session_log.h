@@ -48,6 +48,10 @@ class SessionLog {
   /// "Prop. students offtask in episode ...": the mean and how many estimates it is of.
   void LogEpisodeOfftask(int ep, float offtask, int estimates);
   void LogActiveEstimates(int ep);
+  /// A question that was dropped or changed is there again as it was, or has gone again. `question`
+  /// names it.
+  void LogRestoredQuestion(std::string_view question);
+  void LogDroppedQuestion(std::string_view question);
   void LogSegmentToEpisode();
   void LogEpisodeToSegment();
   /// The end of the class was asked for and logged, but could not be stored.

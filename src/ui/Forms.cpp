@@ -173,9 +173,7 @@ void Forms::ShowQuestionEditor(EditorCaller caller, bool proofMode) {
   } else {
     if (classEdit_) opening.episode = classEdit_->Editor().CurrentEpisode();
     qa_ = std::make_unique<frmQA>(services_, opening, nullptr, nullptr);
-    qa_->Editor().OnChange([this](const QuestionChange& change) {
-      if (classEdit_) classEdit_->Editor().RecordQuestionChange(change);
-    });
+    if (classEdit_) qa_->Editor().KeepStepsWith(classEdit_->Editor());
   }
   // It takes the opener's place, also on the screen.
   if (opener) PlaceOver(*qa_, *opener);

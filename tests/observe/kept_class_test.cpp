@@ -57,9 +57,9 @@ KeptClass EveryField() {
   running.awaitsSurvey = true;
   running.nothingEntered = false;
   running.storedElsewhere = "/media/stick/a \\ b.eps";
-  running.draftQuestion = "Wha";
-  running.draftFields.ShowFirstFields();
-  running.draftFields.Type(Dimension::source, "S");
+  running.draft.question = "Wha";
+  running.draft.fields.ShowFirstFields();
+  running.draft.fields.Type(Dimension::source, "S");
   running.questionsBefore = 3;
   return kept;
 }
@@ -81,7 +81,7 @@ TEST(KeptClass, ComesBackInEveryField) {
   EXPECT_EQ(back.running.storedElsewhere, kept.running.storedElsewhere);
   EXPECT_EQ(back.running.segmentStart, kept.running.segmentStart);
   EXPECT_EQ(back.moment.unixSeconds, kept.moment.unixSeconds);
-  EXPECT_EQ(back.running.draftFields.Text(Dimension::source), "S");
+  EXPECT_EQ(back.running.draft.fields.Text(Dimension::source), "S");
   EXPECT_EQ(back.Questions(), 4U);
   EXPECT_FALSE(back.SegmentEnded());
 

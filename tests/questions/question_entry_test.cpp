@@ -38,8 +38,7 @@ struct EntryTest : testing::Test, Desk {
     }
     live.ChooseActivity(kQuestionAnswer);
     screens.Take();
-    live.DraftQuestion().clear();
-    live.DraftFields() = {};
+    live.Draft() = {};
     entry.emplace(services, live, clocks);
     focus = Control::txtQuestion;
     selected = false;

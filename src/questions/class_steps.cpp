@@ -1,0 +1,99 @@
+#include "questions/class_steps.h"
+
+#include <utility>
+
+#include "model/program.h"
+#include "observe/live_observation.h"
+#include "store/session_log.h"
+
+namespace orvex {
+
+void ClassSteps::Record(QuestionStep step) {
+  live_.History().Record(std::move(step), services_.program.Episodes);
+}
+
+void ClassSteps::RecordQuestionChange(const QuestionChange& change) {
+  // The description of an episode is no question.
+  if (!change.present && !change.before) return;
+  Record({.place = change.place,
+          .present = change.present,
+          .question = change.before,
+          .typing = change.typing});
+}
+
+void ClassSteps::EndTyping() {
+  live_.History().EndTyping();
+}
+
+std::size_t ClassSteps::StepsTaken() const {
+  return live_.History().Steps();
+}
+
+const QuestionStep* ClassSteps::Next(Way way) const {
+  return live_.History().Next(way, services_.program.Episodes, live_.Draft());
+}
+
+std::string ClassSteps::NextQuestionStep(Way way) const {
+  const QuestionStep* step = Next(way);
+  return step && step->place.question != 0 ? Text(*step, way) : "";
+}
+
+std::optional<QuestionPlace> ClassSteps::TakeQuestionStep(Way way) {
+  if (NextQuestionStep(way).empty()) return std::nullopt;
+  const QuestionPlace place = Next(way)->place;
+  Take(way);
+  return place;
+}
+
+const QuestionStep* ClassSteps::NextInEntry(Way way) const {
+  const QuestionStep* step = Next(way);
+  const bool isSeen = step && step->place.episode == live_.CurEpisode() && !step->Revises();
+  return isSeen ? step : nullptr;
+}
+
+void ClassSteps::Take(Way way) {
+  const QuestionStep* step =
+      live_.History().Take(way, services_.program.Episodes, live_.Draft());
+  if (step) Log(*step, way);
+}
+
+/// Says what `step`, just taken, has brought back or taken away. Of what was typed in a box, its own
+/// undo would say nothing, either.
+void ClassSteps::Log(const QuestionStep& step, Way way) {
+  if (!step.typing.empty()) return;
+  const QuestionPlace& place = step.place;
+  const bool isThere = place.question == 0 ? !live_.Draft().IsEmpty() : step.present;
+  if (step.Revises() && way == Way::redo) {
+    services_.log.LogRevisedQuestion(place.episode, place.question, At(place));
+  } else if (isThere) {
+    services_.log.LogRestoredQuestion(Name(place, " OF EP. "));
+  } else {
+    services_.log.LogDroppedQuestion(Name(place, " OF EP. "));
+  }
+}
+
+const questionInfo& ClassSteps::At(const QuestionPlace& place) const {
+  const Episode& episode = services_.program.Episodes.at(static_cast<std::size_t>(place.episode - 1));
+  return episode.questions.at(static_cast<std::size_t>(place.question - 1));
+}
+
+std::string ClassSteps::Text(const QuestionStep& step, Way way) const {
+  if (step.place.question == 0) {
+    return way == Way::undo ? "brings what you were typing back" : "takes what you are typing away";
+  }
+  const std::string question = "question " + Name(step.place, " of episode ");
+  if (step.Revises()) return "changes " + question + (way == Way::undo ? " back" : " again");
+  return step.present ? "takes " + question + " away" : "brings " + question + " back";
+}
+
+/// The number of a question, the one being entered included, and of which episode it is, unless of
+/// the running one.
+std::string ClassSteps::Name(const QuestionPlace& place, const char* ofEpisode) const {
+  const std::size_t next = live_.CurQuestions().size() + 1;
+  const std::string number =
+      place.question == 0 ? std::to_string(next) : std::to_string(place.question);
+  if (place.episode == live_.CurEpisode()) return number;
+  return number + ofEpisode + std::to_string(place.episode);
+}
+
+}  // namespace orvex

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "observe/question_history.h"
+
+namespace orvex {
+
+/// The numbers that the rows of the question editor show. They lag behind what is inserted and
+/// dropped until "Reseq", and they go back and forth with the steps that undo and redo it. `steps`
+/// is always how many steps could be undone before a change.
+class RowNumbers {
+ public:
+  /// Numbers `count` rows from 1 on, and forgets how they were numbered before.
+  void Start(std::size_t count);
+
+  std::size_t Count() const { return now_.numbers.size(); }
+  /// The number of the row at a position from 1; 0 for "#".
+  int At(int position) const { return now_.numbers.at(static_cast<std::size_t>(position - 1)); }
+  bool LagBehind() const { return now_.lag; }
+
+  void Insert(int position, std::size_t steps);
+  void Remove(int position, std::size_t steps);
+  void Renumber(std::size_t steps);
+  /// Something else has been changed: no numbering can be redone any longer.
+  void ForgetUndone() { undone_.clear(); }
+
+  /// True when "Reseq" is what is to be undone or redone next.
+  bool NextIsRenumbering(Way way, std::size_t steps) const;
+  /// Undoes or redoes it.
+  void Take(Way way);
+  /// A step of the questions, of which there are `count` now, has been undone or redone.
+  void Follow(Way way, std::size_t steps, std::size_t count);
+
+ private:
+  struct Numbering {
+    std::vector<int> numbers;
+    bool lag = false;
+  };
+  struct Change {
+    std::size_t steps;
+    bool renumbering;
+    Numbering other;  ///< before it, or after it once it has been undone
+  };
+
+  std::vector<Change>& To(Way way) { return way == Way::undo ? done_ : undone_; }
+  const std::vector<Change>& To(Way way) const { return way == Way::undo ? done_ : undone_; }
+  void Keep(std::size_t steps, bool renumbering);
+
+  Numbering now_;
+  std::vector<Change> done_;
+  std::vector<Change> undone_;
+};
+
+}  // namespace orvex
