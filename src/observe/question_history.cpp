@@ -11,7 +11,8 @@ namespace {
 bool HasPlace(const QuestionStep& step, const EpisodeList& episodes) {
   const auto [number, position] = step.place;
   if (position == 0) return true;
-  if (number < 1 || static_cast<std::size_t>(number) > episodes.size() || position < 1) return false;
+  if (number < 1 || static_cast<std::size_t>(number) > episodes.size() || position < 1)
+    return false;
   const std::size_t count = episodes[static_cast<std::size_t>(number - 1)].questions.size();
   constexpr std::size_t kMost = std::numeric_limits<std::int16_t>::max();
   const bool fits = step.present || count < kMost;

@@ -52,13 +52,12 @@ const QuestionStep* ClassSteps::NextInEntry(Way way) const {
 }
 
 void ClassSteps::Take(Way way) {
-  const QuestionStep* step =
-      live_.History().Take(way, services_.program.Episodes, live_.Draft());
+  const QuestionStep* step = live_.History().Take(way, services_.program.Episodes, live_.Draft());
   if (step) Log(*step, way);
 }
 
-/// Says what `step`, just taken, has brought back or taken away. Of what was typed in a box, its own
-/// undo would say nothing, either.
+/// Says what `step`, just taken, has brought back or taken away. Of what was typed in a box, its
+/// own undo would say nothing, either.
 void ClassSteps::Log(const QuestionStep& step, Way way) {
   if (!step.typing.empty()) return;
   const QuestionPlace& place = step.place;
@@ -73,7 +72,8 @@ void ClassSteps::Log(const QuestionStep& step, Way way) {
 }
 
 const questionInfo& ClassSteps::At(const QuestionPlace& place) const {
-  const Episode& episode = services_.program.Episodes.at(static_cast<std::size_t>(place.episode - 1));
+  const Episode& episode =
+      services_.program.Episodes.at(static_cast<std::size_t>(place.episode - 1));
   return episode.questions.at(static_cast<std::size_t>(place.question - 1));
 }
 

@@ -32,8 +32,8 @@ struct EditorOpening {
 };
 
 /// Corrects the questions of an observation: one is shown, with its place in the list of its
-/// episode. Every change is made in the episode itself; there is nothing to save. The steps back are
-/// kept by whoever keeps the observation.
+/// episode. Every change is made in the episode itself; there is nothing to save. The steps back
+/// are kept by whoever keeps the observation.
 class QuestionEditor {
  public:
   /// The controls that the logic gives the focus to; `gap` are the options of the first dimension

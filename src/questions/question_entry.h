@@ -71,6 +71,7 @@ class QuestionEntry {
   const OfftaskIndicator& Offtask() const { return offtask_; }
   /// What the key of undo or redo does: "brings question 7 back"; "" for nothing.
   std::string NextStep(Way way) const;
+  std::size_t StepsTaken() const { return steps_.StepsTaken(); }
   std::optional<Focus::Target> TakeFocus() { return focus_.Take(); }
 
   /// The box of a field, and the field of a box; nothing for what is no field.

@@ -10,7 +10,7 @@ namespace orvex {
 
 /// A change that the question editor has made.
 struct QuestionChange {
-  std::string name;    ///< what the user has done: "Insert question"
+  std::string name;  ///< what the user has done: "Insert question"
   /// Changes in a row with the same one are one step; "" for a step of its own.
   std::string typing = {};
   QuestionPlace place;

@@ -46,6 +46,11 @@ QuestionFrames::QuestionFrames(Ui::frmQA& ui, QuestionEditor& editor, std::funct
   Add(ui.FrElabUnelab, {ui.OptElabUn_0, ui.OptElabUn_1});
 }
 
+void QuestionFrames::Focus(Dimension dimension) {
+  const Frame& frame = frames_.at(static_cast<std::size_t>(dimension));
+  if (frame.options) frame.options->Focus(0);
+}
+
 QWidget* QuestionFrames::FrameOf(Dimension dimension) const {
   return frames_.at(static_cast<std::size_t>(dimension)).box;
 }

@@ -30,6 +30,8 @@ class QuestionFrames : public QObject {
   void RefreshCaptions();
   /// Shows and enables the frames that are available, or hides and disables those that are not.
   void RefreshStates(bool available);
+  /// Gives the options of `dimension` the focus.
+  void Focus(Dimension dimension);
   QWidget* FrameOf(Dimension dimension) const;
 
  private:

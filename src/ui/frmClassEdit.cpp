@@ -14,6 +14,7 @@
 #include "ui/FocusReturn.h"
 #include "ui/SegmentCodingPanel.h"
 #include "ui/SegmentDrag.h"
+#include "ui/UndoKeys.h"
 #include "ui/dlgTimer.h"
 #include "ui/show.h"
 #include "ui_frmClassEdit.h"
@@ -23,20 +24,12 @@ namespace {
 
 constexpr int kTimerInterval = 200;
 
-/// The platform's keys, and those that a user of another platform knows.
 QList<QKeySequence> Keys(QKeySequence::StandardKey key) {
-  QList<QKeySequence> keys = QKeySequence::keyBindings(key);
-  if (key != QKeySequence::Redo) return keys;
-  for (const char* known : {"Ctrl+Shift+Z", "Ctrl+Y"}) {
-    const QKeySequence sequence{QLatin1String(known)};
-    if (!keys.contains(sequence)) keys.append(sequence);
-  }
-  return keys;
+  return QKeySequence::keyBindings(key);
 }
 
 bool IsUndoOrRedo(const QKeyEvent& key) {
-  const QKeySequence sequence(key.keyCombination());
-  return Keys(QKeySequence::Undo).contains(sequence) || Keys(QKeySequence::Redo).contains(sequence);
+  return WayOf(key).has_value();
 }
 
 }  // namespace
@@ -108,8 +101,8 @@ QAction* frmClassEdit::AddKeys(QList<QKeySequence> keys, QWidget* where,
 }
 
 void frmClassEdit::ConnectKeys() {
-  undo_ = AddKeys(Keys(QKeySequence::Undo), this, [this] { editor_.Undo(); });
-  redo_ = AddKeys(Keys(QKeySequence::Redo), this, [this] { editor_.Redo(); });
+  undo_ = AddKeys(KeysOf(Way::undo), this, [this] { editor_.Undo(); });
+  redo_ = AddKeys(KeysOf(Way::redo), this, [this] { editor_.Redo(); });
   AddKeys(Keys(QKeySequence::Save), this, [this] { editor_.Save(); });
   for (RowList* list : {ui_->listViewEp, ui_->listViewSg}) {
     AddKeys(Keys(QKeySequence::Cut), list, [this] { editor_.Cut(); });

@@ -10,6 +10,7 @@
 #include "ui/FocusReturn.h"
 #include "ui/ShowClocks.h"
 #include "ui/ShowOfftask.h"
+#include "ui/UndoKeys.h"
 #include "ui/show.h"
 #include "ui/text.h"
 #include "ui_frmEnterQA.h"
@@ -108,7 +109,10 @@ void frmEnterQA::ConnectBoxes() {
 void frmEnterQA::ConnectButtons() {
   for (const Button& button : Buttons()) {
     connect(button.button, &QPushButton::clicked, this, [this, command = button.command] {
+      const std::size_t steps = entry_.StepsTaken();
       entry_.Click(command);
+      // What the button has done is undone first.
+      if (entry_.StepsTaken() != steps) ForgetTyping(ui_->txtQuestion);
       Refresh();
     });
   }
@@ -156,6 +160,9 @@ void frmEnterQA::RefreshTexts() {
   const QString title = ToQt(entry_.FrameCaption());
   if (ui_->Frame1->title() != title) ui_->Frame1->setTitle(title);
   ShowText(ui_->txtQuestion, entry_.Question());
+  const QString steps = ToQt(StepsText(entry_));
+  if (ui_->txtQuestion->placeholderText() != steps) ui_->txtQuestion->setPlaceholderText(steps);
+  ui_->txtQuestion->setToolTip(steps);
   for (const Field& field : Fields()) {
     ShowText(field.box, entry_.Fields().Text(field.dimension));
     ShowText(field.label, std::string(entry_.Fields().Caption(field.dimension)));
@@ -224,6 +231,7 @@ void frmEnterQA::EnterText(Control text, Qt::FocusReason reason) {
 
 bool frmEnterQA::HandleKey(const QObject* watched, const QKeyEvent& key) {
   if (IsSpareMnemonic(key)) return true;
+  if (const auto way = WayOf(key)) return TakeStep(qobject_cast<const QLineEdit*>(watched), *way);
   const bool save = key.key() == Qt::Key_N && key.modifiers() == Qt::ControlModifier;
   const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
   const bool down = key.key() == Qt::Key_Down;
@@ -237,6 +245,15 @@ bool frmEnterQA::HandleKey(const QObject* watched, const QKeyEvent& key) {
     return (watched == ui_->Command11_0 || watched == ui_->Command11_1) &&
            key.modifiers() == Qt::NoModifier && AnswerReview(key.key());
   }
+  Refresh();
+  return true;
+}
+
+/// Undoes or redoes a step. False when the box that has the focus has something of its own to undo
+/// or redo.
+bool frmEnterQA::TakeStep(const QLineEdit* box, Way way) {
+  if (box && HasOwnStep(*box, way)) return false;
+  entry_.TakeStep(way);
   Refresh();
   return true;
 }

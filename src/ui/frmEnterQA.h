@@ -64,6 +64,7 @@ class frmEnterQA : public QWidget {
   void TakeFocusWish();
   void EnterText(QuestionEntry::Control text, Qt::FocusReason reason);
   bool HandleKey(const QObject* watched, const QKeyEvent& key);
+  bool TakeStep(const QLineEdit* box, Way way);
   bool AnswerReview(int key);
 
   QuestionEntry entry_;

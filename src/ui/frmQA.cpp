@@ -16,6 +16,7 @@
 #include "ui/QuestionRows.h"
 #include "ui/ShowClocks.h"
 #include "ui/ShowOfftask.h"
+#include "ui/UndoKeys.h"
 #include "ui/show.h"
 #include "ui/text.h"
 #include "ui_frmQA.h"
@@ -128,11 +129,13 @@ void frmQA::WatchFocus() {
   const auto left = [this](const QWidget* control) {
     if (control == ui_->Text1) editor_.LeaveDescription();
     if (control == ui_->UpDown1) editor_.LeaveSegment();
+    editor_.LeaveBox();
     Refresh();
     return true;
   };
-  boxFocus_ = std::make_unique<BoxFocus>(this, std::vector<QWidget*>{ui_->Text1, ui_->UpDown1},
-                                         entered, left);
+  const std::vector<QWidget*> boxes = {ui_->Text1, ui_->UpDown1, ui_->txtQuestion,
+                                       ui_->txtRespondName};
+  boxFocus_ = std::make_unique<BoxFocus>(this, boxes, entered, left);
 }
 
 void frmQA::StartTimers() {
@@ -188,6 +191,7 @@ void frmQA::RefreshTexts() {
   ShowText(ui_->txtRespondName, editor_.RespondName());
   if (editor_.TakeNameSelection()) ui_->txtRespondName->selectAll();
   ShowText(ui_->Label5, std::string(editor_.Heading()));
+  ShowText(ui_->lblUndo, StepsText(editor_));
   frames_->RefreshOptions();
 }
 
@@ -220,6 +224,7 @@ void frmQA::TakeFocusWish() {
   const auto wish = editor_.TakeFocus();
   if (!wish) return;
   if (wish->control == Control::cmdInsA) return FocusVisibly(ui_->cmdInsA);
+  if (wish->control == Control::gap) return frames_->Focus(*editor_.FirstGap());
   FocusBox(wish->control == Control::txtQuestion ? ui_->txtQuestion : ui_->txtRespondName,
            wish->caret);
 }
@@ -227,6 +232,7 @@ void frmQA::TakeFocusWish() {
 bool frmQA::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     const auto& key = *static_cast<QKeyEvent*>(event);
+    if (const auto way = WayOf(key)) return TakeStep(watched, *way);
     return IsSpareMnemonic(key) || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
   }
   auto* control = qobject_cast<QWidget*>(watched);
@@ -239,6 +245,17 @@ bool frmQA::eventFilter(QObject* watched, QEvent* event) {
     return true;
   }
   return false;
+}
+
+/// Undoes or redoes a step. What is typed in the boxes is among the steps, unless a class logs the
+/// description; only then the box has something of its own to undo or redo, and this is false.
+bool frmQA::TakeStep(const QObject* watched, Way way) {
+  if (watched == ui_->Text1 && !editor_.KeepsDescription() && HasOwnStep(*ui_->Text1, way)) {
+    return false;
+  }
+  editor_.TakeStep(way);
+  Refresh();
+  return true;
 }
 
 void frmQA::showEvent(QShowEvent* event) {

@@ -56,6 +56,7 @@ class frmQA : public QWidget {
   void RefreshClocks();
   void RefreshStates(bool available);
   void TakeFocusWish();
+  bool TakeStep(const QObject* watched, Way way);
 
   QuestionEditor editor_;
   std::unique_ptr<Ui::frmQA> ui_;

@@ -6,6 +6,7 @@
 
 #include "editor/editor_desk.h"
 #include "model/duration_text.h"
+#include "questions/question_editor.h"
 
 namespace orvex {
 namespace {
@@ -202,6 +203,39 @@ TEST_F(EpisodeEditorTest, ProofStaysWhereNothingIsMissing) {
   desk.prompter.Expect("Everything coded; no invalid codes found", Answer::ok);
   editor.Proof();
   EXPECT_TRUE(desk.screens.Take().empty());
+}
+
+TEST_F(EpisodeEditorTest, TheQuestionEditorWorksOnTheSameSteps) {
+  using Command = QuestionEditor::Command;
+  editor.TypeDescription("Start");
+  const EpisodeList before = episodes;
+  QuestionEditor questions(desk.services, {.caller = EditorCaller::episodeEditor}, nullptr,
+                           nullptr);
+  questions.KeepStepsWith(editor);
+  EXPECT_EQ(questions.NextStep(Way::undo), "") << "the description is not seen there";
+  questions.ClickRow(2);
+  questions.Click(Command::cmdDrop);
+  questions.ChooseEpisode(2);
+  questions.Click(Command::cmdInsA);
+  questions.TypeQuestion("Wh");
+  questions.TypeQuestion("Why?");
+  const EpisodeList after = episodes;
+  EXPECT_EQ(editor.UndoName() + "|" + questions.NextStep(Way::undo),
+            "Type question|undoes \"Type question\"");
+  for (const char* shown : {"2:Question #1 of 1:", "2:Question #0 of 0:", "1:Question #2 of 6:"}) {
+    questions.TakeStep(Way::undo);
+    EXPECT_EQ(std::to_string(questions.SelEp()) + ":" + questions.QuestionCaption(), shown);
+  }
+  questions.TakeStep(Way::undo);
+  EXPECT_EQ(episodes, before);
+  EXPECT_EQ(editor.RedoName(), "Drop question");
+  questions.TakeStep(Way::redo);
+  editor.Redo();
+  questions.TakeStep(Way::redo);
+  EXPECT_EQ(episodes, after);
+  EXPECT_EQ(questions.QuestionCaption() + questions.Question(), "Question #1 of 1:Why?");
+  for (int i = 0; i < 4; ++i) editor.Undo();
+  EXPECT_EQ(editor.Description() + editor.UndoName(), "Warm-up");
 }
 
 TEST(EpisodeEditor, WorksWithoutAnyEpisode) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -247,6 +248,61 @@ TEST_F(EditorTest, LogsTheDescriptionOnlyDuringAClass) {
   }
 }
 
+TEST_F(EditorTest, StepsLeadBackAndForthThroughEveryEpisodeOfAClass) {
+  live.ChooseActivity(1);
+  live.StartNewEpi();
+  Questions() = {kTeacher, kStudent, kTeacher};
+  const EpisodeList before = program.Episodes;
+  Open({.caller = EditorCaller::questionEntry}, true);
+  const auto rows = [this] {
+    std::string shown = std::to_string(editor->SelEp()) + ":" + std::to_string(editor->CurQ());
+    for (int i = 1; i <= editor->QuestionCount(); ++i) shown += " " + editor->RowText(i);
+    return shown;
+  };
+  // What is done, and what is shown then.
+  const std::function<void()> changes[] = {
+      [&] { editor->Click(Command::cmdInsA); },
+      [&] { editor->TypeQuestion("Who?"); },
+      [&] { editor->ClickOption(Dimension::source, 1); },
+      [&] { editor->ChooseEpisode(1), editor->ClickRow(1), editor->Click(Command::cmdDrop); },
+      [&] { editor->Click(Command::cmdDrop); },
+      [&] { editor->Click(Command::cmdReseq); },
+      [&] { editor->Click(Command::cmdInsB); },
+      [&] { editor->TypeQuestion("Wh"), editor->TypeQuestion("Why"); },
+      [&] { editor->Click(Command::cmdNormal); },
+      [&] { editor->ClickRow(2), editor->Click(Command::cmdDitto); },
+  };
+  prompter.Expect("Duplicate coding only?", Answer::no);
+  std::vector<std::string> shown;
+  for (const auto& change : changes) {
+    change();
+    shown.push_back(rows());
+  }
+  const EpisodeList after = program.Episodes;
+  NewLogText();
+  for (std::size_t i = shown.size(); i-- > 3;) {
+    editor->TakeStep(Way::undo);
+    EXPECT_EQ(rows().substr(3), i == 3 ? " 1. Why? 2. How? 3. Why?" : shown[i - 1].substr(3)) << i;
+  }
+  EXPECT_EQ(NewLogText(),
+            "***** RESTORED QUESTION 2 OF EP. 1 ***** 09:00:00\n"
+            "***** RESTORED QUESTION 1 OF EP. 1 ***** 09:00:00\n"
+            "***** DROPPED QUESTION 1 OF EP. 1 ***** 09:00:00\n"
+            "***** RESTORED QUESTION 1 OF EP. 1 ***** 09:00:00\n"
+            "***** RESTORED QUESTION 1 OF EP. 1 ***** 09:00:00\n");
+  EXPECT_EQ(editor->NextStep(Way::undo), "changes question 1 back");
+  for (int i = 0; i < 9; ++i) editor->TakeStep(Way::undo);
+  EXPECT_EQ(program.Episodes, before);
+  EXPECT_EQ(rows(), "2:0");
+  for (int i = 0; i < 19; ++i) editor->TakeStep(Way::redo);
+  EXPECT_EQ(program.Episodes, after);
+  EXPECT_EQ(editor->Enabled(Command::cmdReseq), true);
+  editor->Click(Command::cmdReturn);
+  for (int i = 0; i < 9; ++i) editor->TakeStep(Way::undo);
+  EXPECT_EQ(rows(), "2:0");
+  EXPECT_EQ(Questions().size(), 3U) << "what came and went can still come and go";
+}
+
 TEST_F(EditorTest, ProofWalksThroughEveryGapAndMakesItBlink) {
   // The text and the nine dimensions of complete questions, "" for what is not asked for.
   using Letters = std::array<std::string, 10>;
@@ -293,6 +349,12 @@ TEST_F(EditorTest, ProofWalksThroughEveryGapAndMakesItBlink) {
     }
     EXPECT_EQ(Shown().find('_'), std::string::npos);
     editor->BlinkTick();
+    if (const auto focus = editor->TakeFocus(); &episode != &std::get<0>(gaps.front())) {
+      const bool name = dimension == Dimension::respondName;
+      EXPECT_EQ(focus.value().control, missing == 0 ? Control::txtQuestion
+                                       : name       ? Control::txtRespondName
+                                                    : Control::gap);
+    }
     editor->Click(Command::cmdNxt);
   }
   EXPECT_EQ(editor->CurQ(), std::get<1>(gaps.back())) << "it stays where it was";

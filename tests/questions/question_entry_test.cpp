@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +20,8 @@ namespace {
 using Control = QuestionEntry::Control;
 using Command = QuestionEntry::Command;
 const std::vector<std::string> kLeave = {"show liveObservation", "close questionEntry"};
+const std::map<char, Command> kButtons = {
+    {'-', Command::Command8}, {'+', Command::Command4}, {'!', Command::Command7}};
 const std::string kFilled = "12345679 TEACHER EVALUATION/FOLLOWUP";
 
 /// A class in progress, and an observer who works the question entry from the keyboard: a key goes
@@ -45,7 +49,8 @@ struct EntryTest : testing::Test, Desk {
     Keys(keys);
     NewLogText();
   }
-  /// Types `keys`: '\n' is Enter, '^' Up, '@6' a click into box 6.
+  /// Types `keys`: '\n' is Enter, '^' Up, '@6' a click into box 6, '-', '+' and '!' are "&Last",
+  /// "&Ditto" and "Scr&ap", '<' and '>' undo and redo.
   void Keys(std::string_view keys) {
     for (std::size_t i = 0; i < keys.size(); ++i) {
       const auto field = QuestionEntry::FieldOf(focus);
@@ -53,6 +58,10 @@ struct EntryTest : testing::Test, Desk {
         entry->EnterOrDown(focus);
       } else if (keys[i] == '^') {
         entry->Up(focus);
+      } else if (kButtons.contains(keys[i])) {
+        entry->Click(kButtons.at(keys[i]));
+      } else if (keys[i] == '<' || keys[i] == '>') {
+        entry->TakeStep(keys[i] == '<' ? Way::undo : Way::redo);
       } else if (keys[i] == '@') {
         focus = QuestionEntry::BoxOf(static_cast<Dimension>(keys[++i] - '1'));
         selected = QuestionEntry::CaretOf(focus) == Caret::selectAll;
@@ -100,6 +109,20 @@ struct EntryTest : testing::Test, Desk {
     return contents;
   }
   std::vector<questionInfo>& Questions() { return live.CurQuestions(); }
+  std::string RestoredAndDropped() {
+    std::string found;
+    std::istringstream lines(NewLogText());
+    for (std::string line; std::getline(lines, line);) {
+      const std::string_view ends = " ***** 09:00:00";
+      for (const std::string_view begins :
+           {"***** RESTORED QUESTION ", "***** DROPPED QUESTION "}) {
+        if (!line.starts_with(begins) || !line.ends_with(ends)) continue;
+        found += line.substr(6, 1);
+        found += line.substr(begins.size(), line.size() - begins.size() - ends.size());
+      }
+    }
+    return found;
+  }
 
   LiveObservation live{services};
   SessionClocks clocks{services, live};
@@ -228,6 +251,82 @@ TEST_F(EntryTest, AFullEpisodeTakesNoMoreQuestions) {
     EXPECT_EQ(Questions().size(), 32767U);
   }
   EXPECT_EQ(NewLogText(), "");
+  entry->Click(Command::Command7);
+  Keys("-");
+  entry->SaveQuestion();
+  Keys("<");
+  EXPECT_EQ(Questions().size(), 32767U) << "what was dropped waits until there is room";
+}
+
+TEST_F(EntryTest, WhatWasDroppedOrFiledByMistakeIsUndone) {
+  struct Case {
+    std::string keys;
+    std::string questions;
+    std::string draft;
+    std::string log;  ///< "R2D1": question 2 restored, question 1 dropped
+    std::string offered;
+  };
+  const std::string one = "One\nt\nn\n";
+  const std::string two = one + "Two\nt\nn\n";
+  const std::string back2 = "brings question 2 back";
+  const std::string away2 = "takes question 2 away";
+  const std::string typing = "brings what you were typing back";
+  const Case cases[] = {
+      {two + "-", "One|", "", "", back2},
+      {two + "-<", "One|Two|", "", "R2", ""},
+      {two + "-<>", "One|", "", "R2D2", back2},
+      {two + "--<<", "One|Two|", "", "R1R2", ""},
+      {two + "Th-<", "One|Two|", "Th", "R2", ""},
+      {two + "-Th<", "One|Two|", "Th", "R2", ""},
+      {two + "-Three\nt\nn\n<", "One|Two|Three|", "", "R2", ""},
+      {two + "-<Three\nt\nn\n>", "One|Two|Three|", "", "R2", ""},
+      {one + "+", "One|One|", "", "", away2},
+      {one + "Tw+<", "One|", "Tw", "D2", ""},
+      {one + "Two\ns+<>", "One|One|", "", "D2R2", away2},
+      {one + "Two\ns!", "One|", "", "", typing},
+      {one + "Two\ns!<", "One|", "TwoS", "R2", ""},
+      {one + "Two\ns!<>", "One|", "", "R2D2", typing},
+      {one + "Two\ns!Three<", "One|", "Three", "", ""},
+      {one + "Two\ns!Three\ns!<<", "One|", "ThreeS", "R2", ""},
+      {"One\ns!", "", "One", "", typing},
+      {"One\ns!<", "", "OneS", "R1", ""},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.keys);
+    live.History() = {};
+    Questions().clear();
+    live.ChooseActivity(kQuestionAnswer);
+    live.Draft() = {};
+    entry.emplace(services, live, clocks);
+    focus = Control::txtQuestion;
+    selected = false;
+    NewLogText();
+    Keys(c.keys);
+    std::string texts;
+    for (const questionInfo& question : Questions()) texts += question.question + "|";
+    EXPECT_EQ(texts, c.questions);
+    EXPECT_EQ(entry->Question() + entry->Fields().Text(Dimension::source), c.draft);
+    EXPECT_EQ(entry->FrameCaption(), "Question #" + std::to_string(Questions().size() + 1) + ":");
+    EXPECT_EQ(entry->NextStep(Way::undo), c.offered);
+    EXPECT_EQ(RestoredAndDropped(), c.log);
+  }
+}
+
+TEST_F(EntryTest, WhatComesBackGoesToItsOwnEpisode) {
+  Open("One\nt\nn\nTwo\nt\nn\n-Three\ns!");
+  live.StartNewSeg();
+  Open("");
+  EXPECT_EQ(entry->NextStep(Way::undo), "brings question 2 back") << "what was typed was there";
+  live.StartNewEpi();
+  live.TypeDescription("Lear");
+  Open("Four\nt\nn\n<");
+  EXPECT_EQ(Questions().size(), 1U) << "the form does not show the other episode";
+  Keys("-");
+  live.cmdBailout_Click();
+  live.StartNewSeg();
+  Open("<");
+  ASSERT_EQ(Questions().size(), 2U) << "the episode of question 4 is gone";
+  EXPECT_EQ(Questions()[1].question + std::to_string(Questions()[1].iSgQ), "Two1");
 }
 
 }  // namespace

@@ -117,6 +117,19 @@ TEST_F(ClassForms, OfferInEachStateTheirButtonsAndMnemonics) {
   }
 }
 
+TEST_F(ClassForms, UndoIsFirstTheBoxesOwn) {
+  Begin(kEntry, "Why?\nt\nn\nAn{Alt+L}");
+  EXPECT_EQ(Box("txtQuestion")->placeholderText().toStdString(), "Ctrl+Z brings question 1 back");
+  Keys("Ho{Ctrl+Z}");
+  EXPECT_EQ(Text("txtQuestion") + std::to_string(Questions().size()), "0");
+  Keys("{Ctrl+Z}");
+  EXPECT_EQ(Text("txtQuestion") + std::to_string(Questions().size()), "An1");
+  Keys("{Ctrl+Shift+Z}");
+  EXPECT_EQ(Text("txtQuestion") + std::to_string(Questions().size()), "0");
+  Keys("One\ns{Alt+A}{Ctrl+Z}");
+  EXPECT_EQ(Text("txtQuestion") + Text("Text1"), "OneS") << "also where the text has stayed";
+}
+
 TEST_F(ClassForms, TabLeadsFromTheDescriptionRoundTheLiveForm) {
   const std::string divide =
       "cmdStartNewEp cmdStartNewSg cmdStartNewQASg cmdReview cmdFieldNote Command1 Command7 "

@@ -128,6 +128,36 @@ TEST_F(frmQATest, AQuestionIsCodedFromTheKeyboardAlone) {
   EXPECT_EQ(Text("txtSegNum"), "");
 }
 
+TEST_F(frmQATest, UndoAndRedoAreKeysOfEveryControl) {
+  Open({kTeacher, kStudent});
+  const auto before = Questions();
+  GoTo("lVwQ");
+  Keys("{Up}{Alt+P}");
+  EXPECT_EQ(Label("lblUndo"), "Ctrl+Z brings question 1 of episode 2 back");
+  Keys("{Ctrl+Z}");
+  EXPECT_EQ(Label("lblUndo"), "Ctrl+Shift+Z takes question 1 of episode 2 away");
+  EXPECT_EQ(Label("Label4") + Row(1) + Row(2), "Question #1 of 2:1. Why?2. How?");
+  Keys("{Ctrl+Shift+Z}{Ctrl+Z}{Alt+I}New\t4\ts {Ctrl+Z}{Ctrl+Z}{Ctrl+Z}");
+  EXPECT_EQ(Questions()[1].question, "") << "each box is a step, and the choice";
+  GoTo("Text1");
+  Keys("Lear{Ctrl+Z}");
+  EXPECT_EQ(Text("Text1") + std::to_string(Questions().size()), "3") << "it has its own undo";
+  Keys("{Ctrl+Z}");
+  EXPECT_EQ(Questions(), before);
+}
+
+TEST_F(frmQATest, NextPutsTheFocusOnWhatIsMissing) {
+  std::vector<questionInfo> questions(4, kTeacher);
+  questions[1].uptake = -1;
+  questions[2].respondName.clear();
+  questions[3].question.clear();
+  Open(questions, true);
+  for (const char* missing : {"OptUptake_0", "txtRespondName", "txtQuestion"}) {
+    Keys("{Alt+E}");
+    EXPECT_EQ(FocusedName(), missing);
+  }
+}
+
 TEST_F(frmQATest, EveryMnemonicWorksAndEnterPressesNothing) {
   TryButtons(
       prompter,
