@@ -41,7 +41,7 @@ auto Accepted(std::string_view bytes, Read read) -> std::optional<decltype(read(
 } catch (const FormatError& error) {
   Require(error.Line() >= 1 && error.Line() <= 1 + std::ranges::count(bytes, '\n'),
           "an error's line is one of the file");
-  Require(error.Expected().size() > 1, "an error says what was expected");
+  Require(error.Text().size() > 1, "an error says what is wrong");
   return std::nullopt;
 }
 

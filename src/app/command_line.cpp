@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "export/named_file.h"
+#include "store/shown_text.h"
 
 namespace orvex {
 namespace {
@@ -35,7 +36,7 @@ std::vector<std::filesystem::path> PathsOf(const QStringList& arguments) {
 /// `command` is empty for the window.
 Mistake MistakeIn(const QString& command, const QString& text) {
   const QString program = command.isEmpty() ? kProgram : kProgram + QLatin1Char(' ') + command;
-  return {BytesOf(text + QStringLiteral("\nTry '%1 --help'.").arg(program))};
+  return {Shown(BytesOf(text)) + BytesOf(QStringLiteral("\nTry '%1 --help'.").arg(program))};
 }
 
 std::string VersionLine() {

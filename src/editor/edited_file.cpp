@@ -10,6 +10,7 @@
 #include "store/file_error.h"
 #include "store/format_error.h"
 #include "store/save_file.h"
+#include "store/shown_text.h"
 
 namespace orvex {
 namespace {
@@ -89,7 +90,7 @@ Opening OpenForEditing(const Services& services, const fs::path& path) {
   } catch (const FileError& error) {
     services.prompter.Tell("The file could not be read.", error.what());
   } catch (const FormatError& error) {
-    services.prompter.Tell("Invalid file format.", path.string() + ": " + error.what());
+    services.prompter.Tell("Invalid file format.", Shown(path.native()) + ": " + error.what());
     opening.programEnds = true;
   } catch (const ReadingDeclined&) {
     opening.programEnds = true;

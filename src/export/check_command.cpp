@@ -8,13 +8,15 @@
 #include "model/coding_scheme.h"
 #include "model/counted.h"
 #include "model/validation.h"
+#include "store/shown_text.h"
 #include "survey/survey_scheme.h"
 
 namespace orvex {
 namespace {
 
 struct Tally {
-  std::size_t files = 0;
+  std::size_t observations = 0;  ///< episode files that were read
+  std::size_t surveys = 0;
   std::size_t unread = 0;
   std::size_t questions = 0;
   std::size_t incomplete = 0;  ///< of the questions
@@ -67,15 +69,32 @@ void CheckFile(const std::filesystem::path& file, const Console& console, Tally&
   if (kind == FileKind::episodes) {
     const auto observation = ReadEpisodes(file, console);
     read = observation.has_value();
-    if (read) CheckEpisodes(Shown(file), observation->Episodes, console, tally);
+    if (read) CheckEpisodes(Shown(file.native()), observation->Episodes, console, tally);
+    tally.observations += read;
   } else if (kind == FileKind::survey) {
     const auto survey = ReadSurvey(file, console);
     read = survey.has_value();
-    if (read) CheckSurvey(Shown(file), survey->answers, console, tally);
+    if (read) CheckSurvey(Shown(file.native()), survey->answers, console, tally);
+    tally.surveys += read;
   } else {
     RefuseKind(file, "an episode file (.eps) or a survey file (.sur)", console);
   }
-  ++(read ? tally.files : tally.unread);
+  tally.unread += !read;
+}
+
+/// Nothing is said of a kind of file that was not given.
+std::string TextOf(const Tally& tally) {
+  std::string text = Counted(tally.observations + tally.surveys, "file") + " checked";
+  std::string separator = ": ";
+  const auto add = [&](std::size_t missing, std::size_t count, const char* noun, const char* what) {
+    text += separator + std::to_string(missing) + " of " + Counted(count, noun) + what;
+    separator = ", ";
+  };
+  if (tally.observations > 0) {
+    add(tally.incomplete, tally.questions, "question", " not fully coded");
+  }
+  if (tally.surveys > 0) add(tally.open, tally.statements, "statement", " not rated");
+  return text;
 }
 
 }  // namespace
@@ -83,9 +102,7 @@ void CheckFile(const std::filesystem::path& file, const Console& console, Tally&
 ExitCode RunCheck(const std::vector<std::filesystem::path>& files, const Console& console) {
   Tally tally;
   for (const std::filesystem::path& file : files) CheckFile(file, console, tally);
-  console.out << Counted(tally.files, "file") << " checked: " << tally.incomplete << " of "
-              << Counted(tally.questions, "question") << " not fully coded, " << tally.open
-              << " of " << Counted(tally.statements, "statement") << " not rated\n";
+  console.out << TextOf(tally) << "\n";
   if (tally.unread > 0) {
     console.err << Counted(tally.unread, "file") << " could not be read\n";
     return kFailed;

@@ -10,7 +10,6 @@
 #include "model/duration_text.h"
 #include "store/file_error.h"
 #include "store/numbers.h"
-#include "store/text_encoding.h"
 
 namespace orvex {
 namespace {
@@ -89,7 +88,7 @@ bool ReadOn::ContinueWithEarlierVersion() {
 }
 
 void ReadOn::FirstSegmentRepaired(int ep) {
-  if (warn_) warn_(OneLine(RepairedText(ep)));
+  if (warn_) warn_(InconsistentText(ep) + " The episode's activity is taken.");
 }
 
 void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episode,
@@ -121,10 +120,11 @@ void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episod
   rows += " \r\n";
 }
 
-void AppendEpisodeRows(const std::filesystem::path& path, const Warn& warn, std::string& rows) {
+void AppendEpisodeRows(const std::filesystem::path& path, const Warn& warn, const Warn& warnOfName,
+                       std::string& rows) {
   const FileNumbers numbers = NumbersOf(path);
   RowsOfFile events(path, numbers, warn, rows);
-  ReadEpsFile(path, events);
+  WarnOfOtherNumbers(path, ReadEpsFile(path, events).header.identity, warnOfName);
 }
 
 }  // namespace orvex

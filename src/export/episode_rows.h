@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <functional>
 #include <string>
 
 #include "export/file_list.h"
@@ -9,10 +8,6 @@
 #include "store/eps_file.h"
 
 namespace orvex {
-
-/// What is to be told of a file that was read all the same: it is of an earlier version, or the
-/// first segment of an episode has been repaired.
-using Warn = std::function<void(const std::string& warning)>;
 
 /// Reads on where a form would ask, and passes on what it would say.
 class ReadOn : public EpsReadEvents {
@@ -36,6 +31,8 @@ void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episod
 
 /// Appends the rows of an episode file. Throws FileError and FormatError; the rows of the episodes
 /// that had been read to their end are there then.
-void AppendEpisodeRows(const std::filesystem::path& path, const Warn& warn, std::string& rows);
+/// `warnOfName` is told when the identity line says other numbers than the name.
+void AppendEpisodeRows(const std::filesystem::path& path, const Warn& warn, const Warn& warnOfName,
+                       std::string& rows);
 
 }  // namespace orvex

@@ -1,5 +1,7 @@
 #include "export/export_form.h"
 
+#include <algorithm>
+
 #include "export/console.h"
 #include "model/counted.h"
 #include "model/program.h"
@@ -8,6 +10,7 @@
 #include "store/choose_file.h"
 #include "store/file_error.h"
 #include "store/save_file.h"
+#include "store/shown_text.h"
 
 namespace orvex {
 namespace {
@@ -32,12 +35,36 @@ void ExportChosenList(const Services& services, ExportKind kind) {
 ExportForm::ExportForm(const Services& services, ExportKind kind,
                        const std::filesystem::path& listFile)
     : services_(services),
-      kind_(TableOf(kind, {})),
+      kind_(KindThatWarns(kind)),
       list_{listFile, {}},
       table_(list_.Folder() / kind_.fileName) {
   if (const auto problem = ProblemOf(listFile, [&] { list_ = ReadFileList(listFile); })) {
     failure_ = {"The list of files could not be read.", problem->Text()};
   }
+  for (const Repeat& repeat : RepeatsIn(list_)) {
+    warnings_.push_back("Line " + std::to_string(repeat.line) + " of the list: " + repeat.text +
+                        ".");
+  }
+}
+
+/// A repair and an earlier version are passed over; whose rows these are is not.
+TableKind ExportForm::KindThatWarns(ExportKind kind) {
+  return TableOf(kind,
+                 {.ofReading = {}, .ofNames = [this](const auto& file, const auto& warning) {
+                    warnings_.push_back(Shown(file.filename().native()) + ": " + warning + ".");
+                  }});
+}
+
+std::string ExportForm::WarningsText() const {
+  constexpr std::size_t kMost = 8;
+  std::string text;
+  for (std::size_t i = 0; i < std::min(warnings_.size(), kMost); ++i) {
+    text += (i > 0 ? "\n" : "") + warnings_[i];
+  }
+  if (warnings_.size() > kMost) {
+    text += "\nand " + std::to_string(warnings_.size() - kMost) + " more";
+  }
+  return text;
 }
 
 std::string ExportForm::NameOf(std::size_t file) const {
@@ -97,8 +124,9 @@ void ExportForm::Finish() {
       [&](const std::filesystem::path& table) { stored = Store(table); });
   if (saved.empty()) return services_.screens.Show(Screen::mainMenu);
   if (problem_) return GoBack(Ended(stored));
-  services_.prompter.Tell(kind_.fileName.substr(0, kind_.fileName.find('.')) +
-                          " file has been created.");
+  services_.prompter.Tell(
+      kind_.fileName.substr(0, kind_.fileName.find('.')) + " file has been created.",
+      WarningsText());
   services_.screens.EndProgram();
 }
 
@@ -111,7 +139,8 @@ ExportForm::Failure ExportForm::Stopped() const {
 
 ExportForm::Failure ExportForm::Ended(bool stored) const {
   std::string place = "Line " + std::to_string(problem_->listLine) + " of " +
-                      list_.path.filename().string() + ": " + problem_->file.filename().string();
+                      list_.path.filename().string() + ": " +
+                      Shown(problem_->file.filename().native());
   if (problem_->line > 0) place += ", line " + std::to_string(problem_->line);
   const std::string rows = Counted(export_->Rows(), "row") + " written so far.";
   const bool elsewhere = table_.parent_path() != list_.Folder();

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "export/table_export.h"
 #include "model/screens.h"
@@ -53,12 +54,15 @@ class ExportForm {
   Failure Stopped() const;
   Failure Ended(bool stored) const;
   void GoBack(const Failure& failure);
+  TableKind KindThatWarns(ExportKind kind);
+  std::string WarningsText() const;
 
   Services services_;
   TableKind kind_;
   FileList list_;
   std::filesystem::path table_;
   std::optional<TableExport> export_;
+  std::vector<std::string> warnings_;
   std::optional<Failure> failure_;  ///< the list could not be read
   std::optional<Problem> problem_;  ///< of the file that ended the table, which stays in work
   bool cannotBeWritten_ = false;

@@ -2,12 +2,16 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <map>
 #include <system_error>
 #include <utility>
 
+#include "store/content_kind.h"
 #include "store/durable_file.h"
 #include "store/file_error.h"
 #include "store/format_error.h"
+#include "store/numbers.h"
+#include "store/shown_text.h"
 #include "store/text_encoding.h"
 
 namespace orvex {
@@ -31,6 +35,12 @@ std::string UpperCase(std::string_view text) {
   return upper;
 }
 
+/// "05" is 5.
+bool IsSameNumber(std::string_view text, std::string_view other) {
+  const auto number = IdentityNumber(text);
+  return text == other || (number && number == IdentityNumber(other));
+}
+
 bool LeavesItsColumn(char c) {
   return c == ',' || c == '"' || static_cast<unsigned char>(c) < ' ' || c == '\x7F';
 }
@@ -39,12 +49,13 @@ bool LeavesItsColumn(char c) {
 
 std::vector<ListedFile> ParseFileList(std::string bytes) {
   // As in UTF-16, which spreadsheets write as "Unicode text".
-  if (const std::size_t zero = bytes.find('\0'); zero != std::string::npos) {
-    const auto before = std::string_view(bytes).substr(0, zero);
+  const std::string text = Decode(std::move(bytes)).text;
+  RequireList(text);
+  if (const std::size_t zero = text.find('\0'); zero != std::string::npos) {
+    const auto before = std::string_view(text).substr(0, zero);
     throw FormatError(static_cast<int>(std::ranges::count(before, '\n')) + 1,
                       "a text file in UTF-8 or Windows-1252");
   }
-  const std::string text = Decode(std::move(bytes)).text;
   std::vector<ListedFile> files;
   std::string_view rest = text;
   for (int line = 1; !rest.empty(); ++line) {
@@ -57,7 +68,12 @@ std::vector<ListedFile> ParseFileList(std::string bytes) {
 }
 
 FileList ReadFileList(const fs::path& path) {
-  return {path, ParseFileList(ReadFile(path))};
+  constexpr std::size_t kMostBytes = std::size_t{16} * 1024 * 1024;
+  std::string bytes = ReadFileStart(path, kMostBytes + 1);
+  if (bytes.size() > kMostBytes) {
+    throw FileError(path, "more than 16 MB, which is too large for a list of observations");
+  }
+  return {path, ParseFileList(std::move(bytes))};
 }
 
 fs::path WithExtension(const fs::path& base, std::string_view extension) {
@@ -86,6 +102,38 @@ FileNumbers NumbersOf(const fs::path& file) {
   }
   return {name.substr(0, first), name.substr(first + 1, second - first - 1),
           name.substr(second + 1, point - second - 1)};
+}
+
+std::optional<std::string> OtherNumbers(const fs::path& file, const Identity& identity) {
+  FileNumbers numbers;
+  try {
+    numbers = NumbersOf(file);
+  } catch (const FileError&) {
+    return std::nullopt;  // no name of ours
+  }
+  if (IsSameNumber(numbers.school, identity.SchoolNum) &&
+      IsSameNumber(numbers.classNum, identity.ClassNum) &&
+      IsSameNumber(numbers.observation, identity.ObservNum)) {
+    return std::nullopt;
+  }
+  return "the identity line says " + Shown(identity.ClassId());
+}
+
+void WarnOfOtherNumbers(const fs::path& file, const Identity& identity, const Warn& warn) {
+  const auto warning = OtherNumbers(file, identity);
+  if (warning && warn) warn(*warning);
+}
+
+std::vector<Repeat> RepeatsIn(const FileList& list) {
+  std::vector<Repeat> repeats;
+  std::map<std::string_view, int> lines;
+  for (const ListedFile& file : list.files) {
+    const auto [first, isNew] = lines.try_emplace(file.name, file.line);
+    if (isNew) continue;
+    repeats.push_back({file.line, Shown(file.name) + " is in line " +
+                                      std::to_string(first->second) + " already"});
+  }
+  return repeats;
 }
 
 }  // namespace orvex

@@ -22,6 +22,11 @@ auto Reading(const std::filesystem::path& file, const Console& console, Read rea
   return result;
 }
 
+Warn WarnOn(const std::filesystem::path& file, const Console& console) {
+  return
+      [&](const std::string& warning) { console.err << Warning(file, 0, warning).Text() << "\n"; };
+}
+
 }  // namespace
 
 FileKind KindOf(const std::filesystem::path& file) {
@@ -34,13 +39,17 @@ FileKind KindOf(const std::filesystem::path& file) {
 
 std::optional<EpsObservation> ReadEpisodes(const std::filesystem::path& file,
                                            const Console& console) {
-  ReadOn events(
-      [&](const std::string& warning) { console.err << Warning(file, 0, warning).Text() << "\n"; });
-  return Reading(file, console, [&] { return ReadEpsFile(file, events); });
+  const Warn warn = WarnOn(file, console);
+  ReadOn events(warn);
+  auto observation = Reading(file, console, [&] { return ReadEpsFile(file, events); });
+  if (observation) WarnOfOtherNumbers(file, observation->header.identity, warn);
+  return observation;
 }
 
 std::optional<SurFile> ReadSurvey(const std::filesystem::path& file, const Console& console) {
-  return Reading(file, console, [&] { return ReadSurFile(file); });
+  auto survey = Reading(file, console, [&] { return ReadSurFile(file); });
+  if (survey) WarnOfOtherNumbers(file, survey->identity, WarnOn(file, console));
+  return survey;
 }
 
 void RefuseKind(const std::filesystem::path& file, const std::string& expected,

@@ -9,9 +9,6 @@
 
 namespace orvex {
 
-/// A name of a file for a terminal: control characters, which could steer it, stand as "\x1B".
-std::string Shown(const std::filesystem::path& name);
-
 /// Why a file could not be taken, or not wholly.
 struct Problem {
   std::filesystem::path file;
@@ -19,7 +16,7 @@ struct Problem {
   std::string text;  ///< "expected the number of segments", or the system's cause
   int listLine = 0;  ///< of the list that names the file; 0 without a list
 
-  /// "5-12-3.eps:7: expected the number of segments (line 2 of the list)".
+  /// "5-12-3.eps:7: expected the number of segments (line 2 of the list)", fit for a terminal.
   std::string Text() const;
 };
 
@@ -34,7 +31,9 @@ std::optional<Problem> ProblemOf(const std::filesystem::path& file, Act act) {
   try {
     act();
   } catch (const FormatError& error) {
-    return Problem{file, error.Line(), "expected " + error.Expected()};
+    const int field = error.Place().field;
+    const std::string place = field > 0 ? "field " + std::to_string(field) + ": " : "";
+    return Problem{file, error.Line(), place + error.Text()};
   } catch (const FileError& error) {
     return Problem{error.Path(), 0, error.Cause()};
   }

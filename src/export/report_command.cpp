@@ -10,13 +10,25 @@
 #include "reports/question_plot.h"
 #include "reports/question_statistics.h"
 #include "reports/time_summary.h"
+#include "store/shown_text.h"
 
 namespace orvex {
 namespace {
 
+/// What the reports name of the observation, fit for a terminal.
+EpsHeader ShownHeader(EpsHeader header) {
+  Identity& identity = header.identity;
+  for (std::string* text : {&identity.SchoolNum, &identity.ClassNum, &identity.ObservNum,
+                            &identity.Initials, &header.ObservDate}) {
+    *text = Shown(*text);
+  }
+  return header;
+}
+
 std::string ReportText(const EpsObservation& observation) {
-  const Identity& identity = observation.header.identity;
-  std::string text = TextOf(MakeTimeSummary(observation.header, observation.Episodes));
+  const EpsHeader header = ShownHeader(observation.header);
+  const Identity& identity = header.identity;
+  std::string text = TextOf(MakeTimeSummary(header, observation.Episodes));
   int number = 0;
   for (const Episode& episode : observation.Episodes) {
     ++number;
@@ -66,7 +78,7 @@ ExitCode RunReport(const ReportCommand& command, const Console& console) {
   bool whole = true;
   const bool several = command.files.size() > 1;
   for (const std::filesystem::path& file : command.files) {
-    std::string place = several ? Shown(file) + ":\n\n" : "";
+    std::string place = several ? Shown(file.native()) + ":\n\n" : "";
     if (&file != &command.files.front()) place.insert(0, "\n\n");
     whole &= Report(file, command.json, place, console);
   }

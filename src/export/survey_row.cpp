@@ -20,8 +20,11 @@ void AppendSurveyRow(const FileNumbers& file, const Survey& answers, std::string
   rows += "\r\n";
 }
 
-void AppendSurveyRow(const std::filesystem::path& path, std::string& rows) {
-  AppendSurveyRow(NumbersOf(path), ReadSurFile(path).answers, rows);
+void AppendSurveyRow(const std::filesystem::path& path, const Warn& warnOfName, std::string& rows) {
+  const FileNumbers numbers = NumbersOf(path);
+  const SurFile file = ReadSurFile(path);
+  AppendSurveyRow(numbers, file.answers, rows);
+  WarnOfOtherNumbers(path, file.identity, warnOfName);
 }
 
 }  // namespace orvex

@@ -1,8 +1,6 @@
 #include "export/table_command.h"
 
-#include <map>
 #include <string>
-#include <string_view>
 #include <utility>
 
 #include "export/file_list.h"
@@ -10,6 +8,7 @@
 #include "export/table_export.h"
 #include "model/counted.h"
 #include "store/durable_file.h"
+#include "store/shown_text.h"
 
 namespace orvex {
 namespace {
@@ -54,12 +53,8 @@ WarnOf WarnOn(const Console& console, Progress& progress) {
 }
 
 void WarnOfRepeats(const FileList& list, const Console& console) {
-  std::map<std::string_view, int> lines;
-  for (const ListedFile& file : list.files) {
-    const auto [first, isNew] = lines.try_emplace(file.name, file.line);
-    if (isNew) continue;
-    const std::string text = Shown(file.name) + " is in line " + std::to_string(first->second);
-    console.err << Warning(list.path, file.line, text + " already").Text() << "\n";
+  for (const Repeat& repeat : RepeatsIn(list)) {
+    console.err << Warning(list.path, repeat.line, repeat.text).Text() << "\n";
   }
 }
 
@@ -94,7 +89,7 @@ ExitCode Make(TableExport& table, const Console& console, Progress& progress) {
     console.err << "There are no rows. " << WithoutNewTable(table.Table()) << "\n";
     return kFailed;
   }
-  console.out << Shown(table.Table()) << ": " << Counted(table.Rows(), "row") << " from "
+  console.out << Shown(table.Table().native()) << ": " << Counted(table.Rows(), "row") << " from "
               << Counted(table.Files(), "file") << (table.LastInPart() ? ", the last in part" : "")
               << "\n";
   if (table.Done() < table.Count()) {
@@ -121,7 +116,8 @@ ExitCode OrFailed(const std::filesystem::path& list, const Console& console, Com
 ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console& console) {
   return OrFailed(command.list, console, [&] {
     Progress progress(console);
-    const TableKind kind = TableOf(command.kind, WarnOn(console, progress));
+    const WarnOf warn = WarnOn(console, progress);
+    const TableKind kind = TableOf(command.kind, {.ofReading = warn, .ofNames = warn});
     TableExport table(storage, kind, ListFor(command.list, console),
                       TableFolder(command.list, command.output) / kind.fileName,
                       command.keepGoing ? BadFile::isSkipped : BadFile::endsTheTable);
@@ -141,7 +137,7 @@ ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& 
     const ExitCode code = Make(table, console, progress);
     if (command.codebook && code != kFailed) {
       ReplaceFile(storage, codebook, Codebook(command.table));
-      console.out << Shown(codebook) << ": the variables of the table and their values\n";
+      console.out << Shown(codebook.native()) << ": the variables of the table and their values\n";
     }
     return code == kDone ? kDone : kFailed;
   });

@@ -16,24 +16,28 @@ namespace fs = std::filesystem;
 /// How much is gathered before it is written.
 constexpr std::size_t kPortion = std::size_t{256} * 1024;
 
-TableKind EpsData(WarnOf warnOf) {
+/// `warnOf`, of one file.
+Warn Of(const fs::path& file, const WarnOf& warnOf) {
+  return [&file, &warnOf](const std::string& warning) {
+    if (warnOf) warnOf(file, warning);
+  };
+}
+
+TableKind EpsData(const TableWarnings& warnings) {
   return {.fileName = "EPSDATA.TXT",
           .extension = ".eps",
           .header = "",
-          .append = [warnOf = std::move(warnOf)](const auto& file, const auto&, std::string& rows) {
-            const auto warn = [&](const std::string& warning) {
-              if (warnOf) warnOf(file, warning);
-            };
-            AppendEpisodeRows(file, warn, rows);
+          .append = [warnings](const auto& file, const auto&, std::string& rows) {
+            AppendEpisodeRows(file, Of(file, warnings.ofReading), Of(file, warnings.ofNames), rows);
           }};
 }
 
-TableKind SurData() {
+TableKind SurData(const TableWarnings& warnings) {
   return {.fileName = "SURDATA.TXT",
           .extension = ".sur",
           .header = "",
-          .append = [](const auto& file, const auto&, std::string& rows) {
-            AppendSurveyRow(file, rows);
+          .append = [warnings](const auto& file, const auto&, std::string& rows) {
+            AppendSurveyRow(file, Of(file, warnings.ofNames), rows);
           }};
 }
 
@@ -54,8 +58,8 @@ void RequireBaseName(const fs::path& file, const std::string& name, const std::s
 
 }  // namespace
 
-TableKind TableOf(ExportKind kind, WarnOf warnOf) {
-  return kind == ExportKind::epsData ? EpsData(std::move(warnOf)) : SurData();
+TableKind TableOf(ExportKind kind, const TableWarnings& warnings) {
+  return kind == ExportKind::epsData ? EpsData(warnings) : SurData(warnings);
 }
 
 TableExport::TableExport(Storage& storage, TableKind kind, FileList list, fs::path table,

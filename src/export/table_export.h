@@ -29,8 +29,12 @@ struct TableKind {
 /// What is to be told of a file that was read all the same.
 using WarnOf = std::function<void(const std::filesystem::path& file, const std::string& warning)>;
 
-/// EPSDATA.TXT and SURDATA.TXT.
-TableKind TableOf(ExportKind kind, WarnOf warnOf);
+/// EPSDATA.TXT and SURDATA.TXT. Either may be left out.
+struct TableWarnings {
+  WarnOf ofReading = {};  ///< an earlier version, a repair
+  WarnOf ofNames = {};    ///< a file whose identity line says other numbers than its name
+};
+TableKind TableOf(ExportKind kind, const TableWarnings& warnings);
 
 /// What becomes of the table when a file is missing or broken: it ends with the rows that had been
 /// completed, or the file is left out.

@@ -79,10 +79,13 @@ TableKind TidyTableKind(TidyTable table, WarnOf warnOf) {
   const auto append = [table, warnOf = std::move(warnOf)](const std::filesystem::path& file,
                                                           const std::string& name,
                                                           std::string& rows) {
-    ReadOn events([&](const std::string& warning) {
+    const Warn warn = [&](const std::string& warning) {
       if (warnOf) warnOf(file, warning);
-    });
-    AppendTidyRows(table, name, ReadEpsFile(file, events), rows);
+    };
+    ReadOn events(warn);
+    const EpsObservation observation = ReadEpsFile(file, events);
+    AppendTidyRows(table, name, observation, rows);
+    WarnOfOtherNumbers(file, observation.header.identity, warn);
   };
   return {.fileName = std::string(NameOf(table)) + ".csv",
           .extension = ".eps",

@@ -40,10 +40,11 @@ struct QuestionCounts {
   int allDefault = 0;  ///< Source, Response, Authenticity, Uptake and Cognitive Level all 0
 };
 
-/// How it is said that a file is of an earlier version, and that the first segment of episode `ep`
-/// has been repaired.
+/// How it is said that a file is of an earlier version, that the first segment of episode `ep`
+/// needs a repair, and that it has been repaired.
 inline constexpr const char* kEarlierVersionText =
     "EPS file created by an earlier version of ORVEX.";
+std::string InconsistentText(int ep);
 std::string RepairedText(int ep);
 
 /// What the reader has to say while it reads.

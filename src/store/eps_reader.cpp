@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "model/version.h"
+#include "store/content_kind.h"
 #include "store/durable_file.h"
 #include "store/eps_file.h"
 #include "store/field_reader.h"
@@ -33,6 +34,8 @@ bool IsOfEarlierVersion(std::string_view banner) {
   return version && *version < ParseNumber(VersionText());
 }
 
+constexpr std::string_view kMarkerOpen = "(<-----";
+
 /// Where a question was asked, as its marker says.
 struct Marker {
   std::size_t position = kNone;  ///< where it stands in the question's line, if there is a good one
@@ -42,14 +45,13 @@ struct Marker {
 
 /// Nothing when a number does not fit 16 bits.
 std::optional<Marker> FindMarker(std::string_view line) {
-  constexpr std::string_view kOpen = "(<-----";
   constexpr std::string_view kClose = "----->)";
-  std::size_t open = line.rfind(kOpen.front());
-  while (open != kNone && !line.substr(open).starts_with(kOpen)) {
-    open = open == 0 ? kNone : line.rfind(kOpen.front(), open - 1);
+  std::size_t open = line.rfind(kMarkerOpen.front());
+  while (open != kNone && !line.substr(open).starts_with(kMarkerOpen)) {
+    open = open == 0 ? kNone : line.rfind(kMarkerOpen.front(), open - 1);
   }
   if (open == kNone) return Marker{};
-  const std::string_view marker = line.substr(open + kOpen.size());
+  const std::string_view marker = line.substr(open + kMarkerOpen.size());
   const std::size_t middle = marker.find(';');
   if (middle == kNone) return Marker{};
   const std::size_t close = marker.find(kClose, middle + 1);
@@ -108,7 +110,7 @@ class EpsReader {
     header.StartTime = fields_.Field("the start time");
     const int episodes = fields_.Integer("the number of episodes");
     for (float& average : header.ActivityOfftask) {
-      average = fields_.Single("an off-task average");
+      average = fields_.Single("the off-task average");
     }
     return episodes;
   }
@@ -195,8 +197,8 @@ class EpsReader {
     const std::string_view line = fields_.Line("the text of a question");
     const auto marker = FindMarker(line);
     if (!marker) {
-      throw FormatError(fields_.LineNumber(),
-                        "the question's episode and segment to be from -32768 to 32767");
+      fields_.Fail("the question's episode and segment to be from -32768 to 32767",
+                   line.substr(line.rfind(kMarkerOpen)));
     }
     const std::string_view name = fields_.Line("who answers a question");
     constexpr std::size_t kLetters = 8;
@@ -216,9 +218,13 @@ class EpsReader {
 
 }  // namespace
 
-std::string RepairedText(int ep) {
+std::string InconsistentText(int ep) {
   return "An inconsistency is found in activity coding of first segment in episode #" +
-         std::to_string(ep) + ".\nIt's been corrected.";
+         std::to_string(ep) + ".";
+}
+
+std::string RepairedText(int ep) {
+  return InconsistentText(ep) + "\nIt's been corrected.";
 }
 
 bool ParseQuestionMarker(std::string& text, std::int16_t& ep, std::int16_t& seg) {
@@ -234,7 +240,11 @@ bool ParseQuestionMarker(std::string& text, std::int16_t& ep, std::int16_t& seg)
 
 EpsObservation ParseEps(std::string bytes, EpsReadEvents& events) {
   const DecodedText file = Decode(std::move(bytes));
-  return EpsReader(file, events).Read();
+  try {
+    return EpsReader(file, events).Read();
+  } catch (const FormatError& error) {
+    FailAs(ContentKind::episodes, file.text, error);
+  }
 }
 
 EpsObservation ReadEpsFile(const std::filesystem::path& path, EpsReadEvents& events) {

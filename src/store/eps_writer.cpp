@@ -43,6 +43,10 @@ class EpsText {
     const bool blanks = line.starts_with(' ') || line.ends_with(' ');
     return blanks || line.find(',') != std::string::npos ? Quoted(line) : *this << line;
   }
+  /// The same with the blanks around it as they are, which reading drops.
+  EpsText& Given(std::string_view text) {
+    return text.find(',') == std::string_view::npos ? Typed(text) : Field(text);
+  }
   /// A number with nothing around it.
   EpsText& Joined(std::int64_t number) { return *this << Digits(number); }
   /// The same for seconds, as whole ones.
@@ -85,7 +89,7 @@ void WriteHeader(EpsText& out, const EpsHeader& header, std::size_t episodes) {
   out.Field(identity.SchoolNum) << ",";
   out.Field(identity.ClassNum) << ",";
   out.Field(identity.ObservNum) << ", ";
-  out.Field(identity.NumStudents) << ", ";
+  out.Given(identity.NumStudents) << ", ";
   out.Quoted(identity.Initials) << ", ";
   out.Field(header.ObservDate) << ", ";
   out.Field(header.StartTime) << ", ";

@@ -7,11 +7,13 @@
 
 #include "store/format_error.h"
 #include "store/numbers.h"
+#include "store/shown_text.h"
 
 namespace orvex {
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
+constexpr const char* kANumber = " (a number)";
 
 }  // namespace
 
@@ -26,22 +28,52 @@ std::size_t FieldReader::LineStop() const {
   return std::min(text_.find(lineEnd_, position_), text_.size());
 }
 
-int FieldReader::LineNumber() const {
-  const std::string_view before = text_.substr(0, fieldStart_);
+int FieldReader::LineOf(std::size_t position) const {
+  const std::string_view before = text_.substr(0, position);
   return static_cast<int>(1 + std::count(before.begin(), before.end(), '\n'));
 }
 
-void FieldReader::Fail(std::string_view what, const char* detail) const {
-  throw FormatError(LineNumber(), std::string(what) + detail);
+int FieldReader::LineNumber() const {
+  return LineOf(fieldStart_);
+}
+
+void FieldReader::Fail(const std::string& expected, std::string_view found) const {
+  std::string text = "expected " + expected;
+  const std::string_view named = found.empty() ? found_ : found;
+  if (fieldStart_ == text_.size()) {
+    text += ", not the end of the file";
+  } else {
+    text += named.empty() ? ", found nothing" : ", found " + ShownInQuotes(named);
+  }
+  // What is alone on its line is the line.
+  const bool alone = field_ == 1 && nextField_ == 1;
+  throw FormatError(FilePlace{LineNumber(), alone ? 0 : field_}, text + UnclosedQuote());
+}
+
+/// A quote that takes in no comma does no harm.
+void FieldReader::NoteUnclosedQuote() {
+  if (unclosedField_ > 0 || found_.find(',') == kNone) return;
+  unclosedStart_ = fieldStart_;
+  unclosedField_ = field_;
+}
+
+std::string FieldReader::UnclosedQuote() const {
+  if (unclosedField_ == 0) return "";
+  const FilePlace place{LineOf(unclosedStart_), unclosedField_};
+  return "; the quote that opens in " + place.Text() + " is not closed";
 }
 
 std::string_view FieldReader::Rest(std::string_view what) {
   fieldStart_ = position_;
-  if (position_ == text_.size()) Fail(what, ", not the end of the file");
+  if (position_ == text_.size()) {
+    field_ = 0;
+    Fail(std::string(what));
+  }
   return text_.substr(position_, stop_ - position_);
 }
 
 void FieldReader::NextLine() {
+  nextField_ = 1;
   if (stop_ == text_.size()) {
     position_ = stop_;
     return;
@@ -51,9 +83,10 @@ void FieldReader::NextLine() {
 }
 
 std::string_view FieldReader::Line(std::string_view what) {
-  const std::string_view line = Rest(what);
+  found_ = Rest(what);
+  field_ = 0;
   NextLine();
-  return line;
+  return found_;
 }
 
 std::string_view FieldReader::Field(std::string_view what) {
@@ -69,35 +102,38 @@ std::string_view FieldReader::Field(std::string_view what) {
   std::size_t end = skip(start, [quoted](char c) { return c != (quoted ? '"' : ','); });
   const std::size_t comma = skip(end, [](char c) { return c != ','; });
   while (!quoted && end > start && rest[end - 1] == ' ') --end;
+  found_ = rest.substr(start, end - start);
+  field_ = nextField_++;
+  if (quoted && end == rest.size()) NoteUnclosedQuote();
   if (comma == rest.size()) {
     NextLine();
   } else {
     position_ += comma + 1;
   }
-  return rest.substr(start, end - start);
+  return found_;
 }
 
 void FieldReader::SkipNumber(std::string_view what) {
-  if (!IsNumber(Field(what))) Fail(what, "");
+  if (!IsNumber(Field(what))) Fail(std::string(what) + kANumber);
 }
 
 double FieldReader::Number(std::string_view what) {
   const auto number = ParseNumber(Field(what));
-  if (!number) Fail(what, "");
+  if (!number) Fail(std::string(what) + kANumber);
   return *number;
 }
 
 float FieldReader::Single(std::string_view what) {
   const double number = Number(what);
   if (std::abs(number) > static_cast<double>(std::numeric_limits<float>::max())) {
-    Fail(what, " of single precision");
+    Fail(std::string(what) + " of single precision");
   }
   return static_cast<float>(number);
 }
 
 std::int16_t FieldReader::Integer(std::string_view what) {
   const auto number = ToInt16(Number(what));
-  if (!number) Fail(what, " from -32768 to 32767");
+  if (!number) Fail(std::string(what) + " from -32768 to 32767");
   return *number;
 }
 

@@ -2,15 +2,16 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace orvex {
 
 /// Reads a text as one stream of comma-separated fields and whole lines. CR LF ends a line, or LF
 /// in a text that holds no CR LF at all; the last line may lack its end, or half of it. All reads
-/// throw FormatError, which names the line and what was expected, at the end of the text and where
-/// the field is not what it should be. `what` is a noun phrase for the message ("the school
-/// number"). What is returned points into the text.
+/// throw FormatError, which names the place, what was expected and what was found, at the end of
+/// the text and where the field is not what it should be. `what` is a noun phrase for the message
+/// ("the school number"). What is returned points into the text.
 class FieldReader {
  public:
   /// `text` must outlive the reader and what it returns.
@@ -27,6 +28,10 @@ class FieldReader {
   /// A number rounded to a whole one, a half to the even neighbour, that must fit 16 bits.
   std::int16_t Integer(std::string_view what);
 
+  /// Says that what was read last is not `expected`. `found` is the part of it to be named; all of
+  /// it when there is none.
+  [[noreturn]] void Fail(const std::string& expected, std::string_view found = {}) const;
+
   /// The line that the last read began in, counted from 1 as an editor would: by every LF.
   int LineNumber() const;
   /// How many bytes of the text have not been read.
@@ -37,14 +42,22 @@ class FieldReader {
   std::string_view Rest(std::string_view what);
   void NextLine();
   double Number(std::string_view what);
-  [[noreturn]] void Fail(std::string_view what, const char* detail) const;
   std::size_t LineStop() const;
+  int LineOf(std::size_t position) const;
+  void NoteUnclosedQuote();
+  std::string UnclosedQuote() const;
 
   std::string_view text_;
   std::string_view lineEnd_;
   std::size_t position_ = 0;
   std::size_t stop_ = 0;        ///< where the line's text ends
   std::size_t fieldStart_ = 0;  ///< where the last read began
+  int field_ = 0;               ///< of its line the last read took; 0 for a line
+  int nextField_ = 1;
+  std::string_view found_;  ///< what the last read gave
+  /// The first quote that takes the fields behind it in, as it is not closed: a field of a line.
+  std::size_t unclosedStart_ = 0;
+  int unclosedField_ = 0;
 };
 
 }  // namespace orvex

@@ -6,13 +6,16 @@
 #include <system_error>
 #include <utility>
 
+#include "store/shown_text.h"
+
 namespace orvex {
 
-/// A file or folder could not be read, written or made. `what()` reads "<path>: <cause>".
+/// A file or folder could not be read, written or made. `what()` reads "<path>: <cause>",
+/// fit for a terminal.
 class FileError : public std::runtime_error {
  public:
   FileError(std::filesystem::path path, std::string cause)
-      : std::runtime_error(path.string() + ": " + cause),
+      : std::runtime_error(Shown(path.native()) + ": " + cause),
         path_(std::move(path)),
         cause_(std::move(cause)) {}
   /// The cause is what `error`, a value of `errno`, stands for.

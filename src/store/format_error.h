@@ -6,20 +6,34 @@
 
 namespace orvex {
 
-/// A file does not follow its format. `what()` reads "line 7: expected a number".
+/// Where in a file, counted from 1.
+struct FilePlace {
+  int line = 1;
+  int field = 0;  ///< of the line; 0 for the line as a whole
+
+  /// "line 3, field 4".
+  std::string Text() const {
+    return "line " + std::to_string(line) + (field > 0 ? ", field " + std::to_string(field) : "");
+  }
+};
+
+/// A file does not follow its format. `what()` reads "line 3, field 4: expected a number".
 class FormatError : public std::runtime_error {
  public:
-  FormatError(int line, std::string expected)
-      : std::runtime_error("line " + std::to_string(line) + ": expected " + expected),
-        line_(line),
-        expected_(std::move(expected)) {}
+  /// `expected` is a noun phrase.
+  FormatError(int line, const std::string& expected)
+      : FormatError(FilePlace{line}, "expected " + expected) {}
+  /// `text` is all that is said of the place.
+  FormatError(FilePlace place, std::string text)
+      : std::runtime_error(place.Text() + ": " + text), place_(place), text_(std::move(text)) {}
 
-  int Line() const { return line_; }  ///< counted from 1
-  const std::string& Expected() const { return expected_; }
+  int Line() const { return place_.line; }
+  const FilePlace& Place() const { return place_; }
+  const std::string& Text() const { return text_; }
 
  private:
-  int line_;
-  std::string expected_;
+  FilePlace place_;
+  std::string text_;
 };
 
 }  // namespace orvex

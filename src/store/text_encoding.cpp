@@ -10,8 +10,6 @@
 namespace orvex {
 namespace {
 
-constexpr char32_t kNotUtf8 = 0xFFFFFFFF;
-
 /// What Windows-1252 makes of the bytes 80 to 9F; all others are the character of their number.
 constexpr std::array<char16_t, 32> kWindows1252 = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
@@ -34,7 +32,8 @@ std::size_t AsciiBlocks(std::string_view text) {
   return count;
 }
 
-/// Takes the first character off `text`; kNotUtf8 when its bytes are none.
+}  // namespace
+
 char32_t TakeCharacter(std::string_view& text) {
   const unsigned char lead = Byte(text.front());
   std::size_t length = 1;
@@ -65,6 +64,8 @@ char32_t TakeCharacter(std::string_view& text) {
   text.remove_prefix(length);
   return character;
 }
+
+namespace {
 
 bool IsUtf8(std::string_view text) {
   while (!text.empty()) {

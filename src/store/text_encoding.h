@@ -14,6 +14,11 @@ struct DecodedText {
   Encoding encoding = Encoding::utf8;
 };
 
+/// What TakeCharacter gives for bytes that are no character.
+inline constexpr char32_t kNotUtf8 = 0xFFFFFFFF;
+/// Takes the first character off `text`, which is not empty; where its bytes are none, they stay.
+char32_t TakeCharacter(std::string_view& text);
+
 /// `text` without the byte order mark at its start, however often it stands there.
 std::string_view WithoutByteOrderMark(std::string_view text);
 

@@ -5,6 +5,7 @@
 #include "store/choose_file.h"
 #include "store/file_error.h"
 #include "store/format_error.h"
+#include "store/shown_text.h"
 
 namespace orvex {
 namespace {
@@ -26,7 +27,7 @@ std::optional<SurFile> LoadSurvey(const Services& services, const std::filesyste
   try {
     return ReadSurFile(path);
   } catch (const FormatError& error) {
-    TellUnreadable(services, path.string() + ", " + error.what());
+    TellUnreadable(services, Shown(path.native()) + ", " + error.what());
   } catch (const FileError& error) {
     TellUnreadable(services, error.what());
   }

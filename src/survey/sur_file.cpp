@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "model/version.h"
+#include "store/content_kind.h"
 #include "store/durable_file.h"
 #include "store/field_reader.h"
 #include "store/format_error.h"
@@ -40,10 +41,6 @@ class SurReader {
   }
 
  private:
-  [[noreturn]] void Fail(const std::string& expected) const {
-    throw FormatError(fields_.LineNumber(), expected);
-  }
-
   void ReadIdentity() {
     std::string_view first = fields_.Field("the banner or the school number");
     if (!IsNumber(first)) first = fields_.Field("the school number");
@@ -57,7 +54,7 @@ class SurReader {
   std::string IdentityText(std::string_view field, const char* what) const {
     const auto number = ParseNumber(field);
     const auto whole = number ? ToInt16(*number) : std::nullopt;
-    if (!whole || *number < 0) Fail(std::string(what) + " from 0 to 32767");
+    if (!whole || *number < 0) fields_.Fail(std::string(what) + " from 0 to 32767");
     return std::to_string(*whole);
   }
 
@@ -67,7 +64,7 @@ class SurReader {
     const auto number = ParseNumber(field);
     const auto whole = number ? ToInt16(*number) : std::nullopt;
     if (!whole || *whole < 0 || static_cast<std::size_t>(*whole) >= end) {
-      Fail(std::string(what) + " from 0 to " + std::to_string(end - 1));
+      fields_.Fail(std::string(what) + " from 0 to " + std::to_string(end - 1));
     }
     return static_cast<std::size_t>(*whole);
   }
@@ -98,7 +95,7 @@ class SurReader {
       const auto statement = static_cast<std::size_t>(i);
       const std::string_view field = fields_.Field("a rating");
       if (field == kNotApplicable) continue;
-      if (!IsNumber(field)) Fail("a rating: a button number or N/A");
+      if (!IsNumber(field)) fields_.Fail("a rating: a button number or N/A");
       const auto buttons = static_cast<std::size_t>(SurveyStatements()[statement].Buttons());
       file_.answers.ratings[statement] =
           static_cast<std::int16_t>(NumberBelow(field, buttons, "a button number"));
@@ -114,7 +111,11 @@ class SurReader {
 
 SurFile ParseSur(std::string bytes) {
   const DecodedText file = Decode(std::move(bytes));
-  return SurReader(file).Read();
+  try {
+    return SurReader(file).Read();
+  } catch (const FormatError& error) {
+    FailAs(ContentKind::survey, file.text, error);
+  }
 }
 
 SurFile ReadSurFile(const std::filesystem::path& path) {

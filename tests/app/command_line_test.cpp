@@ -46,6 +46,8 @@ TEST(CommandLine, IsReadAsWhatItAsksFor) {
       {"--bogus", "mistake"},
       {"exprot x", "mistake"},
       {"-- frob", "mistake"},
+      {"--\x1B[2J", "mistake"},
+      {"table \x1B[2J LIST.TXT", "mistake"},
       {"-platform offscreen -style=fusion 5-12-3.eps", "window 5-12-3.eps"},
       {"5-\xE9-3.eps", "window 5-\xE9-3.eps"},
       {"--version", "text orvex "},
@@ -80,6 +82,8 @@ TEST(CommandLine, IsReadAsWhatItAsksFor) {
     const Request request =
         ReadCommandLine(ArgumentsOf(static_cast<int>(argv.size()), argv.data()));
     EXPECT_EQ(std::visit(Describe{}, request), expected) << line;
+    const auto* mistake = std::get_if<Mistake>(&request);
+    EXPECT_TRUE(!mistake || mistake->text.find('\x1B') == std::string::npos) << line;
   }
 }
 

@@ -170,8 +170,9 @@ TEST(Opening, DoesWithBadFilesWhatTheirManifestSays) {
       const std::string& details = desk.prompter.asked.back().details;
       EXPECT_FALSE(details.empty());
       if (sample.file == "segments-40000.eps") {
-        EXPECT_NE(details.find("line 6: expected the number of segments from -32768 to 32767"),
-                  std::string::npos);
+        EXPECT_NE(
+            details.find("line 6, field 6: expected the number of segments from -32768 to 32767"),
+            std::string::npos);
       }
       continue;
     }

@@ -13,6 +13,7 @@
 #include "export/report_command.h"
 #include "export/table_command.h"
 #include "store/eps_file.h"
+#include "store/shown_text.h"
 #include "store/storage.h"
 #include "support/sample_manifest.h"
 #include "support/test_folder.h"
@@ -52,7 +53,8 @@ TEST(Commands, ExportSaysHowItWentInItsExitCode) {
   test::PutFile(folder / "6-1-1.eps", cut);
   std::filesystem::create_directory(folder / "out");
   const std::string kStays = "The earlier EPSDATA.TXT stays as it was.\n";
-  const std::string kBad = "5-12-3.eps:7: expected the number of episodes (line 2 of the list)\n";
+  const std::string kBad =
+      "5-12-3.eps:1: this is a binary file, not an episode file (line 2 of the list)\n";
   struct Case {
     const char* list;
     bool keepGoing;
@@ -77,7 +79,8 @@ TEST(Commands, ExportSaysHowItWentInItsExitCode) {
       {"1-2-3\n", false, kDone, "out/EPSDATA.TXT: 3 rows from 1 file\n",
        "1-2-3.eps: warning: EPS file created by an earlier version of ORVEX.\n"
        "1-2-3.eps: warning: An inconsistency is found in activity coding of first segment in "
-       "episode #1. It's been corrected.\n"},
+       "episode #1. The episode's activity is taken.\n"
+       "1-2-3.eps: warning: the identity line says 5-12-3\n"},
   };
   for (const auto& [list, keepGoing, code, out, err] : cases) {
     SCOPED_TRACE(list);
@@ -100,9 +103,7 @@ TEST(Commands, ExportSaysHowItWentInItsExitCode) {
 TEST(Commands, ExportEndsWhenItIsInterruptedAndShowsProgressOnATerminal) {
   const test::TestFolder folder;
   CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
-  CopySample("class/17-17-7.eps", folder / "1-2-3.eps");
-  CopySample("class/17-17-7.eps", folder / "5-12-3.eps");
-  test::PutFile(folder / "LIST.TXT", "17-17-7\n1-2-3\n5-12-3\n");
+  test::PutFile(folder / "LIST.TXT", "17-17-7\n./17-17-7\n././17-17-7\n");
   Kept kept;
   Storage storage;
   kept.console.showsProgress = true;
@@ -135,8 +136,26 @@ TEST(Commands, TableAndCodebookNeverTakeThePlaceOfTheList) {
   }
 }
 
-TEST(Commands, NamesOfFilesDoNotSteerTheTerminal) {
-  EXPECT_EQ(Shown("a\x1B[31m\n\xC2\x9Bé-1.eps"), "a\\x1B[31m\\x0A\\xC2\\x9Bé-1.eps");
+TEST(Commands, NoTextSteersTheTerminal) {
+  const std::string steering =
+      "\x1B[31m\xC2\x9B\xE2\x80\xAE"
+      "1\x9B\xC3\xA9";
+  const std::string shown = R"(\x1B[31m\xC2\x9B\xE2\x80\xAE1\x9B)"
+                            "\xC3\xA9";
+  EXPECT_EQ(Shown(steering), shown);
+
+  const test::TestFolder folder;
+  EpsObservation observation;
+  observation.header.identity = {"A\x1BZ", "5\xE2\x80\xAE", "\n12", "3", "28"};
+  observation.header.ObservDate = "\x1B[2J";
+  Storage storage;
+  WriteEpsFile(storage, folder / "5-12-3.eps", observation.header, observation.Episodes);
+  Kept kept;
+  RunReport(ReportCommand{{folder / "5-12-3.eps"}}, kept.console);
+  EXPECT_EQ((kept.out.str() + kept.err.str()).find_first_of("\x1B\x80"), std::string::npos);
+  EXPECT_NE(kept.out.str().find(R"(School 5\xE2\x80\xAE, Class)"), std::string::npos);
+  EXPECT_NE(kept.err.str().find(R"(warning: the identity line says 5\xE2\x80\xAE-)"),
+            std::string::npos);
 }
 
 TEST(Commands, CheckNamesWhatIsMissingAndGoesOnAfterABadFile) {
@@ -173,9 +192,13 @@ TEST(Commands, CheckNamesWhatIsMissingAndGoesOnAfterABadFile) {
   EXPECT_TRUE(err.ends_with("2 files could not be read\n"));
 
   EXPECT_EQ(RunCheck({folder / "17-17-7.sur"}, kept.console), kFound);
+  EXPECT_TRUE(kept.Take(kept.out, folder.Path())
+                  .ends_with("1 file checked: 1 of 25 statements not rated\n"));
   questions.resize(0);
   WriteEpsFile(storage, folder / "5-12-3.eps", observation.header, observation.Episodes);
   EXPECT_EQ(RunCheck({folder / "5-12-3.eps"}, kept.console), kDone);
+  EXPECT_EQ(kept.Take(kept.out, folder.Path()),
+            "1 file checked: 0 of 0 questions not fully coded\n");
 }
 
 /// Every member of `expected` is in `found`, with the same value.
@@ -241,7 +264,7 @@ TEST(Commands, ReportWritesEveryEpisodeAndGoesOnAfterABadFile) {
     }
     EXPECT_EQ(out.find("17-17-7.eps:\n\nTime Summary") != std::string::npos, !json);
     EXPECT_EQ(kept.Take(kept.err, folder.Path()),
-              "5-12-3.eps:7: expected the number of episodes\n");
+              "5-12-3.eps:1: this is a binary file, not an episode file\n");
   }
 }
 

@@ -56,10 +56,12 @@ TEST(ExportForm, SaysWhatIsWrongAndGoesBackToTheMenu) {
        "Line 3 of LIST.TXT: 5-12-3.eps: No such file or directory.\n"
        "EPSDATA.TXT holds the 3 rows written so far."},
       {ExportKind::epsData, "17-17-7\n5-12-3\n", "bad/text-in-P1-0.eps", "Invalid file format",
-       "Line 2 of LIST.TXT: 5-12-3.eps, line 24: expected a question count.\n"
+       "Line 2 of LIST.TXT: 5-12-3.eps, line 24: field 1: expected a question count (a number), "
+       "found \"x\".\n"
        "EPSDATA.TXT holds the 3 rows written so far."},
       {ExportKind::surData, "17-17-7\n5-12-3\n", "bad/rating5-is-x.sur", "Invalid file format",
-       "Line 2 of LIST.TXT: 5-12-3.sur, line 32: expected a rating: a button number or N/A.\n"
+       "Line 2 of LIST.TXT: 5-12-3.sur, line 32: expected a rating: a button number or N/A, found "
+       "\"x\".\n"
        "SURDATA.TXT holds the 1 row written so far."},
       {ExportKind::epsData, "6-1-1\n", "", "A file of the list could not be exported.",
        "Line 1 of LIST.TXT: 6-1-1.eps: No such file or directory.\n"
@@ -81,6 +83,17 @@ TEST(ExportForm, SaysWhatIsWrongAndGoesBackToTheMenu) {
     EXPECT_EQ(desk.prompter.asked.back().details, details);
     EXPECT_EQ(desk.screens.Take(), Moves{"show mainMenu"});
   }
+}
+
+TEST(ExportForm, WarnsOfNamesThatComeTwiceOrDisagreeWithTheirFiles) {
+  ListDesk desk("17-17-7\n11-4-2\n17-17-7\n9-9-9\n");
+  test::PutFile(desk.folder / "9-9-9.sur", desk.Table("11-4-2.sur"));
+  ExportForm form(desk.services, ExportKind::surData, desk.folder / "LIST.TXT");
+  desk.prompter.Expect("SURDATA file has been created.", Answer::ok);
+  WorkToTheEnd(form);
+  EXPECT_EQ(desk.prompter.asked.back().details,
+            "Line 3 of the list: 17-17-7 is in line 1 already.\n"
+            "9-9-9.sur: the identity line says 11-4-2.");
 }
 
 TEST(ExportForm, TellsOfAListAndATableThatTheDiskRefuses) {

@@ -71,6 +71,15 @@ TEST(FileList, SkipsWhatNamesNoFile) {
   } catch (const FormatError& error) {
     EXPECT_EQ(error.Line(), 2);
   }
+  const test::TestFolder folder;
+  test::PutFile(folder / "5-12-3.eps", test::FileBytes(test::TestData("class/17-17-7.eps")));
+  test::PutFile(folder / "LONG.TXT", std::string(std::size_t{17} << 20, '\n'));
+  const auto told = [&folder](const char* name) {
+    const auto problem = ProblemOf(folder / name, [&] { ReadFileList(folder / name); });
+    return problem ? problem->text : "";
+  };
+  EXPECT_EQ(told("5-12-3.eps"), "this is an episode file, not a list of observations");
+  EXPECT_EQ(told("LONG.TXT"), "more than 16 MB, which is too large for a list of observations");
 }
 
 TEST(TableExport, MakesOfTheSamplesTheTablesOfAnotherProgram) {

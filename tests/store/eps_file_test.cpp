@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "store/format_error.h"
 #include "support/sample_manifest.h"
 #include "support/test_folder.h"
 
@@ -43,7 +44,7 @@ TEST(EpsFile, OrdinaryAndOddFilesAreWrittenBackByteForByte) {
 
 TEST(EpsFile, NoTextBreaksTheFileAndARepairDropsTheAboutText) {
   EpsObservation typed;
-  typed.header.identity = {"\"J\", R", "\n5", "12\r", "3", "28"};
+  typed.header.identity = {"\"J\", R", "\n5", "12\r", "3", " 28 "};
   typed.header.encoding = Encoding::windows1252;
   Episode& episode = typed.Episodes.emplace_back();
   episode.Descript = "Caf\u00e9,\r\nscene 2\n";
@@ -54,6 +55,7 @@ TEST(EpsFile, NoTextBreaksTheFileAndARepairDropsTheAboutText) {
   EXPECT_EQ(Read(Written(typed)).header.encoding, Encoding::windows1252);
   question.respondName += "\u0141";
 
+  EXPECT_NE(Written(typed).find(",3,  28 , \""), std::string::npos);
   const auto back = Read(Written(typed));
   EXPECT_EQ(back.header.encoding, Encoding::utf8);
   EXPECT_EQ(back.header.identity.Initials, "'J', R");
@@ -69,6 +71,64 @@ TEST(EpsFile, NoTextBreaksTheFileAndARepairDropsTheAboutText) {
   bytes.replace(bytes.find(" 6 , 60 , 1 ,"), 3,
                 " 5 ");  // the episode's activity, not the segment's
   EXPECT_EQ(ParseEps(bytes, repaired).Episodes[0].segments[0].aboutdata, "");
+}
+
+/// What is said of `bytes`, which are no good episode file.
+std::string ErrorIn(const std::string& bytes) try {
+  Repairs repairs;
+  ParseEps(bytes, repairs);
+  return "none";
+} catch (const FormatError& error) {
+  return error.what();
+}
+
+TEST(EpsFile, AnErrorSaysWhatTheFileIsOrWhatWasFound) {
+  const std::string good =
+      "********* Orvex 4.10 EPS file *********\r\n"
+      "5,12,3, 28, \"AB\", 03-14-2001, 09:05:12, 1 \r\n"
+      " 0 , 0 , 0 , .5 , 0 , 0 , 0 \r\n"
+      "********* EPISODE 1 *********\r\nWarm-up\r\n 1 , 60 , 0 ,N, 0 , 1 , 0 \r\n 1 , 60 \r\n"
+      " 60 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0 , 0\r\n";
+  const auto with = [&good](const std::string& from, const std::string& to) {
+    std::string bytes = good;
+    return bytes.replace(bytes.find(from), from.size(), to);
+  };
+  std::string ofCr = good;
+  std::erase(ofCr, '\n');
+  const std::string average = "line 3, field 4: expected the off-task average (a number), found ";
+  const std::string endOfFile = ", not the end of the file";
+  const std::pair<std::string, std::string> cases[] = {
+      {good, "none"},
+      {FileBytes(test::TestData("class/17-17-7.sur")),
+       "line 1: this is a survey file, not an episode file"},
+      {FileBytes(test::TestData("recorded/7-13-3.bak")),
+       "line 1: this is a session log, not an episode file"},
+      {FileBytes(test::TestData("class/LIST.TXT")),
+       "line 1: this is a list of observations, not an episode file"},
+      {"PK\x03\x04\x14",
+       "line 1: this is a spreadsheet or another office document, not an episode file"},
+      {"\r\n<!DOCTYPE html>", "line 1: this is a web page, not an episode file"},
+      {std::string("\xFF\xFE*\0*\0", 6),
+       "line 1: this is a text in UTF-16, not in UTF-8 or Windows-1252"},
+      {ofCr, "line 1: this is a text whose lines end with CR alone, not with CR LF or LF"},
+      {"", "line 1: this is an empty file, not an episode file"},
+      {"Dear Ann\r\n", "line 2: expected the school number" + endOfFile +
+                           "; this does not look like a file of Orvex"},
+      {with("\r\n", "\n"),
+       "line 4: expected the off-task average (a number), found "
+       "\"********* EPISODE 1 *********\"; line 1 ends with LF alone, others "
+       "end with CR LF"},
+      {with(".5", "5%"), average + "\"5%\""},
+      {with(".5", ""), average + "nothing"},
+      {with(".5", "\x1B[2J\xE2\x80\xAE" + std::string(50, 'x')),
+       average + R"("\x1B[2J\xE2\x80\xAE)" + std::string(35, 'x') + "...\""},
+      {with("AB\"", "AB"),
+       "line 4: expected the off-task average (a number), found "
+       "\"********* EPISODE 1 *********\"; the quote that opens in line 2, field 5 is not closed"},
+      {with(" 0 , 1 , 0 \r", " 0 , 40000 , 0 \r"),
+       "line 6, field 6: expected the number of segments from -32768 to 32767, found \"40000\""},
+  };
+  for (const auto& [bytes, error] : cases) EXPECT_EQ(ErrorIn(bytes), error);
 }
 
 }  // namespace

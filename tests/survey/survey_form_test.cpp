@@ -122,9 +122,10 @@ TEST(SurveyOnAFile, ExitEndsTheProgramOrGoesOnToAnotherFile) {
 
 TEST(LoadingASurveyFile, TellsWhereItIsWrongOrWhyItCannotBeRead) {
   const std::pair<std::string, std::string> cases[] = {
-      {"rating3-is-4.sur", ", line 30: expected a button number from 0 to 3"},
-      {"rating16-is-5.sur", ", line 44: expected a button number from 0 to 4"},
-      {"identity-is-a_b_c.sur", ", line 2: expected the school number from 0 to 32767"},
+      {"rating3-is-4.sur", ", line 30: expected a button number from 0 to 3, found \"4\""},
+      {"rating16-is-5.sur", ", line 44: expected a button number from 0 to 4, found \"5\""},
+      {"identity-is-a_b_c.sur",
+       ", line 2, field 1: expected the school number from 0 to 32767, found \"a\""},
       {"without-rating25.sur", ", line 53: expected a rating, not the end of the file"},
       {"not-there.sur", ": No such file or directory"},
   };
