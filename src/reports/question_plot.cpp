@@ -135,6 +135,16 @@ QuestionPlot MakeQuestionPlot(const Identity& identity, int number, const Episod
   return plot;
 }
 
+std::string TensRow(int questions) {
+  constexpr int kTens = 10;
+  std::string row;
+  for (int number = kTens; number <= questions; number += kTens) {
+    const std::string digits = std::to_string(number);
+    row.append(kTens - digits.size(), ' ').append(digits);
+  }
+  return row;
+}
+
 std::string TextOf(const QuestionPlot& plot) {
   const std::size_t width = std::ranges::max(kPlotGroups, {}, [](const PlotGroup& group) {
                               return group.heading.size();

@@ -43,6 +43,10 @@ struct QuestionPlot {
   int columns = 0;
 };
 
+/// A row beneath the ruler that has the whole number at every tenth question, whose column is that
+/// of the number's last digit.
+std::string TensRow(int questions);
+
 /// The plot of `episode`, the one with the number `number`.
 QuestionPlot MakeQuestionPlot(const Identity& identity, int number, const Episode& episode);
 

@@ -6,6 +6,7 @@
 #include <numeric>
 
 #include "model/time_of_day.h"
+#include "reports/episode_origin.h"
 #include "store/numbers.h"
 
 namespace orvex {
@@ -75,8 +76,8 @@ TimeSummary MakeTimeSummary(const EpsHeader& header, const EpisodeList& episodes
   summary.classId = identity.ClassId();
   summary.title = "Time Summary for School " + identity.SchoolNum + ", Class " + identity.ClassNum +
                   ", Observation " + identity.ObservNum;
-  summary.date = "Date of Observation: " + header.ObservDate;
-  summary.observer = "Observer: " + identity.Initials;
+  summary.date = DateText(header);
+  summary.observer = ObserverText(header);
   const ActivityTimes times = CreateActTimeSummary(episodes);
   for (std::size_t i = 0; i < kBlocks.size(); ++i) {
     summary.blocks[i] = MakeBlock(kBlocks[i], times, header.ActivityOfftask);

@@ -1,3 +1,4 @@
+#include "reports/episode_origin.h"
 #include "reports/question_plot.h"
 #include "reports/question_statistics.h"
 #include "reports/time_summary.h"
@@ -22,8 +23,8 @@ void Forms::ShowTimeSummary() {
   if (!classEdit_) return;
   if (!timeSummary_) {
     const EpsHeader& header = classEdit_->Editor().File().Header();
-    timeSummary_ =
-        std::make_unique<frmTimeSummary>(MakeTimeSummary(header, services_.program.Episodes));
+    timeSummary_ = std::make_unique<frmTimeSummary>(
+        MakeTimeSummary(header, services_.program.Episodes), services_);
     PlaceOver(*timeSummary_, *classEdit_);
     QObject::connect(timeSummary_.get(), &frmTimeSummary::Menu, &ending_, [this] {
       Show(Screen::episodeEditor);
@@ -38,9 +39,10 @@ void Forms::ShowQuestionStats() {
   if (!episode) return;
   if (!questionStats_) {
     const EpisodeEditor& editor = classEdit_->Editor();
+    const EpsHeader& header = editor.File().Header();
     questionStats_ = std::make_unique<frmQuestionStats>(
-        MakeQuestionStatistics(editor.File().Header().identity, editor.CurrentEpisode(), *episode),
-        services_.prompter);
+        MakeQuestionStatistics(header.identity, editor.CurrentEpisode(), *episode),
+        OriginOf(header, *episode), services_);
     PlaceOver(*questionStats_, *classEdit_);
     const frmQuestionStats* form = questionStats_.get();
     QObject::connect(form, &frmQuestionStats::Menu, &ending_, [this] {
@@ -65,9 +67,11 @@ void Forms::ShowQuestionPlot() {
   if (!questionPlot_) {
     const bool fromStats = questionStats_ && questionStats_->isVisible();
     const EpisodeEditor& editor = classEdit_->Editor();
+    const EpsHeader& header = editor.File().Header();
     questionPlot_ = std::make_unique<frmQuestionPlot>(
-        MakeQuestionPlot(editor.File().Header().identity, editor.CurrentEpisode(), *episode),
-        fromStats ? PlotCaller::statistics : PlotCaller::episodeEditor);
+        MakeQuestionPlot(header.identity, editor.CurrentEpisode(), *episode),
+        OriginOf(header, *episode), fromStats ? PlotCaller::statistics : PlotCaller::episodeEditor,
+        services_);
     PlaceOver(*questionPlot_, *classEdit_);
     QObject::connect(
         questionPlot_.get(), &frmQuestionPlot::Back, &ending_, [this](PlotCaller caller) {

@@ -73,6 +73,14 @@ class PlotRow : public QLabel {
   int columns_;
 };
 
+/// The row beneath the ruler.
+PlotRow* TensOf(const QuestionPlot& plot, const PlotGrid& grid) {
+  auto* row = new PlotRow(grid, ToQt(TensRow(plot.questions)), plot.columns);
+  row->setAccessibleName(QStringLiteral("the number of every tenth question"));
+  row->setFixedWidth(row->Width());
+  return row;
+}
+
 }  // namespace
 
 PlotArea::PlotArea(QWidget* parent)
@@ -103,13 +111,19 @@ void PlotArea::Show(const QuestionPlot& plot) {
     }
     if (group.endsSection) layout->addWidget(SeparatorLine());
   }
+  layout->addWidget(TensOf(plot, grid));
   layout->addStretch(1);
   horizontalScrollBar()->setSingleStep(static_cast<int>(std::ceil(grid.CellWidth())));
   verticalScrollBar()->setSingleStep(rowHeight);
-  auto* ruler = new PlotRow(grid, ToQt(plot.PlotRows[kRulerRow]), plot.columns);
-  ruler->setParent(rulerFrame_);
-  ruler->setFixedWidth(ruler->Width());
-  ruler_ = ruler;
+  ruler_ = new QWidget(rulerFrame_);
+  auto* ruler = new QVBoxLayout(ruler_);
+  ruler->setContentsMargins(0, 0, 0, 0);
+  ruler->setSpacing(0);
+  auto* digits = new PlotRow(grid, ToQt(plot.PlotRows[kRulerRow]), plot.columns);
+  digits->setFixedWidth(digits->Width());
+  ruler->addWidget(digits);
+  ruler->addWidget(TensOf(plot, grid));
+  ruler_->adjustSize();
   setWidget(rows);
   BuildHeadings(rowHeight);
 }

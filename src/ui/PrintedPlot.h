@@ -1,5 +1,6 @@
 #pragma once
 
+#include "reports/episode_origin.h"
 #include "reports/question_plot.h"
 #include "ui/PrintedReport.h"
 
@@ -9,7 +10,7 @@ namespace orvex {
 /// columns need.
 class PrintedPlot : public PrintedReport {
  public:
-  explicit PrintedPlot(QuestionPlot plot);
+  PrintedPlot(QuestionPlot plot, EpisodeOrigin origin);
 
   QString Title() const override;
   QString Subtitle() const override;
@@ -24,6 +25,7 @@ class PrintedPlot : public PrintedReport {
   void PaintBand(QPainter& painter, double y, int first, int columns) const;
 
   QuestionPlot plot_;
+  EpisodeOrigin origin_;
 };
 
 }  // namespace orvex

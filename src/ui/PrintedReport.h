@@ -14,7 +14,7 @@ class PrintedReport {
   virtual ~PrintedReport() = default;
 
   virtual QString Title() const = 0;
-  /// What it is about, beneath the title.
+  /// What it is about, beneath the title, in one line or several.
   virtual QString Subtitle() const = 0;
   /// What its file is called if nobody calls it otherwise.
   virtual QString DocumentName() const = 0;

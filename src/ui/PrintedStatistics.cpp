@@ -56,15 +56,15 @@ double PaintValue(QPainter& painter, double width, double y, std::string_view na
 
 }  // namespace
 
-PrintedStatistics::PrintedStatistics(QuestionStatistics statistics)
-    : statistics_(std::move(statistics)) {}
+PrintedStatistics::PrintedStatistics(QuestionStatistics statistics, EpisodeOrigin origin)
+    : statistics_(std::move(statistics)), origin_(std::move(origin)) {}
 
 QString PrintedStatistics::Title() const {
   return QStringLiteral("Questions/Answer Statistics");
 }
 
 QString PrintedStatistics::Subtitle() const {
-  return ToQt(statistics_.title);
+  return ToQt(statistics_.title + "\n" + origin_.Text());
 }
 
 QString PrintedStatistics::DocumentName() const {

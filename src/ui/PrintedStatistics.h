@@ -1,5 +1,6 @@
 #pragma once
 
+#include "reports/episode_origin.h"
 #include "reports/question_statistics.h"
 #include "ui/PrintedReport.h"
 
@@ -8,7 +9,7 @@ namespace orvex {
 /// The question statistics on paper.
 class PrintedStatistics : public PrintedReport {
  public:
-  explicit PrintedStatistics(QuestionStatistics statistics);
+  PrintedStatistics(QuestionStatistics statistics, EpisodeOrigin origin);
 
   QString Title() const override;
   QString Subtitle() const override;
@@ -22,6 +23,7 @@ class PrintedStatistics : public PrintedReport {
   void PaintLegend(QPainter& painter, double width, double y) const;
 
   QuestionStatistics statistics_;
+  EpisodeOrigin origin_;
 };
 
 }  // namespace orvex

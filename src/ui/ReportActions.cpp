@@ -15,11 +15,12 @@
 namespace orvex {
 
 ReportActions::ReportActions(QWidget* form, QString text, std::unique_ptr<PrintedReport> report,
-                             QScrollArea* area, Qt::Orientation wide)
+                             const Services& services, QScrollArea* area, Qt::Orientation wide)
     : QObject(form),
       form_(form),
       text_(std::move(text)),
       report_(std::move(report)),
+      services_(services),
       area_(area),
       wide_(wide) {
   auto* copy = new QAction(QStringLiteral("Copy as text"), form);
@@ -41,7 +42,7 @@ ReportActions::ReportActions(QWidget* form, QString text, std::unique_ptr<Printe
 ReportActions::~ReportActions() = default;
 
 void ReportActions::Print() {
-  PreviewReport(*report_, form_);
+  PreviewReport(*report_, services_, form_);
 }
 
 void ReportActions::Copy() const {

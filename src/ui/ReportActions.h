@@ -4,6 +4,8 @@
 #include <QString>
 #include <memory>
 
+#include "store/services.h"
+
 class QScrollArea;
 class QWidget;
 
@@ -20,7 +22,7 @@ class ReportActions : public QObject {
   /// For `form`, which owns it. `text` is what is copied; `area` what is scrolled: from page to
   /// page in the direction it is `wide` in.
   ReportActions(QWidget* form, QString text, std::unique_ptr<PrintedReport> report,
-                QScrollArea* area, Qt::Orientation wide);
+                const Services& services, QScrollArea* area, Qt::Orientation wide);
   ~ReportActions() override;
 
   void Print();
@@ -35,6 +37,7 @@ class ReportActions : public QObject {
   QWidget* form_;
   QString text_;
   std::unique_ptr<PrintedReport> report_;
+  Services services_;
   QScrollArea* area_;
   Qt::Orientation wide_;
 };

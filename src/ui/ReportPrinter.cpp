@@ -2,14 +2,24 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QMessageBox>
+#include <QBuffer>
+#include <QFile>
+#include <QFontMetricsF>
+#include <QPagedPaintDevice>
+#include <QPaintEngine>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QScreen>
 #include <QShortcut>
 #include <algorithm>
+#include <filesystem>
+#include <string>
 
+#include "model/prompter.h"
+#include "store/durable_file.h"
+#include "store/save_file.h"
 #include "ui/PrintedReport.h"
 
 namespace orvex {
@@ -18,12 +28,37 @@ namespace {
 constexpr double kPointsPerInch = 72;
 constexpr double kTitleSize = 13;
 constexpr double kTextSize = 9;
-constexpr double kHeadHeight = 44;
+constexpr double kSubtitleAt = 19;
+constexpr double kLineHeight = 12;
+constexpr double kMostSubtitle = 200;
+constexpr double kHeadGap = 5;
 constexpr double kMargin = 15;  // millimetres
+constexpr const char* kPdfFilter = "PDF files (*.PDF)|*.PDF";
 constexpr int kPreviewWidth = 960;
 constexpr int kPreviewHeight = 680;
 
+/// Whatever was typed, it leaves room for the report.
+QString SubtitleOf(const PrintedReport& report) {
+  constexpr qsizetype kMostCharacters = 1000;
+  const QString text = report.Subtitle();
+  return text.size() > kMostCharacters ? text.left(kMostCharacters) + QStringLiteral("\u2026")
+                                       : text;
+}
+
+/// The lines beneath the title, as high as they are set on paper of this width.
+double SubtitleHeight(const PrintedReport& report, double width) {
+  const QFontMetricsF metrics(PaperFont(QApplication::font(), kTextSize));
+  const QRectF room(0, 0, width, kMostSubtitle);
+  return std::max(kLineHeight,
+                  metrics.boundingRect(room, Qt::TextWordWrap, SubtitleOf(report)).height());
+}
+
+double HeadHeight(const PrintedReport& report, double width) {
+  return kSubtitleAt + SubtitleHeight(report, width) + 2 * kHeadGap + 3;
+}
+
 void PaintHead(QPainter& painter, const PrintedReport& report, double width, const QString& page) {
+  const double height = SubtitleHeight(report, width);
   QFont title = PaperFont(QApplication::font(), kTitleSize);
   title.setBold(true);
   painter.setPen(Qt::black);
@@ -31,9 +66,61 @@ void PaintHead(QPainter& painter, const PrintedReport& report, double width, con
   painter.drawText(QRectF(0, 0, width, 18), Qt::AlignLeft | Qt::AlignVCenter, report.Title());
   painter.setFont(PaperFont(QApplication::font(), kTextSize));
   painter.drawText(QRectF(0, 0, width, 18), Qt::AlignRight | Qt::AlignVCenter, page);
-  painter.drawText(QRectF(0, 19, width, 12), Qt::AlignLeft | Qt::AlignVCenter, report.Subtitle());
+  painter.drawText(QRectF(0, kSubtitleAt, width, height), Qt::TextWordWrap, SubtitleOf(report));
   painter.setPen(QPen(Qt::black, 0.5));
-  painter.drawLine(QPointF(0, 34), QPointF(width, 34));
+  const double line = kSubtitleAt + height + 3;
+  painter.drawLine(QPointF(0, line), QPointF(width, line));
+}
+
+/// The pages to be painted, counted from 1; all where there is no last one.
+struct PageRange {
+  int first = 1;
+  int last = 0;
+};
+
+PageRange RangeOf(const QPrinter& printer) {
+  if (printer.printRange() != QPrinter::PageRange || printer.fromPage() <= 0) return {};
+  return {printer.fromPage(), std::max(printer.fromPage(), printer.toPage())};
+}
+
+/// False when `paper` cannot be painted on.
+bool PaintReport(const PrintedReport& report, QPagedPaintDevice& paper, int resolution,
+                 const PageRange& range) {
+  QPainter painter;
+  if (!painter.begin(&paper)) return false;
+  const double scale = resolution / kPointsPerInch;
+  const QRectF sheet = paper.pageLayout().paintRectPixels(resolution);
+  const QSizeF whole(sheet.width() / scale, sheet.height() / scale);
+  const double head = HeadHeight(report, whole.width());
+  const QSizeF area(whole.width(), whole.height() - head);
+  const int pages = std::max(1, report.Pages(area));
+  const int last = range.last > 0 ? std::min(range.last, pages) : pages;
+  for (int page = range.first; page <= last; ++page) {
+    if (page > range.first) paper.newPage();
+    painter.save();
+    painter.scale(scale, scale);
+    painter.setRenderHint(QPainter::Antialiasing);
+    PaintHead(painter, report, whole.width(), QStringLiteral("Page %1 of %2").arg(page).arg(pages));
+    painter.translate(0, head);
+    const double shrink = std::min(1.0, area.height() / report.LeastHeight());
+    painter.scale(shrink, shrink);
+    report.PaintPage(painter, area / shrink, page - 1);
+    painter.restore();
+  }
+  return painter.end();
+}
+
+/// The preview paints on a device of its own, whatever is to be written later.
+bool IsPreview(QPrinter& printer) {
+  return printer.paintEngine()->type() == QPaintEngine::Picture;
+}
+
+void Print(const PrintedReport& report, QPrinter& printer, const Services& services) {
+  if (!IsPreview(printer) && !printer.outputFileName().isEmpty()) {
+    SavePdf(report, printer, services);
+  } else if (!PrintReport(report, printer)) {
+    services.prompter.Tell("The report could not be printed.");
+  }
 }
 
 }  // namespace
@@ -46,43 +133,41 @@ QFont PaperFont(const QFont& like, double points) {
 }
 
 bool PrintReport(const PrintedReport& report, QPrinter& printer) {
-  QPainter painter;
-  if (!painter.begin(&printer)) return false;
-  const double scale = printer.resolution() / kPointsPerInch;
-  const QRectF paper = printer.pageLayout().paintRectPixels(printer.resolution());
-  const QSizeF whole(paper.width() / scale, paper.height() / scale);
-  const QSizeF area(whole.width(), whole.height() - kHeadHeight);
-  const int pages = std::max(1, report.Pages(area));
-  const bool someOnly = printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0;
-  const int first = someOnly ? printer.fromPage() : 1;
-  const int last = someOnly ? std::min(std::max(first, printer.toPage()), pages) : pages;
-  for (int page = first; page <= last; ++page) {
-    if (page > first) printer.newPage();
-    painter.save();
-    painter.scale(scale, scale);
-    painter.setRenderHint(QPainter::Antialiasing);
-    PaintHead(painter, report, whole.width(), QStringLiteral("Page %1 of %2").arg(page).arg(pages));
-    painter.translate(0, kHeadHeight);
-    const double shrink = std::min(1.0, area.height() / report.LeastHeight());
-    painter.scale(shrink, shrink);
-    report.PaintPage(painter, area / shrink, page - 1);
-    painter.restore();
-  }
-  return painter.end() && printer.printerState() != QPrinter::Error;
+  return PaintReport(report, printer, printer.resolution(), RangeOf(printer)) &&
+         printer.printerState() != QPrinter::Error;
 }
 
-void PreviewReport(const PrintedReport& report, QWidget* form) {
+QByteArray PdfOf(const PrintedReport& report, const QPrinter& printer) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  QPdfWriter writer(&buffer);
+  writer.setTitle(report.DocumentName());
+  writer.setPageLayout(printer.pageLayout());
+  writer.setResolution(printer.resolution());
+  PaintReport(report, writer, printer.resolution(), RangeOf(printer));
+  return bytes;
+}
+
+void SavePdf(const PrintedReport& report, const QPrinter& printer, const Services& services) {
+  // Qt writes a PDF as it paints it, and does not say when the disk refuses.
+  const std::string bytes = PdfOf(report, printer).toStdString();
+  const QByteArray file = QFile::encodeName(printer.outputFileName());
+  SaveFile(services.prompter,
+           {.failure = "The PDF file could not be written.",
+            .path = std::filesystem::path(file.toStdString()),
+            .filter = kPdfFilter},
+           [&](const std::filesystem::path& path) { ReplaceFile(services.storage, path, bytes); });
+}
+
+void PreviewReport(const PrintedReport& report, const Services& services, QWidget* form) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(report.DocumentName());
   printer.setPageOrientation(report.Orientation());
   printer.setPageMargins(QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Millimeter);
   QPrintPreviewDialog preview(&printer, form);
   QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
-                   [&report, form](QPrinter* to) {
-                     if (PrintReport(report, *to)) return;
-                     QMessageBox::warning(form, QStringLiteral("Orvex"),
-                                          QStringLiteral("The report could not be printed."));
-                   });
+                   [&](QPrinter* to) { Print(report, *to, services); });
   // The toolbar hides its buttons on a small screen, and is out of the keyboard's reach.
   QObject::connect(new QShortcut(QKeySequence::Print, &preview), &QShortcut::activated, &preview,
                    [&preview] {

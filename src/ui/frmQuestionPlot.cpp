@@ -10,15 +10,17 @@
 
 namespace orvex {
 
-frmQuestionPlot::frmQuestionPlot(const QuestionPlot& plot, PlotCaller caller, QWidget* parent)
+frmQuestionPlot::frmQuestionPlot(const QuestionPlot& plot, const EpisodeOrigin& origin,
+                                 PlotCaller caller, const Services& services, QWidget* parent)
     : QWidget(parent), caller_(caller), ui_(std::make_unique<Ui::frmQuestionPlot>()) {
   ui_->setupUi(this);
   ShowText(ui_->Label1, plot.title);
   ShowText(ui_->Label7, plot.totalText);
   ui_->lblNothing->setVisible(plot.questions == 0);
   ui_->plotArea->Show(plot);
-  auto* actions = new ReportActions(this, ToQt(TextOf(plot)), std::make_unique<PrintedPlot>(plot),
-                                    ui_->plotArea, Qt::Horizontal);
+  auto* actions =
+      new ReportActions(this, ToQt(TextOf(plot)), std::make_unique<PrintedPlot>(plot, origin),
+                        services, ui_->plotArea, Qt::Horizontal);
   connect(ui_->Command1, &QPushButton::clicked, actions, &ReportActions::Print);
   connect(ui_->Command2, &QPushButton::clicked, this, [this] { Q_EMIT Back(caller_); });
   FocusVisibly(ui_->Command2);

@@ -3,7 +3,9 @@
 #include <QWidget>
 #include <memory>
 
+#include "reports/episode_origin.h"
 #include "reports/question_plot.h"
+#include "store/services.h"
 
 namespace Ui {
 class frmQuestionPlot;
@@ -16,7 +18,9 @@ class frmQuestionPlot : public QWidget {
   Q_OBJECT
 
  public:
-  frmQuestionPlot(const QuestionPlot& plot, PlotCaller caller, QWidget* parent = nullptr);
+  /// `origin` goes to paper only.
+  frmQuestionPlot(const QuestionPlot& plot, const EpisodeOrigin& origin, PlotCaller caller,
+                  const Services& services, QWidget* parent = nullptr);
   ~frmQuestionPlot() override;
 
   /// The form shows what it was made with.

@@ -3,7 +3,9 @@
 #include <QWidget>
 #include <memory>
 
+#include "reports/episode_origin.h"
 #include "reports/question_statistics.h"
+#include "store/services.h"
 
 namespace Ui {
 class frmQuestionStats;
@@ -11,14 +13,14 @@ class frmQuestionStats;
 
 namespace orvex {
 
-class Prompter;
-
 /// The statistics of an episode's questions.
 class frmQuestionStats : public QWidget {
   Q_OBJECT
 
  public:
-  frmQuestionStats(QuestionStatistics statistics, Prompter& prompter, QWidget* parent = nullptr);
+  /// `origin` goes to paper only.
+  frmQuestionStats(QuestionStatistics statistics, const EpisodeOrigin& origin,
+                   const Services& services, QWidget* parent = nullptr);
   ~frmQuestionStats() override;
 
   /// Tells the user, once the form is to be seen, what kept it from being filled.

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "reports/time_summary.h"
+#include "store/services.h"
 
 namespace Ui {
 class frmTimeSummary;
@@ -16,7 +17,7 @@ class frmTimeSummary : public QWidget {
   Q_OBJECT
 
  public:
-  explicit frmTimeSummary(const TimeSummary& summary, QWidget* parent = nullptr);
+  frmTimeSummary(const TimeSummary& summary, const Services& services, QWidget* parent = nullptr);
   ~frmTimeSummary() override;
 
   /// The form shows what it was made with.

@@ -15,6 +15,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "support/desk.h"
+#include "support/faulty_storage.h"
 #include "support/test_folder.h"
 #include "ui/BarRow.h"
 #include "ui/PlotArea.h"
@@ -59,16 +61,24 @@ QuestionStatistics Statistics(int questions) {
 QuestionPlot Plot(int questions) {
   return MakeQuestionPlot(kIdentity, 2, Lesson(questions));
 }
-TimeSummary Times() {
+EpsHeader Header() {
   EpsHeader header;
   header.identity = kIdentity;
   header.ObservDate = "03-14-2001";
-  return MakeTimeSummary(header, {Lesson(4), Lesson(2)});
+  return header;
+}
+TimeSummary Times() {
+  return MakeTimeSummary(Header(), {Lesson(4), Lesson(2)});
+}
+EpisodeOrigin Origin() {
+  Episode episode = Lesson(0);
+  episode.Descript = "Warm-up, scene 2";
+  return OriginOf(Header(), episode);
 }
 
 TEST(QuestionStatsForm, KeepsTheProportionsOfItsBars) {
-  ScriptedPrompter prompter;
-  frmQuestionStats form(Statistics(60), prompter);
+  Desk desk;
+  frmQuestionStats form(Statistics(60), Origin(), desk.services);
   Activate(form);
   EXPECT_EQ(Find<QLabel>(form, "Label31")->text(),
             QLatin1String("Teacher 40 / Student Questions 20"));
@@ -92,12 +102,12 @@ TEST(QuestionStatsForm, KeepsTheProportionsOfItsBars) {
 }
 
 TEST(QuestionStatsForm, TellsOnceWhatKeptItFromBeingFilled) {
-  ScriptedPrompter prompter;
+  Desk desk;
   Episode episode = Lesson(3);
   episode.segments.clear();
-  frmQuestionStats form(MakeQuestionStatistics(kIdentity, 2, episode), prompter);
+  frmQuestionStats form(MakeQuestionStatistics(kIdentity, 2, episode), Origin(), desk.services);
   Activate(form);
-  prompter.Expect("Questions need to be cleaned up first.", Answer::ok);
+  desk.prompter.Expect("Questions need to be cleaned up first.", Answer::ok);
   form.Refresh();
   form.Refresh();
   Settle();
@@ -107,8 +117,8 @@ TEST(QuestionStatsForm, TellsOnceWhatKeptItFromBeingFilled) {
 }
 
 TEST(QuestionStatsForm, LeadsOnByKeyAndButton) {
-  ScriptedPrompter prompter;
-  frmQuestionStats form(Statistics(3), prompter);
+  Desk desk;
+  frmQuestionStats form(Statistics(3), Origin(), desk.services);
   Activate(form);
   const QSignalSpy menu(&form, &frmQuestionStats::Menu);
   const QSignalSpy edit(&form, &frmQuestionStats::EditQuestions);
@@ -124,7 +134,8 @@ TEST(QuestionStatsForm, LeadsOnByKeyAndButton) {
 }
 
 TEST(TimeSummaryForm, ShowsItsTablesWhole) {
-  frmTimeSummary form(Times());
+  Desk desk;
+  frmTimeSummary form(Times(), desk.services);
   Activate(form);
   EXPECT_EQ(Find<QLabel>(form, "Label52")->text(), QLatin1String("30:00"));
   for (const int width : {1300, 820, 480}) {
@@ -165,7 +176,8 @@ int FirstInk(QLabel& row) {
 }
 
 TEST(QuestionPlotForm, ScrollsItsRowsAndKeepsTheirHeadings) {
-  frmQuestionPlot form(Plot(600), PlotCaller::statistics);
+  Desk desk;
+  frmQuestionPlot form(Plot(600), Origin(), PlotCaller::statistics, desk.services);
   Activate(form);
   form.resize(700, 300);
   Settle();
@@ -207,10 +219,10 @@ TEST(QuestionPlotForm, ScrollsItsRowsAndKeepsTheirHeadings) {
 }
 
 TEST(ReportForms, ShowHowTheyWillLookOnPaper) {
-  ScriptedPrompter prompter;
-  frmQuestionStats statistics(Statistics(5), prompter);
-  frmTimeSummary times(Times());
-  frmQuestionPlot plot(Plot(5), PlotCaller::episodeEditor);
+  Desk desk;
+  frmQuestionStats statistics(Statistics(5), Origin(), desk.services);
+  frmTimeSummary times(Times(), desk.services);
+  frmQuestionPlot plot(Plot(5), Origin(), PlotCaller::episodeEditor, desk.services);
   for (QWidget* form : std::initializer_list<QWidget*>{&statistics, &times, &plot}) {
     for (const char* key : {"{Alt+P}", "{Ctrl+P}"}) {
       // "&Print" of the statistics shares its letter with "Q &Plot".
@@ -233,21 +245,47 @@ class PaperTest : public testing::Test {
  protected:
   /// Prints into a PDF file and reads it back as `pdftotext` does with `mode`.
   QString Printed(const PrintedReport& report, const char* mode) {
-    const QString file = QString::fromStdString((folder_ / "report.pdf").string());
+    const QString file = QString::fromStdString(Pdf().string());
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(file);
     printer.setPageSize(QPageSize(QPageSize::A4));
     printer.setPageOrientation(report.Orientation());
-    EXPECT_TRUE(PrintReport(report, printer));
+    SavePdf(report, printer, services_);
     QProcess reader;
     reader.start(QStringLiteral("pdftotext"), {QLatin1String(mode), file, QStringLiteral("-")});
     EXPECT_TRUE(reader.waitForFinished()) << "pdftotext is of the package poppler-utils";
     return QString::fromUtf8(reader.readAllStandardOutput());
   }
 
-  TestFolder folder_;
+  std::filesystem::path Pdf() const { return desk_.folder / "report.pdf"; }
+
+  Desk desk_;
+  FaultyStorage storage_;
+  Services services_{desk_.program, desk_.log,      desk_.recovery, storage_,
+                     desk_.clock,   desk_.prompter, desk_.screens};
 };
+
+TEST_F(PaperTest, OnAFullDiskKeepsTheOlderFileAndCanBeTriedAgain) {
+  const std::string old = "an older report";
+  const std::string failed = "The PDF file could not be written.";
+  PutFile(Pdf(), old);
+  const auto names = [this] {
+    return std::distance(std::filesystem::directory_iterator(desk_.folder.Path()), {});
+  };
+  const auto before = names();
+  storage_.Fail(1, ENOSPC, "write");
+  desk_.prompter.Expect(failed, Answer::cancel);
+  Printed(PrintedTimeSummary(Times()), "-layout");
+  EXPECT_EQ(desk_.prompter.asked.back().details, Pdf().string() + ": No space left on device");
+  EXPECT_EQ(FileBytes(Pdf()), old);
+  EXPECT_EQ(names(), before);
+
+  storage_.Fail(1, ENOSPC, "write");
+  desk_.prompter.Expect(failed, Answer::yes);
+  EXPECT_TRUE(Printed(PrintedTimeSummary(Times()), "-layout").contains(QLatin1String("30:00")));
+  EXPECT_EQ(names(), before);
+}
 
 TEST_F(PaperTest, SaysWhatTheFormsSay) {
   const auto expect = [](const QString& text, std::initializer_list<const char*> parts) {
@@ -256,27 +294,31 @@ TEST_F(PaperTest, SaysWhatTheFormsSay) {
       EXPECT_TRUE(simple.contains(QString::fromUtf8(part))) << part << "\n" << text.toStdString();
     }
   };
-  expect(Printed(PrintedStatistics(Statistics(60)), "-layout"),
+  expect(Printed(PrintedStatistics(Statistics(60), Origin()), "-layout"),
          {"Questions/Answer Statistics", "Page 1 of 1", "7-12-3 Episode 2",
+          "Date of Observation: 03-14-2001", "Observer: AB", "Warm-up, scene 2",
           "Total Number of Questions 60", "Teacher 40 / Student Questions 20 40 20",
           "Nonresponses to Teacher Questions 8 8 32", "PACE (questions per minute) 4.",
           "STUDENT OFFTASK 8.%", "Coded \"no\""});
   expect(Printed(PrintedTimeSummary(Times()), "-layout"),
          {"Time Summary for School 7, Class 12, Observation 3", "Page 1 of 1", "Observer: AB",
           "Question/Answer 30:00 0.000", "Discussion 0:00 Student", "TOTAL TIME: 30:00"});
-  expect(Printed(PrintedPlot(Plot(1)), "-layout"),
-         {"Question Plot", "Page 1 of 1", "Total Number of Questions: 1", "QUESTIONS 1"});
-  expect(Printed(PrintedPlot(Plot(0)), "-layout"), {"Page 1 of 1", "Relation to Prev Q Y"});
+  expect(Printed(PrintedPlot(Plot(1), Origin()), "-layout"),
+         {"Question Plot", "Page 1 of 1", "Total Number of Questions: 1",
+          "Date of Observation: 03-14-2001", "Observer: AB", "Warm-up, scene 2", "E elaborated",
+          "QUESTIONS"});
+  expect(Printed(PrintedPlot(Plot(0), Origin()), "-layout"),
+         {"Page 1 of 1", "Relation to Prev Q Y related to previous responses"});
 
   QPrinter nowhere;
   nowhere.setOutputFormat(QPrinter::PdfFormat);
-  nowhere.setOutputFileName(QString::fromStdString((folder_ / "no/such.pdf").string()));
-  EXPECT_FALSE(PrintReport(PrintedPlot(Plot(1)), nowhere));
+  nowhere.setOutputFileName(QString::fromStdString((desk_.folder / "no/such.pdf").string()));
+  EXPECT_FALSE(PrintReport(PrintedPlot(Plot(1), Origin()), nowhere));
 }
 
 TEST_F(PaperTest, WrapsALongPlotAndKeepsItsColumnsUnderTheRuler) {
   const QuestionPlot plot = Plot(600);
-  const QString text = Printed(PrintedPlot(plot), "-bbox");
+  const QString text = Printed(PrintedPlot(plot, Origin()), "-bbox");
   // Words with their places: a row of a band begins with its heading or letter, left of the plot.
   static const QRegularExpression word(QStringLiteral(
       "<page|<word xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\" xMax=\"([0-9.]+)\"[^>]*>([^<]*)</word>"));
@@ -307,6 +349,11 @@ TEST_F(PaperTest, WrapsALongPlotAndKeepsItsColumnsUnderTheRuler) {
     columns += found.text.size();
   }
   EXPECT_EQ(columns, 600);
+  for (const char* number : {"10", "100", "600"}) {
+    EXPECT_TRUE(std::ranges::any_of(words, [&](const Word& found) {
+      return found.text == QLatin1String(number);
+    })) << number;
+  }
   // Each run of marks stands where its questions stand on the ruler of its band.
   std::map<char16_t, int> marks;
   for (const Word& found : words) {
