@@ -3,10 +3,12 @@
 #include <system_error>
 #include <utility>
 
+#include "editor/told_at_opening.h"
 #include "model/prompter.h"
 #include "model/screens.h"
 #include "store/choose_file.h"
 #include "store/durable_file.h"
+#include "store/eps_differences.h"
 #include "store/file_error.h"
 #include "store/format_error.h"
 #include "store/save_file.h"
@@ -36,6 +38,15 @@ class ReadingAloud : public EpsReadEvents {
   bool repaired_ = false;
 };
 
+/// What a file holds that was read before.
+std::string ReadAgain(const fs::path& path) {
+  try {
+    return ReadFile(path);
+  } catch (const FileError& error) {
+    throw FileError(path, "it can no longer be read: " + error.Cause());
+  }
+}
+
 }  // namespace
 
 EditedFile::EditedFile(fs::path path, EpsHeader header, std::string bytes)
@@ -58,24 +69,18 @@ bool EditedFile::Save(const Services& services, const EpisodeList& episodes) {
   return true;
 }
 
-/// Throws FileChanged when another program has written the file since. A file that is gone replaces
+/// Throws FileChanged when another program has written the file since, and FileError when it cannot
+/// be read any more. A file that is gone replaces
 /// nothing; neither does one that holds what is to be written. `givenUp` is what has been found
 /// there before: asking once is enough for a content that the user has given up.
 void EditedFile::RequireUnchanged(const std::string& bytes,
                                   std::optional<std::string>& givenUp) const {
   std::error_code unknown;
   if (!fs::exists(path_, unknown) && !unknown) return;
-  std::string found;
-  std::string which = path_.string();
-  try {
-    found = ReadFile(path_);
-    if (found == bytes_ || found == bytes) return;
-  } catch (const FileError& error) {
-    which = error.what();
-  }
-  if (givenUp == found) return;
+  std::string found = ReadAgain(path_);
+  if (found == bytes_ || found == bytes || givenUp == found) return;
   givenUp = std::move(found);
-  throw FileChanged(which);
+  throw FileChanged(path_.string());
 }
 
 Opening OpenForEditing(const Services& services, const fs::path& path) {
@@ -84,6 +89,10 @@ Opening OpenForEditing(const Services& services, const fs::path& path) {
   try {
     const std::string bytes = ReadFile(path);
     EpsObservation read = ParseEps(bytes, events);
+    TellProtection(services.prompter, path);
+    if (const auto message = MessageOf(DifferencesOf(bytes, read), path)) {
+      services.prompter.Ask(*message);
+    }
     opening.opened.emplace(OpenedFile{.file = {path, std::move(read.header), bytes},
                                       .episodes = std::move(read.Episodes),
                                       .repaired = events.Repaired()});

@@ -59,10 +59,11 @@ void EpisodeEditor::ShowReport(Screen report) {
 
 void EpisodeEditor::Quit() {
   LeaveBox();
-  const Answer save = services_.prompter.Ask({.text = "Save Data?",
-                                              .buttons = Buttons::yesNo,
-                                              .defaultAnswer = Answer::yes,
-                                              .dismissed = Answer::cancel});
+  const Answer save =
+      services_.prompter.Ask({.text = "Save Data?",
+                              .buttons = Buttons::yesNo,
+                              .defaultAnswer = Modified() ? Answer::yes : Answer::no,
+                              .dismissed = Answer::cancel});
   // To leave the question open is to stay, and who wanted to save and could not is not made to lose
   // the changes.
   if (save == Answer::cancel || (save == Answer::yes && !Save())) return;

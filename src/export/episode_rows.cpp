@@ -91,6 +91,10 @@ void ReadOn::FirstSegmentRepaired(int ep) {
   if (warn_) warn_(InconsistentText(ep) + " The episode's activity is taken.");
 }
 
+void ReadOn::TextAfterLastQuestion(int line, std::string_view /*text*/) {
+  if (warn_) warn_("text after the last question, line " + std::to_string(line));
+}
+
 void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episode,
                       const QuestionCounts& stated, std::string& rows) {
   Times times{};

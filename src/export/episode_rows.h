@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "export/file_list.h"
 #include "model/episode.h"
@@ -16,6 +17,7 @@ class ReadOn : public EpsReadEvents {
 
   bool ContinueWithEarlierVersion() override;
   void FirstSegmentRepaired(int ep) override;
+  void TextAfterLastQuestion(int line, std::string_view text) override;
 
  private:
   Warn warn_;

@@ -56,6 +56,14 @@ bool TakeOver(Storage& storage, int descriptor, const struct stat& made, const s
   return give(kSameOwner) || refused();
 }
 
+/// Why a file must not be replaced, as a value of `errno`; 0 when it may be. A rename would replace
+/// one that somebody has protected, and root could write it, too.
+int ProtectionOf(const fs::path& target, const struct stat& file) {
+  constexpr mode_t kAnybodyWrites = 0222;
+  if ((file.st_mode & kAnybodyWrites) == 0) return EACCES;
+  return ::access(target.c_str(), W_OK) == 0 ? 0 : errno;
+}
+
 }  // namespace
 
 FileReplacement::FileReplacement(Storage& storage, fs::path path)
@@ -63,8 +71,8 @@ FileReplacement::FileReplacement(Storage& storage, fs::path path)
   exists_ = ::stat(target_.c_str(), &old_) == 0;
   Require(exists_ || errno == ENOENT);
   if (exists_ && !S_ISREG(old_.st_mode)) throw FileError(path_, "not a regular file");
-  // A rename would replace a file that somebody has protected.
-  Require(!exists_ || ::access(target_.c_str(), W_OK) == 0);
+  const int protection = exists_ ? ProtectionOf(target_, old_) : 0;
+  if (protection != 0) throw FileError(path_, protection);
   OpenTemporary(exists_ ? kPrivate : kAsTheUserLikes);
   const bool known = ::fstat(descriptor_, &made_) == 0;
   if (!known) {
@@ -127,6 +135,16 @@ void ReplaceFile(Storage& storage, const fs::path& path, std::string_view bytes)
   FileReplacement file(storage, path);
   file.Write(bytes);
   file.Commit();
+}
+
+void RequireReplaceable(const fs::path& path) {
+  const fs::path target = FollowLinks(path);
+  struct stat file = {};
+  if (::stat(target.c_str(), &file) != 0) throw FileError(path, errno);
+  const int protection = ProtectionOf(target, file);
+  if (protection != 0) throw FileError(path, protection);
+  const fs::path folder = target.parent_path();
+  if (::access(folder.empty() ? "." : folder.c_str(), W_OK) != 0) throw FileError(folder, errno);
 }
 
 namespace {

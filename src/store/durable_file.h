@@ -18,9 +18,13 @@ class Storage;
 /// content is in place then, but a power cut might still bring the old one back.
 void ReplaceFile(Storage& storage, const std::filesystem::path& path, std::string_view bytes);
 
-/// The same for a content that comes piece by piece: it gathers in a file of its own beside the one
-/// at `path` and takes its place with `Commit`. Until then, and without it, the old file stays. All
-/// throw FileError.
+/// Throws FileError when the file at `path`, or the folder it lies in, is write-protected, so that
+/// it could not be replaced.
+void RequireReplaceable(const std::filesystem::path& path);
+
+/// Replaces a file by a content that comes piece by piece: it gathers in a file of its own beside
+/// the one at `path` and takes its place with `Commit`. Until then, and without it, the old file
+/// stays. All throw FileError.
 class FileReplacement {
  public:
   FileReplacement(Storage& storage, std::filesystem::path path);

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "model/program.h"
 #include "store/text_encoding.h"
@@ -63,6 +64,8 @@ class EpsReadEvents {
   /// Episode `ep` has been read to its last question. `stated` are its counts, when wanted.
   virtual void EpisodeRead(int /*ep*/, const Episode& /*episode*/,
                            const QuestionCounts& /*stated*/) {}
+  /// Everything is read that the file states, and there is more `text`, which begins in `line`.
+  virtual void TextAfterLastQuestion(int /*line*/, std::string_view /*text*/) {}
 };
 
 /// The reader was told not to go on with a file of an earlier version.

@@ -12,6 +12,7 @@
 #include "store/content_kind.h"
 #include "store/durable_file.h"
 #include "store/eps_file.h"
+#include "store/eps_trace.h"
 #include "store/field_reader.h"
 #include "store/format_error.h"
 #include "store/numbers.h"
@@ -77,6 +78,7 @@ class EpsReader {
     observation_.header.encoding = file.encoding;
   }
 
+  void Trace(std::vector<ReadField>& trace) { fields_.Trace(trace); }
   EpsObservation Read() {
     const int episodes = ReadHeader();
     events_.EpisodesToCome(episodes);
@@ -86,6 +88,8 @@ class EpsReader {
       ReadQuestions(observation_.Episodes[i], summaries_[i].questions);
       events_.EpisodeRead(static_cast<int>(i + 1), observation_.Episodes[i], summaries_[i].counts);
     }
+    const std::string_view left = fields_.TextLeft();
+    if (!left.empty()) events_.TextAfterLastQuestion(fields_.LineOf(left), left);
     return std::move(observation_);
   }
 
@@ -236,6 +240,14 @@ bool ParseQuestionMarker(std::string& text, std::int16_t& ep, std::int16_t& seg)
     text.erase(marker->position);
   }
   return true;
+}
+
+std::vector<ReadField> TraceEps(const DecodedText& file, EpsReadEvents& events) {
+  std::vector<ReadField> trace;
+  EpsReader reader(file, events);
+  reader.Trace(trace);
+  reader.Read();
+  return trace;
 }
 
 EpsObservation ParseEps(std::string bytes, EpsReadEvents& events) {

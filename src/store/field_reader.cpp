@@ -33,6 +33,16 @@ int FieldReader::LineOf(std::size_t position) const {
   return static_cast<int>(1 + std::count(before.begin(), before.end(), '\n'));
 }
 
+int FieldReader::LineOf(std::string_view part) const {
+  return LineOf(static_cast<std::size_t>(part.data() - text_.data()));
+}
+
+std::string_view FieldReader::TextLeft() const {
+  // An old system may have marked the end of the file by Ctrl+Z.
+  const std::size_t start = text_.find_first_not_of(" \t\r\n\x1A", position_);
+  return text_.substr(std::min(start, text_.size()));
+}
+
 int FieldReader::LineNumber() const {
   return LineOf(fieldStart_);
 }
@@ -86,6 +96,7 @@ std::string_view FieldReader::Line(std::string_view what) {
   found_ = Rest(what);
   field_ = 0;
   NextLine();
+  if (trace_) trace_->push_back({what, found_, {}, fieldStart_});
   return found_;
 }
 
@@ -109,6 +120,11 @@ std::string_view FieldReader::Field(std::string_view what) {
     NextLine();
   } else {
     position_ += comma + 1;
+  }
+  if (trace_) {
+    const std::size_t behind = std::min(end + (quoted ? 1 : 0), comma);
+    trace_->push_back(
+        {what, found_, WithoutBlanks(rest.substr(behind, comma - behind)), fieldStart_});
   }
   return found_;
 }

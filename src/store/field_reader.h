@@ -4,8 +4,17 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvex {
+
+/// One field or line that was read.
+struct ReadField {
+  std::string_view what;     ///< as it was asked for
+  std::string_view value;    ///< as it was returned
+  std::string_view dropped;  ///< what stands between its closing quote and the comma
+  std::size_t position = 0;  ///< where it begins in the text
+};
 
 /// Reads a text as one stream of comma-separated fields and whole lines. CR LF ends a line, or LF
 /// in a text that holds no CR LF at all; the last line may lack its end, or half of it. All reads
@@ -16,6 +25,8 @@ class FieldReader {
  public:
   /// `text` must outlive the reader and what it returns.
   explicit FieldReader(std::string_view text);
+  /// Puts down in `trace` what is read from here on.
+  void Trace(std::vector<ReadField>& trace) { trace_ = &trace; }
 
   /// The next field: blanks around it dropped, without its quotes, ended by a comma or a line end.
   std::string_view Field(std::string_view what);
@@ -36,6 +47,10 @@ class FieldReader {
   int LineNumber() const;
   /// How many bytes of the text have not been read.
   std::size_t Left() const { return text_.size() - position_; }
+  /// What has not been read, from its first text on: blanks and line ends are none.
+  std::string_view TextLeft() const;
+  /// The line in which `part` of the text begins.
+  int LineOf(std::string_view part) const;
 
  private:
   /// What is left of the line; at the end of the text there is none.
@@ -58,6 +73,7 @@ class FieldReader {
   /// The first quote that takes the fields behind it in, as it is not closed: a field of a line.
   std::size_t unclosedStart_ = 0;
   int unclosedField_ = 0;
+  std::vector<ReadField>* trace_ = nullptr;
 };
 
 }  // namespace orvex

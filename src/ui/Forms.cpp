@@ -171,7 +171,10 @@ void Forms::ShowQuestionEditor(EditorCaller caller, bool proofMode) {
     opener = &live;
     if (caller == EditorCaller::questionEntry && enterQA_) opener = enterQA_.get();
   } else {
-    if (classEdit_) opening.episode = classEdit_->Editor().CurrentEpisode();
+    if (classEdit_) {
+      opening.episode = classEdit_->Editor().CurrentEpisode();
+      classEdit_->Editor().LeaveBox();
+    }
     qa_ = std::make_unique<frmQA>(services_, opening, nullptr, nullptr);
     if (classEdit_) qa_->Editor().KeepStepsWith(classEdit_->Editor());
   }

@@ -6,6 +6,8 @@
 
 #include "editor/editor_desk.h"
 #include "editor/open_editor.h"
+#include "editor/told_at_opening.h"
+#include "store/eps_differences.h"
 #include "support/sample_manifest.h"
 #include "support/save_faults.h"
 
@@ -104,6 +106,26 @@ TEST_F(SavingTest, AnotherProgramsChangeIsNotReplacedUnasked) {
   EXPECT_EQ(FileBytes(desk.file), Edited());
 }
 
+TEST_F(SavingTest, AFileThatCannotBeReadOrReplacedIsToldAsThat) {
+  editor.TypeDescription("A");
+  std::filesystem::remove(desk.file);
+  std::filesystem::create_directory(desk.file);
+  desk.prompter.Expect(kFailed, Answer::cancel);
+  EXPECT_FALSE(editor.Save());
+  EXPECT_EQ(desk.prompter.asked.back().details,
+            desk.file.string() + ": it can no longer be read: Is a directory");
+
+  std::filesystem::remove(desk.file);
+  test::PutFile(desk.file, before);
+  std::filesystem::permissions(desk.file, std::filesystem::perms::owner_read);
+  desk.prompter.Expect("This file is write-protected. Changes can only be saved elsewhere.",
+                       Answer::ok);
+  EXPECT_TRUE(OpenForEditing(desk.services, desk.file).opened);
+  desk.prompter.Expect(kFailed, Answer::cancel);
+  EXPECT_FALSE(editor.Save());
+  EXPECT_EQ(FileBytes(desk.file), before);
+}
+
 TEST_F(SavingTest, QuittingSavesOnlyWhenToldTo) {
   editor.TypeDescription("A");
   desk.prompter.Expect("Save Data?", Answer::no);
@@ -145,7 +167,17 @@ TEST_F(SavingTest, QuittingForAnotherFileBeginsAnew) {
   desk.prompter.Expect("Edit Another File?", Answer::yes);
   desk.prompter.ExpectFile({});
   editor.Quit();
+  EXPECT_EQ(desk.prompter.asked.rbegin()[1].defaultAnswer, Answer::no) << "nothing was changed";
   EXPECT_EQ(desk.screens.Take(), Rows{"end"});
+}
+
+/// What is to be told of a file that a save would change.
+std::optional<Message> ToldOf(const std::filesystem::path& file) {
+  struct ReadOn : EpsReadEvents {
+    bool ContinueWithEarlierVersion() override { return true; }
+    void FirstSegmentRepaired(int /*ep*/) override {}
+  } silent;
+  return MessageOf(DifferencesOf(FileBytes(file), ReadEpsFile(file, silent)), file);
 }
 
 TEST(Opening, DoesWithBadFilesWhatTheirManifestSays) {
@@ -161,6 +193,13 @@ TEST(Opening, DoesWithBadFilesWhatTheirManifestSays) {
     for (const std::string& message : sample.messages) {
       desk.prompter.Expect(message, Answer::ok);
       repaired |= message.starts_with("An inconsistency");
+    }
+    if (sample.accepted) {
+      const auto told = ToldOf(folder / sample.file);
+      const bool staysItself =
+          FileBytes(folder / sample.file) == FileBytes(folder / "rewritten" / sample.file);
+      EXPECT_FALSE(staysItself && told);
+      if (told) desk.prompter.Expect(told->text, Answer::ok);
     }
     Opening opening = OpenForEditing(desk.services, folder / sample.file);
     EXPECT_EQ(desk.program.Episodes, EpisodeList(1));

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "store/eps_differences.h"
 #include "store/format_error.h"
 #include "support/sample_manifest.h"
 #include "support/test_folder.h"
@@ -40,6 +41,63 @@ TEST(EpsFile, OrdinaryAndOddFilesAreWrittenBackByteForByte) {
     }
   }
   EXPECT_GE(files, 20);
+}
+
+/// "74: text after the last question is left out: "more, text"|the line ends".
+std::string ToldOf(const std::string& bytes) {
+  Repairs repairs;
+  const auto found = DifferencesOf(bytes, ParseEps(bytes, repairs));
+  std::string all;
+  for (const auto& [line, text] : found.contents) all += std::to_string(line) + ": " + text + "|";
+  for (const std::string& form : found.form) all += form;
+  return all;
+}
+
+TEST(EpsFile, TellsWhatASaveWouldDropOrChange) {
+  const std::string good = FileBytes(test::TestData("bad/banner-4.10.eps"));
+  const auto with = [&](const std::string& before, const std::string& after) {
+    std::string bytes = good;
+    EXPECT_NE(bytes.find(before), std::string::npos) << before;
+    return bytes.replace(bytes.find(before), before.size(), after);
+  };
+  const std::string about = "growing up in Of Mice and Men";
+  const std::pair<std::string, const char*> cases[] = {
+      {good, ""},
+      {good + "more, text\r\n", "74: text after the last question is left out: \"more, text\"|"},
+      {good + " \r\n\x1A", "blanks, quotes, and the spelling of numbers and codes"},
+      {with(" 12 , 724 , 3 ,", " 12 , 724 , 2 ,"),
+       "71: text after the last question, with 1 question in it, is left out: \"Can we work with a "
+       "partner?(<----- 3 ; 1 ----->)\"|27: a question count: \"1\" becomes \"0\"|27: a question "
+       "count: \"1\" becomes \"0\"|"},
+      {with(about + "\r\n", "growing\nup\r\n"),
+       "9: what the activity was about: a line end within \"growing up\" becomes a blank|"},
+      {with("\"AB\",", "\"AB\"and C,"), "2: behind the quotes: \"and C\" is left out|"},
+      {with("(<----- 1 ; 1 ----->)", "(<----- 2 ; 1 ----->) loud"),
+       "29: the question's episode and segment: \"2 ; 1\" becomes \"1 ; 1\"|29: behind the "
+       "question's episode and segment: \"loud\" is left out|"},
+      {with("T,Y,N,N,R,N,,U", "t,Y,N,Q,R,N,,U"),
+       "24: a question count: \"2\" becomes \"1\"|31: a code letter: \"Q\" is left out|"},
+      {with("1 , 4 , 2, .25 ", "1 , 4 , 2,0.250"),
+       "blanks, quotes, and the spelling of numbers and codes"},
+      {with(" 4 , 591 ", " 5 , 591 "),
+       "8: the activity number of a segment: \"4\" becomes \"5\"|9: what the activity was about: "
+       "\"growing up in Of Mice and Men\" is left out|25: the time spent in an activity: \"262\" "
+       "becomes \"0\"|25: the time spent in an activity: \"163\" becomes \"425\"|"},
+      {FileBytes(test::TestData("bad/line-ends-lf.eps")), "the line ends"},
+      {FileBytes(test::TestData("bad/without-H1.eps")), "the banner"},
+  };
+  for (const auto& [bytes, told] : cases) EXPECT_EQ(ToldOf(bytes), told);
+  // Whatever can be read can be compared.
+  constexpr std::size_t kStep = 5;
+  for (std::size_t at = 0; at < good.size(); at += kStep) {
+    std::string bytes = good;
+    bytes[at] = static_cast<char>(bytes[at] ^ 1);
+    try {
+      const auto read = ToldOf(bytes);
+    } catch (const FormatError&) {
+      continue;
+    }
+  }
 }
 
 TEST(EpsFile, NoTextBreaksTheFileAndARepairDropsTheAboutText) {

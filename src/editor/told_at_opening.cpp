@@ -1,0 +1,60 @@
+#include "editor/told_at_opening.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "model/counted.h"
+#include "model/version.h"
+#include "store/durable_file.h"
+#include "store/eps_differences.h"
+#include "store/file_error.h"
+
+namespace orvex {
+namespace {
+
+std::string Joined(const std::vector<std::string>& texts) {
+  std::string all;
+  for (const std::string& text : texts) all += (all.empty() ? "" : ", ") + text;
+  return all;
+}
+
+/// A line for each place, as far as a message box has room for them.
+std::string PlacesOf(const EpsDifferences& differences) {
+  constexpr std::size_t kMost = 10;
+  const auto& all = differences.contents;
+  const std::size_t shown = std::min(all.size(), kMost);
+  std::string lines;
+  for (std::size_t i = 0; i < shown; ++i) {
+    lines += "\nLine " + std::to_string(all[i].line) + ": " + all[i].text;
+  }
+  if (shown < all.size()) lines += "\nAnd " + Counted(all.size() - shown, "place") + " more";
+  if (!differences.form.empty()) lines += "\nAlso: " + Joined(differences.form);
+  return lines;
+}
+
+}  // namespace
+
+std::optional<Message> MessageOf(const EpsDifferences& differences,
+                                 const std::filesystem::path& path) {
+  const std::size_t places = differences.contents.size();
+  if (places > 0) {
+    return Message{.text = "A save would drop or change what this file holds in " +
+                           Counted(places, "place") + ".",
+                   .details = path.string() + PlacesOf(differences)};
+  }
+  if (differences.None() || differences.OnlyBanner()) return std::nullopt;
+  return Message{.text = "A save writes this file in the form of Orvex " + VersionText() + " (" +
+                         Joined(differences.form) + "). What it holds stays as it is."};
+}
+
+void TellProtection(Prompter& prompter, const std::filesystem::path& path) {
+  try {
+    RequireReplaceable(path);
+  } catch (const FileError& error) {
+    prompter.Tell("This file is write-protected. Changes can only be saved elsewhere.",
+                  error.what());
+  }
+}
+
+}  // namespace orvex

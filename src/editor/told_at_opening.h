@@ -1,0 +1,20 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+#include "model/prompter.h"
+
+namespace orvex {
+
+struct EpsDifferences;
+
+/// What is told of the file at `path` that a save would change; nothing when it would not, or only
+/// name another version of the program.
+std::optional<Message> MessageOf(const EpsDifferences& differences,
+                                 const std::filesystem::path& path);
+
+/// Tells that a file, or its folder, is write-protected, when it is.
+void TellProtection(Prompter& prompter, const std::filesystem::path& path);
+
+}  // namespace orvex

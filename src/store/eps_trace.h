@@ -1,0 +1,15 @@
+#pragma once
+
+#include <vector>
+
+#include "store/eps_file.h"
+#include "store/field_reader.h"
+#include "store/text_encoding.h"
+
+namespace orvex {
+
+/// What the reader takes from an episode file, field by field. It points into `file`. Throws as
+/// ParseEps does.
+std::vector<ReadField> TraceEps(const DecodedText& file, EpsReadEvents& events);
+
+}  // namespace orvex
