@@ -29,7 +29,21 @@ void EndLastEpisode(KeptClass& kept) {
   if (!episode.questions.empty()) episode.offtask = AverageOf(running.offtaskEstimates);
 }
 
+/// Stores the question that was being entered. Returns what to tell of it; "" when there was none.
+std::string StoreDraft(KeptClass& kept) {
+  std::vector<questionInfo>& questions = kept.program.Episodes.back().questions;
+  constexpr std::size_t kMost = 32767;
+  if (!kept.running.HasDraft() || questions.size() == kMost) return "";
+  questions.push_back(kept.running.Draft());
+  kept.running.draftQuestion.clear();
+  kept.running.draftFields = {};
+  return "The question that was being entered is stored as question " +
+         std::to_string(questions.size()) + " of episode " +
+         std::to_string(kept.running.curEpisode) + ", with the codes that it had.";
+}
+
 bool StoreEpisodes(const Services& services, KeptClass& kept) {
+  const std::string ofDraft = StoreDraft(kept);
   EndLastEpisode(kept);
   Program& program = kept.program;
   EpsHeader header = {.identity = program.identity,
@@ -44,6 +58,9 @@ bool StoreEpisodes(const Services& services, KeptClass& kept) {
   // From here on only the survey is missing, also when that is left for later.
   program.QuitRequested = true;
   services.recovery.Keep(FormatMoment(kept.moment) + FormatRunning(program, kept.running));
+  if (!ofDraft.empty()) {
+    services.prompter.Tell(ofDraft, program.Episodes.back().questions.back().question);
+  }
   return true;
 }
 

@@ -17,6 +17,24 @@ SegmentData RunningClass::Segment(float seconds) const {
   return segment;
 }
 
+bool RunningClass::HasDraft() const {
+  return !draftQuestion.empty() || draftFields.HasText();
+}
+
+questionInfo RunningClass::Draft() const {
+  const auto text = [this](Dimension field) -> const std::string& {
+    return draftFields.Text(field);
+  };
+  questionInfo question;
+  question.SetValue(draftQuestion, text(Dimension::source), text(Dimension::response),
+                    text(Dimension::authenticity), text(Dimension::uptake),
+                    text(Dimension::cognitive), text(Dimension::respondName),
+                    text(Dimension::onePartOfMulti), text(Dimension::tResponse),
+                    text(Dimension::elaborated), static_cast<std::int16_t>(curEpisode),
+                    static_cast<std::int16_t>(curSegment));
+  return question;
+}
+
 void RunningClass::ShiftTimes(float seconds) {
   episodeStart += seconds;
   segmentStart += seconds;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "model/prompter.h"
+#include "model/question_info.h"
 #include "observe/entry_fields.h"
 #include "observe/offtask_schedule.h"
 #include "observe/question_history.h"
@@ -62,6 +63,11 @@ struct RunningClass {
   int Activity() const;
   /// The running segment as it would be stored after `seconds`.
   SegmentData Segment(float seconds) const;
+
+  /// True when a question has been begun: a text, or a code.
+  bool HasDraft() const;
+  /// The question that is being entered, as it would be stored now.
+  questionInfo Draft() const;
 
   /// Moves every time by `seconds`.
   void ShiftTimes(float seconds);

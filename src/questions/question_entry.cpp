@@ -187,14 +187,7 @@ void QuestionEntry::EnableForCoding() {
 
 void QuestionEntry::SaveQuestion() {
   if (asksReview_) return;
-  const auto text = [this](Dimension field) -> const std::string& { return Fields().Text(field); };
-  questionInfo question;
-  question.SetValue(
-      Question(), text(Dimension::source), text(Dimension::response), text(Dimension::authenticity),
-      text(Dimension::uptake), text(Dimension::cognitive), text(Dimension::respondName),
-      text(Dimension::onePartOfMulti), text(Dimension::tResponse), text(Dimension::elaborated),
-      static_cast<std::int16_t>(live_.CurEpisode()), static_cast<std::int16_t>(live_.CurSegment()));
-  if (StoreQuestion(question)) StartOver();
+  if (StoreQuestion(live_.Running().Draft())) StartOver();
 }
 
 /// Logs and appends the question. False when the episode is full.

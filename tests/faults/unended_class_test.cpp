@@ -28,6 +28,14 @@ void PlayAndCrash(const fs::path& folder, std::size_t steps) {
   for (std::size_t i = 0; i < steps; ++i) played.Play(i);
 }
 
+EpisodeList EpisodesIn(const fs::path& eps) {
+  struct : EpsReadEvents {
+    bool ContinueWithEarlierVersion() override { return false; }
+    void FirstSegmentRepaired(int) override {}
+  } events;
+  return ReadEpsFile(eps, events).Episodes;
+}
+
 /// The steps after which something has been entered and the class not ended.
 constexpr std::size_t kFirst = 2;
 constexpr std::size_t kLast = PlayedClass::kSteps - 1;
@@ -60,7 +68,7 @@ TEST(UnendedClass, IsOfferedWithWhatIsKnownOfItAndLeftAlone) {
   const std::string kept = FileBytes(desk.folder / "BAK/7/12/7-12-3.recovery");
   const std::string text =
       "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
-      "It was observed from 09:00:00 to 09:10:15: 1 episode, 3 questions.";
+      "It was observed from 09:00:00 to 09:01:00: 1 episode, 3 questions.";
   desk.clock.Set(9, 30, 0);
   desk.prompter.Expect(text, Answer::cancel);
   OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
@@ -90,7 +98,7 @@ TEST(UnendedClass, IsOfferedWithWhatIsKnownOfItAndLeftAlone) {
             (std::vector<std::string>{"take up the class", "close mainMenu", "hide setUp"}));
   EXPECT_NE(desk.NewLogText().find("CLASS TAKEN UP AGAIN ***** 15:00:00"), std::string::npos);
   // It has gone on all the while, and the correction of the clock can take that back.
-  EXPECT_NEAR(desk.clock.SecondsSinceMidnight() - desk.screens.takenUp->segmentStart, 21272, 1);
+  EXPECT_NEAR(desk.clock.SecondsSinceMidnight() - desk.screens.takenUp->segmentStart, 21568, 1);
 }
 
 TEST(UnendedClass, IsOfferedWhereverItLiesAndSeveralInOneList) {
@@ -104,7 +112,7 @@ TEST(UnendedClass, IsOfferedWhereverItLiesAndSeveralInOneList) {
   const auto offer = [&] { return OfferUnfinished(desk.prompter, UnendedClasses(desk.services)); };
   desk.prompter.Expect(
       "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
-      "It was observed from 09:00:00 to 09:10:15: 1 episode, 3 questions.\n\n"
+      "It was observed from 09:00:00 to 09:01:00: 1 episode, 3 questions.\n\n"
       "It lies in the data folder " +
           stick.Path().string() + ".",
       Answer::cancel);
@@ -114,13 +122,13 @@ TEST(UnendedClass, IsOfferedWhereverItLiesAndSeveralInOneList) {
   desk.prompter.ExpectUnfinished({{.item = 1, .answer = Answer::no}});
   desk.prompter.Expect(
       "Class 7-12-4 of 03-14-2001 was not ended.\n\n"
-      "It was observed from 09:00:00 to 09:16:24: 2 episodes, 3 questions.",
+      "It was observed from 09:00:00 to 09:01:36: 2 episodes, 3 questions.",
       Answer::cancel);
   EXPECT_FALSE(offer());
   const UnfinishedItem& item = desk.prompter.askedUnfinished.at(0).at(1);
   EXPECT_EQ(
       item.what + "|" + item.extent + "|" + item.place,
-      "Class 7-12-3 of 03-14-2001 was not ended|09:00:00 to 09:10:15, 1 episode, 3 questions|" +
+      "Class 7-12-3 of 03-14-2001 was not ended|09:00:00 to 09:01:00, 1 episode, 3 questions|" +
           stick.Path().string());
   EXPECT_TRUE(fs::exists(stick / "EPS/7/12/7-12-3.eps")) << "it is closed where it lies";
   EXPECT_FALSE(fs::exists(desk.folder / "EPS"));
@@ -142,7 +150,7 @@ TEST(UnendedClass, IsClosedAsItStandsAndReplacesNothingUnasked) {
   PutFile(survey, "an older survey");
   const std::string offer =
       "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
-      "It was observed from 09:00:00 to 09:10:15: 1 episode, 3 questions.";
+      "It was observed from 09:00:00 to 09:01:00: 1 episode, 3 questions.";
   desk.prompter.Expect(offer, Answer::no);
   desk.prompter.Expect("Files of this class already exist.", Answer::cancel);
   OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
@@ -154,17 +162,32 @@ TEST(UnendedClass, IsClosedAsItStandsAndReplacesNothingUnasked) {
   desk.prompter.Expect("Files of this class already exist.", Answer::yes);
   OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
   EXPECT_FALSE(fs::exists(kept));
-  struct : EpsReadEvents {
-    bool ContinueWithEarlierVersion() override { return false; }
-    void FirstSegmentRepaired(int) override {}
-  } events;
-  const Episode episode = ReadEpsFile(eps, events).Episodes.at(0);
+  const Episode episode = EpisodesIn(eps).at(0);
   ASSERT_EQ(episode.segments.size(), 3U);
   EXPECT_EQ(episode.segments.back().activityNum, kQuestionAnswer);
-  EXPECT_EQ(episode.segments.back().duration, 7 * 41);
+  EXPECT_EQ(episode.segments.back().duration, 7 * 4);
   EXPECT_EQ(FileBytes(notes), "They read in pairs.\r\n\r\n");
   EXPECT_EQ(FileBytes(survey), "an older survey") << "nobody has filled another one in";
   EXPECT_TRUE(desk.program.Episodes.empty()) << "nothing is observed";
+}
+
+TEST(UnendedClass, ClosedWithAQuestionThatWasBeingEnteredStoresIt) {
+  Desk desk;
+  PlayAndCrash(desk.folder.Path(), 12);
+  desk.prompter.Expect(
+      "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
+      "It was observed from 09:00:00 to 09:00:48: 1 episode, 1 question.",
+      Answer::no);
+  desk.prompter.Expect(
+      "The question that was being entered is stored as question 2 of episode 1, with the codes "
+      "that it had.",
+      Answer::ok);
+  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
+  EXPECT_EQ(desk.prompter.asked.back().details, "Why does she keep it to herself?");
+  const questionInfo stored = EpisodesIn(desk.folder / "EPS/7/12/7-12-3.eps").at(0).questions.at(1);
+  EXPECT_EQ(stored.question, "Why does she keep it to herself?");
+  EXPECT_EQ(stored.strSrc(), "T");
+  EXPECT_EQ(stored.authenticity, kUncoded);
 }
 
 TEST(UnendedClass, OfferedByTwoProgramsGoesToOne) {
@@ -173,7 +196,7 @@ TEST(UnendedClass, OfferedByTwoProgramsGoesToOne) {
   Storage storage;
   const std::string offer =
       "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
-      "It was observed from 09:00:00 to 09:04:06: 1 episode, 0 questions.";
+      "It was observed from 09:00:00 to 09:00:24: 1 episode, 0 questions.";
   // While the question is open here, another program takes the class up, goes on, and crashes.
   desk.prompter.Expect(offer, Answer::yes, [&] {
     PlayedClass other(storage, desk.folder.Path());
