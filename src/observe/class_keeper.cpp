@@ -6,11 +6,20 @@
 #include "model/clock.h"
 #include "observe/kept_class.h"
 #include "store/recovery_file.h"
+#include "store/session_log.h"
 
 namespace orvex {
 
 void ClassKeeper::Keep(const Services& services, const RunningClass& running) {
-  if (!services.recovery.IsOn()) return;
+  AppendLog& log = services.log.File();
+  if (services.recovery.IsOn()) {
+    log.HoldEntries();
+    HandOver(services, running);
+  }
+  services.recovery.WhenWritten([&log, end = log.End()] { log.LetThrough(end); });
+}
+
+void ClassKeeper::HandOver(const Services& services, const RunningClass& running) {
   const Clock& clock = services.clock;
   const std::int64_t now = clock.UnixSeconds();
   constexpr std::int64_t kLongest = 10;

@@ -59,7 +59,8 @@ void LiveObservation::ShowForms() {
 }
 
 void LiveObservation::Keep() {
-  if (!NothingEntered() || !FieldNotes().empty()) keeper_.Keep(services_, run_);
+  const bool worthKeeping = !NothingEntered() || !FieldNotes().empty() || keeper_.HasBegun();
+  if (worthKeeping) keeper_.Keep(services_, run_);
 }
 
 float LiveObservation::Now() const {

@@ -1,6 +1,7 @@
 #include "observe/set_up.h"
 
 #include <filesystem>
+#include <functional>
 
 #include "model/program.h"
 #include "model/prompter.h"
@@ -126,7 +127,8 @@ void SetUp::Start() {
     services_.prompter.Tell("The session log could not be opened.", error.what());
     return;
   }
-  RememberFolder(services_.storage, services_.programFolder, services_.program.DataPath);
+  remembering_ = std::async(std::launch::async, RememberFolder, std::ref(services_.storage),
+                            services_.programFolder, services_.program.DataPath);
   services_.log.LogOn(logPath.filename().string(), identity_.Initials, identity_.NumStudents);
   services_.screens.Show(Screen::liveObservation);
   services_.screens.Hide(Screen::setUp);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <future>
 #include <optional>
 #include <string>
 
@@ -48,6 +49,7 @@ class SetUp {
   Identity& identity_;
   std::string warning_;
   Focus focus_;
+  std::future<void> remembering_;  ///< while the folder of the class is brought to the disk
 };
 
 }  // namespace orvex

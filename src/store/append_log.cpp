@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <chrono>
 #include <condition_variable>
@@ -22,12 +21,6 @@
 
 namespace orvex {
 namespace {
-
-/// True for what deleting other files cures: the descriptor itself is as good as ever.
-bool IsFullDisk(int error) {
-  constexpr std::array kFull = {ENOSPC, EDQUOT, EFBIG};
-  return std::ranges::find(kFull, error) != kFull.end();
-}
 
 /// True when the file has been deleted: what is written to it then is lost without an error.
 bool HasNoName(int descriptor) {
@@ -142,6 +135,7 @@ void AppendLog::GoOn(const std::filesystem::path& path) {
 
 /// Without the `content` that is there already, the file is emptied.
 void AppendLog::OpenWith(const std::filesystem::path& path, std::optional<std::string> content) {
+  const std::lock_guard lock(mutex_);
   if (IsOpen()) WriteOutAndSync();
   // Without O_NONBLOCK a named pipe would hold up the open itself.
   constexpr int kFlags = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK;
@@ -151,13 +145,13 @@ void AppendLog::OpenWith(const std::filesystem::path& path, std::optional<std::s
     struct stat status = {};
     if (::fstat(descriptor, &status) != 0) throw FileError(path, errno);
     if (!S_ISREG(status.st_mode)) throw FileError(path, "not a regular file");
-    if (SyncFolder(storage_, path.parent_path()) != 0) throw FileError(path, errno);
     auto worker = std::make_unique<Worker>(storage_, descriptor);
     std::filesystem::path name = path;
     // Last, so that whatever fails leaves the old content.
     if (!content && Uninterrupted([&] { return storage_.Truncate(descriptor, 0); }) != 0) {
       throw FileError(path, errno);
     }
+    worker->SyncSoon(ClassFolders(path.parent_path()));
     if (IsOpen()) Release();  // all of it is on the disk by now, whatever the closing reports
     worker_ = std::move(worker);
     path_ = std::move(name);
@@ -171,15 +165,37 @@ void AppendLog::OpenWith(const std::filesystem::path& path, std::optional<std::s
   descriptor_ = descriptor;
   text_ = std::move(content).value_or("");
   written_ = text_.size();
+  held_ = false;
 }
 
 void AppendLog::Append(std::string_view entry) {
+  const std::lock_guard lock(mutex_);
   if (!IsOpen()) return;
   text_ += entry;
   Retry();
 }
 
+void AppendLog::HoldEntries() {
+  const std::lock_guard lock(mutex_);
+  if (held_ || !IsOpen()) return;
+  held_ = true;
+  allowed_ = text_.size();
+}
+
+void AppendLog::LetThrough(std::size_t end) {
+  const std::lock_guard lock(mutex_);
+  if (!held_ || end <= allowed_) return;
+  allowed_ = end;
+  WriteOut();
+}
+
+/// As much of the text as may have gone out.
+std::string_view AppendLog::Due() const {
+  return std::string_view(text_).substr(0, held_ ? allowed_ : text_.size());
+}
+
 void AppendLog::Retry() {
+  const std::lock_guard lock(mutex_);
   if (!IsOpen()) return;
   constexpr std::chrono::seconds kNoTime{0};
   if (putBack_.valid() && putBack_.wait_for(kNoTime) == std::future_status::ready) TakePutBack();
@@ -189,14 +205,15 @@ void AppendLog::Retry() {
   }
   if (HasNoName(descriptor_)) GiveUpOnFile("deleted by another program");
   if (unreliable_ && !putBack_.valid()) {
-    putBack_ = std::async(std::launch::async, PutBackFile, std::ref(storage_), path_, text_);
+    putBack_ =
+        std::async(std::launch::async, PutBackFile, std::ref(storage_), path_, std::string(Due()));
   }
 }
 
 /// Hands what waits to the system.
 void AppendLog::WriteOut() {
   if (!unreliable_) cause_.clear();
-  const std::string_view waiting = std::string_view(text_).substr(written_);
+  const std::string_view waiting = Due().substr(written_);
   const std::size_t count = WriteAll(storage_, descriptor_, waiting);
   if (count < waiting.size()) {
     const int error = errno;
@@ -215,6 +232,11 @@ void AppendLog::GiveUpOnFile(std::string cause) {
 /// Writes the whole text anew, durably, and opens the file to go on behind it.
 AppendLog::PutBack AppendLog::PutBackFile(Storage& storage, const std::filesystem::path& path,
                                           const std::string& text) try {
+  // Where its folders have gone, so has the file; that they are there again is on the disk first.
+  const std::filesystem::path folder = path.parent_path();
+  if (MakeClassFolders(storage, folder) != 0 || SyncClassFolders(storage, folder) != 0) {
+    throw FileError(path, errno);
+  }
   ReplaceFile(storage, path, text);
   constexpr int kFlags = O_WRONLY | O_APPEND | O_CLOEXEC;
   const int descriptor = Uninterrupted([&] { return storage.Open(path.c_str(), kFlags, 0); });
@@ -247,22 +269,29 @@ void AppendLog::TakePutBack() {
   written_ = result.size;
 }
 
+void AppendLog::AwaitSynced() {
+  if (worker_) worker_->Finish();
+}
+
 void AppendLog::Settle() {
+  const std::lock_guard lock(mutex_);
   if (!putBack_.valid()) return;
   TakePutBack();
   WriteOut();
 }
 
 std::string AppendLog::Trouble() const {
+  const std::lock_guard lock(mutex_);
   if (!cause_.empty()) return FileError(path_, cause_).what();
   const int failure = worker_ ? worker_->Failure() : 0;
   return failure == 0 ? "" : FileError(path_, failure).what();
 }
 
 void AppendLog::MoveTo(const std::filesystem::path& path) {
+  const std::lock_guard lock(mutex_);
   Settle();
   std::filesystem::path name = path;
-  std::vector<std::filesystem::path> folders = {path.parent_path()};
+  std::vector<std::filesystem::path> folders = ClassFolders(path.parent_path());
   if (path_.parent_path() != path.parent_path()) folders.push_back(path_.parent_path());
   if (storage_.Rename(path_.c_str(), path.c_str()) != 0) throw FileError(path, errno);
   path_ = std::move(name);
@@ -270,13 +299,15 @@ void AppendLog::MoveTo(const std::filesystem::path& path) {
 }
 
 void AppendLog::Close() {
+  const std::lock_guard lock(mutex_);
   if (!IsOpen()) return;
   WriteOutAndSync();
   if (const int cause = Release(); cause != 0) throw FileError(path_, cause);
 }
 
-/// Brings the whole text to the disk. Throws FileError.
+/// Brings the whole text to the disk, whatever is held back. Throws FileError.
 void AppendLog::WriteOutAndSync() {
+  held_ = false;
   Retry();
   Settle();
   if (cause_.empty() && worker_->Finish() != 0) {

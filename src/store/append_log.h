@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <future>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,7 +18,8 @@ class Storage;
 /// as the disk allows. The whole text since `Open` is kept in memory: an entry that cannot be
 /// written goes out with the next, and a file that can no longer be relied on (a write failed
 /// though the disk is not full, a sync failed, its stick was pulled out, it was deleted) is put
-/// back whole.
+/// back whole, with the folders of its class. One thread works with it; only `LetThrough` may come
+/// from another.
 class AppendLog {
  public:
   explicit AppendLog(Storage& storage);
@@ -27,7 +29,8 @@ class AppendLog {
 
   /// Opens `path` empty, replacing what was there; a log open before is written out, synced and
   /// closed. Throws FileError, also for anything that is not a regular file; a file at `path` then
-  /// keeps its content, and a log open before stays open.
+  /// keeps its content, and a log open before stays open. That its name, or its folder's, did not
+  /// reach the disk turns up later, as a trouble.
   void Open(const std::filesystem::path& path);
   /// Opens `path` as it is, or empty when there is none, and goes on behind what it holds.
   void GoOn(const std::filesystem::path& path);
@@ -38,11 +41,20 @@ class AppendLog {
   /// written waits in memory.
   void Append(std::string_view entry);
 
+  /// From now on entries wait in memory until they are let through.
+  void HoldEntries();
+  /// Lets the entries go out that stand before `end`, an `End` of before. For any thread.
+  void LetThrough(std::size_t end);
+  /// Where the text ends by now.
+  std::size_t End() const { return text_.size(); }
+
   /// Tries again to write what waits in memory. A file that cannot be relied on is put back behind
   /// the scenes; what comes of that shows with a later entry or retry.
   void Retry();
   /// Waits for a file that is being put back.
   void Settle();
+  /// Waits until what went out is on the disk, or has failed.
+  void AwaitSynced();
 
   /// Why the last write failed, or something written did not reach the disk, "<path>: <cause>";
   /// empty while all is well. What did not reach the disk stays a trouble until the whole text has
@@ -72,6 +84,7 @@ class AppendLog {
   static PutBack PutBackFile(Storage& storage, const std::filesystem::path& path,
                              const std::string& text);
 
+  std::string_view Due() const;
   void WriteOut();
   void WriteOutAndSync();
   void GiveUpOnFile(std::string cause);
@@ -79,11 +92,14 @@ class AppendLog {
   int Release();
 
   Storage& storage_;
+  mutable std::recursive_mutex mutex_;  ///< for what `LetThrough` reads or changes
   std::unique_ptr<Worker> worker_;
   std::filesystem::path path_;
   int descriptor_ = -1;
   std::string text_;              ///< all since `Open`
   std::size_t written_ = 0;       ///< how much of it has gone out
+  bool held_ = false;             ///< entries wait to be let through
+  std::size_t allowed_ = 0;       ///< how much may go out then
   bool unreliable_ = false;       ///< the file must be put back
   std::string cause_;             ///< why the last attempt failed; empty when it went well
   std::future<PutBack> putBack_;  ///< while the file is being put back

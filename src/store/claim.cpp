@@ -38,7 +38,7 @@ bool IsStillAt(const fs::path& path, int descriptor) {
 
 Claim::Claim(fs::path path) : path_(std::move(path)) {
   const fs::path lock = LockPath(path_);
-  constexpr int kFlags = O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK;
+  constexpr int kFlags = O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW;
   do {
     GiveUp();
     descriptor_ = Uninterrupted([&] { return ::open(lock.c_str(), kFlags, 0666); });
@@ -59,6 +59,14 @@ Claim& Claim::operator=(Claim&& other) noexcept {
   std::swap(path_, other.path_);
   std::swap(descriptor_, other.descriptor_);
   return *this;
+}
+
+void Claim::Renew() try {
+  if (descriptor_ < 0 || IsStillAt(LockPath(path_), descriptor_)) return;
+  Claim again(path_);
+  std::swap(descriptor_, again.descriptor_);
+} catch (const FileError&) {
+  // Nothing is worse than it was.
 }
 
 void Claim::GiveUp() {

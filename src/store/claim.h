@@ -9,13 +9,16 @@ namespace orvex {
 class Claim {
  public:
   /// Throws FileError when another program, or another claim, has the path. On a file system that
-  /// knows no locks, and where nothing can be written, every claim is granted.
+  /// knows no locks, and where nothing can be written, every claim is granted. Nobody's link is
+  /// followed to the lock.
   explicit Claim(std::filesystem::path path);
   ~Claim() { GiveUp(); }
   Claim(Claim&& other) noexcept;
   Claim& operator=(Claim&& other) noexcept;
 
   const std::filesystem::path& Path() const { return path_; }
+  /// Makes the lock again when it has been deleted, as far as it can be.
+  void Renew();
 
  private:
   void GiveUp();

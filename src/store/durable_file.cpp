@@ -135,6 +135,7 @@ void ReplaceFile(Storage& storage, const fs::path& path, std::string_view bytes)
   FileReplacement file(storage, path);
   file.Write(bytes);
   file.Commit();
+  RemoveStrayTemporaries(storage, file.Folder());
 }
 
 void RequireReplaceable(const fs::path& path) {
@@ -151,10 +152,11 @@ namespace {
 
 /// Reads up to `most` bytes of a regular file; longer files are cut off there. One that is larger
 /// than `largest` is an error.
-std::string ReadUpTo(const fs::path& path, std::size_t most, std::uintmax_t largest) {
+std::string ReadUpTo(const fs::path& path, std::size_t most, std::uintmax_t largest, Links links) {
   // Without O_NONBLOCK a named pipe would hold up the open itself.
-  const int descriptor =
-      Uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); });
+  const int flags =
+      O_RDONLY | O_CLOEXEC | O_NONBLOCK | (links == Links::areRefused ? O_NOFOLLOW : 0);
+  const int descriptor = Uninterrupted([&] { return ::open(path.c_str(), flags); });
   if (descriptor < 0) throw FileError(path, errno);
   struct Closer {
     int descriptor;
@@ -187,14 +189,14 @@ std::string ReadUpTo(const fs::path& path, std::size_t most, std::uintmax_t larg
 
 }  // namespace
 
-std::string ReadFile(const fs::path& path) {
-  std::string bytes = ReadUpTo(path, kMostBytes + 1, kMostBytes);
+std::string ReadFile(const fs::path& path, Links links) {
+  std::string bytes = ReadUpTo(path, kMostBytes + 1, kMostBytes, links);
   if (bytes.size() > kMostBytes) throw FileError(path, EFBIG);
   return bytes;
 }
 
 std::string ReadFileStart(const fs::path& path, std::size_t most) {
-  return ReadUpTo(path, most, std::numeric_limits<std::uintmax_t>::max());
+  return ReadUpTo(path, most, std::numeric_limits<std::uintmax_t>::max(), Links::areFollowed);
 }
 
 void EnsureFolder(Storage& storage, const fs::path& folder) {

@@ -15,7 +15,8 @@ class Storage;
 /// content is on the disk, whole. A symbolic link stays a link: its target is replaced. An existing
 /// file keeps its owner, as far as the user may give it, and its mode. Throws FileError; the old
 /// file is then untouched, except when the very last step fails, the sync of the folder: the new
-/// content is in place then, but a power cut might still bring the old one back.
+/// content is in place then, but a power cut might still bring the old one back. What killed
+/// programs left in the folder a day ago is cleared.
 void ReplaceFile(Storage& storage, const std::filesystem::path& path, std::string_view bytes);
 
 /// Throws FileError when the file at `path`, or the folder it lies in, is write-protected, so that
@@ -34,6 +35,8 @@ class FileReplacement {
 
   void Write(std::string_view bytes);
   void Commit();
+  /// Where the file lies, links followed.
+  std::filesystem::path Folder() const { return target_.parent_path(); }
 
  private:
   void Require(bool done) const;
@@ -52,9 +55,11 @@ class FileReplacement {
   mode_t mode_ = 0;        ///< the temporary's
 };
 
+enum class Links { areFollowed, areRefused };
+
 /// The bytes of a file. Throws FileError; a folder, anything else that is not a regular file, and
 /// a file of more than 512 MiB is an error.
-std::string ReadFile(const std::filesystem::path& path);
+std::string ReadFile(const std::filesystem::path& path, Links links = Links::areFollowed);
 /// The same, but no more than the first `most` bytes of a file of any size.
 std::string ReadFileStart(const std::filesystem::path& path, std::size_t most);
 

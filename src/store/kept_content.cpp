@@ -85,7 +85,8 @@ std::vector<fs::path> FilesKeptAt(const fs::path& path) {
 
 bool IsKeptAt(const fs::path& path) {
   std::error_code unreadable;
-  if (fs::exists(path, unreadable)) return true;
+  const fs::file_status status = fs::symlink_status(path, unreadable);
+  if (fs::exists(status) && !fs::is_symlink(status)) return true;
   try {
     ReadKept(path);
     return true;
@@ -121,7 +122,7 @@ KeptContent ReadKept(const fs::path& path) {
   std::exception_ptr cause;
   for (const fs::path& file : FilesKeptAt(path)) {
     try {
-      KeptContent kept = Unsealed(ReadFile(file));
+      KeptContent kept = Unsealed(ReadFile(file, Links::areRefused));
       if (!newest || newest->number < kept.number) newest = std::move(kept);
     } catch (const std::runtime_error&) {
       if (!cause) cause = std::current_exception();

@@ -21,7 +21,8 @@ std::string Sealed(std::string content, std::uint64_t number);
 /// The way back. Throws FormatError when the seal is missing or broken.
 KeptContent Unsealed(const std::string& bytes);
 
-/// The files that hold what is kept at `path`: itself, and those on their way to its place.
+/// The files that hold what is kept at `path`: itself, and those on their way to its place. A
+/// RecoveryFile makes no links: what one points to counts as nothing.
 std::vector<std::filesystem::path> FilesKeptAt(const std::filesystem::path& path);
 /// True when something is kept at `path`, whole or damaged. What a killed program left half written
 /// on its way counts as nothing.

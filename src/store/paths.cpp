@@ -1,13 +1,16 @@
 #include "store/paths.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
 
 #include "store/durable_file.h"
+#include "store/file_error.h"
 #include "store/kept_content.h"
 #include "store/numbers.h"
+#include "store/storage.h"
 
 namespace orvex {
 namespace {
@@ -97,7 +100,8 @@ fs::path BakPath(const fs::path& dataPath, const Identity& identity) {
 }
 
 void MakeBakFolders(Storage& storage, const fs::path& dataPath, const Identity& identity) {
-  MakeFolders(storage, dataPath, "BAK", identity);
+  const fs::path folder = BakPath(dataPath, identity).parent_path();
+  if (MakeClassFolders(storage, folder) != 0) throw FileError(folder, errno);
 }
 
 fs::path RecoveryPath(const fs::path& dataPath, const Identity& identity) {

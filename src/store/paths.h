@@ -33,8 +33,8 @@ std::filesystem::path SurPath(Storage& storage, const std::filesystem::path& dat
                               Identity& identity);
 std::filesystem::path SurPathInFolder(const std::filesystem::path& dataPath, Identity& identity);
 
-/// The session log's path, the numbers as they are typed. MakeBakFolders creates its folders.
-/// Throws FileError.
+/// The session log's path, the numbers as they are typed. MakeBakFolders creates its folders and
+/// throws FileError; nothing waits for the disk: that they are there is brought to it with the log.
 std::filesystem::path BakPath(const std::filesystem::path& dataPath, const Identity& identity);
 void MakeBakFolders(Storage& storage, const std::filesystem::path& dataPath,
                     const Identity& identity);

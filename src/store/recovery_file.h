@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -14,7 +15,8 @@ class Storage;
 /// program. Handing a content over only takes a lock; one worker brings it into the system's hands
 /// at once, another to the disk and then to its place, where it replaces the one before. Contents
 /// that are overtaken on the way are left out. Each is sealed with a number and a checksum; the
-/// newest that is whole counts, be it in its place or still on the way there.
+/// newest that is whole counts, be it in its place or still on the way there. Folders of the class
+/// that have been deleted, and its lock, are made again.
 class RecoveryFile {
  public:
   explicit RecoveryFile(Storage& storage);
@@ -37,6 +39,10 @@ class RecoveryFile {
 
   /// Hands a content over. Nothing waits for the disk, and nothing fails here: see `Trouble`.
   void Keep(std::string content);
+  /// Does something once what was handed over is in the system's hands, or cannot be brought there
+  /// for another reason than a full disk: at once, or from another thread. What was to be done
+  /// before and is not yet is left out.
+  void WhenWritten(std::function<void()> then);
   /// Tries again to keep a content that could not be kept.
   void Retry();
   /// Why the last content could not be kept, "<path>: <cause>"; empty while all is well.
@@ -54,7 +60,7 @@ class RecoveryFile {
  private:
   class Workers;
 
-  static Claim FreshClaim(const std::filesystem::path& path);
+  static std::shared_ptr<Claim> FreshClaim(const std::filesystem::path& path);
 
   Storage& storage_;
   std::unique_ptr<Workers> workers_;  ///< while a path is claimed

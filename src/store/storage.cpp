@@ -76,6 +76,11 @@ std::size_t WriteAll(Storage& storage, int descriptor, std::string_view bytes) {
   return written;
 }
 
+bool IsFullDisk(int error) {
+  constexpr std::array kFull = {ENOSPC, EDQUOT, EFBIG};
+  return std::ranges::find(kFull, error) != kFull.end();
+}
+
 int SyncFolder(Storage& storage, const std::filesystem::path& folder) {
   const std::filesystem::path name = folder.empty() ? "." : folder;
   const int descriptor = Uninterrupted(
@@ -87,6 +92,35 @@ int SyncFolder(Storage& storage, const std::filesystem::path& folder) {
   storage.Close(descriptor);
   errno = cause;
   return result;
+}
+
+int MakeClassFolders(Storage& storage, const std::filesystem::path& folder) {
+  const std::filesystem::path school = folder.parent_path();
+  for (const std::filesystem::path& each : {school.parent_path(), school, folder}) {
+    if (storage.MakeFolder(each.c_str(), 0777) == 0) continue;
+    const int cause = errno;
+    std::error_code unknown;
+    if (std::filesystem::is_directory(each, unknown)) continue;
+    errno = cause;
+    return -1;
+  }
+  return 0;
+}
+
+std::vector<std::filesystem::path> ClassFolders(const std::filesystem::path& folder) {
+  constexpr std::size_t kClassSchoolKindAndData = 4;
+  std::vector<std::filesystem::path> folders = {folder};
+  while (folders.size() < kClassSchoolKindAndData) {
+    folders.push_back(folders.back().parent_path());
+  }
+  return folders;
+}
+
+int SyncClassFolders(Storage& storage, const std::filesystem::path& folder) {
+  for (const std::filesystem::path& each : ClassFolders(folder)) {
+    if (SyncFolder(storage, each) != 0) return -1;
+  }
+  return 0;
 }
 
 }  // namespace orvex

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <string_view>
+#include <vector>
 
 namespace orvex {
 
@@ -41,9 +42,23 @@ auto Uninterrupted(Call call) {
 /// `errno` tells why.
 std::size_t WriteAll(Storage& storage, int descriptor, std::string_view bytes);
 
+/// True for an `errno` that deleting other files cures: what was written to stays as good as ever.
+bool IsFullDisk(int error);
+
 /// Brings the names in `folder` to the disk: 0, or -1 with `errno` set. Where a folder cannot be
 /// synced at all (the file system knows no such thing, or the user may not read the folder), it
 /// counts as done.
 int SyncFolder(Storage& storage, const std::filesystem::path& folder);
+
+/// Makes what is missing of the folder of a class and of the two it lies in, its school's and its
+/// kind's. The data folder above them is never made: where it has gone, so has its disk. Nothing
+/// waits for the disk: see SyncClassFolders. Returns 0, or -1 with `errno` set.
+int MakeClassFolders(Storage& storage, const std::filesystem::path& folder);
+
+/// The folder of a class and those whose names lead to it, the innermost first.
+std::vector<std::filesystem::path> ClassFolders(const std::filesystem::path& folder);
+
+/// Brings the names in a folder of a class to the disk, and its own: SyncFolder for ClassFolders.
+int SyncClassFolders(Storage& storage, const std::filesystem::path& folder);
 
 }  // namespace orvex

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <cstddef>
 #include <cstdlib>
@@ -16,10 +17,14 @@
 #include <vector>
 
 #include "faults/played_class.h"
+#include "faults/recorded_disk.h"
 #include "observe/kept_class.h"
 #include "store/claim.h"
+#include "store/durable_file.h"
 #include "store/kept_content.h"
 #include "store/storage.h"
+#include "support/faulty_storage.h"
+#include "support/save_faults.h"
 #include "support/test_folder.h"
 
 namespace orvex::test {
@@ -105,6 +110,26 @@ struct Truth {
   int calls = 0;
 };
 
+/// The class that is kept in `folder`, in the words in which it is kept; "" for none.
+std::string NewestKept(const fs::path& folder) {
+  KeptClass newest;
+  for (const fs::path& path : KeptPaths(folder / "BAK")) {
+    const KeptContent content = ReadKept(path);
+    if (content.number <= newest.number) continue;
+    newest = ParseKept(content.content);
+    newest.number = content.number;
+  }
+  return newest.number == 0 ? "" : FormatRunning(newest.program, newest.running);
+}
+
+std::string LogOf(const std::map<std::string, std::string>& files) {
+  std::string log;
+  for (const auto& [name, bytes] : files) {
+    if (name.ends_with(".bak")) log = bytes;
+  }
+  return log;
+}
+
 std::map<std::string, std::string> FilesOf(const fs::path& folder) {
   std::map<std::string, std::string> files;
   for (const auto& entry : fs::recursive_directory_iterator(folder)) {
@@ -177,35 +202,34 @@ void ExpectNothingLost(const fs::path& folder, std::size_t steps, const Truth& t
   EXPECT_TRUE(eps == kOldFile || eps == truth.files.at("EPS/7/12/7-12-4.eps")) << eps;
 
   if (steps > 0) {
-    std::string log;
-    for (const auto& [name, bytes] : files) {
-      if (name.ends_with(".bak")) log = bytes;
-    }
+    const std::string log = LogOf(files);
     EXPECT_TRUE(log.starts_with(truth.logs[steps - 1])) << log;
     EXPECT_TRUE(truth.logs.back().starts_with(log)) << log;
   }
   constexpr std::size_t kStepsWithNothingEntered = 1;
   if (steps <= kStepsWithNothingEntered) return;
 
-  const std::vector<fs::path> kept = KeptPaths(folder / "BAK");
-  if (kept.empty()) {
+  for (const fs::path& path : KeptPaths(folder / "BAK")) EXPECT_FALSE(IsClaimed(path));
+  const std::string state = NewestKept(folder);
+  if (state.empty()) {
     // All of it had been stored.
     for (const auto& [name, bytes] : truth.files) EXPECT_EQ(files.at(name), bytes) << name;
     return;
   }
-  KeptClass newest;
-  for (const fs::path& path : kept) {
-    EXPECT_FALSE(IsClaimed(path));
-    const KeptContent content = ReadKept(path);
-    if (content.number <= newest.number) continue;
-    newest = ParseKept(content.content);
-    newest.number = content.number;
-  }
-  const std::string state = FormatRunning(newest.program, newest.running);
   const auto first = truth.states.begin() + static_cast<std::ptrdiff_t>(steps) - 1;
   EXPECT_TRUE(std::find(first, truth.states.end(), state) != truth.states.end())
       << "after " << steps << " steps:\n"
       << state;
+}
+
+/// A kill leaves no class that lacks what its log has; at its end it has it in its files.
+void ExpectClassHasWhatTheLogHas(const fs::path& folder, const Truth& truth) {
+  const std::string state = NewestKept(folder);
+  const auto at = std::find(truth.states.rbegin(), truth.states.rend(), state);
+  const auto step = static_cast<std::size_t>(truth.states.rend() - at);
+  const std::string log = LogOf(FilesOf(folder));
+  if (step == 0 || FileBytes(folder / "EPS/7/12/7-12-4.eps") != kOldFile) return;
+  EXPECT_TRUE(truth.logs[step - 1].starts_with(log)) << "after " << step << " steps:\n" << log;
 }
 
 /// How much more of it to do than in the usual run of the tests.
@@ -223,6 +247,7 @@ class KilledClass : public testing::Test {
     PutOldFile(folder.Path());
     const std::size_t steps = PlayUntilKilled(folder.Path(), fatalCall, fatalMicroseconds);
     ExpectNothingLost(folder.Path(), steps, truth_);
+    ExpectClassHasWhatTheLogHas(folder.Path(), truth_);
     ++kills_;
   }
   void TearDown() override { std::cout << kills_ << " programs were killed\n"; }
@@ -243,6 +268,57 @@ TEST_F(KilledClass, LosesNothingAtAnyMoment) {
   for (int i = 0; i < 25 * Thoroughness(); ++i) {
     Kill(0, std::uniform_int_distribution(1, kLongest)(random));
   }
+}
+
+TEST(PowerCut, LosesNothingThatWasToldToBeOnTheDisk) {
+  const FoldersInMemory memory;
+  const Truth truth = PlayToTheEnd();
+  const TestFolder folder;
+  PutOldFile(folder.Path());
+  RecordedDisk disk(folder.Path());
+  {
+    PlayedClass played(disk, folder.Path());
+    for (std::size_t i = 0; i < PlayedClass::kSteps; ++i) {
+      played.Play(i);
+      played.AwaitDisk();
+      disk.Done(i + 1);
+    }
+  }
+  EXPECT_GT(disk.Images().size(), 150U);
+  LookAtImages(disk, [&](const fs::path& image, std::size_t steps) {
+    ExpectNothingLost(image, steps, truth);
+  });
+  std::cout << disk.Images().size() << " images of the disk were looked at\n";
+}
+
+TEST(PowerCut, LeavesTheOldFileOrTheNewOneOfASave) {
+  for (const std::string old : {"", "old\r\n"}) {
+    const TestFolder folder;
+    if (!old.empty()) PutFile(folder / "5-12-3.eps", old);
+    RecordedDisk disk(folder.Path());
+    ReplaceFile(disk, folder / "5-12-3.eps", "the new content\r\n");
+    disk.Done(1);
+    LookAtImages(disk, [&](const fs::path& image, std::size_t done) {
+      const std::string bytes = FileBytes(image / "5-12-3.eps");
+      EXPECT_TRUE(bytes == "the new content\r\n" || (done == 0 && bytes == old)) << bytes;
+    });
+  }
+}
+
+TEST(FullDisk, HoldsTheLogBackWithTheClass) {
+  const TestFolder folder;
+  FaultyStorage disk;
+  PlayedClass played(disk, folder.Path());
+  constexpr std::size_t kQuestion = 8;
+  for (std::size_t i = 0; i < kQuestion; ++i) played.Play(i);
+  const std::string before = played.LogText();
+  disk.FailForGood(1, ENOSPC, "write", folder / "BAK/7/12/7-12-3.recovery");
+  played.Play(kQuestion);
+  EXPECT_EQ(played.LogText(), before) << "there would be room for it";
+  disk.Heal();
+  played.Tick();
+  EXPECT_EQ(NewestKept(folder.Path()), played.State());
+  EXPECT_NE(played.LogText(), before);
 }
 
 }  // namespace

@@ -42,6 +42,17 @@ class PlayedClass {
     recovery_.AwaitWritten();
   }
 
+  /// Waits until all of it is on the disk.
+  void AwaitDisk() {
+    recovery_.AwaitStored();
+    log_.File().AwaitSynced();
+  }
+  /// A second goes by.
+  void Tick() {
+    clocks_->Tick();
+    recovery_.AwaitWritten();
+  }
+
   /// Goes on with a class that another program has played up to step `i` when it was killed.
   /// False when no class was taken up.
   bool TakeUpAt(std::size_t i) {
@@ -61,7 +72,7 @@ class PlayedClass {
   }
 
  private:
-  static constexpr double kPace = 41;  ///< seconds from step to step
+  static constexpr double kPace = 4;  ///< seconds from step to step
 
   void Start() {
     SetUp setUp(services_);

@@ -139,7 +139,7 @@ TEST_F(EndOfClassTest, AClassStoredElsewhereHasItsNotesAndItsSurveyThere) {
     desk.prompter.ExpectSaveFile({.path = name == nullptr ? "" : stick / name, .folder = stick});
   };
   std::filesystem::remove_all(desk.folder / "BAK");
-  test::PutFile(desk.folder / "EPS", "in the way of a folder");
+  for (const char* file : {"BAK", "EPS"}) test::PutFile(desk.folder / file, "in the way");
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
   choose(nullptr);
   choose("taken.eps");

@@ -5,7 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "observe/observation_header.h"
+#include "store/kept_content.h"
 #include "support/desk.h"
+#include "support/faulty_storage.h"
 
 namespace orvex {
 namespace {
@@ -70,6 +73,29 @@ TEST_F(SetUpTest, AFolderThatCannotBeMadeIsToldAndTheFormStays) {
             "********* Orvex 4.10 BAK file *********\n"
             "7-12-3.bak     A'B     03-14-01\n"
             "LOG ON: 09:00:00     25 Students\n");
+}
+
+TEST_F(SetUpTest, ASlowDiskHoldsUpNeitherTheStartNorANumberOfTheHeader) {
+  test::FaultyStorage disk;
+  SessionLog log(disk, desk.clock);
+  RecoveryFile recovery(disk);
+  const Services services = {desk.program, log,           recovery,     disk,
+                             desk.clock,   desk.prompter, desk.screens, desk.folder.Path()};
+  orvex::SetUp start(services);
+  Fill("7", "12", "3", "25");
+  disk.HoldSyncs(true);
+  start.Start();
+  ObservationHeader header(services);
+  recovery.Keep("the class");
+  for (const char* number : {"13", "12", "14"}) {
+    header.Type(classNum, number);
+    EXPECT_TRUE(header.Leave(classNum));
+  }
+  EXPECT_NE(test::FileBytes(desk.folder / "BAK/7/14/7-14-3.bak"), "");
+  recovery.AwaitWritten();
+  EXPECT_TRUE(IsKeptAt(desk.folder / "BAK/7/14/7-14-3.recovery"));
+  EXPECT_EQ(disk.Injected(), 0);
+  disk.HoldSyncs(false);
 }
 
 }  // namespace

@@ -17,7 +17,8 @@ using test::FileBytes;
 
 struct AppendLogTest : ::testing::Test {
   const test::TestFolder folder;
-  const std::filesystem::path path = folder / "7-12-3.bak";
+  AppendLogTest() { std::filesystem::create_directories(path.parent_path()); }
+  const std::filesystem::path path = folder / "BAK/7/12/7-12-3.bak";
   FaultyStorage storage;
 };
 
@@ -78,15 +79,27 @@ TEST_F(AppendLogTest, ADeadDescriptorIsReplacedAndTheFilePutBackWhole) {
   log.Settle();
   EXPECT_EQ(log.Trouble(), "");
   EXPECT_EQ(FileBytes(path), "one\r\ntwo\r\nthree\r\n");
+  // So are the folders of the class, but not the one that the disk is found at.
+  std::filesystem::remove_all(folder / "BAK");
+  log.Append("four\r\n");
+  log.Settle();
+  EXPECT_EQ(FileBytes(path), "one\r\ntwo\r\nthree\r\nfour\r\n");
+  std::filesystem::remove_all(folder.Path());
+  log.Append("five\r\n");
+  log.Settle();
+  EXPECT_EQ(log.Trouble(), path.string() + ": " + std::strerror(ENOENT));
+  std::filesystem::create_directory(folder.Path());
+  log.Retry();
+  log.Settle();
   // It is put back behind the scenes: nothing waits for it.
   std::filesystem::remove(path);
   storage.HoldSyncs(true);
-  log.Append("four\r\n");
-  log.Append("five\r\n");
+  log.Append("six\r\n");
+  log.Append("seven\r\n");
   EXPECT_NE(log.Trouble(), "");
   storage.HoldSyncs(false);
   log.Settle();
-  EXPECT_EQ(FileBytes(path), "one\r\ntwo\r\nthree\r\nfour\r\nfive\r\n");
+  EXPECT_EQ(FileBytes(path), "one\r\ntwo\r\nthree\r\nfour\r\nfive\r\nsix\r\nseven\r\n");
 }
 
 TEST_F(AppendLogTest, EachEntryIsOneWriteThatNoSlowDiskHoldsUp) {
@@ -130,7 +143,8 @@ TEST_F(AppendLogTest, WhatCannotBeMovedOrOpenedLeavesTheLogAsItWas) {
   AppendLog log(storage);
   log.Open(path);
   EXPECT_THROW(log.MoveTo(folder / "none/1.bak"), FileError);
-  storage.Fail(1, EIO, "sync");
+  log.AwaitSynced();
+  storage.Fail(1, EIO, "open");
   EXPECT_THROW(log.Open(other), FileError);
   EXPECT_EQ(storage.OpenDescriptors(), 1);
   log.Append("still here");

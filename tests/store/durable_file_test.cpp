@@ -1,9 +1,13 @@
 #include "store/durable_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <cstdlib>
 #include <cstring>
+#include <iostream>
 
 #include "store/file_error.h"
 #include "support/faulty_storage.h"
@@ -67,11 +71,41 @@ TEST(ReplaceFile, LinksSignalsAndWhatACrashLeftBehindDoNotDisturbIt) {
   fs::create_symlink("stick/real", folder / "link");
   const fs::path left = folder / ("stick/.orvex-" + std::to_string(::getpid()) + "-1.tmp");
   PutFile(left, kOld);
+  constexpr const char* kOfNobody = "stick/.orvex-999999999-1.tmp";
+  PutFile(folder / kOfNobody, kOld);
+  fs::last_write_time(folder / kOfNobody,
+                      fs::file_time_type::clock::now() - std::chrono::hours(25));
   ReplaceFile(storage, folder / "link", kNew);
   EXPECT_TRUE(fs::is_symlink(folder / "link"));
   EXPECT_EQ(FileBytes(folder / "stick/real"), kNew);
   EXPECT_EQ(FileBytes(left), kOld);
   EXPECT_EQ(FilesIn(folder / "stick"), 2);
+}
+
+TEST(ReadFile, TakesOnlyARegularFileOfASizeThatAProgramCanHold) {
+  const test::TestFolder folder;
+  PutFile(folder / "file", kOld);
+  fs::create_symlink("file", folder / "link");
+  EXPECT_EQ(ReadFile(folder / "link"), kOld);
+  EXPECT_THROW(ReadFile(folder / "link", Links::areRefused), FileError);
+  EXPECT_THROW(ReadFile(folder.Path()), FileError);
+  // Sparse: it only claims to be as large.
+  constexpr std::uintmax_t kHuge = std::uintmax_t{1} << 42;
+  fs::resize_file(folder / "file", kHuge);
+  EXPECT_THROW(ReadFile(folder / "file"), FileError);
+  // Nobody ever writes to this pipe. It is read in a program of its own, which may never come back.
+  const fs::path pipe = folder / "pipe";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  const auto read = [&] {
+    ::alarm(20);
+    try {
+      ReadFile(pipe);
+    } catch (const FileError& refusal) {
+      std::cerr << refusal.what();
+      std::_Exit(0);
+    }
+  };
+  EXPECT_EXIT(read(), testing::ExitedWithCode(0), "not a regular file");
 }
 
 }  // namespace

@@ -113,6 +113,47 @@ TEST_F(RecoveryFileTest, MovesWithTheClass) {
   EXPECT_THROW(file.MoveTo(path_), FileError);
 }
 
+TEST_F(RecoveryFileTest, StaysAtTheOldPathUntilItIsStoredAtTheNewOne) {
+  RecoveryFile file(disk_);
+  file.Begin(path_);
+  file.Keep("kept");
+  file.AwaitStored();
+  disk_.Fail(1, EIO, "rename");
+  file.MoveTo(path_.parent_path() / "7-12-4.recovery");
+  file.AwaitStored();
+  EXPECT_EQ(ReadKept(path_).content, "kept");
+  file.Retry();
+  file.AwaitStored();
+  EXPECT_FALSE(IsKeptAt(path_));
+}
+
+TEST_F(RecoveryFileTest, ComesBackWithItsFoldersAndItsLock) {
+  RecoveryFile file(disk_);
+  file.Begin(path_);
+  file.Keep("before");
+  file.AwaitStored();
+  fs::remove_all(folder_ / "BAK");
+  file.Keep("after");
+  file.AwaitStored();
+  EXPECT_EQ(file.Trouble(), "");
+  EXPECT_EQ(ReadKept(path_).content, "after");
+  EXPECT_TRUE(IsClaimed(path_));
+}
+
+TEST_F(RecoveryFileTest, FollowsNobodysLink) {
+  const fs::path planted = folder_ / "planted";
+  std::ofstream(planted) << Sealed("planted", 99);
+  fs::create_symlink(planted, path_);
+  fs::create_symlink(planted, path_.string() + ".1");
+  EXPECT_FALSE(IsKeptAt(path_));
+  RecoveryFile file(disk_);
+  file.Begin(path_);
+  file.Keep("kept");
+  file.AwaitStored();
+  EXPECT_EQ(ReadKept(path_).content, "kept");
+  EXPECT_EQ(FileBytes(planted), Sealed("planted", 99));
+}
+
 TEST_F(RecoveryFileTest, IsReadFromWhatWasUnderWay) {
   const auto put = [&](const std::string& name, const std::string& bytes) {
     std::ofstream(path_.parent_path() / name, std::ios::binary) << bytes;
