@@ -50,7 +50,10 @@ std::string ReadAgain(const fs::path& path) {
 }  // namespace
 
 EditedFile::EditedFile(fs::path path, EpsHeader header, std::string bytes)
-    : path_(std::move(path)), header_(std::move(header)), bytes_(std::move(bytes)) {}
+    : path_(std::move(path)),
+      header_(std::move(header)),
+      bytes_(std::move(bytes)),
+      observed_(bytes_) {}
 
 bool EditedFile::Save(const Services& services, const EpisodeList& episodes) {
   const std::string bytes = FormatEps(header_, episodes);
@@ -60,13 +63,24 @@ bool EditedFile::Save(const Services& services, const EpisodeList& episodes) {
                {.failure = "The file could not be saved.", .path = path_, .filter = kEpsFilter},
                [&](const fs::path& path) {
                  // The dialog for saving has asked already whether another file may be replaced.
-                 if (path == path_) RequireUnchanged(bytes, givenUp);
+                 if (path == path_) {
+                   RequireUnchanged(bytes, givenUp);
+                   KeepAsObserved(services.storage);
+                 }
                  ReplaceFile(services.storage, path, bytes);
                });
   if (saved.empty()) return false;
   path_ = saved;
   bytes_ = bytes;
+  observed_.reset();
   return true;
+}
+
+/// Throws FileError: without it the file is not to be replaced.
+void EditedFile::KeepAsObserved(Storage& storage) const {
+  fs::path kept = path_;
+  kept += kObservedExtension;
+  if (observed_ && !fs::exists(fs::symlink_status(kept))) ReplaceFile(storage, kept, *observed_);
 }
 
 /// Throws FileChanged when another program has written the file since, and FileError when it cannot

@@ -9,6 +9,9 @@
 
 namespace orvex {
 
+/// How the class as it was observed is called beside the file that its edits are saved in.
+inline constexpr const char* kObservedExtension = ".observed";
+
 /// The file that the episode editor works on: where it is, what it says of the observation as a
 /// whole, and what it held when it was last read or written.
 class EditedFile {
@@ -19,15 +22,19 @@ class EditedFile {
   const EpsHeader& Header() const { return header_; }
 
   /// Writes the episodes into the file, or, after a failure, where the user wants them: the editor
-  /// then works on that file. False when the user gave up; the old file is whole then.
+  /// then works on that file. False when the user gave up; the old file is whole then. Before it is
+  /// first replaced, what it was opened with is kept beside it, once and for good.
   bool Save(const Services& services, const EpisodeList& episodes);
 
  private:
+  void KeepAsObserved(Storage& storage) const;
   void RequireUnchanged(const std::string& bytes, std::optional<std::string>& givenUp) const;
 
   std::filesystem::path path_;
   EpsHeader header_;
   std::string bytes_;
+  /// What the file was opened with, until it is kept.
+  std::optional<std::string> observed_;
 };
 
 /// A file that has been read whole, for the editor to take over.

@@ -10,6 +10,7 @@
 #include "model/coding_scheme.h"
 #include "model/duration_text.h"
 #include "model/program.h"
+#include "model/shortened.h"
 #include "model/version.h"
 
 namespace orvex {
@@ -89,7 +90,7 @@ std::vector<std::string> EpisodeEditor::EpisodeRows() const {
   std::vector<std::string> rows;
   rows.reserve(Episodes().size());
   for (const Episode& episode : Episodes()) {
-    rows.push_back(std::to_string(rows.size() + 1) + ". " + episode.Descript);
+    rows.push_back(std::to_string(rows.size() + 1) + ". " + Shortened(episode.Descript));
   }
   return rows;
 }

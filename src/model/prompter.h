@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -81,6 +82,15 @@ struct UnfinishedChoice {
   Answer answer = Answer::cancel;
 };
 
+/// The dialog for field notes. Their lines are separated by CR LF.
+struct NotesPrompt {
+  std::string notes;
+  /// What had been typed into the dialog when the program ended; it is shown instead of the notes.
+  std::optional<std::string> draft = {};
+  /// Told the text in the dialog whenever it has changed; once it is cancelled, the notes again.
+  std::function<void(const std::string&)> typed = {};
+};
+
 /// Everything the system asks of its user while an operation waits for the answer.
 class Prompter {
  public:
@@ -99,8 +109,8 @@ class Prompter {
   virtual bool AskOfftask(OfftaskPrompt& prompt) = 0;
   /// The seconds set, or nothing when the dialog was cancelled.
   virtual std::optional<int> AskSeconds(const SecondsPrompt& prompt) = 0;
-  /// The field notes as edited, lines separated by CR LF, or nothing when they were cancelled.
-  virtual std::optional<std::string> AskNotes(const std::string& notes) = 0;
+  /// The field notes as edited, or nothing when they were cancelled, or when the program ends.
+  virtual std::optional<std::string> AskNotes(const NotesPrompt& prompt) = 0;
   /// How many of a segment's `totalSeconds` go to its second part, or nothing when the dialog was
   /// cancelled.
   virtual std::optional<int> AskDivision(int totalSeconds) = 0;

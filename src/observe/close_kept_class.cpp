@@ -18,10 +18,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Ends the running segment and its episode at the moment when the class was kept last.
+/// Ends the running segment and its episode at the moment when the class was kept last. Notes that
+/// were being typed are notes.
 void EndLastEpisode(KeptClass& kept) {
   Episode& episode = kept.program.Episodes.back();
-  const RunningClass& running = kept.running;
+  RunningClass& running = kept.running;
+  if (running.draftNotes) running.fieldNotes = *std::exchange(running.draftNotes, std::nullopt);
   if (running.estimateKind >= 1 && !kept.SegmentEnded()) {
     episode.segments.push_back(
         running.Segment(SecondsSince(running.segmentStart, kept.moment.secondsSinceMidnight)));

@@ -170,6 +170,11 @@ void Visit(auto& archive, auto& running) requires requires {
   archive.Numbers("questionsBefore", running.questionsBefore);
 }
 
+void VisitNotesDialog(auto& archive, auto& running) {
+  archive.Optional("notesOpen", running.draftNotes,
+                   [&](auto& text) { archive.Text("draftNotes", text); });
+}
+
 // What was read is checked for all that the program takes for granted, and its texts are made the
 // one line that the other files have for them.
 
@@ -260,6 +265,7 @@ std::string FormatRunning(const Program& program, const RunningClass& running) {
   Visit(writer, program);
   Visit(writer, running);
   VisitHistory(writer, running.history);
+  VisitNotesDialog(writer, running);
   return text;
 }
 
@@ -281,7 +287,10 @@ KeptClass ParseKept(const std::string& content) {
   Visit(reader, kept.program);
   Visit(reader, kept.running);
   // A class that an earlier version has kept ends here.
-  if (!reader.AtEnd()) VisitHistory(reader, kept.running.history);
+  if (!reader.AtEnd()) {
+    VisitHistory(reader, kept.running.history);
+    VisitNotesDialog(reader, kept.running);
+  }
   reader.End();
   if (!IsGood(kept)) reader.Fail("a class that could have run so");
   MakeTextsOneLine(kept);

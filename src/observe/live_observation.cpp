@@ -59,7 +59,8 @@ void LiveObservation::ShowForms() {
 }
 
 void LiveObservation::Keep() {
-  const bool worthKeeping = !NothingEntered() || !FieldNotes().empty() || keeper_.HasBegun();
+  const bool worthKeeping =
+      !NothingEntered() || !FieldNotes().empty() || AreNotesOpen() || keeper_.HasBegun();
   if (worthKeeping) keeper_.Keep(services_, run_);
 }
 
@@ -313,10 +314,16 @@ void LiveObservation::Command7_Click() {
 }
 
 void LiveObservation::cmdFieldNote_Click() {
-  const auto notes = services_.prompter.AskNotes(run_.fieldNotes);
-  if (!notes) return;
-  services_.log.LogFieldNote(run_.curEpisode, run_.curSegment, *notes);
-  run_.fieldNotes = *notes;
+  const auto notes = services_.prompter.AskNotes(
+      {.notes = run_.fieldNotes,
+       .draft = run_.draftNotes,
+       .typed = [this](const std::string& text) { run_.draftNotes = text; }});
+  if (notes) {
+    services_.log.LogFieldNote(run_.curEpisode, run_.curSegment, *notes);
+    run_.fieldNotes = *notes;
+  }
+  // When the program ends meanwhile, what was typed stays a draft.
+  if (notes || run_.draftNotes == run_.fieldNotes) run_.draftNotes.reset();
 }
 
 void LiveObservation::Command1_Click() {

@@ -70,6 +70,8 @@ class LiveObservation {
   int EstimateKind() const { return run_.estimateKind; }
   const OfftaskSchedule& Schedule() const { return run_.schedule; }
   const std::string& FieldNotes() const { return run_.fieldNotes; }
+  /// Something has been typed in the dialog of the field notes, and it has not been closed.
+  bool AreNotesOpen() const { return run_.draftNotes.has_value(); }
   /// What the observer has filled in of the survey so far.
   Survey& SurveyAnswers() { return run_.survey; }
   QuestionDraft& Draft() { return run_.draft; }

@@ -47,6 +47,8 @@ struct RunningClass {
   std::optional<EstimateDialog> estimateDialog;
   SegmentCoding coding;
   std::string fieldNotes;
+  /// What is being typed in the dialog of the field notes.
+  std::optional<std::string> draftNotes;
   Survey survey;
   /// Where the class is stored, when that is not its usual place; the survey then goes beside it.
   std::filesystem::path storedElsewhere;

@@ -27,16 +27,18 @@ void EditFieldNotes(const Services& services, const std::filesystem::path& path)
     services.prompter.Tell("The field notes could not be read.", error.what());
     return;
   }
-  while (auto edited = services.prompter.AskNotes(notes.text)) {
-    notes.text = std::move(*edited);
+  NotesPrompt prompt = {.notes = notes.text};
+  while (auto edited = services.prompter.AskNotes(prompt)) {
+    notes.text = *edited;
     const std::filesystem::path saved = SaveFile(
         services.prompter,
         {.failure = "The field notes could not be saved.", .path = path, .filter = kNteFilter},
         [&](const std::filesystem::path& place) {
           WriteFieldNotes(services.storage, place, notes);
         });
-    // What could not be saved goes back into the dialog.
     if (!saved.empty()) return;
+    // What could not be saved goes back into the dialog.
+    prompt.draft = std::move(edited);
   }
 }
 

@@ -7,6 +7,7 @@
 #include "editor/edited_file.h"
 #include "survey/open_survey.h"
 #include "ui/FitToScreen.h"
+#include "ui/OnceInUse.h"
 #include "ui/Present.h"
 #include "ui/frmAboutInputBox.h"
 #include "ui/frmClassAct.h"
@@ -187,6 +188,8 @@ void Forms::ShowTakenUpClass(const RunningClass& running) {
   Unload(classAct_);
   classAct_ = std::make_unique<frmClassAct>(services_, &running);
   classAct_->Live().ShowForms();
+  if (!classAct_->Live().AreNotesOpen()) return;
+  OnceInUse(*classAct_, [this] { classAct_->Live().cmdFieldNote_Click(); });
 }
 
 void Forms::ShowSurvey(SurveyCaller caller) {

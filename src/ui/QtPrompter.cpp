@@ -177,8 +177,8 @@ std::optional<int> QtPrompter::AskSeconds(const SecondsPrompt& prompt) {
   return dialog.Seconds();
 }
 
-std::optional<std::string> QtPrompter::AskNotes(const std::string& notes) {
-  dlgFieldNote dialog(notes, ParentWindow());
+std::optional<std::string> QtPrompter::AskNotes(const NotesPrompt& prompt) {
+  dlgFieldNote dialog(prompt, *this, ParentWindow());
   Run(dialog);
   return dialog.Notes();
 }

@@ -18,7 +18,7 @@ class QtPrompter : public Prompter {
   ChosenFile AskSaveFile(const FilePrompt& prompt) override;
   bool AskOfftask(OfftaskPrompt& prompt) override;
   std::optional<int> AskSeconds(const SecondsPrompt& prompt) override;
-  std::optional<std::string> AskNotes(const std::string& notes) override;
+  std::optional<std::string> AskNotes(const NotesPrompt& prompt) override;
   std::optional<int> AskDivision(int totalSeconds) override;
   std::optional<std::vector<int>> AskQuestions(const Episode& episode) override;
   std::optional<UnfinishedChoice> AskUnfinished(const std::vector<UnfinishedItem>& items) override;

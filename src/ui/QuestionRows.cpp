@@ -2,6 +2,7 @@
 
 #include <QTextDocument>
 
+#include "model/shortened.h"
 #include "questions/question_editor.h"
 #include "ui/text.h"
 
@@ -17,9 +18,9 @@ int QuestionRows::rowCount(const QModelIndex& parent) const {
 QVariant QuestionRows::data(const QModelIndex& index, int role) const {
   // A row that has been dropped may be drawn once more before the list hears of it.
   if (!index.isValid() || index.row() >= editor_.QuestionCount()) return {};
-  if (role == Qt::DisplayRole) return ToQt(editor_.RowText(index.row() + 1));
+  if (role == Qt::DisplayRole) return ToQt(Shortened(editor_.RowText(index.row() + 1)));
   if (role == Qt::ToolTipRole) {
-    return Qt::convertFromPlainText(ToQt(editor_.QuestionText(index.row() + 1)));
+    return Qt::convertFromPlainText(ToQt(Shortened(editor_.QuestionText(index.row() + 1))));
   }
   return {};
 }

@@ -5,33 +5,41 @@
 #include <optional>
 #include <string>
 
+#include "model/prompter.h"
+
 namespace Ui {
 class dlgFieldNote;
 }
 
 namespace orvex {
 
-/// Edits field notes. However it is closed, what was typed is kept; only "&Cancel" drops it.
+/// Edits field notes. The window's frame keeps what was typed as "&Save" does; "&Cancel" drops it,
+/// and Escape asks which.
 class dlgFieldNote : public QDialog {
   Q_OBJECT
 
  public:
-  /// `notes`: lines separated by CR LF.
-  explicit dlgFieldNote(const std::string& notes, QWidget* parent = nullptr);
+  dlgFieldNote(const NotesPrompt& prompt, Prompter& prompter, QWidget* parent = nullptr);
   ~dlgFieldNote() override;
 
-  /// The notes as edited, or nothing when they were cancelled.
+  /// The notes as edited, or nothing when they were cancelled or the dialog was not closed.
   std::optional<std::string> Notes() const;
 
   void setVisible(bool visible) override;
-  /// The window's frame and Escape.
+  /// The window's frame.
   void reject() override { accept(); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  std::string before_;
+  std::string Text() const;
+  void Cancel();
+  void Escape();
+
+  const NotesPrompt prompt_;
+  Prompter& prompter_;
   bool cancelled_ = false;
   std::unique_ptr<Ui::dlgFieldNote> ui_;
 };

@@ -8,8 +8,10 @@
 #include <QSignalBlocker>
 #include <QSizePolicy>
 #include <QWidget>
+#include <cstddef>
 #include <string>
 
+#include "model/shortened.h"
 #include "observe/focus.h"
 #include "ui/text.h"
 
@@ -19,14 +21,34 @@ namespace orvex {
 /// and selection stay.
 template <typename Control>
 void ShowText(Control* control, const std::string& text) {
-  const QString shown = ToQt(text);
+  const QString shown = ToQt(Shortened(text));
   if (control->text() != shown) control->setText(shown);
+}
+
+/// Qt cuts what is longer, and one key would then replace all of the text by its start.
+inline bool FitsBox(const std::string& text) {
+  constexpr std::size_t kMost = 32767;
+  constexpr std::size_t kMostBytesEach = 3;
+  return text.size() <= kMost || (text.size() <= kMost * kMostBytesEach &&
+                                  static_cast<std::size_t>(ToQt(text).size()) <= kMost);
+}
+
+/// Leaves a text alone that does not fit its box: there it is shown shortened.
+inline void ProtectLongText(QLineEdit* box, bool fits) {
+  constexpr const char* kProtected = "protectsLongText";
+  if (box->property(kProtected).toBool() != fits) return;
+  box->setProperty(kProtected, !fits);
+  box->setReadOnly(!fits);
+  box->setToolTip(fits ? QString()
+                       : QStringLiteral("Too long to be edited here. The text stays as it is."));
 }
 
 /// A box whose text the logic has changed while it was typed: its caret keeps its distance from the
 /// end.
 inline void ShowText(QLineEdit* box, const std::string& text) {
-  const QString shown = ToQt(text);
+  const bool fits = FitsBox(text);
+  ProtectLongText(box, fits);
+  const QString shown = ToQt(fits ? text : Shortened(text));
   if (box->text() == shown) return;
   const qsizetype behindCaret = box->text().size() - box->cursorPosition();
   box->setText(shown);

@@ -126,6 +126,24 @@ TEST_F(SavingTest, AFileThatCannotBeReadOrReplacedIsToldAsThat) {
   EXPECT_EQ(FileBytes(desk.file), before);
 }
 
+TEST_F(SavingTest, TheClassAsItWasObservedStaysBesideTheFirstEditsForGood) {
+  const std::filesystem::path observed = desk.file.string() + ".observed";
+  editor.TypeDescription("A");
+  EXPECT_FALSE(std::filesystem::exists(observed));
+  storage.Fail(1, ENOSPC, "write");
+  desk.prompter.Expect(kFailed, Answer::cancel);
+  EXPECT_FALSE(editor.Save());
+  EXPECT_NE(desk.prompter.asked.back().details.find(".observed: No space left"), std::string::npos);
+  EXPECT_EQ(FileBytes(desk.file), before) << "not replaced without it";
+  EXPECT_TRUE(editor.Save());
+  EXPECT_EQ(FileBytes(observed), before);
+  editor.TypeDescription("B");
+  EXPECT_TRUE(editor.Save());
+  desk.Open(desk.file).TypeDescription("C");
+  EXPECT_TRUE(desk.editor->Save());
+  EXPECT_EQ(FileBytes(observed), before);
+}
+
 TEST_F(SavingTest, QuittingSavesOnlyWhenToldTo) {
   editor.TypeDescription("A");
   desk.prompter.Expect("Save Data?", Answer::no);

@@ -235,10 +235,24 @@ TEST(UnendedClass, KeepsNotesThatWereTakenBeforeAnythingElse) {
   live.Keep();
   desk.prompter.ExpectNotes("The room is cold.");
   live.cmdFieldNote_Click();
-  live.Keep();
-  desk.recovery.AwaitStored();
-  EXPECT_EQ(ReadKeptClass(desk.folder / "BAK/7/12/7-12-3.recovery").running.fieldNotes,
-            "The room is cold.");
+  const auto kept = [&] {
+    live.Keep();
+    desk.recovery.AwaitStored();
+    return ReadKeptClass(desk.folder / "BAK/7/12/7-12-3.recovery");
+  };
+  EXPECT_EQ(kept().running.fieldNotes, "The room is cold.");
+  // What is being typed is kept as well, and is back in the dialog when the class is taken up.
+  desk.prompter.ExpectNotes(std::nullopt, [&](const NotesPrompt& prompt) {
+    prompt.typed("The room is colder.");
+    LiveObservation again(desk.services, kept().running);
+    EXPECT_TRUE(again.AreNotesOpen());
+    desk.prompter.ExpectNotes(std::nullopt);
+    again.cmdFieldNote_Click();
+    EXPECT_EQ(desk.prompter.askedNotes.back(), "The room is colder.");
+    prompt.typed(prompt.notes);  // cancelled
+  });
+  live.cmdFieldNote_Click();
+  EXPECT_FALSE(kept().running.draftNotes);
   live.cmdQuit_Click();
   EXPECT_EQ(FileBytes(desk.folder / "NTE/7/12/7-12-3.nte"), "The room is cold.\r\n");
   EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{"end"});

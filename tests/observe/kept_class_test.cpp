@@ -50,6 +50,7 @@ KeptClass EveryField() {
   running.estimateDialog = {.prompt = {.offtask = "3", .students = "24"}, .studentsBefore = "23"};
   running.coding = {true, true, true, true, true, "on \\n", 0, 1, 2, 3, "a", "b", "c", 4};
   running.fieldNotes = "one\r\ntwo\\\n=three";
+  running.draftNotes = "one\r\ntwo\\\n=three four";
   running.survey.checks[0].set(9);
   running.survey.checks[5].set(0);
   running.survey.other = "other";
@@ -97,7 +98,7 @@ TEST(KeptClass, ComesBackInEveryField) {
   std::size_t differing = 0;
   for (const std::string line :
        {"date=", "time=", "clock=", "QuitRequested=", "running=", "state=", "schedule=", "panels=",
-        "coding=", "draftQuestion=", "other=", "visible=", "questionsBefore="}) {
+        "coding=", "draftQuestion=", "other=", "visible=", "questionsBefore=", "notesOpen="}) {
     const auto of = [&line](const std::string& text) {
       const std::size_t at = text.find("\n" + line);
       return text.substr(at, text.find('\r', at) - at);
@@ -105,7 +106,7 @@ TEST(KeptClass, ComesBackInEveryField) {
     EXPECT_NE(of(content), of(empty)) << line;
     ++differing;
   }
-  EXPECT_EQ(differing, 13U);
+  EXPECT_EQ(differing, 14U);
 }
 
 TEST(KeptClass, IsRefusedWhereItBreaksOrCannotHaveRunSo) {

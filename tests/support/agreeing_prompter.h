@@ -24,8 +24,8 @@ class AgreeingPrompter : public Prompter {
     return true;
   }
   std::optional<int> AskSeconds(const SecondsPrompt& prompt) override { return prompt.maximum / 3; }
-  std::optional<std::string> AskNotes(const std::string& notes) override {
-    return notes + "They read in pairs.\r\n";
+  std::optional<std::string> AskNotes(const NotesPrompt& prompt) override {
+    return prompt.notes + "They read in pairs.\r\n";
   }
   std::optional<int> AskDivision(int) override { return std::nullopt; }
   std::optional<std::vector<int>> AskQuestions(const Episode&) override { return std::nullopt; }

@@ -54,8 +54,8 @@ class SavingPrompter : public ScriptedPrompter {
     return message.buttons == Buttons::yesNoCancel ? Answer::no : Answer::cancel;
   }
   std::optional<std::string> AskText(const TextPrompt& /*prompt*/) override { return typed; }
-  std::optional<std::string> AskNotes(const std::string& notes) override {
-    askedNotes.push_back(notes);
+  std::optional<std::string> AskNotes(const NotesPrompt& prompt) override {
+    askedNotes.push_back(prompt.draft.value_or(prompt.notes));
     if (askedNotes.size() > 1 && healing) healing();
     return typed;
   }

@@ -52,8 +52,12 @@ class ScriptedPrompter : public Prompter {
   void ExpectSeconds(std::optional<int> seconds, std::function<void()> during = {}) {
     seconds_.push_back({seconds, std::move(during)});
   }
-  /// The next field notes are edited into `notes`; nothing for Cancel.
-  void ExpectNotes(std::optional<std::string> notes) { notes_.push_back(std::move(notes)); }
+  /// The next field notes are edited into `notes`; nothing for Cancel. `during` runs while the
+  /// dialog is open.
+  void ExpectNotes(std::optional<std::string> notes,
+                   std::function<void(const NotesPrompt&)> during = {}) {
+    notes_.push_back({std::move(notes), std::move(during)});
+  }
 
   /// The next segment is divided so that `seconds` go to its second part; nothing for Cancel.
   void ExpectDivision(std::optional<int> seconds) { divisions_.push_back(seconds); }
@@ -112,9 +116,12 @@ class ScriptedPrompter : public Prompter {
     return next->seconds;
   }
 
-  std::optional<std::string> AskNotes(const std::string& notes) override {
-    askedNotes.push_back(notes);
-    return NextDialog(notes_, "field notes").value_or(std::nullopt);
+  std::optional<std::string> AskNotes(const NotesPrompt& prompt) override {
+    askedNotes.push_back(prompt.draft.value_or(prompt.notes));
+    const auto next = NextDialog(notes_, "field notes");
+    if (!next) return std::nullopt;
+    if (next->during) next->during(prompt);
+    return next->notes;
   }
 
   std::optional<int> AskDivision(int totalSeconds) override {
@@ -175,6 +182,10 @@ class ScriptedPrompter : public Prompter {
     std::optional<int> seconds;
     std::function<void()> during;
   };
+  struct Notes {
+    std::optional<std::string> notes;
+    std::function<void(const NotesPrompt&)> during;
+  };
   /// The next answer of a script; nothing, after failing the test, when it has none.
   template <typename T>
   static std::optional<T> Next(std::deque<T>& script, const std::string& what) {
@@ -198,7 +209,7 @@ class ScriptedPrompter : public Prompter {
   std::deque<ChosenFile> files_;
   std::deque<Estimate> estimates_;
   std::deque<Seconds> seconds_;
-  std::deque<std::optional<std::string>> notes_;
+  std::deque<Notes> notes_;
   std::deque<ChosenFile> saveFiles_;
   std::deque<std::optional<int>> divisions_;
   std::deque<std::optional<std::vector<int>>> questions_;

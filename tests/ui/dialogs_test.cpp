@@ -7,14 +7,20 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSlider>
+#include <QTextBlock>
 #include <QTimer>
 #include <functional>
 #include <optional>
+#include <string>
 #include <tuple>
+#include <vector>
 
 #include "model/episode.h"
 #include "support/fake_clock.h"
+#include "support/scripted_prompter.h"
+#include "ui/NotesBox.h"
 #include "ui/QtPrompter.h"
+#include "ui/dlgFieldNote.h"
 #include "ui/dlgTimer.h"
 #include "ui/keys.h"
 
@@ -98,19 +104,93 @@ TEST(FieldNoteForm, KeepsWhatIsTypedUnlessItIsCancelled) {
       {"!\n?{Alt+S}", "One\r\nTwo\r\nlines!\r\n?"},
       {"{Alt+Z}!{Backspace}{Alt+S}", "One\r\nTwo\r\nlines"},
       {"!\t ", "One\r\nTwo\r\nlines!"},
-      {"!{Esc}", "One\r\nTwo\r\nlines!"},
       {"!{Alt+C}", std::nullopt},
+      {"{Esc}", std::nullopt},  // nothing is changed: nothing to ask
   };
   for (const auto& [keys, expected] : cases) {
     SCOPED_TRACE(keys);
     PressInTheNext(keys, [](const QDialog&) { ADD_FAILURE() << "still open"; });
-    EXPECT_EQ(QtPrompter().AskNotes(notes), expected);
+    EXPECT_EQ(QtPrompter().AskNotes({.notes = notes}), expected);
   }
   PressInTheNext("!{Alt+S}");
-  EXPECT_EQ(QtPrompter().AskNotes("a\u00A0b"), "a\u00A0b!") << "a no-break space is none to change";
+  EXPECT_EQ(QtPrompter().AskNotes({.notes = "a\u00A0b"}), "a\u00A0b!")
+      << "a no-break space is none to change";
   // Also by the window's frame.
   PressInTheNext("!", [](QDialog& dialog) { dialog.close(); });
-  EXPECT_EQ(QtPrompter().AskNotes("A"), "A!");
+  EXPECT_EQ(QtPrompter().AskNotes({.notes = "A"}), "A!");
+}
+
+TEST(FieldNoteForm, AsksWhatEscapeMeansForWhatWasTyped) {
+  const std::tuple<Answer, std::optional<std::string>, std::vector<std::string>> cases[] = {
+      {Answer::yes, "A!", {"A!"}},
+      {Answer::no, std::nullopt, {"A!", "A"}},
+      {Answer::cancel, "A!?", {"A!", "A!?"}},  // back to the notes
+  };
+  for (const auto& [answer, expected, told] : cases) {
+    ScriptedPrompter prompter;
+    prompter.Expect("Save changes?", answer);
+    std::vector<std::string> typed;
+    dlgFieldNote dialog(
+        {.notes = "A", .typed = [&](const std::string& text) { typed.push_back(text); }}, prompter);
+    PressInTheNext("!{Esc}", [](QDialog& open) {
+      Keys("?");
+      open.close();
+    });
+    dialog.exec();
+    EXPECT_EQ(dialog.Notes(), expected);
+    EXPECT_EQ(typed, told);
+    EXPECT_EQ(prompter.asked.at(0).defaultAnswer, Answer::yes) << "Enter loses nothing";
+  }
+  // What was typed before the program ended counts as typed, and is no answer when it ends again.
+  PressInTheNext("?{Alt+S}");
+  EXPECT_EQ(QtPrompter().AskNotes({.notes = "A", .draft = "A\r\nB"}), "A\r\nB?");
+  PressInTheNext("", [](QDialog&) { QCoreApplication::exit(); });
+  EXPECT_EQ(QtPrompter().AskNotes({.notes = "A", .draft = "B"}), std::nullopt);
+}
+
+/// What is edited in a line of many pieces is what was edited, whatever it was.
+TEST(FieldNoteForm, TakesEditsOfALongLineAsOfAnyOther) {
+  NotesBox box;
+  QString notes;
+  for (int i = 0; i < 1500; ++i) notes += QStringLiteral("word %1, ").arg(i);
+  notes += QString(5000, QLatin1Char('x')) + QStringLiteral("\r\nend");
+  box.SetNotes(notes);
+  EXPECT_EQ(box.Notes(), notes);
+  EXPECT_GT(box.document()->blockCount(), 6);
+  EXPECT_FALSE(box.document()->isModified() || box.document()->isUndoAvailable());
+
+  const QTextBlock second = box.document()->findBlockByNumber(1);
+  const qsizetype at = second.position() - 1;  // one break is before it
+  const auto to = [&](int position) {
+    QTextCursor cursor = box.textCursor();
+    cursor.setPosition(position);
+    box.setTextCursor(cursor);
+  };
+  const std::tuple<int, Qt::Key, QString> cases[] = {
+      {0, Qt::Key_Backspace, notes.left(at - 1) + notes.mid(at)},
+      {-1, Qt::Key_Delete, notes.left(at) + notes.mid(at + 1)},
+      {0, Qt::Key_Return, notes.left(at) + QStringLiteral("\r\n") + notes.mid(at)},
+      {-1, Qt::Key_Return, notes.left(at) + QStringLiteral("\r\n") + notes.mid(at)},
+  };
+  for (const auto& [from, key, expected] : cases) {
+    to(second.position() + from);
+    QTest::keyClick(&box, key);
+    EXPECT_EQ(box.Notes(), expected) << key;
+    box.undo();
+    EXPECT_EQ(box.Notes(), notes) << key;
+  }
+  // All of it, cut and put back twice.
+  box.selectAll();
+  box.cut();
+  EXPECT_EQ(box.Notes(), QString());
+  box.paste();
+  box.paste();
+  EXPECT_EQ(box.Notes(), notes + notes);
+  EXPECT_GT(box.document()->blockCount(), 12);
+  box.undo();
+  box.undo();
+  box.undo();
+  EXPECT_EQ(box.Notes(), notes);
 }
 
 TEST(DivideTimeForm, TakesTheSecondPart) {

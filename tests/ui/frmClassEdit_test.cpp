@@ -164,6 +164,22 @@ class frmClassEditTest : public testing::Test, protected Desk {
   std::unique_ptr<frmClassEdit> form_;
 };
 
+TEST_F(frmClassEditTest, LeavesATextAloneThatNoBoxHolds) {
+  EpisodeList lesson = Lesson();
+  const std::string longText(100'000, 'a');
+  lesson[0].Descript = longText;
+  PutFile(file_, FileOf(lesson));
+  Open(file_);
+  GoTo("txtEpisodeName");
+  Keys("!{Backspace}{Ctrl+A}{Delete}");
+  EXPECT_EQ(program.Episodes[0].Descript, longText);
+  GoTo("listViewEp");
+  Keys("{Down}");
+  GoTo("txtEpisodeName");
+  Keys("{End}!");
+  EXPECT_EQ(program.Episodes[1].Descript, "Macbeth!");
+}
+
 TEST_F(frmClassEditTest, ShowsTheFileAndFitsTheSmallestScreen) {
   Open();
   form_->resize(kSmallestScreen);
