@@ -35,10 +35,9 @@ void EndLastEpisode(KeptClass& kept) {
 std::string StoreDraft(KeptClass& kept) {
   std::vector<questionInfo>& questions = kept.program.Episodes.back().questions;
   constexpr std::size_t kMost = 32767;
-  if (!kept.running.HasDraft() || questions.size() == kMost) return "";
-  questions.push_back(kept.running.Draft());
-  kept.running.draftQuestion.clear();
-  kept.running.draftFields = {};
+  if (kept.running.draft.IsEmpty() || questions.size() == kMost) return "";
+  questions.push_back(kept.running.DraftAsStored());
+  kept.running.draft = {};
   return "The question that was being entered is stored as question " +
          std::to_string(questions.size()) + " of episode " +
          std::to_string(kept.running.curEpisode) + ", with the codes that it had.";

@@ -14,10 +14,6 @@ constexpr std::array<Dimension, kDimensionCount> kFields = {
 
 }  // namespace
 
-bool EntryFields::HasText() const {
-  return std::ranges::any_of(fields_, [](const Field& field) { return !field.text.empty(); });
-}
-
 std::string_view EntryFields::Caption(Dimension field) const {
   if (field == Dimension::respondName && studentAsks_) return "Who asks question?";
   return SchemeOf(field).entryCaption;

@@ -16,8 +16,6 @@ namespace orvex {
 class EntryFields {
  public:
   const std::string& Text(Dimension field) const { return At(field).text; }
-  /// True when something stands in one of them.
-  bool HasText() const;
   bool Visible(Dimension field) const { return At(field).visible; }
   /// True when nothing is typed in any field.
   bool AreEmpty() const;

@@ -17,16 +17,12 @@ SegmentData RunningClass::Segment(float seconds) const {
   return segment;
 }
 
-bool RunningClass::HasDraft() const {
-  return !draftQuestion.empty() || draftFields.HasText();
-}
-
-questionInfo RunningClass::Draft() const {
+questionInfo RunningClass::DraftAsStored() const {
   const auto text = [this](Dimension field) -> const std::string& {
-    return draftFields.Text(field);
+    return draft.fields.Text(field);
   };
   questionInfo question;
-  question.SetValue(draftQuestion, text(Dimension::source), text(Dimension::response),
+  question.SetValue(draft.question, text(Dimension::source), text(Dimension::response),
                     text(Dimension::authenticity), text(Dimension::uptake),
                     text(Dimension::cognitive), text(Dimension::respondName),
                     text(Dimension::onePartOfMulti), text(Dimension::tResponse),

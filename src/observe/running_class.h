@@ -66,10 +66,8 @@ struct RunningClass {
   /// The running segment as it would be stored after `seconds`.
   SegmentData Segment(float seconds) const;
 
-  /// True when a question has been begun: a text, or a code.
-  bool HasDraft() const;
   /// The question that is being entered, as it would be stored now.
-  questionInfo Draft() const;
+  questionInfo DraftAsStored() const;
 
   /// Moves every time by `seconds`.
   void ShiftTimes(float seconds);

@@ -187,7 +187,7 @@ void QuestionEntry::EnableForCoding() {
 
 void QuestionEntry::SaveQuestion() {
   if (asksReview_) return;
-  if (StoreQuestion(live_.Running().Draft())) StartOver();
+  if (StoreQuestion(live_.Running().DraftAsStored())) StartOver();
 }
 
 /// Logs and appends the question. False when the episode is full.
