@@ -51,9 +51,8 @@ bool StoreEpisodes(const Services& services, KeptClass& kept) {
                       .ObservDate = kept.moment.dateText,
                       .StartTime = program.StartTimeText,
                       .ActivityOfftask = program.AverageOfftask()};
-  const bool stored =
-      StoreClass(services, "The data files could not be written.", header, program.Episodes,
-                 kept.running.fieldNotes, kept.running.storedElsewhere, OlderFile::isAskedAbout);
+  const bool stored = StoreClass(services, "The data files could not be written.", header,
+                                 program.Episodes, kept.running);
   program.identity = header.identity;
   if (!stored) return false;
   // From here on only the survey is missing, also when that is left for later.
@@ -68,14 +67,12 @@ bool StoreEpisodes(const Services& services, KeptClass& kept) {
 /// A survey that nobody has filled in takes no other's place.
 bool StoreItsSurvey(const Services& services, KeptClass& kept) {
   Identity& identity = kept.program.identity;
-  const Survey& answers = kept.running.survey;
   std::error_code unknown;
-  if (answers == Survey{} &&
+  if (kept.running.survey == Survey{} &&
       fs::exists(SurPathToLookFor(services.program.DataPath, identity), unknown)) {
     return true;
   }
-  return StoreSurvey(services, identity, answers, kept.running.storedElsewhere,
-                     OlderFile::isAskedAbout);
+  return StoreSurvey(services, identity, kept.running);
 }
 
 }  // namespace

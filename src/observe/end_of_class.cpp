@@ -55,23 +55,24 @@ bool LiveObservation::EndClass() {
 
 /// Writes the survey and ends the program. What cannot be written waits for another "E&xit".
 void LiveObservation::LeaveWithSurvey() {
-  run_.awaitsSurvey =
-      !StoreSurvey(services_, services_.program.identity, run_.survey, run_.storedElsewhere);
+  run_.awaitsSurvey = !StoreSurvey(services_, services_.program.identity, run_);
   if (run_.awaitsSurvey) return;
   ForgetKept(services_);
   services_.screens.Close(Screen::survey);
   services_.screens.EndProgram();
 }
 
-/// False, with the focus on the box, when one of the numbers that name the files is no number.
+/// False, with the focus on the box, while one of the numbers that name the files is no number, or
+/// not the one that the log has.
 bool LiveObservation::HeaderNamesFiles() {
-  for (const HeaderBox box : {HeaderBox::schoolNum, HeaderBox::classNum, HeaderBox::observNum}) {
+  for (const HeaderBox box : kNumberBoxes) {
     if (IdentityNumber(header_.Text(box))) continue;
     services_.prompter.Tell("School, class and observation must be numbers from 0 to 32767.");
     focus_.Set({.kind = Control::Kind::header, .box = box}, Caret::selectAll);
     return false;
   }
-  return true;
+  const auto box = header_.Disagreeing();
+  return !box || LeaveHeader(*box);
 }
 
 bool LiveObservation::SaveClass() {
@@ -82,7 +83,7 @@ bool LiveObservation::SaveClass() {
                       .ActivityOfftask = program.AverageOfftask()};
   const bool stored =
       StoreClass(services_, "The data files could not be written. The class is still in memory.",
-                 header, program.Episodes, run_.fieldNotes, run_.storedElsewhere);
+                 header, program.Episodes, run_);
   program.identity = header.identity;
   return stored;
 }
@@ -100,7 +101,7 @@ void LiveObservation::EndWithLog() {
 /// Nothing of the class is to be stored but the notes, if there are any. False when the user gave
 /// up.
 bool LiveObservation::LeaveWithNotes() {
-  if (!FieldNotes().empty() && !StoreNotes(services_, FieldNotes())) return false;
+  if (!FieldNotes().empty() && !StoreNotes(services_, run_)) return false;
   ForgetKept(services_);
   return true;
 }

@@ -46,8 +46,21 @@ bool HoldsValidText(const Identity& identity, HeaderBox box) {
                                        : IdentityNumber(text).has_value();
 }
 
+std::optional<std::size_t> NumberIndex(HeaderBox box) {
+  const auto found = std::ranges::find(kNumberBoxes, box);
+  if (found == kNumberBoxes.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - kNumberBoxes.begin());
+}
+
+Identity AsTyped(Identity identity, const TypedNumbers& typed) {
+  for (std::size_t i = 0; i < typed.size(); ++i) {
+    if (typed[i]) HeaderText(identity, kNumberBoxes[i]) = *typed[i];
+  }
+  return identity;
+}
+
 void NormaliseNumbers(Identity& identity) {
-  for (const HeaderBox box : {HeaderBox::schoolNum, HeaderBox::classNum, HeaderBox::observNum}) {
+  for (const HeaderBox box : kNumberBoxes) {
     std::string& text = HeaderText(identity, box);
     if (const auto number = IdentityNumber(text)) text = std::to_string(*number);
   }

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
 
 #include "model/program.h"
+#include "observe/running_class.h"
 
 namespace orvex {
 
@@ -34,6 +36,14 @@ void TypeHeaderText(Identity& identity, HeaderBox box, const std::string& text);
 /// True when the box holds nothing, or what it is there for: the initials any text, the others a
 /// number in their range.
 bool HoldsValidText(const Identity& identity, HeaderBox box);
+
+/// The boxes that name the class, in the order of TypedNumbers.
+inline constexpr std::array kNumberBoxes = {HeaderBox::schoolNum, HeaderBox::classNum,
+                                            HeaderBox::observNum};
+/// The place of a box among them; nothing for the others.
+std::optional<std::size_t> NumberIndex(HeaderBox box);
+/// What the boxes say: the identity, and what is being typed over its numbers.
+Identity AsTyped(Identity identity, const TypedNumbers& typed);
 
 /// Replaces the three identifying numbers, where they are numbers, by the texts of their values.
 void NormaliseNumbers(Identity& identity);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/coding_scheme.h"
+#include "observe/header_box.h"
 #include "store/format_error.h"
 #include "store/kept_content.h"
 #include "store/paths.h"
@@ -150,6 +151,11 @@ void Visit(auto& archive, auto& running) requires requires {
   running.curEpisode;
 }
 {
+  archive.Text("token", running.token);
+  for (auto& typed : running.typedNumbers) {
+    archive.Optional("typed", typed, [&](auto& text) { archive.Text("number", text); });
+  }
+  archive.Numbers("stored", running.stored.episodes, running.stored.notes, running.stored.survey);
   archive.Numbers("running", running.curEpisode, running.curSegment, running.episodeStart,
                   running.segmentStart, running.prevEpisodeStart);
   VisitEstimates(archive, "offtaskEstimates", running.offtaskEstimates);
@@ -244,6 +250,9 @@ void MakeTextsOneLine(KeptClass& kept) {
                             &kept.running.coding.about, &kept.running.survey.other}) {
     MakeOneLine(*text);
   }
+  for (auto& typed : kept.running.typedNumbers) {
+    if (typed) MakeOneLine(*typed);
+  }
 }
 
 }  // namespace
@@ -297,11 +306,29 @@ KeptClass ParseKept(const std::string& content) {
   return kept;
 }
 
+namespace {
+
+/// The log bears the number that was accepted last. Where there is none, what is kept does.
+void SettleIdentity(KeptClass& kept, const std::filesystem::path& path) {
+  Identity& identity = kept.program.identity;
+  Identity named = identity;
+  NameAfter(path, named);
+  for (const Identity& accepted : {named, identity, AsTyped(identity, kept.running.typedNumbers)}) {
+    std::error_code unknown;
+    if (!std::filesystem::exists(BakPath(DataFolderOf(path), accepted), unknown)) continue;
+    identity = accepted;
+    return;
+  }
+  identity = named;
+}
+
+}  // namespace
+
 KeptClass ReadKeptClass(const std::filesystem::path& path) {
   const KeptContent content = ReadKept(path);
   KeptClass kept = ParseKept(content.content);
   kept.number = content.number;
-  if (!IsNamed(kept.program.identity)) NameAfter(path, kept.program.identity);
+  SettleIdentity(kept, path);
   return kept;
 }
 

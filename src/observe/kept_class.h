@@ -39,8 +39,8 @@ std::string FormatMoment(const KeptMoment& moment);
 /// Reads what FormatMoment and FormatRunning wrote, one behind the other. Throws FormatError, also
 /// for values that no class can have.
 KeptClass ParseKept(const std::string& content);
-/// The same from the recovery file at `path`, which names the class where the header's numbers were
-/// just being changed. Throws FileError as well.
+/// The same from the recovery file at `path`. The identity is the one that the class's log bears,
+/// also where the class was just being renamed. Throws FileError as well.
 KeptClass ReadKeptClass(const std::filesystem::path& path);
 
 }  // namespace orvex

@@ -22,7 +22,8 @@ using Kind = LiveObservation::Control::Kind;
 LiveObservation::LiveObservation(const Services& services)
     : services_(services),
       episodes_(services.program.Episodes),
-      header_(services),
+      run_(RunningClass::Begun()),
+      header_(services, run_.typedNumbers),
       caption_("Class Activity Menu - File opened at " + services.clock.TimeText()) {
   run_.episodeStart = run_.segmentStart = Now();
   episodes_.assign(1, Episode{});
@@ -33,8 +34,8 @@ LiveObservation::LiveObservation(const Services& services)
 LiveObservation::LiveObservation(const Services& services, RunningClass running)
     : services_(services),
       episodes_(services.program.Episodes),
-      header_(services),
       run_(std::move(running)),
+      header_(services, run_.typedNumbers),
       caption_("Class Activity Menu - File opened at " + services.clock.TimeText()) {
   run_.awaitsSurvey = ClassStored();
   if (AwaitsSurvey()) {

@@ -44,6 +44,8 @@ class LiveObservation {
   /// Goes on with a class whose observation is in memory. The log is open, unless the class is
   /// stored.
   LiveObservation(const Services& services, RunningClass running);
+  LiveObservation(const LiveObservation&) = delete;
+  LiveObservation& operator=(const LiveObservation&) = delete;
   /// Shows the forms that belong to the running segment.
   void ShowForms();
 
@@ -190,8 +192,8 @@ class LiveObservation {
 
   Services services_;
   EpisodeList& episodes_;
-  ObservationHeader header_;
   RunningClass run_;
+  ObservationHeader header_;
   ClassKeeper keeper_;
   std::string caption_;
   bool conversionBlank_ = false;

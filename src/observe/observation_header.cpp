@@ -4,7 +4,7 @@
 
 #include "model/prompter.h"
 #include "store/file_error.h"
-#include "store/numbers.h"
+#include "store/older_file.h"
 #include "store/paths.h"
 #include "store/recovery_file.h"
 #include "store/session_log.h"
@@ -17,25 +17,36 @@ constexpr HeaderRound kRound = {HeaderBox::schoolNum, HeaderBox::classNum, Heade
 
 }  // namespace
 
-ObservationHeader::ObservationHeader(const Services& services)
+ObservationHeader::ObservationHeader(const Services& services, TypedNumbers& typed)
     : services_(services),
       identity_(services.program.identity),
-      logged_(identity_),
-      lastStudents_(identity_.NumStudents) {
-  // A class that is taken up again may have been in the middle of a correction.
-  if (services.log.File().IsOpen()) NameAfter(services.log.File().Path(), logged_);
-}
+      typed_(typed),
+      lastStudents_(identity_.NumStudents) {}
 
 const std::string& ObservationHeader::Text(HeaderBox box) const {
-  return HeaderText(identity_, box);
+  const auto number = NumberIndex(box);
+  return number && typed_[*number] ? *typed_[*number] : HeaderText(identity_, box);
 }
 
 void ObservationHeader::Type(HeaderBox box, const std::string& text) {
-  TypeHeaderText(identity_, box, text);
+  const auto number = NumberIndex(box);
+  if (!number) return TypeHeaderText(identity_, box, text);
+  Identity typed = identity_;
+  TypeHeaderText(typed, box, text);
+  typed_[*number].reset();
+  if (HeaderText(typed, box) != HeaderText(identity_, box))
+    typed_[*number] = HeaderText(typed, box);
 }
 
 std::string ObservationHeader::ClassIdText() const {
-  return "Class ID  " + identity_.ClassId();
+  return "Class ID  " + AsTyped(identity_, typed_).ClassId();
+}
+
+std::optional<HeaderBox> ObservationHeader::Disagreeing() const {
+  for (const HeaderBox box : kNumberBoxes) {
+    if (Text(box) != HeaderText(identity_, box)) return box;
+  }
+  return std::nullopt;
 }
 
 HeaderBox ObservationHeader::Next(HeaderBox box) {
@@ -60,75 +71,85 @@ void ObservationHeader::Enter(HeaderBox box) {
 }
 
 bool ObservationHeader::Leave(HeaderBox box) {
-  std::string& text = HeaderText(identity_, box);
-  if (!HoldsValidText(identity_, box)) {
-    text.clear();
+  if (!HoldsValidText(AsTyped(identity_, typed_), box)) {
+    Type(box, "");
     return false;
   }
-  switch (box) {
-    case HeaderBox::initials:
-      return true;
-    case HeaderBox::numStudents:
-      if (text.empty()) {
-        text = lastStudents_;
-        return false;
-      }
-      lastStudents_ = text;
-      if (rememberedStudents_ && *rememberedStudents_ != text) services_.log.LogRevisedN(text);
-      return true;
-    case HeaderBox::schoolNum:
-    case HeaderBox::classNum:
-    case HeaderBox::observNum:
-      break;
+  if (box == HeaderBox::initials) return true;
+  return box == HeaderBox::numStudents ? LeaveStudents() : LeaveNumber(box);
+}
+
+bool ObservationHeader::LeaveStudents() {
+  std::string& text = identity_.NumStudents;
+  if (text.empty()) {
+    text = lastStudents_;
+    return false;
   }
-  return LeaveNumber(box);
+  lastStudents_ = text;
+  if (rememberedStudents_ && *rememberedStudents_ != text) services_.log.LogRevisedN(text);
+  return true;
 }
 
 bool ObservationHeader::LeaveNumber(HeaderBox box) {
-  std::string& text = HeaderText(identity_, box);
-  if (text.empty()) {
+  if (Text(box).empty()) {
     // A file name with a missing part would be nobody's: the box gets back what the log is named
     // by.
-    text = HeaderText(logged_, box);
+    Type(box, HeaderText(identity_, box));
     return false;
   }
   // A box that agrees with the log is always left, whatever another one was declined.
-  if (text == HeaderText(logged_, box)) return true;
-  if (RenameSessionLog()) return true;
-  if (box == HeaderBox::observNum) return true;
-  text.clear();
+  if (Text(box) == HeaderText(identity_, box) || RenameSessionLog()) return true;
+  if (box != HeaderBox::observNum) Type(box, "");
   return false;
 }
 
+/// The log and what is kept of the class take the numbers of the boxes, which are then accepted.
 bool ObservationHeader::RenameSessionLog() {
-  const std::filesystem::path& dataPath = services_.program.DataPath;
-  for (const HeaderBox box : {HeaderBox::schoolNum, HeaderBox::classNum, HeaderBox::observNum}) {
-    // While one number is being corrected, the others name no file.
-    if (!IdentityNumber(HeaderText(identity_, box))) return true;
-  }
-  const std::filesystem::path target = BakPath(dataPath, identity_);
-  if (services_.log.File().Path().filename() == target.filename()) return true;
+  const Identity renamed = AsTyped(identity_, typed_);
+  // While one number is being corrected, the others name no file.
+  if (!IsNamed(renamed)) return true;
   try {
-    MakeBakFolders(services_.storage, dataPath, identity_);
-    std::error_code unreadable;
-    if (std::filesystem::exists(target, unreadable) &&
-        !services_.prompter.AskOkCancel(target.filename().string() +
-                                        " already exists. Overwrite it?")) {
-      return false;
-    }
-    services_.recovery.MoveTo(RecoveryPath(dataPath, identity_));
-    try {
-      services_.log.File().MoveTo(target);
-    } catch (const FileError&) {
-      services_.recovery.MoveTo(RecoveryPath(dataPath, logged_));
-      throw;
+    const std::filesystem::path log = BakPath(services_.program.DataPath, renamed);
+    if (services_.log.File().Path().filename() != log.filename()) {
+      if (!MayTake(log)) return false;
+      RenameFiles(renamed);
     }
   } catch (const FileError& error) {
     services_.prompter.Tell("The session log could not be renamed.", error.what());
     return false;
   }
-  logged_ = identity_;
+  Accept(renamed);
   return true;
+}
+
+/// The log of another class is not lost: it is kept beside the one that takes its name.
+bool ObservationHeader::MayTake(const std::filesystem::path& log) const {
+  std::error_code unreadable;
+  if (!std::filesystem::exists(log, unreadable)) return true;
+  const std::string name = log.filename().string();
+  return services_.prompter.Ask({.text = name + " already exists. Overwrite it?",
+                                 .buttons = Buttons::okCancel,
+                                 .details = "It is kept as \"" + OlderName(log) + "\"."}) ==
+         Answer::ok;
+}
+
+void ObservationHeader::RenameFiles(const Identity& renamed) {
+  const std::filesystem::path& dataPath = services_.program.DataPath;
+  const std::filesystem::path log = BakPath(dataPath, renamed);
+  MakeBakFolders(services_.storage, dataPath, renamed);
+  services_.recovery.MoveTo(RecoveryPath(dataPath, renamed));
+  try {
+    KeepOlder(services_.storage, log);
+    services_.log.File().MoveTo(log);
+  } catch (const FileError&) {
+    services_.recovery.MoveTo(RecoveryPath(dataPath, identity_));
+    throw;
+  }
+}
+
+void ObservationHeader::Accept(const Identity& renamed) {
+  identity_ = renamed;
+  typed_ = {};
 }
 
 }  // namespace orvex

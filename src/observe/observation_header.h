@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -12,7 +13,9 @@ namespace orvex {
 /// when they change; a changed number of students is logged.
 class ObservationHeader {
  public:
-  explicit ObservationHeader(const Services& services);
+  /// What is typed over the numbers goes into `typed`, which outlives the header, until it is
+  /// accepted.
+  ObservationHeader(const Services& services, TypedNumbers& typed);
 
   const std::string& Text(HeaderBox box) const;
   void Type(HeaderBox box, const std::string& text);
@@ -27,16 +30,23 @@ class ObservationHeader {
   void CorrectStudents(const std::string& text);
 
   void Enter(HeaderBox box);
-  /// The box loses the focus. False when it must get it back.
+  /// The box loses the focus. False when it must get it back: a number that is declined is asked
+  /// about again until the box and the log agree.
   bool Leave(HeaderBox box);
+  /// The box whose text is not the number that was accepted; nothing when all of them agree.
+  std::optional<HeaderBox> Disagreeing() const;
 
  private:
+  bool LeaveStudents();
   bool LeaveNumber(HeaderBox box);
   bool RenameSessionLog();
+  void RenameFiles(const Identity& renamed);
+  bool MayTake(const std::filesystem::path& log) const;
+  void Accept(const Identity& renamed);
 
   Services services_;
   Identity& identity_;
-  Identity logged_;           ///< the numbers that the log is named by
+  TypedNumbers& typed_;
   std::string lastStudents_;  ///< the last number there was
   bool studentsVisited_ = false;
   std::optional<std::string> rememberedStudents_;

@@ -1,8 +1,21 @@
 #include "observe/running_class.h"
 
 #include <charconv>
+#include <random>
 
 namespace orvex {
+
+RunningClass RunningClass::Begun() {
+  constexpr int kHexadecimal = 16;
+  RunningClass begun;
+  std::random_device random;
+  for (int i = 0; i < 4; ++i) {
+    char digits[kHexadecimal];
+    const auto end = std::to_chars(digits, digits + kHexadecimal, random(), kHexadecimal).ptr;
+    begun.token.append(digits, end).append(i < 3 ? "-" : "");
+  }
+  return begun;
+}
 
 int RunningClass::Activity() const {
   int number = 0;

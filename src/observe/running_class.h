@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -21,9 +23,25 @@ struct EstimateDialog {
   std::string studentsBefore;
 };
 
+/// What is being typed in the boxes of the school, class and observation number, in this order,
+/// where that is not the number that was accepted.
+using TypedNumbers = std::array<std::optional<std::string>, 3>;
+
+/// What a class has last stored in its episode, notes and survey file; 0 for nothing yet. A file
+/// with another content is not, or no longer, its own.
+struct StoredContents {
+  std::uint64_t episodes = 0;
+  std::uint64_t notes = 0;
+  std::uint64_t survey = 0;
+};
+
 /// What is known of a class while it runs, besides the observation that its end stores. Times are
 /// seconds since midnight.
 struct RunningClass {
+  /// One class has one, whatever its numbers are: it is made up when the class begins.
+  std::string token;
+  /// The numbers in the program's identity are the accepted ones: they name the log and all files.
+  TypedNumbers typedNumbers;
   int curEpisode = 1;
   int curSegment = 1;
   float episodeStart = 0;
@@ -52,6 +70,7 @@ struct RunningClass {
   Survey survey;
   /// Where the class is stored, when that is not its usual place; the survey then goes beside it.
   std::filesystem::path storedElsewhere;
+  StoredContents stored;
   /// The class is stored and only its survey is not.
   bool awaitsSurvey = false;
   /// No key has been typed in a description: there is nothing to store yet.
@@ -61,6 +80,8 @@ struct RunningClass {
   int questionsBefore = 0;
   QuestionHistory history;
 
+  /// A class that begins now.
+  static RunningClass Begun();
   /// The number of the activity; 0 while none is chosen.
   int Activity() const;
   /// The running segment as it would be stored after `seconds`.

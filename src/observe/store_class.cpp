@@ -1,10 +1,14 @@
 #include "observe/store_class.h"
 
+#include <cstdint>
+
 #include "model/program.h"
 #include "model/prompter.h"
 #include "store/durable_file.h"
 #include "store/field_notes.h"
 #include "store/file_error.h"
+#include "store/kept_content.h"
+#include "store/older_file.h"
 #include "store/paths.h"
 #include "store/recovery_file.h"
 #include "store/save_file.h"
@@ -15,92 +19,104 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// True when there is a file at `path` with another content, or with one that cannot be read.
-bool HoldsOther(const fs::path& path, const std::string& bytes) {
-  std::error_code unknown;
-  if (!fs::exists(path, unknown)) return false;
-  try {
-    return ReadFile(path) != bytes;
-  } catch (const FileError&) {
-    return true;
-  }
-}
+/// Replaces the files of a class, and keeps what is not its own.
+class OwnFiles {
+ public:
+  explicit OwnFiles(const Services& services) : services_(services) {}
+  ~OwnFiles() { TellOfOlder(services_.prompter, older_); }
+  OwnFiles(const OwnFiles&) = delete;
+  OwnFiles& operator=(const OwnFiles&) = delete;
 
-/// Throws FileChanged for a file with another content that the user has not been asked about.
-void AskOnce(OlderFile& older, const fs::path& path, const std::string& bytes) {
-  if (older == OlderFile::isReplaced || !HoldsOther(path, bytes)) return;
-  older = OlderFile::isReplaced;
-  throw FileChanged(path.string());
-}
+  /// `stored` is the checksum of what the class has stored in such a file last.
+  void Replace(const fs::path& path, const std::string& bytes, std::uint64_t& stored) {
+    if (IsOwn(path, bytes, stored)) {
+      ReplaceFile(services_.storage, path, bytes);
+    } else {
+      older_.push_back(ReplaceKeepingOlder(services_.storage, path, bytes));
+    }
+    stored = Checksum(bytes);
+  }
+
+ private:
+  static bool IsOwn(const fs::path& path, const std::string& bytes, std::uint64_t stored) {
+    std::error_code unknown;
+    if (!fs::exists(path, unknown)) return true;
+    try {
+      const std::string there = ReadFile(path);
+      return there == bytes || Checksum(there) == stored;
+    } catch (const FileError&) {
+      return false;
+    }
+  }
+
+  const Services& services_;
+  std::vector<std::string> older_;
+};
 
 }  // namespace
 
 bool StoreClass(const Services& services, const std::string& failure, EpsHeader& header,
-                const EpisodeList& episodes, const std::string& notes, fs::path& elsewhere,
-                OlderFile older) {
+                const EpisodeList& episodes, RunningClass& running) {
   const fs::path& dataPath = services.program.DataPath;
   Storage& storage = services.storage;
   const fs::path usual = EpsPathToLookFor(dataPath, header.identity);
-  const fs::path saved =
-      SaveFile(services.prompter,
-               {.failure = failure,
-                .path = usual,
-                .filter = kEpsFilter,
-                .companions = {".nte", ".sur"},
-                .changed = "Files of this class already exist."},
-               [&](const fs::path& path) {
-                 const bool isUsual = path == usual;
-                 NormaliseIdentity(header.identity);
-                 const fs::path eps = isUsual ? EpsPath(storage, dataPath, header.identity) : path;
-                 const std::string bytes = FormatEps(header, episodes);
-                 const fs::path nte =
-                     isUsual ? NtePath(storage, dataPath, header.identity) : Beside(path, ".nte");
-                 if (isUsual) {
-                   AskOnce(older, eps, bytes);
-                   AskOnce(older, nte, FormatFieldNotes({.text = notes}));
-                 }
-                 ReplaceFile(storage, eps, bytes);
-                 WriteFieldNotes(storage, nte, {.text = notes});
-               });
-  elsewhere = saved == usual ? fs::path() : saved;
+  OwnFiles files(services);
+  const fs::path saved = SaveFile(
+      services.prompter,
+      {.failure = failure, .path = usual, .filter = kEpsFilter, .companions = {".nte", ".sur"}},
+      [&](const fs::path& path) {
+        const bool isUsual = path == usual;
+        NormaliseIdentity(header.identity);
+        const fs::path eps = isUsual ? EpsPath(storage, dataPath, header.identity) : path;
+        files.Replace(eps, FormatEps(header, episodes), running.stored.episodes);
+        const fs::path nte =
+            isUsual ? NtePath(storage, dataPath, header.identity) : Beside(path, ".nte");
+        files.Replace(nte, FormatFieldNotes({.text = running.fieldNotes}), running.stored.notes);
+      });
+  running.storedElsewhere = saved == usual ? fs::path() : saved;
   return !saved.empty();
 }
 
-bool StoreSurvey(const Services& services, Identity& identity, const Survey& answers,
-                 const fs::path& elsewhere, OlderFile older) {
+bool StoreSurvey(const Services& services, Identity& identity, RunningClass& running) {
   const fs::path& dataPath = services.program.DataPath;
-  Storage& storage = services.storage;
   const fs::path usual = SurPathToLookFor(dataPath, identity);
-  return !SaveFile(services.prompter,
-                   {.failure = "The survey could not be written.",
-                    .path = elsewhere.empty() ? usual : Beside(elsewhere, ".sur"),
-                    .filter = kSurFilter,
-                    .changed = usual.filename().string() + " already exists."},
-                   [&](const fs::path& path) {
-                     const bool isUsual = path == usual;
-                     const fs::path sur = isUsual ? SurPath(storage, dataPath, identity) : path;
-                     const SurFile file = {.identity = identity, .answers = answers};
-                     if (isUsual) AskOnce(older, sur, FormatSur(file));
-                     WriteSurFile(storage, sur, file);
-                   })
-              .empty();
+  const fs::path& elsewhere = running.storedElsewhere;
+  OwnFiles files(services);
+  const fs::path saved = SaveFile(
+      services.prompter,
+      {.failure = "The survey could not be written.",
+       .path = elsewhere.empty() ? usual : Beside(elsewhere, ".sur"),
+       .filter = kSurFilter},
+      [&](const fs::path& path) {
+        const fs::path sur = path == usual ? SurPath(services.storage, dataPath, identity) : path;
+        files.Replace(sur, FormatSur({.identity = identity, .answers = running.survey}),
+                      running.stored.survey);
+      });
+  return !saved.empty();
 }
 
-bool StoreNotes(const Services& services, const std::string& notes) {
+bool StoreNotes(const Services& services, RunningClass& running) {
   Program& program = services.program;
-  Storage& storage = services.storage;
   const fs::path usual = NtePathToLookFor(program.DataPath, program.identity);
-  return !SaveFile(services.prompter,
-                   {.failure = "The field notes could not be saved.",
-                    .path = usual,
-                    .filter = kNteFilter},
-                   [&](const fs::path& path) {
-                     const fs::path nte = path == usual
-                                              ? NtePath(storage, program.DataPath, program.identity)
-                                              : path;
-                     WriteFieldNotes(storage, nte, {.text = notes});
-                   })
-              .empty();
+  OwnFiles files(services);
+  const fs::path saved = SaveFile(
+      services.prompter,
+      {.failure = "The field notes could not be saved.", .path = usual, .filter = kNteFilter},
+      [&](const fs::path& path) {
+        const fs::path nte =
+            path == usual ? NtePath(services.storage, program.DataPath, program.identity) : path;
+        files.Replace(nte, FormatFieldNotes({.text = running.fieldNotes}), running.stored.notes);
+      });
+  return !saved.empty();
+}
+
+void TellOfOlder(Prompter& prompter, const std::vector<std::string>& names) {
+  std::string list;
+  for (const std::string& name : names) {
+    if (!name.empty()) list += "\n" + name;
+  }
+  if (list.empty()) return;
+  prompter.Tell("There was another class of these numbers. What was there is kept as\n" + list);
 }
 
 void ForgetKept(const Services& services) {

@@ -23,6 +23,7 @@
 #include "store/recovery_file.h"
 #include "store/remembered_folders.h"
 #include "store/session_log.h"
+#include "store/storage.h"
 
 namespace orvex {
 namespace {
@@ -47,12 +48,11 @@ std::optional<Found> Read(const fs::path& path, std::string& causes) {
   return std::nullopt;
 }
 
-/// The classes kept at `paths`, but for those that run in another Orvex.
+/// The classes kept at `paths`, as far as they can be read.
 std::vector<Found> ReadAll(const Services& services, const std::vector<fs::path>& paths) {
   std::vector<Found> all;
   std::string causes;
   for (const fs::path& path : paths) {
-    if (IsClaimed(path)) continue;
     if (auto found = Read(path, causes)) all.push_back(*std::move(found));
   }
   if (!causes.empty()) {
@@ -60,6 +60,44 @@ std::vector<Found> ReadAll(const Services& services, const std::vector<fs::path>
                            causes);
   }
   return all;
+}
+
+/// What is kept of the same class as `found` under the numbers that it has got since.
+const Found* LaterTwin(const std::vector<Found>& all, const Found& found) {
+  const auto twin = std::ranges::find_if(all, [&](const Found& other) {
+    return !found.kept.running.token.empty() &&
+           other.kept.running.token == found.kept.running.token &&
+           other.kept.number > found.kept.number &&
+           DataFolderOf(other.path) == DataFolderOf(found.path);
+  });
+  return twin == all.end() ? nullptr : &*twin;
+}
+
+/// Removes what is kept at `path` of a class that is kept as `later`, too. Its log, if it has not
+/// been renamed yet, goes on as that one's.
+void DropTwin(const Services& services, const fs::path& path, const fs::path& later) {
+  const auto log = [](fs::path kept) { return kept.replace_extension(".bak"); };
+  std::error_code unknown;
+  if (fs::exists(log(path), unknown) && !fs::exists(log(later), unknown)) {
+    services.storage.Rename(log(path).c_str(), log(later).c_str());
+  }
+  for (const fs::path& file : FilesKeptAt(path)) services.storage.Unlink(file.c_str());
+  SyncFolder(services.storage, path.parent_path());
+}
+
+/// A program that was ended while it renamed a class leaves the class twice: the newer one stays.
+void DropTwins(const Services& services, std::vector<Found>& all) {
+  const std::vector<Found> found = all;
+  std::erase_if(all, [&](const Found& one) {
+    const Found* later = LaterTwin(found, one);
+    if (later && !IsClaimed(one.path)) DropTwin(services, one.path, later->path);
+    return later || IsClaimed(one.path);
+  });
+  // The one that stays bears the number that its log has now.
+  for (Found& one : all) {
+    std::string causes;
+    if (auto again = Read(one.path, causes)) one = *std::move(again);
+  }
 }
 
 /// Where classes may be kept: the data folder comes first, and none twice.
@@ -119,24 +157,15 @@ UnfinishedItem ItemOf(const Services& services, const Found& found) {
           .question = Question(services, found, what)};
 }
 
-/// True when the log has the numbers of the header already and the recovery file has not.
-bool WasJustRenamed(const KeptClass& kept, const fs::path& path) {
-  std::error_code unknown;
-  return !fs::exists(fs::path(path).replace_extension(".bak"), unknown) &&
-         fs::exists(BakPath(DataFolderOf(path), kept.program.identity), unknown);
-}
-
 /// Opens what a running class needs. Throws FileError; the class is then kept as it was.
 void ReopenFiles(const Services& services, const KeptClass& kept, const fs::path& path) {
   services.recovery.GoOn(path, kept.number);
   if (kept.program.QuitRequested) return;  // its log is complete
   try {
-    fs::path place = path;
-    if (WasJustRenamed(kept, path)) {
-      place = RecoveryPath(DataFolderOf(path), kept.program.identity);
-    }
-    services.recovery.MoveTo(place);
-    services.log.File().GoOn(place.replace_extension(".bak"));
+    // It may just have been renamed: what is kept then follows the log.
+    const fs::path folder = DataFolderOf(path);
+    services.recovery.MoveTo(RecoveryPath(folder, kept.program.identity));
+    services.log.File().GoOn(BakPath(folder, kept.program.identity));
   } catch (const FileError&) {
     services.recovery.Leave();
     throw;
@@ -168,24 +197,32 @@ Unfinished Offered(const Services& services, const Found& found) {
           .close = [services, found] { CloseKeptClass(services, found.kept, found.path); }};
 }
 
-std::vector<Unfinished> OfferedOf(const Services& services, const std::vector<fs::path>& paths) {
-  std::vector<Unfinished> offered;
-  for (const Found& found : ReadAll(services, paths)) offered.push_back(Offered(services, found));
-  return offered;
+std::vector<Found> FindClasses(const Services& services, const std::vector<fs::path>& folders) {
+  std::vector<fs::path> paths;
+  for (const fs::path& folder : folders) {
+    for (fs::path& path : KeptPaths(BakFolder(folder))) paths.push_back(std::move(path));
+  }
+  std::vector<Found> all = ReadAll(services, paths);
+  DropTwins(services, all);
+  return all;
 }
 
 }  // namespace
 
 std::vector<Unfinished> UnendedClassAt(const Services& services, const fs::path& path) {
-  return IsKeptAt(path) ? OfferedOf(services, {path}) : std::vector<Unfinished>{};
+  std::vector<Unfinished> offered;
+  for (const Found& found : FindClasses(services, {DataFolderOf(path)})) {
+    if (found.path == path) offered.push_back(Offered(services, found));
+  }
+  return offered;
 }
 
 std::vector<Unfinished> UnendedClasses(const Services& services) {
-  std::vector<fs::path> paths;
-  for (const fs::path& folder : FoldersToLookIn(services)) {
-    for (fs::path& path : KeptPaths(BakFolder(folder))) paths.push_back(std::move(path));
+  std::vector<Unfinished> offered;
+  for (const Found& found : FindClasses(services, FoldersToLookIn(services))) {
+    offered.push_back(Offered(services, found));
   }
-  return OfferedOf(services, paths);
+  return offered;
 }
 
 }  // namespace orvex

@@ -117,7 +117,7 @@ void FileReplacement::Write(std::string_view bytes) {
   Require(WriteAll(storage_, descriptor_, bytes) == bytes.size());
 }
 
-void FileReplacement::Commit() {
+void FileReplacement::BringToDisk() {
   if (exists_) Require(TakeOver(storage_, descriptor_, made_, old_));
   // A stick's file system has one mode for all files and refuses to be given it.
   const mode_t wanted = (exists_ ? old_.st_mode : made_.st_mode) & kModeBits;
@@ -125,6 +125,10 @@ void FileReplacement::Commit() {
   Require(Uninterrupted([&] { return storage_.Sync(descriptor_); }) == 0);
   // An interrupted close has closed the file, and the data is on the disk by then.
   Require(storage_.Close(std::exchange(descriptor_, -1)) == 0 || errno == EINTR);
+}
+
+void FileReplacement::Commit() {
+  if (descriptor_ >= 0) BringToDisk();
   Require(storage_.Rename(temporary_.c_str(), target_.c_str()) == 0);
   temporary_.clear();
   // From here on the new content is in place, but a power cut might still bring the old one back.

@@ -34,9 +34,13 @@ class FileReplacement {
   FileReplacement& operator=(const FileReplacement&) = delete;
 
   void Write(std::string_view bytes);
+  /// All of the content is on the disk then, still in its own file.
+  void BringToDisk();
   void Commit();
   /// Where the file lies, links followed.
   std::filesystem::path Folder() const { return target_.parent_path(); }
+  /// What it takes the place of: `path`, its links followed.
+  const std::filesystem::path& Target() const { return target_; }
 
  private:
   void Require(bool done) const;

@@ -20,15 +20,6 @@ namespace fs = std::filesystem;
 constexpr std::string_view kSeal = "seal=";
 constexpr std::string_view kLineEnd = "\r\n";
 
-/// FNV-1a: every step can be undone, so that no change of a single byte goes unseen.
-std::uint64_t Checksum(std::string_view bytes) {
-  std::uint64_t sum = 0xcbf29ce484222325U;
-  for (const char byte : bytes) {
-    sum = (sum ^ static_cast<unsigned char>(byte)) * 0x100000001b3U;
-  }
-  return sum;
-}
-
 /// The path that a file on its way to its place will have there.
 fs::path PlaceOf(const fs::path& file) {
   const std::string number = file.extension().string();
@@ -49,6 +40,15 @@ std::vector<fs::path> EntriesOf(const fs::path& folder) {
 }
 
 }  // namespace
+
+std::uint64_t Checksum(std::string_view bytes) {
+  // FNV-1a: every step can be undone.
+  std::uint64_t sum = 0xcbf29ce484222325U;
+  for (const char byte : bytes) {
+    sum = (sum ^ static_cast<unsigned char>(byte)) * 0x100000001b3U;
+  }
+  return sum;
+}
 
 std::string Sealed(std::string content, std::uint64_t number) {
   content += kSeal;

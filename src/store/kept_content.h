@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvex {
@@ -16,6 +17,8 @@ struct KeptContent {
   std::uint64_t number = 0;  ///< counts up with every content of a class
 };
 
+/// A number that tells contents apart: no change of a single byte goes unseen.
+std::uint64_t Checksum(std::string_view bytes);
 /// `content` as it stands in a file: sealed with its number and a checksum.
 std::string Sealed(std::string content, std::uint64_t number);
 /// The way back. Throws FormatError when the seal is missing or broken.

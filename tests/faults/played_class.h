@@ -66,7 +66,12 @@ class PlayedClass {
   }
 
   /// The class as it stands, in the words in which it is kept.
-  std::string State() const { return live_ ? FormatRunning(program_, live_->Running()) : ""; }
+  std::string State() const { return live_ ? StateOf(program_, live_->Running()) : ""; }
+  /// The same of any class, without what no two classes have in common.
+  static std::string StateOf(const Program& program, RunningClass running) {
+    running.token.clear();
+    return FormatRunning(program, running);
+  }
   std::string LogText() const {
     return log_.File().Path().empty() ? "" : FileBytes(log_.File().Path());
   }

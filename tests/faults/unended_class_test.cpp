@@ -12,6 +12,7 @@
 #include "observe/kept_class.h"
 #include "store/eps_file.h"
 #include "store/kept_content.h"
+#include "store/older_file.h"
 #include "store/remembered_folders.h"
 #include "store/storage.h"
 #include "support/desk.h"
@@ -139,28 +140,25 @@ TEST(UnendedClass, IsOfferedWhereverItLiesAndSeveralInOneList) {
   EXPECT_EQ(desk.program.DataPath, stick.Path()) << "and gone on with there";
 }
 
-TEST(UnendedClass, IsClosedAsItStandsAndReplacesNothingUnasked) {
+TEST(UnendedClass, IsClosedAsItStandsAndReplacesNothing) {
   Desk desk;
   const auto eps = desk.folder / "EPS/7/12/7-12-3.eps";
   const auto kept = desk.folder / "BAK/7/12/7-12-3.recovery";
   PlayAndCrash(desk.folder.Path(), 15);
   const auto notes = desk.folder / "NTE/7/12/7-12-3.nte";
   const auto survey = desk.folder / "SUR/7/12/7-12-3.sur";
-  PutFile(notes, "older notes");
+  PutOldFile(notes, "older notes");
   PutFile(survey, "an older survey");
-  const std::string offer =
+  const std::string older = OlderName(notes);
+  desk.prompter.Expect(
       "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
-      "It was observed from 09:00:00 to 09:01:00: 1 episode, 3 questions.";
-  desk.prompter.Expect(offer, Answer::no);
-  desk.prompter.Expect("Files of this class already exist.", Answer::cancel);
+      "It was observed from 09:00:00 to 09:01:00: 1 episode, 3 questions.",
+      Answer::no);
+  desk.prompter.Expect(
+      "There was another class of these numbers. What was there is kept as\n\n" + older,
+      Answer::ok);
   OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
-  EXPECT_EQ(desk.prompter.asked.back().defaultAnswer, Answer::cancel);
-  EXPECT_EQ(FileBytes(notes), "older notes");
-  EXPECT_TRUE(fs::exists(kept));
-
-  desk.prompter.Expect(offer, Answer::no);
-  desk.prompter.Expect("Files of this class already exist.", Answer::yes);
-  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
+  EXPECT_EQ(FileBytes(notes.parent_path() / older), "older notes");
   EXPECT_FALSE(fs::exists(kept));
   const Episode episode = EpisodesIn(eps).at(0);
   ASSERT_EQ(episode.segments.size(), 3U);
@@ -225,6 +223,30 @@ TEST(UnendedClass, ThatWasJustRenamedKeepsItsLog) {
   EXPECT_TRUE(FileBytes(bak / "7-12-4.bak").starts_with(log));
   EXPECT_FALSE(fs::exists(bak / "7-12-3.bak"));
   EXPECT_EQ(KeptPaths(desk.folder / "BAK"), std::vector{bak / "7-12-4.recovery"});
+}
+
+TEST(UnendedClass, ThatWasKilledWhileItWasRenamedIsOne) {
+  Desk desk;
+  const auto bak = desk.folder / "BAK/7/12";
+  PlayAndCrash(desk.folder.Path(), 24);
+  // What was kept under the old number is still there, and the log has one name or the other.
+  KeptClass old = ReadKeptClass(bak / "7-12-4.recovery");
+  old.program.Episodes.resize(1);
+  old.running.curEpisode = 1;
+  old.running.curSegment = static_cast<int>(old.program.Episodes[0].segments.size()) + 1;
+  for (const char* logged : {"7-12-4.bak", "7-12-3.bak"}) {
+    if (!fs::exists(bak / logged)) fs::rename(bak / "7-12-4.bak", bak / logged);
+    PutFile(
+        bak / "7-12-3.recovery",
+        Sealed(FormatMoment(old.moment) + FormatRunning(old.program, old.running), old.number - 1));
+    desk.prompter.Expect(
+        "Class 7-12-4 of 03-14-2001 was not ended.\n\n"
+        "It was observed from 09:00:00 to 09:01:36: 2 episodes, 3 questions.",
+        Answer::cancel);
+    OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
+    EXPECT_EQ(KeptPaths(desk.folder / "BAK"), std::vector{bak / "7-12-4.recovery"});
+    EXPECT_TRUE(fs::exists(bak / "7-12-4.bak"));
+  }
 }
 
 TEST(UnendedClass, KeepsNotesThatWereTakenBeforeAnythingElse) {

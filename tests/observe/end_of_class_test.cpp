@@ -8,6 +8,7 @@
 #include "observe/kept_class.h"
 #include "observe/live_observation.h"
 #include "store/kept_content.h"
+#include "store/older_file.h"
 #include "support/desk.h"
 #include "support/save_faults.h"
 
@@ -157,10 +158,66 @@ TEST_F(EndOfClassTest, AClassStoredElsewhereHasItsNotesAndItsSurveyThere) {
   EXPECT_EQ(FileBytes(stick / "taken.nte"), "another class");
 }
 
+TEST_F(EndOfClassTest, AnotherClassOfTheSameNumbersKeepsItsFiles) {
+  TeachOneSegment();
+  const auto eps = desk.folder / "EPS/7/12/7-12-3.eps";
+  const auto nte = desk.folder / "NTE/7/12/7-12-3.nte";
+  test::PutOldFile(eps, "another class");
+  test::PutFile(nte, "\r\n");  // of no matter: it holds the same
+  std::filesystem::create_directories(desk.folder / "SUR/7/12/7-12-3.sur");
+  // What is half typed in a box is no number of the class.
+  live.TypeHeader(HeaderBox::observNum, "4");
+  test::PutFile(desk.folder / "BAK/7/12/7-12-4.bak", "a third class");
+  desk.prompter.Expect("7-12-4.bak already exists. Overwrite it?", Answer::cancel);
+  live.cmdQuit_Click();
+  EXPECT_EQ(live.TakeFocus()->control.box, HeaderBox::observNum);
+  EXPECT_FALSE(std::filesystem::exists(desk.folder / "EPS/7/12/7-12-4.eps"));
+  live.TypeHeader(HeaderBox::observNum, "3");
+
+  std::string older = OlderName(eps);
+  EXPECT_TRUE(older.starts_with("7-12-3 2") && older.ends_with(".eps")) << older;
+  test::PutFile(eps.parent_path() / older, "a class of the same minute");
+  older = OlderName(eps);
+  EXPECT_TRUE(older.ends_with(" 2.eps")) << older;
+  const std::string kept =
+      "There was another class of these numbers. What was there is kept as\n\n";
+  desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
+  desk.prompter.Expect(kept + older, Answer::ok);
+  desk.prompter.Expect(kFinished, Answer::no);
+  live.cmdQuit_Click();
+  EXPECT_EQ(FileBytes(eps.parent_path() / older), "another class");
+  EXPECT_NE(FileBytes(eps).find(" 3 , 600 "), std::string::npos);
+}
+
+TEST_F(EndOfClassTest, ItsOwnFilesAreReplacedUnlessTheyWereEditedSince) {
+  TeachOneSegment();
+  const auto eps = desk.folder / "EPS/7/12/7-12-3.eps";
+  test::PutFile(desk.folder / "NTE", "in the way of a folder");
+  for (const char* edited : {"", "edited"}) {
+    desk.clock.Advance(60);
+    if (*edited != '\0') test::PutFile(eps, edited);
+    desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
+    desk.prompter.Expect(kNotWritten, Answer::cancel);
+    if (*edited != '\0') {
+      desk.prompter.Expect(
+          "There was another class of these numbers. What was there is kept as\n\n" +
+              OlderName(eps),
+          Answer::ok);
+    }
+    live.cmdQuit_Click();
+    if (*edited != '\0') continue;
+    desk.clock.Advance(60);
+    desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
+    desk.prompter.Expect(kNotWritten, Answer::cancel);
+    live.cmdQuit_Click();
+    EXPECT_NE(FileBytes(eps).find(" 3 , 720 "), std::string::npos);
+  }
+}
+
 struct ClassScene : test::SaveScene {
   explicit ClassScene(bool older) {
     for (const char* file : {"EPS/7/12/7-12-3.eps", "NTE/7/12/7-12-3.nte", "SUR/7/12/7-12-3.sur"}) {
-      if (older) test::PutFile(desk.folder / file, "the old file");
+      if (older) test::PutOldFile(desk.folder / file, "the old file");
     }
     prompter.typed = "a note";
     live.KeyInDescription();
@@ -189,7 +246,7 @@ TEST(EndOfClass, IsStoredWholeOrToldOf) {
 /// A class that was not ended and is closed as it stands.
 struct KeptScene : test::SaveScene {
   explicit KeptScene(bool older) {
-    if (older) test::PutFile(desk.folder / "EPS/7/12/7-12-3.eps", "the old file");
+    if (older) test::PutOldFile(desk.folder / "EPS/7/12/7-12-3.eps", "the old file");
     kept.program.identity = {"AB", "7", "12", "3", "25"};
     kept.program.Episodes.emplace_back().Descript = "Poems";
     kept.running.curActivity = "3";

@@ -33,6 +33,9 @@ KeptClass EveryField() {
   kept.program.Episodes.back().segments.push_back({17, 1, "", 3, -1, -1, -1, -1, -1});
 
   RunningClass& running = kept.running;
+  running.token = "a-b";
+  running.typedNumbers = {"8", std::nullopt, "1"};
+  running.stored = {7, 8, 18446744073709551615U};
   running.curEpisode = 2;
   running.curSegment = 4;
   running.episodeStart = 32400.5F;
@@ -97,8 +100,9 @@ TEST(KeptClass, ComesBackInEveryField) {
   const std::string empty = Content(KeptClass{});
   std::size_t differing = 0;
   for (const std::string line :
-       {"date=", "time=", "clock=", "QuitRequested=", "running=", "state=", "schedule=", "panels=",
-        "coding=", "draftQuestion=", "other=", "visible=", "questionsBefore=", "notesOpen="}) {
+       {"token=", "stored=", "date=", "time=", "clock=", "QuitRequested=", "running=", "state=",
+        "schedule=", "panels=", "coding=", "draftQuestion=", "other=", "visible=",
+        "questionsBefore=", "notesOpen="}) {
     const auto of = [&line](const std::string& text) {
       const std::size_t at = text.find("\n" + line);
       return text.substr(at, text.find('\r', at) - at);
@@ -106,7 +110,7 @@ TEST(KeptClass, ComesBackInEveryField) {
     EXPECT_NE(of(content), of(empty)) << line;
     ++differing;
   }
-  EXPECT_EQ(differing, 14U);
+  EXPECT_EQ(differing, 16U);
 }
 
 TEST(KeptClass, IsRefusedWhereItBreaksOrCannotHaveRunSo) {
@@ -151,6 +155,19 @@ TEST(KeptClass, TakesItsNumbersFromItsFileWhileTheyAreBeingCorrected) {
   const KeptClass back = ReadKeptClass(folder / "7-12-3.recovery");
   EXPECT_EQ(back.program.identity.ClassId(), "7-12-3");
   EXPECT_EQ(back.number, 5U);
+}
+
+TEST(KeptClass, HasTheNumbersOfItsLogWhateverIsBeingTyped) {
+  const TestFolder folder;
+  KeptClass kept = EveryField();
+  kept.running.typedNumbers = {std::nullopt, std::nullopt, "1"};
+  const auto path = folder / "BAK/7/12/7-12-3.recovery";
+  PutFile(path, Sealed(Content(kept), 5));
+  PutFile(folder / "BAK/7/12/7-12-1.bak", "renamed just now");
+  EXPECT_EQ(ReadKeptClass(path).program.identity.ClassId(), "7-12-1");
+  PutFile(folder / "BAK/7/12/7-12-3.bak", "its log");
+  EXPECT_EQ(ReadKeptClass(path).program.identity.ClassId(), "7-12-3");
+  EXPECT_EQ(ReadKeptClass(path).running.typedNumbers[2], "1");
 }
 
 }  // namespace

@@ -24,9 +24,10 @@ struct HeaderTest : testing::Test {
   std::filesystem::path Log(const std::string& name) { return desk.folder / ("BAK/" + name); }
 
   test::Desk desk;
+  TypedNumbers typed;
   ObservationHeader header = [this] {
     desk.OpenLog();
-    return ObservationHeader(desk.services);
+    return ObservationHeader(desk.services, typed);
   }();
 };
 
@@ -56,14 +57,20 @@ TEST_F(HeaderTest, AnExistingLogIsOverwrittenOnlyOnRequest) {
   EXPECT_TRUE(header.Leave(schoolNum));
 
   desk.prompter.Expect("7-12-9.bak already exists. Overwrite it?", Answer::cancel);
-  EXPECT_TRUE(Change(observNum, "9"));
+  EXPECT_FALSE(Change(observNum, "9")) << "the box asks until it agrees with the log";
   EXPECT_EQ(header.Text(observNum), "9");
+  EXPECT_EQ(desk.program.identity.ClassId(), "7-12-3") << "what is typed is no number yet";
   EXPECT_EQ(FileBytes(Log("7/12/7-12-9.bak")), "another class");
   EXPECT_EQ(desk.log.File().Path(), Log("7/12/7-12-3.bak"));
   EXPECT_TRUE(Change(classNum, "12")) << "a declined number holds up no other box";
   desk.prompter.Expect("7-12-9.bak already exists. Overwrite it?", Answer::ok);
   EXPECT_TRUE(Change(observNum, "9"));
   EXPECT_EQ(FileBytes(Log("7/12/7-12-9.bak")), "\r\n");
+  EXPECT_EQ(desk.program.identity.ClassId(), "7-12-9");
+  const std::string& details = desk.prompter.asked.back().details;
+  const std::size_t name = details.find("7-12-9 ");
+  EXPECT_EQ(FileBytes(Log("7/12/" + details.substr(name, details.size() - name - 2))),
+            "another class");
   EXPECT_EQ(desk.prompter.asked.back().buttons, Buttons::okCancel);
 }
 

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -42,6 +43,13 @@ inline std::string FileBytes(const std::filesystem::path& path) {
 inline void PutFile(const std::filesystem::path& path, std::string_view bytes) {
   std::filesystem::create_directories(path.parent_path());
   std::ofstream(path, std::ios::binary) << bytes;
+}
+
+/// The same for a file that has lain there since a known moment.
+inline void PutOldFile(const std::filesystem::path& path, std::string_view bytes) {
+  PutFile(path, bytes);
+  constexpr auto kMoment = std::filesystem::file_time_type(std::chrono::hours(-24 * 365));
+  std::filesystem::last_write_time(path, kMoment);
 }
 
 inline std::filesystem::path TestData(std::string_view name) {

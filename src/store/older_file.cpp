@@ -1,0 +1,72 @@
+#include "store/older_file.h"
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <ctime>
+#include <system_error>
+
+#include "store/durable_file.h"
+#include "store/file_error.h"
+#include "store/storage.h"
+
+namespace orvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// "2026-03-02 0945", by the clock on the wall; "" for a file that cannot be asked.
+std::string TimeOfLastChange(const fs::path& path) {
+  struct stat status = {};
+  std::tm local = {};
+  if (::stat(path.c_str(), &status) != 0 || !::localtime_r(&status.st_mtime, &local)) return "";
+  char text[32];
+  return {text, std::strftime(text, sizeof text, " %Y-%m-%d %H%M", &local)};
+}
+
+bool IsThere(const fs::path& path) {
+  std::error_code unreadable;
+  return fs::exists(fs::symlink_status(path, unreadable));
+}
+
+}  // namespace
+
+std::string OlderName(const fs::path& path) {
+  const std::string stem = path.stem().string() + TimeOfLastChange(path);
+  const std::string extension = path.extension().string();
+  std::string name = stem + extension;
+  for (int number = 2; IsThere(path.parent_path() / name); ++number) {
+    name = stem + " " + std::to_string(number) + extension;
+  }
+  return name;
+}
+
+std::string KeepOlder(Storage& storage, const fs::path& path) {
+  std::error_code unreadable;
+  if (!fs::is_regular_file(path, unreadable)) return "";
+  std::string name = OlderName(path);
+  const fs::path older = path.parent_path() / name;
+  if (storage.Rename(path.c_str(), older.c_str()) != 0) throw FileError(path, errno);
+  return name;
+}
+
+std::string ReplaceKeepingOlder(Storage& storage, const fs::path& path, std::string_view bytes) {
+  FileReplacement file(storage, path);
+  file.Write(bytes);
+  file.BringToDisk();
+  std::string name = KeepOlder(storage, file.Target());
+  try {
+    // A power cut must not bring the second change without the first.
+    if (!name.empty() && SyncFolder(storage, file.Folder()) != 0) throw FileError(path, errno);
+    file.Commit();
+  } catch (const FileError&) {
+    const fs::path older = file.Folder() / name;
+    if (!name.empty() && !IsThere(file.Target())) {
+      storage.Rename(older.c_str(), file.Target().c_str());
+    }
+    throw;
+  }
+  return name;
+}
+
+}  // namespace orvex

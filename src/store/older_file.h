@@ -1,0 +1,26 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace orvex {
+
+class Storage;
+
+/// The name that a file gets when another takes its place: its own with the time of its last
+/// change, "5-12-3 2026-03-02 0945.eps"; with a number behind that while such a name is taken.
+std::string OlderName(const std::filesystem::path& path);
+
+/// Renames the regular file at `path`, if there is one, to its OlderName beside it. Returns the new
+/// name;
+/// "" when there is no file. Throws FileError; the file then has the name it had. That the name
+/// reaches the disk is left to whoever puts another file there.
+std::string KeepOlder(Storage& storage, const std::filesystem::path& path);
+
+/// Replaces a file as ReplaceFile does, but keeps what was there beside it. Returns the name that
+/// it got, or "". When it fails, the older file has its place again, or else its new name.
+std::string ReplaceKeepingOlder(Storage& storage, const std::filesystem::path& path,
+                                std::string_view bytes);
+
+}  // namespace orvex
