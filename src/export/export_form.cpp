@@ -4,7 +4,6 @@
 
 #include "export/console.h"
 #include "model/counted.h"
-#include "model/program.h"
 #include "model/prompter.h"
 #include "model/screens.h"
 #include "store/choose_file.h"
@@ -20,9 +19,9 @@ constexpr const char* kTxtFilter = "TXT files (*.TXT)|*.TXT";
 }  // namespace
 
 std::filesystem::path ChooseListFile(const Services& services, ExportKind kind) {
-  services.program.DataPath =
-      kind == ExportKind::epsData ? R"(n:\disc\varnel\eps)" : R"(n:\disc\varnel\sur)";
-  return ChooseFile(services, kTxtFilter);
+  return ChooseFile(
+      services, kTxtFilter,
+      kind == ExportKind::epsData ? R"(n:\disc\varnel\eps)" : R"(n:\disc\varnel\sur)");
 }
 
 void ExportChosenList(const Services& services, ExportKind kind) {

@@ -6,11 +6,14 @@
 #include "model/program.h"
 #include "model/prompter.h"
 #include "model/screens.h"
+#include "observe/store_class.h"
 #include "observe/unended_class.h"
 #include "store/claim.h"
+#include "store/data_folder.h"
 #include "store/file_error.h"
 #include "store/kept_content.h"
 #include "store/numbers.h"
+#include "store/older_file.h"
 #include "store/paths.h"
 #include "store/recovery_file.h"
 #include "store/remembered_folders.h"
@@ -39,6 +42,7 @@ SetUp::Control ControlOf(HeaderBox box) {
 
 SetUp::SetUp(const Services& services) : services_(services), identity_(services.program.identity) {
   identity_ = {};
+  dataFolder_ = DataFolderText(services_);
 }
 
 const std::string& SetUp::Text(HeaderBox box) const {
@@ -98,7 +102,9 @@ void SetUp::CheckForEpisodeFile() {
   std::error_code unreadable;
   const bool exists =
       std::filesystem::exists(EpsPathToLookFor(services_.program.DataPath, identity_), unreadable);
-  warning_ = exists ? "WARNING: " + identity_.ClassId() + ".eps already exits!" : "";
+  warning_ = exists ? "WARNING: " + identity_.ClassId() +
+                          ".eps already exits!\nIt is kept under the time of its last change."
+                    : "";
 }
 
 /// True when a class of these numbers was not ended: that one is offered instead of a new one,
@@ -116,17 +122,22 @@ bool SetUp::OfferUnended() {
 void SetUp::Start() {
   if (!CanStart()) return;
   NormaliseNumbers(identity_);
-  if (OfferUnended()) return;
+  const bool settled = SettleDataFolder(services_, false);
+  dataFolder_ = DataFolderText(services_);
+  if (!settled || OfferUnended()) return;
   const std::filesystem::path logPath = BakPath(services_.program.DataPath, identity_);
+  std::string older;
   try {
     MakeBakFolders(services_.storage, services_.program.DataPath, identity_);
     services_.recovery.Begin(RecoveryPath(services_.program.DataPath, identity_));
+    older = KeepOlder(services_.storage, logPath);
     services_.log.File().Open(logPath);
   } catch (const FileError& error) {
     services_.recovery.Leave();
     services_.prompter.Tell("The session log could not be opened.", error.what());
     return;
   }
+  TellOfOlder(services_.prompter, {older});
   remembering_ = std::async(std::launch::async, RememberFolder, std::ref(services_.storage),
                             services_.programFolder, services_.program.DataPath);
   services_.log.LogOn(logPath.filename().string(), identity_.Initials, identity_.NumStudents);

@@ -23,6 +23,8 @@ class SetUp {
   void Type(HeaderBox box, const std::string& text);
   /// That an episode file of this name is there already; "" when it is not.
   const std::string& Warning() const { return warning_; }
+  /// In which folder the class goes.
+  const std::string& DataFolder() const { return dataFolder_; }
   /// True when the four numbers are numbers and at least one student is present.
   bool CanStart() const;
 
@@ -34,8 +36,8 @@ class SetUp {
   /// result is then false.
   bool Leave(HeaderBox box);
   void Reset();
-  /// Opens the log and the live observation. When the log cannot be opened the user is told, and
-  /// the form stays.
+  /// Opens the log and the live observation, once there is a data folder. When the log cannot be
+  /// opened the user is told, and the form stays.
   void Start();
 
   std::optional<Focus::Target> TakeFocus() { return focus_.Take(); }
@@ -48,6 +50,7 @@ class SetUp {
   Services services_;
   Identity& identity_;
   std::string warning_;
+  std::string dataFolder_;
   Focus focus_;
   std::future<void> remembering_;  ///< while the folder of the class is brought to the disk
 };

@@ -1,6 +1,8 @@
 #include "start/main_menu.h"
 
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 #include "model/clock.h"
 #include "model/program.h"
@@ -8,7 +10,8 @@
 #include "model/screens.h"
 #include "model/version.h"
 #include "start/field_notes_file.h"
-#include "start/start_up.h"
+#include "store/data_folder.h"
+#include "store/file_error.h"
 #include "store/options_file.h"
 #include "store/save_file.h"
 #include "store/text_encoding.h"
@@ -31,7 +34,12 @@ void MainMenu::Tick() {
   timeText_ = services_.clock.TimeText();
 }
 
+std::string MainMenu::DataFolder() const {
+  return DataFolderText(services_);
+}
+
 void MainMenu::NewObservation() {
+  if (!SettleDataFolder(services_, true)) return;
   services_.screens.Show(Screen::setUp);
   services_.screens.Close(Screen::mainMenu);
 }
@@ -40,14 +48,38 @@ void MainMenu::Matrices() {
   ChooseSurveyFile(services_);
 }
 
+/// False, when the user wants another folder than this one, which is not there.
+bool MainMenu::IsWanted(const std::string& folder) {
+  std::error_code unreadable;
+  if (std::filesystem::is_directory(folder, unreadable)) return true;
+  const Answer answer = services_.prompter.Ask(
+      {.text = "There is no folder " + folder + ".",
+       .buttons = Buttons::yesNoCancel,
+       .defaultAnswer = Answer::yes,
+       .captions = {{Answer::yes, "&Make it"}, {Answer::no, "&Use it all the same"}}});
+  if (answer != Answer::yes) return answer == Answer::no;
+  try {
+    EnsureFolders(services_.storage, folder);
+    return true;
+  } catch (const FileError& error) {
+    services_.prompter.Tell("The folder could not be made.", error.what());
+    return false;
+  }
+}
+
 void MainMenu::ChangeDataPath() {
-  const std::optional<std::string> answer = services_.prompter.AskText(
-      {.text = "Enter a new path",
-       .title = "Default path",
-       .defaultText =
-           StoredDataPath(services_.programFolder).value_or(services_.program.DataPath.string())});
-  if (!answer || answer->empty()) return;
-  const std::string folder = OneLine(*answer);
+  TextPrompt prompt = {
+      .text = "Enter a new path",
+      .title = "Default path",
+      .defaultText =
+          StoredDataPath(services_.programFolder).value_or(services_.program.DataPath.string()),
+      .isFolder = true};
+  std::string& folder = prompt.defaultText;
+  do {
+    const std::optional<std::string> answer = services_.prompter.AskText(prompt);
+    if (!answer || answer->empty()) return;
+    folder = OneLine(*answer);
+  } while (!IsWanted(folder));
   services_.program.DataPath = folder;
   SaveFile(services_.prompter,
            {.failure = "The data folder could not be stored.",

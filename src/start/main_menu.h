@@ -18,20 +18,26 @@ class MainMenu {
   std::string Copyright() const { return "Copyright \u00A9 2026 The Orvex developers"; }
   const std::string& DateText() const { return dateText_; }
   const std::string& TimeText() const { return timeText_; }
+  /// In which folder the next class goes.
+  std::string DataFolder() const;
 
   /// Once a second.
   void Tick();
 
+  /// Shows the set-up form, once it is settled in which folder the class goes.
   void NewObservation();
   /// Edits a survey file.
   void Matrices();
-  /// Asks for another data folder and remembers it for the next start.
+  /// Asks for another data folder and remembers it for the next start. One that is not there is
+  /// told, and can be made.
   void ChangeDataPath();
   /// Lets the user choose a field-notes file and edit it.
   void EditFieldNotes();
   void Cancel();
 
  private:
+  bool IsWanted(const std::string& folder);
+
   Services services_;
   std::string dateText_;
   std::string timeText_;

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
-#include <string>
 
 #include "model/program.h"
 
@@ -20,10 +18,6 @@ struct Installation {
 /// The folder of the options file, and the data folder as long as no other is chosen: the
 /// executable's folder or, where that cannot be written, the user's, which is made.
 std::filesystem::path ProgramFolder(Storage& storage, const Installation& installation);
-
-/// The folder that the options file names, as it is written there; nothing when there is no such
-/// folder.
-std::optional<std::string> StoredDataPath(const std::filesystem::path& programFolder);
 
 /// Settles the data folder: the one the options file names where there is such a folder, otherwise
 /// the program folder. No class has been ended yet.

@@ -6,9 +6,13 @@
 namespace orvex {
 
 std::filesystem::path ChooseFile(const Services& services, const std::string& filter) {
-  const ChosenFile chosen =
-      services.prompter.AskFile({.folder = services.program.DataPath, .filter = filter});
-  if (!chosen.folder.empty()) services.program.DataPath = chosen.folder;
+  return ChooseFile(services, filter, services.program.DataPath);
+}
+
+std::filesystem::path ChooseFile(const Services& services, const std::string& filter,
+                                 const std::filesystem::path& folder) {
+  const ChosenFile chosen = services.prompter.AskFile({.folder = folder, .filter = filter});
+  if (!chosen.path.empty()) services.program.DataPath = chosen.folder;
   return chosen.path;
 }
 

@@ -76,6 +76,7 @@ void frmInput1::Start() {
 void frmInput1::Refresh() {
   for (const Box& box : boxes_) ShowText(box.edit, setUp_.Text(box.name));
   ShowText(ui_->Label6, setUp_.Warning());
+  ShowText(ui_->lblDataFolder, setUp_.DataFolder());
   ui_->Command1->setEnabled(setUp_.CanStart());
   if (const auto wish = setUp_.TakeFocus()) Focus(*wish);
 }

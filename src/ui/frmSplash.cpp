@@ -69,6 +69,7 @@ void frmSplash::Refresh() {
   ShowText(ui_->lblCopyright, menu_.Copyright());
   ShowText(ui_->Label3, menu_.DateText());
   ShowText(ui_->Label2, menu_.TimeText());
+  ShowText(ui_->lblDataFolder, menu_.DataFolder());
 }
 
 }  // namespace orvex

@@ -133,6 +133,9 @@ TEST(ExportForm, StartsTheDialogWhereListsAreKept) {
   EXPECT_EQ(desk.prompter.askedFiles.back().folder, R"(n:\disc\varnel\sur)");
   EXPECT_EQ(desk.prompter.askedFiles.back().filter, "TXT files (*.TXT)|*.TXT");
   EXPECT_EQ(desk.program.DataPath, desk.folder.Path());
+  desk.prompter.ExpectFile({.path = {}, .folder = "/"});
+  ChooseListFile(desk.services, ExportKind::epsData);
+  EXPECT_EQ(desk.program.DataPath, desk.folder.Path()) << "a cancelled dialog leaves it";
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "observe/observation_header.h"
 #include "store/kept_content.h"
+#include "store/older_file.h"
 #include "support/desk.h"
 #include "support/faulty_storage.h"
 
@@ -50,7 +51,8 @@ TEST_F(SetUpTest, WarnsOfAnEpisodeFileThatIsThere) {
   test::PutFile(desk.folder / "EPS/5/12/5-12-3.eps", "");
   Fill("05", "012", "3.0", "25");
   setUp.EnterOrDown(numStudents);
-  EXPECT_EQ(setUp.Warning(), "WARNING: 5-12-3.eps already exits!");
+  EXPECT_EQ(setUp.Warning(),
+            "WARNING: 5-12-3.eps already exits!\nIt is kept under the time of its last change.");
   EXPECT_EQ(setUp.Text(schoolNum), "5");
   EXPECT_TRUE(setUp.CanStart());
 }
@@ -64,7 +66,12 @@ TEST_F(SetUpTest, AFolderThatCannotBeMadeIsToldAndTheFormStays) {
   EXPECT_NE(desk.prompter.asked.at(0).details.find((desk.folder / "BAK").string()),
             std::string::npos);
   std::filesystem::remove(desk.folder / "BAK");
-  test::PutFile(desk.folder / "BAK/7/12/7-12-3.bak", "of an earlier class");
+  const auto log = desk.folder / "BAK/7/12/7-12-3.bak";
+  test::PutOldFile(log, "of an earlier class");
+  const std::string older = OlderName(log);
+  desk.prompter.Expect(
+      "There was another class of these numbers. What was there is kept as\n\n" + older,
+      Answer::ok);
   setUp.Type(initials, "A\"B");
   setUp.Leave(initials);
   setUp.Start();
@@ -73,6 +80,20 @@ TEST_F(SetUpTest, AFolderThatCannotBeMadeIsToldAndTheFormStays) {
             "********* Orvex 4.10 BAK file *********\n"
             "7-12-3.bak     A'B     03-14-01\n"
             "LOG ON: 09:00:00     25 Students\n");
+  EXPECT_EQ(test::FileBytes(log.parent_path() / older), "of an earlier class");
+}
+
+TEST_F(SetUpTest, AsksForAnotherFolderWhenTheDataFolderHasGone) {
+  Fill("7", "12", "3", "25");
+  desk.program.DataPath = "/gone";
+  const std::string missing = "The data folder is not there:\n\n/gone";
+  desk.prompter.Expect(missing, Answer::cancel);
+  setUp.Start();
+  EXPECT_TRUE(desk.screens.Take().empty());
+  desk.prompter.Expect(missing, Answer::yes);
+  desk.prompter.ExpectFolder(desk.folder.Path());
+  setUp.Start();
+  EXPECT_EQ(desk.log.File().Path(), desk.folder / "BAK/7/12/7-12-3.bak");
 }
 
 TEST_F(SetUpTest, ASlowDiskHoldsUpNeitherTheStartNorANumberOfTheHeader) {
@@ -85,7 +106,8 @@ TEST_F(SetUpTest, ASlowDiskHoldsUpNeitherTheStartNorANumberOfTheHeader) {
   Fill("7", "12", "3", "25");
   disk.HoldSyncs(true);
   start.Start();
-  ObservationHeader header(services);
+  TypedNumbers typed;
+  ObservationHeader header(services, typed);
   recovery.Keep("the class");
   for (const char* number : {"13", "12", "14"}) {
     header.Type(classNum, number);

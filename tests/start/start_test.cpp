@@ -60,6 +60,9 @@ TEST(MainMenu, RemembersTheFolderForTheNextStart) {
   };
   for (const auto& [answer, offered, path, stored] : steps) {
     desk.prompter.ExpectText(answer);
+    if (path == "/not/there" || path == "one two") {
+      desk.prompter.Expect("There is no folder " + path + ".", Answer::no);
+    }
     menu.ChangeDataPath();
     EXPECT_EQ(desk.prompter.askedTexts.back().defaultText, offered);
     EXPECT_EQ(desk.program.DataPath, path);
@@ -67,15 +70,51 @@ TEST(MainMenu, RemembersTheFolderForTheNextStart) {
   }
 }
 
+TEST(MainMenu, SettlesTheFolderOfAClassBeforeItCanBeginAndSaysWhichItIs) {
+  test::Desk desk;
+  const fs::path stick = desk.folder / "stick/obs";
+  test::PutFile(desk.ownFolder / "options", stick.string() + "\r\n");
+  MainMenu menu(desk.services);
+  SettleDataPath(desk.program, desk.ownFolder.Path());
+  EXPECT_EQ(menu.DataFolder(), "Data folder: " + desk.ownFolder.Path().string() +
+                                   "  (not the usual one, " + stick.string() + ")");
+  const std::string missing = "The data folder is not there:\n\n" + stick.string();
+  desk.prompter.Expect(missing, Answer::cancel);
+  menu.NewObservation();
+  EXPECT_TRUE(desk.screens.Take().empty());
+
+  desk.prompter.Expect(missing, Answer::ok);
+  desk.prompter.Expect(missing, Answer::yes);
+  desk.prompter.ExpectFolder("");
+  desk.prompter.Expect(missing, Answer::no);
+  menu.NewObservation();
+  EXPECT_EQ(desk.program.DataPath, desk.ownFolder.Path());
+  desk.prompter.Expect(missing, Answer::ok, [&] { fs::create_directories(stick); });
+  menu.NewObservation();
+  EXPECT_EQ(menu.DataFolder(), "Data folder: " + stick.string());
+
+  // A folder that is typed can be made, or another one typed.
+  const std::string made = desk.folder / "a/b";
+  desk.prompter.ExpectText(stick / "file/x");
+  test::PutFile(stick / "file", "in the way");
+  desk.prompter.Expect("There is no folder " + (stick / "file/x").string() + ".", Answer::yes);
+  desk.prompter.Expect("The folder could not be made.", Answer::ok);
+  desk.prompter.ExpectText(made);
+  desk.prompter.Expect("There is no folder " + made + ".", Answer::yes);
+  menu.ChangeDataPath();
+  EXPECT_TRUE(fs::is_directory(made));
+  EXPECT_EQ(desk.prompter.askedTexts.back().defaultText, (stick / "file/x").string());
+}
+
 struct OptionsScene : test::SaveScene {
   explicit OptionsScene(bool older) {
-    prompter.typed = "/data";
+    prompter.typed = "/";
     desk.programFolder = desk.folder.Path();
     if (older) test::PutFile(desk.folder / "options", "/old\r\n");
   }
   void Save() override {
     menu.ChangeDataPath();
-    EXPECT_EQ(desk.program.DataPath, "/data");
+    EXPECT_EQ(desk.program.DataPath, "/");
   }
   MainMenu menu{services};
 };
@@ -110,8 +149,9 @@ TEST(FieldNotesFile, IsEditedAsLinesAndSpelledAsItWas) {
 
 TEST(FieldNotesFile, IsNotEditedWhenItCannotBeRead) {
   test::Desk desk;
-  desk.prompter.ExpectFile({.path = {}, .folder = desk.folder.Path()});
+  desk.prompter.ExpectFile({.path = {}, .folder = "/"});
   EditFieldNotesFile(desk.services);
+  EXPECT_EQ(desk.program.DataPath, desk.folder.Path()) << "a cancelled dialog leaves it";
   desk.prompter.ExpectFile({.path = desk.folder / "gone.nte", .folder = desk.folder.Path()});
   desk.prompter.Expect("The field notes could not be read.", Answer::ok);
   EditFieldNotesFile(desk.services);
