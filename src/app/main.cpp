@@ -19,6 +19,7 @@
 #include "store/recovery_file.h"
 #include "store/session_log.h"
 #include "store/storage.h"
+#include "ui/EndOfSession.h"
 #include "ui/Forms.h"
 #include "ui/HeldKeys.h"
 #include "ui/Logo.h"
@@ -56,8 +57,8 @@ bool ShowInForm(Program& program, Screens& screens, const std::filesystem::path&
   const std::filesystem::path path = std::filesystem::absolute(file);
   const FileKind kind = KindOf(file);
   program.DataPath = path.parent_path();  // where it is saved again
-  if (kind == FileKind::survey) return screens.ShowSurveyFile(path);
-  return screens.ShowEpisodeEditor(path);
+  if (kind == FileKind::survey) return screens.ShowSurveyFile(path, Unsaved::isOffered);
+  return screens.ShowEpisodeEditor(path, Unsaved::isOffered);
 }
 
 /// With `file` the program begins with its form.
@@ -72,6 +73,7 @@ int RunWindow(const std::filesystem::path& file) {
   Forms forms(program, log, recovery, storage, clock, prompter, programFolder);
   const Services services = {program, log,      recovery, storage,
                              clock,   prompter, forms,    programFolder};
+  const EndOfSession endOfSession([&forms] { forms.KeepAll(); }, [&forms] { forms.EndProgram(); });
   const FileKind kind = KindOf(file);
   const bool shown = HasForm(kind) && ShowInForm(program, forms, file);
   if (!shown) {
@@ -82,7 +84,8 @@ int RunWindow(const std::filesystem::path& file) {
   if (kind == FileKind::fieldNotes) {
     EditFieldNotes(services, file);
   }
-  const int code = QApplication::exec();
+  // A question before this has its own loop, and the program may have been ended in it.
+  const int code = forms.IsEnding() ? EXIT_SUCCESS : QApplication::exec();
   return HasForm(kind) && !shown ? kFailed : code;
 }
 

@@ -9,6 +9,7 @@ void EditHistory::Start(const EpisodeList& episodes, bool saved) {
   versions_.clear();
   versions_.push_back({.state = Share(episodes, {}), .step = {}});
   current_ = 0;
+  ++changes_;
   typing_.clear();
   everSaved_ = false;
   isSaved_ = false;
@@ -18,6 +19,7 @@ void EditHistory::Start(const EpisodeList& episodes, bool saved) {
 bool EditHistory::Record(const EpisodeList& episodes, EditStep step, std::string typing) {
   State state = Share(episodes, versions_[current_].state);
   if (state == versions_[current_].state) return false;
+  ++changes_;
   versions_.resize(current_ + 1);
   const bool goesOn = !typing.empty() && typing == typing_ && current_ > 0;
   typing_ = std::move(typing);
@@ -91,6 +93,7 @@ bool EditHistory::AreEqual(const State& a, const State& b) {
 
 void EditHistory::GoTo(std::size_t version, EpisodeList& episodes) {
   current_ = version;
+  ++changes_;
   typing_.clear();
   episodes.clear();
   for (const auto& episode : versions_[current_].state) episodes.push_back(*episode);

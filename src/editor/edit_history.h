@@ -30,6 +30,9 @@ class EditHistory {
   /// What is typed from here on is a step of its own.
   void EndTyping() { typing_.clear(); }
 
+  /// Counts up with every change of the state.
+  std::size_t Changes() const { return changes_; }
+
   /// The step that `Undo` or `Redo` takes next; null when there is none.
   const EditStep* NextUndo() const;
   const EditStep* NextRedo() const;
@@ -58,6 +61,7 @@ class EditHistory {
 
   std::vector<Version> versions_;
   std::size_t current_ = 0;
+  std::size_t changes_ = 0;
   State saved_;
   bool everSaved_ = false;
   bool isSaved_ = false;

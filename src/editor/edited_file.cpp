@@ -11,6 +11,7 @@
 #include "store/eps_differences.h"
 #include "store/file_error.h"
 #include "store/format_error.h"
+#include "store/kept_content.h"
 #include "store/save_file.h"
 #include "store/shown_text.h"
 
@@ -97,24 +98,46 @@ void EditedFile::RequireUnchanged(const std::string& bytes,
   throw FileChanged(path_.string());
 }
 
-Opening OpenForEditing(const Services& services, const fs::path& path) {
-  Opening opening;
+namespace {
+
+/// Tells what a save would drop of the file, or change in it.
+void TellDifferences(Prompter& prompter, const fs::path& path, const std::string& bytes,
+                     const EpsObservation& read) {
+  if (const auto message = MessageOf(DifferencesOf(bytes, read), path)) prompter.Ask(*message);
+}
+
+/// Reads the file at `path`, or takes up `changes` to it, also when it is gone.
+OpenedFile Read(const Services& services, const fs::path& path,
+                const std::optional<UnsavedChanges>& changes) {
   ReadingAloud events(services.prompter);
+  std::string bytes;
+  std::error_code unknown;
+  if (!changes || fs::exists(path, unknown)) bytes = ReadFile(path);
+  EpsObservation read = ParseEps(changes ? *changes->bytes : bytes, events);
+  TellProtection(services.prompter, path);
+  if (!changes) TellDifferences(services.prompter, path, bytes, read);
+  OpenedFile opened = {.file = {path, std::move(read.header), bytes},
+                       .episodes = std::move(read.Episodes),
+                       .repaired = events.Repaired() || changes,
+                       .keeper = std::make_unique<FileKeeper>(services, path, bytes, changes)};
+  if (changes && changes->base != Checksum(bytes)) opened.file.Distrust();
+  return opened;
+}
+
+}  // namespace
+
+Opening OpenForEditing(const Services& services, const fs::path& path, Unsaved unsaved) {
+  Opening opening;
+  const Resumption resumed = Resume(services, path, unsaved);
+  if (!resumed.isOpened) return opening;
   try {
-    const std::string bytes = ReadFile(path);
-    EpsObservation read = ParseEps(bytes, events);
-    TellProtection(services.prompter, path);
-    if (const auto message = MessageOf(DifferencesOf(bytes, read), path)) {
-      services.prompter.Ask(*message);
-    }
-    opening.opened.emplace(OpenedFile{.file = {path, std::move(read.header), bytes},
-                                      .episodes = std::move(read.Episodes),
-                                      .repaired = events.Repaired()});
+    opening.opened.emplace(Read(services, path, resumed.changes));
   } catch (const FileError& error) {
     services.prompter.Tell("The file could not be read.", error.what());
   } catch (const FormatError& error) {
-    services.prompter.Tell("Invalid file format.", Shown(path.native()) + ": " + error.what());
-    opening.programEnds = true;
+    services.prompter.Tell(resumed.changes ? kUnsavedUnreadable : "Invalid file format.",
+                           Shown(path.native()) + ": " + error.what());
+    opening.programEnds = !resumed.changes;
   } catch (const ReadingDeclined&) {
     opening.programEnds = true;
   }

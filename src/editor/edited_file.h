@@ -1,10 +1,12 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "store/eps_file.h"
+#include "store/file_keeper.h"
 #include "store/services.h"
 
 namespace orvex {
@@ -20,6 +22,10 @@ class EditedFile {
 
   const std::filesystem::path& Path() const { return path_; }  ///< `EpsFilePath`
   const EpsHeader& Header() const { return header_; }
+  const std::string& Bytes() const { return bytes_; }
+
+  /// What it held is not what the episodes were made from: it is not to be replaced unasked.
+  void Distrust() { bytes_.clear(); }
 
   /// Writes the episodes into the file, or, after a failure, where the user wants them: the editor
   /// then works on that file. False when the user gave up; the old file is whole then. Before it is
@@ -42,6 +48,7 @@ struct OpenedFile {
   EditedFile file;
   EpisodeList episodes;
   bool repaired = false;  ///< the episodes are no longer as the file holds them
+  std::unique_ptr<FileKeeper> keeper;
 };
 
 /// What came of opening a file.
@@ -50,8 +57,10 @@ struct Opening {
   bool programEnds = false;  ///< the file was not one to go on with
 };
 
-/// Reads an episode file, asking and telling the user what there is to ask and tell.
-Opening OpenForEditing(const Services& services, const std::filesystem::path& path);
+/// Reads an episode file, asking and telling the user what there is to ask and tell. Changes to it
+/// that were not saved are opened instead, when the user takes them up.
+Opening OpenForEditing(const Services& services, const std::filesystem::path& path,
+                       Unsaved unsaved = Unsaved::isOffered);
 
 /// Lets the user choose an episode file, beginning in the data folder. Empty when none was chosen.
 std::filesystem::path ChooseEpisodeFile(const Services& services);

@@ -45,6 +45,8 @@ void EpisodeEditor::Load(OpenedFile opened) {
   services_.program.ProofQ = 0;
   file_ = std::move(opened.file);
   history_.Start(Episodes(), !opened.repaired);
+  keeper_ = std::move(opened.keeper);
+  kept_ = history_.Changes();
   cut_.reset();
   FillEpisodeList();
   currentEpisode_ = -1;

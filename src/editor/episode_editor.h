@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,6 +33,13 @@ class EpisodeEditor : public QuestionSteps {
   std::string TotalText() const;     ///< `Label12`
   std::string FileText() const;      ///< `Label8`
   const EditedFile& File() const { return file_; }
+  /// Has the changes that are not saved kept as they are. To be called whenever something may have
+  /// changed: nothing happens while all is as it was.
+  void Keep();
+  /// Why the changes cannot be kept; empty while all is well.
+  std::string KeepTrouble() const { return keeper_ ? keeper_->Trouble() : ""; }
+  /// Waits until what is to be kept is in the system's hands.
+  void AwaitKept();
 
   // The lists.
   std::vector<std::string> EpisodeRows() const;
@@ -168,6 +177,8 @@ class EpisodeEditor : public QuestionSteps {
   Services services_;
   EditedFile file_;
   EditHistory history_;
+  std::unique_ptr<FileKeeper> keeper_;
+  std::size_t kept_ = 0;  ///< the changes of the history that have been handed to the keeper
 
   Positions selectedEpisodes_;
   Positions selectedSegments_;

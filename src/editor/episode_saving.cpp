@@ -18,7 +18,22 @@ bool EpisodeEditor::Save() {
   LeaveBox();
   if (!file_.Save(services_, Episodes())) return false;
   history_.MarkSaved();
+  keeper_->Saved(file_.Path(), file_.Bytes());
   return true;
+}
+
+void EpisodeEditor::Keep() {
+  if (!keeper_) return;
+  if (kept_ == history_.Changes()) return keeper_->Retry();
+  kept_ = history_.Changes();
+  std::optional<std::string> bytes;
+  if (Modified()) bytes = FormatEps(file_.Header(), Episodes());
+  keeper_->Keep(std::move(bytes));
+}
+
+void EpisodeEditor::AwaitKept() {
+  Keep();
+  if (keeper_) keeper_->AwaitWritten();
 }
 
 void EpisodeEditor::EditQuestions() {
@@ -72,6 +87,7 @@ void EpisodeEditor::Quit() {
                                                  .defaultAnswer = Answer::no,
                                                  .dismissed = Answer::cancel});
   if (another == Answer::cancel) return;
+  keeper_->Drop();
   if (another != Answer::yes) {
     services_.screens.EndProgram();
     return;
@@ -84,6 +100,7 @@ void EpisodeEditor::Quit() {
 void EpisodeEditor::Forget() {
   Episodes().clear();
   history_.Start(Episodes(), true);
+  keeper_.reset();
   cut_.reset();
   FillEpisodeList();
   currentEpisode_ = -1;

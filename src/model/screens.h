@@ -31,6 +31,9 @@ enum class SurveyCaller { liveObservation, questionEntry };
 /// The two tables that are made from the main menu.
 enum class ExportKind { epsData, surData };
 
+/// What becomes of changes to a file that is opened, when they were kept and not saved.
+enum class Unsaved { isOffered, isTakenUp };
+
 /// How the logic moves between forms without knowing them.
 class Screens {
  public:
@@ -59,11 +62,11 @@ class Screens {
   /// Joins the files that `list` names into a table, and shows how far it is.
   virtual void ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) = 0;
   /// Loads the survey form from a survey file and shows it. False, when the user has been told that
-  /// the file could not be read.
-  virtual bool ShowSurveyFile(const std::filesystem::path& file) = 0;
+  /// the file could not be read, or leaves it for later.
+  virtual bool ShowSurveyFile(const std::filesystem::path& file, Unsaved unsaved) = 0;
   /// Loads the episode editor with an episode file and shows it. False, when the user has been told
-  /// that the file could not be opened.
-  virtual bool ShowEpisodeEditor(const std::filesystem::path& file) = 0;
+  /// that the file could not be opened, or leaves it for later.
+  virtual bool ShowEpisodeEditor(const std::filesystem::path& file, Unsaved unsaved) = 0;
 };
 
 }  // namespace orvex

@@ -3,12 +3,15 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "model/prompter.h"
 #include "store/choose_file.h"
+#include "store/durable_file.h"
 #include "store/field_notes.h"
 #include "store/file_error.h"
+#include "store/file_keeper.h"
 #include "store/save_file.h"
 
 namespace orvex {
@@ -18,16 +21,27 @@ void EditFieldNotesFile(const Services& services) {
   if (!path.empty()) EditFieldNotes(services, path);
 }
 
-void EditFieldNotes(const Services& services, const std::filesystem::path& path) {
-  FieldNotes notes;
+void EditFieldNotes(const Services& services, const std::filesystem::path& path, Unsaved unsaved) {
+  const Resumption resumed = Resume(services, path, unsaved);
+  if (!resumed.isOpened) return;
+  std::string bytes;
+  std::error_code unknown;
   try {
-    notes = ReadFieldNotes(path);
+    if (!resumed.changes || std::filesystem::exists(path, unknown)) bytes = ReadFile(path);
   } catch (const FileError& error) {
     // Half the notes in the dialog would be half a file after "&Save".
     services.prompter.Tell("The field notes could not be read.", error.what());
     return;
   }
+  FileKeeper keeper(services, path, bytes, resumed.changes);
+  FieldNotes notes = ParseFieldNotes(std::move(bytes));
   NotesPrompt prompt = {.notes = notes.text};
+  if (resumed.changes) prompt.draft = ParseFieldNotes(*resumed.changes->bytes).text;
+  prompt.typed = [&](const std::string& text) {
+    std::optional<std::string> changed;
+    if (text != prompt.notes) changed = FormatFieldNotes({text, notes.encoding});
+    keeper.Keep(std::move(changed));
+  };
   while (auto edited = services.prompter.AskNotes(prompt)) {
     notes.text = *edited;
     const std::filesystem::path saved = SaveFile(
@@ -36,7 +50,7 @@ void EditFieldNotes(const Services& services, const std::filesystem::path& path)
         [&](const std::filesystem::path& place) {
           WriteFieldNotes(services.storage, place, notes);
         });
-    if (!saved.empty()) return;
+    if (!saved.empty()) return keeper.Drop();
     // What could not be saved goes back into the dialog.
     prompt.draft = std::move(edited);
   }

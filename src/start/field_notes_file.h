@@ -2,13 +2,16 @@
 
 #include <filesystem>
 
+#include "model/screens.h"
 #include "store/services.h"
 
 namespace orvex {
 
 /// Lets the user choose a field-notes file, edit it and store it again.
 void EditFieldNotesFile(const Services& services);
-/// The same with the file at `path`.
-void EditFieldNotes(const Services& services, const std::filesystem::path& path);
+/// The same with the file at `path`. Changes that were not saved are in the dialog, when the user
+/// takes them up.
+void EditFieldNotes(const Services& services, const std::filesystem::path& path,
+                    Unsaved unsaved = Unsaved::isOffered);
 
 }  // namespace orvex

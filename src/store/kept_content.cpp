@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstddef>
 #include <exception>
+#include <iterator>
 #include <optional>
 #include <string_view>
 #include <system_error>
@@ -101,19 +102,26 @@ bool IsAnythingKeptIn(const fs::path& folder) {
   });
 }
 
-std::vector<fs::path> KeptPaths(const fs::path& folder) {
+std::vector<fs::path> KeptPathsIn(const fs::path& folder) {
   std::vector<fs::path> paths;
-  for (const fs::path& school : EntriesOf(folder)) {
-    for (const fs::path& classFolder : EntriesOf(school)) {
-      for (const fs::path& file : EntriesOf(classFolder)) {
-        fs::path path = PlaceOf(file);
-        if (path.extension() == kRecoveryExtension) paths.push_back(std::move(path));
-      }
-    }
+  for (const fs::path& file : EntriesOf(folder)) {
+    fs::path path = PlaceOf(file);
+    if (path.extension() == kRecoveryExtension) paths.push_back(std::move(path));
   }
   std::ranges::sort(paths);
   paths.erase(std::unique(paths.begin(), paths.end()), paths.end());
   std::erase_if(paths, [](const fs::path& path) { return !IsKeptAt(path); });
+  return paths;
+}
+
+std::vector<fs::path> KeptPaths(const fs::path& folder) {
+  std::vector<fs::path> paths;
+  for (const fs::path& school : EntriesOf(folder)) {
+    for (const fs::path& classFolder : EntriesOf(school)) {
+      std::ranges::move(KeptPathsIn(classFolder), std::back_inserter(paths));
+    }
+  }
+  std::ranges::sort(paths);
   return paths;
 }
 

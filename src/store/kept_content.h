@@ -19,6 +19,7 @@ struct KeptContent {
 
 /// A number that tells contents apart: no change of a single byte goes unseen.
 std::uint64_t Checksum(std::string_view bytes);
+
 /// `content` as it stands in a file: sealed with its number and a checksum.
 std::string Sealed(std::string content, std::uint64_t number);
 /// The way back. Throws FormatError when the seal is missing or broken.
@@ -32,6 +33,8 @@ std::vector<std::filesystem::path> FilesKeptAt(const std::filesystem::path& path
 bool IsKeptAt(const std::filesystem::path& path);
 /// True when a file of anything that is kept lies in `folder` itself.
 bool IsAnythingKeptIn(const std::filesystem::path& folder);
+/// The paths at which something is kept in `folder` itself, in their order.
+std::vector<std::filesystem::path> KeptPathsIn(const std::filesystem::path& folder);
 /// The paths at which something is kept in the folders of the classes of schools beneath `folder`,
 /// in their order.
 std::vector<std::filesystem::path> KeptPaths(const std::filesystem::path& folder);

@@ -15,23 +15,36 @@ namespace orvex {
 SurveyForm::SurveyForm(const Services& services, Survey& answers, SurveyCaller caller)
     : services_(services), answers_(answers), caller_(caller) {}
 
-SurveyForm::SurveyForm(const Services& services, SurFile file)
-    : services_(services), file_(std::move(file)), answers_(file_->answers) {}
+SurveyForm::SurveyForm(const Services& services, OpenedSurvey opened)
+    : services_(services),
+      file_(std::move(opened.file)),
+      keeper_(std::move(opened.keeper)),
+      answers_(file_->answers) {
+  if (!opened.isTakenUp) saved_ = answers_;
+}
+
+void SurveyForm::Changed() {
+  savedText_.clear();
+  if (!keeper_) return;
+  std::optional<std::string> bytes;
+  if (saved_ != answers_) bytes = FormatSur(*file_);
+  keeper_->Keep(std::move(bytes));
+}
 
 void SurveyForm::SetCheck(std::size_t group, std::size_t item, bool checked) {
   answers_.checks.at(group).set(item, checked);
-  savedText_.clear();
+  Changed();
 }
 
 void SurveyForm::Rate(std::size_t statement, int button) {
   answers_.ratings.at(statement) = static_cast<std::int16_t>(button);
-  savedText_.clear();
+  Changed();
 }
 
 void SurveyForm::TypeOther(std::string text) {
   if (!OtherEnabled()) return;
   answers_.other = std::move(text);
-  savedText_.clear();
+  Changed();
 }
 
 int SurveyForm::Open(const SurveyScale& scale) const {
@@ -71,6 +84,7 @@ void SurveyForm::Command2_Click() {
   const bool another = services_.prompter.Ask({.text = "Edit Another File?",
                                                .buttons = Buttons::yesNo,
                                                .defaultAnswer = Answer::no}) == Answer::yes;
+  if (keeper_) keeper_->Drop();
   if (another) {
     // The menu comes before this form goes: some form is always on the screen.
     services_.screens.Show(Screen::mainMenu);
@@ -97,6 +111,8 @@ bool SurveyForm::Save() {
       [this](const std::filesystem::path& path) { WriteSurFile(services_.storage, path, *file_); });
   if (saved.empty()) return false;
   path_ = saved;
+  saved_ = answers_;
+  if (keeper_) keeper_->Saved(path_, FormatSur(*file_));
   savedText_ = "Saved as " + saved.string();
   return true;
 }

@@ -2,12 +2,14 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "model/screens.h"
 #include "store/services.h"
+#include "survey/open_survey.h"
 #include "survey/sur_file.h"
 #include "survey/survey_scheme.h"
 
@@ -19,7 +21,7 @@ class SurveyForm {
   /// On the answers of the running class, for the form `caller`. `answers` outlive this.
   SurveyForm(const Services& services, Survey& answers, SurveyCaller caller);
   /// On a file that has been read.
-  SurveyForm(const Services& services, SurFile file);
+  SurveyForm(const Services& services, OpenedSurvey opened);
   SurveyForm(const SurveyForm&) = delete;
   SurveyForm& operator=(const SurveyForm&) = delete;
 
@@ -42,6 +44,13 @@ class SurveyForm {
   /// Where the answers were saved, as long as they have not changed since.
   const std::string& SavedText() const { return savedText_; }
 
+  /// Why the changes to a file cannot be kept until they are saved; empty while all is well.
+  std::string KeepTrouble() const { return keeper_ ? keeper_->Trouble() : ""; }
+  /// Waits until what is to be kept is in the system's hands.
+  void AwaitKept() {
+    if (keeper_) keeper_->AwaitWritten();
+  }
+
   /// "Class ID 5-12-3", of the class or the file.
   std::string ClassIdText() const;
   std::string_view Caption1() const { return OnFile() ? "&Save" : "&Return"; }
@@ -55,9 +64,12 @@ class SurveyForm {
 
  private:
   bool Save();
+  void Changed();
 
   Services services_;
   std::optional<SurFile> file_;
+  std::unique_ptr<FileKeeper> keeper_;  ///< of the file
+  std::optional<Survey> saved_;         ///< what the file holds, as far as that is known
   Survey& answers_;
   std::filesystem::path path_;  ///< of the file, once it has been saved or was to be
   std::string savedText_;

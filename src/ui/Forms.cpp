@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "editor/edited_file.h"
+#include "store/recovery_file.h"
 #include "survey/open_survey.h"
 #include "ui/FitToScreen.h"
 #include "ui/OnceInUse.h"
@@ -35,6 +36,7 @@ Forms::Forms(Program& program, SessionLog& log, RecoveryFile& recovery, Storage&
   QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
                    &ending_, [this] {
                      if (classAct_) classAct_->Live().Keep();
+                     if (classEdit_) classEdit_->Editor().Keep();
                    });
 }
 
@@ -211,8 +213,8 @@ void Forms::ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) 
   Present(*listOfFiles_);
 }
 
-bool Forms::ShowSurveyFile(const std::filesystem::path& file) {
-  std::optional<SurFile> survey = LoadSurvey(services_, file);
+bool Forms::ShowSurveyFile(const std::filesystem::path& file, Unsaved unsaved) {
+  std::optional<OpenedSurvey> survey = LoadSurvey(services_, file, unsaved);
   if (!survey) return false;
   Unload(matrices_);
   matrices_ = std::make_unique<frmMatrices>(services_, std::move(*survey));
@@ -220,8 +222,8 @@ bool Forms::ShowSurveyFile(const std::filesystem::path& file) {
   return true;
 }
 
-bool Forms::ShowEpisodeEditor(const std::filesystem::path& file) {
-  Opening opening = OpenForEditing(services_, file);
+bool Forms::ShowEpisodeEditor(const std::filesystem::path& file, Unsaved unsaved) {
+  Opening opening = OpenForEditing(services_, file, unsaved);
   if (!opening.opened) return false;
   Unload(classEdit_);
   classEdit_ = std::make_unique<frmClassEdit>(services_, std::move(*opening.opened));
@@ -229,7 +231,15 @@ bool Forms::ShowEpisodeEditor(const std::filesystem::path& file) {
   return true;
 }
 
+void Forms::KeepAll() {
+  if (classAct_) classAct_->Live().Keep();
+  services_.recovery.AwaitWritten();
+  if (classEdit_) classEdit_->Editor().AwaitKept();
+  if (matrices_) matrices_->Form().AwaitKept();
+}
+
 void Forms::EndProgram() {
+  isEnding_ = true;
   // Leaving the event loops, also those of boxes that are open, lets every operation return. The
   // forms and the log then go in the order in which whoever made them lets go of them.
   QMetaObject::invokeMethod(

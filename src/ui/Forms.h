@@ -42,8 +42,13 @@ class Forms : public Screens {
   void ShowTakenUpClass(const RunningClass& running) override;
   void ShowSurvey(SurveyCaller caller) override;
   void ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) override;
-  bool ShowSurveyFile(const std::filesystem::path& file) override;
-  bool ShowEpisodeEditor(const std::filesystem::path& file) override;
+  bool ShowSurveyFile(const std::filesystem::path& file, Unsaved unsaved) override;
+  bool ShowEpisodeEditor(const std::filesystem::path& file, Unsaved unsaved) override;
+
+  /// Has what is not stored or saved kept as it is, and waits until the system has it.
+  void KeepAll();
+  /// The program ends, or is to end before its event loop has begun.
+  bool IsEnding() const { return isEnding_; }
 
  private:
   QWidget* Loaded(Screen screen) const;
@@ -56,6 +61,7 @@ class Forms : public Screens {
 
   std::filesystem::path programFolder_;
   Services services_;
+  bool isEnding_ = false;
   QObject ending_;  // what is asked of it is done after the running operation
 
   // A form comes after the forms it works with.

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTimer>
@@ -43,6 +44,7 @@ frmClassEdit::frmClassEdit(const Services& services, OpenedFile opened, QWidget*
   setWindowTitle(ToQt(editor_.Caption()) + QStringLiteral("[*]"));
   coding_ = new SegmentCodingPanel(
       *ui_, editor_, [this] { Refresh(); }, this);
+  AddKeepTrouble();
   ConnectLists();
   ConnectKeys();
   ConnectButtons();
@@ -55,6 +57,14 @@ frmClassEdit::frmClassEdit(const Services& services, OpenedFile opened, QWidget*
 }
 
 frmClassEdit::~frmClassEdit() = default;
+
+void frmClassEdit::AddKeepTrouble() {
+  keepTrouble_ = new QLabel(this);
+  keepTrouble_->setTextFormat(Qt::PlainText);
+  keepTrouble_->setWordWrap(true);
+  ShowAsWarning(keepTrouble_);
+  ui_->outerLayout->insertWidget(1, keepTrouble_);
+}
 
 void frmClassEdit::ConnectLists() {
   // A key selects a row before it goes there: the list is not to be called back in between.
@@ -196,6 +206,9 @@ void frmClassEdit::Refresh() {
 }
 
 void frmClassEdit::RefreshTexts() {
+  const std::string trouble = editor_.KeepTrouble();
+  ShowText(keepTrouble_, NotKeptText(trouble));
+  keepTrouble_->setVisible(!trouble.empty());
   ShowText(ui_->Label7, editor_.ObserverText());
   ShowText(ui_->Label8, editor_.FileText());
   ShowText(ui_->Label11, editor_.DateText());

@@ -9,6 +9,7 @@
 #include "editor/episode_editor.h"
 
 class QAction;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 namespace Ui {
@@ -40,6 +41,7 @@ class frmClassEdit : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void AddKeepTrouble();
   void ConnectLists();
   void ConnectKeys();
   void ConnectButtons();
@@ -58,6 +60,7 @@ class frmClassEdit : public QWidget {
   EpisodeEditor editor_;
   std::unique_ptr<Ui::frmClassEdit> ui_;
   SegmentCodingPanel* coding_ = nullptr;
+  QLabel* keepTrouble_ = nullptr;
   QAction* undo_ = nullptr;
   QAction* redo_ = nullptr;
   dlgTimer* timer_ = nullptr;

@@ -39,8 +39,10 @@ frmMatrices::frmMatrices(const Services& services, LiveObservation& live, Survey
   StartTimer();
 }
 
-frmMatrices::frmMatrices(const Services& services, SurFile file, QWidget* parent)
-    : QWidget(parent), form_(services, std::move(file)), ui_(std::make_unique<Ui::frmMatrices>()) {
+frmMatrices::frmMatrices(const Services& services, OpenedSurvey opened, QWidget* parent)
+    : QWidget(parent),
+      form_(services, std::move(opened)),
+      ui_(std::make_unique<Ui::frmMatrices>()) {
   Build();
 }
 
@@ -178,13 +180,15 @@ void frmMatrices::Refresh() {
   RefreshOfftask();
 }
 
-/// What the keys do on the page, or where the answers were just saved.
+/// What the keys do on the page, where the answers were just saved, or that they are in danger.
 void frmMatrices::RefreshHint() {
   const bool lists = ui_->pages->currentWidget() == ui_->listsPage;
   const std::string keys =
       lists ? "Space: check.  Arrow keys: other items.  Enter: next list.  Ctrl+Tab: other pages."
             : "0 to 3, N: rate.  Delete: take back.  Up, Down, Enter: other statements.  "
               "Ctrl+Tab: other pages.";
+  const std::string trouble = form_.KeepTrouble();
+  if (!trouble.empty()) return ShowText(ui_->lblKeys, NotKeptText(trouble));
   ShowText(ui_->lblKeys, form_.SavedText().empty() ? keys : form_.SavedText());
 }
 

@@ -26,11 +26,12 @@ class frmMatrices : public QWidget {
  public:
   frmMatrices(const Services& services, LiveObservation& live, SurveyCaller caller,
               QWidget* parent = nullptr);
-  frmMatrices(const Services& services, SurFile file, QWidget* parent = nullptr);
+  frmMatrices(const Services& services, OpenedSurvey opened, QWidget* parent = nullptr);
   ~frmMatrices() override;
 
   /// The form that is shown again when this one is left during the class.
   void SetCaller(SurveyCaller caller) { form_.SetCaller(caller); }
+  SurveyForm& Form() { return form_; }
   /// Copies the answers and what else is shown into the controls.
   void Refresh();
 

@@ -32,11 +32,11 @@ class RecordingScreens : public Screens {
     moves.push_back("show list " + list.filename().string() +
                     (kind == ExportKind::surData ? " of surveys" : ""));
   }
-  bool ShowSurveyFile(const std::filesystem::path& file) override {
+  bool ShowSurveyFile(const std::filesystem::path& file, Unsaved /*unsaved*/) override {
     moves.push_back("show survey file " + file.filename().string());
     return surveyFileIsGood;
   }
-  bool ShowEpisodeEditor(const std::filesystem::path& file) override {
+  bool ShowEpisodeEditor(const std::filesystem::path& file, Unsaved /*unsaved*/) override {
     moves.push_back("show episode editor for " + file.filename().string());
     return episodeFileIsGood;
   }

@@ -5,9 +5,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTimer>
+#include <csignal>
+#include <filesystem>
 #include <functional>
 
+#include "store/unsaved_changes.h"
 #include "support/desk.h"
+#include "ui/EndOfSession.h"
 #include "ui/keys.h"
 
 namespace orvex {
@@ -62,6 +66,36 @@ TEST_F(FormsTest, LeadFromTheMenuIntoTheClassAndEndWithTheLastOne) {
     forms_.Show(Screen::mainMenu);
     Form("frmSplash")->close();
   });
+}
+
+TEST_F(FormsTest, KeepWhatIsNotSavedWhenTheSystemEndsTheProgram) {
+  const auto file = desk_.folder / "22-4-8.eps";
+  const std::string before = FileBytes(TestData("edits/22-4-8.eps"));
+  const std::function<void()> ends[] = {
+      [] { ::raise(SIGTERM); },
+      [] { ::raise(SIGHUP); },
+      [] { ::raise(SIGINT); },
+      [] {
+        QEvent quit(QEvent::Quit);
+        QCoreApplication::sendEvent(qApp, &quit);
+      },
+  };
+  for (const auto& end : ends) {
+    PutFile(file, before);
+    const EndOfSession endOfSession([this] { forms_.KeepAll(); }, [this] { forms_.EndProgram(); });
+    RunUntilTheEnd([&] {
+      ASSERT_TRUE(forms_.ShowEpisodeEditor(file, Unsaved::isOffered));
+      Settle();
+      Find(*Form("frmClassEdit"), "txtEpisodeName")->setFocus();
+      Keys("!");
+      end();  // nothing is asked
+    });
+    forms_.Close(Screen::episodeEditor);
+    Settle();
+    EXPECT_EQ(FileBytes(file), before);
+    EXPECT_NE(ReadUnsaved(file).bytes.value_or("").find("!\r\n"), std::string::npos);
+    std::filesystem::remove(UnsavedPath(file));
+  }
 }
 
 TEST_F(FormsTest, LeadFromTheMenuThroughTheEpisodeEditorToTheEnd) {

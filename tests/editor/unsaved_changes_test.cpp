@@ -1,0 +1,194 @@
+// What is changed in a file and not saved, and what becomes of it when the program ends.
+
+#include "store/unsaved_changes.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "editor/editor_desk.h"
+#include "start/field_notes_file.h"
+#include "start/unsaved_files.h"
+#include "store/kept_content.h"
+#include "survey/survey_form.h"
+
+namespace orvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+class UnsavedChangesTest : public testing::Test {
+ protected:
+  static EpisodeList OneEpisode() {
+    EpisodeList episodes(1);
+    episodes[0].Descript = "Warm-up";
+    episodes[0].segments = {test::Segment(5, 60)};
+    return episodes;
+  }
+
+  /// Changes the file in the editor, and lets the program end as a crash would.
+  void ChangeAndCrash(const char* description) {
+    EpisodeEditor& editor = desk.Open(desk.file);
+    editor.TypeDescription(description);
+    editor.Keep();
+    desk.editor.reset();
+  }
+  /// Opens the file again, which gets `answer`. Null when it was not opened.
+  EpisodeEditor* Reopen(Answer answer, const std::string& since = "") {
+    desk.prompter.Expect(
+        "7-12-3.eps was changed on 03-14-2001 at 09:00:00, and the changes were not saved." + since,
+        answer);
+    Opening opening = OpenForEditing(desk.services, desk.file);
+    desk.editor.reset();
+    if (!opening.opened) return nullptr;
+    desk.editor = std::make_unique<EpisodeEditor>(desk.services, std::move(*opening.opened));
+    return desk.editor.get();
+  }
+  std::vector<fs::path> Kept() const { return KeptPathsIn(desk.file.parent_path()); }
+
+  test::EditorDesk desk;
+  const std::string before = test::FileOf(OneEpisode());
+  const fs::path recovery = UnsavedPath(desk.file);
+  void SetUp() override { test::PutFile(desk.file, before); }
+};
+
+TEST_F(UnsavedChangesTest, AreTakenUpDiscardedOrLeftWhenTheFileIsOpenedAgain) {
+  ChangeAndCrash("A \\ caf\u00e9");
+  EXPECT_EQ(test::FileBytes(desk.file), before);
+  EXPECT_EQ(Reopen(Answer::cancel), nullptr);
+  EXPECT_EQ(desk.prompter.asked.back().defaultAnswer, Answer::yes) << "Enter loses nothing";
+  EXPECT_EQ(Kept(), std::vector{recovery});
+
+  EpisodeEditor* editor = Reopen(Answer::yes);
+  ASSERT_NE(editor, nullptr);
+  EXPECT_EQ(editor->Description(), "A \\ caf\u00e9");
+  EXPECT_TRUE(editor->Modified());
+  // They are kept on, with what comes to them.
+  editor->TypeDescription("B");
+  editor->Keep();
+  ASSERT_NE(editor = Reopen(Answer::yes), nullptr);
+  EXPECT_EQ(editor->Description(), "B");
+  EXPECT_TRUE(editor->Save());
+  EXPECT_EQ(test::FileBytes(desk.file), test::FileOf(desk.program.Episodes));
+  EXPECT_EQ(test::FileBytes(desk.file.string() + ".observed"), before);
+  EXPECT_EQ(Kept(), std::vector<fs::path>{});
+
+  ChangeAndCrash("C");
+  ASSERT_NE(editor = Reopen(Answer::no), nullptr);
+  EXPECT_EQ(editor->Description(), "B");
+  EXPECT_EQ(Kept(), std::vector<fs::path>{});
+}
+
+TEST_F(UnsavedChangesTest, AreNotKeptOnceThereAreNone) {
+  EpisodeEditor& editor = desk.Open(desk.file);
+  const auto change = [&] {
+    editor.TypeDescription("A");
+    editor.Keep();
+    editor.AwaitKept();
+    EXPECT_EQ(Kept(), std::vector{recovery});
+  };
+  // Undone.
+  change();
+  const std::string saved = test::FileBytes(recovery);
+  editor.Undo();
+  editor.Keep();
+  desk.editor.reset();
+  EXPECT_EQ(Kept(), std::vector<fs::path>{});
+  // Saved, and then killed before what was kept had gone.
+  EpisodeEditor& again = desk.Open(desk.file);
+  again.TypeDescription("A");
+  EXPECT_TRUE(again.Save());
+  desk.editor.reset();
+  test::PutFile(recovery, saved);
+  desk.Open(desk.file);
+  EXPECT_EQ(Kept(), std::vector<fs::path>{});
+  // Given up.
+  desk.editor->TypeDescription("B");
+  desk.editor->AwaitKept();
+  EXPECT_EQ(Kept(), std::vector{recovery});
+  desk.prompter.Expect("Save Data?", Answer::no);
+  desk.prompter.Expect("Edit Another File?", Answer::no);
+  desk.editor->Quit();
+  EXPECT_EQ(Kept(), std::vector<fs::path>{});
+  EXPECT_TRUE(UnsavedFiles(desk.services).empty());
+}
+
+TEST_F(UnsavedChangesTest, OfAFileThatWasChangedSinceAreToldAndReplaceNothingUnasked) {
+  ChangeAndCrash("A");
+  test::PutFile(desk.file, "theirs");
+  EpisodeEditor* editor =
+      Reopen(Answer::yes, "\n\nThe file itself has been changed by another program since then.");
+  ASSERT_NE(editor, nullptr);
+  EXPECT_EQ(editor->Description(), "A");
+  desk.prompter.Expect("The file was changed by another program.", Answer::cancel);
+  EXPECT_FALSE(editor->Save());
+  EXPECT_EQ(test::FileBytes(desk.file), "theirs");
+
+  fs::remove(desk.file);
+  ASSERT_NE(editor = Reopen(Answer::yes, "\n\nThe file itself is gone since then."), nullptr);
+  EXPECT_TRUE(editor->Save());
+  EXPECT_EQ(test::FileBytes(desk.file), test::FileOf(desk.program.Episodes));
+}
+
+TEST_F(UnsavedChangesTest, AreAnotherOrvexsWhileItRuns) {
+  desk.Open(desk.file).TypeDescription("A");
+  desk.editor->AwaitKept();
+  EXPECT_TRUE(UnsavedFiles(desk.services).empty());
+  // Somebody opens the file there, too: nothing is asked, and nobody's changes are replaced.
+  Opening opening = OpenForEditing(desk.services, desk.file);
+  ASSERT_TRUE(opening.opened);
+  EpisodeEditor other(desk.services, std::move(*opening.opened));
+  other.TypeDescription("B");
+  other.Keep();
+  EXPECT_NE(other.KeepTrouble().find("in use by another Orvex"), std::string::npos);
+  EXPECT_NE(test::FileBytes(recovery).find("A"), std::string::npos);
+}
+
+TEST_F(UnsavedChangesTest, AreOfferedAtTheNextStartWhereverTheFilesLie) {
+  ChangeAndCrash("A");
+  const fs::path survey = desk.folder / "elsewhere/5-12-3.sur";
+  test::PutFile(survey, FormatSur({.identity = {"", "5", "12", "3", ""}, .answers = {}}));
+  {
+    SurveyForm form(desk.services, *LoadSurvey(desk.services, survey));
+    form.Rate(3, 2);
+    form.AwaitKept();
+  }
+  const fs::path notes = desk.folder / "elsewhere/5-12-3.nte";
+  test::PutFile(notes, "caf\xE9\r\n");
+  const auto endsWhile = [&](const char* text) {
+    desk.prompter.ExpectNotes(std::nullopt, [=](const NotesPrompt& prompt) { prompt.typed(text); });
+  };
+  endsWhile("caf\u00e9 and more");
+  EditFieldNotes(desk.services, notes);
+  EXPECT_EQ(test::FileBytes(notes), "caf\xE9\r\n");
+
+  const std::vector<Unfinished> all = UnsavedFiles(desk.services);
+  ASSERT_EQ(all.size(), 3U);
+  EXPECT_EQ(all[0].item.what, "7-12-3.eps has changes that were not saved");
+  EXPECT_EQ(all[1].item.extent, "changed on 03-14-2001 at 09:00:00");
+  EXPECT_EQ(all[1].item.place, (desk.folder / "elsewhere").string());
+  EXPECT_TRUE(all[0].goOn());
+  EXPECT_EQ(desk.screens.Take(),
+            (std::vector<std::string>{"show episode editor for 7-12-3.eps", "close mainMenu"}));
+  // The notes are in their dialog again.
+  endsWhile("caf\u00e9 and much more");
+  EXPECT_FALSE(all[1].goOn());
+  EXPECT_EQ(desk.prompter.askedNotes.back(), "caf\u00e9 and more");
+  desk.prompter.ExpectNotes("caf\u00e9!");
+  EXPECT_FALSE(all[1].goOn());
+  EXPECT_EQ(desk.prompter.askedNotes.back(), "caf\u00e9 and much more");
+  EXPECT_EQ(test::FileBytes(notes), "caf\xE9!\r\n");
+  EXPECT_TRUE(all[2].goOn());
+  EXPECT_EQ(desk.program.DataPath, survey.parent_path()) << "where it is saved";
+  SurveyForm form(desk.services, *LoadSurvey(desk.services, survey, Unsaved::isTakenUp));
+  EXPECT_EQ(form.Answers().ratings[3], 2);
+  form.Command1_Click();
+  all[0].close();
+  EXPECT_EQ(test::FileBytes(desk.file), before);
+  EXPECT_TRUE(UnsavedFiles(desk.services).empty());
+}
+
+}  // namespace
+}  // namespace orvex
