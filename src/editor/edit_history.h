@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <vector>
 
+#include "editor/flat_episodes.h"
 #include "editor/observation_edits.h"
 #include "model/episode.h"
 
@@ -17,8 +17,8 @@ struct EditStep {
   Place after;
 };
 
-/// Every state that the episodes have been in since they were read, to go back and forth between.
-/// The states share the episodes that did not change between them, so each costs what changed.
+/// What was done to the episodes since they were read, to go back and forth. A step keeps what it
+/// changed, and no more: a key typed into a question of six thousand costs that question.
 class EditHistory {
  public:
   /// Begins anew with `episodes`; `saved` when a file holds them like this.
@@ -47,22 +47,20 @@ class EditHistory {
   bool IsSaved() const { return isSaved_; }
 
  private:
-  using State = std::vector<std::shared_ptr<const Episode>>;
-  /// A state and the step that led to it; the first one has none.
-  struct Version {
-    State state;
+  struct Step {
     EditStep step;
+    EpisodeChange change;
   };
 
-  static State Share(const EpisodeList& episodes, const State& with);
-  static bool AreEqual(const State& a, const State& b);
-  void GoTo(std::size_t version, EpisodeList& episodes);
+  void TypeOn(const EpisodeList& episodes, const EditStep& step);
+  void GoTo(EpisodeList& episodes);
   void CompareWithSaved();
 
-  std::vector<Version> versions_;
-  std::size_t current_ = 0;
+  FlatEpisodes now_;         ///< the episodes as they were last recorded
+  std::vector<Step> steps_;  ///< oldest first
+  std::size_t done_ = 0;     ///< how many of them have not been undone
   std::size_t changes_ = 0;
-  State saved_;
+  FlatEpisodes saved_;
   bool everSaved_ = false;
   bool isSaved_ = false;
   std::string typing_;

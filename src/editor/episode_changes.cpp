@@ -101,17 +101,32 @@ void EpisodeEditor::Recode(const char* name, bool shown, Change change) {
   history_.Record(Episodes(), {.name = name, .before = ShownPlace(), .after = ShownPlace()});
 }
 
+/// Changes the structure; nothing when there was no change, or none that fits.
+template <typename Edit>
+std::optional<Place> EpisodeEditor::TryEdit(Edit edit) {
+  try {
+    return edit(Episodes());
+  } catch (const DoesNotFit& refused) {
+    services_.prompter.Tell(refused.what());
+    return std::nullopt;
+  }
+}
+
 void EpisodeEditor::cmdSplitSg_Click() {
   const SegmentData* const segment = ShownSegment();
   if (!segment || !CanSplitSegment()) return;
   const auto seconds = services_.prompter.AskDivision(DivisibleSeconds(*segment));
   if (!seconds) return;
-  Restructured("Split segment", SplitSegment(Episodes(), ShownPlace(), *seconds), Refill::segments);
+  const auto next = TryEdit(
+      [&](EpisodeList& episodes) { return SplitSegment(episodes, ShownPlace(), *seconds); });
+  Restructured("Split segment", next, Refill::segments);
 }
 
 void EpisodeEditor::cmdMergeSg_Click() {
-  Restructured("Merge segments", MergeSegments(Episodes(), currentEpisode_, selectedSegments_),
-               Refill::segments);
+  const auto next = TryEdit([this](EpisodeList& episodes) {
+    return MergeSegments(episodes, currentEpisode_, selectedSegments_);
+  });
+  Restructured("Merge segments", next, Refill::segments);
 }
 
 void EpisodeEditor::cmdSplitEp_Click() {
@@ -125,18 +140,23 @@ void EpisodeEditor::cmdSplitEp_Click() {
     if (!chosen) return;
     questions = std::move(*chosen);
   }
-  Restructured("Split episode",
-               SplitEpisode(Episodes(), currentEpisode_, selectedSegments_, std::move(questions)),
-               Refill::episodes);
+  const auto next = TryEdit([&](EpisodeList& episodes) {
+    return SplitEpisode(episodes, currentEpisode_, selectedSegments_, std::move(questions));
+  });
+  Restructured("Split episode", next, Refill::episodes);
 }
 
 void EpisodeEditor::cmdMergeEp_Click() {
-  Restructured("Merge episodes", MergeEpisodes(Episodes(), selectedEpisodes_), Refill::episodes);
+  const auto next =
+      TryEdit([this](EpisodeList& episodes) { return MergeEpisodes(episodes, selectedEpisodes_); });
+  Restructured("Merge episodes", next, Refill::episodes);
 }
 
 void EpisodeEditor::DropOnEpisode(int k) {
   const std::size_t count = Episodes().size();
-  const auto next = MoveSegments(Episodes(), currentEpisode_, selectedSegments_, k);
+  const auto next = TryEdit([this, k](EpisodeList& episodes) {
+    return MoveSegments(episodes, currentEpisode_, selectedSegments_, k);
+  });
   Restructured("Move segments", next,
                Episodes().size() == count ? Refill::segments : Refill::episodes);
 }
@@ -168,16 +188,20 @@ void EpisodeEditor::PasteOntoEpisode(int k) {
   const bool laterEpisode = k > cut_->episode;
   Place pasted = {k, laterEpisode ? 1 : static_cast<int>(receiving->segments.size()) + 1};
   const std::size_t count = Episodes().size();
-  if (!MoveSegments(Episodes(), cut_->episode, cut_->segments, k)) return;
+  const auto next = TryEdit([this, k](EpisodeList& episodes) {
+    return MoveSegments(episodes, cut_->episode, cut_->segments, k);
+  });
+  if (!next) return;
   if (laterEpisode && Episodes().size() < count) --pasted.episode;
   Restructured("Paste segments", pasted, Refill::episodes);
 }
 
 void EpisodeEditor::PasteBeforeSegment(int j) {
   if (!cut_) return;
-  Restructured("Paste segments",
-               InsertSegments(Episodes(), cut_->episode, cut_->segments, {currentEpisode_, j}),
-               Refill::episodes);
+  const auto next = TryEdit([this, j](EpisodeList& episodes) {
+    return InsertSegments(episodes, cut_->episode, cut_->segments, {currentEpisode_, j});
+  });
+  Restructured("Paste segments", next, Refill::episodes);
 }
 
 /// Shows and records what a change of structure has made of the episodes; without `next` there was

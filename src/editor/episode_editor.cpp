@@ -151,6 +151,13 @@ bool EpisodeEditor::CanSplitSegment() const {
   return selectedSegments_.size() == 1;
 }
 
+std::string EpisodeEditor::SplitSegmentHint() const {
+  const SegmentData* const segment = ShownSegment();
+  if (!segment || !CanSplitSegment()) return "";
+  return "Splits segment " + std::to_string(currentSegment_) + ". " +
+         NameOf(segment->activityNum, ActivityTexts);
+}
+
 bool EpisodeEditor::CanMergeSegments() const {
   return !CanSplitSegment();
 }

@@ -63,7 +63,9 @@ class EpisodeEditor : public QuestionSteps {
   // What can be done.
   bool HasEpisode() const { return Shown() != nullptr; }
   bool HasSegment() const { return ShownSegment() != nullptr; }
-  bool CanSplitSegment() const;   ///< `cmdSplitSg`
+  bool CanSplitSegment() const;  ///< `cmdSplitSg`
+  /// Which segment that splits: "Splits segment 2. Game"; empty for none.
+  std::string SplitSegmentHint() const;
   bool CanMergeSegments() const;  ///< `cmdMergeSg`
   bool CanSplitEpisode() const;   ///< `cmdSplitEp`
   bool CanMergeEpisodes() const;  ///< `cmdMergeEp`
@@ -166,6 +168,8 @@ class EpisodeEditor : public QuestionSteps {
   void ShowEpisodes(Place place);
   Place ShownPlace() const { return {currentEpisode_, currentSegment_}; }
 
+  template <typename Edit>
+  std::optional<Place> TryEdit(Edit edit);
   template <typename Change>
   void Recode(const char* name, bool shown, Change change);
   void RecordTyping(const char* name);

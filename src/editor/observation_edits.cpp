@@ -54,6 +54,28 @@ void PutIn(std::vector<T>& list, int position, std::vector<T> items) {
               std::make_move_iterator(items.end()));
 }
 
+/// A file states counts of at most 16 bits.
+void RequireFits(std::size_t count, const char* what, const char* in) {
+  constexpr std::size_t kMost = std::numeric_limits<std::int16_t>::max();
+  if (count <= kMost) return;
+  throw DoesNotFit("No more than " + std::to_string(kMost) + " " + what + " fit into " + in +
+                   ". Nothing has been changed.");
+}
+
+void RequireFits(const Episode& episode, std::size_t moreSegments, std::size_t moreQuestions) {
+  RequireFits(episode.segments.size() + moreSegments, "segments", "one episode");
+  RequireFits(episode.questions.size() + moreQuestions, "questions", "one episode");
+}
+
+/// The sum of `values`, which a file must be able to state as a single.
+template <typename Value>
+float SumThatFits(const Positions& positions, Value value) {
+  float sum = 0;
+  for (const int position : positions) sum += value(position);
+  if (std::isfinite(sum)) return sum;
+  throw DoesNotFit("The numbers are too large to be added up. Nothing has been changed.");
+}
+
 template <typename T>
 void ColAppend(std::vector<T>& destination, std::vector<T>& source) {
   PutIn(destination, static_cast<int>(destination.size()) + 1, std::exchange(source, {}));
@@ -68,6 +90,8 @@ std::optional<Place> MoveSegments(EpisodeList& episodes, int from, const Positio
   if (!giving || !receiving || from == to || !AreThere(segments, giving->segments.size())) {
     return std::nullopt;
   }
+  const bool allGo = segments.size() == giving->segments.size();
+  RequireFits(*receiving, segments.size(), allGo ? giving->questions.size() : 0);
   const int position = to < from ? static_cast<int>(receiving->segments.size()) + 1 : 1;
   PutIn(receiving->segments, position, TakeOut(giving->segments, segments));
   if (!giving->segments.empty()) return Place{from, segments.front() - 1};
@@ -143,6 +167,7 @@ std::optional<Place> SplitSegment(EpisodeList& episodes, Place place, int second
   Episode* const episode = ItemAt(episodes, place.episode);
   SegmentData* const first = episode ? ItemAt(episode->segments, place.segment) : nullptr;
   if (!first || secondSeconds < 0 || secondSeconds > DivisibleSeconds(*first)) return std::nullopt;
+  RequireFits(*episode, 1, 0);
   SegmentData second = *first;
   second.duration = static_cast<float>(secondSeconds);
   first->duration -= second.duration;
@@ -154,9 +179,10 @@ std::optional<Place> MergeSegments(EpisodeList& episodes, int episode, const Pos
   Episode* const e = ItemAt(episodes, episode);
   if (!e || segments.size() < 2 || !AreThere(segments, e->segments.size())) return std::nullopt;
   const Positions others(segments.begin() + 1, segments.end());
-  SegmentData merged = *At(e->segments, segments.front());
-  for (const SegmentData& other : TakeOut(e->segments, others)) merged.duration += other.duration;
-  *At(e->segments, segments.front()) = std::move(merged);
+  const float duration =
+      SumThatFits(segments, [e](int segment) { return At(e->segments, segment)->duration; });
+  TakeOut(e->segments, others);
+  At(e->segments, segments.front())->duration = duration;
   return Place{episode, segments.front()};
 }
 
@@ -167,6 +193,7 @@ std::optional<Place> SplitEpisode(EpisodeList& episodes, int episode, const Posi
   if (segments.size() == e->segments.size()) return std::nullopt;
   std::ranges::sort(questions);
   if (!questions.empty() && !AreThere(questions, e->questions.size())) return std::nullopt;
+  RequireFits(episodes.size() + 1, "episodes", "one observation");
   Episode second;
   second.Descript = e->Descript;
   second.segments = TakeOut(e->segments, segments);
@@ -177,15 +204,22 @@ std::optional<Place> SplitEpisode(EpisodeList& episodes, int episode, const Posi
 
 std::optional<Place> MergeEpisodes(EpisodeList& episodes, const Positions& selected) {
   if (selected.size() < 2 || !AreThere(selected, episodes.size())) return std::nullopt;
+  const float offtask =
+      SumThatFits(selected, [&](int episode) { return At(episodes, episode)->offtask; });
   const Positions others(selected.begin() + 1, selected.end());
+  const auto all = [&](auto list) {
+    std::size_t count = 0;
+    for (const int other : others) count += ((*At(episodes, other)).*list).size();
+    return count;
+  };
+  RequireFits(*At(episodes, selected.front()), all(&Episode::segments), all(&Episode::questions));
   Episode merged = std::move(*At(episodes, selected.front()));
   for (Episode& other : TakeOut(episodes, others)) {
     merged.Descript += other.Descript;
-    merged.offtask += other.offtask;
     ColAppend(merged.segments, other.segments);
     ColAppend(merged.questions, other.questions);
   }
-  merged.offtask /= static_cast<float>(selected.size());
+  merged.offtask = offtask / static_cast<float>(selected.size());
   *At(episodes, selected.front()) = std::move(merged);
   return Place{selected.front(), 0};
 }

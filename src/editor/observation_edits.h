@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <stdexcept>
 #include <string_view>
 #include <vector>
 
@@ -20,9 +21,14 @@ struct Place {
   bool operator==(const Place&) const = default;
 };
 
+/// A change would make more of the episodes than an episode file can state. `what()` says so.
+struct DoesNotFit : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
 // The changes of structure. Each returns what is to be selected afterwards, or nothing when it has
 // left the episodes as they were: because nothing was to be done, or because a position is not
-// there.
+// there. All throw DoesNotFit, and have changed nothing then.
 
 /// Moves segments to the end of an earlier episode, or to the start of a later one. An episode that
 /// is left without segments goes, and its questions are appended to those of the receiving one.

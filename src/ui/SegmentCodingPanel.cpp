@@ -15,6 +15,7 @@
 #include "model/coding_scheme.h"
 #include "ui/ChoiceGroup.h"
 #include "ui/PressGuard.h"
+#include "ui/ReadFromStart.h"
 #include "ui/show.h"
 #include "ui_frmClassEdit.h"
 
@@ -147,8 +148,7 @@ void SegmentCodingPanel::Refresh() {
   ShowChoice(ui_.cmbActivityCoding, coding.activity);
 
   RefreshPage(coding);
-  ShowText(ui_.txtAboutData, coding.about);
-  if (!ui_.txtAboutData->hasFocus()) ui_.txtAboutData->setCursorPosition(0);
+  ReadFromStart(ui_.txtAboutData, coding.about);
   RefreshSubCategories(coding);
 
   ui_.frSeat->setVisible(coding.showsSeatwork);

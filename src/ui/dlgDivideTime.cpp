@@ -10,6 +10,11 @@ namespace orvex {
 dlgDivideTime::dlgDivideTime(int totalSeconds, QWidget* parent)
     : QDialog(parent), divide_(totalSeconds), ui_(std::make_unique<Ui::dlgDivideTime>()) {
   ui_->setupUi(this);
+  // It follows the second one: it must not look as if it took a number itself.
+  QPalette plain = ui_->txtFirstSg->palette();
+  plain.setBrush(QPalette::Base, plain.window());
+  plain.setBrush(QPalette::Text, plain.windowText());
+  ui_->txtFirstSg->setPalette(plain);
   QLineEdit* second = ui_->UpDown1->Box();
   second->setObjectName(QStringLiteral("txtSecondSg"));
   connect(second, &QLineEdit::textEdited, this, [this](const QString& text) {

@@ -13,6 +13,7 @@
 #include "model/coding_scheme.h"
 #include "ui/BoxFocus.h"
 #include "ui/FocusReturn.h"
+#include "ui/ReadFromStart.h"
 #include "ui/SegmentCodingPanel.h"
 #include "ui/SegmentDrag.h"
 #include "ui/UndoKeys.h"
@@ -213,9 +214,7 @@ void frmClassEdit::RefreshTexts() {
   ShowText(ui_->Label8, editor_.FileText());
   ShowText(ui_->Label11, editor_.DateText());
   ShowText(ui_->Label12, editor_.TotalText());
-  ShowText(ui_->txtEpisodeName, editor_.Description());
-  // Whoever is not typing in it reads it from its start.
-  if (!ui_->txtEpisodeName->hasFocus()) ui_->txtEpisodeName->setCursorPosition(0);
+  ReadFromStart(ui_->txtEpisodeName, editor_.Description());
   ui_->txtEpisodeName->setEnabled(editor_.HasEpisode());
   ShowText(ui_->Label10, PlainText(editor_.ActivityText()));
   ShowText(ui_->Label1, editor_.DurationText());
@@ -233,6 +232,7 @@ void frmClassEdit::RefreshLists() {
 
 void frmClassEdit::RefreshButtons() {
   ui_->cmdSplitSg->setEnabled(editor_.CanSplitSegment());
+  ui_->cmdSplitSg->setToolTip(Qt::convertFromPlainText(ToQt(editor_.SplitSegmentHint())));
   ui_->cmdMergeSg->setEnabled(editor_.CanMergeSegments());
   ui_->cmdSplitEp->setEnabled(editor_.CanSplitEpisode());
   ui_->cmdMergeEp->setEnabled(editor_.CanMergeEpisodes());

@@ -177,6 +177,68 @@ TEST_F(EpisodeEditorTest, TypingIsUndoneBoxByBox) {
   EXPECT_FALSE(editor.Modified()) << "as it was, by another way";
 }
 
+TEST_F(EpisodeEditorTest, AStepIsOneBoxOfOneQuestion) {
+  for (const int episode : {1, 2})
+    episodes[static_cast<std::size_t>(episode)].questions = {Question(1), Question(2)};
+  editor.Activate();
+  QuestionEditor questions(desk.services, {.caller = EditorCaller::episodeEditor, .episode = 2},
+                           nullptr, nullptr);
+  questions.OnChange([this](const QuestionChange& change) { editor.RecordQuestionChange(change); });
+  const auto shown = [this] {
+    return episodes[1].questions[1].question + "|" + episodes[2].questions[1].question;
+  };
+  for (const char* text : {"a", "ab"}) questions.TypeQuestion(text);
+  questions.ChooseEpisode(3);  // the question of the same number there
+  questions.TypeQuestion("c");
+  questions.LeaveBox();
+  questions.TypeQuestion("cd");
+  for (const char* before : {"ab|c", "ab|q2", "q2|q2"}) {
+    editor.Undo();
+    EXPECT_EQ(shown(), before);
+  }
+  EXPECT_EQ(editor.UndoName(), "Edit questions");
+}
+
+TEST_F(EpisodeEditorTest, WhatWouldNotFitIntoTheFileIsRefused) {
+  constexpr std::size_t kMany = 20000;
+  for (const std::size_t ep : {0U, 1U}) {
+    episodes[ep].segments.assign(kMany, Segment(1, 1));
+    episodes[ep].questions.assign(kMany, Question(1));
+  }
+  episodes[2].segments.assign(32767, Segment(1, 1));
+  episodes[2].segments[0].duration = episodes[2].segments[1].duration = 3e38F;
+  editor.Activate();
+  const EpisodeList before = episodes;
+  const std::string end = " fit into one episode. Nothing has been changed.";
+  const auto refuses = [&](const std::string& message, const auto& edit) {
+    desk.prompter.Expect(message, Answer::ok);
+    edit();
+    EXPECT_TRUE(episodes == before);
+  };
+  editor.SetSelectedEpisodes({1, 2});
+  refuses("No more than 32767 segments" + end, [&] { editor.cmdMergeEp_Click(); });
+  editor.SelectEpisode(3);
+  editor.SelectSegment(1);
+  desk.prompter.ExpectDivision(1);
+  refuses("No more than 32767 segments" + end, [&] { editor.cmdSplitSg_Click(); });
+  editor.SetSelectedSegments({1, 2});
+  refuses("The numbers are too large to be added up. Nothing has been changed.",
+          [&] { editor.cmdMergeSg_Click(); });
+  editor.SelectEpisode(1);
+  editor.SetSelectedSegments({1});
+  refuses("No more than 32767 segments" + end, [&] { editor.DropOnEpisode(3); });
+
+  // An episode whose last segment goes takes its questions along.
+  episodes[0].segments.resize(1);
+  episodes[1].segments.resize(1);
+  editor.Activate();
+  editor.SelectEpisode(1);
+  editor.SetSelectedSegments({1});
+  desk.prompter.Expect("No more than 32767 questions" + end, Answer::ok);
+  editor.DropOnEpisode(2);
+  EXPECT_EQ(episodes.size(), 3U);
+}
+
 TEST_F(EpisodeEditorTest, QuestionsEditedElsewhereAreOneStep) {
   editor.EditQuestions();
   EXPECT_EQ(desk.screens.Take(), (Rows{"show questionEditor for 2", "hide episodeEditor"}));

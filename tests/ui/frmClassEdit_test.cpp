@@ -366,6 +366,32 @@ TEST_F(frmClassEditTest, BoxesAreUndoneByTheEditor) {
   EXPECT_EQ(The<QLineEdit>("txtEpisodeName")->text(), QStringLiteral("Warm-up!?"));
 }
 
+TEST_F(frmClassEditTest, ABoxKeepsCaretAndSelectionWhileAnotherWindowIsUsed) {
+  Open();
+  const auto lookAway = [this] {
+    QWidget other;
+    test::Activate(other);
+    form_->Refresh();  // as its timer does
+    other.hide();
+    test::Activate(*form_);
+  };
+  GoTo("txtEpisodeName");
+  Keys("{Ctrl+A}Reading chapter");
+  lookAway();
+  Keys(" two");
+  EXPECT_EQ(program.Episodes[0].Descript, "Reading chapter two");
+  Keys("{Alt+S}!");
+  EXPECT_EQ(program.Episodes[0].Descript, "Reading chapter two!");
+  ClickEpisode(2);
+  EXPECT_EQ(The<QLineEdit>("txtEpisodeName")->cursorPosition(), 0) << "another text";
+  auto* about = The<QLineEdit>("txtAboutData");
+  GoTo("txtAboutData");
+  Keys("the moors");
+  about->setSelection(4, 5);
+  lookAway();
+  EXPECT_EQ(about->selectedText(), QStringLiteral("moors"));
+}
+
 TEST_F(frmClassEditTest, EachActivityShowsItsCodes) {
   Open();
   auto* activities = The<QComboBox>("cmbActivityCoding");
