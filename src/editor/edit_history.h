@@ -37,7 +37,7 @@ class EditHistory {
   const EditStep* NextUndo() const;
   const EditStep* NextRedo() const;
   /// How many steps can be undone.
-  std::size_t Steps() const { return current_; }
+  std::size_t Steps() const { return done_; }
   /// Turn `episodes` into the state before or after. Nothing happens when there is no such step.
   void Undo(EpisodeList& episodes);
   void Redo(EpisodeList& episodes);

@@ -114,7 +114,7 @@ OpenedFile Read(const Services& services, const fs::path& path,
   std::error_code unknown;
   if (!changes || fs::exists(path, unknown)) bytes = ReadFile(path);
   EpsObservation read = ParseEps(changes ? *changes->bytes : bytes, events);
-  TellProtection(services.prompter, path);
+  if (fs::exists(path, unknown)) TellProtection(services.prompter, path);
   if (!changes) TellDifferences(services.prompter, path, bytes, read);
   OpenedFile opened = {.file = {path, std::move(read.header), bytes},
                        .episodes = std::move(read.Episodes),

@@ -33,7 +33,7 @@ void EpisodeEditor::Keep() {
 
 void EpisodeEditor::AwaitKept() {
   Keep();
-  if (keeper_) keeper_->AwaitWritten();
+  if (keeper_) keeper_->AwaitStored();
 }
 
 void EpisodeEditor::EditQuestions() {

@@ -137,10 +137,6 @@ void Visit(auto& archive, auto& step) requires requires {
   archive.Optional("draft", step.draft, [&](auto& draft) { Visit(archive, draft); });
 }
 
-void VisitHistory(auto& archive, auto& history) {
-  QuestionHistory::Visit(archive, history, [&](auto& step) { Visit(archive, step); });
-}
-
 void VisitPath(auto& archive, const char* name, auto& path) {
   std::string text = path.string();
   archive.Text(name, text);
@@ -151,11 +147,6 @@ void Visit(auto& archive, auto& running) requires requires {
   running.curEpisode;
 }
 {
-  archive.Text("token", running.token);
-  for (auto& typed : running.typedNumbers) {
-    archive.Optional("typed", typed, [&](auto& text) { archive.Text("number", text); });
-  }
-  archive.Numbers("stored", running.stored.episodes, running.stored.notes, running.stored.survey);
   archive.Numbers("running", running.curEpisode, running.curSegment, running.episodeStart,
                   running.segmentStart, running.prevEpisodeStart);
   VisitEstimates(archive, "offtaskEstimates", running.offtaskEstimates);
@@ -176,7 +167,14 @@ void Visit(auto& archive, auto& running) requires requires {
   archive.Numbers("questionsBefore", running.questionsBefore);
 }
 
-void VisitNotesDialog(auto& archive, auto& running) {
+/// What earlier versions did not keep.
+void VisitLaterFields(auto& archive, auto& running) {
+  archive.Text("token", running.token);
+  for (auto& typed : running.typedNumbers) {
+    archive.Optional("typed", typed, [&](auto& text) { archive.Text("number", text); });
+  }
+  archive.Numbers("stored", running.stored.episodes, running.stored.notes, running.stored.survey);
+  QuestionHistory::Visit(archive, running.history, [&](auto& step) { Visit(archive, step); });
   archive.Optional("notesOpen", running.draftNotes,
                    [&](auto& text) { archive.Text("draftNotes", text); });
 }
@@ -273,8 +271,7 @@ std::string FormatRunning(const Program& program, const RunningClass& running) {
   RecordWriter writer(text);
   Visit(writer, program);
   Visit(writer, running);
-  VisitHistory(writer, running.history);
-  VisitNotesDialog(writer, running);
+  VisitLaterFields(writer, running);
   return text;
 }
 
@@ -296,10 +293,7 @@ KeptClass ParseKept(const std::string& content) {
   Visit(reader, kept.program);
   Visit(reader, kept.running);
   // A class that an earlier version has kept ends here.
-  if (!reader.AtEnd()) {
-    VisitHistory(reader, kept.running.history);
-    VisitNotesDialog(reader, kept.running);
-  }
+  if (!reader.AtEnd()) VisitLaterFields(reader, kept.running);
   reader.End();
   if (!IsGood(kept)) reader.Fail("a class that could have run so");
   MakeTextsOneLine(kept);

@@ -31,8 +31,8 @@ class FileKeeper {
   void Retry() { recovery_.Retry(); }
   /// Why the last changes could not be kept; empty while all is well.
   std::string Trouble() const;
-  /// Waits until what was handed over is in the system's hands.
-  void AwaitWritten() { recovery_.AwaitWritten(); }
+  /// Waits until what was handed over is on the disk, or has failed.
+  void AwaitStored() { recovery_.AwaitStored(); }
 
   /// The file, from now on the one at `path`, has been saved with `bytes`.
   void Saved(const std::filesystem::path& path, std::string_view bytes);

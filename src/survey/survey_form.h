@@ -48,7 +48,7 @@ class SurveyForm {
   std::string KeepTrouble() const { return keeper_ ? keeper_->Trouble() : ""; }
   /// Waits until what is to be kept is in the system's hands.
   void AwaitKept() {
-    if (keeper_) keeper_->AwaitWritten();
+    if (keeper_) keeper_->AwaitStored();
   }
 
   /// "Class ID 5-12-3", of the class or the file.

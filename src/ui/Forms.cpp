@@ -233,7 +233,7 @@ bool Forms::ShowEpisodeEditor(const std::filesystem::path& file, Unsaved unsaved
 
 void Forms::KeepAll() {
   if (classAct_) classAct_->Live().Keep();
-  services_.recovery.AwaitWritten();
+  services_.recovery.AwaitStored();
   if (classEdit_) classEdit_->Editor().AwaitKept();
   if (matrices_) matrices_->Form().AwaitKept();
 }

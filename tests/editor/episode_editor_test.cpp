@@ -183,7 +183,7 @@ TEST_F(EpisodeEditorTest, AStepIsOneBoxOfOneQuestion) {
   editor.Activate();
   QuestionEditor questions(desk.services, {.caller = EditorCaller::episodeEditor, .episode = 2},
                            nullptr, nullptr);
-  questions.OnChange([this](const QuestionChange& change) { editor.RecordQuestionChange(change); });
+  questions.KeepStepsWith(editor);
   const auto shown = [this] {
     return episodes[1].questions[1].question + "|" + episodes[2].questions[1].question;
   };

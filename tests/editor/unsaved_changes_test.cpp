@@ -40,8 +40,8 @@ class UnsavedChangesTest : public testing::Test {
     desk.prompter.Expect(
         "7-12-3.eps was changed on 03-14-2001 at 09:00:00, and the changes were not saved." + since,
         answer);
-    Opening opening = OpenForEditing(desk.services, desk.file);
     desk.editor.reset();
+    Opening opening = OpenForEditing(desk.services, desk.file);
     if (!opening.opened) return nullptr;
     desk.editor = std::make_unique<EpisodeEditor>(desk.services, std::move(*opening.opened));
     return desk.editor.get();
@@ -91,7 +91,7 @@ TEST_F(UnsavedChangesTest, AreNotKeptOnceThereAreNone) {
   };
   // Undone.
   change();
-  const std::string saved = test::FileBytes(recovery);
+  const KeptContent kept = ReadKept(recovery);
   editor.Undo();
   editor.Keep();
   desk.editor.reset();
@@ -101,7 +101,7 @@ TEST_F(UnsavedChangesTest, AreNotKeptOnceThereAreNone) {
   again.TypeDescription("A");
   EXPECT_TRUE(again.Save());
   desk.editor.reset();
-  test::PutFile(recovery, saved);
+  test::PutFile(recovery, Sealed(kept.content, kept.number));
   desk.Open(desk.file);
   EXPECT_EQ(Kept(), std::vector<fs::path>{});
   // Given up.
@@ -143,7 +143,7 @@ TEST_F(UnsavedChangesTest, AreAnotherOrvexsWhileItRuns) {
   other.TypeDescription("B");
   other.Keep();
   EXPECT_NE(other.KeepTrouble().find("in use by another Orvex"), std::string::npos);
-  EXPECT_NE(test::FileBytes(recovery).find("A"), std::string::npos);
+  EXPECT_NE(ReadUnsaved(desk.file).bytes.value_or("").find("\r\nA\r\n"), std::string::npos);
 }
 
 TEST_F(UnsavedChangesTest, AreOfferedAtTheNextStartWhereverTheFilesLie) {

@@ -266,6 +266,7 @@ TEST_F(ClassForms, CloseOnlyBeforeTheFirstKeyOrAfterTheEnd) {
     prompter.Expect("Have you finished Matrices?", Answer::yes);
     form.close();
     EXPECT_EQ(screens.Take().back(), "end");
+    std::filesystem::remove_all(folder / "EPS");  // the next class has the same numbers
   }
   Begin("Act\t ");
   Revise("txtClassNum", "x");

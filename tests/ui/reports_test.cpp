@@ -263,7 +263,7 @@ class PaperTest : public testing::Test {
   Desk desk_;
   FaultyStorage storage_;
   Services services_{desk_.program, desk_.log,      desk_.recovery, storage_,
-                     desk_.clock,   desk_.prompter, desk_.screens};
+                     desk_.clock,   desk_.prompter, desk_.screens,  desk_.programFolder};
 };
 
 TEST_F(PaperTest, OnAFullDiskKeepsTheOlderFileAndCanBeTriedAgain) {
