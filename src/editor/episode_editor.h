@@ -38,7 +38,7 @@ class EpisodeEditor : public QuestionSteps {
   void Keep();
   /// Why the changes cannot be kept; empty while all is well.
   std::string KeepTrouble() const { return keeper_ ? keeper_->Trouble() : ""; }
-  /// Waits until what is to be kept is in the system's hands.
+  /// Waits until what is to be kept is on the disk, or has failed.
   void AwaitKept();
 
   // The lists.

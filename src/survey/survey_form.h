@@ -46,7 +46,7 @@ class SurveyForm {
 
   /// Why the changes to a file cannot be kept until they are saved; empty while all is well.
   std::string KeepTrouble() const { return keeper_ ? keeper_->Trouble() : ""; }
-  /// Waits until what is to be kept is in the system's hands.
+  /// Waits until what is to be kept is on the disk, or has failed.
   void AwaitKept() {
     if (keeper_) keeper_->AwaitStored();
   }

@@ -143,7 +143,7 @@ TEST(KeptClass, IsRefusedWhereItBreaksOrCannotHaveRunSo) {
     EXPECT_THROW(ParseKept(changed), FormatError) << to;
   }
   EXPECT_THROW(ParseKept(good + "more=1\r\n"), FormatError);
-  const KeptClass earlier = ParseKept(good.substr(0, good.find("done=")));
+  const KeptClass earlier = ParseKept(good.substr(0, good.find("token=")));
   EXPECT_EQ(earlier.running.history.Steps(), 0U) << "an earlier version kept no steps";
 }
 
