@@ -295,6 +295,29 @@ TEST(PowerCut, LosesNothingThatWasToldToBeOnTheDisk) {
   std::cout << disk.Images().size() << " images of the disk were looked at\n";
 }
 
+TEST(PowerCut, LeavesARecoveryFileThatMovesToNewFolders) {
+  const TestFolder folder;
+  RecordedDisk disk(folder.Path());
+  RecoveryFile file(disk);
+  for (const char* place : {"BAK/7/12/7-12-3.recovery", "BAK/8/13/8-13-3.recovery"}) {
+    const fs::path path = folder / place;
+    ASSERT_EQ(MakeClassFolders(disk, path.parent_path()), 0);
+    if (file.IsOn()) {
+      file.MoveTo(path);
+    } else {
+      file.Begin(path);
+      file.Keep("kept");
+    }
+    file.AwaitStored();
+    disk.Done(1);
+  }
+  LookAtImages(disk, [&](const fs::path& image, std::size_t done) {
+    const std::vector<fs::path> kept = KeptPaths(image / "BAK");
+    EXPECT_TRUE(done == 0 || !kept.empty());
+    for (const fs::path& path : kept) EXPECT_EQ(ReadKept(path).content, "kept");
+  });
+}
+
 TEST(PowerCut, LeavesTheOldFileOrTheNewOneOfASave) {
   for (const std::string old : {"", "old\r\n"}) {
     const TestFolder folder;
