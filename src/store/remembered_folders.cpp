@@ -65,10 +65,11 @@ std::vector<fs::path> RememberedFolders(const fs::path& programFolder) try {
 
 void RememberFolder(Storage& storage, const fs::path& programFolder, const fs::path& folder) {
   const fs::path spelled = Spelled(folder);
-  std::vector<fs::path> folders = RememberedFolders(programFolder);
+  const std::vector<fs::path> known = RememberedFolders(programFolder);
   const bool fitsALine = spelled.native().find(kLineEnd) == std::string::npos;
-  if (!fitsALine || std::ranges::find(folders, spelled) != folders.end()) return;
-  folders.insert(folders.begin(), spelled);
+  if (!fitsALine || std::ranges::find(known, spelled) != known.end()) return;
+  std::vector<fs::path> folders = {spelled};
+  for (const fs::path& older : known) folders.push_back(older);
   MakeRoom(folders);
   std::string bytes;
   for (const fs::path& remembered : folders) {

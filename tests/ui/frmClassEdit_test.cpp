@@ -74,11 +74,11 @@ class frmClassEditTest : public testing::Test, protected Desk {
     return all;
   }
 
-  /// The middle of a row on the screen, which the list is scrolled to.
+  /// The middle of what is seen of a row, which the list is scrolled to.
   static QPoint Middle(RowList* list, int row) {
     list->scrollTo(list->model()->index(row - 1, 0));
     const QRect place = list->visualRect(list->model()->index(row - 1, 0));
-    return list->viewport()->mapToGlobal(place.center());
+    return list->viewport()->mapToGlobal(place.intersected(list->viewport()->rect()).center());
   }
   void Mouse(QEvent::Type type, const QPoint& at, Qt::KeyboardModifiers keys = {}) {
     QWidget* rows = The<RowList>("listViewSg")->viewport();
