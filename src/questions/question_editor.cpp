@@ -174,6 +174,7 @@ bool QuestionEditor::TakeNameSelection() {
 // Showing.
 
 void QuestionEditor::ChooseEpisode(int number) {
+  LeaveBox();
   selEp_ = std::min(std::max(number, 1), EpisodeCount());
   rowNumbers_.Start(static_cast<std::size_t>(QuestionCount()));
   curQ_ = 0;
@@ -225,6 +226,7 @@ void QuestionEditor::ShowSegment() {
 }
 
 void QuestionEditor::ClickRow(int i) {
+  LeaveBox();
   if (i >= 1 && i <= QuestionCount()) ShowQuestion(i);
 }
 

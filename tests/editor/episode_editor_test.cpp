@@ -187,12 +187,15 @@ TEST_F(EpisodeEditorTest, AStepIsOneBoxOfOneQuestion) {
   const auto shown = [this] {
     return episodes[1].questions[1].question + "|" + episodes[2].questions[1].question;
   };
-  for (const char* text : {"a", "ab"}) questions.TypeQuestion(text);
+  questions.TypeQuestion("a");
+  questions.ClickRow(1);  // a look at another question
+  questions.ClickRow(2);
+  for (const char* text : {"abc", "ab"}) questions.TypeQuestion(text);
   questions.ChooseEpisode(3);  // the question of the same number there
   questions.TypeQuestion("c");
   questions.LeaveBox();
   questions.TypeQuestion("cd");
-  for (const char* before : {"ab|c", "ab|q2", "q2|q2"}) {
+  for (const char* before : {"ab|c", "ab|q2", "a|q2", "q2|q2"}) {
     editor.Undo();
     EXPECT_EQ(shown(), before);
   }

@@ -46,7 +46,8 @@ void CopySample(const std::string& sample, const std::filesystem::path& to) {
 TEST(Commands, ExportSaysHowItWentInItsExitCode) {
   const test::TestFolder folder;
   CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
-  CopySample("bad/banner-old-and-repair.eps", folder / "1-2-3.eps");
+  test::PutFile(folder / "1-2-3.eps",
+                test::FileBytes(test::TestData("bad/banner-old-and-repair.eps")) + "\r\nmore\r\n");
   CopySample("bad/noise.eps", folder / "5-12-3.eps");
   std::string cut = test::FileBytes(test::TestData("bad/cut-after-line-072-Q3.eps"));
   for (int lines = 0; lines < 4; ++lines) cut.erase(cut.rfind('\n', cut.size() - 2) + 1);
@@ -80,6 +81,7 @@ TEST(Commands, ExportSaysHowItWentInItsExitCode) {
        "1-2-3.eps: warning: EPS file created by an earlier version of ORVEX.\n"
        "1-2-3.eps: warning: An inconsistency is found in activity coding of first segment in "
        "episode #1. The episode's activity is taken.\n"
+       "1-2-3.eps: warning: text after the last question, line 75\n"
        "1-2-3.eps: warning: the identity line says 5-12-3\n"},
   };
   for (const auto& [list, keepGoing, code, out, err] : cases) {
