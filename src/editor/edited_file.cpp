@@ -12,6 +12,7 @@
 #include "store/file_error.h"
 #include "store/format_error.h"
 #include "store/kept_content.h"
+#include "store/older_file.h"
 #include "store/save_file.h"
 #include "store/shown_text.h"
 
@@ -79,8 +80,7 @@ bool EditedFile::Save(const Services& services, const EpisodeList& episodes) {
 
 /// Throws FileError: without it the file is not to be replaced.
 void EditedFile::KeepAsObserved(Storage& storage) const {
-  fs::path kept = path_;
-  kept += kObservedExtension;
+  const fs::path kept = ObservedPath(path_);
   if (observed_ && !fs::exists(fs::symlink_status(kept))) ReplaceFile(storage, kept, *observed_);
 }
 

@@ -11,9 +11,6 @@
 
 namespace orvex {
 
-/// How the class as it was observed is called beside the file that its edits are saved in.
-inline constexpr const char* kObservedExtension = ".observed";
-
 /// The file that the episode editor works on: where it is, what it says of the observation as a
 /// whole, and what it held when it was last read or written.
 class EditedFile {

@@ -29,7 +29,24 @@ bool IsThere(const fs::path& path) {
   return fs::exists(fs::symlink_status(path, unreadable));
 }
 
+/// Renames a file, and before it the class as it was observed, which an edited one has beside it.
+/// Returns 0; or `errno`, and both have the names they had.
+int Rename(Storage& storage, const fs::path& from, const fs::path& to) {
+  const fs::path observed = ObservedPath(from);
+  const fs::path moved = ObservedPath(to);
+  const bool wasEdited = IsThere(observed);
+  if (wasEdited && storage.Rename(observed.c_str(), moved.c_str()) != 0) return errno;
+  if (storage.Rename(from.c_str(), to.c_str()) == 0) return 0;
+  const int error = errno;
+  if (wasEdited) storage.Rename(moved.c_str(), observed.c_str());
+  return error;
+}
+
 }  // namespace
+
+fs::path ObservedPath(fs::path file) {
+  return file += ".observed";
+}
 
 std::string OlderName(const fs::path& path) {
   const std::string stem = path.stem().string() + TimeOfLastChange(path);
@@ -45,8 +62,8 @@ std::string KeepOlder(Storage& storage, const fs::path& path) {
   std::error_code unreadable;
   if (!fs::is_regular_file(path, unreadable)) return "";
   std::string name = OlderName(path);
-  const fs::path older = path.parent_path() / name;
-  if (storage.Rename(path.c_str(), older.c_str()) != 0) throw FileError(path, errno);
+  const int error = Rename(storage, path, path.parent_path() / name);
+  if (error != 0) throw FileError(path, error);
   return name;
 }
 
@@ -61,9 +78,7 @@ std::string ReplaceKeepingOlder(Storage& storage, const fs::path& path, std::str
     file.Commit();
   } catch (const FileError&) {
     const fs::path older = file.Folder() / name;
-    if (!name.empty() && !IsThere(file.Target())) {
-      storage.Rename(older.c_str(), file.Target().c_str());
-    }
+    if (!name.empty() && !IsThere(file.Target())) Rename(storage, older, file.Target());
     throw;
   }
   return name;

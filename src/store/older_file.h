@@ -12,10 +12,14 @@ class Storage;
 /// change, "5-12-3 2026-03-02 0945.eps"; with a number behind that while such a name is taken.
 std::string OlderName(const std::filesystem::path& path);
 
-/// Renames the regular file at `path`, if there is one, to its OlderName beside it. Returns the new
-/// name;
-/// "" when there is no file. Throws FileError; the file then has the name it had. That the name
-/// reaches the disk is left to whoever puts another file there.
+/// Where the class as it was observed is kept beside the episode file that its edits are saved in:
+/// "5-12-3.eps.observed".
+std::filesystem::path ObservedPath(std::filesystem::path file);
+
+/// Renames the regular file at `path`, if there is one, to its OlderName beside it, and with it
+/// what is at its ObservedPath. Returns the new name; "" when there is no file. Throws FileError;
+/// the file then has the name it had. That the name reaches the disk is left to whoever puts
+/// another file there.
 std::string KeepOlder(Storage& storage, const std::filesystem::path& path);
 
 /// Replaces a file as ReplaceFile does, but keeps what was there beside it. Returns the name that

@@ -163,6 +163,7 @@ TEST_F(EndOfClassTest, AnotherClassOfTheSameNumbersKeepsItsFiles) {
   const auto eps = desk.folder / "EPS/7/12/7-12-3.eps";
   const auto nte = desk.folder / "NTE/7/12/7-12-3.nte";
   test::PutOldFile(eps, "another class");
+  test::PutFile(eps.string() + ".observed", "before it was edited");
   test::PutFile(nte, "\r\n");  // of no matter: it holds the same
   std::filesystem::create_directories(desk.folder / "SUR/7/12/7-12-3.sur");
   // What is half typed in a box is no number of the class.
@@ -186,6 +187,8 @@ TEST_F(EndOfClassTest, AnotherClassOfTheSameNumbersKeepsItsFiles) {
   desk.prompter.Expect(kFinished, Answer::no);
   live.cmdQuit_Click();
   EXPECT_EQ(FileBytes(eps.parent_path() / older), "another class");
+  EXPECT_EQ(FileBytes(eps.parent_path() / (older + ".observed")), "before it was edited");
+  EXPECT_FALSE(std::filesystem::exists(eps.string() + ".observed"));
   EXPECT_NE(FileBytes(eps).find(" 3 , 600 "), std::string::npos);
 }
 
