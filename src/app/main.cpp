@@ -79,10 +79,9 @@ int RunWindow(const std::filesystem::path& file) {
   if (!shown) {
     forms.Show(Screen::mainMenu);
     SettleDataPath(program, programFolder);
+    // The offer comes behind the notes: it would take the keys that are meant for them.
+    if (kind == FileKind::fieldNotes) EditFieldNotes(services, std::filesystem::absolute(file));
     OnceInUse(*qApp, [services] { OfferUnfinishedWork(services); });
-  }
-  if (kind == FileKind::fieldNotes) {
-    EditFieldNotes(services, file);
   }
   // A question before this has its own loop, and the program may have been ended in it.
   const int code = forms.IsEnding() ? EXIT_SUCCESS : QApplication::exec();

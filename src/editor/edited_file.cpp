@@ -55,7 +55,7 @@ EditedFile::EditedFile(fs::path path, EpsHeader header, std::string bytes)
     : path_(std::move(path)),
       header_(std::move(header)),
       bytes_(std::move(bytes)),
-      observed_(bytes_) {}
+      observed_(bytes_.empty() ? std::nullopt : std::optional(bytes_)) {}
 
 bool EditedFile::Save(const Services& services, const EpisodeList& episodes) {
   const std::string bytes = FormatEps(header_, episodes);
@@ -85,9 +85,9 @@ void EditedFile::KeepAsObserved(Storage& storage) const {
 }
 
 /// Throws FileChanged when another program has written the file since, and FileError when it cannot
-/// be read any more. A file that is gone replaces nothing; neither does one that holds what is to be
-/// written. `givenUp` is what has been found there before: asking once is enough for a content that
-/// the user has given up.
+/// be read any more. A file that is gone replaces nothing; neither does one that holds what is to
+/// be written. `givenUp` is what has been found there before: asking once is enough for a content
+/// that the user has given up.
 void EditedFile::RequireUnchanged(const std::string& bytes,
                                   std::optional<std::string>& givenUp) const {
   std::error_code unknown;

@@ -6,9 +6,7 @@
 
 #include "model/counted.h"
 #include "model/version.h"
-#include "store/durable_file.h"
 #include "store/eps_differences.h"
-#include "store/file_error.h"
 
 namespace orvex {
 namespace {
@@ -46,15 +44,6 @@ std::optional<Message> MessageOf(const EpsDifferences& differences,
   if (differences.None() || differences.OnlyBanner()) return std::nullopt;
   return Message{.text = "A save writes this file in the form of Orvex " + VersionText() + " (" +
                          Joined(differences.form) + "). What it holds stays as it is."};
-}
-
-void TellProtection(Prompter& prompter, const std::filesystem::path& path) {
-  try {
-    RequireReplaceable(path);
-  } catch (const FileError& error) {
-    prompter.Tell("This file is write-protected. Changes can only be saved elsewhere.",
-                  error.what());
-  }
 }
 
 }  // namespace orvex

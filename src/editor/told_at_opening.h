@@ -14,7 +14,4 @@ struct EpsDifferences;
 std::optional<Message> MessageOf(const EpsDifferences& differences,
                                  const std::filesystem::path& path);
 
-/// Tells that a file, or its folder, is write-protected, when it is.
-void TellProtection(Prompter& prompter, const std::filesystem::path& path);
-
 }  // namespace orvex

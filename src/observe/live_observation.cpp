@@ -50,6 +50,10 @@ LiveObservation::LiveObservation(const Services& services, RunningClass running)
   CatchUpSchedule();
   FocusCurActivity();
   EnterDescription();
+  // A number that was half typed is not the class's yet: it waits for its observer.
+  if (const auto box = header_.Disagreeing()) {
+    focus_.Set({.kind = Kind::header, .box = *box}, Caret::selectAll);
+  }
 }
 
 void LiveObservation::ShowForms() {
@@ -335,9 +339,9 @@ void LiveObservation::Command1_Click() {
   if (!seconds) return;
   // The segment has gone on while the dialog was open: a number that nobody has changed moves
   // nothing.
-  const float moved = *seconds == preset ? 0.0F
-                                         : SecondsSince(run_.segmentStart, Now()) -
-                                               static_cast<float>(*seconds);
+  const float moved = *seconds == preset
+                          ? 0.0F
+                          : SecondsSince(run_.segmentStart, Now()) - static_cast<float>(*seconds);
   run_.episodeStart += moved;
   run_.segmentStart += moved;
   services_.log.LogAdjustTime(run_.curEpisode, run_.curSegment, moved);

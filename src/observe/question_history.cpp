@@ -82,6 +82,7 @@ template <typename Condition>
 void QuestionHistory::Forget(Condition condition) {
   std::erase_if(done_, condition);
   std::erase_if(undone_, condition);
+  typingGoesOn_ = false;
 }
 
 void QuestionHistory::ForgetRevisions() {

@@ -48,7 +48,12 @@ std::optional<QuestionPlace> ClassSteps::TakeQuestionStep(Way way) {
 const QuestionStep* ClassSteps::NextInEntry(Way way) const {
   const QuestionStep* step = Next(way);
   const bool isSeen = step && step->place.episode == live_.CurEpisode() && !step->Revises();
-  return isSeen ? step : nullptr;
+  if (!isSeen) return nullptr;
+  // Whoever takes back a letter of the question being typed means no other question: none goes
+  // then, and none comes while it is being coded.
+  const QuestionDraft& typed = live_.Draft();
+  const bool isAnother = step->place.question != 0 && !step->draft && !typed.IsEmpty();
+  return isAnother && (step->present || !typed.fields.AreEmpty()) ? nullptr : step;
 }
 
 void ClassSteps::Take(Way way) {

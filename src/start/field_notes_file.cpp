@@ -33,6 +33,7 @@ void EditFieldNotes(const Services& services, const std::filesystem::path& path,
     services.prompter.Tell("The field notes could not be read.", error.what());
     return;
   }
+  if (!bytes.empty()) TellProtection(services.prompter, path);
   FileKeeper keeper(services, path, bytes, resumed.changes);
   FieldNotes notes = ParseFieldNotes(std::move(bytes));
   NotesPrompt prompt = {.notes = notes.text};

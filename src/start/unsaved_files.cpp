@@ -12,6 +12,7 @@
 #include "start/field_notes_file.h"
 #include "store/kept_content.h"
 #include "store/remembered_folders.h"
+#include "store/text_encoding.h"
 #include "store/unsaved_changes.h"
 
 namespace orvex {
@@ -68,8 +69,10 @@ bool TakeUp(const Services& services, const fs::path& file) {
 }
 
 Unfinished Offered(const Services& services, const fs::path& file, const UnsavedChanges& changes) {
+  const std::string since = ChangeOf(file, changes);
   return {.item = {.what = file.filename().string() + " has changes that were not saved",
-                   .extent = "changed on " + changes.dateText + " at " + changes.timeText,
+                   .extent = "changed on " + changes.dateText + " at " + changes.timeText +
+                             (since.empty() ? "" : "." + OneLine(since)),
                    .place = file.parent_path().string(),
                    .question = QuestionOfUnsaved(file, changes)},
           .goOn = [services, file] { return TakeUp(services, file); },

@@ -42,10 +42,12 @@ std::optional<std::string> StoredDataPath(const fs::path& programFolder) {
 
 std::string DataFolderText(const Services& services) {
   const fs::path& folder = services.program.DataPath;
-  const fs::path usual =
-      ReadOptionsFile(services.programFolder).value_or(services.programFolder.string());
+  const std::string stored = ReadOptionsFile(services.programFolder).value_or("");
+  const fs::path usual = stored.empty() ? services.programFolder : fs::path(stored);
   std::string text = "Data folder: " + folder.string();
-  if (folder != usual) text += "  (not the usual one, " + usual.string() + ")";
+  std::error_code unknown;
+  const bool isUsual = folder == usual || fs::equivalent(folder, usual, unknown);
+  if (!isUsual) text += "  (not the usual one, " + usual.string() + ")";
   return text;
 }
 

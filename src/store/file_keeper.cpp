@@ -16,14 +16,18 @@ FileKeeper::FileKeeper(const Services& services, std::filesystem::path path, std
       base_(takenUp ? takenUp->base : Checksum(bytes)),
       recovery_(services.storage),
       isUnsaved_(takenUp.has_value()) {
-  RememberFolder(services.storage, services.programFolder,
-                 std::filesystem::absolute(path_).parent_path());
+  RememberItsFolder();
   if (!takenUp) return;
   try {
     recovery_.GoOn(UnsavedPath(path_), takenUp->number);
   } catch (const FileError& error) {
     trouble_ = error.what();
   }
+}
+
+void FileKeeper::RememberItsFolder() const {
+  RememberFolder(services_.storage, services_.programFolder,
+                 std::filesystem::absolute(path_).parent_path());
 }
 
 FileKeeper::~FileKeeper() {
@@ -57,6 +61,7 @@ void FileKeeper::Saved(const std::filesystem::path& path, std::string_view bytes
   Drop();
   path_ = path;
   base_ = Checksum(bytes);
+  RememberItsFolder();
 }
 
 void FileKeeper::Drop() {

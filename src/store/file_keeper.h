@@ -34,6 +34,9 @@ class FileKeeper {
   /// Waits until what was handed over is on the disk, or has failed.
   void AwaitStored() { recovery_.AwaitStored(); }
 
+  /// The file whose changes are kept.
+  const std::filesystem::path& Path() const { return path_; }
+
   /// The file, from now on the one at `path`, has been saved with `bytes`.
   void Saved(const std::filesystem::path& path, std::string_view bytes);
   /// The changes are given up.
@@ -41,6 +44,7 @@ class FileKeeper {
 
  private:
   bool Begin();
+  void RememberItsFolder() const;
 
   Services services_;
   std::filesystem::path path_;

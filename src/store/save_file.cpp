@@ -4,6 +4,8 @@
 #include <system_error>
 
 #include "model/prompter.h"
+#include "store/durable_file.h"
+#include "store/file_error.h"
 
 namespace orvex {
 namespace {
@@ -89,6 +91,15 @@ fs::path Beside(const fs::path& path, const std::string& extension) {
   const bool known = path.extension() == ".eps" || path.extension() == ".EPS";
   fs::path beside = known ? path.parent_path() / path.stem() : path;
   return beside += extension;
+}
+
+void TellProtection(Prompter& prompter, const std::filesystem::path& path) {
+  try {
+    RequireReplaceable(path);
+  } catch (const FileError& error) {
+    prompter.Tell("This file is write-protected. Changes can only be saved elsewhere.",
+                  error.what());
+  }
 }
 
 }  // namespace orvex

@@ -33,15 +33,6 @@ std::optional<std::string> BytesOf(const fs::path& file) {
   }
 }
 
-/// What has happened to the file since; empty when it is as it was.
-std::string ChangeOf(const fs::path& file, const UnsavedChanges& changes) {
-  const std::optional<std::string> bytes = BytesOf(file);
-  if (bytes && Checksum(*bytes) == changes.base) return "";
-  std::error_code unknown;
-  if (!fs::exists(file, unknown)) return "\n\nThe file itself is gone since then.";
-  return "\n\nThe file itself has been changed by another program since then.";
-}
-
 void Remove(const Services& services, const fs::path& file, const UnsavedChanges& changes) {
   RecoveryFile kept(services.storage);
   kept.GoOn(UnsavedPath(file), changes.number);
@@ -95,6 +86,14 @@ std::optional<UnsavedChanges> FindUnsaved(const Services& services, const fs::pa
   }
   services.prompter.Tell(kUnsavedUnreadable, cause);
   return std::nullopt;
+}
+
+std::string ChangeOf(const fs::path& file, const UnsavedChanges& changes) {
+  const std::optional<std::string> bytes = BytesOf(file);
+  if (bytes && Checksum(*bytes) == changes.base) return "";
+  std::error_code unknown;
+  if (!fs::exists(file, unknown)) return "\n\nThe file itself is gone since then.";
+  return "\n\nThe file itself has been changed by another program since then.";
 }
 
 Message QuestionOfUnsaved(const fs::path& file, const UnsavedChanges& changes) {

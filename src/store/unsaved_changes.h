@@ -34,6 +34,9 @@ UnsavedChanges ParseUnsaved(const std::string& content);
 /// The same from what is kept beside `file`. Throws FileError as well.
 UnsavedChanges ReadUnsaved(const std::filesystem::path& file);
 
+/// What has happened to `file` since it was changed, as a paragraph of a question; "" when it is as
+/// it was.
+std::string ChangeOf(const std::filesystem::path& file, const UnsavedChanges& changes);
 /// The changes that are kept beside `file`, unless they are another Orvex's or nothing: what was
 /// saved before the program ended is no longer kept. The user is told when they cannot be read.
 std::optional<UnsavedChanges> FindUnsaved(const Services& services,
@@ -46,7 +49,7 @@ bool DiscardUnsaved(const Services& services, const std::filesystem::path& file,
 
 /// A file that is being opened, as far as changes to it were not saved.
 struct Resumption {
-  bool isOpened = true;                   ///< false: all is left for later
+  bool isOpened = true;                        ///< false: all is left for later
   std::optional<UnsavedChanges> changes = {};  ///< to be opened instead of what the file holds
 };
 /// Offers what is kept of `file`, which is about to be opened, or takes it up at once.

@@ -9,6 +9,7 @@
 #include "store/durable_file.h"
 #include "store/file_error.h"
 #include "store/format_error.h"
+#include "store/save_file.h"
 #include "store/shown_text.h"
 
 namespace orvex {
@@ -36,6 +37,7 @@ OpenedSurvey Read(const Services& services, const std::filesystem::path& path,
   std::error_code unknown;
   if (!changes || std::filesystem::exists(path, unknown)) bytes = ReadFile(path);
   OpenedSurvey opened = ParseSur(changes ? *changes->bytes : bytes);
+  if (!bytes.empty()) TellProtection(services.prompter, path);
   opened.keeper = std::make_unique<FileKeeper>(services, path, bytes, changes);
   opened.isTakenUp = changes.has_value();
   return opened;

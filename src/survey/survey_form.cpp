@@ -6,6 +6,7 @@
 
 #include "model/program.h"
 #include "model/prompter.h"
+#include "store/older_file.h"
 #include "store/paths.h"
 #include "store/save_file.h"
 #include "survey/open_survey.h"
@@ -105,15 +106,28 @@ void SurveyForm::RequestClose() {
 /// False when the file could not be written and the user has given up for now.
 bool SurveyForm::Save() {
   if (path_.empty()) path_ = SurPathInFolder(services_.program.DataPath, file_->identity);
-  const std::filesystem::path saved = SaveFile(
-      services_.prompter,
-      {.failure = "The survey could not be written.", .path = path_, .filter = kSurFilter},
-      [this](const std::filesystem::path& path) { WriteSurFile(services_.storage, path, *file_); });
+  std::string older;
+  const std::filesystem::path saved =
+      SaveFile(services_.prompter,
+               {.failure = "The survey could not be written.", .path = path_, .filter = kSurFilter},
+               [this, &older](const std::filesystem::path& path) {
+                 // A survey is saved under its numbers: where the file it was opened from has
+                 // another name, somebody else's survey may lie there.
+                 std::error_code unknown;
+                 const bool isAnother =
+                     keeper_ && !std::filesystem::equivalent(keeper_->Path(), path, unknown);
+                 if (isAnother) {
+                   older = ReplaceKeepingOlder(services_.storage, path, FormatSur(*file_));
+                 } else {
+                   WriteSurFile(services_.storage, path, *file_);
+                 }
+               });
   if (saved.empty()) return false;
   path_ = saved;
   saved_ = answers_;
   if (keeper_) keeper_->Saved(path_, FormatSur(*file_));
   savedText_ = "Saved as " + saved.string();
+  if (!older.empty()) savedText_ += "; what was there is kept as " + older;
   return true;
 }
 

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -93,6 +94,19 @@ QMessageBox::Icon IconOf(const Message& message) {
   return message.buttons == Buttons::ok ? QMessageBox::Information : QMessageBox::Question;
 }
 
+/// Qt lets a letter alone press a button of a box. What has captions of its own drops something or
+/// comes unasked, in the middle of typing: there it takes Alt.
+class PlainLettersPressNothing : public QObject {
+ public:
+  using QObject::QObject;
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress) return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const bool plain = !(key->modifiers() & (Qt::AltModifier | Qt::ControlModifier));
+    return plain && key->text().size() == 1 && key->text().at(0).isLetterOrNumber();
+  }
+};
+
 /// Lets the user choose a file in `dialog`.
 ChosenFile Choose(QFileDialog& dialog, const FilePrompt& prompt) {
   // Qt's own dialog, because a platform's does not tell which folder it ended in.
@@ -131,6 +145,7 @@ Answer QtPrompter::Ask(const Message& message) {
   for (const auto& [answer, caption] : message.captions) {
     if (QAbstractButton* button = box.button(ButtonOf(answer))) button->setText(ToQt(caption));
   }
+  if (!message.captions.empty()) box.installEventFilter(new PlainLettersPressNothing(&box));
   box.setDefaultButton(ButtonOf(message.defaultAnswer));
   const Answer dismissed = message.dismissed.value_or(Refusal(message.buttons));
   if (!box.standardButtons().testFlag(ButtonOf(dismissed))) {
