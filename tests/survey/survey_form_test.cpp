@@ -80,6 +80,27 @@ TEST(SurveyOnAFile, IsSavedUnderItsNumbersInItsSpellingUntilItIsSavedElsewhere) 
   EXPECT_EQ(test::FileBytes(other), FormatSur(file));
 }
 
+TEST(SurveyOnAFile, KeepsWhatLiesUnderItsNumbersWhenItHasAnotherName) {
+  test::Desk desk;
+  const fs::path misnamed = desk.folder / "9-9-9.sur";
+  const fs::path another = desk.folder / "5-12-3.sur";
+  test::PutFile(misnamed, FormatSur({.identity = kIdentity, .answers = {}}));
+  test::PutFile(another, "another survey");
+  auto opened = LoadSurvey(desk.services, misnamed, Unsaved::isOffered);
+  ASSERT_TRUE(opened);
+  SurveyForm form(desk.services, std::move(*opened));
+  for (int rating : {1, 2}) {
+    form.Rate(15, rating);
+    form.Command1_Click();
+  }
+  int kept = 0;
+  for (const auto& file : fs::directory_iterator(desk.folder.Path())) {
+    kept += test::FileBytes(file.path()) == "another survey" ? 1 : 0;
+  }
+  EXPECT_EQ(kept, 1);
+  EXPECT_NE(test::FileBytes(another), "another survey");
+}
+
 struct SurveyFileScene : test::SaveScene {
   explicit SurveyFileScene(bool older) {
     if (older) test::PutFile(desk.folder / "5-12-3.sur", "the old survey\r\n");

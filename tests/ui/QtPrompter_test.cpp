@@ -56,6 +56,17 @@ TEST(QtPrompter, AsksWithTheButtonsAndTheDefaultThatAreWanted) {
   }
 }
 
+TEST(QtPrompter, LetsNoLetterAlonePressAButtonOfItsOwn) {
+  const Message message = {.text = "Changes were not saved.",
+                           .buttons = Buttons::yesNoCancel,
+                           .defaultAnswer = Answer::yes,
+                           .captions = {{Answer::yes, "&Take them up"}, {Answer::no, "&Discard"}}};
+  for (const auto& [keys, answer] : {std::pair{"d\n", Answer::yes}, {"{Alt+D}", Answer::no}}) {
+    InTheNext<QMessageBox>([keys = keys](QMessageBox&) { Keys(keys); });
+    EXPECT_EQ(QtPrompter().Ask(message), answer);
+  }
+}
+
 TEST(QtPrompter, TakesALineOfText) {
   const TextPrompt prompt = {
       .text = "Enter a new path", .title = "Path", .defaultText = "/data/\xC3\xA9t\xC3\xA9"};
