@@ -66,6 +66,8 @@ EpsObservation WithPlainFields(EpsObservation observation) {
         &identity.Initials, &header.ObservDate, &header.StartTime}) {
     plain(*field);
   }
+  // The number of students is written as it was typed, and read without the blanks around it.
+  identity.NumStudents = std::string(WithoutBlanks(identity.NumStudents));
   for (Episode& episode : observation.Episodes) plain(episode.bReview);
   return observation;
 }
