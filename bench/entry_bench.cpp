@@ -94,7 +94,8 @@ struct Entry {
   test::RecordingScreens screens;
   SessionLog log{storage, clock};
   RecoveryFile recovery{storage};
-  Services services{program, log, recovery, storage, clock, prompter, screens};
+  std::filesystem::path programFolder{folder.path().toStdString()};
+  Services services{program, log, recovery, storage, clock, prompter, screens, programFolder};
   frmClassAct live{services};
   frmEnterQA form{services, live.Live(), live.Clocks()};
 };
@@ -126,7 +127,7 @@ void KeepingAClass(benchmark::State& state) {
   Entry entry(static_cast<int>(state.range(0)));
   Longest keeping;
   for (auto _ : state) {
-    entry.live.Live().DraftQuestion() += 'a';
+    entry.live.Live().Draft().question += 'a';
     keeping.Begin();
     entry.live.Live().Keep();
     entry.recovery.AwaitWritten();
