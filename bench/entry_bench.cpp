@@ -15,14 +15,14 @@
 #include <thread>
 
 #include "model/program.h"
-#include "store/recovery_file.h"
+#include "recovery/recovery_file.h"
 #include "store/session_log.h"
 #include "store/storage.h"
 #include "support/agreeing_prompter.h"
 #include "support/fake_clock.h"
 #include "support/recording_screens.h"
-#include "ui/frmClassAct.h"
-#include "ui/frmEnterQA.h"
+#include "ui/forms/frmClassAct.h"
+#include "ui/forms/frmEnterQA.h"
 
 namespace orvex {
 namespace {

@@ -1,11 +1,11 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "export/episode_rows.h"
 #include "fuzz/checks.h"
 #include "model/time_of_day.h"
 #include "store/eps_file.h"
 #include "store/numbers.h"
+#include "tables/episode_rows.h"
 
 namespace orvex::fuzz {
 namespace {

@@ -1,6 +1,6 @@
-#include "export/file_list.h"
-#include "export/problem.h"
 #include "fuzz/checks.h"
+#include "tables/file_list.h"
+#include "tables/problem.h"
 
 namespace orvex::fuzz {
 namespace {

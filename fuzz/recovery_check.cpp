@@ -1,6 +1,6 @@
 #include "fuzz/checks.h"
-#include "observe/kept_class.h"
-#include "store/kept_content.h"
+#include "recovery/kept_class.h"
+#include "recovery/kept_content.h"
 
 namespace orvex::fuzz {
 namespace {

@@ -1,13 +1,13 @@
 #include <cstddef>
 
-#include "export/episode_rows.h"
-#include "export/observation_json.h"
-#include "export/tidy_tables.h"
 #include "fuzz/checks.h"
 #include "reports/question_plot.h"
 #include "reports/question_statistics.h"
 #include "reports/time_summary.h"
 #include "store/text_encoding.h"
+#include "tables/episode_rows.h"
+#include "tables/observation_json.h"
+#include "tables/tidy_tables.h"
 
 namespace orvex::fuzz {
 namespace {

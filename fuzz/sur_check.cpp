@@ -1,6 +1,6 @@
-#include "export/survey_row.h"
 #include "fuzz/checks.h"
-#include "survey/sur_file.h"
+#include "store/sur_file.h"
+#include "tables/survey_row.h"
 
 namespace orvex::fuzz {
 namespace {

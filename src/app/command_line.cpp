@@ -9,8 +9,8 @@
 #include <string_view>
 #include <utility>
 
-#include "export/named_file.h"
 #include "store/shown_text.h"
+#include "commands/named_file.h"
 
 namespace orvex {
 namespace {

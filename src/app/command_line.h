@@ -6,8 +6,8 @@
 #include <variant>
 #include <vector>
 
-#include "export/report_command.h"
-#include "export/table_command.h"
+#include "commands/report_command.h"
+#include "commands/table_command.h"
 
 namespace orvex {
 

@@ -5,7 +5,7 @@
 #include <csignal>
 #include <iostream>
 
-#include "export/check_command.h"
+#include "commands/check_command.h"
 #include "store/storage.h"
 
 namespace orvex {

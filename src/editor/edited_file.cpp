@@ -3,17 +3,18 @@
 #include <system_error>
 #include <utility>
 
+#include "desk/choose_file.h"
+#include "desk/prompter.h"
+#include "desk/save_file.h"
+#include "desk/screens.h"
 #include "editor/told_at_opening.h"
-#include "model/prompter.h"
-#include "model/screens.h"
-#include "store/choose_file.h"
+#include "recovery/kept_content.h"
+#include "store/checksum.h"
 #include "store/durable_file.h"
 #include "store/eps_differences.h"
 #include "store/file_error.h"
 #include "store/format_error.h"
-#include "store/kept_content.h"
 #include "store/older_file.h"
-#include "store/save_file.h"
 #include "store/shown_text.h"
 
 namespace orvex {

@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
+#include "desk/services.h"
+#include "recovery/file_keeper.h"
 #include "store/eps_file.h"
-#include "store/file_keeper.h"
-#include "store/services.h"
 
 namespace orvex {
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <utility>
 
+#include "desk/prompter.h"
 #include "editor/episode_editor.h"
 #include "model/program.h"
-#include "model/prompter.h"
 #include "store/text_encoding.h"
 
 namespace orvex {

@@ -7,14 +7,14 @@
 #include <string_view>
 #include <vector>
 
+#include "desk/screens.h"
+#include "desk/services.h"
 #include "editor/edit_history.h"
 #include "editor/edited_file.h"
 #include "editor/observation_edits.h"
 #include "editor/segment_coding_view.h"
 #include "model/episode.h"
-#include "model/screens.h"
 #include "questions/question_steps.h"
-#include "store/services.h"
 
 namespace orvex {
 

@@ -1,9 +1,10 @@
 #include <utility>
 
+#include "desk/prompter.h"
+#include "desk/proof.h"
+#include "desk/screens.h"
 #include "editor/episode_editor.h"
 #include "model/program.h"
-#include "model/prompter.h"
-#include "model/screens.h"
 #include "model/validation.h"
 
 namespace orvex {
@@ -45,11 +46,7 @@ void EpisodeEditor::EditQuestions() {
 
 void EpisodeEditor::Proof() {
   LeaveBox();
-  Program& program = services_.program;
-  if (FindUncodedQuestion(program.Episodes, program.ProofEp, program.ProofQ, services_.prompter) ==
-      -1) {
-    return;
-  }
+  if (!FindNextGap(services_.program, services_.prompter)) return;
   services_.screens.ShowQuestionEditor(EditorCaller::episodeEditor, true);
   services_.screens.Hide(Screen::episodeEditor);
 }

@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
+#include "desk/screens.h"
 #include "editor/edited_file.h"
-#include "model/screens.h"
 
 namespace orvex {
 

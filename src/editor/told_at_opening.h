@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <optional>
 
-#include "model/prompter.h"
+#include "desk/prompter.h"
 
 namespace orvex {
 

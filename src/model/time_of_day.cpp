@@ -2,8 +2,6 @@
 
 #include <cmath>
 
-#include "model/prompter.h"
-
 namespace orvex {
 
 double RoundHalfEven(double x) {
@@ -24,12 +22,9 @@ float WholeSeconds(float seconds) {
   return static_cast<float>(RoundHalfEven(static_cast<double>(seconds)));
 }
 
-std::int32_t SecondsOfDay(float x, Prompter& prompter) {
+std::optional<std::int32_t> SecondsOfDay(float x) {
   const auto seconds = static_cast<double>(WholeSeconds(x));
-  if (!(seconds >= -2147483648.0 && seconds <= 2147483647.0)) {
-    prompter.Tell("Function overflow. Contact Dovrin.");
-    return 0;
-  }
+  if (!(seconds >= -2147483648.0 && seconds <= 2147483647.0)) return std::nullopt;
   return static_cast<std::int32_t>(seconds);
 }
 

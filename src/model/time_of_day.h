@@ -1,10 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 namespace orvex {
-
-class Prompter;
 
 inline constexpr float kSecondsPerDay = 86400.0F;
 
@@ -19,8 +18,8 @@ float SecondsSince(float start, float now);
 /// one.
 float WholeSeconds(float seconds);
 
-/// The same as a 32-bit number, for the difference `x` of two readings of the clock. A value that
-/// does not fit is told to the user and gives 0.
-std::int32_t SecondsOfDay(float x, Prompter& prompter);
+/// The difference `x` of two readings of the clock as a 32-bit number, rounded and wrapped past
+/// midnight as by `WholeSeconds`; nothing for a value that does not fit.
+std::optional<std::int32_t> SecondsOfDay(float x);
 
 }  // namespace orvex

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "model/prompter.h"
-
 namespace orvex {
 
 MissingCodes FindMissingCodes(const questionInfo& question) {
@@ -30,7 +28,7 @@ MissingCodes FindMissingCodes(const questionInfo& question) {
   return missing;
 }
 
-int FindUncodedQuestion(const EpisodeList& episodes, int& ep, int& q, Prompter& prompter) {
+int FindUncodedQuestion(const EpisodeList& episodes, int& ep, int& q) {
   const int count = static_cast<int>(episodes.size());
   int episode = ep < 1 || ep > count ? 1 : ep;
   int question = std::max(q, 1);
@@ -47,7 +45,6 @@ int FindUncodedQuestion(const EpisodeList& episodes, int& ep, int& q, Prompter& 
     episode = episode == count ? 1 : episode + 1;
     question = 1;
   }
-  prompter.Tell("Everything coded; no invalid codes found");
   return -1;
 }
 

@@ -6,8 +6,6 @@
 
 namespace orvex {
 
-class Prompter;
-
 /// What a question lacks: its text, and the dimensions that its Source and Response require.
 struct MissingCodes {
   bool text = false;
@@ -19,8 +17,8 @@ MissingCodes FindMissingCodes(const questionInfo& question);
 
 /// Searches for the next question that is not fully coded, in reading order from question `q` of
 /// episode `ep` (both counted from 1) round to the start. Found: `ep` and `q` name it, and the
-/// result is 1. None: the user is told so, `ep` and `q` stay, and the result is -1. An episode
-/// number out of range counts as 1, a question number below 1 as 1.
-int FindUncodedQuestion(const EpisodeList& episodes, int& ep, int& q, Prompter& prompter);
+/// result is 1. None: `ep` and `q` stay, and the result is -1. An episode number out of range
+/// counts as 1, a question number below 1 as 1.
+int FindUncodedQuestion(const EpisodeList& episodes, int& ep, int& q);
 
 }  // namespace orvex

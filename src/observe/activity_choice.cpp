@@ -2,8 +2,8 @@
 #include <cstddef>
 #include <string>
 
-#include "model/prompter.h"
-#include "model/screens.h"
+#include "desk/prompter.h"
+#include "desk/screens.h"
 #include "observe/live_observation.h"
 #include "store/session_log.h"
 

@@ -1,12 +1,12 @@
 #include <string>
 
+#include "desk/prompter.h"
+#include "desk/save_file.h"
+#include "desk/screens.h"
 #include "model/clock.h"
-#include "model/prompter.h"
-#include "model/screens.h"
 #include "observe/live_observation.h"
-#include "observe/store_class.h"
+#include "running/store_class.h"
 #include "store/numbers.h"
-#include "store/save_file.h"
 #include "store/session_log.h"
 
 namespace orvex {

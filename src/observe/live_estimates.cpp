@@ -2,8 +2,8 @@
 #include <optional>
 #include <string>
 
+#include "desk/prompter.h"
 #include "model/clock.h"
-#include "model/prompter.h"
 #include "model/time_of_day.h"
 #include "observe/live_observation.h"
 #include "observe/offtask_dialog.h"

@@ -4,9 +4,11 @@
 #include <cstddef>
 #include <utility>
 
+#include "desk/elapsed_time.h"
+#include "desk/prompter.h"
+#include "desk/proof.h"
+#include "desk/screens.h"
 #include "model/clock.h"
-#include "model/prompter.h"
-#include "model/screens.h"
 #include "model/time_of_day.h"
 #include "model/validation.h"
 #include "store/session_log.h"
@@ -191,11 +193,12 @@ std::string_view LiveObservation::CurActivityCaption() const {
 void LiveObservation::EndSeg() {
   const bool takesEstimates = run_.estimateKind >= 1 && run_.estimateKind != kNoEstimates;
   if (takesEstimates && !run_.skipEstimate) AskEstimate();
-  const float length = Now() - run_.segmentStart;
+  const float now = Now();
   services_.log.LogSegmentEnd(run_.curEpisode, run_.curSegment, CurActivityCaption(),
-                              SecondsOfDay(length, services_.prompter), run_.coding.about);
+                              ElapsedSeconds(run_.segmentStart, now, services_.prompter),
+                              run_.coding.about);
   run_.schedule.Stop();
-  CurrentEpisode().segments.push_back(run_.Segment(length));
+  CurrentEpisode().segments.push_back(run_.Segment(now - run_.segmentStart));
 }
 
 // Episodes.
@@ -208,7 +211,7 @@ void LiveObservation::EndEpisode() {
   EndSeg();
   run_.episodeActivity = run_.curActivity;
   services_.log.LogEpisode(run_.curEpisode, Description(),
-                           SecondsOfDay(Now() - run_.episodeStart, services_.prompter));
+                           ElapsedSeconds(run_.episodeStart, Now(), services_.prompter));
   if (CurQuestions().empty()) return;
   StoreOfftaskMean();
   services_.log.LogBlankLine();
@@ -304,10 +307,7 @@ void LiveObservation::cmdReview_Click() {
 }
 
 void LiveObservation::cmdProof_Click() {
-  Program& program = services_.program;
-  if (FindUncodedQuestion(episodes_, program.ProofEp, program.ProofQ, services_.prompter) == -1) {
-    return;
-  }
+  if (!FindNextGap(services_.program, services_.prompter)) return;
   services_.screens.ShowQuestionEditor(EditorCaller::liveObservation, true);
   services_.screens.Hide(Screen::liveObservation);
 }
@@ -332,7 +332,7 @@ void LiveObservation::cmdFieldNote_Click() {
 }
 
 void LiveObservation::Command1_Click() {
-  const std::int32_t elapsed = SecondsOfDay(Now() - run_.segmentStart, services_.prompter);
+  const std::int32_t elapsed = ElapsedSeconds(run_.segmentStart, Now(), services_.prompter);
   const int maximum = std::min(2 * elapsed, kMost);
   const int preset = std::min(elapsed, maximum);
   const auto seconds = services_.prompter.AskSeconds({.maximum = maximum, .seconds = preset});

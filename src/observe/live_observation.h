@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "desk/focus.h"
+#include "desk/prompter.h"
+#include "desk/services.h"
 #include "model/program.h"
-#include "model/prompter.h"
-#include "observe/class_keeper.h"
-#include "observe/focus.h"
 #include "observe/observation_header.h"
-#include "observe/running_class.h"
-#include "store/services.h"
+#include "recovery/class_keeper.h"
+#include "running/running_class.h"
 
 namespace orvex {
 

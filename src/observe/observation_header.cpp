@@ -2,11 +2,12 @@
 
 #include <filesystem>
 
-#include "model/prompter.h"
+#include "desk/prompter.h"
+#include "recovery/kept_content.h"
+#include "recovery/recovery_file.h"
 #include "store/file_error.h"
 #include "store/older_file.h"
 #include "store/paths.h"
-#include "store/recovery_file.h"
 #include "store/session_log.h"
 
 namespace orvex {

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "observe/header_box.h"
-#include "store/services.h"
+#include "desk/services.h"
+#include "running/header_box.h"
 
 namespace orvex {
 

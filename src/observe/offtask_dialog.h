@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "model/prompter.h"
-#include "observe/focus.h"
+#include "desk/focus.h"
+#include "desk/prompter.h"
 
 namespace orvex {
 

@@ -3,10 +3,11 @@
 #include <cstdint>
 #include <utility>
 
+#include "desk/elapsed_time.h"
 #include "model/clock.h"
 #include "model/time_of_day.h"
 #include "observe/live_observation.h"
-#include "store/recovery_file.h"
+#include "recovery/recovery_file.h"
 #include "store/session_log.h"
 
 namespace orvex {
@@ -41,7 +42,7 @@ std::string SessionClocks::LogTrouble() const {
 
 std::string SessionClocks::TimeSince(float start) const {
   const std::int32_t seconds =
-      SecondsOfDay(services_.clock.SecondsSinceMidnight() - start, services_.prompter);
+      ElapsedSeconds(start, services_.clock.SecondsSinceMidnight(), services_.prompter);
   return TwoDigits(seconds / 60) + " : " + TwoDigits(seconds % 60);
 }
 

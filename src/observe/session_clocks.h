@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "desk/guarded_tick.h"
+#include "desk/services.h"
 #include "observe/offtask_indicator.h"
-#include "observe/tick.h"
-#include "store/services.h"
 
 namespace orvex {
 

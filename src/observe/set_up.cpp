@@ -3,20 +3,20 @@
 #include <filesystem>
 #include <functional>
 
+#include "desk/data_folder.h"
+#include "desk/prompter.h"
+#include "desk/screens.h"
 #include "model/program.h"
-#include "model/prompter.h"
-#include "model/screens.h"
-#include "observe/store_class.h"
-#include "observe/unended_class.h"
-#include "store/claim.h"
-#include "store/data_folder.h"
+#include "recovery/claim.h"
+#include "recovery/kept_content.h"
+#include "recovery/recovery_file.h"
+#include "recovery/remembered_folders.h"
+#include "recovery/unended_class.h"
+#include "running/store_class.h"
 #include "store/file_error.h"
-#include "store/kept_content.h"
 #include "store/numbers.h"
 #include "store/older_file.h"
 #include "store/paths.h"
-#include "store/recovery_file.h"
-#include "store/remembered_folders.h"
 #include "store/session_log.h"
 
 namespace orvex {

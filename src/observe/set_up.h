@@ -4,9 +4,9 @@
 #include <optional>
 #include <string>
 
-#include "observe/focus.h"
-#include "observe/header_box.h"
-#include "store/services.h"
+#include "desk/focus.h"
+#include "desk/services.h"
+#include "running/header_box.h"
 
 namespace orvex {
 

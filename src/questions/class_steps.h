@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "desk/services.h"
 #include "questions/question_steps.h"
-#include "store/services.h"
 
 namespace orvex {
 

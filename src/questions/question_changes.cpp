@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "model/prompter.h"
+#include "desk/prompter.h"
 #include "questions/question_editor.h"
 #include "questions/question_layout.h"
 #include "questions/question_room.h"

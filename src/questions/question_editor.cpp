@@ -4,8 +4,9 @@
 #include <cstddef>
 #include <utility>
 
+#include "desk/prompter.h"
+#include "desk/proof.h"
 #include "model/program.h"
-#include "model/prompter.h"
 #include "model/validation.h"
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
@@ -266,9 +267,7 @@ void QuestionEditor::Next() {
   Program& program = services_.program;
   program.ProofEp = selEp_;
   program.ProofQ = curQ_ + 1;
-  const int found =
-      FindUncodedQuestion(program.Episodes, program.ProofEp, program.ProofQ, services_.prompter);
-  if (found == -1) return;
+  if (!FindNextGap(program, services_.prompter)) return;
   ChooseEpisode(program.ProofEp);
   FocusGap();
 }

@@ -7,15 +7,15 @@
 #include <utility>
 #include <vector>
 
+#include "desk/focus.h"
+#include "desk/guarded_tick.h"
+#include "desk/screens.h"
+#include "desk/services.h"
 #include "model/episode.h"
-#include "model/screens.h"
-#include "observe/focus.h"
 #include "observe/offtask_indicator.h"
-#include "observe/tick.h"
 #include "questions/class_steps.h"
 #include "questions/question_steps.h"
 #include "questions/row_numbers.h"
-#include "store/services.h"
 
 namespace orvex {
 

@@ -4,9 +4,10 @@
 #include <utility>
 #include <vector>
 
+#include "desk/prompter.h"
+#include "desk/proof.h"
+#include "desk/screens.h"
 #include "model/program.h"
-#include "model/prompter.h"
-#include "model/screens.h"
 #include "model/validation.h"
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
@@ -289,11 +290,7 @@ void QuestionEntry::OpenEditor(bool proofMode) {
 }
 
 void QuestionEntry::Proof() {
-  Program& program = services_.program;
-  if (FindUncodedQuestion(program.Episodes, program.ProofEp, program.ProofQ, services_.prompter) !=
-      -1) {
-    OpenEditor(true);
-  }
+  if (FindNextGap(services_.program, services_.prompter)) OpenEditor(true);
 }
 
 void QuestionEntry::OpenSurvey() {

@@ -6,13 +6,13 @@
 #include <string>
 #include <string_view>
 
+#include "desk/focus.h"
+#include "desk/guarded_tick.h"
+#include "desk/services.h"
 #include "model/question_info.h"
-#include "observe/entry_fields.h"
-#include "observe/focus.h"
 #include "observe/offtask_indicator.h"
-#include "observe/tick.h"
 #include "questions/class_steps.h"
-#include "store/services.h"
+#include "running/entry_fields.h"
 
 namespace orvex {
 

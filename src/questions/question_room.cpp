@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "model/prompter.h"
+#include "desk/prompter.h"
 #include "observe/live_observation.h"
 
 namespace orvex {

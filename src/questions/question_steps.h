@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "observe/question_history.h"
+#include "running/question_history.h"
 
 namespace orvex {
 

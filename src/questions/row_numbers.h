@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "observe/question_history.h"
+#include "running/question_history.h"
 
 namespace orvex {
 

@@ -6,13 +6,13 @@
 #include <system_error>
 #include <utility>
 
-#include "model/prompter.h"
-#include "store/choose_file.h"
+#include "desk/choose_file.h"
+#include "desk/prompter.h"
+#include "desk/save_file.h"
+#include "recovery/file_keeper.h"
 #include "store/durable_file.h"
 #include "store/field_notes.h"
 #include "store/file_error.h"
-#include "store/file_keeper.h"
-#include "store/save_file.h"
 
 namespace orvex {
 

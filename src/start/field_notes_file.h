@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
-#include "model/screens.h"
-#include "store/services.h"
+#include "desk/screens.h"
+#include "desk/services.h"
 
 namespace orvex {
 

@@ -4,16 +4,16 @@
 #include <optional>
 #include <system_error>
 
+#include "desk/data_folder.h"
+#include "desk/prompter.h"
+#include "desk/save_file.h"
+#include "desk/screens.h"
 #include "model/clock.h"
 #include "model/program.h"
-#include "model/prompter.h"
-#include "model/screens.h"
 #include "model/version.h"
 #include "start/field_notes_file.h"
-#include "store/data_folder.h"
 #include "store/file_error.h"
 #include "store/options_file.h"
-#include "store/save_file.h"
 #include "store/text_encoding.h"
 #include "survey/open_survey.h"
 

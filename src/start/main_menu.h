@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "store/services.h"
+#include "desk/services.h"
 
 namespace orvex {
 

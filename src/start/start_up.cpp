@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "store/data_folder.h"
+#include "desk/data_folder.h"
 #include "store/file_error.h"
 
 namespace orvex {

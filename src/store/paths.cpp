@@ -8,7 +8,6 @@
 
 #include "store/durable_file.h"
 #include "store/file_error.h"
-#include "store/kept_content.h"
 #include "store/numbers.h"
 #include "store/storage.h"
 
@@ -102,10 +101,6 @@ fs::path BakPath(const fs::path& dataPath, const Identity& identity) {
 void MakeBakFolders(Storage& storage, const fs::path& dataPath, const Identity& identity) {
   const fs::path folder = BakPath(dataPath, identity).parent_path();
   if (MakeClassFolders(storage, folder) != 0) throw FileError(folder, errno);
-}
-
-fs::path RecoveryPath(const fs::path& dataPath, const Identity& identity) {
-  return FilePath(dataPath, "BAK", identity, kRecoveryExtension);
 }
 
 fs::path DataFolderOf(const fs::path& logPath) {

@@ -38,8 +38,6 @@ std::filesystem::path SurPathInFolder(const std::filesystem::path& dataPath, Ide
 std::filesystem::path BakPath(const std::filesystem::path& dataPath, const Identity& identity);
 void MakeBakFolders(Storage& storage, const std::filesystem::path& dataPath,
                     const Identity& identity);
-/// Where the class is kept while it runs, beside its log.
-std::filesystem::path RecoveryPath(const std::filesystem::path& dataPath, const Identity& identity);
 /// The data folder that a log, or what is kept beside it, lies in.
 std::filesystem::path DataFolderOf(const std::filesystem::path& logPath);
 /// The folder of the logs of all schools.

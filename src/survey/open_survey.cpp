@@ -3,13 +3,13 @@
 #include <string>
 #include <system_error>
 
-#include "model/prompter.h"
-#include "model/screens.h"
-#include "store/choose_file.h"
+#include "desk/choose_file.h"
+#include "desk/prompter.h"
+#include "desk/save_file.h"
+#include "desk/screens.h"
 #include "store/durable_file.h"
 #include "store/file_error.h"
 #include "store/format_error.h"
-#include "store/save_file.h"
 #include "store/shown_text.h"
 
 namespace orvex {

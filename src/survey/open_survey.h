@@ -5,9 +5,9 @@
 #include <optional>
 #include <utility>
 
-#include "store/file_keeper.h"
-#include "store/services.h"
-#include "survey/sur_file.h"
+#include "desk/services.h"
+#include "recovery/file_keeper.h"
+#include "store/sur_file.h"
 
 namespace orvex {
 

@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <utility>
 
+#include "desk/prompter.h"
+#include "desk/save_file.h"
 #include "model/program.h"
-#include "model/prompter.h"
 #include "store/older_file.h"
 #include "store/paths.h"
-#include "store/save_file.h"
 #include "survey/open_survey.h"
 
 namespace orvex {

@@ -7,11 +7,11 @@
 #include <string>
 #include <string_view>
 
-#include "model/screens.h"
-#include "store/services.h"
+#include "desk/screens.h"
+#include "desk/services.h"
+#include "model/survey_scheme.h"
+#include "store/sur_file.h"
 #include "survey/open_survey.h"
-#include "survey/sur_file.h"
-#include "survey/survey_scheme.h"
 
 namespace orvex {
 

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <memory>
 
-#include "model/screens.h"
-#include "store/services.h"
+#include "desk/screens.h"
+#include "desk/services.h"
 
 namespace orvex {
 

@@ -4,10 +4,10 @@
 #include "reports/time_summary.h"
 #include "ui/Forms.h"
 #include "ui/Present.h"
-#include "ui/frmClassEdit.h"
-#include "ui/frmQuestionPlot.h"
-#include "ui/frmQuestionStats.h"
-#include "ui/frmTimeSummary.h"
+#include "ui/forms/frmClassEdit.h"
+#include "ui/forms/frmQuestionPlot.h"
+#include "ui/forms/frmQuestionStats.h"
+#include "ui/forms/frmTimeSummary.h"
 
 namespace orvex {
 

@@ -4,7 +4,7 @@
 #include <QWindow>
 #include <memory>
 
-#include "ui/FitToScreen.h"
+#include "ui/widgets/FitToScreen.h"
 
 namespace orvex {
 

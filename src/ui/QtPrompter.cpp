@@ -12,14 +12,14 @@
 #include <QPushButton>
 #include <QStringList>
 
-#include "ui/FitToScreen.h"
-#include "ui/dlgDivideTime.h"
-#include "ui/dlgFieldNote.h"
-#include "ui/dlgUnfinished.h"
-#include "ui/frmAdjust.h"
-#include "ui/frmChooseQAs.h"
-#include "ui/frmOfftask.h"
+#include "ui/forms/dlgDivideTime.h"
+#include "ui/forms/dlgFieldNote.h"
+#include "ui/forms/dlgUnfinished.h"
+#include "ui/forms/frmAdjust.h"
+#include "ui/forms/frmChooseQAs.h"
+#include "ui/forms/frmOfftask.h"
 #include "ui/text.h"
+#include "ui/widgets/FitToScreen.h"
 
 namespace orvex {
 namespace {

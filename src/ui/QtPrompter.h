@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "model/prompter.h"
+#include "desk/prompter.h"
 
 class QWidget;
 

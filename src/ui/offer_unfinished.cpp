@@ -5,15 +5,16 @@
 #include <utility>
 #include <vector>
 
-#include "observe/unended_class.h"
-#include "start/unsaved_files.h"
-#include "store/unfinished.h"
+#include "recovery/unended_class.h"
+#include "recovery/unfinished.h"
+#include "recovery/unsaved_files.h"
+#include "start/field_notes_file.h"
 
 namespace orvex {
 
 void OfferUnfinishedWork(const Services& services) {
   std::vector<Unfinished> all = UnendedClasses(services);
-  std::ranges::move(UnsavedFiles(services), std::back_inserter(all));
+  std::ranges::move(UnsavedFiles(services, EditFieldNotes), std::back_inserter(all));
   OfferUnfinished(services.prompter, std::move(all));
 }
 

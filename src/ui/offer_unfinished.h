@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/services.h"
+#include "desk/services.h"
 
 namespace orvex {
 

@@ -11,8 +11,8 @@
 #include <cstddef>
 #include <string>
 
+#include "desk/focus.h"
 #include "model/shortened.h"
-#include "observe/focus.h"
 #include "ui/text.h"
 
 namespace orvex {

@@ -14,19 +14,25 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The folders of the house, and the folders each may include from besides itself.
+/// The rooms of the house, and the rooms each may include from besides itself.
 const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"model", {}},
     {"store", {"model"}},
-    {"survey", {"store", "model"}},
-    {"start", {"survey", "store", "model"}},
-    {"observe", {"survey", "store", "model"}},
-    {"questions", {"observe", "start", "store", "model"}},
-    {"editor", {"questions", "store", "model"}},
+    {"desk", {"store", "model"}},
+    {"running", {"desk", "store", "model"}},
+    {"recovery", {"running", "desk", "store", "model"}},
+    {"survey", {"recovery", "desk", "store", "model"}},
+    {"start", {"survey", "recovery", "desk", "store", "model"}},
+    {"observe", {"running", "recovery", "desk", "store", "model"}},
+    {"questions", {"observe", "running", "start", "desk", "store", "model"}},
+    {"editor", {"questions", "recovery", "desk", "store", "model"}},
     {"reports", {"store", "model"}},
-    {"export", {"reports", "survey", "store", "model"}},
-    {"ui", {"editor", "export", "reports", "questions", "observe", "start", "survey", "store", "model"}},
-    {"app", {"ui", "editor", "export", "reports", "questions", "observe", "start", "store", "model"}},
+    {"tables", {"reports", "desk", "store", "model"}},
+    {"commands", {"tables", "reports", "store", "model"}},
+    {"ui",
+     {"editor", "tables", "reports", "questions", "observe", "running", "start", "survey",
+      "recovery", "desk", "store", "model"}},
+    {"app", {"ui", "commands", "tables", "recovery", "start", "desk", "store", "model"}},
 };
 
 /// The folder that a line includes from; "" when it includes none of ours.
@@ -64,8 +70,10 @@ TEST(Architecture, IncludesGoDownwardOnly) {
   for (const auto& entry : fs::recursive_directory_iterator(orvex::test::SourceFolder() / "src")) {
     const std::string extension = entry.path().extension().string();
     if (extension != ".h" && extension != ".cpp") continue;
-    const std::string folder = entry.path().parent_path().filename().string();
-    ASSERT_TRUE(kMayInclude.contains(folder)) << folder << " is not a folder of the house";
+    // A room may have corners: ui/forms/frmQA.cpp belongs to ui.
+    const fs::path inside = fs::relative(entry.path(), orvex::test::SourceFolder() / "src");
+    const std::string folder = inside.begin()->string();
+    ASSERT_TRUE(kMayInclude.contains(folder)) << folder << " is not a room of the house";
     std::ifstream file(entry.path());
     for (std::string line; std::getline(file, line);) {
       const std::string from = IncludedFolder(line);

@@ -1,6 +1,6 @@
 // What is changed in a file and not saved, and what becomes of it when the program ends.
 
-#include "store/unsaved_changes.h"
+#include "recovery/unsaved_changes.h"
 
 #include <gtest/gtest.h>
 
@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "editor/editor_desk.h"
+#include "recovery/kept_content.h"
+#include "recovery/unsaved_files.h"
 #include "start/field_notes_file.h"
-#include "start/unsaved_files.h"
-#include "store/kept_content.h"
 #include "survey/survey_form.h"
 
 namespace orvex {
@@ -112,7 +112,7 @@ TEST_F(UnsavedChangesTest, AreNotKeptOnceThereAreNone) {
   desk.prompter.Expect("Edit Another File?", Answer::no);
   desk.editor->Quit();
   EXPECT_EQ(Kept(), std::vector<fs::path>{});
-  EXPECT_TRUE(UnsavedFiles(desk.services).empty());
+  EXPECT_TRUE(UnsavedFiles(desk.services, EditFieldNotes).empty());
 }
 
 TEST_F(UnsavedChangesTest, OfAFileThatWasChangedSinceAreToldAndReplaceNothingUnasked) {
@@ -135,7 +135,7 @@ TEST_F(UnsavedChangesTest, OfAFileThatWasChangedSinceAreToldAndReplaceNothingUna
 TEST_F(UnsavedChangesTest, AreAnotherOrvexsWhileItRuns) {
   desk.Open(desk.file).TypeDescription("A");
   desk.editor->AwaitKept();
-  EXPECT_TRUE(UnsavedFiles(desk.services).empty());
+  EXPECT_TRUE(UnsavedFiles(desk.services, EditFieldNotes).empty());
   // Somebody opens the file there, too: nothing is asked, and nobody's changes are replaced.
   Opening opening = OpenForEditing(desk.services, desk.file);
   ASSERT_TRUE(opening.opened);
@@ -164,7 +164,7 @@ TEST_F(UnsavedChangesTest, AreOfferedAtTheNextStartWhereverTheFilesLie) {
   EditFieldNotes(desk.services, notes);
   EXPECT_EQ(test::FileBytes(notes), "caf\xE9\r\n");
 
-  const std::vector<Unfinished> all = UnsavedFiles(desk.services);
+  const std::vector<Unfinished> all = UnsavedFiles(desk.services, EditFieldNotes);
   ASSERT_EQ(all.size(), 3U);
   EXPECT_EQ(all[0].item.what, "7-12-3.eps has changes that were not saved");
   EXPECT_EQ(all[1].item.extent, "changed on 03-14-2001 at 09:00:00");
@@ -187,7 +187,7 @@ TEST_F(UnsavedChangesTest, AreOfferedAtTheNextStartWhereverTheFilesLie) {
   form.Command1_Click();
   all[0].close();
   EXPECT_EQ(test::FileBytes(desk.file), before);
-  EXPECT_TRUE(UnsavedFiles(desk.services).empty());
+  EXPECT_TRUE(UnsavedFiles(desk.services, EditFieldNotes).empty());
 }
 
 }  // namespace

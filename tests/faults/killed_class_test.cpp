@@ -18,10 +18,10 @@
 
 #include "faults/played_class.h"
 #include "faults/recorded_disk.h"
-#include "observe/kept_class.h"
-#include "store/claim.h"
+#include "recovery/claim.h"
+#include "recovery/kept_class.h"
+#include "recovery/kept_content.h"
 #include "store/durable_file.h"
-#include "store/kept_content.h"
 #include "store/storage.h"
 #include "support/faulty_storage.h"
 #include "support/save_faults.h"

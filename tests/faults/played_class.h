@@ -7,13 +7,13 @@
 #include <vector>
 
 #include "model/program.h"
-#include "observe/kept_class.h"
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
 #include "observe/set_up.h"
-#include "observe/unended_class.h"
 #include "questions/question_entry.h"
-#include "store/recovery_file.h"
+#include "recovery/kept_class.h"
+#include "recovery/recovery_file.h"
+#include "recovery/unended_class.h"
 #include "store/session_log.h"
 #include "store/storage.h"
 #include "support/agreeing_prompter.h"

@@ -1,4 +1,4 @@
-#include "observe/unended_class.h"
+#include "recovery/unended_class.h"
 
 #include <gtest/gtest.h>
 
@@ -9,11 +9,11 @@
 #include <vector>
 
 #include "faults/played_class.h"
-#include "observe/kept_class.h"
+#include "recovery/kept_class.h"
+#include "recovery/kept_content.h"
+#include "recovery/remembered_folders.h"
 #include "store/eps_file.h"
-#include "store/kept_content.h"
 #include "store/older_file.h"
-#include "store/remembered_folders.h"
 #include "store/storage.h"
 #include "support/desk.h"
 

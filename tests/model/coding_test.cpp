@@ -73,20 +73,18 @@ TEST(Validation, WhatAQuestionMustCarryFollowsSourceAndResponse) {
 }
 
 TEST(Validation, TheSearchGoesRoundOnceAndSaysWhenNothingIsLeft) {
-  test::ScriptedPrompter prompter;
   EpisodeList episodes(3);
   const questionInfo complete = Coded("T", "N");
   episodes[0].questions = {complete, complete};
   episodes[1].questions = {Coded("", "Y"), complete, complete, complete};
   using Place = std::pair<int, int>;
   for (auto [ep, q] : {Place{2, 3}, {1, 1}, {3, 1}, {2, 1}, {0, 0}, {9, 40}}) {
-    EXPECT_EQ(FindUncodedQuestion(episodes, ep, q, prompter), 1);
+    EXPECT_EQ(FindUncodedQuestion(episodes, ep, q), 1);
     EXPECT_EQ(Place(ep, q), Place(2, 1));
   }
   episodes[1].questions[0] = complete;
-  prompter.Expect("Everything coded; no invalid codes found", Answer::ok);
   auto [ep, q] = Place(2, 7);
-  EXPECT_EQ(FindUncodedQuestion(episodes, ep, q, prompter), -1);
+  EXPECT_EQ(FindUncodedQuestion(episodes, ep, q), -1);
   EXPECT_EQ(Place(ep, q), Place(2, 7));
 }
 

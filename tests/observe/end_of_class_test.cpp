@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "observe/close_kept_class.h"
-#include "observe/kept_class.h"
 #include "observe/live_observation.h"
-#include "store/kept_content.h"
+#include "recovery/close_kept_class.h"
+#include "recovery/kept_class.h"
+#include "recovery/kept_content.h"
 #include "store/older_file.h"
 #include "support/desk.h"
 #include "support/save_faults.h"

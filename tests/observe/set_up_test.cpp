@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "observe/observation_header.h"
-#include "store/kept_content.h"
+#include "recovery/kept_content.h"
 #include "store/older_file.h"
 #include "support/desk.h"
 #include "support/faulty_storage.h"

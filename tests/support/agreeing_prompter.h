@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "model/prompter.h"
+#include "desk/prompter.h"
 
 namespace orvex::test {
 

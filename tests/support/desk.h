@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <string>
 
+#include "desk/services.h"
 #include "model/program.h"
-#include "store/recovery_file.h"
-#include "store/services.h"
+#include "recovery/recovery_file.h"
 #include "store/session_log.h"
 #include "store/storage.h"
 #include "support/fake_clock.h"

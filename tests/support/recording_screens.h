@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "model/screens.h"
-#include "observe/running_class.h"
+#include "desk/screens.h"
+#include "running/running_class.h"
 
 namespace orvex::test {
 

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "desk/prompter.h"
 #include "model/episode.h"
-#include "model/prompter.h"
 
 namespace orvex::test {
 
@@ -47,8 +47,8 @@ class ScriptedPrompter : public Prompter {
                       std::function<void()> during = {}) {
     estimates_.push_back({typed, accept, std::move(during)});
   }
-  /// The next time adjustment is set to `seconds`; nothing for Cancel. `during` runs while the dialog
-  /// is open.
+  /// The next time adjustment is set to `seconds`; nothing for Cancel. `during` runs while the
+  /// dialog is open.
   void ExpectSeconds(std::optional<int> seconds, std::function<void()> during = {}) {
     seconds_.push_back({seconds, std::move(during)});
   }

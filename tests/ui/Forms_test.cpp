@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <functional>
 
-#include "store/unsaved_changes.h"
+#include "recovery/unsaved_changes.h"
 #include "support/desk.h"
 #include "ui/EndOfSession.h"
 #include "ui/keys.h"

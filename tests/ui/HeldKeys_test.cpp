@@ -1,4 +1,4 @@
-#include "ui/HeldKeys.h"
+#include "ui/keys/HeldKeys.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
-#include "ui/CommandButton.h"
+#include "ui/widgets/CommandButton.h"
 
 namespace orvex {
 namespace {

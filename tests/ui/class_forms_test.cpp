@@ -8,8 +8,8 @@
 #include <QRadioButton>
 
 #include "support/desk.h"
-#include "ui/frmClassAct.h"
-#include "ui/frmEnterQA.h"
+#include "ui/forms/frmClassAct.h"
+#include "ui/forms/frmEnterQA.h"
 #include "ui/keys.h"
 
 namespace orvex {

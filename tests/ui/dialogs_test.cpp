@@ -18,11 +18,11 @@
 #include "model/episode.h"
 #include "support/fake_clock.h"
 #include "support/scripted_prompter.h"
-#include "ui/NotesBox.h"
 #include "ui/QtPrompter.h"
-#include "ui/dlgFieldNote.h"
-#include "ui/dlgTimer.h"
+#include "ui/forms/dlgFieldNote.h"
+#include "ui/forms/dlgTimer.h"
 #include "ui/keys.h"
+#include "ui/widgets/NotesBox.h"
 
 namespace orvex {
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/frmClassEdit.h"
+#include "ui/forms/frmClassEdit.h"
 
 #include <gtest/gtest.h>
 
@@ -12,9 +12,9 @@
 
 #include "editor/editor_desk.h"
 #include "support/sample_manifest.h"
-#include "ui/RowList.h"
 #include "ui/edit_sequences.h"
 #include "ui/keys.h"
+#include "ui/widgets/RowList.h"
 
 namespace orvex {
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/frmInput1.h"
+#include "ui/forms/frmInput1.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Making the tables from the main menu, watched.
 
-#include "ui/frmListOfFiles.h"
+#include "ui/forms/frmListOfFiles.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "ui/frmMatrices.h"
+#include "ui/forms/frmMatrices.h"
 
 #include <gtest/gtest.h>
 

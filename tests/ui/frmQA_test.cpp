@@ -1,4 +1,4 @@
-#include "ui/frmQA.h"
+#include "ui/forms/frmQA.h"
 
 #include <gtest/gtest.h>
 

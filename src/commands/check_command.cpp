@@ -1,0 +1,113 @@
+#include "commands/check_command.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "model/coding_scheme.h"
+#include "model/counted.h"
+#include "model/survey_scheme.h"
+#include "model/validation.h"
+#include "store/shown_text.h"
+#include "commands/named_file.h"
+
+namespace orvex {
+namespace {
+
+struct Tally {
+  std::size_t observations = 0;  ///< episode files that were read
+  std::size_t surveys = 0;
+  std::size_t unread = 0;
+  std::size_t questions = 0;
+  std::size_t incomplete = 0;  ///< of the questions
+  std::size_t statements = 0;
+  std::size_t open = 0;  ///< of the statements
+};
+
+/// "Uptake, Elaborated/Unelaborated".
+std::string NamesOf(const MissingCodes& missing) {
+  std::string names;
+  const auto add = [&names](std::string_view name) {
+    if (!names.empty()) names += ", ";
+    names += name;
+  };
+  if (missing.text) add("the text of the question");
+  for (const Dimension dimension : missing.dimensions) {
+    add(DimensionLabels[static_cast<std::size_t>(dimension)].Label);
+  }
+  return names;
+}
+
+void CheckEpisodes(const std::string& file, const EpisodeList& episodes, const Console& console,
+                   Tally& tally) {
+  for (std::size_t ep = 0; ep < episodes.size(); ++ep) {
+    const auto& questions = episodes[ep].questions;
+    tally.questions += questions.size();
+    for (std::size_t q = 0; q < questions.size(); ++q) {
+      const MissingCodes missing = FindMissingCodes(questions[q]);
+      if (missing.None()) continue;
+      ++tally.incomplete;
+      console.out << file << ":" << ep + 1 << ":" << q + 1 << ": missing " << NamesOf(missing)
+                  << "\n";
+    }
+  }
+}
+
+void CheckSurvey(const std::string& file, const Survey& answers, const Console& console,
+                 Tally& tally) {
+  tally.statements += answers.ratings.size();
+  for (std::size_t i = 0; i < answers.ratings.size(); ++i) {
+    if (answers.ratings[i] != kUncoded) continue;
+    ++tally.open;
+    console.out << file << ": not rated: " << PlainText(SurveyStatements()[i].text) << "\n";
+  }
+}
+
+void CheckFile(const std::filesystem::path& file, const Console& console, Tally& tally) {
+  const FileKind kind = KindOf(file);
+  bool read = false;
+  if (kind == FileKind::episodes) {
+    const auto observation = ReadEpisodes(file, console);
+    read = observation.has_value();
+    if (read) CheckEpisodes(Shown(file.native()), observation->Episodes, console, tally);
+    tally.observations += read;
+  } else if (kind == FileKind::survey) {
+    const auto survey = ReadSurvey(file, console);
+    read = survey.has_value();
+    if (read) CheckSurvey(Shown(file.native()), survey->answers, console, tally);
+    tally.surveys += read;
+  } else {
+    RefuseKind(file, "an episode file (.eps) or a survey file (.sur)", console);
+  }
+  tally.unread += !read;
+}
+
+/// Nothing is said of a kind of file that was not given.
+std::string TextOf(const Tally& tally) {
+  std::string text = Counted(tally.observations + tally.surveys, "file") + " checked";
+  std::string separator = ": ";
+  const auto add = [&](std::size_t missing, std::size_t count, const char* noun, const char* what) {
+    text += separator + std::to_string(missing) + " of " + Counted(count, noun) + what;
+    separator = ", ";
+  };
+  if (tally.observations > 0) {
+    add(tally.incomplete, tally.questions, "question", " not fully coded");
+  }
+  if (tally.surveys > 0) add(tally.open, tally.statements, "statement", " not rated");
+  return text;
+}
+
+}  // namespace
+
+ExitCode RunCheck(const std::vector<std::filesystem::path>& files, const Console& console) {
+  Tally tally;
+  for (const std::filesystem::path& file : files) CheckFile(file, console, tally);
+  console.out << TextOf(tally) << "\n";
+  if (tally.unread > 0) {
+    console.err << Counted(tally.unread, "file") << " could not be read\n";
+    return kFailed;
+  }
+  return tally.incomplete + tally.open > 0 ? kFound : kDone;
+}
+
+}  // namespace orvex

@@ -1,0 +1,60 @@
+#include "commands/named_file.h"
+
+#include <algorithm>
+#include <string>
+
+#include "tables/episode_rows.h"
+
+namespace orvex {
+namespace {
+
+char LowerCase(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+/// Runs `read`; a problem is written.
+template <typename Read>
+auto Reading(const std::filesystem::path& file, const Console& console, Read read) {
+  std::optional<decltype(read())> result;
+  if (const auto problem = ProblemOf(file, [&] { result = read(); })) {
+    console.err << problem->Text() << "\n";
+  }
+  return result;
+}
+
+Warn WarnOn(const std::filesystem::path& file, const Console& console) {
+  return
+      [&](const std::string& warning) { console.err << Warning(file, 0, warning).Text() << "\n"; };
+}
+
+}  // namespace
+
+FileKind KindOf(const std::filesystem::path& file) {
+  std::string extension = file.extension().string();
+  std::ranges::transform(extension, extension.begin(), LowerCase);
+  if (extension == ".eps") return FileKind::episodes;
+  if (extension == ".sur") return FileKind::survey;
+  return extension == ".nte" ? FileKind::fieldNotes : FileKind::other;
+}
+
+std::optional<EpsObservation> ReadEpisodes(const std::filesystem::path& file,
+                                           const Console& console) {
+  const Warn warn = WarnOn(file, console);
+  ReadOn events(warn);
+  auto observation = Reading(file, console, [&] { return ReadEpsFile(file, events); });
+  if (observation) WarnOfOtherNumbers(file, observation->header.identity, warn);
+  return observation;
+}
+
+std::optional<SurFile> ReadSurvey(const std::filesystem::path& file, const Console& console) {
+  auto survey = Reading(file, console, [&] { return ReadSurFile(file); });
+  if (survey) WarnOfOtherNumbers(file, survey->identity, WarnOn(file, console));
+  return survey;
+}
+
+void RefuseKind(const std::filesystem::path& file, const std::string& expected,
+                const Console& console) {
+  console.err << Problem{file, 0, "expected " + expected}.Text() << "\n";
+}
+
+}  // namespace orvex

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "model/survey.h"
+
+namespace orvex {
+
+/// A group of check boxes.
+struct SurveyGroup {
+  std::string_view heading;  ///< how a survey file spells it
+  std::string_view caption;  ///< how the form spells it
+  std::span<const std::string_view> items;
+};
+const std::array<SurveyGroup, kCheckGroups>& SurveyGroups();
+
+/// What the form writes over the last three groups, of which the first carries it in the file.
+inline constexpr std::string_view kTypesOfWriting = "Today's types of writing include:";
+inline constexpr int kTypesOfWritingGroup = 3;
+
+/// A statement to be rated. Its buttons show the values 0 to `highest`; one more, before them,
+/// shows that the statement does not apply.
+struct SurveyStatement {
+  std::string_view text;
+  std::string_view legend;  ///< what its values mean
+  bool notApplicable = false;
+  int highest = 3;
+
+  int Buttons() const { return highest + 1 + (notApplicable ? 1 : 0); }
+  /// "N/A" or the value that the button shows.
+  std::string Caption(int button) const;
+};
+const std::array<SurveyStatement, kStatements>& SurveyStatements();
+
+/// A run of statements with a heading of its own.
+struct SurveyScale {
+  std::string_view name;
+  int first = 0;
+  int count = 0;
+};
+inline constexpr std::array<SurveyScale, 2> kSurveyScales = {{
+    {"Instructional Dimensions Scale", 0, kInstructionalStatements},
+    {"Student Engagement Scale", kInstructionalStatements, kStatements - kInstructionalStatements},
+}};
+
+/// How a survey spells what does not apply, or has not been rated.
+inline constexpr std::string_view kNotApplicable = "N/A";
+
+}  // namespace orvex

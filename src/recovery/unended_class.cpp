@@ -1,0 +1,228 @@
+#include "recovery/unended_class.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "desk/prompter.h"
+#include "desk/screens.h"
+#include "model/clock.h"
+#include "model/counted.h"
+#include "model/program.h"
+#include "recovery/claim.h"
+#include "recovery/close_kept_class.h"
+#include "recovery/kept_class.h"
+#include "recovery/kept_content.h"
+#include "recovery/recovery_file.h"
+#include "recovery/remembered_folders.h"
+#include "store/file_error.h"
+#include "store/format_error.h"
+#include "store/paths.h"
+#include "store/session_log.h"
+#include "store/storage.h"
+
+namespace orvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A class as it lies on the disk.
+struct Found {
+  fs::path path;
+  KeptClass kept;
+};
+
+/// Nothing, when the class cannot be read: `causes` then says why.
+std::optional<Found> Read(const fs::path& path, std::string& causes) {
+  try {
+    return Found{.path = path, .kept = ReadKeptClass(path)};
+  } catch (const FileError& error) {
+    causes += (causes.empty() ? "" : "\n") + std::string(error.what());
+  } catch (const FormatError& error) {
+    causes += (causes.empty() ? "" : "\n") + path.string() + ": " + error.what();
+  }
+  return std::nullopt;
+}
+
+/// The classes kept at `paths`, as far as they can be read.
+std::vector<Found> ReadAll(const Services& services, const std::vector<fs::path>& paths) {
+  std::vector<Found> all;
+  std::string causes;
+  for (const fs::path& path : paths) {
+    if (auto found = Read(path, causes)) all.push_back(*std::move(found));
+  }
+  if (!causes.empty()) {
+    services.prompter.Tell("A class that was not ended cannot be read. Its file is left as it is.",
+                           causes);
+  }
+  return all;
+}
+
+/// What is kept of the same class as `found` under the numbers that it has got since.
+const Found* LaterTwin(const std::vector<Found>& all, const Found& found) {
+  const auto twin = std::ranges::find_if(all, [&](const Found& other) {
+    return !found.kept.running.token.empty() &&
+           other.kept.running.token == found.kept.running.token &&
+           other.kept.number > found.kept.number &&
+           DataFolderOf(other.path) == DataFolderOf(found.path);
+  });
+  return twin == all.end() ? nullptr : &*twin;
+}
+
+/// Removes what is kept at `path` of a class that is kept as `later`, too. Its log, if it has not
+/// been renamed yet, goes on as that one's.
+void DropTwin(const Services& services, const fs::path& path, const fs::path& later) {
+  const auto log = [](fs::path kept) { return kept.replace_extension(".bak"); };
+  std::error_code unknown;
+  if (fs::exists(log(path), unknown) && !fs::exists(log(later), unknown)) {
+    services.storage.Rename(log(path).c_str(), log(later).c_str());
+  }
+  for (const fs::path& file : FilesKeptAt(path)) services.storage.Unlink(file.c_str());
+  SyncFolder(services.storage, path.parent_path());
+}
+
+/// A program that was ended while it renamed a class leaves the class twice: the newer one stays.
+void DropTwins(const Services& services, std::vector<Found>& all) {
+  const std::vector<Found> found = all;
+  std::erase_if(all, [&](const Found& one) {
+    const Found* later = LaterTwin(found, one);
+    if (later && !IsClaimed(one.path)) DropTwin(services, one.path, later->path);
+    return later || IsClaimed(one.path);
+  });
+  // The one that stays bears the number that its log has now.
+  for (Found& one : all) {
+    std::string causes;
+    if (auto again = Read(one.path, causes)) one = *std::move(again);
+  }
+}
+
+/// Where classes may be kept: the data folder comes first, and none twice.
+std::vector<fs::path> FoldersToLookIn(const Services& services) {
+  std::vector<fs::path> folders = RememberedFolders(services.programFolder);
+  folders.insert(folders.begin(), services.program.DataPath);
+  std::vector<fs::path> found;
+  for (const fs::path& folder : folders) {
+    std::error_code gone;
+    const fs::path real = fs::canonical(folder, gone);
+    if (gone || std::ranges::find(found, real) != found.end()) continue;
+    found.push_back(real);
+  }
+  return found;
+}
+
+/// How long ago the class was kept last, in seconds. A clock that has been set back counts as none.
+std::int64_t Gap(const Services& services, const KeptClass& kept) {
+  return std::max<std::int64_t>(0, services.clock.UnixSeconds() - kept.moment.unixSeconds);
+}
+
+std::string Amount(const KeptClass& kept) {
+  return Counted(kept.program.Episodes.size(), "episode") + ", " +
+         Counted(kept.Questions(), "question");
+}
+
+std::string Times(const KeptClass& kept) {
+  return kept.program.StartTimeText + " to " + kept.moment.timeText;
+}
+
+Message Question(const Services& services, const Found& found, const std::string& what) {
+  const KeptClass& kept = found.kept;
+  const bool stored = kept.program.QuitRequested;
+  constexpr std::int64_t kStillThatLesson = 2 * 60 * 60;
+  std::string text = what + ".\n\nIt was observed from " + Times(kept) + ": " + Amount(kept) + ".";
+  const fs::path folder = DataFolderOf(found.path);
+  std::error_code unknown;
+  if (!fs::equivalent(folder, services.program.DataPath, unknown)) {
+    text += "\n\nIt lies in the data folder " + folder.string() + ".";
+  }
+  return {.text = std::move(text),
+          .buttons = Buttons::yesNoCancel,
+          .defaultAnswer = Gap(services, kept) < kStillThatLesson ? Answer::yes : Answer::cancel,
+          .captions = {{Answer::yes, stored ? "&Fill in the survey" : "&Go on observing"},
+                       {Answer::no, stored ? "&Close it without" : "&Close it as it stands"},
+                       {Answer::cancel, "&Leave it for later"}}};
+}
+
+UnfinishedItem ItemOf(const Services& services, const Found& found) {
+  const KeptClass& kept = found.kept;
+  const std::string what =
+      "Class " + kept.program.identity.ClassId() + " of " + kept.moment.dateText +
+      (kept.program.QuitRequested ? " is stored, but its survey is not" : " was not ended");
+  return {.what = what,
+          .extent = Times(kept) + ", " + Amount(kept),
+          .place = DataFolderOf(found.path).string(),
+          .question = Question(services, found, what)};
+}
+
+/// Opens what a running class needs. Throws FileError; the class is then kept as it was.
+void ReopenFiles(const Services& services, const KeptClass& kept, const fs::path& path) {
+  services.recovery.GoOn(path, kept.number);
+  if (kept.program.QuitRequested) return;  // its log is complete
+  try {
+    // It may just have been renamed: what is kept then follows the log.
+    const fs::path folder = DataFolderOf(path);
+    services.recovery.MoveTo(RecoveryPath(folder, kept.program.identity));
+    services.log.File().GoOn(BakPath(folder, kept.program.identity));
+  } catch (const FileError&) {
+    services.recovery.Leave();
+    throw;
+  }
+  services.log.LogTakenUp();
+  RememberFolder(services.storage, services.programFolder, DataFolderOf(path));
+}
+
+bool TakeUp(const Services& services, KeptClass kept, const fs::path& path) {
+  try {
+    ReopenFiles(services, kept, path);
+  } catch (const FileError& error) {
+    services.prompter.Tell("The class could not be taken up again.", error.what());
+    return false;
+  }
+  // The time since then counts: the segment has gone on all the while.
+  kept.running.ShiftTimes(services.clock.SecondsSinceMidnight() - kept.moment.secondsSinceMidnight -
+                          static_cast<float>(Gap(services, kept)));
+  kept.program.DataPath = DataFolderOf(path);
+  services.program = std::move(kept.program);
+  services.screens.ShowTakenUpClass(kept.running);
+  services.screens.Close(Screen::mainMenu);
+  return true;
+}
+
+Unfinished Offered(const Services& services, const Found& found) {
+  return {.item = ItemOf(services, found),
+          .goOn = [services, found] { return TakeUp(services, found.kept, found.path); },
+          .close = [services, found] { CloseKeptClass(services, found.kept, found.path); }};
+}
+
+std::vector<Found> FindClasses(const Services& services, const std::vector<fs::path>& folders) {
+  std::vector<fs::path> paths;
+  for (const fs::path& folder : folders) {
+    for (fs::path& path : KeptPaths(BakFolder(folder))) paths.push_back(std::move(path));
+  }
+  std::vector<Found> all = ReadAll(services, paths);
+  DropTwins(services, all);
+  return all;
+}
+
+}  // namespace
+
+std::vector<Unfinished> UnendedClassAt(const Services& services, const fs::path& path) {
+  std::vector<Unfinished> offered;
+  for (const Found& found : FindClasses(services, {DataFolderOf(path)})) {
+    if (found.path == path) offered.push_back(Offered(services, found));
+  }
+  return offered;
+}
+
+std::vector<Unfinished> UnendedClasses(const Services& services) {
+  std::vector<Unfinished> offered;
+  for (const Found& found : FindClasses(services, FoldersToLookIn(services))) {
+    offered.push_back(Offered(services, found));
+  }
+  return offered;
+}
+
+}  // namespace orvex

@@ -1,0 +1,54 @@
+#include "running/running_class.h"
+
+#include <charconv>
+#include <random>
+
+namespace orvex {
+
+RunningClass RunningClass::Begun() {
+  constexpr int kHexadecimal = 16;
+  RunningClass begun;
+  std::random_device random;
+  for (int i = 0; i < 4; ++i) {
+    char digits[kHexadecimal];
+    const auto end = std::to_chars(digits, digits + kHexadecimal, random(), kHexadecimal).ptr;
+    begun.token.append(digits, end).append(i < 3 ? "-" : "");
+  }
+  return begun;
+}
+
+int RunningClass::Activity() const {
+  int number = 0;
+  std::from_chars(curActivity.data(), curActivity.data() + curActivity.size(), number);
+  return number;
+}
+
+SegmentData RunningClass::Segment(float seconds) const {
+  SegmentData segment;
+  const int activity = Activity();
+  segment.SetData(static_cast<std::int16_t>(activity), seconds, coding.Codes(activity));
+  return segment;
+}
+
+questionInfo RunningClass::DraftAsStored() const {
+  const auto text = [this](Dimension field) -> const std::string& {
+    return draft.fields.Text(field);
+  };
+  questionInfo question;
+  question.SetValue(draft.question, text(Dimension::source), text(Dimension::response),
+                    text(Dimension::authenticity), text(Dimension::uptake),
+                    text(Dimension::cognitive), text(Dimension::respondName),
+                    text(Dimension::onePartOfMulti), text(Dimension::tResponse),
+                    text(Dimension::elaborated), static_cast<std::int16_t>(curEpisode),
+                    static_cast<std::int16_t>(curSegment));
+  return question;
+}
+
+void RunningClass::ShiftTimes(float seconds) {
+  episodeStart += seconds;
+  segmentStart += seconds;
+  prevEpisodeStart += seconds;
+  schedule.ShiftTimes(seconds);
+}
+
+}  // namespace orvex

@@ -1,0 +1,14 @@
+#include "store/checksum.h"
+
+namespace orvex {
+
+std::uint64_t Checksum(std::string_view bytes) {
+  // FNV-1a: every step can be undone.
+  std::uint64_t sum = 0xcbf29ce484222325U;
+  for (const char byte : bytes) {
+    sum = (sum ^ static_cast<unsigned char>(byte)) * 0x100000001b3U;
+  }
+  return sum;
+}
+
+}  // namespace orvex

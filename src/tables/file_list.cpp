@@ -1,0 +1,139 @@
+#include "tables/file_list.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <map>
+#include <system_error>
+#include <utility>
+
+#include "store/content_kind.h"
+#include "store/durable_file.h"
+#include "store/file_error.h"
+#include "store/format_error.h"
+#include "store/numbers.h"
+#include "store/shown_text.h"
+#include "store/text_encoding.h"
+
+namespace orvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Spreadsheets leave tabs, and files from elsewhere the CR of their line ends.
+std::string_view Trimmed(std::string_view line) {
+  constexpr std::string_view kBlank = " \t\r";
+  const std::size_t first = line.find_first_not_of(kBlank);
+  if (first == std::string_view::npos) return {};
+  return line.substr(first, line.find_last_not_of(kBlank) + 1 - first);
+}
+
+std::string UpperCase(std::string_view text) {
+  std::string upper(text);
+  for (char& c : upper) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  }
+  return upper;
+}
+
+/// "05" is 5.
+bool IsSameNumber(std::string_view text, std::string_view other) {
+  const auto number = IdentityNumber(text);
+  return text == other || (number && number == IdentityNumber(other));
+}
+
+bool LeavesItsColumn(char c) {
+  return c == ',' || c == '"' || static_cast<unsigned char>(c) < ' ' || c == '\x7F';
+}
+
+}  // namespace
+
+std::vector<ListedFile> ParseFileList(std::string bytes) {
+  // As in UTF-16, which spreadsheets write as "Unicode text".
+  const std::string text = Decode(std::move(bytes)).text;
+  RequireList(text);
+  if (const std::size_t zero = text.find('\0'); zero != std::string::npos) {
+    const auto before = std::string_view(text).substr(0, zero);
+    throw FormatError(static_cast<int>(std::ranges::count(before, '\n')) + 1,
+                      "a text file in UTF-8 or Windows-1252");
+  }
+  std::vector<ListedFile> files;
+  std::string_view rest = text;
+  for (int line = 1; !rest.empty(); ++line) {
+    const std::size_t end = std::min(rest.find('\n'), rest.size());
+    const std::string_view name = Trimmed(rest.substr(0, end));
+    if (!name.empty()) files.push_back({line, std::string(name)});
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  return files;
+}
+
+FileList ReadFileList(const fs::path& path) {
+  constexpr std::size_t kMostBytes = std::size_t{16} * 1024 * 1024;
+  std::string bytes = ReadFileStart(path, kMostBytes + 1);
+  if (bytes.size() > kMostBytes) {
+    throw FileError(path, "more than 16 MB, which is too large for a list of observations");
+  }
+  return {path, ParseFileList(std::move(bytes))};
+}
+
+fs::path WithExtension(const fs::path& base, std::string_view extension) {
+  const fs::path usual = fs::path(base).concat(extension);
+  std::error_code unknown;
+  if (fs::exists(usual, unknown)) return usual;
+  const fs::path other = fs::path(base).concat(UpperCase(extension));
+  return fs::exists(other, unknown) ? other : usual;
+}
+
+bool HasExtension(const fs::path& name, std::string_view extension) {
+  const fs::path own = name.extension();
+  return own == extension || own == UpperCase(extension);
+}
+
+FileNumbers NumbersOf(const fs::path& file) {
+  const std::string name = file.filename().string();
+  const std::size_t first = name.find('-');
+  const std::size_t second = first == std::string::npos ? first : name.find('-', first + 1);
+  if (second == std::string::npos) {
+    throw FileError(file, "expected a name with school, class and observation, like 5-12-3");
+  }
+  const std::size_t point = std::min(name.find('.', second + 1), name.size());
+  if (std::ranges::any_of(name.substr(0, point), LeavesItsColumn)) {
+    throw FileError(file, "expected a name without commas, quotes and control characters");
+  }
+  return {name.substr(0, first), name.substr(first + 1, second - first - 1),
+          name.substr(second + 1, point - second - 1)};
+}
+
+std::optional<std::string> OtherNumbers(const fs::path& file, const Identity& identity) {
+  FileNumbers numbers;
+  try {
+    numbers = NumbersOf(file);
+  } catch (const FileError&) {
+    return std::nullopt;  // no name of ours
+  }
+  if (IsSameNumber(numbers.school, identity.SchoolNum) &&
+      IsSameNumber(numbers.classNum, identity.ClassNum) &&
+      IsSameNumber(numbers.observation, identity.ObservNum)) {
+    return std::nullopt;
+  }
+  return "the identity line says " + Shown(identity.ClassId());
+}
+
+void WarnOfOtherNumbers(const fs::path& file, const Identity& identity, const Warn& warn) {
+  const auto warning = OtherNumbers(file, identity);
+  if (warning && warn) warn(*warning);
+}
+
+std::vector<Repeat> RepeatsIn(const FileList& list) {
+  std::vector<Repeat> repeats;
+  std::map<std::string_view, int> lines;
+  for (const ListedFile& file : list.files) {
+    const auto [first, isNew] = lines.try_emplace(file.name, file.line);
+    if (isNew) continue;
+    repeats.push_back({file.line, Shown(file.name) + " is in line " +
+                                      std::to_string(first->second) + " already"});
+  }
+  return repeats;
+}
+
+}  // namespace orvex

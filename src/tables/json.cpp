@@ -1,0 +1,77 @@
+#include "tables/json.h"
+
+#include <array>
+#include <charconv>
+
+#include "model/duration_text.h"
+
+namespace orvex {
+
+void Json::Separate() {
+  if (!first_) text_ += ',';
+  first_ = false;
+}
+
+Json& Json::Begin(char bracket) {
+  Separate();
+  text_ += bracket;
+  first_ = true;
+  return *this;
+}
+
+Json& Json::End(char bracket) {
+  text_ += bracket;
+  first_ = false;
+  return *this;
+}
+
+Json& Json::Literal(std::string_view literal) {
+  Separate();
+  text_ += literal;
+  return *this;
+}
+
+Json& Json::Key(std::string_view name) {
+  Separate();
+  Quote(name);
+  text_ += ':';
+  first_ = true;
+  return *this;
+}
+
+Json& Json::Text(std::string_view text) {
+  Separate();
+  Quote(text);
+  return *this;
+}
+
+void Json::Quote(std::string_view text) {
+  constexpr std::string_view kHexDigits = "0123456789abcdef";
+  text_ += '"';
+  for (const char c : text) {
+    const auto code = static_cast<unsigned char>(c);
+    if (code < ' ') {
+      text_.append("\\u00").append(1, kHexDigits[code / 16]).append(1, kHexDigits[code % 16]);
+      continue;
+    }
+    if (c == '"' || c == '\\') text_ += '\\';
+    text_ += c;
+  }
+  text_ += '"';
+}
+
+Json& Json::Number(std::int64_t number) {
+  return Literal(std::to_string(number));
+}
+
+Json& Json::Number(double number) {
+  std::array<char, 400> digits{};  // the largest double has 309
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+  return Literal({digits.data(), end.ptr});
+}
+
+Json& Json::Seconds(double seconds) {
+  return Literal(WholeSecondsText(seconds));
+}
+
+}  // namespace orvex

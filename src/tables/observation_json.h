@@ -1,0 +1,16 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "store/eps_file.h"
+#include "store/sur_file.h"
+
+namespace orvex {
+
+/// An observation and its reports as a JSON object on one line. `file` is named as it is given.
+std::string ObservationJson(const std::filesystem::path& file, const EpsObservation& observation,
+                            const std::optional<SurFile>& survey);
+
+}  // namespace orvex

@@ -1,0 +1,312 @@
+#include "tables/tidy_columns.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <span>
+
+#include "model/clock.h"
+#include "model/validation.h"
+#include "store/numbers.h"
+
+namespace orvex {
+namespace {
+
+using Columns = std::vector<TidyColumn>;
+using Values = std::vector<ValueLabel>;
+
+constexpr std::array<std::string_view, 2> kGroupSolo = {"G: group", "S: solo"};
+constexpr std::array<std::string_view, 2> kPreparation = {"Q", "C"};
+constexpr std::array<std::string_view, 2> kOrganization = {"T", "S"};
+
+Values Numbered(std::span<const std::string_view> labels, int first = 0) {
+  Values values;
+  for (const std::string_view label : labels) values.push_back({std::to_string(first++), label});
+  return values;
+}
+
+/// A code of a segment; missing where the activity carries none, and where it has not been coded.
+void WriteCode(bool carried, std::int16_t code, Csv& csv) {
+  if (carried && code != kUncoded) {
+    csv.Number(std::int64_t{code});
+  } else {
+    csv.Missing();
+  }
+}
+
+template <std::string_view (questionInfo::*letter)() const>
+void WriteLetter(const TidyRow& row, int, Csv& csv) {
+  csv.Code((row.question->*letter)());
+}
+
+/// A number that somebody typed; missing when the file has another text there.
+template <std::string Identity::*member>
+void WriteIdentity(const TidyRow& row, int, Csv& csv) {
+  const auto number = ParseNumber(WithoutBlanks(row.header.identity.*member));
+  if (number && std::abs(*number) <= std::numeric_limits<float>::max()) {
+    csv.Number(static_cast<float>(*number));
+  } else {
+    csv.Missing();
+  }
+}
+
+template <int QuestionCounts::*member>
+void WriteCount(const TidyRow& row, int, Csv& csv) {
+  csv.Number(std::int64_t{EpisodeQuestionCounts(row.episode).*member});
+}
+
+/// The segment that a question was asked in, as far as its number is one of the episode's.
+const SegmentData* SegmentOf(const TidyRow& row) {
+  const int number = row.question->iSgQ;
+  const auto& segments = row.episode.segments;
+  const bool known = number >= 1 && number <= std::ssize(segments);
+  return known ? &segments[static_cast<std::size_t>(number - 1)] : nullptr;
+}
+
+void WriteNumber(const TidyRow& row, int, Csv& csv) {
+  csv.Number(std::int64_t{row.number});
+}
+
+Columns ObservationColumns() {
+  return {
+      {"file", "The observation, as the list names it", "text",
+       [](const TidyRow& row, int, Csv& csv) { csv.Text(row.file); }},
+      {"school", "School number", "number", WriteIdentity<&Identity::SchoolNum>},
+      {"class", "Class number", "number", WriteIdentity<&Identity::ClassNum>},
+      {"observation", "Observation number", "number", WriteIdentity<&Identity::ObservNum>},
+      {"students", "Number of students present", "number", WriteIdentity<&Identity::NumStudents>},
+      {"observer", "Initials of the observer", "text",
+       [](const TidyRow& row, int, Csv& csv) { csv.Text(row.header.identity.Initials); }},
+      {"date", "Date of the observation", "date",
+       [](const TidyRow& row, int, Csv& csv) { csv.Code(IsoDate(row.header.ObservDate)); }},
+      {"start_time", "Time at which the class started", "time",
+       [](const TidyRow& row, int, Csv& csv) { csv.Code(IsoTime(row.header.StartTime)); }},
+      {"episode", "Number of the episode in the observation", "number",
+       [](const TidyRow& row, int, Csv& csv) { csv.Number(std::int64_t{row.episodeNumber}); }},
+  };
+}
+
+void Append(Columns& columns, Columns more) {
+  std::ranges::move(more, std::back_inserter(columns));
+}
+
+Columns QuestionColumns() {
+  Columns columns = ObservationColumns();
+  Append(
+      columns,
+      {{"question", "Number of the question in the episode", "number", WriteNumber},
+       {"segment", "Number of the segment it was asked in", "number",
+        [](const TidyRow& row, int, Csv& csv) {
+          WriteCode(row.question->iSgQ > 0, row.question->iSgQ, csv);
+        }},
+       {"activity", "Activity of that segment", "code",
+        [](const TidyRow& row, int, Csv& csv) {
+          const SegmentData* segment = SegmentOf(row);
+          WriteCode(segment != nullptr, segment ? segment->activityNum : kUncoded, csv);
+        },
+        0, Numbered(ActivityTexts, 1)},
+       {"text", "Text of the question", "text",
+        [](const TidyRow& row, int, Csv& csv) { csv.Text(row.question->question); }},
+       {"source",
+        "Source",
+        "code",
+        WriteLetter<&questionInfo::strSrc>,
+        0,
+        {{"T", "Teacher question"}, {"S", "Student question"}}},
+       {"response",
+        "Response",
+        "code",
+        WriteLetter<&questionInfo::strRspns>,
+        0,
+        {{"Y", "Response"}, {"N", "No response"}}},
+       {"authenticity",
+        "Authenticity",
+        "code",
+        WriteLetter<&questionInfo::strAuth>,
+        0,
+        {{"N", "Not authentic"}, {"A", "Authentic"}}},
+       {"uptake",
+        "Uptake",
+        "code",
+        WriteLetter<&questionInfo::strUptake>,
+        0,
+        {{"N", "None"}, {"T", "Test"}, {"A", "Authentic"}}},
+       {"cognitive_level",
+        "Cognitive level",
+        "code",
+        WriteLetter<&questionInfo::strCogLev>,
+        0,
+        {{"R", "Report"}, {"H", "Higher order"}}},
+       {"respondent", "Who answers question?", "text",
+        [](const TidyRow& row, int, Csv& csv) { csv.Text(row.question->respondName); }},
+       {"one_part_of_multiple",
+        "One part of multiple response",
+        "code",
+        WriteLetter<&questionInfo::strPFMany>,
+        0,
+        {{"Y", "Yes"}, {"N", "No"}}},
+       {"teacher_response",
+        "Close down/Answer/Open up",
+        "code",
+        WriteLetter<&questionInfo::strTResp>,
+        0,
+        {{"C", "Closing down"}, {"A", "Answering"}, {"O", "Opening up"}}},
+       {"elaborated",
+        "Elaborated/Unelaborated",
+        "code",
+        WriteLetter<&questionInfo::strElab>,
+        0,
+        {{"E", "Elaborated"}, {"U", "Unelaborated"}}},
+       {"normal",
+        "The codes are those of a normal question",
+        "code",
+        [](const TidyRow& row, int, Csv& csv) { csv.Code(row.question->IsNormal() ? "1" : "0"); },
+        0,
+        {{"0", "No"}, {"1", "Yes"}}},
+       {"fully_coded",
+        "Nothing is missing of what must be coded",
+        "code",
+        [](const TidyRow& row, int, Csv& csv) {
+          csv.Code(FindMissingCodes(*row.question).None() ? "1" : "0");
+        },
+        0,
+        {{"0", "No"}, {"1", "Yes"}}},
+       {"dialogic_spell", "Number of the episode's dialogic spell that it belongs to", "number",
+        [](const TidyRow& row, int, Csv& csv) {
+          const auto spell =
+              std::ranges::lower_bound(row.spells, row.number, {}, &DialogicSpell::last);
+          const auto number = static_cast<std::int16_t>(spell - row.spells.begin() + 1);
+          WriteCode(spell != row.spells.end() && spell->first <= row.number, number, csv);
+        }}});
+  return columns;
+}
+
+template <std::int16_t SegmentData::*member, bool (*carried)(int)>
+void WriteSegmentCode(const TidyRow& row, int, Csv& csv) {
+  WriteCode(carried(row.segment->activityNum), row.segment->*member, csv);
+}
+
+Columns SegmentColumns() {
+  using S = SegmentData;
+  Columns columns = ObservationColumns();
+  Append(columns, {{"segment", "Number of the segment in the episode", "number", WriteNumber},
+                   {"activity", "Activity", "code",
+                    [](const TidyRow& row, int, Csv& csv) {
+                      csv.Number(std::int64_t{row.segment->activityNum});
+                    },
+                    0, Numbered(ActivityTexts, 1)},
+                   {"seconds", "Length in seconds", "number",
+                    [](const TidyRow& row, int, Csv& csv) {
+                      csv.Seconds(static_cast<double>(row.segment->duration));
+                    }},
+                   {"about", "What the activity was about", "text",
+                    [](const TidyRow& row, int, Csv& csv) { csv.Text(row.segment->aboutdata); }},
+                   {"writing", "Seatwork: writing", "code",
+                    WriteSegmentCode<&S::fSubCat, IsSeatwork>, 0, Numbered(WritingSubCats)},
+                   {"group_work", "Group work: kind", "code",
+                    WriteSegmentCode<&S::fSubCat, IsGroupWork>, 0, Numbered(GroupWorkSubCats)},
+                   {"group_solo", "Student presentation: group or solo", "code",
+                    WriteSegmentCode<&S::grpSolo, IsPresentation>, 0, Numbered(kGroupSolo)},
+                   {"preparation", "Student presentation: preparation", "code",
+                    WriteSegmentCode<&S::prep, IsPresentation>, 0, Numbered(kPreparation)},
+                   {"organization", "Student presentation: organization", "code",
+                    WriteSegmentCode<&S::org, IsPresentation>, 0, Numbered(kOrganization)},
+                   {"seatwork_source", "Seatwork: source", "code",
+                    WriteSegmentCode<&S::src, IsSeatwork>, 0, Numbered(SeatworkSources)},
+                   {"seatwork_level", "Seatwork: cognitive level", "code",
+                    WriteSegmentCode<&S::coglvl, IsSeatwork>, 0, Numbered(SeatworkCognitiveLevels)},
+                   {"seatwork_organization", "Seatwork: organization", "code",
+                    WriteSegmentCode<&S::org, IsSeatwork>, 0, Numbered(SeatworkOrganizations)}});
+  return columns;
+}
+
+void WriteActivitySeconds(const TidyRow& row, int activity, Csv& csv) {
+  double seconds = 0;
+  for (const SegmentData& segment : row.episode.segments) {
+    if (segment.activityNum == activity) seconds += static_cast<double>(segment.duration);
+  }
+  csv.Seconds(seconds);
+}
+
+Columns EpisodeColumns() {
+  using C = QuestionCounts;
+  Columns columns = ObservationColumns();
+  Append(
+      columns,
+      {{"description", "Description of the episode", "text",
+        [](const TidyRow& row, int, Csv& csv) { csv.Text(row.episode.Descript); }},
+       {"review",
+        "Mainly review of previously learned material",
+        "code",
+        [](const TidyRow& row, int, Csv& csv) {
+          const std::string& answer = row.episode.bReview;
+          csv.Code(answer == "Y" || answer == "N" ? answer : "");
+        },
+        0,
+        {{"Y", "Yes"}, {"N", "No"}}},
+       {"seconds", "Length in seconds", "number",
+        [](const TidyRow& row, int, Csv& csv) { csv.Seconds(row.episode.duration()); }},
+       {"segments", "Number of segments", "number",
+        [](const TidyRow& row, int, Csv& csv) {
+          csv.Number(std::int64_t{std::ssize(row.episode.segments)});
+        }},
+       {"questions", "Number of questions", "number",
+        [](const TidyRow& row, int, Csv& csv) { csv.Number(std::int64_t{row.episode.nQAs()}); }},
+       {"spells", "Number of dialogic spells", "number",
+        [](const TidyRow& row, int, Csv& csv) {
+          csv.Number(std::int64_t{std::ssize(row.spells)});
+        }},
+       {"offtask", "Mean proportion of students off task; only known with questions", "number",
+        [](const TidyRow& row, int, Csv& csv) {
+          if (row.episode.questions.empty()) {
+            csv.Missing();
+          } else {
+            csv.Number(row.episode.offtask);
+          }
+        }},
+       {"teacher_questions", "Teacher questions", "number", WriteCount<&C::teacher>},
+       {"student_questions", "Student questions", "number", WriteCount<&C::student>},
+       {"authentic_teacher", "Authentic teacher questions", "number",
+        WriteCount<&C::authenticTeacher>},
+       {"authentic_student", "Authentic student questions", "number",
+        WriteCount<&C::authenticStudent>},
+       {"unanswered", "Questions without a response", "number", WriteCount<&C::unanswered>},
+       {"test_uptake", "Questions with test uptake", "number", WriteCount<&C::uptakeTest>},
+       {"normal_questions",
+        "Questions with the normal source, response, authenticity, uptake and cognitive level",
+        "number", WriteCount<&C::allDefault>},
+       {"higher_order", "Higher-order questions", "number", [](const TidyRow& row, int, Csv& csv) {
+          csv.Number(std::int64_t{
+              std::ranges::count(row.episode.questions, "H", &questionInfo::strCogLev)});
+        }}});
+  for (int activity = 1; activity <= kActivityCount; ++activity) {
+    const auto position = static_cast<std::size_t>(activity - 1);
+    columns.push_back({"seconds_" + TwoDigits(activity),
+                       "Seconds of " + std::string(ActivityTexts[position]), "number",
+                       WriteActivitySeconds, activity});
+  }
+  return columns;
+}
+
+}  // namespace
+
+const std::vector<TidyColumn>& ColumnsOf(TidyTable table) {
+  static const Columns questions = QuestionColumns();
+  static const Columns segments = SegmentColumns();
+  static const Columns episodes = EpisodeColumns();
+  switch (table) {
+    case TidyTable::questions:
+      return questions;
+    case TidyTable::segments:
+      return segments;
+    case TidyTable::episodes:
+      break;
+  }
+  return episodes;
+}
+
+}  // namespace orvex

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/eps_file.h"
+#include "tables/csv.h"
+#include "tables/tidy_tables.h"
+
+namespace orvex {
+
+/// Where a row stands. What its table is not about is null or 0.
+struct TidyRow {
+  std::string_view file;  ///< as the list names it
+  const EpsHeader& header;
+  const Episode& episode;
+  const std::vector<DialogicSpell>& spells;  ///< of the episode
+  int episodeNumber = 0;
+  int number = 0;  ///< of the question or segment
+  const questionInfo* question = nullptr;
+  const SegmentData* segment = nullptr;
+};
+
+struct ValueLabel {
+  std::string value;
+  std::string_view label;
+};
+
+/// A variable of a table.
+struct TidyColumn {
+  std::string name;
+  std::string label;
+  std::string_view type;  ///< "text", "number", "date", "time", "code"
+  void (*write)(const TidyRow& row, int argument, Csv& csv);
+  int argument = 0;  ///< for columns that differ in a number only
+  std::vector<ValueLabel> values = {};
+};
+
+/// The variables of a table, in their order.
+const std::vector<TidyColumn>& ColumnsOf(TidyTable table);
+
+}  // namespace orvex

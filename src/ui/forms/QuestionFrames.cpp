@@ -1,0 +1,93 @@
+#include "ui/forms/QuestionFrames.h"
+
+#include <QGroupBox>
+#include <algorithm>
+#include <initializer_list>
+#include <string_view>
+#include <utility>
+
+#include "questions/question_editor.h"
+#include "ui/show.h"
+#include "ui/text.h"
+#include "ui/widgets/ChoiceGroup.h"
+#include "ui_frmQA.h"
+
+namespace orvex {
+namespace {
+
+/// Gives `box` the width of the widest caption it may have, so that a caption that blinks moves
+/// nothing.
+void ReserveCaptions(QGroupBox* box, std::initializer_list<std::string_view> captions) {
+  const QString shown = box->title();
+  box->ensurePolished();
+  for (const std::string_view caption : captions) {
+    box->setTitle(ToQt(caption));
+    box->setMinimumWidth(std::max(box->minimumWidth(), box->minimumSizeHint().width()));
+  }
+  box->setTitle(shown);
+}
+
+}  // namespace
+
+QuestionFrames::QuestionFrames(Ui::frmQA& ui, QuestionEditor& editor, std::function<void()> chosen,
+                               QObject* parent)
+    : QObject(parent), editor_(editor), chosen_(std::move(chosen)) {
+  // What is hidden keeps its place, so that nothing under the user's eyes moves; also what is in a
+  // frame: before it is first shown, the frame would be taken for an empty one.
+  for (QWidget* child : ui.scrollContents->findChildren<QWidget*>()) KeepPlace(child);
+  Add(ui.FrSource, {ui.OptSrc_0, ui.OptSrc_1});
+  Add(ui.FrResponse, {ui.OptResp_0, ui.OptResp_1});
+  Add(ui.FrAuth, {ui.OptAuth_0, ui.OptAuth_1});
+  Add(ui.FrUptake, {ui.OptUptake_0, ui.OptUptake_1, ui.OptUptake_2});
+  Add(ui.FrCogLvl, {ui.OptCogLvl_0, ui.OptCogLvl_1});
+  Add(ui.FrRespondName, {});
+  Add(ui.FrOnePartOfMulti, {ui.OptOnePartOf_0, ui.OptOnePartOf_1});
+  Add(ui.FrTReponse, {ui.OptTResp_0, ui.OptTResp_1, ui.OptTResp_2});
+  Add(ui.FrElabUnelab, {ui.OptElabUn_0, ui.OptElabUn_1});
+}
+
+void QuestionFrames::Focus(Dimension dimension) {
+  const Frame& frame = frames_.at(static_cast<std::size_t>(dimension));
+  if (frame.options) frame.options->Focus(0);
+}
+
+QWidget* QuestionFrames::FrameOf(Dimension dimension) const {
+  return frames_.at(static_cast<std::size_t>(dimension)).box;
+}
+
+void QuestionFrames::Add(QGroupBox* box, std::vector<QRadioButton*> options) {
+  const auto dimension = static_cast<Dimension>(frames_.size());
+  const DimensionLabel& label = DimensionLabels[frames_.size()];
+  ReserveCaptions(box, {label.Label, label.Blank});
+  ChoiceGroup* choices = nullptr;
+  if (!options.empty()) {
+    choices = new ChoiceGroup(std::move(options), this);
+    connect(choices, &ChoiceGroup::Chosen, this, [this, dimension](int option) {
+      editor_.ClickOption(dimension, option);
+      chosen_();
+    });
+  }
+  frames_.push_back({dimension, box, choices});
+}
+
+void QuestionFrames::RefreshOptions() {
+  for (const Frame& frame : frames_) {
+    if (frame.options) frame.options->ShowSelected(editor_.SelectedOption(frame.dimension));
+  }
+}
+
+void QuestionFrames::RefreshCaptions() {
+  for (const Frame& frame : frames_) {
+    const QString caption = ToQt(editor_.FrameCaption(frame.dimension));
+    if (frame.box->title() != caption) frame.box->setTitle(caption);
+  }
+}
+
+void QuestionFrames::RefreshStates(bool available) {
+  for (const Frame& frame : frames_) {
+    if (editor_.CanEdit() == available) frame.box->setEnabled(available);
+    if (editor_.FrameVisible(frame.dimension) == available) frame.box->setVisible(available);
+  }
+}
+
+}  // namespace orvex

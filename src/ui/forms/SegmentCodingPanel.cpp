@@ -1,0 +1,207 @@
+#include "ui/forms/SegmentCodingPanel.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QTextDocument>
+#include <algorithm>
+#include <initializer_list>
+#include <span>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "editor/episode_editor.h"
+#include "model/coding_scheme.h"
+#include "ui/ReadFromStart.h"
+#include "ui/keys/PressGuard.h"
+#include "ui/show.h"
+#include "ui/widgets/ChoiceGroup.h"
+#include "ui_frmClassEdit.h"
+
+namespace orvex {
+namespace {
+
+/// The keys that the box of the duration knows besides the digits: those that change no text.
+bool IsForMoving(const QKeyEvent& key) {
+  switch (key.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+      return true;
+    default:
+      return key.matches(QKeySequence::SelectAll) || key.matches(QKeySequence::Copy);
+  }
+}
+
+bool IsTypedInto(const QKeyEvent& key) {
+  const QString text = key.text();
+  if (key.matches(QKeySequence::Paste) || key.matches(QKeySequence::Cut)) return false;
+  if (text.isEmpty() && key.key() != Qt::Key_Delete) return true;  // types nothing
+  return IsForMoving(key) ||
+         (text.size() == 1 && EpisodeEditor::IsDurationKey(text.at(0).unicode()));
+}
+
+void Fill(QComboBox* list, std::span<const std::string_view> rows) {
+  const QSignalBlocker notChosen(list);
+  list->clear();
+  for (const std::string_view row : rows) list->addItem(ToQt(row));
+  // Rows longer than the box are read in the list that it opens.
+  QAbstractItemView* opened = list->view();
+  opened->setMinimumWidth(opened->sizeHintForColumn(0) +
+                          opened->verticalScrollBar()->sizeHint().width());
+}
+
+void ShowChoice(QComboBox* list, int position) {
+  if (list->currentIndex() == position) return;
+  const QSignalBlocker notChosen(list);
+  list->setCurrentIndex(position);
+}
+
+}  // namespace
+
+SegmentCodingPanel::SegmentCodingPanel(Ui::frmClassEdit& ui, EpisodeEditor& editor,
+                                       std::function<void()> changed, QObject* parent)
+    : QObject(parent),
+      ui_(ui),
+      editor_(editor),
+      changed_(std::move(changed)),
+      groupSolo_(Pair(ui.optGrp_0, ui.optGrp_1, &EpisodeEditor::ChooseGroup)),
+      organization_(Pair(ui.optOrg_0, ui.optOrg_1, &EpisodeEditor::ChooseOrganization)),
+      preparation_(Pair(ui.optPrep_0, ui.optPrep_1, &EpisodeEditor::ChoosePreparation)) {
+  BuildLists();
+  KeepPlace(ui.frSeat);
+  ui.Text1->installEventFilter(this);
+  connect(ui.Text1, &QLineEdit::textEdited, this, [this](const QString& text) {
+    editor_.TypeSegmentDuration(FromQt(text));
+    changed_();
+  });
+  connect(ui.txtAboutData, &QLineEdit::textEdited, this, [this](const QString& text) {
+    editor_.TypeAbout(FromQt(text));
+    changed_();
+  });
+}
+
+void SegmentCodingPanel::BuildLists() {
+  const auto list = [this](QComboBox* box, std::span<const std::string_view> rows, Choose choose) {
+    Fill(box, rows);
+    ConnectList(box, choose);
+  };
+  list(ui_.cmbActivityCoding, ActivityTexts, &EpisodeEditor::ChooseActivity);
+  list(ui_.cmboSubCat, {}, &EpisodeEditor::ChooseSubCategory);
+  list(ui_.cmbSrc, SeatworkSources, &EpisodeEditor::ChooseSource);
+  list(ui_.cmbCog, SeatworkCognitiveLevels, &EpisodeEditor::ChooseCognitiveLevel);
+  list(ui_.cmbSeatOrg, SeatworkOrganizations, &EpisodeEditor::ChooseSeatOrganization);
+  // The row behind the codes takes a code back; it is also what is shown without one.
+  for (QComboBox* box : {ui_.cmbSrc, ui_.cmbCog}) box->addItem(QStringLiteral("no coding"));
+}
+
+void SegmentCodingPanel::ConnectList(QComboBox* list, Choose choose) {
+  list->installEventFilter(this);
+  new PressGuard(list);
+  connect(list, &QComboBox::currentIndexChanged, this,
+          [this, &editor = editor_, choose](int position) {
+            (editor.*choose)(position);
+            changed_();
+          });
+}
+
+ChoiceGroup* SegmentCodingPanel::Pair(QRadioButton* first, QRadioButton* second, Choose choose) {
+  auto* pair = new ChoiceGroup({first, second}, this);
+  connect(pair, &ChoiceGroup::Chosen, this, [this, &editor = editor_, choose](int position) {
+    (editor.*choose)(position);
+    changed_();
+  });
+  return pair;
+}
+
+void SegmentCodingPanel::Arrange() {
+  // The pages that are not shown yet would have to wait for their fonts.
+  for (QWidget* child : ui_.scrollContents->findChildren<QWidget*>()) child->ensurePolished();
+  // One column of labels for all groups of codes, wide enough for as many segments as there are.
+  int width =
+      ui_.Label13->fontMetrics().horizontalAdvance(QStringLiteral("Duration of segment 00:"));
+  const auto labels = {ui_.Label6,     ui_.Label13, ui_.Label9, ui_.Label5,
+                       ui_.lblSubCats, ui_.lblSrc,  ui_.lblCog, ui_.lblSeatOrg};
+  for (const QLabel* label : labels) width = std::max(width, label->sizeHint().width());
+  for (QLabel* label : labels) label->setMinimumWidth(width);
+  for (QLayout* layout : ui_.scrollContents->findChildren<QLayout*>()) layout->invalidate();
+  int height = 0;
+  for (int i = 0; i < ui_.codingStack->count(); ++i) {
+    height = std::max(height, ui_.codingStack->widget(i)->sizeHint().height());
+  }
+  ui_.codingStack->setFixedHeight(height);
+}
+
+void SegmentCodingPanel::Refresh() {
+  const SegmentCodingView coding = editor_.Coding();
+  const bool hasSegment = editor_.HasSegment();
+  ShowText(ui_.Label13, editor_.SegmentDurationLabel());
+  ShowText(ui_.Text1, editor_.SegmentDuration());
+  for (QWidget* control :
+       std::initializer_list<QWidget*>{ui_.Text1, ui_.Label9, ui_.cmbActivityCoding}) {
+    control->setEnabled(hasSegment);
+  }
+  ShowChoice(ui_.cmbActivityCoding, coding.activity);
+
+  RefreshPage(coding);
+  ReadFromStart(ui_.txtAboutData, coding.about);
+  RefreshSubCategories(coding);
+
+  ui_.frSeat->setVisible(coding.showsSeatwork);
+  const auto orNoCoding = [](int position, const auto& codes) {
+    return position == SegmentCodingView::kNoChoice ? static_cast<int>(codes.size()) : position;
+  };
+  ShowChoice(ui_.cmbSrc, orNoCoding(coding.source, SeatworkSources));
+  ShowChoice(ui_.cmbCog, orNoCoding(coding.cognitiveLevel, SeatworkCognitiveLevels));
+  ShowChoice(ui_.cmbSeatOrg, coding.seatOrganization);
+
+  groupSolo_->ShowSelected(coding.group);
+  organization_->ShowSelected(coding.organization);
+  preparation_->ShowSelected(coding.preparation);
+}
+
+/// The groups of codes take turns in one place, so that nothing around them moves.
+void SegmentCodingPanel::RefreshPage(const SegmentCodingView& coding) {
+  QWidget* page = ui_.pageNone;
+  if (coding.showsAbout) page = ui_.pageAbout;
+  if (coding.showsSubCategory) page = ui_.pageSubCategory;
+  if (coding.showsPresentation) page = ui_.pagePresentation;
+  ui_.codingStack->setCurrentWidget(page);
+}
+
+void SegmentCodingPanel::RefreshSubCategories(const SegmentCodingView& coding) {
+  QComboBox* list = ui_.cmboSubCat;
+  const auto count = static_cast<int>(coding.subCategories.size());
+  const bool isFilled = list->count() == count &&
+                        (count == 0 || list->itemText(0) == ToQt(coding.subCategories.front()));
+  if (!isFilled) {
+    Fill(list, coding.subCategories);
+    const QSignalBlocker notChosen(list);
+    list->setCurrentIndex(SegmentCodingView::kNoChoice);
+  }
+  ShowChoice(list, coding.subCategory);
+  list->setToolTip(Qt::convertFromPlainText(list->currentText()));
+}
+
+bool SegmentCodingPanel::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Wheel && watched != ui_.Text1) {
+    // The wheel scrolls the form; over a list that nobody is in, it must not code.
+    if (static_cast<QWidget*>(watched)->hasFocus()) return false;
+    event->ignore();
+    return true;
+  }
+  if (event->type() != QEvent::KeyPress) return false;
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  if (watched == ui_.Text1) return !IsTypedInto(key);
+  if (key.key() != Qt::Key_Delete) return false;
+  for (QComboBox* list : {ui_.cmboSubCat, ui_.cmbSrc, ui_.cmbCog}) {
+    if (watched == list) list->setCurrentIndex(SegmentCodingView::kNoChoice);
+  }
+  return true;
+}
+
+}  // namespace orvex

@@ -1,0 +1,52 @@
+#include "ui/forms/dlgDivideTime.h"
+
+#include <QKeyEvent>
+
+#include "ui/show.h"
+#include "ui_dlgDivideTime.h"
+
+namespace orvex {
+
+dlgDivideTime::dlgDivideTime(int totalSeconds, QWidget* parent)
+    : QDialog(parent), divide_(totalSeconds), ui_(std::make_unique<Ui::dlgDivideTime>()) {
+  ui_->setupUi(this);
+  // It follows the second one: it must not look as if it took a number itself.
+  QPalette plain = ui_->txtFirstSg->palette();
+  plain.setBrush(QPalette::Base, plain.window());
+  plain.setBrush(QPalette::Text, plain.windowText());
+  ui_->txtFirstSg->setPalette(plain);
+  QLineEdit* second = ui_->UpDown1->Box();
+  second->setObjectName(QStringLiteral("txtSecondSg"));
+  connect(second, &QLineEdit::textEdited, this, [this](const QString& text) {
+    divide_.TypeSecond(FromQt(text));
+    Refresh();
+  });
+  connect(ui_->UpDown1, &SegmentBox::Stepped, this, [this](int steps) {
+    divide_.Step(steps);
+    Refresh();
+  });
+  connect(ui_->OKButton, &QPushButton::clicked, this, &QDialog::accept);
+  connect(ui_->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
+  for (QWidget* control :
+       std::initializer_list<QWidget*>{ui_->UpDown1, ui_->OKButton, ui_->CancelButton}) {
+    control->installEventFilter(this);
+  }
+  Refresh();
+  second->selectAll();
+  ui_->UpDown1->setFocus();
+}
+
+dlgDivideTime::~dlgDivideTime() = default;
+
+void dlgDivideTime::Refresh() {
+  ShowText(ui_->txtFirstSg, divide_.FirstText());
+  ShowText(ui_->UpDown1->Box(), divide_.SecondText());
+  ui_->UpDown1->EnableSteps(divide_.CanStep(1), divide_.CanStep(-1));
+}
+
+bool dlgDivideTime::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+  return HandleDialogKey(*static_cast<QKeyEvent*>(event), watched, ui_->OKButton);
+}
+
+}  // namespace orvex

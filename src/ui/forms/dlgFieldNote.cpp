@@ -1,0 +1,74 @@
+#include "ui/forms/dlgFieldNote.h"
+
+#include <QKeyEvent>
+
+#include "ui/show.h"
+#include "ui/text.h"
+#include "ui_dlgFieldNote.h"
+
+namespace orvex {
+
+dlgFieldNote::dlgFieldNote(const NotesPrompt& prompt, Prompter& prompter, QWidget* parent)
+    : QDialog(parent),
+      prompt_(prompt),
+      prompter_(prompter),
+      ui_(std::make_unique<Ui::dlgFieldNote>()) {
+  ui_->setupUi(this);
+  ui_->Text1->SetNotes(ToQt(prompt_.draft.value_or(prompt_.notes)));
+  ui_->Text1->document()->setModified(prompt_.draft.has_value());
+  ui_->Text1->installEventFilter(this);
+  connect(ui_->Text1, &QPlainTextEdit::textChanged, this, [this] {
+    if (prompt_.typed) prompt_.typed(Text());
+  });
+  connect(ui_->OKButton, &QPushButton::clicked, this, &QDialog::accept);
+  connect(ui_->Command1, &QPushButton::clicked, this, &dlgFieldNote::Cancel);
+}
+
+dlgFieldNote::~dlgFieldNote() = default;
+
+std::optional<std::string> dlgFieldNote::Notes() const {
+  if (cancelled_ || result() != Accepted) return std::nullopt;
+  return Text();
+}
+
+std::string dlgFieldNote::Text() const {
+  // What the box cannot show as it is stays as it is while nobody edits it.
+  return ui_->Text1->document()->isModified() ? FromQt(ui_->Text1->Notes()) : prompt_.notes;
+}
+
+void dlgFieldNote::Cancel() {
+  cancelled_ = true;
+  if (prompt_.typed) prompt_.typed(prompt_.notes);
+  accept();
+}
+
+void dlgFieldNote::Escape() {
+  if (Text() == prompt_.notes) return Cancel();
+  const Answer save = prompter_.Ask({.text = "Save changes?",
+                                     .buttons = Buttons::yesNo,
+                                     .defaultAnswer = Answer::yes,
+                                     .dismissed = Answer::cancel});
+  if (save == Answer::yes) accept();
+  if (save == Answer::no) Cancel();
+}
+
+void dlgFieldNote::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Cancel)) return Escape();
+  QDialog::keyPressEvent(event);
+}
+
+bool dlgFieldNote::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && IsSpareMnemonic(*static_cast<QKeyEvent*>(event))) {
+    return true;
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+void dlgFieldNote::setVisible(bool visible) {
+  QDialog::setVisible(visible);
+  if (!visible) return;
+  ui_->Text1->setFocus();
+  ui_->Text1->moveCursor(QTextCursor::End);
+}
+
+}  // namespace orvex

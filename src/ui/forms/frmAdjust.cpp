@@ -1,0 +1,63 @@
+#include "ui/forms/frmAdjust.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QRegularExpressionValidator>
+#include <algorithm>
+
+#include "model/time_of_day.h"
+#include "ui/show.h"
+#include "ui_frmAdjust.h"
+
+namespace orvex {
+namespace {
+
+constexpr double kTicks = 20;
+
+}  // namespace
+
+frmAdjust::frmAdjust(const SecondsPrompt& prompt, QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmAdjust>()) {
+  ui_->setupUi(this);
+  const int spacing = static_cast<int>(RoundHalfEven(prompt.maximum / kTicks));
+  ui_->Slider1->setRange(0, prompt.maximum);
+  ui_->Slider1->setTickInterval(spacing);
+  ui_->Slider1->setPageStep(std::max(1, spacing));
+  ui_->Slider1->setValue(prompt.seconds);
+  ui_->Label2->setText(QString::number(prompt.maximum));
+  ui_->Text1->setText(QString::number(prompt.seconds));
+  ui_->Text1->setValidator(
+      new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), ui_->Text1));
+
+  connect(ui_->Slider1, &QSlider::valueChanged, this, [this](int seconds) {
+    // While the number is typed, the slider follows it, and not the other way round.
+    if (!ui_->Text1->hasFocus()) ui_->Text1->setText(QString::number(seconds));
+  });
+  connect(ui_->Text1, &QLineEdit::textEdited, this, [this](const QString& text) {
+    // Too large a number is the largest there is; the box says so when it is left.
+    if (!text.isEmpty()) ui_->Slider1->setValue(text.toInt());
+  });
+  connect(ui_->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+  connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+  for (QWidget* control :
+       std::initializer_list<QWidget*>{ui_->Slider1, ui_->Text1, ui_->cmdOK, ui_->cmdCancel}) {
+    control->installEventFilter(this);
+  }
+  FocusVisibly(ui_->Slider1);
+}
+
+frmAdjust::~frmAdjust() = default;
+
+int frmAdjust::Seconds() const {
+  return ui_->Slider1->value();
+}
+
+bool frmAdjust::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusOut && watched == ui_->Text1) {
+    ui_->Text1->setText(QString::number(Seconds()));
+  }
+  if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+  return HandleDialogKey(*static_cast<QKeyEvent*>(event), watched, ui_->cmdOK);
+}
+
+}  // namespace orvex

@@ -1,0 +1,50 @@
+#include "ui/forms/frmChooseQAs.h"
+
+#include <QKeyEvent>
+
+#include "ui/show.h"
+#include "ui_frmChooseQAs.h"
+
+namespace orvex {
+
+frmChooseQAs::frmChooseQAs(const Episode& episode, QWidget* parent)
+    : QDialog(parent), chooser_(episode), ui_(std::make_unique<Ui::frmChooseQAs>()) {
+  ui_->setupUi(this);
+  connect(ui_->lstEp1st, &RowList::SelectionMade, this, [this] {
+    chooser_.SelectFirst(ui_->lstEp1st->SelectedRows());
+    Refresh();
+  });
+  connect(ui_->lstEp2nd, &RowList::SelectionMade, this, [this] {
+    chooser_.SelectSecond(ui_->lstEp2nd->SelectedRows());
+    Refresh();
+  });
+  connect(ui_->Command1, &QPushButton::clicked, this, [this] {
+    chooser_.Command1_Click();
+    Refresh();
+  });
+  connect(ui_->Command2, &QPushButton::clicked, this, [this] {
+    chooser_.Command2_Click();
+    Refresh();
+  });
+  connect(ui_->OKButton, &QPushButton::clicked, this, &QDialog::accept);
+  connect(ui_->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
+  for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
+  Refresh();
+  ui_->lstEp1st->setFocus();
+}
+
+frmChooseQAs::~frmChooseQAs() = default;
+
+void frmChooseQAs::Refresh() {
+  constexpr int kWhereItIs = 0;
+  ui_->lstEp1st->ShowRows(chooser_.First().rows, chooser_.First().selected, kWhereItIs);
+  ui_->lstEp2nd->ShowRows(chooser_.Second().rows, chooser_.Second().selected, kWhereItIs);
+}
+
+bool frmChooseQAs::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+  return HandleDialogKey(*static_cast<QKeyEvent*>(event), watched,
+                         watched == ui_->lstEp1st ? ui_->Command1 : ui_->OKButton);
+}
+
+}  // namespace orvex

@@ -1,0 +1,278 @@
+#include "ui/forms/frmClassAct.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QTimer>
+#include <array>
+#include <initializer_list>
+#include <utility>
+#include <vector>
+
+#include "ui/forms/CodingPanel.h"
+#include "ui/keys/BoxFocus.h"
+#include "ui/keys/FocusReturn.h"
+#include "ui/show.h"
+#include "ui/text.h"
+#include "ui/widgets/ShowClocks.h"
+#include "ui/widgets/ShowOfftask.h"
+#include "ui_frmClassAct.h"
+
+namespace orvex {
+
+frmClassAct::frmClassAct(const Services& services, const RunningClass* takenUp)
+    : live_(takenUp ? LiveObservation(services, *takenUp) : LiveObservation(services)),
+      clocks_(services, live_),
+      timer3_(services.prompter, "timer3"),
+      offtaskTick_(services.prompter, "the offtask timer (frmClassAct)"),
+      ui_(std::make_unique<Ui::frmClassAct>()) {
+  ui_->setupUi(this);
+  setWindowTitle(ToQt(live_.Caption()));
+  coding_ = new CodingPanel(
+      *ui_, live_, [this] { Refresh(); }, this);
+  ConnectTexts();
+  WatchFocus();
+  ConnectButtons();
+  StartTimers();
+  KeepPlaces();
+  ShowAsWarning(ui_->lblLogTrouble);
+  for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
+  if (takenUp) clocks_.Tick();
+  Refresh();
+}
+
+frmClassAct::~frmClassAct() = default;
+
+std::array<std::pair<HeaderBox, QLineEdit*>, 5> frmClassAct::Boxes() const {
+  return {{{HeaderBox::initials, ui_->txtInitials},
+           {HeaderBox::schoolNum, ui_->txtSchoolNum},
+           {HeaderBox::classNum, ui_->txtClassNum},
+           {HeaderBox::observNum, ui_->txtObservNum},
+           {HeaderBox::numStudents, ui_->txtNumStudents}}};
+}
+
+QLineEdit* frmClassAct::BoxOf(HeaderBox box) const {
+  for (const auto& [name, edit] : Boxes()) {
+    if (name == box) return edit;
+  }
+  return ui_->txtInitials;
+}
+
+void frmClassAct::ConnectTexts() {
+  for (const auto& [box, edit] : Boxes()) {
+    connect(edit, &QLineEdit::textEdited, this, [this, box = box](const QString& text) {
+      live_.TypeHeader(box, FromQt(text));
+      Refresh();
+    });
+  }
+  connect(ui_->txtEpisodeName, &QLineEdit::textEdited, this, [this](const QString& text) {
+    live_.TypeDescription(FromQt(text));
+    live_.KeyInDescription();
+    Refresh();
+  });
+}
+
+void frmClassAct::WatchFocus() {
+  std::vector<QWidget*> boxes = {ui_->txtEpisodeName};
+  for (const auto& [box, edit] : Boxes()) boxes.push_back(edit);
+  const auto entered = [this](const QWidget* control) {
+    if (control == ui_->txtEpisodeName) live_.EnterDescription();
+    for (const auto& [box, edit] : Boxes()) {
+      if (control == edit) live_.EnterHeader(box);
+    }
+  };
+  const auto left = [this](const QWidget* leaving) {
+    bool mayLeave = true;
+    if (leaving == ui_->txtEpisodeName) live_.LeaveDescription();
+    for (const auto& [box, edit] : Boxes()) {
+      if (leaving == edit) mayLeave = live_.LeaveHeader(box);
+    }
+    Refresh();
+    return mayLeave;
+  };
+  boxFocus_ = std::make_unique<BoxFocus>(this, std::move(boxes), entered, left);
+}
+
+void frmClassAct::ConnectButtons() {
+  const auto button = [this](QPushButton* source, void (LiveObservation::*click)()) {
+    connect(source, &QPushButton::clicked, this, [this, click] {
+      (live_.*click)();
+      Refresh();
+    });
+  };
+  button(ui_->cmdStartNewEp, &LiveObservation::cmdStartNewEp_Click);
+  button(ui_->cmdStartNewSg, &LiveObservation::cmdStartNewSg_Click);
+  button(ui_->cmdStartNewQASg, &LiveObservation::cmdStartNewQASg_Click);
+  button(ui_->cmdBailout, &LiveObservation::cmdBailout_Click);
+  button(ui_->Command9, &LiveObservation::Command9_Click);
+  button(ui_->cmdReview, &LiveObservation::cmdReview_Click);
+  button(ui_->cmdProof, &LiveObservation::cmdProof_Click);
+  button(ui_->cmdFieldNote, &LiveObservation::cmdFieldNote_Click);
+  button(ui_->Command1, &LiveObservation::Command1_Click);
+  button(ui_->Command7, &LiveObservation::Command7_Click);
+  button(ui_->cmdQuit, &LiveObservation::cmdQuit_Click);
+  connect(ui_->cmdOfftaskActive, &QPushButton::clicked, this, [this] {
+    clocks_.Offtask().cmdOfftaskActive_Click();
+    Refresh();
+  });
+  for (QPushButton* asking : std::initializer_list<QPushButton*>{
+           ui_->cmdStartNewEp, ui_->cmdStartNewSg, ui_->Command9, ui_->cmdReview, ui_->cmdProof,
+           ui_->cmdFieldNote, ui_->Command1, ui_->Command7, ui_->cmdOfftaskActive, ui_->cmdQuit}) {
+    new FocusReturn(asking);
+  }
+}
+
+QTimer* frmClassAct::AddTimer(const char* name, int interval, std::function<void()> tick) {
+  auto* timer = new QTimer(this);
+  timer->setObjectName(QLatin1String(name));
+  timer->setInterval(interval);
+  connect(timer, &QTimer::timeout, this, std::move(tick));
+  return timer;
+}
+
+void frmClassAct::StartTimers() {
+  AddTimer("timerEpisode", 1000, [this] {
+    clocks_.Tick();
+    RefreshClocks();
+  })->start();
+  AddTimer("Timer3", 200, [this] {
+    timer3_.Run([this] {
+      live_.UpdateActivityControls();
+      RefreshButtons();
+    });
+  })->start();
+  offtaskTimer_ =
+      AddTimer("offtaskTimer", 500, [this] { offtaskTick_.Run([this] { live_.OfftaskTick(); }); });
+}
+
+/// What is hidden keeps its place, so that nothing under the observer's eyes moves.
+void frmClassAct::KeepPlaces() {
+  for (QWidget* child :
+       std::initializer_list<QWidget*>{ui_->cmdStartNewEp, ui_->cmdStartNewSg, ui_->cmdStartNewQASg,
+                                       ui_->cmdBailout, ui_->cmdReview, ui_->cmdProof,
+                                       ui_->cmdOfftaskActive, ui_->cmdFieldNote, ui_->Command1}) {
+    KeepPlace(child);
+  }
+  for (QWidget* child :
+       std::initializer_list<QWidget*>{ui_->lblEpisode, ui_->lblEpiTime, ui_->lblSegment,
+                                       ui_->lblSegTime, ui_->scrollArea, ui_->Frame6}) {
+    KeepPlace(child);
+  }
+}
+
+void frmClassAct::Refresh() {
+  RefreshTexts();
+  // Before anything is hidden: Qt would send the focus of a hidden button to a box of its choice.
+  TakeFocusWish();
+  RefreshClocks();
+  coding_->Refresh();
+  RefreshButtons();
+}
+
+void frmClassAct::RefreshTexts() {
+  for (const auto& [box, edit] : Boxes()) ShowText(edit, live_.Header().Text(box));
+  ShowText(ui_->lblClassID, live_.Header().ClassIdText());
+  ShowText(ui_->txtEpisodeName, live_.Description());
+}
+
+void frmClassAct::RefreshClocks() {
+  ShowClocks(clocks_, *ui_);
+  ShowOfftask(clocks_.Offtask(), ui_->lblOfftask, ui_->cmdOfftaskActive);
+}
+
+void frmClassAct::RefreshButtons() {
+  ui_->cmdStartNewEp->setVisible(live_.CanStartEpisode());
+  ui_->cmdStartNewSg->setVisible(live_.CanStartSegment());
+  ui_->cmdStartNewQASg->setVisible(live_.CanStartSegment());
+  ui_->cmdBailout->setVisible(live_.ConversionVisible());
+  ShowText(ui_->cmdBailout, live_.ConversionCaption());
+  ui_->cmdReview->setVisible(live_.CanDivide());
+  ui_->cmdProof->setVisible(live_.ProofVisible());
+  ui_->Command7->setEnabled(live_.CanOpenSurvey());
+  ui_->cmdQuit->setEnabled(live_.CanEndClass());
+  ShowText(ui_->cmdQuit, live_.EndCaption());
+  for (QLabel* clock : {ui_->lblEpisode, ui_->lblEpiTime, ui_->lblSegment, ui_->lblSegTime}) {
+    clock->setVisible(!live_.ClassStored());
+  }
+  ShowWaiting(live_.AwaitsSurvey());
+  if (live_.Schedule().Running() != offtaskTimer_->isActive()) {
+    live_.Schedule().Running() ? offtaskTimer_->start() : offtaskTimer_->stop();
+  }
+}
+
+/// Once the class is stored, only the survey is left to do.
+void frmClassAct::ShowWaiting(bool forSurvey) {
+  for (QWidget* part : std::initializer_list<QWidget*>{ui_->scrollArea, ui_->Frame6, ui_->Command1,
+                                                       ui_->cmdFieldNote}) {
+    part->setVisible(!forSurvey);
+  }
+  for (QWidget* part : std::initializer_list<QWidget*>{ui_->Frame2, ui_->Frame3,
+                                                       ui_->lblEpisodeName, ui_->txtEpisodeName}) {
+    part->setEnabled(!forSurvey);
+  }
+}
+
+void frmClassAct::TakeFocusWish() {
+  const auto wish = live_.TakeFocus();
+  if (!wish) return;
+  switch (wish->control.kind) {
+    case LiveObservation::Control::Kind::header:
+      FocusBox(BoxOf(wish->control.box), wish->caret);
+      break;
+    case LiveObservation::Control::Kind::description:
+      FocusBox(ui_->txtEpisodeName, wish->caret);
+      break;
+    case LiveObservation::Control::Kind::activity:
+      coding_->FocusActivity(wish->control.activity);
+      break;
+    case LiveObservation::Control::Kind::survey:
+      FocusVisibly(ui_->Command7);
+      break;
+  }
+}
+
+bool frmClassAct::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    return HandleKey(watched, *static_cast<QKeyEvent*>(event));
+  }
+  auto* control = qobject_cast<QWidget*>(watched);
+  if (event->type() == QEvent::FocusIn && ui_->Frame1->isAncestorOf(control)) {
+    ui_->scrollArea->ensureWidgetVisible(control);
+  }
+  return false;
+}
+
+bool frmClassAct::HandleKey(const QObject* watched, const QKeyEvent& event) {
+  if (IsSpareMnemonic(event)) return true;
+  const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  for (const auto& [box, edit] : Boxes()) {
+    if (watched != edit) continue;
+    if (enter || event.key() == Qt::Key_Down) {
+      live_.HeaderEnterOrDown(box);
+    } else if (event.key() == Qt::Key_Up) {
+      live_.HeaderUp(box);
+    } else {
+      return false;
+    }
+    Refresh();
+    return true;
+  }
+  if (watched == ui_->txtEpisodeName && !enter && !event.text().isEmpty() &&
+      event.key() != Qt::Key_Tab && event.key() != Qt::Key_Backtab) {
+    live_.KeyInDescription();
+    Refresh();
+  }
+  return enter;
+}
+
+void frmClassAct::showEvent(QShowEvent* event) {
+  Refresh();
+  QWidget::showEvent(event);
+}
+
+void frmClassAct::closeEvent(QCloseEvent* event) {
+  const bool mayLeave = live_.NothingEntered() || boxFocus_->CheckCurrent();
+  event->setAccepted(mayLeave && live_.RequestClose());
+  Refresh();
+}
+
+}  // namespace orvex

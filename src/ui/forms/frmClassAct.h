@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <functional>
+#include <memory>
+#include <utility>
+
+#include "desk/guarded_tick.h"
+#include "desk/services.h"
+#include "observe/live_observation.h"
+#include "observe/session_clocks.h"
+
+class QKeyEvent;
+class QLineEdit;
+class QTimer;
+namespace Ui {
+class frmClassAct;
+}
+
+namespace orvex {
+
+class BoxFocus;
+class CodingPanel;
+
+/// The form on which a class is observed: it divides the class into episodes and segments.
+class frmClassAct : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// On a new class, or on one that is taken up again.
+  explicit frmClassAct(const Services& services, const RunningClass* takenUp = nullptr);
+  ~frmClassAct() override;
+
+  LiveObservation& Live() { return live_; }
+  const SessionClocks& Clocks() const { return clocks_; }
+
+  /// Copies what the observation says is shown into the controls.
+  void Refresh();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void ConnectTexts();
+  void WatchFocus();
+  void ConnectButtons();
+  void StartTimers();
+  QTimer* AddTimer(const char* name, int interval, std::function<void()> tick);
+  void KeepPlaces();
+  void RefreshTexts();
+  void RefreshClocks();
+  void RefreshButtons();
+  void ShowWaiting(bool forSurvey);
+  void TakeFocusWish();
+  bool HandleKey(const QObject* watched, const QKeyEvent& event);
+  std::array<std::pair<HeaderBox, QLineEdit*>, 5> Boxes() const;
+  QLineEdit* BoxOf(HeaderBox box) const;
+
+  LiveObservation live_;
+  SessionClocks clocks_;
+  GuardedTick timer3_;
+  GuardedTick offtaskTick_;
+  std::unique_ptr<Ui::frmClassAct> ui_;
+  CodingPanel* coding_ = nullptr;
+  QTimer* offtaskTimer_ = nullptr;
+  std::unique_ptr<BoxFocus> boxFocus_;  // last: it must not see the form go down
+};
+
+}  // namespace orvex

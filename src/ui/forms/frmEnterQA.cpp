@@ -1,0 +1,279 @@
+#include "ui/forms/frmEnterQA.h"
+
+#include <QCloseEvent>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QTimer>
+#include <initializer_list>
+#include <string>
+
+#include "ui/keys/FocusReturn.h"
+#include "ui/keys/UndoKeys.h"
+#include "ui/show.h"
+#include "ui/text.h"
+#include "ui/widgets/ShowClocks.h"
+#include "ui/widgets/ShowOfftask.h"
+#include "ui_frmEnterQA.h"
+
+namespace orvex {
+namespace {
+
+using Command = QuestionEntry::Command;
+using Control = QuestionEntry::Control;
+
+/// The box got the focus by hand, not because a window came to the front or the logic asked for it.
+bool IsByHand(Qt::FocusReason reason) {
+  return reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
+         reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+}
+
+/// The end of what brings one into a box: it has the focus, or has been clicked into.
+bool Leads(const QEvent& event) {
+  return event.type() == QEvent::FocusIn || event.type() == QEvent::MouseButtonRelease;
+}
+
+}  // namespace
+
+frmEnterQA::frmEnterQA(const Services& services, LiveObservation& live, const SessionClocks& clocks,
+                       QWidget* parent)
+    : QWidget(parent), entry_(services, live, clocks), ui_(std::make_unique<Ui::frmEnterQA>()) {
+  ui_->setupUi(this);
+  // What is hidden keeps its place, so that nothing under the observer's eyes moves.
+  for (QWidget* child : ui_->codesPage->findChildren<QWidget*>()) KeepPlace(child);
+  KeepPlace(ui_->cmdOfftaskActive);
+  ShowAsWarning(ui_->lblLogTrouble);
+  ConnectBoxes();
+  ConnectButtons();
+  StartTimer();
+  installEventFilter(this);
+  for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
+  Refresh();
+}
+
+frmEnterQA::~frmEnterQA() = default;
+
+std::array<frmEnterQA::Field, kDimensionCount> frmEnterQA::Fields() const {
+  return {{{Dimension::source, ui_->Text1, ui_->Label1},
+           {Dimension::response, ui_->Text2, ui_->Label2},
+           {Dimension::authenticity, ui_->Text3, ui_->Label3},
+           {Dimension::uptake, ui_->Text4, ui_->Label4},
+           {Dimension::cognitive, ui_->Text5, ui_->Label5},
+           {Dimension::respondName, ui_->Text6, ui_->Label6},
+           {Dimension::onePartOfMulti, ui_->Text7, ui_->Label7},
+           {Dimension::tResponse, ui_->Text8, ui_->Label8},
+           {Dimension::elaborated, ui_->Text9, ui_->Label9}}};
+}
+
+std::array<frmEnterQA::Button, QuestionEntry::kCommands> frmEnterQA::Buttons() const {
+  return {{{Command::Command1, ui_->Command1},
+           {Command::Command2, ui_->Command2},
+           {Command::Command3, ui_->Command3},
+           {Command::Command4, ui_->Command4},
+           {Command::Command5, ui_->Command5},
+           {Command::Command6, ui_->Command6},
+           {Command::Command7, ui_->Command7},
+           {Command::Command8, ui_->Command8},
+           {Command::Command9, ui_->Command9},
+           {Command::Command10, ui_->Command10}}};
+}
+
+QLineEdit* frmEnterQA::BoxAt(Control box) const {
+  for (const Field& field : Fields()) {
+    if (QuestionEntry::BoxOf(field.dimension) == box) return field.box;
+  }
+  return ui_->txtQuestion;
+}
+
+std::optional<Control> frmEnterQA::ControlOf(const QObject* watched) const {
+  if (watched == ui_->txtQuestion) return Control::txtQuestion;
+  for (const Field& field : Fields()) {
+    if (watched == field.box) return QuestionEntry::BoxOf(field.dimension);
+  }
+  return std::nullopt;
+}
+
+void frmEnterQA::ConnectBoxes() {
+  connect(ui_->txtQuestion, &QLineEdit::textEdited, this, [this](const QString& text) {
+    entry_.TypeQuestion(FromQt(text));
+    Refresh();
+  });
+  for (const Field& field : Fields()) {
+    connect(field.box, &QLineEdit::textEdited, this,
+            [this, dimension = field.dimension](const QString& text) {
+              entry_.TypeField(dimension, FromQt(text));
+              Refresh();
+            });
+  }
+}
+
+void frmEnterQA::ConnectButtons() {
+  for (const Button& button : Buttons()) {
+    connect(button.button, &QPushButton::clicked, this, [this, command = button.command] {
+      const std::size_t steps = entry_.StepsTaken();
+      entry_.Click(command);
+      // What the button has done is undone first.
+      if (entry_.StepsTaken() != steps) ForgetTyping(ui_->txtQuestion);
+      Refresh();
+    });
+  }
+  const auto answer = [this](QPushButton* button, int index) {
+    connect(button, &QPushButton::clicked, this, [this, index] {
+      entry_.Command11_Click(index);
+      Refresh();
+    });
+  };
+  connect(ui_->cmdOfftaskActive, &QPushButton::clicked, this, [this] {
+    entry_.Offtask().cmdOfftaskActive_Click();
+    Refresh();
+  });
+  for (QPushButton* asking :
+       std::initializer_list<QPushButton*>{ui_->Command1, ui_->Command2, ui_->Command3,
+                                           ui_->Command4, ui_->Command9, ui_->cmdOfftaskActive}) {
+    new FocusReturn(asking);
+  }
+  answer(ui_->Command11_0, 0);
+  answer(ui_->Command11_1, 1);
+}
+
+void frmEnterQA::StartTimer() {
+  auto* timer = new QTimer(this);
+  timer->setObjectName(QStringLiteral("Timer4"));
+  connect(timer, &QTimer::timeout, this, [this] {
+    entry_.Tick();
+    RefreshClocks();
+  });
+  timer->start(1000);
+}
+
+void frmEnterQA::Refresh() {
+  RefreshTexts();
+  RefreshClocks();
+  ui_->pages->setCurrentWidget(entry_.AsksReview() ? ui_->reviewPage : ui_->codesPage);
+  // The focus moves between the two: Qt would send the focus of a control that goes to a box of its
+  // own choice, and a control that is not there yet cannot take it.
+  RefreshStates(true);
+  TakeFocusWish();
+  RefreshStates(false);
+}
+
+void frmEnterQA::RefreshTexts() {
+  const QString title = ToQt(entry_.FrameCaption());
+  if (ui_->Frame1->title() != title) ui_->Frame1->setTitle(title);
+  ShowText(ui_->txtQuestion, entry_.Question());
+  const QString steps = ToQt(StepsText(entry_));
+  if (ui_->txtQuestion->placeholderText() != steps) ui_->txtQuestion->setPlaceholderText(steps);
+  ui_->txtQuestion->setToolTip(steps);
+  for (const Field& field : Fields()) {
+    ShowText(field.box, entry_.Fields().Text(field.dimension));
+    ShowText(field.label, std::string(entry_.Fields().Caption(field.dimension)));
+  }
+  ShowText(ui_->Label10, std::string(entry_.Fields().Heading()));
+  ShowText(ui_->Command3, std::string(entry_.Caption3()));
+  ShowText(ui_->Command5, std::string(entry_.Caption5()));
+  ShowText(ui_->Command7, std::string(entry_.Caption7()));
+}
+
+void frmEnterQA::RefreshClocks() {
+  ShowClocks(entry_.Clocks(), *ui_);
+  ShowOfftask(entry_.Offtask(), ui_->lblOfftask, ui_->cmdOfftaskActive);
+}
+
+/// Shows and enables what is available, or hides and disables what is not.
+void frmEnterQA::RefreshStates(bool available) {
+  if (entry_.AsksReview() != available) ui_->txtQuestion->setEnabled(available);
+  for (const Field& field : Fields()) {
+    if (entry_.Fields().Visible(field.dimension) != available) continue;
+    field.box->setVisible(available);
+    field.label->setVisible(available);
+  }
+  if (entry_.Fields().HeadingVisible() == available) ui_->Label10->setVisible(available);
+  for (const Button& button : Buttons()) {
+    if (entry_.Enabled(button.command) == available) button.button->setEnabled(available);
+  }
+}
+
+void frmEnterQA::TakeFocusWish() {
+  const auto wish = entry_.TakeFocus();
+  if (!wish) return;
+  if (wish->control == Control::Command11_0) {
+    FocusVisibly(ui_->Command11_0);
+    return;
+  }
+  QLineEdit* box = BoxAt(wish->control);
+  FocusBox(box, wish->caret);
+  ui_->scrollArea->ensureWidgetVisible(box);
+}
+
+bool frmEnterQA::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    return HandleKey(watched, *static_cast<QKeyEvent*>(event));
+  }
+  const auto control = ControlOf(watched);
+  if (control && QuestionEntry::CaretOf(*control) == Caret::selectAll) {
+    // Whatever road leads into a code, the next letter replaces it.
+    if (Leads(*event)) BoxAt(*control)->selectAll();
+  } else if (control && event->type() == QEvent::FocusIn) {
+    EnterText(*control, static_cast<QFocusEvent*>(event)->reason());
+  }
+  return false;
+}
+
+/// A text is added to, unless a click in the question has said where.
+void frmEnterQA::EnterText(Control text, Qt::FocusReason reason) {
+  const bool placed = reason == Qt::MouseFocusReason && text == Control::txtQuestion;
+  if (!IsByHand(reason) || placed) return;
+  // The click or Tab that brought the focus places its own caret first.
+  QLineEdit* box = BoxAt(text);
+  QTimer::singleShot(0, box, [box] {
+    if (box->hasFocus()) FocusBox(box, Caret::atEnd);
+  });
+}
+
+bool frmEnterQA::HandleKey(const QObject* watched, const QKeyEvent& key) {
+  if (IsSpareMnemonic(key)) return true;
+  if (const auto way = WayOf(key)) return TakeStep(qobject_cast<const QLineEdit*>(watched), *way);
+  const bool save = key.key() == Qt::Key_N && key.modifiers() == Qt::ControlModifier;
+  const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  const bool down = key.key() == Qt::Key_Down;
+  const auto box = ControlOf(watched);
+  if (save || enter || (down && box)) {
+    if (save) entry_.SaveQuestion();
+    if (box && !save) entry_.EnterOrDown(*box);
+  } else if (key.key() == Qt::Key_Up && box) {
+    entry_.Up(*box);
+  } else {
+    return (watched == ui_->Command11_0 || watched == ui_->Command11_1) &&
+           key.modifiers() == Qt::NoModifier && AnswerReview(key.key());
+  }
+  Refresh();
+  return true;
+}
+
+/// Undoes or redoes a step. False when the box that has the focus has something of its own to undo
+/// or redo.
+bool frmEnterQA::TakeStep(const QLineEdit* box, Way way) {
+  if (box && HasOwnStep(*box, way)) return false;
+  entry_.TakeStep(way);
+  Refresh();
+  return true;
+}
+
+/// On the two answers their letter alone will do.
+bool frmEnterQA::AnswerReview(int key) {
+  if (key == Qt::Key_Y) ui_->Command11_0->click();
+  if (key == Qt::Key_N) ui_->Command11_1->click();
+  return key == Qt::Key_Y || key == Qt::Key_N;
+}
+
+void frmEnterQA::showEvent(QShowEvent* event) {
+  entry_.Activate();
+  Refresh();
+  QWidget::showEvent(event);
+}
+
+void frmEnterQA::closeEvent(QCloseEvent* event) {
+  event->setAccepted(entry_.RequestClose());
+  Refresh();
+}
+
+}  // namespace orvex

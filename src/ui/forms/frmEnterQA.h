@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <memory>
+#include <optional>
+
+#include "desk/focus.h"
+#include "desk/services.h"
+#include "model/coding_scheme.h"
+#include "questions/question_entry.h"
+
+class QKeyEvent;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+namespace Ui {
+class frmEnterQA;
+}
+
+namespace orvex {
+
+/// The form on which questions are typed and coded while a question/answer segment runs.
+class frmEnterQA : public QWidget {
+  Q_OBJECT
+
+ public:
+  frmEnterQA(const Services& services, LiveObservation& live, const SessionClocks& clocks,
+             QWidget* parent = nullptr);
+  ~frmEnterQA() override;
+
+  QuestionEntry& Entry() { return entry_; }
+  /// Copies what the entry says is shown into the controls.
+  void Refresh();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  /// A code field and its label.
+  struct Field {
+    Dimension dimension;
+    QLineEdit* box;
+    QLabel* label;
+  };
+  struct Button {
+    QuestionEntry::Command command;
+    QPushButton* button;
+  };
+
+  std::array<Field, kDimensionCount> Fields() const;
+  std::array<Button, QuestionEntry::kCommands> Buttons() const;
+  QLineEdit* BoxAt(QuestionEntry::Control box) const;
+  /// The place of a box among the controls; nothing for what is no box.
+  std::optional<QuestionEntry::Control> ControlOf(const QObject* watched) const;
+  void ConnectBoxes();
+  void ConnectButtons();
+  void StartTimer();
+  void RefreshTexts();
+  void RefreshClocks();
+  void RefreshStates(bool available);
+  void TakeFocusWish();
+  void EnterText(QuestionEntry::Control text, Qt::FocusReason reason);
+  bool HandleKey(const QObject* watched, const QKeyEvent& key);
+  bool TakeStep(const QLineEdit* box, Way way);
+  bool AnswerReview(int key);
+
+  QuestionEntry entry_;
+  std::unique_ptr<Ui::frmEnterQA> ui_;
+};
+
+}  // namespace orvex

@@ -1,0 +1,111 @@
+#include "ui/forms/frmOfftask.h"
+
+#include <QKeyEvent>
+#include <QTimer>
+#include <utility>
+
+#include "ui/keys/BoxFocus.h"
+#include "ui/show.h"
+#include "ui_frmOfftask.h"
+
+namespace orvex {
+
+using Control = OfftaskDialog::Control;
+
+frmOfftask::frmOfftask(OfftaskPrompt& prompt, QWidget* parent)
+    : QDialog(parent), dialog_(prompt), ui_(std::make_unique<Ui::frmOfftask>()) {
+  ui_->setupUi(this);
+  ConnectBox(ui_->Text1, Control::Text1);
+  ConnectBox(ui_->Text3, Control::Text3);
+  boxFocus_ = std::make_unique<BoxFocus>(
+      this, std::vector<QWidget*>{ui_->Text1, ui_->Text3},
+      [this](const QWidget* box) { dialog_.Enter(ControlOf(box)); },
+      [this](const QWidget* box) {
+        const bool mayLeave = dialog_.Leave(ControlOf(box));
+        Refresh();
+        return mayLeave;
+      });
+  for (QPushButton* button : {ui_->Command1, ui_->Command2}) button->installEventFilter(this);
+  connect(ui_->Command1, &QPushButton::clicked, this, &frmOfftask::accept);
+  connect(ui_->Command2, &QPushButton::clicked, this, &frmOfftask::reject);
+  Refresh();
+}
+
+frmOfftask::~frmOfftask() = default;
+
+void frmOfftask::ConnectBox(QLineEdit* box, Control control) {
+  box->installEventFilter(this);
+  connect(box, &QLineEdit::textEdited, this, [this, control](const QString& text) {
+    dialog_.Type(control, FromQt(text));
+    Refresh();
+  });
+}
+
+Control frmOfftask::ControlOf(const QObject* box) const {
+  return box == ui_->Text1 ? Control::Text1 : Control::Text3;
+}
+
+void frmOfftask::Refresh() {
+  ShowText(ui_->Text1, dialog_.Text(Control::Text1));
+  ShowText(ui_->Text3, dialog_.Text(Control::Text3));
+  if (const auto wish = dialog_.TakeFocus()) Focus(*wish);
+}
+
+void frmOfftask::Focus(const OfftaskDialog::Focus::Target& wish) {
+  switch (wish.control) {
+    case Control::Text1:
+      return FocusBox(ui_->Text1, wish.caret);
+    case Control::Text3:
+      return FocusBox(ui_->Text3, wish.caret);
+    case Control::Command1:
+      return FocusVisibly(ui_->Command1);
+  }
+}
+
+void frmOfftask::setVisible(bool visible) {
+  QDialog::setVisible(visible);
+  if (!visible) return;
+  FocusBox(ui_->Text1, Caret::selectAll);
+}
+
+void frmOfftask::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() != QEvent::ActivationChange || std::exchange(opened_, true)) return;
+  // The box that gets the focus with the window takes the selection from the others.
+  QTimer::singleShot(0, this, [this] {
+    if (!ui_->Text3->hasFocus()) ui_->Text3->selectAll();
+  });
+}
+
+void frmOfftask::accept() {
+  if (boxFocus_->CheckCurrent()) QDialog::accept();
+}
+
+void frmOfftask::reject() {
+  // A text that is no number is not kept for the next time.
+  boxFocus_->CheckCurrent();
+  QDialog::reject();
+}
+
+bool frmOfftask::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  if (IsSpareMnemonic(key)) return true;
+  const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  if (auto* button = qobject_cast<QPushButton*>(watched)) {
+    // Whoever has come here with Enter from box to box is done with it, too.
+    if (enter) button->click();
+    return enter;
+  }
+  if (enter || key.key() == Qt::Key_Down) {
+    dialog_.EnterOrDown(ControlOf(watched));
+  } else if (key.key() == Qt::Key_Up) {
+    dialog_.Up(ControlOf(watched));
+  } else {
+    return false;
+  }
+  Refresh();
+  return true;
+}
+
+}  // namespace orvex

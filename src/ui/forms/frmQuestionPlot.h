@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "desk/services.h"
+#include "reports/episode_origin.h"
+#include "reports/question_plot.h"
+
+namespace Ui {
+class frmQuestionPlot;
+}
+
+namespace orvex {
+
+/// An episode's questions as a chart of characters.
+class frmQuestionPlot : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// `origin` goes to paper only.
+  frmQuestionPlot(const QuestionPlot& plot, const EpisodeOrigin& origin, PlotCaller caller,
+                  const Services& services, QWidget* parent = nullptr);
+  ~frmQuestionPlot() override;
+
+  /// The form shows what it was made with.
+  void Refresh() {}
+
+ Q_SIGNALS:
+  /// The form is left, by its button or otherwise: it is to be closed, and `caller` shown again.
+  void Back(orvex::PlotCaller caller);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  PlotCaller caller_;
+  std::unique_ptr<Ui::frmQuestionPlot> ui_;
+};
+
+}  // namespace orvex

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "desk/services.h"
+#include "start/main_menu.h"
+
+namespace Ui {
+class frmSplash;
+}
+
+namespace orvex {
+
+/// The main menu.
+class frmSplash : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit frmSplash(const Services& services, QWidget* parent = nullptr);
+  ~frmSplash() override;
+
+  /// Copies what the menu says is shown into the controls.
+  void Refresh();
+
+ private:
+  MainMenu menu_;
+  std::unique_ptr<Ui::frmSplash> ui_;
+};
+
+}  // namespace orvex

@@ -1,0 +1,76 @@
+#include "ui/forms/frmTimeSummary.h"
+
+#include <QCloseEvent>
+#include <QScrollBar>
+#include <algorithm>
+#include <array>
+
+#include "ui/print/PrintedTimeSummary.h"
+#include "ui/print/ReportActions.h"
+#include "ui/show.h"
+#include "ui/text.h"
+#include "ui_frmTimeSummary.h"
+
+namespace orvex {
+
+frmTimeSummary::frmTimeSummary(const TimeSummary& summary, const Services& services,
+                               QWidget* parent)
+    : QWidget(parent), ui_(std::make_unique<Ui::frmTimeSummary>()) {
+  ui_->setupUi(this);
+  Fill(summary);
+  auto* actions =
+      new ReportActions(this, ToQt(TextOf(summary)), std::make_unique<PrintedTimeSummary>(summary),
+                        services, ui_->scrollArea, Qt::Vertical);
+  connect(ui_->Command1, &QPushButton::clicked, this, &frmTimeSummary::Menu);
+  connect(ui_->Command2, &QPushButton::clicked, actions, &ReportActions::Print);
+  FocusVisibly(ui_->Command1);
+}
+
+frmTimeSummary::~frmTimeSummary() = default;
+
+void frmTimeSummary::Fill(const TimeSummary& summary) {
+  ShowText(ui_->Label53, summary.title);
+  ShowText(ui_->Label2, summary.date);
+  ShowText(ui_->Label3, summary.observer);
+  const std::array<ReportTable*, 4> tables = {ui_->ListView1, ui_->ListView2, ui_->ListView3,
+                                              ui_->ListView4};
+  for (std::size_t i = 0; i < tables.size(); ++i) tables[i]->Show(summary.blocks[i]);
+  ShowText(ui_->Label48, std::string(kNonInstructionalCaption));
+  ShowText(ui_->Label50, summary.nonInstructional);
+  ShowText(ui_->Label47, std::string(kInstructionalCaption));
+  ShowText(ui_->Label51, summary.instructional);
+  ShowText(ui_->Label1, std::string(kTotalCaption));
+  ShowText(ui_->Label52, summary.total);
+}
+
+void frmTimeSummary::showEvent(QShowEvent* event) {
+  ArrangeTables();
+  QWidget::showEvent(event);
+}
+
+void frmTimeSummary::resizeEvent(QResizeEvent* event) {
+  ArrangeTables();
+  QWidget::resizeEvent(event);
+}
+
+/// Where the tables have no room beside each other, they all stand beneath each other.
+void frmTimeSummary::ArrangeTables() {
+  int left = 0;
+  for (const ReportTable* table : {ui_->ListView1, ui_->ListView3, ui_->ListView4}) {
+    left = std::max(left, table->sizeHint().width());
+  }
+  const int needed = left + ui_->tablesLayout->spacing() + ui_->ListView2->sizeHint().width() +
+                     ui_->scrollArea->verticalScrollBar()->sizeHint().width();
+  const QMargins margins = layout()->contentsMargins();
+  const bool narrow = width() - margins.left() - margins.right() < needed;
+  ui_->tablesLayout->setDirection(narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+  // The scroll area asks for the room they take now, not for what they took before.
+  ui_->contentsLayout->activate();
+}
+
+void frmTimeSummary::closeEvent(QCloseEvent* event) {
+  event->ignore();  // the form goes when it is closed on its signal
+  Q_EMIT Menu();
+}
+
+}  // namespace orvex

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "desk/services.h"
+#include "reports/time_summary.h"
+
+namespace Ui {
+class frmTimeSummary;
+}
+
+namespace orvex {
+
+/// How long a class spent in what.
+class frmTimeSummary : public QWidget {
+  Q_OBJECT
+
+ public:
+  frmTimeSummary(const TimeSummary& summary, const Services& services, QWidget* parent = nullptr);
+  ~frmTimeSummary() override;
+
+  /// The form shows what it was made with.
+  void Refresh() {}
+
+ Q_SIGNALS:
+  /// The form is left, by its button or otherwise, and is to be closed.
+  void Menu();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void ArrangeTables();
+  void Fill(const TimeSummary& summary);
+
+  std::unique_ptr<Ui::frmTimeSummary> ui_;
+};
+
+}  // namespace orvex

@@ -1,0 +1,27 @@
+#include "ui/keys/PressGuard.h"
+
+#include <QEvent>
+#include <QTimer>
+#include <QWidget>
+
+namespace orvex {
+
+PressGuard::PressGuard(QWidget* control) : QObject(control), control_(control) {
+  control->installEventFilter(this);
+}
+
+bool PressGuard::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::WindowUnblocked) {
+    // A press that raised the question follows before the next turn of the event loop.
+    stale_ = true;
+    QTimer::singleShot(0, this, [this] { stale_ = false; });
+  }
+  // Of two quick presses the second comes as a double click.
+  if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseButtonDblClick) {
+    return false;
+  }
+  const QWidget* proxy = control_->focusProxy();
+  return stale_ || control_->window()->focusWidget() != (proxy ? proxy : control_);
+}
+
+}  // namespace orvex

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QKeyEvent>
+#include <QKeySequence>
+#include <QLineEdit>
+#include <QList>
+#include <optional>
+#include <string>
+
+#include "running/question_history.h"
+
+namespace orvex {
+
+/// The platform's keys for undo and redo, and those that a user of another platform knows.
+inline QList<QKeySequence> KeysOf(Way way) {
+  if (way == Way::undo) return QKeySequence::keyBindings(QKeySequence::Undo);
+  QList<QKeySequence> keys = QKeySequence::keyBindings(QKeySequence::Redo);
+  for (const char* known : {"Ctrl+Shift+Z", "Ctrl+Y"}) {
+    const QKeySequence sequence{QLatin1String(known)};
+    if (!keys.contains(sequence)) keys.append(sequence);
+  }
+  return keys;
+}
+
+/// The way that a key press stands for; nothing for any other key.
+inline std::optional<Way> WayOf(const QKeyEvent& key) {
+  const QKeySequence sequence(key.keyCombination());
+  for (const Way way : {Way::undo, Way::redo}) {
+    if (KeysOf(way).contains(sequence)) return way;
+  }
+  return std::nullopt;
+}
+
+/// True when something typed in `box` can be undone or redone there.
+inline bool HasOwnStep(const QLineEdit& box, Way way) {
+  return way == Way::undo ? box.isUndoAvailable() : box.isRedoAvailable();
+}
+
+/// Leaves `box` nothing of its own to undo.
+inline void ForgetTyping(QLineEdit* box) {
+  const int caret = box->cursorPosition();
+  box->setText(box->text());
+  box->setCursorPosition(caret);
+}
+
+/// What the keys would do, as `Object` says it: "Ctrl+Z brings question 7 back". Empty for nothing.
+template <typename Object>
+std::string StepsText(const Object& object) {
+  std::string text;
+  for (const Way way : {Way::undo, Way::redo}) {
+    const std::string step = object.NextStep(way);
+    if (step.empty()) continue;
+    if (!text.empty()) text += ",  ";
+    text += (way == Way::undo ? "Ctrl+Z " : "Ctrl+Shift+Z ") + step;
+  }
+  return text;
+}
+
+}  // namespace orvex

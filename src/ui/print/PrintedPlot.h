@@ -1,0 +1,31 @@
+#pragma once
+
+#include "reports/episode_origin.h"
+#include "reports/question_plot.h"
+#include "ui/print/PrintedReport.h"
+
+namespace orvex {
+
+/// The question plot on paper, in as many bands beneath each other, and on as many pages, as its
+/// columns need.
+class PrintedPlot : public PrintedReport {
+ public:
+  PrintedPlot(QuestionPlot plot, EpisodeOrigin origin);
+
+  QString Title() const override;
+  QString Subtitle() const override;
+  QString DocumentName() const override;
+  QPageLayout::Orientation Orientation() const override { return QPageLayout::Landscape; }
+  int Pages(const QSizeF& area) const override;
+  void PaintPage(QPainter& painter, const QSizeF& area, int page) const override;
+
+ private:
+  int ColumnsOfBand(const QSizeF& area) const;
+  int Bands(const QSizeF& area) const;
+  void PaintBand(QPainter& painter, double y, int first, int columns) const;
+
+  QuestionPlot plot_;
+  EpisodeOrigin origin_;
+};
+
+}  // namespace orvex

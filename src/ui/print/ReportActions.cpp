@@ -1,0 +1,88 @@
+#include "ui/print/ReportActions.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QShortcut>
+#include <utility>
+
+#include "ui/print/PrintedReport.h"
+#include "ui/print/ReportPrinter.h"
+
+namespace orvex {
+
+ReportActions::ReportActions(QWidget* form, QString text, std::unique_ptr<PrintedReport> report,
+                             const Services& services, QScrollArea* area, Qt::Orientation wide)
+    : QObject(form),
+      form_(form),
+      text_(std::move(text)),
+      report_(std::move(report)),
+      services_(services),
+      area_(area),
+      wide_(wide) {
+  auto* copy = new QAction(QStringLiteral("Copy as text"), form);
+  copy->setShortcut(QKeySequence::Copy);
+  connect(copy, &QAction::triggered, this, &ReportActions::Copy);
+  auto* print = new QAction(QStringLiteral("Print\u2026"), form);
+  print->setShortcut(QKeySequence::Print);
+  connect(print, &QAction::triggered, this, &ReportActions::Print);
+  form->addActions({copy, print});
+  form->setContextMenuPolicy(Qt::ActionsContextMenu);
+  connect(new QShortcut(QKeySequence(Qt::Key_Escape), form), &QShortcut::activated, form,
+          &QWidget::close);
+  area->installEventFilter(this);
+  for (QWidget* control : form->findChildren<QWidget*>()) {
+    if (control->focusPolicy() != Qt::NoFocus) control->installEventFilter(this);
+  }
+}
+
+ReportActions::~ReportActions() = default;
+
+void ReportActions::Print() {
+  PreviewReport(*report_, services_, form_);
+}
+
+void ReportActions::Copy() const {
+  QApplication::clipboard()->setText(text_);
+}
+
+bool ReportActions::eventFilter(QObject*, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return false;
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  return (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && Scroll(key.key());
+}
+
+bool ReportActions::Scroll(int key) {
+  QScrollBar* across = area_->horizontalScrollBar();
+  QScrollBar* down = area_->verticalScrollBar();
+  QScrollBar* pages = wide_ == Qt::Horizontal ? across : down;
+  const auto scroll = [](QScrollBar* bar, QAbstractSlider::SliderAction action) {
+    bar->triggerAction(action);
+    return true;
+  };
+  switch (key) {
+    case Qt::Key_Left:
+      return scroll(across, QAbstractSlider::SliderSingleStepSub);
+    case Qt::Key_Right:
+      return scroll(across, QAbstractSlider::SliderSingleStepAdd);
+    case Qt::Key_Up:
+      return scroll(down, QAbstractSlider::SliderSingleStepSub);
+    case Qt::Key_Down:
+      return scroll(down, QAbstractSlider::SliderSingleStepAdd);
+    case Qt::Key_PageUp:
+      return scroll(pages, QAbstractSlider::SliderPageStepSub);
+    case Qt::Key_PageDown:
+      return scroll(pages, QAbstractSlider::SliderPageStepAdd);
+    case Qt::Key_Home:
+      return scroll(pages, QAbstractSlider::SliderToMinimum);
+    case Qt::Key_End:
+      return scroll(pages, QAbstractSlider::SliderToMaximum);
+    default:
+      return false;
+  }
+}
+
+}  // namespace orvex

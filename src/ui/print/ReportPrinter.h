@@ -1,0 +1,31 @@
+#pragma once
+
+#include "desk/services.h"
+
+class QByteArray;
+class QFont;
+class QPrinter;
+class QWidget;
+
+namespace orvex {
+
+class PrintedReport;
+
+/// Prints the pages that `printer` asks for, each with the report's title, what it is about, and
+/// its number. False when the printer cannot be written to.
+bool PrintReport(const PrintedReport& report, QPrinter& printer);
+
+/// The same pages as a PDF file.
+QByteArray PdfOf(const PrintedReport& report, const QPrinter& printer);
+/// Stores them in the file that `printer` would write, whole or not at all; the user is told when
+/// that fails, and can have it tried again or choose another place.
+void SavePdf(const PrintedReport& report, const QPrinter& printer, const Services& services);
+
+/// Shows the report as it will look on paper; from there it goes to a printer or into a PDF file.
+void PreviewReport(const PrintedReport& report, const Services& services, QWidget* form);
+
+/// A font of so many points for painting on paper, where lengths are points: its characters keep
+/// their proportions at every resolution.
+QFont PaperFont(const QFont& like, double points);
+
+}  // namespace orvex

@@ -1,0 +1,96 @@
+#include "ui/widgets/BarRow.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <cmath>
+
+#include "ui/text.h"
+#include "ui/widgets/PaintBar.h"
+
+namespace orvex {
+namespace {
+
+constexpr int kBarHeight = 22;
+constexpr int kCaptionRoom = 26;
+constexpr int kPixelsPerInch = 96;
+constexpr int kTwipsPerInch = 1440;
+
+/// A label that its bar draws.
+class SegmentLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {}
+};
+
+}  // namespace
+
+BarRow::BarRow(QWidget* parent) : QWidget(parent) {
+  setMinimumWidth(static_cast<int>(kBarLength * kPixelsPerInch / kTwipsPerInch) + kCaptionRoom);
+  setFixedHeight(kBarHeight);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void BarRow::Show(const StatisticsRow& row) {
+  row_ = row;
+  QStringList shares;
+  for (std::size_t i = 0; i < row_.bar.size(); ++i) {
+    const BarSegment& segment = row_.bar[i];
+    if (i == segments_.size()) {
+      auto* label = new SegmentLabel(this);
+      label->setObjectName(QStringLiteral("%1_%2").arg(objectName()).arg(i));
+      label->lower();
+      segments_.push_back(label);
+    }
+    segments_[i]->setText(ToQt(segment.caption));
+    shares << QStringLiteral("%1 of %2").arg(segment.count).arg(segment.reference);
+  }
+  setAccessibleName(ToQt(row_.heading));
+  setAccessibleDescription(shares.join(QStringLiteral(", ")));
+  setToolTip(shares.join(QStringLiteral(", ")));
+  PlaceSegments();
+  update();
+}
+
+QRectF BarRow::Bar() const {
+  return QRectF(rect()).adjusted(0, 0, -kCaptionRoom, 0);
+}
+
+void BarRow::PlaceSegments() {
+  for (std::size_t i = 0; i < segments_.size(); ++i) {
+    const QRectF area = AreaOf(row_.bar[i], Bar());
+    // Rounded edge by edge: where one ends the next begins.
+    const int left = static_cast<int>(std::lround(area.left()));
+    const int right = static_cast<int>(std::lround(area.right()));
+    segments_[i]->setGeometry(left, 0, right - left, height());
+  }
+}
+
+void BarRow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  PlaceSegments();
+}
+
+void BarRow::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  PaintBar(painter, {Bar(), kCaptionRoom}, row_, palette().color(QPalette::WindowText));
+}
+
+CodingSample::CodingSample(QWidget* parent) : QWidget(parent) {
+  setFixedSize(kBarHeight * 2, kBarHeight - 4);
+}
+
+void CodingSample::Show(Coding coding) {
+  coding_ = coding;
+  update();
+}
+
+void CodingSample::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  PaintCoding(painter, rect(), coding_);
+}
+
+}  // namespace orvex

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <vector>
+
+#include "model/survey_scheme.h"
+
+class QCheckBox;
+class QGridLayout;
+class QGroupBox;
+class QLineEdit;
+
+namespace orvex {
+
+class SurveyForm;
+
+/// The check boxes of the survey, by their groups. Tab and Enter pass from group to group. The
+/// groups stand side by side where there is room for it, otherwise one under another.
+class CheckLists : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit CheckLists(QWidget* parent = nullptr);
+
+  /// Shows what is checked, and the text of "other:".
+  void Show(const SurveyForm& form);
+  void FocusFirst();
+
+  QSize minimumSizeHint() const override;
+
+ Q_SIGNALS:
+  void Checked(int group, int item, bool checked);
+  void OtherTyped(const QString& text);
+  /// The focus has come to `control`.
+  void Entered(QWidget* control);
+  /// Enter leads out of the last group.
+  void Passed();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  QGroupBox* BuildGroup(int group, int columns);
+  QGroupBox* BuildTypesOfWriting();
+  void AddOtherBox(QGridLayout& items, int row);
+  void Arrange(int columns);
+  int WidthOf(int columns) const;
+  void GoOn(const QObject* from);
+
+  std::array<std::vector<QCheckBox*>, kCheckGroups> boxes_;
+  QLineEdit* other_ = nullptr;  // Text5
+  QGridLayout* layout_;
+  std::array<QGroupBox*, 4> frames_;  ///< in reading order
+  int columns_ = 0;
+};
+
+}  // namespace orvex

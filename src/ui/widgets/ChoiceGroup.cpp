@@ -1,0 +1,50 @@
+#include "ui/widgets/ChoiceGroup.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "ui/keys/PressGuard.h"
+#include "ui/keys/RovingFocus.h"
+
+namespace orvex {
+
+ChoiceGroup::ChoiceGroup(std::vector<QRadioButton*> buttons, QObject* parent)
+    : QObject(parent),
+      buttons_(std::move(buttons)),
+      focus_(new RovingFocus({buttons_.begin(), buttons_.end()}, this)) {
+  for (int position = 0; position < Count(); ++position) {
+    QRadioButton* button = Button(position);
+    button->setAutoExclusive(false);
+    new PressGuard(button);
+    connect(button, &QRadioButton::clicked, this, [this, position] {
+      // A click has switched the button already; what is selected is the logic's to say.
+      ShowSelected(selected_);
+      Q_EMIT Chosen(position);
+    });
+  }
+}
+
+QRadioButton* ChoiceGroup::Button(int position) const {
+  return buttons_.at(static_cast<std::size_t>(position));
+}
+
+void ChoiceGroup::ShowSelected(int position) {
+  selected_ = position;
+  focus_->SetEntry(std::max(selected_, 0));
+  for (int i = 0; i < Count(); ++i) Button(i)->setChecked(i == position);
+}
+
+void ChoiceGroup::SetVisible(bool visible) {
+  for (QRadioButton* button : buttons_) button->setVisible(visible);
+}
+
+void ChoiceGroup::SetEnabled(bool enabled) {
+  for (QRadioButton* button : buttons_) button->setEnabled(enabled);
+}
+
+void ChoiceGroup::Focus(int position) {
+  focus_->Focus(position);
+}
+
+}  // namespace orvex

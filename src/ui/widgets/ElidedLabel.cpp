@@ -1,0 +1,29 @@
+#include "ui/widgets/ElidedLabel.h"
+
+#include <QEvent>
+#include <QStyle>
+#include <QStylePainter>
+#include <QTextDocument>
+
+namespace orvex {
+
+QSize ElidedLabel::minimumSizeHint() const {
+  return {0, fontMetrics().height()};
+}
+
+bool ElidedLabel::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const bool isWhole = fontMetrics().horizontalAdvance(text()) <= contentsRect().width();
+    setToolTip(isWhole ? QString() : Qt::convertFromPlainText(text()));
+  }
+  return QLabel::event(event);
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+  const QRect place = contentsRect();
+  QStylePainter(this).drawItemText(place, static_cast<int>(alignment()), palette(), isEnabled(),
+                                   fontMetrics().elidedText(text(), Qt::ElideMiddle, place.width()),
+                                   foregroundRole());
+}
+
+}  // namespace orvex

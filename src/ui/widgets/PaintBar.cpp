@@ -1,0 +1,152 @@
+#include "ui/widgets/PaintBar.h"
+
+#include <QColor>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <algorithm>
+#include <optional>
+
+#include "ui/text.h"
+
+namespace orvex {
+namespace {
+
+constexpr double kHatch = 6;  // from line to line
+constexpr double kCaptionMargin = 4;
+constexpr double kSegmentGap = 1;
+
+constexpr QRgb kYellow = qRgb(255, 255, 0);
+constexpr QRgb kBlue = qRgb(0, 84, 166);
+constexpr QRgb kVermilion = qRgb(232, 112, 32);
+constexpr QRgb kOutline = qRgb(48, 48, 48);
+
+enum class Pattern { plain, hatched, dotted };
+
+struct Look {
+  QRgb ground;
+  Pattern pattern;
+  QRgb caption;
+};
+
+std::optional<Look> LookOf(Coding coding) {
+  constexpr QRgb kBlack = qRgb(0, 0, 0);
+  constexpr QRgb kWhite = qRgb(255, 255, 255);
+  switch (coding) {
+    case Coding::positive:
+      return Look{kBlue, Pattern::plain, kWhite};
+    case Coding::no:
+      return Look{kYellow, Pattern::plain, kBlack};
+    case Coding::negative:
+      return Look{kVermilion, Pattern::hatched, kBlack};
+    case Coding::uncoded:
+      return Look{kWhite, Pattern::dotted, kBlack};
+    case Coding::none:
+      break;
+  }
+  return std::nullopt;
+}
+
+void Hatch(QPainter& painter, const QRectF& area) {
+  painter.setPen(QPen(QColor(kOutline), 1.2));
+  for (double x = area.left() - area.height(); x < area.right(); x += kHatch) {
+    painter.drawLine(QPointF(x, area.bottom()), QPointF(x + area.height(), area.top()));
+  }
+}
+
+void Dot(QPainter& painter, const QRectF& area) {
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor(kOutline));
+  constexpr double kStep = kHatch / 2;
+  bool shifted = false;
+  for (double y = area.top() + kStep; y < area.bottom(); y += kStep) {
+    for (double x = area.left() + (shifted ? kHatch : kStep); x < area.right(); x += kHatch) {
+      painter.drawEllipse(QPointF(x, y), 0.6, 0.6);
+    }
+    shifted = !shifted;
+  }
+}
+
+/// Writes the caption in the part of the segment that is to be seen, or behind it when it is the
+/// last one. Between others there may be no room: then the heading alone says the number.
+void PaintCaption(QPainter& painter, const BarSegment& segment, const QRectF& seen, bool last,
+                  double captionRoom, const QColor& ink) {
+  if (segment.caption.empty()) return;
+  const QString caption = ToQt(segment.caption);
+  const double width = QFontMetricsF(painter.font()).horizontalAdvance(caption) + kCaptionMargin;
+  if (width <= seen.width()) {
+    const auto look = LookOf(segment.coding);
+    if (look && look->pattern != Pattern::plain) {
+      QRectF plate(0, 0, width, seen.height() - 4);
+      plate.moveCenter(seen.center());
+      painter.fillRect(plate, QColor(look->ground));
+    }
+    painter.setPen(look ? QColor(look->caption) : ink);
+    painter.drawText(seen, Qt::AlignCenter, caption);
+  } else if (last) {
+    painter.setPen(ink);
+    const QRectF behind(seen.right() + kCaptionMargin, seen.top(), width + captionRoom,
+                        seen.height());
+    painter.drawText(behind, Qt::AlignLeft | Qt::AlignVCenter, caption);
+  }
+}
+
+}  // namespace
+
+void PaintCoding(QPainter& painter, const QRectF& area, Coding coding) {
+  const auto look = LookOf(coding);
+  if (!look || area.width() <= 0) return;
+  painter.save();
+  painter.fillRect(area, QColor(look->ground));
+  if (look->pattern != Pattern::plain) {
+    painter.setClipRect(area, Qt::IntersectClip);
+    look->pattern == Pattern::hatched ? Hatch(painter, area) : Dot(painter, area);
+  }
+  painter.restore();
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(QColor(kOutline), 1));
+  const double inset = std::min(0.5, area.width() / 2);
+  painter.drawRect(area.adjusted(inset, 0.5, -inset, -0.5));
+}
+
+QRectF AreaOf(const BarSegment& segment, const QRectF& bar) {
+  const double scale = bar.width() / kBarLength;
+  return {bar.left() + segment.left * scale, bar.top(), segment.width * scale, bar.height()};
+}
+
+void PaintBar(QPainter& painter, const BarPlace& place, const StatisticsRow& row,
+              const QColor& ink) {
+  QColor faint = ink;
+  faint.setAlphaF(0.4F);
+  painter.setPen(QPen(faint, 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(place.bar.adjusted(0.5, 0.5, -0.5, -0.5));
+  const double filled = row.FilledLength();
+  if (row.restIsUncoded && !row.bar.empty() && row.bar.front().reference > 0) {
+    constexpr double kAlmostAll = kBarLength - 0.5;  // what rounding has left is nothing
+    if (filled < kAlmostAll) {
+      BarSegment rest;
+      rest.left = filled;
+      rest.width = kBarLength - filled;
+      PaintCoding(painter, AreaOf(rest, place.bar), Coding::uncoded);
+    }
+  }
+  for (auto segment = row.bar.rbegin(); segment != row.bar.rend(); ++segment) {
+    QRectF area = AreaOf(*segment, place.bar);
+    // Neighbours of one colour show where one ends.
+    const bool neighboured = area.right() < place.bar.right() - kSegmentGap;
+    if (neighboured && area.width() > 4 * kSegmentGap) area.setRight(area.right() - kSegmentGap);
+    PaintCoding(painter, area, segment->coding);
+  }
+  double covered = 0;
+  for (const BarSegment& segment : row.bar) {
+    BarSegment seen = segment;
+    seen.left = std::max(segment.left, covered);
+    seen.width = std::max(0.0, segment.Right() - seen.left);
+    covered = std::max(covered, segment.Right());
+    const bool last = segment.Right() >= filled && !row.restIsUncoded;
+    const bool atEnd = segment.Right() >= kBarLength - 0.5;
+    PaintCaption(painter, segment, AreaOf(seen, place.bar), last || atEnd, place.captionRoom, ink);
+  }
+}
+
+}  // namespace orvex

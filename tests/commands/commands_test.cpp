@@ -1,0 +1,274 @@
+// What the commands write, where, and with which exit code.
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <algorithm>
+#include <sstream>
+
+#include "commands/check_command.h"
+#include "commands/report_command.h"
+#include "commands/table_command.h"
+#include "store/eps_file.h"
+#include "store/shown_text.h"
+#include "store/storage.h"
+#include "support/sample_manifest.h"
+#include "support/test_folder.h"
+
+namespace orvex {
+namespace {
+
+/// A console whose streams are kept.
+struct Kept {
+  std::ostringstream out;
+  std::ostringstream err;
+  Console console{.out = out, .err = err, .interrupted = {}};
+
+  /// What was written since the last call, without the folder of the test.
+  std::string Take(std::ostringstream& stream, const std::filesystem::path& folder) {
+    std::string text = stream.str();
+    stream.str("");
+    const std::string prefix = folder.string() + "/";
+    for (auto at = text.find(prefix); at != std::string::npos; at = text.find(prefix)) {
+      text.erase(at, prefix.size());
+    }
+    return text;
+  }
+};
+
+void CopySample(const std::string& sample, const std::filesystem::path& to) {
+  test::PutFile(to, test::FileBytes(test::TestData(sample)));
+}
+
+TEST(Commands, ExportSaysHowItWentInItsExitCode) {
+  const test::TestFolder folder;
+  CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
+  test::PutFile(folder / "1-2-3.eps",
+                test::FileBytes(test::TestData("bad/banner-old-and-repair.eps")) + "\r\nmore\r\n");
+  CopySample("bad/noise.eps", folder / "5-12-3.eps");
+  std::string cut = test::FileBytes(test::TestData("bad/cut-after-line-072-Q3.eps"));
+  for (int lines = 0; lines < 4; ++lines) cut.erase(cut.rfind('\n', cut.size() - 2) + 1);
+  test::PutFile(folder / "6-1-1.eps", cut);
+  std::filesystem::create_directory(folder / "out");
+  const std::string kStays = "The earlier EPSDATA.TXT stays as it was.\n";
+  const std::string kBad =
+      "5-12-3.eps:1: this is a binary file, not an episode file (line 2 of the list)\n";
+  struct Case {
+    const char* list;
+    bool keepGoing;
+    ExitCode code;
+    std::string out;
+    std::string err;
+  };
+  const Case cases[] = {
+      {"17-17-7\n", false, kDone, "out/EPSDATA.TXT: 3 rows from 1 file\n", ""},
+      {"17-17-7\n5-12-3\n17-17-7\n", true, kFound, "out/EPSDATA.TXT: 6 rows from 2 files\n",
+       "LIST.TXT:3: warning: 17-17-7 is in line 1 already\n" + kBad},
+      {"17-17-7\n5-12-3\n1-2-3\n", false, kFailed, "out/EPSDATA.TXT: 3 rows from 1 file\n",
+       kBad + "The table ends there. Files not read: 1.\n"},
+      {"17-17-7\n6-1-1\n", false, kFailed,
+       "out/EPSDATA.TXT: 5 rows from 2 files, the last in part\n",
+       "6-1-1.eps:70: expected a code letter, not the end of the file (line 2 of the "
+       "list)\n"},
+      {"17-17-7\n6-1-1\n17-17-7\n", true, kFound, "out/EPSDATA.TXT: 6 rows from 2 files\n",
+       "LIST.TXT:3: warning: 17-17-7 is in line 1 already\n6-1-1.eps:70: expected a code letter, "
+       "not the end of the file (line 2 of the list)\n"},
+      {"\n5-12-3\n", true, kFailed, "", kBad + "There are no rows. " + kStays},
+      {"1-2-3\n", false, kDone, "out/EPSDATA.TXT: 3 rows from 1 file\n",
+       "1-2-3.eps: warning: EPS file created by an earlier version of ORVEX.\n"
+       "1-2-3.eps: warning: An inconsistency is found in activity coding of first segment in "
+       "episode #1. The episode's activity is taken.\n"
+       "1-2-3.eps: warning: text after the last question, line 75\n"
+       "1-2-3.eps: warning: the identity line says 5-12-3\n"},
+  };
+  for (const auto& [list, keepGoing, code, out, err] : cases) {
+    SCOPED_TRACE(list);
+    Kept kept;
+    Storage storage;
+    test::PutFile(folder / "LIST.TXT", list);
+    EXPECT_EQ(RunExport(ExportCommand{.list = folder / "LIST.TXT",
+                                      .output = folder / "out",
+                                      .keepGoing = keepGoing},
+                        storage, kept.console),
+              code);
+    EXPECT_EQ(kept.Take(kept.out, folder.Path()), out);
+    EXPECT_EQ(kept.Take(kept.err, folder.Path()), err);
+    const std::string rows =
+        std::to_string(std::ranges::count(test::FileBytes(folder / "out/EPSDATA.TXT"), '\n'));
+    EXPECT_TRUE(out.empty() || out.find(": " + rows + " row") != std::string::npos) << rows;
+  }
+}
+
+TEST(Commands, ExportEndsWhenItIsInterruptedAndShowsProgressOnATerminal) {
+  const test::TestFolder folder;
+  CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
+  test::PutFile(folder / "LIST.TXT", "17-17-7\n./17-17-7\n././17-17-7\n");
+  Kept kept;
+  Storage storage;
+  kept.console.showsProgress = true;
+  int asked = 0;
+  kept.console.interrupted = [&asked] { return ++asked > 2; };
+  EXPECT_EQ(RunExport(ExportCommand{.list = folder / "LIST.TXT"}, storage, kept.console), kFailed);
+  EXPECT_EQ(kept.Take(kept.out, folder.Path()), "");
+  EXPECT_FALSE(std::filesystem::exists(folder / "EPSDATA.TXT"));
+  EXPECT_EQ(kept.err.str(),
+            "\r0 of 3 files\r1 of 3 files\r\033[K"
+            "Interrupted after 2 of 3 files. No EPSDATA.TXT was made.\n");
+  Kept none;
+  EXPECT_EQ(RunExport(ExportCommand{.list = folder / "NONE.TXT"}, storage, none.console), kFailed);
+  EXPECT_EQ(none.Take(none.err, folder.Path()), "NONE.TXT: No such file or directory\n");
+}
+
+TEST(Commands, TableAndCodebookNeverTakeThePlaceOfTheList) {
+  const test::TestFolder folder;
+  CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
+  Storage storage;
+  Kept kept;
+  for (const char* name : {"questions.csv", "questions-codebook.csv"}) {
+    test::PutFile(folder / name, "17-17-7\n");
+    EXPECT_EQ(
+        RunTable(TableCommand{.list = folder / name, .codebook = true}, storage, kept.console),
+        kFailed);
+    EXPECT_EQ(kept.Take(kept.err, folder.Path()),
+              name + std::string(": this is the list, which the table would replace\n"));
+    EXPECT_EQ(test::FileBytes(folder / name), "17-17-7\n");
+  }
+}
+
+TEST(Commands, NoTextSteersTheTerminal) {
+  const std::string steering =
+      "\x1B[31m\xC2\x9B\xE2\x80\xAE"
+      "1\x9B\xC3\xA9";
+  const std::string shown = R"(\x1B[31m\xC2\x9B\xE2\x80\xAE1\x9B)"
+                            "\xC3\xA9";
+  EXPECT_EQ(Shown(steering), shown);
+
+  const test::TestFolder folder;
+  EpsObservation observation;
+  observation.header.identity = {"A\x1BZ", "5\xE2\x80\xAE", "\n12", "3", "28"};
+  observation.header.ObservDate = "\x1B[2J";
+  Storage storage;
+  WriteEpsFile(storage, folder / "5-12-3.eps", observation.header, observation.Episodes);
+  Kept kept;
+  RunReport(ReportCommand{{folder / "5-12-3.eps"}}, kept.console);
+  EXPECT_EQ((kept.out.str() + kept.err.str()).find_first_of("\x1B\x80"), std::string::npos);
+  EXPECT_NE(kept.out.str().find(R"(School 5\xE2\x80\xAE, Class)"), std::string::npos);
+  EXPECT_NE(kept.err.str().find(R"(warning: the identity line says 5\xE2\x80\xAE-)"),
+            std::string::npos);
+}
+
+TEST(Commands, CheckNamesWhatIsMissingAndGoesOnAfterABadFile) {
+  const test::TestFolder folder;
+  EpsObservation observation;
+  observation.header.identity = {"AB", "5", "12", "3", "28"};
+  observation.Episodes.resize(2);
+  for (Episode& episode : observation.Episodes) {
+    episode.segments.emplace_back().SetData(kQuestionAnswer, 60, {});
+  }
+  auto& questions = observation.Episodes[1].questions;
+  questions.emplace_back().SetValue("Why?", "T", "Y", "N", "", "R", "Ana", "N", "", "", 2, 1);
+  questions.emplace_back().SetValue("", "S", "N", "", "", "", "", "", "", "", 2, 1);
+  questions.emplace_back().SetValue("Who?", "T", "N", "", "", "", "", "", "", "", 2, 1);
+  Storage storage;
+  WriteEpsFile(storage, folder / "5-12-3.eps", observation.header, observation.Episodes);
+  CopySample("class/17-17-7.sur", folder / "17-17-7.sur");
+  CopySample("bad/noise.sur", folder / "bad.SUR");
+
+  Kept kept;
+  EXPECT_EQ(RunCheck({folder / "5-12-3.eps", folder / "bad.SUR", folder / "notes.txt",
+                      folder / "17-17-7.sur"},
+                     kept.console),
+            kFailed);
+  EXPECT_EQ(kept.Take(kept.out, folder.Path()),
+            "5-12-3.eps:2:1: missing Uptake, Elaborated/Unelaborated\n"
+            "5-12-3.eps:2:2: missing the text of the question, Who answers question?\n"
+            "17-17-7.sur: not rated: 21. Students used \"texts\" to support or refute ideas.\n"
+            "2 files checked: 2 of 3 questions not fully coded, 1 of 25 statements not rated\n");
+  const std::string err = kept.Take(kept.err, folder.Path());
+  EXPECT_TRUE(err.starts_with("bad.SUR:")) << err;
+  EXPECT_NE(err.find("notes.txt: expected an episode file (.eps) or a survey file (.sur)\n"),
+            std::string::npos);
+  EXPECT_TRUE(err.ends_with("2 files could not be read\n"));
+
+  EXPECT_EQ(RunCheck({folder / "17-17-7.sur"}, kept.console), kFound);
+  EXPECT_TRUE(kept.Take(kept.out, folder.Path())
+                  .ends_with("1 file checked: 1 of 25 statements not rated\n"));
+  questions.resize(0);
+  WriteEpsFile(storage, folder / "5-12-3.eps", observation.header, observation.Episodes);
+  EXPECT_EQ(RunCheck({folder / "5-12-3.eps"}, kept.console), kDone);
+  EXPECT_EQ(kept.Take(kept.out, folder.Path()),
+            "1 file checked: 0 of 0 questions not fully coded\n");
+}
+
+/// Every member of `expected` is in `found`, with the same value.
+void ExpectHolds(const QJsonValue& expected, const QJsonValue& found, const std::string& path) {
+  if (expected.isObject()) {
+    const QJsonObject members = expected.toObject();
+    for (auto member = members.begin(); member != members.end(); ++member) {
+      // What the makers of the samples note about each of them.
+      if (path.empty() && member.key() == QLatin1String("twists")) continue;
+      const std::string name = path + "/" + member.key().toStdString();
+      ASSERT_TRUE(found.toObject().contains(member.key())) << name;
+      ExpectHolds(member.value(), found.toObject()[member.key()], name);
+    }
+  } else if (expected.isArray()) {
+    const QJsonArray items = expected.toArray();
+    ASSERT_EQ(items.size(), found.toArray().size()) << path;
+    for (int i = 0; i < items.size(); ++i) {
+      ExpectHolds(items[i], found.toArray()[i], path + "/" + std::to_string(i));
+    }
+  } else if (expected.isDouble() && found.isDouble()) {
+    EXPECT_NEAR(expected.toDouble(), found.toDouble(), 1e-9) << path;
+  } else {
+    EXPECT_EQ(expected, found) << path << ": " << found.toString().toStdString();
+  }
+}
+
+TEST(Commands, ReportSaysInJsonWhatAnotherProgramSays) {
+  int files = 0;
+  for (const char* name : {"class", "odd"}) {
+    const auto folder = test::SamplesFolder() / name;
+    for (const auto& entry : std::filesystem::directory_iterator(folder / "expected")) {
+      if (entry.path().extension() != ".json") continue;
+      SCOPED_TRACE(entry.path().string());
+      Kept kept;
+      const auto eps = folder / entry.path().filename().replace_extension(".eps");
+      EXPECT_EQ(RunReport(ReportCommand{{eps}, true}, kept.console), kDone);
+      const std::string text = kept.out.str();
+      EXPECT_EQ(std::ranges::count(text, '\n'), 1);
+      const auto found = QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
+      const auto expected =
+          QJsonDocument::fromJson(QByteArray::fromStdString(test::FileBytes(entry.path())));
+      EXPECT_EQ(found[QLatin1String("file")].toString().toStdString(), eps.string());
+      ExpectHolds(expected.object(), found, "");
+      ++files;
+    }
+  }
+  EXPECT_GE(files, 10);
+}
+
+TEST(Commands, ReportWritesEveryEpisodeAndGoesOnAfterABadFile) {
+  const test::TestFolder folder;
+  CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
+  CopySample("bad/noise.eps", folder / "5-12-3.eps");
+  for (const bool json : {false, true}) {
+    Kept kept;
+    EXPECT_EQ(RunReport(ReportCommand{{folder / "5-12-3.eps", folder / "17-17-7.eps"}, json},
+                        kept.console),
+              kFailed);
+    const std::string out = kept.out.str();
+    for (const char* title : {"Time Summary for School 17", "17-17-7 Episode 1",
+                              "17-17-7 Episode 2", "17-17-7 Episode 3"}) {
+      EXPECT_NE(out.find(title), std::string::npos) << title;
+    }
+    EXPECT_EQ(out.find("17-17-7.eps:\n\nTime Summary") != std::string::npos, !json);
+    EXPECT_EQ(kept.Take(kept.err, folder.Path()),
+              "5-12-3.eps:1: this is a binary file, not an episode file\n");
+  }
+}
+
+}  // namespace
+}  // namespace orvex

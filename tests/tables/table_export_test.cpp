@@ -1,0 +1,202 @@
+// EPSDATA.TXT and SURDATA.TXT, beside those of another program, and what becomes of them when
+// something goes wrong on the way.
+
+#include "tables/table_export.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+
+#include "store/file_error.h"
+#include "store/storage.h"
+#include "support/sample_manifest.h"
+#include "support/test_folder.h"
+#include "tables/episode_rows.h"
+
+namespace orvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+const TableKind kEpsData = TableOf(ExportKind::epsData, {});
+const TableKind kSurData = TableOf(ExportKind::surData, {});
+
+void CopySample(const std::string& sample, const fs::path& to) {
+  test::PutFile(to, test::FileBytes(test::TestData(sample)));
+}
+
+/// Joins the list in `folder`; the texts of the problems.
+std::vector<std::string> Join(Storage& storage, TableKind kind, const fs::path& folder,
+                              BadFile badFile = BadFile::endsTheTable) {
+  TableExport table(storage, kind, ReadFileList(folder / "LIST.TXT"), folder / kind.fileName,
+                    badFile);
+  std::vector<std::string> problems;
+  while (!table.Finished()) {
+    if (const auto problem = table.Step()) {
+      const std::string text = problem->Text();
+      problems.push_back(text.substr(folder.string().size() + 1));
+    }
+  }
+  table.Commit();
+  return problems;
+}
+
+TEST(FileList, SkipsWhatNamesNoFile) {
+  const auto read = [](const std::string& bytes) {
+    std::string text;
+    for (const ListedFile& file : ParseFileList(bytes)) {
+      text += std::to_string(file.line) + "=" + file.name + ";";
+    }
+    return text;
+  };
+  const std::pair<const char*, const char*> cases[] = {
+      {"", ""},
+      {"5-12-3", "1=5-12-3;"},
+      {"5-12-3\r\n6-1-1\r\n", "1=5-12-3;2=6-1-1;"},
+      {"\n  5-12-3 \t\n\n \r\n6-1-1 a\n", "2=5-12-3;5=6-1-1 a;"},
+      {"\xEF\xBB\xBF"
+       "5-12-3\r\n",
+       "1=5-12-3;"},
+  };
+  for (const auto& [bytes, files] : cases) EXPECT_EQ(read(bytes), files) << bytes;
+  try {
+    read(
+        std::string("5-12-3\n\xFF\xFE"
+                    "5\0-\0",
+                    13));
+    ADD_FAILURE() << "a list in UTF-16 was read";
+  } catch (const FormatError& error) {
+    EXPECT_EQ(error.Line(), 2);
+  }
+  const test::TestFolder folder;
+  test::PutFile(folder / "5-12-3.eps", test::FileBytes(test::TestData("class/17-17-7.eps")));
+  test::PutFile(folder / "LONG.TXT", std::string(std::size_t{17} << 20, '\n'));
+  const auto told = [&folder](const char* name) {
+    const auto problem = ProblemOf(folder / name, [&] { ReadFileList(folder / name); });
+    return problem ? problem->text : "";
+  };
+  EXPECT_EQ(told("5-12-3.eps"), "this is an episode file, not a list of observations");
+  EXPECT_EQ(told("LONG.TXT"), "more than 16 MB, which is too large for a list of observations");
+}
+
+TEST(TableExport, MakesOfTheSamplesTheTablesOfAnotherProgram) {
+  for (const char* name : {"class", "odd"}) {
+    SCOPED_TRACE(name);
+    const fs::path samples = test::SamplesFolder() / name;
+    for (const auto& [kind, table] :
+         {std::pair{kEpsData, "EPSDATA.TXT"}, std::pair{kSurData, "SURDATA.TXT"}}) {
+      const test::TestFolder folder;
+      Storage storage;
+      TableExport made(storage, kind, ReadFileList(samples / "LIST.TXT"), folder / table,
+                       BadFile::endsTheTable);
+      while (!made.Finished()) EXPECT_FALSE(made.Step());
+      made.Commit();
+      const std::string expected = test::FileBytes(samples / "expected" / table);
+      ASSERT_FALSE(expected.empty());
+      EXPECT_EQ(test::FileBytes(folder / table), expected);
+    }
+  }
+}
+
+TEST(TableExport, RefusesNamesAndCountsThatTheTableCannotHold) {
+  const test::TestFolder folder;
+  Storage storage;
+  EpsObservation large;
+  large.Episodes.resize(100);
+  const auto write = [&] {
+    WriteEpsFile(storage, folder / "5-12-3.eps", large.header, large.Episodes);
+  };
+  test::PutFile(folder / "LIST.TXT", "5-12-3\n");
+  large.header.identity = {"AB", "5", "12", "3", "28"};
+  write();
+  EXPECT_EQ(Join(storage, kEpsData, folder.Path()), std::vector<std::string>{});
+  EXPECT_EQ(std::ranges::count(test::FileBytes(folder / "EPSDATA.TXT"), '\n'), 100);
+  large.Episodes.resize(101);
+  write();
+  EXPECT_EQ(Join(storage, kEpsData, folder.Path()),
+            std::vector<std::string>{
+                "5-12-3.eps: 101 episodes; no more than 100 can be exported (line 1 of the list)"});
+  const std::pair<const char*, const char*> names[] = {
+      {"5-12", "expected a name with school, class and observation, like 5-12-3"},
+      {"5-12-3,4", "expected a name without commas, quotes and control characters"},
+      {"5\t-12-3", "expected a name without commas, quotes and control characters"},
+      {"5-12-3.eps", "expected the name without \".eps\" in the list"},
+  };
+  for (const auto& [name, expected] : names) {
+    test::PutFile(folder / "LIST.TXT", name);
+    if (name != std::string("5-12-3.eps")) {
+      CopySample("class/17-17-7.eps", folder / (name + std::string(".eps")));
+    }
+    const auto problems = Join(storage, kEpsData, folder.Path());
+    ASSERT_EQ(problems.size(), 1U) << name;
+    EXPECT_TRUE(problems[0].ends_with(expected + std::string(" (line 1 of the list)")))
+        << problems[0];
+  }
+}
+
+TEST(TableExport, LeavesAloneWhatItHasNothingBetterFor) {
+  const test::TestFolder folder;
+  Storage storage;
+  const fs::path table = folder / "EPSDATA.TXT";
+  const std::string kOld = "the old table\r\n";
+  // The list itself, also under another name.
+  test::PutFile(table, "5-12-3\n");
+  fs::create_symlink(table, folder / "LIST.TXT");
+  EXPECT_THROW(Join(storage, kEpsData, folder.Path()), FileError);
+  EXPECT_EQ(test::FileBytes(table), "5-12-3\n");
+  fs::remove(folder / "LIST.TXT");
+
+  // An earlier table, when no row came of files that are all bad.
+  test::PutFile(table, kOld);
+  test::PutFile(folder / "LIST.TXT", "5-12-3\n6-1-1\n");
+  EXPECT_EQ(WithoutNewTable(table), "The earlier EPSDATA.TXT stays as it was.");
+  for (const BadFile badFile : {BadFile::endsTheTable, BadFile::isSkipped}) {
+    Join(storage, kEpsData, folder.Path(), badFile);
+    EXPECT_EQ(test::FileBytes(table), kOld);
+  }
+  fs::remove(table);
+  EXPECT_EQ(WithoutNewTable(table), "No EPSDATA.TXT was made.");
+  Join(storage, kEpsData, folder.Path());
+  EXPECT_TRUE(fs::exists(table));
+}
+
+TEST(TableExport, FindsFilesOfEitherCase) {
+  const test::TestFolder folder;
+  Storage storage;
+  CopySample("class/17-17-7.eps", folder / "17-17-7.EPS");
+  test::PutFile(folder / "LIST.TXT", "17-17-7\n");
+  EXPECT_EQ(Join(storage, kEpsData, folder.Path()), std::vector<std::string>{});
+  CopySample("class/11-4-2.eps", folder / "17-17-7.eps");
+  EXPECT_EQ(WithExtension(folder / "17-17-7", ".eps"), folder / "17-17-7.eps");
+}
+
+TEST(TableExport, RemovesWhatKilledExportsHaveLeft) {
+  const test::TestFolder folder;
+  Storage storage;
+  test::PutFile(folder / "LIST.TXT", "");
+  const pid_t gone = ::fork();
+  if (gone == 0) ::_exit(0);
+  ::waitpid(gone, nullptr, 0);
+  const auto temporary = [&](pid_t process, int hours) {
+    const fs::path path =
+        folder / (".orvex-" + std::to_string(process) + "-" + std::to_string(hours) + ".tmp");
+    test::PutFile(path, "rows");
+    fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(hours));
+    return path;
+  };
+  const fs::path stray = temporary(gone, 25);
+  const fs::path others[] = {temporary(gone, 23), temporary(::getppid(), 25),
+                             folder / ".orvex-notes.tmp", folder / ".orvex-1-1"};
+  for (const fs::path& other : others) {
+    if (!fs::exists(other)) test::PutFile(other, "something else");
+  }
+  Join(storage, kEpsData, folder.Path());
+  EXPECT_FALSE(fs::exists(stray));
+  for (const fs::path& other : others) EXPECT_TRUE(fs::exists(other)) << other;
+}
+
+}  // namespace
+}  // namespace orvex
