@@ -3,7 +3,7 @@
 
 add_library(orvex_warnings INTERFACE)
 target_compile_options(orvex_warnings INTERFACE
-  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
   -Woverloaded-virtual -Wnon-virtual-dtor -Wcast-qual -Wcast-align -Wnull-dereference -Wformat=2
   -Wextra-semi -Wundef)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
@@ -13,6 +13,14 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     -Wno-restrict)
 endif()
 
+if(ORVEX_WERROR)
+  target_compile_options(orvex_warnings INTERFACE -Werror)
+endif()
+
+if(ORVEX_COVERAGE)
+  add_compile_options(--coverage -fprofile-abs-path)
+  add_link_options(--coverage)
+endif()
 if(ORVEX_SANITIZERS)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)
@@ -36,4 +44,8 @@ function(orvex_core_library folder)
   add_library(orvex_${folder} STATIC ${sources})
   target_include_directories(orvex_${folder} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(orvex_${folder} PUBLIC ${ARG_DEPENDS} PRIVATE orvex_warnings)
+  if(ORVEX_TIDY)
+    find_program(CLANG_TIDY clang-tidy REQUIRED)
+    set_target_properties(orvex_${folder} PROPERTIES CXX_CLANG_TIDY ${CLANG_TIDY};--quiet)
+  endif()
 endfunction()
