@@ -9,8 +9,8 @@
 #include <string_view>
 #include <utility>
 
-#include "store/shown_text.h"
 #include "commands/named_file.h"
+#include "store/shown_text.h"
 
 namespace orvex {
 namespace {

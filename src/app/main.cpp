@@ -9,6 +9,7 @@
 
 #include "app/command_line.h"
 #include "app/run_command.h"
+#include "commands/named_file.h"
 #include "model/program.h"
 #include "model/version.h"
 #include "recovery/recovery_file.h"
@@ -17,7 +18,6 @@
 #include "store/durable_file.h"
 #include "store/session_log.h"
 #include "store/storage.h"
-#include "commands/named_file.h"
 #include "tables/problem.h"
 #include "ui/EndOfSession.h"
 #include "ui/Forms.h"

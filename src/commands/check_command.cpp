@@ -4,12 +4,12 @@
 #include <string>
 #include <string_view>
 
+#include "commands/named_file.h"
 #include "model/coding_scheme.h"
 #include "model/counted.h"
 #include "model/survey_scheme.h"
 #include "model/validation.h"
 #include "store/shown_text.h"
-#include "commands/named_file.h"
 
 namespace orvex {
 namespace {

@@ -3,13 +3,13 @@
 #include <optional>
 #include <string>
 
+#include "commands/named_file.h"
 #include "reports/episode_title.h"
 #include "reports/question_plot.h"
 #include "reports/question_statistics.h"
 #include "reports/time_summary.h"
 #include "store/shown_text.h"
 #include "tables/file_list.h"
-#include "commands/named_file.h"
 #include "tables/observation_json.h"
 
 namespace orvex {
