@@ -1,7 +1,6 @@
 #include "observe/set_up.h"
 
 #include <filesystem>
-#include <functional>
 
 #include "desk/data_folder.h"
 #include "desk/prompter.h"
@@ -138,8 +137,9 @@ void SetUp::Start() {
     return;
   }
   TellOfOlder(services_.prompter, {older});
-  remembering_ = std::async(std::launch::async, RememberFolder, std::ref(services_.storage),
-                            services_.programFolder, services_.program.DataPath);
+  writer_.Do([services = services_, folder = services_.program.DataPath] {
+    RememberFolder(services.storage, services.programFolder, folder);
+  });
   services_.log.LogOn(logPath.filename().string(), identity_.Initials, identity_.NumStudents);
   services_.screens.Show(Screen::liveObservation);
   services_.screens.Hide(Screen::setUp);

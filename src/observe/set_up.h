@@ -1,12 +1,12 @@
 #pragma once
 
-#include <future>
 #include <optional>
 #include <string>
 
 #include "desk/focus.h"
 #include "desk/services.h"
 #include "running/header_box.h"
+#include "store/background_writer.h"
 
 namespace orvex {
 
@@ -52,7 +52,7 @@ class SetUp {
   std::string warning_;
   std::string dataFolder_;
   Focus focus_;
-  std::future<void> remembering_;  ///< while the folder of the class is brought to the disk
+  BackgroundWriter writer_;  ///< brings to the disk that the folder is remembered
 };
 
 }  // namespace orvex

@@ -83,7 +83,7 @@ bool CloseKeptClass(const Services& desk, KeptClass kept, const fs::path& path) 
   kept.program.DataPath = DataFolderOf(path);
   const Services services = desk.With(kept.program);
   try {
-    services.recovery.GoOn(path, kept.number);
+    services.recovery.TakeUp(path, kept.number);
   } catch (const FileError& error) {
     services.prompter.Tell("The class could not be closed.", error.what());
     return false;

@@ -20,7 +20,7 @@ FileKeeper::FileKeeper(const Services& services, std::filesystem::path path, std
   RememberItsFolder();
   if (!takenUp) return;
   try {
-    recovery_.GoOn(UnsavedPath(path_), takenUp->number);
+    recovery_.TakeUp(UnsavedPath(path_), takenUp->number);
   } catch (const FileError& error) {
     trouble_ = error.what();
   }

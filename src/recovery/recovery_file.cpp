@@ -4,20 +4,18 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <condition_variable>
 #include <cstdint>
 #include <functional>
-#include <iterator>
 #include <memory>
 #include <mutex>
 #include <optional>
 #include <stdexcept>
-#include <thread>
 #include <utility>
 #include <vector>
 
 #include "recovery/claim.h"
 #include "recovery/kept_content.h"
+#include "store/background_writer.h"
 #include "store/file_error.h"
 #include "store/storage.h"
 
@@ -35,34 +33,14 @@ bool IsNewest(const fs::path& path, std::uint64_t number) try {
 
 }  // namespace
 
-/// The two workers: the writer, which brings contents into the system's hands, and the storer,
-/// which brings them to the disk. They own nothing but bytes, names and descriptors.
-class RecoveryFile::Workers {
+/// What is kept at a path, and on its way there: one writer brings contents into the system's
+/// hands, the other to the disk. They own nothing but bytes, names and descriptors.
+class RecoveryFile::Kept {
  public:
   using SharedClaim = std::shared_ptr<Claim>;
 
-  Workers(Storage& storage, SharedClaim claim, std::uint64_t number)
-      : storage_(storage),
-        claim_(std::move(claim)),
-        number_(number),
-        writer_(
-            [this] { Run(&Workers::Write, writing_, [this] { return waiting_.has_value(); }); }),
-        storer_(
-            [this] { Run(&Workers::Store, storing_, [this] { return written_.has_value(); }); }) {}
-
-  ~Workers() {
-    Await(&Workers::Stored);
-    {
-      const std::lock_guard lock(mutex_);
-      ended_ = true;
-    }
-    changed_.notify_all();
-    writer_.join();
-    storer_.join();
-    if (written_) Drop(*written_);
-  }
-  Workers(const Workers&) = delete;
-  Workers& operator=(const Workers&) = delete;
+  Kept(Storage& storage, SharedClaim claim, std::uint64_t number)
+      : storage_(storage), claim_(std::move(claim)), number_(number) {}
 
   const fs::path& Path() const { return claim_->Path(); }
 
@@ -72,7 +50,7 @@ class RecoveryFile::Workers {
       waiting_ = std::move(content);
       error_ = 0;
     }
-    changed_.notify_all();
+    WriteSoon();
   }
 
   void Retry() {
@@ -82,7 +60,7 @@ class RecoveryFile::Workers {
       WriteAgain();
       error_ = 0;
     }
-    changed_.notify_all();
+    WriteSoon();
   }
 
   int Error() const {
@@ -94,89 +72,87 @@ class RecoveryFile::Workers {
   void MoveTo(SharedClaim claim) {
     {
       const std::lock_guard lock(mutex_);
-      left_.push_back({std::exchange(claim_, std::move(claim)), number_});
+      former_.push_back({std::exchange(claim_, std::move(claim)), number_});
       WriteAgain();
     }
-    changed_.notify_all();
+    WriteSoon();
   }
 
-  /// Back to a path that has been left, but not yet given up. False when `path` is none.
+  /// Back to a former path that is not yet given up. False when `path` is none; then nothing stands
+  /// in the way of its claim any more.
   bool MoveBack(const fs::path& path) {
     {
       const std::lock_guard lock(mutex_);
-      const auto found =
-          std::ranges::find_if(left_, [&](const Left& left) { return left.claim->Path() == path; });
-      if (found == left_.end()) return false;
-      std::swap(found->claim, claim_);
-      found->number = number_;
-      WriteAgain();
+      const auto found = std::ranges::find_if(
+          former_, [&](const FormerPath& former) { return former.claim->Path() == path; });
+      if (found != former_.end()) {
+        std::swap(found->claim, claim_);
+        found->number = number_;
+        WriteAgain();
+        WriteSoon();
+        return true;
+      }
     }
-    changed_.notify_all();
-    return true;
+    const std::lock_guard givenUp(givingUp_);  // perhaps that path
+    return false;
   }
 
-  /// Nothing is left to do for the writer; and nothing for both.
-  bool Written() const { return !waiting_ && !writing_; }
-  bool Stored() const { return Written() && !written_ && !storing_; }
-  /// No path is just being given up.
-  bool Removed() const { return !removing_; }
-  void Await(bool (Workers::*done)() const) {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [&] { return (this->*done)(); });
+  void AwaitWritten() { writer_.Await(); }
+  void AwaitStored() {
+    writer_.Await();
+    storer_.Await();
   }
 
   void WhenWritten(std::function<void()> then) {
     {
       const std::lock_guard lock(mutex_);
-      if (!Written() || full_) {
-        then_ = std::move(then);
-        return;
-      }
+      const bool isWritten = writer_.IsIdle() && !full_;
+      then_ = isWritten ? nullptr : then;
+      if (!isWritten) return WriteSoon();
     }
     then();
   }
 
   /// Removes what is kept. Nothing is under way any more. Returns the first `errno`, or 0.
   int Remove() {
-    left_.push_back({std::move(claim_), number_});
-    std::vector<fs::path> folders;
-    const int error = Unlink(left_, folders);
-    const int unsynced = SyncAll(folders);
-    return error != 0 ? error : unsynced;
+    former_.push_back({std::move(claim_), number_});
+    int error = 0;
+    Sync(GiveUp(former_, error), error);
+    return error;
   }
 
  private:
   /// A content in the system's hands, on its way to the disk.
-  struct Parcel {
+  struct Written {
     fs::path temporary;
     fs::path target;
     std::uint64_t number = 0;
     int descriptor = -1;
   };
   /// A path that the class has left after the content `number`. A later one replaces what is there.
-  struct Left {
+  struct FormerPath {
     SharedClaim claim;
     std::uint64_t number = 0;
   };
   using Lock = std::unique_lock<std::mutex>;
 
-  template <typename Due>
-  void Run(void (Workers::*work)(Lock&), bool& busy, Due due) {
-    Lock lock(mutex_);
-    for (;;) {
-      changed_.wait(lock, [&] { return due() || ended_; });
-      if (ended_) return;
-      busy = true;
-      (this->*work)(lock);
-      busy = false;
-      changed_.notify_all();
-    }
+  void WriteSoon() {
+    writer_.Do([this] { Write(); });
   }
 
-  void Write(Lock& lock) {
+  void Write() {
+    Lock lock(mutex_);
+    if (waiting_) WriteNewest(lock);
+    if (full_ || waiting_ || !then_) return;
+    const auto then = std::exchange(then_, nullptr);
+    lock.unlock();
+    then();
+  }
+
+  void WriteNewest(Lock& lock) {
     last_ = *std::exchange(waiting_, std::nullopt);
     const SharedClaim claim = claim_;
-    Parcel made = {.temporary = claim->Path(), .target = claim->Path(), .number = ++number_};
+    Written made = {.temporary = claim->Path(), .target = claim->Path(), .number = ++number_};
     made.temporary += "." + std::to_string(made.number);
     const std::string bytes = Sealed(last_, made.number);
     lock.unlock();
@@ -184,7 +160,7 @@ class RecoveryFile::Workers {
     int error = made.descriptor < 0 ? errno : 0;
     if (error == 0 && WriteAll(storage_, made.descriptor, bytes) < bytes.size()) error = errno;
     claim->Renew();
-    std::optional<Parcel> overtaken = std::move(made);
+    std::optional<Written> overtaken = std::move(made);
     lock.lock();
     full_ = IsFullDisk(error);
     if (error != 0) {
@@ -194,44 +170,37 @@ class RecoveryFile::Workers {
     }
     lock.unlock();
     if (overtaken) Drop(*overtaken);
+    storer_.Do([this] { Store(); });
     lock.lock();
-    // Another may be asked for while one is done.
-    while (then_ && !full_ && !waiting_) {
-      const auto then = std::exchange(then_, nullptr);
-      lock.unlock();
-      then();
-      lock.lock();
-    }
   }
 
-  void Store(Lock& lock) {
-    const Parcel parcel = *std::exchange(written_, std::nullopt);
+  void Store() {
+    Lock lock(mutex_);
+    if (!written_) return;
+    const Written written = *std::exchange(written_, std::nullopt);
     lock.unlock();
-    const int error = BringToItsPlace(parcel);
-    storage_.Close(parcel.descriptor);
+    const int error = BringToItsPlace(written);
+    storage_.Close(written.descriptor);
     if (!stuck_.empty()) storage_.Unlink(stuck_.c_str());
     stuck_.clear();
     lock.lock();
     if (error != 0) {
       error_ = error;
-      stuck_ = parcel.temporary;  // it may be the newest there is: it stays until the next one
+      stuck_ = written.temporary;  // it may be the newest there is: it stays until the next one
       return;
     }
-    const auto first = std::partition(
-        left_.begin(), left_.end(), [&](const Left& left) { return left.number >= parcel.number; });
-    std::vector<Left> replaced(std::make_move_iterator(first),
-                               std::make_move_iterator(left_.end()));
-    left_.erase(first, left_.end());
-    removing_ = !replaced.empty();
+    std::vector<FormerPath> replaced;
+    std::erase_if(former_, [&](const FormerPath& former) {
+      const bool isReplaced = former.number < written.number;
+      if (isReplaced) replaced.push_back(former);
+      return isReplaced;
+    });
+    Lock givingUp(givingUp_);
     lock.unlock();
-    std::vector<fs::path> folders;
-    Unlink(replaced, folders);
-    lock.lock();
-    removing_ = false;
-    changed_.notify_all();
-    lock.unlock();
-    SyncAll(folders);
-    lock.lock();
+    int untold = 0;  // what stays there is older than what is kept
+    const std::vector<fs::path> folders = GiveUp(replaced, untold);
+    givingUp.unlock();
+    Sync(folders, untold);
   }
 
   /// A new file that nobody has put there: what has its name, also a link, gives way.
@@ -255,10 +224,10 @@ class RecoveryFile::Workers {
   }
 
   /// Returns the `errno` of what went wrong, or 0.
-  int BringToItsPlace(const Parcel& parcel) {
-    const bool done = Uninterrupted([&] { return storage_.Sync(parcel.descriptor); }) == 0 &&
-                      storage_.Rename(parcel.temporary.c_str(), parcel.target.c_str()) == 0 &&
-                      SyncName(parcel.target.parent_path()) == 0;
+  int BringToItsPlace(const Written& written) {
+    const bool done = Uninterrupted([&] { return storage_.Sync(written.descriptor); }) == 0 &&
+                      storage_.Rename(written.temporary.c_str(), written.target.c_str()) == 0 &&
+                      SyncName(written.target.parent_path()) == 0;
     return done ? 0 : errno;
   }
 
@@ -278,54 +247,49 @@ class RecoveryFile::Workers {
     named_.clear();
   }
 
-  void Drop(const Parcel& parcel) {
-    if (parcel.descriptor < 0) return;
-    storage_.Close(parcel.descriptor);
-    storage_.Unlink(parcel.temporary.c_str());
+  void Drop(const Written& written) {
+    if (written.descriptor < 0) return;
+    storage_.Close(written.descriptor);
+    storage_.Unlink(written.temporary.c_str());
   }
 
-  /// Gives the paths up with what is kept there; their `folders` are to be synced. Returns the
-  /// first `errno`, or 0.
-  int Unlink(std::vector<Left>& left, std::vector<fs::path>& folders) {
-    int error = 0;
-    for (const auto& [claim, number] : left) {
+  /// Gives the paths up with what is kept there. Returns their folders, which are to be synced, and
+  /// in `error` the first `errno`, if that is still 0.
+  std::vector<fs::path> GiveUp(std::vector<FormerPath>& paths, int& error) {
+    std::vector<fs::path> folders;
+    for (const auto& [claim, number] : paths) {
       for (const fs::path& file : FilesKeptAt(claim->Path())) {
         if (storage_.Unlink(file.c_str()) != 0 && errno != ENOENT && error == 0) error = errno;
       }
       folders.push_back(claim->Path().parent_path());
     }
-    left.clear();
-    return error;
+    paths.clear();
+    return folders;
   }
 
-  int SyncAll(const std::vector<fs::path>& folders) {
-    int error = 0;
+  void Sync(const std::vector<fs::path>& folders, int& error) {
     for (const fs::path& folder : folders) {
       if (SyncFolder(storage_, folder) != 0 && errno != ENOENT && error == 0) error = errno;
     }
-    return error;
   }
 
   Storage& storage_;
   mutable std::mutex mutex_;
-  std::condition_variable changed_;
   SharedClaim claim_;
-  std::vector<Left> left_;
+  std::vector<FormerPath> former_;
   std::uint64_t number_;
-  std::optional<std::string> waiting_;  ///< for the writer
-  std::string last_;                    ///< what the writer took last
-  std::optional<Parcel> written_;       ///< for the storer
-  fs::path stuck_;                      ///< the storer's: what it could not store last
+  std::optional<std::string> waiting_;  ///< to be written
+  std::string last_;                    ///< what was written last
+  std::optional<Written> written_;      ///< to be stored
+  fs::path stuck_;                      ///< what could not be stored last
   fs::path named_;                      ///< the folder whose own name is on the disk
   std::function<void()> then_;          ///< once all is written
   int error_ = 0;
-  bool full_ = false;  ///< the disk was too full for what the writer took last
-  bool removing_ = false;
-  bool writing_ = false;
-  bool storing_ = false;
-  bool ended_ = false;
-  std::thread writer_;  // last: they use all the others
-  std::thread storer_;
+  bool full_ = false;    ///< the disk was too full for what was to be written last
+  std::mutex givingUp_;  ///< held while former paths are given up
+  // Last, as they use all the others: the writer ends first and leaves what it wrote to the storer.
+  BackgroundWriter storer_;
+  BackgroundWriter writer_;
 };
 
 RecoveryFile::RecoveryFile(Storage& storage) : storage_(storage) {}
@@ -341,58 +305,57 @@ std::shared_ptr<Claim> RecoveryFile::FreshClaim(const fs::path& path) {
 }
 
 void RecoveryFile::Begin(const fs::path& path) {
-  workers_ = std::make_unique<Workers>(storage_, FreshClaim(path), 0);
+  kept_ = std::make_unique<Kept>(storage_, FreshClaim(path), 0);
 }
 
-void RecoveryFile::GoOn(const fs::path& path, std::uint64_t number) {
+void RecoveryFile::TakeUp(const fs::path& path, std::uint64_t number) {
   auto claim = std::make_shared<Claim>(path);
   if (!IsNewest(path, number)) {
     throw FileError(path, "changed by another Orvex in the meantime");
   }
-  workers_ = std::make_unique<Workers>(storage_, std::move(claim), number);
+  kept_ = std::make_unique<Kept>(storage_, std::move(claim), number);
 }
 
 void RecoveryFile::MoveTo(const fs::path& path) {
-  if (!workers_ || path == workers_->Path() || workers_->MoveBack(path)) return;
-  workers_->Await(&Workers::Removed);  // perhaps from there
-  workers_->MoveTo(FreshClaim(path));
+  if (!kept_ || path == kept_->Path() || kept_->MoveBack(path)) return;
+  kept_->MoveTo(FreshClaim(path));
 }
 
 void RecoveryFile::Keep(std::string content) {
-  if (workers_) workers_->Keep(std::move(content));
+  if (kept_) kept_->Keep(std::move(content));
 }
 
 void RecoveryFile::WhenWritten(std::function<void()> then) {
-  workers_ ? workers_->WhenWritten(std::move(then)) : then();
+  kept_ ? kept_->WhenWritten(std::move(then)) : then();
 }
 
 void RecoveryFile::Retry() {
-  if (workers_) workers_->Retry();
+  if (kept_) kept_->Retry();
 }
 
 std::string RecoveryFile::Trouble() const {
-  const int error = workers_ ? workers_->Error() : 0;
-  return error == 0 ? "" : FileError(workers_->Path(), error).what();
+  const int error = kept_ ? kept_->Error() : 0;
+  return error == 0 ? "" : FileError(kept_->Path(), error).what();
 }
 
 void RecoveryFile::AwaitWritten() {
-  if (workers_) workers_->Await(&Workers::Written);
+  if (kept_) kept_->AwaitWritten();
 }
 
 void RecoveryFile::AwaitStored() {
-  if (workers_) workers_->Await(&Workers::Stored);
+  if (kept_) kept_->AwaitStored();
 }
 
 void RecoveryFile::Leave() {
-  workers_.reset();
+  kept_.reset();
 }
 
 void RecoveryFile::Remove() {
-  if (!workers_) return;
+  if (!kept_) return;
   AwaitStored();
-  const fs::path path = workers_->Path();
-  const int error = workers_->Remove();
-  workers_.reset();
+  const fs::path path = kept_->Path();
+  const int error = kept_->Remove();
+  kept_.reset();
   if (error != 0) throw FileError(path, error);
 }
 

@@ -12,11 +12,11 @@ class Claim;
 class Storage;
 
 /// Keeps the newest of a series of contents in one file, so that it outlives whatever ends the
-/// program. Handing a content over only takes a lock; one worker brings it into the system's hands
-/// at once, another to the disk and then to its place, where it replaces the one before. Contents
-/// that are overtaken on the way are left out. Each is sealed with a number and a checksum; the
-/// newest that is whole counts, be it in its place or still on the way there. Folders of the class
-/// that have been deleted, and its lock, are made again.
+/// program. Handing a content over only takes a lock; one background writer brings it into the
+/// system's hands at once, another to the disk and then to its place, where it replaces the one
+/// before. Contents that are overtaken on the way are left out. Each is sealed with a number and a
+/// checksum; the newest that is whole counts, be it in its place or still on the way there. Folders
+/// of the class that have been deleted, and its lock, are made again.
 class RecoveryFile {
  public:
   explicit RecoveryFile(Storage& storage);
@@ -30,12 +30,12 @@ class RecoveryFile {
   void Begin(const std::filesystem::path& path);
   /// The same for a path where the content `number` is the newest: it stays until a newer one takes
   /// its place. Throws FileError also when it is not.
-  void GoOn(const std::filesystem::path& path, std::uint64_t number);
+  void TakeUp(const std::filesystem::path& path, std::uint64_t number);
   /// What is kept moves to `path`, under the conditions of `Begin`.
   void MoveTo(const std::filesystem::path& path);
 
   /// True while it has a path.
-  bool IsOn() const { return workers_ != nullptr; }
+  bool IsOn() const { return kept_ != nullptr; }
 
   /// Hands a content over. Nothing waits for the disk, and nothing fails here: see `Trouble`.
   void Keep(std::string content);
@@ -58,12 +58,12 @@ class RecoveryFile {
   void Remove();
 
  private:
-  class Workers;
+  class Kept;
 
   static std::shared_ptr<Claim> FreshClaim(const std::filesystem::path& path);
 
   Storage& storage_;
-  std::unique_ptr<Workers> workers_;  ///< while a path is claimed
+  std::unique_ptr<Kept> kept_;  ///< while a path is claimed
 };
 
 }  // namespace orvex

@@ -159,7 +159,7 @@ UnfinishedItem ItemOf(const Services& services, const Found& found) {
 
 /// Opens what a running class needs. Throws FileError; the class is then kept as it was.
 void ReopenFiles(const Services& services, const KeptClass& kept, const fs::path& path) {
-  services.recovery.GoOn(path, kept.number);
+  services.recovery.TakeUp(path, kept.number);
   if (kept.program.QuitRequested) return;  // its log is complete
   try {
     // It may just have been renamed: what is kept then follows the log.

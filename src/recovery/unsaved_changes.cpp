@@ -36,7 +36,7 @@ std::optional<std::string> BytesOf(const fs::path& file) {
 
 void Remove(const Services& services, const fs::path& file, const UnsavedChanges& changes) {
   RecoveryFile kept(services.storage);
-  kept.GoOn(UnsavedPath(file), changes.number);
+  kept.TakeUp(UnsavedPath(file), changes.number);
   kept.Remove();
 }
 

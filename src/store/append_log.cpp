@@ -3,17 +3,12 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <chrono>
-#include <condition_variable>
 #include <exception>
-#include <functional>
-#include <mutex>
 #include <system_error>
-#include <thread>
 #include <utility>
-#include <vector>
 
 #include "store/durable_file.h"
 #include "store/file_error.h"
@@ -30,88 +25,46 @@ bool HasNoName(int descriptor) {
 
 }  // namespace
 
-/// Syncs a descriptor, and folders, behind the back of whoever writes to them.
-class AppendLog::Worker {
+/// The file that is written to. It is closed when nobody has it any more: neither the log nor a
+/// sync that takes its time.
+class AppendLog::OpenFile {
  public:
-  Worker(Storage& storage, int descriptor)
-      : storage_(storage), descriptor_(descriptor), thread_([this] { Run(); }) {}
-  ~Worker() {
-    {
-      const std::lock_guard lock(mutex_);
-      ended_ = true;
+  OpenFile(Storage& storage, int descriptor) : storage_(storage), descriptor_(descriptor) {}
+  ~OpenFile() {
+    if (descriptor_ >= 0) Close();
+  }
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+
+  int Descriptor() const { return descriptor_; }
+  /// The `errno` of the first sync that failed, or 0. The system reports a lost page once; a later
+  /// sync that goes well does not bring it back.
+  int Failure() const { return failure_; }
+
+  /// Something has been written, which a `Sync` is to come for.
+  void Expect() { due_ = true; }
+  /// Syncs what no other has come for, and the names in `folders`.
+  void Sync(const std::vector<std::filesystem::path>& folders) {
+    if (due_.exchange(false)) {
+      Note(Uninterrupted([this] { return storage_.SyncData(descriptor_); }));
     }
-    changed_.notify_all();
-    thread_.join();
+    for (const auto& folder : folders) Note(SyncFolder(storage_, folder));
   }
-  Worker(const Worker&) = delete;
-  Worker& operator=(const Worker&) = delete;
-
-  /// Has what is written by now synced as soon as the disk allows.
-  void SyncSoon() {
-    {
-      const std::lock_guard lock(mutex_);
-      due_ = true;
-    }
-    changed_.notify_all();
-  }
-
-  /// The same for the names in `folders`.
-  void SyncSoon(std::vector<std::filesystem::path> folders) {
-    {
-      const std::lock_guard lock(mutex_);
-      due_ = true;
-      folders_.insert(folders_.end(), folders.begin(), folders.end());
-    }
-    changed_.notify_all();
-  }
-
-  /// Waits until everything is synced. Returns the first failure ever, or 0.
-  int Finish() {
-    SyncSoon();
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return !due_ && !busy_; });
-    return failure_;
-  }
-
-  int Failure() const {
-    const std::lock_guard lock(mutex_);
-    return failure_;
+  /// Returns the `errno`, or 0.
+  int Close() {
+    // An interrupted close has closed the file.
+    return storage_.Close(std::exchange(descriptor_, -1)) == 0 || errno == EINTR ? 0 : errno;
   }
 
  private:
-  void Run() {
-    std::unique_lock lock(mutex_);
-    for (;;) {
-      changed_.wait(lock, [this] { return due_ || ended_; });
-      if (ended_) return;
-      due_ = false;
-      busy_ = true;
-      const auto folders = std::exchange(folders_, {});
-      lock.unlock();
-      int cause = 0;
-      const auto note = [&cause](int result) {
-        if (result != 0 && cause == 0) cause = errno;
-      };
-      note(Uninterrupted([this] { return storage_.SyncData(descriptor_); }));
-      for (const auto& folder : folders) note(SyncFolder(storage_, folder));
-      lock.lock();
-      busy_ = false;
-      // The system reports a lost page once; a later sync that goes well does not bring it back.
-      if (failure_ == 0) failure_ = cause;
-      changed_.notify_all();
-    }
+  void Note(int result) {
+    if (result != 0 && failure_ == 0) failure_ = errno;
   }
 
   Storage& storage_;
-  const int descriptor_;
-  mutable std::mutex mutex_;
-  std::condition_variable changed_;
-  std::vector<std::filesystem::path> folders_;
-  bool due_ = false;
-  bool busy_ = false;
-  bool ended_ = false;
-  int failure_ = 0;
-  std::thread thread_;  // last: it uses all the others
+  int descriptor_;
+  std::atomic<bool> due_ = false;
+  std::atomic<int> failure_ = 0;
 };
 
 AppendLog::AppendLog(Storage& storage) : storage_(storage) {}
@@ -120,7 +73,7 @@ AppendLog::~AppendLog() {
   try {
     Close();
   } catch (...) {
-    if (IsOpen()) Release();
+    // Whoever wanted to hear of it has closed the log.
   }
 }
 
@@ -141,31 +94,22 @@ void AppendLog::OpenWith(const std::filesystem::path& path, std::optional<std::s
   constexpr int kFlags = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK;
   const int descriptor = Uninterrupted([&] { return storage_.Open(path.c_str(), kFlags, 0666); });
   if (descriptor < 0) throw FileError(path, errno);
-  try {
-    struct stat status = {};
-    if (::fstat(descriptor, &status) != 0) throw FileError(path, errno);
-    if (!S_ISREG(status.st_mode)) throw FileError(path, "not a regular file");
-    auto worker = std::make_unique<Worker>(storage_, descriptor);
-    std::filesystem::path name = path;
-    // Last, so that whatever fails leaves the old content.
-    if (!content && Uninterrupted([&] { return storage_.Truncate(descriptor, 0); }) != 0) {
-      throw FileError(path, errno);
-    }
-    worker->SyncSoon(ClassFolders(path.parent_path()));
-    if (IsOpen()) Release();  // all of it is on the disk by now, whatever the closing reports
-    worker_ = std::move(worker);
-    path_ = std::move(name);
-  } catch (const std::system_error& error) {
-    storage_.Close(descriptor);
-    throw FileError(path, error.code().value());
-  } catch (...) {
-    storage_.Close(descriptor);
-    throw;
+  auto file = std::make_shared<OpenFile>(storage_, descriptor);
+  struct stat status = {};
+  if (::fstat(descriptor, &status) != 0) throw FileError(path, errno);
+  if (!S_ISREG(status.st_mode)) throw FileError(path, "not a regular file");
+  std::filesystem::path name = path;
+  // Last, so that whatever fails leaves the old content.
+  if (!content && Uninterrupted([&] { return storage_.Truncate(descriptor, 0); }) != 0) {
+    throw FileError(path, errno);
   }
-  descriptor_ = descriptor;
+  if (IsOpen()) Release();  // all of it is on the disk by now, whatever the closing reports
+  file_ = std::move(file);
+  path_ = std::move(name);
   text_ = std::move(content).value_or("");
   written_ = text_.size();
   held_ = false;
+  SyncSoon(ClassFolders(path_.parent_path()));
 }
 
 void AppendLog::Append(std::string_view entry) {
@@ -200,13 +144,14 @@ void AppendLog::Retry() {
   constexpr std::chrono::seconds kNoTime{0};
   if (putBack_.valid() && putBack_.wait_for(kNoTime) == std::future_status::ready) TakePutBack();
   WriteOut();
-  if (const int failure = worker_->Failure(); failure != 0) {
+  if (const int failure = file_->Failure(); failure != 0) {
     GiveUpOnFile(std::generic_category().message(failure));
   }
-  if (HasNoName(descriptor_)) GiveUpOnFile("deleted by another program");
+  if (HasNoName(file_->Descriptor())) GiveUpOnFile("deleted by another program");
   if (unreliable_ && !putBack_.valid()) {
-    putBack_ =
-        std::async(std::launch::async, PutBackFile, std::ref(storage_), path_, std::string(Due()));
+    putBack_ = writer_.Do([&storage = storage_, path = path_, text = std::string(Due())] {
+      return PutBackFile(storage, path, text);
+    });
   }
 }
 
@@ -214,14 +159,27 @@ void AppendLog::Retry() {
 void AppendLog::WriteOut() {
   if (!unreliable_) cause_.clear();
   const std::string_view waiting = Due().substr(written_);
-  const std::size_t count = WriteAll(storage_, descriptor_, waiting);
+  const std::size_t count = WriteAll(storage_, file_->Descriptor(), waiting);
   if (count < waiting.size()) {
     const int error = errno;
     cause_ = std::generic_category().message(error);
     if (!IsFullDisk(error)) unreliable_ = true;
   }
   written_ += count;
-  if (count > 0) worker_->SyncSoon();
+  if (count > 0) SyncSoon();
+}
+
+/// Has what is written by now synced as soon as the disk allows, and the names in `folders`.
+void AppendLog::SyncSoon(std::vector<std::filesystem::path> folders) {
+  file_->Expect();
+  writer_.Do([file = file_, folders = std::move(folders)] { file->Sync(folders); });
+}
+
+/// Waits until everything is synced. False when this, or a sync before, has failed.
+bool AppendLog::Sync() {
+  SyncSoon();
+  writer_.Await();
+  return file_->Failure() == 0;
 }
 
 void AppendLog::GiveUpOnFile(std::string cause) {
@@ -241,36 +199,29 @@ AppendLog::PutBack AppendLog::PutBackFile(Storage& storage, const std::filesyste
   constexpr int kFlags = O_WRONLY | O_APPEND | O_CLOEXEC;
   const int descriptor = Uninterrupted([&] { return storage.Open(path.c_str(), kFlags, 0); });
   if (descriptor < 0) throw FileError(path, errno);
-  return {.descriptor = descriptor, .size = text.size(), .cause = ""};
+  return {
+      .file = std::make_shared<OpenFile>(storage, descriptor), .size = text.size(), .cause = ""};
 } catch (const FileError& error) {
-  return {.descriptor = -1, .size = 0, .cause = error.Cause()};
+  return {.file = nullptr, .size = 0, .cause = error.Cause()};
 } catch (const std::exception& error) {
-  return {.descriptor = -1, .size = 0, .cause = error.what()};
+  return {.file = nullptr, .size = 0, .cause = error.what()};
 }
 
 /// Goes on with the file that has been put back. What came in the meantime waits again.
 void AppendLog::TakePutBack() {
-  const PutBack result = putBack_.get();
-  if (result.descriptor < 0) {
-    cause_ = result.cause;
+  PutBack result = putBack_.get();
+  if (!result.file) {
+    cause_ = std::move(result.cause);
     return;
   }
-  std::unique_ptr<Worker> worker;
-  try {
-    worker = std::make_unique<Worker>(storage_, result.descriptor);
-  } catch (const std::system_error& error) {
-    storage_.Close(result.descriptor);
-    cause_ = error.what();
-    return;
-  }
-  Release();
-  worker_ = std::move(worker);
-  descriptor_ = result.descriptor;
+  file_ = std::move(result.file);
   written_ = result.size;
+  unreliable_ = false;
+  cause_.clear();
 }
 
 void AppendLog::AwaitSynced() {
-  if (worker_) worker_->Finish();
+  if (IsOpen()) Sync();
 }
 
 void AppendLog::Settle() {
@@ -283,7 +234,7 @@ void AppendLog::Settle() {
 std::string AppendLog::Trouble() const {
   const std::lock_guard lock(mutex_);
   if (!cause_.empty()) return FileError(path_, cause_).what();
-  const int failure = worker_ ? worker_->Failure() : 0;
+  const int failure = IsOpen() ? file_->Failure() : 0;
   return failure == 0 ? "" : FileError(path_, failure).what();
 }
 
@@ -295,7 +246,7 @@ void AppendLog::MoveTo(const std::filesystem::path& path) {
   if (path_.parent_path() != path.parent_path()) folders.push_back(path_.parent_path());
   if (storage_.Rename(path_.c_str(), path.c_str()) != 0) throw FileError(path, errno);
   path_ = std::move(name);
-  if (worker_) worker_->SyncSoon(std::move(folders));
+  if (IsOpen()) SyncSoon(std::move(folders));
 }
 
 void AppendLog::Close() {
@@ -310,21 +261,19 @@ void AppendLog::WriteOutAndSync() {
   held_ = false;
   Retry();
   Settle();
-  if (cause_.empty() && worker_->Finish() != 0) {
+  if (cause_.empty() && !Sync()) {
     Retry();
     Settle();
   }
   if (!cause_.empty()) throw FileError(path_, cause_);
 }
 
-/// Gives up the descriptor, its worker and what was wrong with them. Returns the `errno` of the
-/// closing, or 0.
+/// Gives the file up, and what was wrong with it. Returns the `errno` of the closing, or 0.
 int AppendLog::Release() {
-  worker_.reset();
+  writer_.Await();
   unreliable_ = false;
   cause_.clear();
-  // An interrupted close has closed the file.
-  return storage_.Close(std::exchange(descriptor_, -1)) == 0 || errno == EINTR ? 0 : errno;
+  return std::exchange(file_, nullptr)->Close();
 }
 
 }  // namespace orvex

@@ -8,14 +8,17 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "store/background_writer.h"
 
 namespace orvex {
 
 class Storage;
 
 /// A text file that grows by whole entries. Each entry is handed to the system in one write before
-/// `Append` returns; a worker thread that owns nothing but the descriptor syncs it at once, as fast
-/// as the disk allows. The whole text since `Open` is kept in memory: an entry that cannot be
+/// `Append` returns; a background writer that owns nothing but the descriptor syncs it at once, as
+/// fast as the disk allows. The whole text since `Open` is kept in memory: an entry that cannot be
 /// written goes out with the next, and a file that can no longer be relied on (a write failed
 /// though the disk is not full, a sync failed, its stick was pulled out, it was deleted) is put
 /// back whole, with the folders of its class. One thread works with it; only `LetThrough` may come
@@ -34,7 +37,7 @@ class AppendLog {
   void Open(const std::filesystem::path& path);
   /// Opens `path` as it is, or empty when there is none, and goes on behind what it holds.
   void GoOn(const std::filesystem::path& path);
-  bool IsOpen() const { return descriptor_ >= 0; }
+  bool IsOpen() const { return file_ != nullptr; }
   const std::filesystem::path& Path() const { return path_; }
 
   /// Adds an entry, line ends included. A failure is no exception but a trouble: what could not be
@@ -72,12 +75,12 @@ class AppendLog {
   void Close();
 
  private:
-  class Worker;
+  class OpenFile;
 
   void OpenWith(const std::filesystem::path& path, std::optional<std::string> content);
-  /// What came of putting a file back: a descriptor at its end, or why there is none.
+  /// What came of putting a file back: opened at its end, or why it is not.
   struct PutBack {
-    int descriptor = -1;
+    std::shared_ptr<OpenFile> file;
     std::size_t size = 0;
     std::string cause;
   };
@@ -86,6 +89,8 @@ class AppendLog {
 
   std::string_view Due() const;
   void WriteOut();
+  void SyncSoon(std::vector<std::filesystem::path> folders = {});
+  bool Sync();
   void WriteOutAndSync();
   void GiveUpOnFile(std::string cause);
   void TakePutBack();
@@ -93,9 +98,8 @@ class AppendLog {
 
   Storage& storage_;
   mutable std::recursive_mutex mutex_;  ///< for what `LetThrough` reads or changes
-  std::unique_ptr<Worker> worker_;
   std::filesystem::path path_;
-  int descriptor_ = -1;
+  std::shared_ptr<OpenFile> file_;
   std::string text_;              ///< all since `Open`
   std::size_t written_ = 0;       ///< how much of it has gone out
   bool held_ = false;             ///< entries wait to be let through
@@ -103,6 +107,7 @@ class AppendLog {
   bool unreliable_ = false;       ///< the file must be put back
   std::string cause_;             ///< why the last attempt failed; empty when it went well
   std::future<PutBack> putBack_;  ///< while the file is being put back
+  BackgroundWriter writer_;
 };
 
 }  // namespace orvex

@@ -60,8 +60,8 @@ TEST_F(RecoveryFileTest, KeepsTheNewestContentUntilItIsRemoved) {
   EXPECT_THROW(next.Begin(path_), FileError) << "what is kept is nobody's to overwrite";
   const KeptContent kept = ReadKept(path_);
   EXPECT_EQ(kept.content, "the last");
-  EXPECT_THROW(next.GoOn(path_, kept.number - 1), FileError) << "it is another content by now";
-  next.GoOn(path_, kept.number);
+  EXPECT_THROW(next.TakeUp(path_, kept.number - 1), FileError) << "it is another content by now";
+  next.TakeUp(path_, kept.number);
   next.Keep("newer");
   next.AwaitStored();
   EXPECT_GT(ReadKept(path_).number, kept.number);
@@ -75,7 +75,7 @@ TEST_F(RecoveryFileTest, BelongsToOneProgramAtATime) {
   RecoveryFile other(disk_);
   one.Begin(path_);
   EXPECT_THROW(other.Begin(path_), FileError);
-  EXPECT_THROW(other.GoOn(path_, 0), FileError);
+  EXPECT_THROW(other.TakeUp(path_, 0), FileError);
   one.Leave();
   other.Begin(path_);
   EXPECT_THROW(one.Begin(path_), FileError);
