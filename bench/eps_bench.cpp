@@ -37,8 +37,10 @@ EpsObservation LargeObservation() {
     episode.offtask = static_cast<float>(ep % 7) / 28;
     for (int sg = 1; sg <= 10; ++sg) {
       const auto activity = static_cast<std::int16_t>((ep + sg) % kActivityCount + 1);
-      episode.segments.emplace_back().SetData(activity, static_cast<float>(30 + sg),
-                                              {.about = "growing up", .fSubCat = 1});
+      SegmentData& segment = episode.segments.emplace_back();
+      segment.SetData(activity, static_cast<float>(30 + sg));
+      if (ActivityOf(activity).carriesAbout) segment.aboutdata = "growing up";
+      if (SubCategoryOf(activity)) segment.fSubCat = 1;
     }
     for (std::size_t q = 0; q < 60; ++q) {
       const auto segment = static_cast<std::int16_t>(q / 6 + 1);

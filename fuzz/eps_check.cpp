@@ -21,16 +21,13 @@ float SingleAgain(float value) {
 }
 
 SegmentData SegmentAgain(const SegmentData& segment) {
-  const SegmentCodes codes = {.about = OneLine(segment.aboutdata),
-                              .fSubCat = segment.fSubCat,
-                              .grpSolo = segment.grpSolo,
-                              .prep = segment.prep,
-                              .org7 = segment.org,
-                              .src = segment.src,
-                              .coglvl = segment.coglvl,
-                              .org14 = segment.org};
+  const Activity& activity = ActivityOf(segment.activityNum);
   SegmentData again;
-  again.SetData(segment.activityNum, segment.duration, codes);
+  again.SetData(segment.activityNum, segment.duration);
+  if (activity.carriesAbout) again.aboutdata = OneLine(segment.aboutdata);
+  for (const SubCode code : activity.subCodes) {
+    again.*SchemeOf(code).stored = segment.*SchemeOf(code).stored;
+  }
   return again;
 }
 

@@ -29,7 +29,7 @@ void EpisodeEditor::TypeDescription(std::string_view text) {
 
 void EpisodeEditor::TypeAbout(std::string_view text) {
   SegmentData* const segment = ShownSegment();
-  if (!segment || !CarriesAbout(segment->activityNum)) return;
+  if (!segment || !ActivityOf(segment->activityNum).carriesAbout) return;
   segment->aboutdata = OneLine(text);
   RecordTyping("Edit about text");
 }
@@ -62,13 +62,13 @@ void EpisodeEditor::ChooseSubCategory(int position) {
 
 void EpisodeEditor::ChooseSource(int position) {
   Recode("Change source", Coding().showsSeatwork, [position](SegmentData& segment) {
-    segment.src = CodeAt(position, SeatworkSources.size());
+    segment.src = CodeAt(position, SchemeOf(SubCode::seatworkSource).values.size());
   });
 }
 
 void EpisodeEditor::ChooseCognitiveLevel(int position) {
   Recode("Change cognitive level", Coding().showsSeatwork, [position](SegmentData& segment) {
-    segment.coglvl = CodeAt(position, SeatworkCognitiveLevels.size());
+    segment.coglvl = CodeAt(position, SchemeOf(SubCode::seatworkLevel).values.size());
   });
 }
 

@@ -26,12 +26,6 @@ Positions Selection(Positions selected, std::size_t rows) {
   return selected;
 }
 
-/// The name of an activity; a number that has none stands for itself.
-std::string NameOf(int activity, const std::array<std::string_view, kActivityCount>& names) {
-  if (!IsActivity(activity)) return std::to_string(activity);
-  return std::string(names[static_cast<std::size_t>(activity - 1)]);
-}
-
 }  // namespace
 
 EpisodeEditor::EpisodeEditor(const Services& services, OpenedFile opened)
@@ -103,8 +97,7 @@ std::vector<std::string> EpisodeEditor::SegmentRows() const {
   if (!episode) return rows;
   rows.reserve(episode->segments.size());
   for (const SegmentData& segment : episode->segments) {
-    rows.push_back(std::to_string(rows.size() + 1) + ". " +
-                   NameOf(segment.activityNum, ActivityTexts));
+    rows.push_back(std::to_string(rows.size() + 1) + ". " + ActivityName(segment.activityNum));
   }
   return rows;
 }
@@ -155,7 +148,7 @@ std::string EpisodeEditor::SplitSegmentHint() const {
   const SegmentData* const segment = ShownSegment();
   if (!segment || !CanSplitSegment()) return "";
   return "Splits segment " + std::to_string(currentSegment_) + ". " +
-         NameOf(segment->activityNum, ActivityTexts);
+         ActivityName(segment->activityNum);
 }
 
 bool EpisodeEditor::CanMergeSegments() const {

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/activities.h"
 #include "model/time_of_day.h"
 #include "store/numbers.h"
 
@@ -233,7 +234,7 @@ int DivisibleSeconds(const SegmentData& segment) {
 void RecodeSegment(SegmentData& segment, int activity) {
   if (!IsActivity(activity)) return;
   segment.activityNum = static_cast<std::int16_t>(activity);
-  if (!CarriesAbout(activity)) segment.aboutdata.clear();
+  if (!ActivityOf(activity).carriesAbout) segment.aboutdata.clear();
 }
 
 void SetSegmentDuration(SegmentData& segment, std::string_view typed) {

@@ -14,28 +14,26 @@ int PositionOf(int code, std::size_t count) {
 
 }  // namespace
 
-std::span<const std::string_view> SubCategoriesOf(int activity) {
-  if (IsSeatwork(activity)) return WritingSubCats;
-  if (IsGroupWork(activity)) return GroupWorkSubCats;
-  return {};
-}
-
 SegmentCodingView CodingViewOf(const SegmentData& segment) {
   const int activity = segment.activityNum;
   SegmentCodingView view;
   if (IsActivity(activity)) view.activity = activity - 1;
-  view.showsAbout = CarriesAbout(activity);
-  view.showsSeatwork = IsSeatwork(activity);
-  view.showsPresentation = IsPresentation(activity);
-  view.subCategories = SubCategoriesOf(activity);
+  view.showsAbout = ActivityOf(activity).carriesAbout;
+  view.showsSeatwork = Carries(activity, SubCode::seatworkSource);
+  view.showsPresentation = Carries(activity, SubCode::groupSolo);
+  if (const SubCodeScheme* subCategory = SubCategoryOf(activity)) {
+    view.subCategories = subCategory->values;
+  }
   view.showsSubCategory = !view.subCategories.empty();
 
   if (view.showsAbout) view.about = segment.aboutdata;
   view.subCategory = PositionOf(segment.fSubCat, view.subCategories.size());
   if (view.showsSeatwork) {
-    view.source = PositionOf(segment.src, SeatworkSources.size());
-    view.cognitiveLevel = PositionOf(segment.coglvl, SeatworkCognitiveLevels.size());
-    view.seatOrganization = PositionOf(segment.org, SeatworkOrganizations.size());
+    view.source = PositionOf(segment.src, SchemeOf(SubCode::seatworkSource).values.size());
+    view.cognitiveLevel =
+        PositionOf(segment.coglvl, SchemeOf(SubCode::seatworkLevel).values.size());
+    view.seatOrganization =
+        PositionOf(segment.org, SchemeOf(SubCode::seatworkOrganization).values.size());
   }
   if (view.showsPresentation) {
     view.group = PositionOf(segment.grpSolo, kPair);

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "model/segment_data.h"
+#include "model/activities.h"
 
 namespace orvex {
 
@@ -13,7 +13,7 @@ namespace orvex {
 struct SegmentCodingView {
   static constexpr int kNoChoice = -1;
 
-  int activity = kNoChoice;  ///< `cmbActivityCoding`, whose rows are ActivityTexts
+  int activity = kNoChoice;  ///< `cmbActivityCoding`, whose rows are kActivities
 
   bool showsAbout = false;         ///< `Label5`, `txtAboutData`
   bool showsSubCategory = false;   ///< `lblSubCats`, `cmboSubCat`
@@ -23,9 +23,9 @@ struct SegmentCodingView {
   std::string about;
   std::span<const std::string_view> subCategories;  ///< the rows of `cmboSubCat`
   int subCategory = kNoChoice;
-  int source = kNoChoice;            ///< `cmbSrc`, whose rows are SeatworkSources
-  int cognitiveLevel = kNoChoice;    ///< `cmbCog`, whose rows are SeatworkCognitiveLevels
-  int seatOrganization = kNoChoice;  ///< `cmbSeatOrg`, whose rows are SeatworkOrganizations
+  int source = kNoChoice;            ///< `cmbSrc`, whose rows are its values
+  int cognitiveLevel = kNoChoice;    ///< `cmbCog`, whose rows are its values
+  int seatOrganization = kNoChoice;  ///< `cmbSeatOrg`, whose rows are its values
   int group = kNoChoice;             ///< `optGrp`
   int organization = kNoChoice;      ///< `optOrg`
   int preparation = kNoChoice;       ///< `optPrep`
@@ -33,8 +33,5 @@ struct SegmentCodingView {
 
 /// The layout of a segment's activity, loaded with the codes that it shows.
 SegmentCodingView CodingViewOf(const SegmentData& segment);
-
-/// The sub-categories of an activity; none where it has none.
-std::span<const std::string_view> SubCategoriesOf(int activity);
 
 }  // namespace orvex

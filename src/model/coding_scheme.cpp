@@ -24,32 +24,6 @@ constexpr std::array<DimensionScheme, kDimensionCount> kSchemes = {{
     {"EU", "U", "U", "Elaborated/Unelaborated (E/U*) :"},
 }};
 
-constexpr std::array<std::string_view, kActivityCount> kActivityNames = {
-    "Procedures && directions",
-    "Discipline",
-    "Class interruption",
-    "Lecture, film, video, music",
-    "Question/Answer",
-    "Discussion",
-    "Student presentation",
-    "Reading aloud",
-    "Silent reading",
-    "Role-play or simulation",
-    "Game",
-    "Other",
-    "Test or quiz",
-    "Supervised/Helping",
-    "Supervised/Monitoring",
-    "Unsupervised",
-    "Small group and pairwork",
-};
-
-constexpr std::array<std::string_view, kActivityCount> PlainActivityTexts() {
-  auto texts = kActivityNames;
-  texts[0] = "Procedures & directions";
-  return texts;
-}
-
 constexpr char UpperCase(char c) {
   return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
@@ -72,19 +46,6 @@ const std::array<DimensionLabel, kDimensionCount> DimensionLabels = {{
     {"Close down/Answer/Open up", Blanks(42)},
     {"Elaborated/Unelaborated", Blanks(36)},
 }};
-
-const std::array<std::string_view, kActivityCount> ActivityNames = kActivityNames;
-const std::array<std::string_view, kActivityCount> ActivityTexts = PlainActivityTexts();
-const std::array<std::string_view, 2> WritingSubCats = {"Composing", "Writing without composing"};
-const std::array<std::string_view, 5> GroupWorkSubCats = {
-    "Teacher-structured group work", "Prescripted task with obligatory student interaction",
-    "Limited student interaction",   "Significant student interaction",
-    "Autonomous group work",
-};
-const std::array<std::string_view, 4> SeatworkSources = {"Textbook", "worksheet", "homework",
-                                                         "other"};
-const std::array<std::string_view, 2> SeatworkCognitiveLevels = {"report", "higher order"};
-const std::array<std::string_view, 2> SeatworkOrganizations = {"T", "S"};
 
 std::string PlainText(std::string_view caption) {
   std::string text(caption);

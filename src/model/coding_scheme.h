@@ -52,41 +52,7 @@ std::string_view LetterOf(Dimension dimension, std::int16_t code);
 /// True when `letter`, in either case, is one of the letters of `dimension`.
 bool IsLetterOf(Dimension dimension, std::string_view letter);
 
-/// The 17 activity categories of segments; activity number n stands at position n - 1.
-inline constexpr int kActivityCount = 17;
-inline constexpr int kQuestionAnswer = 5;
-
 /// A caption as plain text: in captions, "&&" stands for one ampersand.
 std::string PlainText(std::string_view caption);
-
-/// The activities' names as captions.
-extern const std::array<std::string_view, kActivityCount> ActivityNames;
-/// The activities' names as plain text.
-extern const std::array<std::string_view, kActivityCount> ActivityTexts;
-/// What `fSubCat` stands for in activities 14 to 16, and in activity 17.
-extern const std::array<std::string_view, 2> WritingSubCats;
-extern const std::array<std::string_view, 5> GroupWorkSubCats;
-/// What `src`, `coglvl` and `org` of a seatwork segment stand for, by code.
-extern const std::array<std::string_view, 4> SeatworkSources;
-extern const std::array<std::string_view, 2> SeatworkCognitiveLevels;
-extern const std::array<std::string_view, 2> SeatworkOrganizations;
-
-/// Which sub-codes an activity carries. Numbers outside 1 to 17 carry none.
-constexpr bool CarriesAbout(int activity) {
-  return activity == 4 || activity == 6 || activity == 12;
-}
-constexpr bool IsPresentation(int activity) {
-  return activity == 7;
-}
-inline constexpr int kFirstSeatwork = 14;
-constexpr bool IsSeatwork(int activity) {
-  return activity >= kFirstSeatwork && activity <= 16;
-}
-constexpr bool IsGroupWork(int activity) {
-  return activity == 17;
-}
-constexpr bool IsActivity(int activity) {
-  return activity >= 1 && activity <= kActivityCount;
-}
 
 }  // namespace orvex

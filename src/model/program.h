@@ -6,12 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "model/activities.h"
 #include "model/episode.h"
 
 namespace orvex {
-
-/// The estimate kinds that off-task estimates are filed under, in the order of the episode file.
-inline constexpr std::array<int, 7> kOfftaskCategories = {1, 2, 3, 4, 5, 7, 8};
 
 /// The seven averages of an episode file's header, in the order of kOfftaskCategories.
 using OfftaskAverages = std::array<float, kOfftaskCategories.size()>;

@@ -1,45 +1,45 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "model/coding_scheme.h"
 
 namespace orvex {
 
-/// The sub-codes an observer has set for a segment, whatever its activity: `SetData` keeps those
-/// that the activity carries. `org7` is the organization of a student presentation, `org14` that
-/// of seatwork.
-struct SegmentCodes {
-  std::string about;
-  std::int16_t fSubCat = kUncoded;
-  std::int16_t grpSolo = kUncoded;
-  std::int16_t prep = kUncoded;
-  std::int16_t org7 = kUncoded;
-  std::int16_t src = kUncoded;
-  std::int16_t coglvl = kUncoded;
-  std::int16_t org14 = kUncoded;
+/// What some activities are coded on besides.
+enum class SubCode {
+  writing,
+  groupWork,
+  groupSolo,
+  preparation,
+  organization,
+  seatworkSource,
+  seatworkLevel,
+  seatworkOrganization,
 };
+inline constexpr std::size_t kSubCodeCount = 8;
 
-/// A period of one activity within an episode.
+/// A period of one activity within an episode. Codes that its activity does not carry have the
+/// values they begin with, unless it was of another activity before.
 struct SegmentData {
-  std::int16_t activityNum = 0;  ///< 1 to 17
-  float duration = 0;            ///< whole seconds
-  std::string aboutdata;         ///< what activities 4, 6 and 12 were about
+  std::int16_t activityNum = 0;
+  float duration = 0;     ///< whole seconds
+  std::string aboutdata;  ///< what the activity was about
   std::int16_t fSubCat = kUncoded;
-  std::int16_t grpSolo = kUncoded;
+  std::int16_t grpSolo = 1;
   std::int16_t prep = kUncoded;
-  std::int16_t org = kUncoded;
+  std::int16_t org = 0;
   std::int16_t src = kUncoded;
   std::int16_t coglvl = kUncoded;
 
   bool operator==(const SegmentData&) const = default;
 
-  /// Fills the record, keeping of `codes` only what `activity` carries. `seconds` is rounded to
-  /// whole seconds, a half to the even neighbour; a negative one (the segment ran past midnight)
-  /// first has a day added.
-  void SetData(std::int16_t activity, float seconds, const SegmentCodes& codes);
+  /// Makes it a segment of `activity` that has no codes yet. `seconds` is rounded to whole
+  /// seconds, a half to the even neighbour; a negative one (the segment ran past midnight) first
+  /// has a day added.
+  void SetData(std::int16_t activity, float seconds);
 };
 
 }  // namespace orvex

@@ -28,13 +28,13 @@ void LiveObservation::cmdQuit_Click() {
 
 /// Ends the last episode and stores the class. False when the class goes on.
 bool LiveObservation::EndClass() {
-  if (run_.curActivity.empty() || !HeaderNamesFiles()) return false;
+  if (run_.curActivity == kNoActivity || !HeaderNamesFiles()) return false;
   if (services_.prompter.Ask({.text = "Verify END OF CLASS",
                               .buttons = Buttons::yesNo,
                               .defaultAnswer = Answer::no}) != Answer::yes) {
     return false;
   }
-  const std::string episodeActivity = run_.episodeActivity;
+  const int episodeActivity = run_.episodeActivity;
   const float offtask = CurrentEpisode().offtask;
   const OfftaskSchedule schedule = run_.schedule;
   EndEpisode();

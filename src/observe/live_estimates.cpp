@@ -1,5 +1,3 @@
-#include <cstddef>
-#include <optional>
 #include <string>
 
 #include "desk/prompter.h"
@@ -10,44 +8,22 @@
 #include "store/session_log.h"
 
 namespace orvex {
-namespace {
-
-/// Whether an activity whose estimates are of `kind` is asked for them while it goes on, and how
-/// often.
-std::optional<float> CadenceOf(int kind) {
-  switch (kind) {
-    case 1:
-    case 2:
-    case 3:
-    case 4:
-    case 7:
-      return OfftaskSchedule::kUsualCadence;
-    case LiveObservation::kQuestionAnswerEstimates:
-      return OfftaskSchedule::kQuestionAnswerCadence;
-    default:
-      return std::nullopt;
-  }
-}
-
-}  // namespace
-
 void LiveObservation::StartSchedule() {
-  if (const auto cadence = CadenceOf(run_.estimateKind)) {
-    run_.schedule.Start(SecondsSince(run_.segmentStart, Now()), *cadence);
-  }
+  const float cadence = ActivityOf(SelectedActivity()).cadence;
+  if (cadence > 0) run_.schedule.Start(SecondsSince(run_.segmentStart, Now()), cadence);
 }
 
 /// The estimates that fell due while nobody was there can no longer be made.
 void LiveObservation::CatchUpSchedule() {
-  const auto cadence = CadenceOf(run_.estimateKind);
-  if (!cadence || !run_.schedule.Running()) return;
+  const float cadence = ActivityOf(SelectedActivity()).cadence;
+  if (cadence == 0 || !run_.schedule.Running()) return;
   const float seconds = SecondsSince(run_.segmentStart, Now());
-  if (run_.schedule.IsBehind(seconds, *cadence)) run_.schedule.Restart(seconds, *cadence);
+  if (run_.schedule.IsBehind(seconds, cadence)) run_.schedule.Restart(seconds, cadence);
 }
 
 void LiveObservation::OfftaskTick() {
   run_.schedule.Tick(services_.clock, services_.prompter, run_.segmentStart,
-                     run_.curActivity == std::to_string(kQuestionAnswer));
+                     run_.curActivity == kQuestionAnswer);
 }
 
 void LiveObservation::TakeEstimate() {
@@ -69,15 +45,13 @@ void LiveObservation::AskEstimate() {
 void LiveObservation::RecordEstimate(const OfftaskPrompt& estimate,
                                      const std::string& studentsBefore) {
   const float proportion = ProportionOf(estimate);
-  if (run_.estimateKind == kQuestionAnswerEstimates) run_.offtaskEstimates.push_back(proportion);
-  for (std::size_t i = 0; i < kOfftaskCategories.size(); ++i) {
-    if (kOfftaskCategories[i] == run_.estimateKind) {
-      services_.program.OfftaskByCat[i].push_back(proportion);
-    }
+  const int activity = SelectedActivity();
+  if (activity == kQuestionAnswer) run_.offtaskEstimates.push_back(proportion);
+  if (const auto position = OfftaskPosition(activity)) {
+    services_.program.OfftaskByCat[*position].push_back(proportion);
   }
   services_.log.LogBlankLine();
-  services_.log.LogOfftask(proportion, estimate.offtask, estimate.students, run_.curActivity,
-                           CurActivityCaption());
+  services_.log.LogOfftask(proportion, estimate.offtask, estimate.students, run_.curActivity);
   services_.log.LogBlankLine();
   if (estimate.students != studentsBefore) header_.CorrectStudents(estimate.students);
 }

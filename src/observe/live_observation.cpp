@@ -83,15 +83,10 @@ const Episode& LiveObservation::CurrentEpisode() const {
   return episodes_[static_cast<std::size_t>(run_.curEpisode - 1)];
 }
 
-int LiveObservation::SelectedActivity() const {
-  return run_.estimateKind >= 1 ? run_.Activity() : 0;
-}
-
 // What the form shows.
 
 bool LiveObservation::CanDivide() const {
-  return !AwaitsSurvey() && !Description().empty() && run_.estimateKind >= 1 &&
-         run_.estimateKind <= 8;
+  return !AwaitsSurvey() && !Description().empty() && SelectedActivity() != kNoActivity;
 }
 
 bool LiveObservation::ProofVisible() const {
@@ -136,8 +131,8 @@ void LiveObservation::FocusDescription() {
 }
 
 void LiveObservation::FocusCurActivity() {
-  if (run_.curActivity.empty()) return FocusDescription();
-  focus_.Set({.kind = Kind::activity, .activity = run_.Activity()});
+  if (run_.curActivity == kNoActivity) return FocusDescription();
+  focus_.Set({.kind = Kind::activity, .activity = run_.curActivity});
 }
 
 void LiveObservation::TypeDescription(const std::string& text) {
@@ -145,7 +140,7 @@ void LiveObservation::TypeDescription(const std::string& text) {
 }
 
 void LiveObservation::KeyInDescription() {
-  run_.coding.ShowActivityChoices(true);
+  run_.coding.choicesVisible = true;
   run_.nothingEntered = false;
 }
 
@@ -177,7 +172,7 @@ void LiveObservation::cmdStartNewQASg_Click() {
 
 void LiveObservation::StartNewSeg() {
   EndSeg();
-  run_.estimateKind = 0;
+  run_.choice = ActivityChoice::awaited;
   run_.freshSegment = true;
   run_.coding.ResetForNewSegment();
   ++run_.curSegment;
@@ -186,15 +181,10 @@ void LiveObservation::StartNewSeg() {
   FocusCurActivity();
 }
 
-std::string_view LiveObservation::CurActivityCaption() const {
-  return ActivityNames[static_cast<std::size_t>(run_.Activity() - 1)];
-}
-
 void LiveObservation::EndSeg() {
-  const bool takesEstimates = run_.estimateKind >= 1 && run_.estimateKind != kNoEstimates;
-  if (takesEstimates && !run_.skipEstimate) AskEstimate();
+  if (ActivityOf(SelectedActivity()).TakesEstimates() && !run_.skipEstimate) AskEstimate();
   const float now = Now();
-  services_.log.LogSegmentEnd(run_.curEpisode, run_.curSegment, CurActivityCaption(),
+  services_.log.LogSegmentEnd(run_.curEpisode, run_.curSegment, run_.curActivity,
                               ElapsedSeconds(run_.segmentStart, now, services_.prompter),
                               run_.coding.about);
   run_.schedule.Stop();
@@ -240,10 +230,10 @@ void LiveObservation::StartNewEpi() {
   AppendEpisode();
   run_.episodeStart = Now();
   run_.segmentStart = run_.episodeStart;
-  run_.coding.ShowActivityChoices(false);
+  run_.coding.choicesVisible = false;
   run_.coding.ResetForNewSegment();
-  run_.estimateKind = 0;
-  run_.curActivity.clear();
+  run_.choice = ActivityChoice::awaited;
+  run_.curActivity = kNoActivity;
   run_.freshSegment = true;
   FocusDescription();
   services_.screens.Show(Screen::liveObservation);
@@ -276,7 +266,7 @@ void LiveObservation::StartNewEpi2() {
   CloseEpisodeForSegment();
   AppendEpisode();
   run_.episodeStart = run_.segmentStart;
-  if (SelectedActivity() == 0) run_.coding.ShowActivityChoices(false);
+  if (SelectedActivity() == kNoActivity) run_.coding.choicesVisible = false;
   FocusDescription();
   services_.screens.Show(Screen::liveObservation);
 }
@@ -289,8 +279,8 @@ void LiveObservation::RevertNewEpisode() {
   run_.offtaskEstimates = run_.prevOfftaskEstimates;
   run_.episodeStart = run_.prevEpisodeStart;
   // The running segment keeps the activity it has; what is on the form is what is stored.
-  if (SelectedActivity() == 0) run_.curActivity = run_.episodeActivity;
-  run_.coding.ShowActivityChoices(true);
+  if (SelectedActivity() == kNoActivity) run_.curActivity = run_.episodeActivity;
+  run_.coding.choicesVisible = true;
   FocusDescription();
   services_.log.LogEpisodeToSegment();
 }

@@ -32,10 +32,6 @@ class LiveObservation {
   };
   using Focus = FocusWish<Control>;
 
-  /// Kinds of off-task estimates: those of question/answer, and none.
-  static constexpr int kQuestionAnswerEstimates = 5;
-  static constexpr int kNoEstimates = 6;
-
   /// The numbers of episodes, segments and questions are stored in 16 bits.
   static constexpr int kMost = 32767;
 
@@ -63,13 +59,11 @@ class LiveObservation {
   const Episode& CurrentEpisode() const;
   std::vector<questionInfo>& CurQuestions() { return CurrentEpisode().questions; }
   const std::vector<questionInfo>& CurQuestions() const { return CurrentEpisode().questions; }
-  /// The activity numbers of the running segment and of the one before the last choice, as decimal
-  /// text; "" when none is chosen.
-  const std::string& CurActivity() const { return run_.curActivity; }
-  const std::string& PrevActivity() const { return run_.prevActivity; }
-  /// The number of the selected activity button; 0 while the segment has no activity.
-  int SelectedActivity() const;
-  int EstimateKind() const { return run_.estimateKind; }
+  /// The activities of the running segment and of the one before the last choice.
+  int CurActivity() const { return run_.curActivity; }
+  int PrevActivity() const { return run_.prevActivity; }
+  /// The activity whose button is selected; kNoActivity while the segment has none.
+  int SelectedActivity() const { return run_.ChosenActivity(); }
   const OfftaskSchedule& Schedule() const { return run_.schedule; }
   const std::string& FieldNotes() const { return run_.fieldNotes; }
   /// Something has been typed in the dialog of the field notes, and it has not been closed.
@@ -124,14 +118,8 @@ class LiveObservation {
   void TypeAbout(const std::string& text);
   /// A click on an activity button; `activity` is 1 to 17.
   void ChooseActivity(int activity);
-  void ChooseGroupSolo(std::int16_t code) { run_.coding.grpSolo = code; }
-  void ChoosePreparation(std::int16_t code) { run_.coding.prep = code; }
-  void ChoosePresentationOrg(std::int16_t code) { run_.coding.presentationOrg = code; }
-  void ChooseWritingKind(std::int16_t code) { run_.coding.writingKind = code; }
-  void ChooseGroupType(std::int16_t code) { run_.coding.groupType = code; }
-  void TypeSource(const std::string& text) { run_.coding.source = text; }
-  void TypeCognitiveLevel(const std::string& text) { run_.coding.cognitiveLevel = text; }
-  void TypeSeatworkOrg(const std::string& text) { run_.coding.seatworkOrg = text; }
+  void ChooseCode(SubCode of, std::int16_t code) { run_.coding.Chosen(of) = code; }
+  void TypeCode(SubCode of, const std::string& text) { run_.coding.Typed(of) = text; }
 
   // The buttons.
   void cmdStartNewSg_Click();
@@ -164,8 +152,6 @@ class LiveObservation {
   void UpdateActivityControls() { conversionBlank_ = false; }
 
  private:
-  /// The caption of the button of `CurActivity`, as stored.
-  std::string_view CurActivityCaption() const;
   void FocusDescription();
   void FocusCurActivity();
   void EndSeg();

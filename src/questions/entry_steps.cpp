@@ -27,7 +27,7 @@ void QuestionEntry::TakeStep(Way way) {
   if (!step) return;
   const bool draftChanges = step->draft.has_value();
   steps_.Take(way);
-  offeredActivity_ = 0;
+  offeredActivity_ = kNoActivity;
   if (!Coding()) {
     AwaitNext();
   } else if (draftChanges) {

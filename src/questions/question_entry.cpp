@@ -20,23 +20,13 @@ namespace {
 
 using Control = QuestionEntry::Control;
 
-/// The activities' names on the button that returns to them, by number.
-constexpr std::array<std::string_view, kActivityCount> kShortNames = {
-    "Procedure",  "Discipline", "Interrupt",    "Lecture...",     "Q / A",
-    "Discussion", "S present",  "Reading a",    "Silent reading", "Role-play or simulation",
-    "Game",       "Other",      "Test or quiz", "S/Helping",      "S/Monitor",
-    "Unsupervis", "S grp work"};
-
 bool IsBlank(std::string_view text) {
   return text.find_first_not_of(' ') == std::string_view::npos;
 }
 
-/// The activity to offer for `PrevActivity`; 0 for none.
-int ActivityToOffer(const std::string& previous) {
-  for (int activity = 1; activity <= kActivityCount; ++activity) {
-    if (activity != kQuestionAnswer && previous == std::to_string(activity)) return activity;
-  }
-  return 0;
+/// The activity to offer to return to.
+int ActivityToOffer(int previous) {
+  return previous == kQuestionAnswer ? kNoActivity : previous;
 }
 
 }  // namespace
@@ -84,8 +74,8 @@ std::string_view QuestionEntry::Caption3() const {
 
 std::string_view QuestionEntry::Caption5() const {
   if (Coding()) return "&Next Q";
-  if (offeredActivity_ == 0) return "&Abort";
-  return kShortNames[static_cast<std::size_t>(offeredActivity_ - 1)];
+  if (offeredActivity_ == kNoActivity) return "&Abort";
+  return ActivityOf(offeredActivity_).shortName;
 }
 
 std::string_view QuestionEntry::Caption7() const {
@@ -103,7 +93,7 @@ bool QuestionEntry::HasRoom(Command command) const {
     case Command::Command8:
       return !live_.CurQuestions().empty();
     case Command::Command5:
-      return Coding() || offeredActivity_ == 0 || live_.RoomForSegment();
+      return Coding() || offeredActivity_ == kNoActivity || live_.RoomForSegment();
     case Command::Command6:
       return live_.RoomForSegment();
     case Command::Command7:
@@ -205,7 +195,7 @@ bool QuestionEntry::StoreQuestion(const questionInfo& question) {
 void QuestionEntry::StartOver() {
   live_.Draft().question.clear();
   Draft().HideCodeFields();
-  offeredActivity_ = 0;
+  offeredActivity_ = kNoActivity;
   if (live_.CurQuestions().empty()) {
     AwaitFirstQuestion();
   } else {
@@ -306,13 +296,13 @@ void QuestionEntry::FillNormal() {
 void QuestionEntry::Ditto() {
   if (!DittoQuestion()) return;
   offeredActivity_ = ActivityToOffer(live_.PrevActivity());
-  if (offeredActivity_ != 0) Enable(Command::Command5);
+  if (offeredActivity_ != kNoActivity) Enable(Command::Command5);
 }
 
 void QuestionEntry::LeaveOrNext() {
   if (Coding()) {
     SaveQuestion();
-  } else if (offeredActivity_ == 0) {
+  } else if (offeredActivity_ == kNoActivity) {
     AbandonSegment();
   } else {
     ReturnToPreviousActivity();

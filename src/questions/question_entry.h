@@ -9,6 +9,7 @@
 #include "desk/focus.h"
 #include "desk/guarded_tick.h"
 #include "desk/services.h"
+#include "model/activities.h"
 #include "model/question_info.h"
 #include "observe/offtask_indicator.h"
 #include "questions/class_steps.h"
@@ -143,7 +144,7 @@ class QuestionEntry {
   GuardedTick tick_;
 
   std::array<bool, kCommands> enabled_{};
-  int offeredActivity_ = 0;  ///< the activity that Command5 returns to; 0 for none
+  int offeredActivity_ = kNoActivity;  ///< the activity that Command5 returns to
   bool asksReview_ = false;
   bool editorOpen_ = false;  ///< the question editor has taken the form's place
   OfftaskIndicator offtask_;

@@ -25,7 +25,7 @@ void EndLastEpisode(KeptClass& kept) {
   Episode& episode = kept.program.Episodes.back();
   RunningClass& running = kept.running;
   if (running.draftNotes) running.fieldNotes = *std::exchange(running.draftNotes, std::nullopt);
-  if (running.estimateKind >= 1 && !kept.SegmentEnded()) {
+  if (running.ChosenActivity() != kNoActivity && !kept.SegmentEnded()) {
     episode.segments.push_back(
         running.Segment(SecondsSince(running.segmentStart, kept.moment.secondsSinceMidnight)));
   }

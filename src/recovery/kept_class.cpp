@@ -87,18 +87,50 @@ void Visit(auto& archive, auto& program) requires requires {
   archive.List("Episodes", program.Episodes, [&](auto& episode) { Visit(archive, episode); });
 }
 
-void Visit(auto& archive, auto& coding) requires requires {
-  coding.groupType;
-}
-{
-  archive.Numbers("panels", coding.choicesVisible, coding.aboutVisible, coding.presentationVisible,
-                  coding.seatworkEnabled, coding.groupTypesEnabled);
-  archive.Numbers("coding", coding.grpSolo, coding.prep, coding.presentationOrg, coding.writingKind,
-                  coding.groupType);
+/// The panels that an activity opens follow from it; they are written, and not taken over.
+void VisitCoding(auto& archive, auto& coding, int activity) {
+  bool about = ActivityOf(activity).carriesAbout;
+  bool presentation = Carries(activity, SubCode::groupSolo);
+  bool seatwork = Carries(activity, SubCode::writing);
+  bool groupWork = Carries(activity, SubCode::groupWork);
+  archive.Numbers("panels", coding.choicesVisible, about, presentation, seatwork, groupWork);
+  archive.Numbers("coding", coding.Chosen(SubCode::groupSolo), coding.Chosen(SubCode::preparation),
+                  coding.Chosen(SubCode::organization), coding.Chosen(SubCode::writing),
+                  coding.Chosen(SubCode::groupWork));
   archive.Text("about", coding.about);
-  archive.Text("source", coding.source);
-  archive.Text("cognitiveLevel", coding.cognitiveLevel);
-  archive.Text("seatworkOrg", coding.seatworkOrg);
+  archive.Text("source", coding.Typed(SubCode::seatworkSource));
+  archive.Text("cognitiveLevel", coding.Typed(SubCode::seatworkLevel));
+  archive.Text("seatworkOrg", coding.Typed(SubCode::seatworkOrganization));
+  static_assert(kSubCodeCount == 8, "a new code is visited with the later fields");
+}
+
+/// An activity is kept as decimal text, none as an empty one.
+void VisitActivity(auto& archive, std::string_view name, auto& activity) {
+  std::string digits = ActivityDigits(activity);
+  archive.Text(name, digits);
+  if constexpr (!std::is_const_v<std::remove_reference_t<decltype(activity)>>) {
+    activity = kNoActivity;
+    while (digits != ActivityDigits(activity)) {
+      if (++activity > kActivityCount) archive.Fail(name);
+    }
+  }
+}
+
+constexpr int kAbandoned = -1;
+constexpr int kAwaited = 0;
+constexpr int kLastEstimateKind = 8;
+
+/// How far the choice of the activity is, as it is kept: where it is made, as the kind of the
+/// activity's estimates.
+int StateOf(const RunningClass& running) {
+  if (running.choice == ActivityChoice::abandoned) return kAbandoned;
+  if (running.choice == ActivityChoice::awaited) return kAwaited;
+  return ActivityOf(running.curActivity).estimateKind;
+}
+
+ActivityChoice ChoiceOf(int state) {
+  if (state == kAbandoned) return ActivityChoice::abandoned;
+  return state == kAwaited ? ActivityChoice::awaited : ActivityChoice::made;
 }
 
 void Visit(auto& archive, auto& survey) requires requires {
@@ -151,15 +183,20 @@ void Visit(auto& archive, auto& running) requires requires {
                   running.segmentStart, running.prevEpisodeStart);
   VisitEstimates(archive, "offtaskEstimates", running.offtaskEstimates);
   VisitEstimates(archive, "prevOfftaskEstimates", running.prevOfftaskEstimates);
-  archive.Text("curActivity", running.curActivity);
-  archive.Text("prevActivity", running.prevActivity);
-  archive.Text("episodeActivity", running.episodeActivity);
-  archive.Numbers("state", running.estimateKind, running.freshSegment, running.skipEstimate,
-                  running.awaitsSurvey, running.nothingEntered);
+  VisitActivity(archive, "curActivity", running.curActivity);
+  VisitActivity(archive, "prevActivity", running.prevActivity);
+  VisitActivity(archive, "episodeActivity", running.episodeActivity);
+  int state = StateOf(running);
+  archive.Numbers("state", state, running.freshSegment, running.skipEstimate, running.awaitsSurvey,
+                  running.nothingEntered);
+  if constexpr (!std::is_const_v<std::remove_reference_t<decltype(running)>>) {
+    if (state < kAbandoned || state > kLastEstimateKind) archive.Fail("state");
+    running.choice = ChoiceOf(state);
+  }
   OfftaskSchedule::Visit(archive, running.schedule);
   archive.Optional("estimateDialog", running.estimateDialog,
                    [&](auto& dialog) { Visit(archive, dialog); });
-  Visit(archive, running.coding);
+  VisitCoding(archive, running.coding, running.ChosenActivity());
   archive.Text("fieldNotes", running.fieldNotes);
   Visit(archive, running.survey);
   VisitPath(archive, "storedElsewhere", running.storedElsewhere);
@@ -181,14 +218,6 @@ void VisitLaterFields(auto& archive, auto& running) {
 
 // What was read is checked for all that the program takes for granted, and its texts are made the
 // one line that the other files have for them.
-
-bool IsActivityText(const std::string& text) {
-  if (text.empty()) return true;
-  for (int activity = 1; activity <= kActivityCount; ++activity) {
-    if (text == std::to_string(activity)) return true;
-  }
-  return false;
-}
 
 bool AreGood(const Survey& survey) {
   for (std::size_t i = 0; i < survey.ratings.size(); ++i) {
@@ -220,13 +249,11 @@ bool IsGood(const KeptClass& kept) {
   }
   const auto segments = static_cast<int>(episodes.back().segments.size());
   const bool follows = running.curSegment == segments + 1 || kept.SegmentEnded();
-  const bool hasActivity = !running.curActivity.empty() || running.estimateKind <= 0;
-  constexpr int kLastKind = 8;
-  return follows && running.curSegment >= 1 && hasActivity && running.estimateKind >= -1 &&
-         running.estimateKind <= kLastKind && IsActivityText(running.curActivity) &&
-         IsActivityText(running.prevActivity) && IsActivityText(running.episodeActivity) &&
-         IsTimeOfDay(running.episodeStart) && IsTimeOfDay(running.segmentStart) &&
-         IsTimeOfDay(running.prevEpisodeStart) && AreGood(running.survey);
+  const bool hasActivity =
+      running.curActivity != kNoActivity || running.choice != ActivityChoice::made;
+  return follows && running.curSegment >= 1 && hasActivity && IsTimeOfDay(running.episodeStart) &&
+         IsTimeOfDay(running.segmentStart) && IsTimeOfDay(running.prevEpisodeStart) &&
+         AreGood(running.survey);
 }
 
 void MakeOneLine(std::string& text) {

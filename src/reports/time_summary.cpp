@@ -1,9 +1,7 @@
 #include "reports/time_summary.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <numeric>
 
 #include "model/time_of_day.h"
 #include "reports/episode_origin.h"
@@ -14,52 +12,23 @@ namespace {
 
 constexpr double kSecondsPerMinute = 60;
 
-/// The activities that the header's off-task figures are about, in the order of the figures.
-constexpr std::array<int, kOfftaskCategories.size()> kOfftaskActivities = {4, 14, 15, 16, 5, 8, 17};
+/// The blocks, in the order of `ActivityGroup`.
+constexpr std::array<std::string_view, kActivityGroupCount> kHeadings = {
+    "CLASSROOM MANAGMENT", "DIRECT INSTRUCTION", "SEATWORK AND PAIRWORK", "TESTS AND QUIZZES"};
 
-/// The first and the last activity of each block.
-struct BlockRule {
-  std::string_view heading;
-  int first;
-  int last;
-};
-constexpr std::array<BlockRule, 4> kBlocks = {{
-    {"CLASSROOM MANAGMENT", 1, 3},
-    {"DIRECT INSTRUCTION", 4, 12},
-    {"SEATWORK AND PAIRWORK", 14, 17},
-    {"TESTS AND QUIZZES", 13, 13},
-}};
-constexpr int kLastNonInstructional = 3;
-
-std::string OfftaskText(const OfftaskAverages& averages, int activity) {
-  const auto found = std::ranges::find(kOfftaskActivities, activity);
-  if (found == kOfftaskActivities.end()) return "";
-  const auto position = static_cast<std::size_t>(found - kOfftaskActivities.begin());
-  return FormatPattern(averages[position], "0.000");
-}
-
-TimeSummaryBlock MakeBlock(const BlockRule& rule, const ActivityTimes& times,
-                           const OfftaskAverages& averages) {
-  TimeSummaryBlock block{rule.heading, {}};
-  for (int activity = rule.first; activity <= rule.last; ++activity) {
-    const auto position = static_cast<std::size_t>(activity - 1);
-    block.rows.push_back({activity, ActivityTexts[position], FormatMinSec(times[position]),
-                          OfftaskText(averages, activity)});
+TimeSummaryRow MakeRow(const Activity& activity, double seconds, const OfftaskAverages& averages) {
+  TimeSummaryRow row = {activity.number, activity.name, FormatMinSec(seconds), ""};
+  if (const auto position = OfftaskPosition(activity.number)) {
+    row.offtask = FormatPattern(averages[*position], "0.000");
   }
-  return block;
+  return row;
 }
 
 }  // namespace
 
 ActivityTimes CreateActTimeSummary(const EpisodeList& episodes) {
   ActivityTimes times{};
-  for (const Episode& episode : episodes) {
-    for (const SegmentData& segment : episode.segments) {
-      if (!IsActivity(segment.activityNum)) continue;
-      times[static_cast<std::size_t>(segment.activityNum - 1)] +=
-          static_cast<double>(segment.duration);
-    }
-  }
+  for (const Episode& episode : episodes) AddTimes(episode.segments, times);
   return times;
 }
 
@@ -78,13 +47,19 @@ TimeSummary MakeTimeSummary(const EpsHeader& header, const EpisodeList& episodes
                   ", Observation " + identity.ObservNum;
   summary.date = DateText(header);
   summary.observer = ObserverText(header);
+  for (std::size_t i = 0; i < kHeadings.size(); ++i) summary.blocks[i].heading = kHeadings[i];
   const ActivityTimes times = CreateActTimeSummary(episodes);
-  for (std::size_t i = 0; i < kBlocks.size(); ++i) {
-    summary.blocks[i] = MakeBlock(kBlocks[i], times, header.ActivityOfftask);
+  double nonInstructional = 0;
+  double instructional = 0;
+  for (const Activity& activity : kActivities) {
+    const double seconds = times[static_cast<std::size_t>(activity.number - 1)];
+    summary.blocks[static_cast<std::size_t>(activity.group)].rows.push_back(
+        MakeRow(activity, seconds, header.ActivityOfftask));
+    const bool isManagement = activity.group == ActivityGroup::management;
+    (isManagement ? nonInstructional : instructional) += seconds;
   }
-  const auto instruction = times.begin() + kLastNonInstructional;
-  const double nonInstructional = RoundHalfEven(std::accumulate(times.begin(), instruction, 0.0));
-  const double instructional = RoundHalfEven(std::accumulate(instruction, times.end(), 0.0));
+  nonInstructional = RoundHalfEven(nonInstructional);
+  instructional = RoundHalfEven(instructional);
   summary.nonInstructional = FormatMinSec(nonInstructional);
   summary.instructional = FormatMinSec(instructional);
   summary.total = FormatMinSec(nonInstructional + instructional);

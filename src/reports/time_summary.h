@@ -5,16 +5,13 @@
 #include <string_view>
 #include <vector>
 
-#include "model/coding_scheme.h"
+#include "model/activities.h"
 #include "model/episode.h"
 #include "store/eps_file.h"
 
 namespace orvex {
 
-/// Seconds spent in each activity; activity n stands at position n - 1.
-using ActivityTimes = std::array<double, kActivityCount>;
-
-/// Adds up the segments of all episodes. Activities outside 1 to 17 count nowhere.
+/// Adds up the segments of all episodes. Those of no activity count nowhere.
 ActivityTimes CreateActTimeSummary(const EpisodeList& episodes);
 
 /// "2:05": whole minutes and seconds. A fraction of a second is rounded first, a half to the even
@@ -43,7 +40,7 @@ struct TimeSummary {
   std::string title;     ///< "Time Summary for School 7, Class 12, Observation 3"
   std::string date;      ///< "Date of Observation: 03-14-2001"
   std::string observer;  ///< "Observer: AB"
-  std::array<TimeSummaryBlock, 4> blocks;
+  std::array<TimeSummaryBlock, kActivityGroupCount> blocks;
   /// The totals, and what they are called.
   std::string nonInstructional;
   std::string instructional;

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "model/activities.h"
+
 namespace orvex {
 
 class Clock;
@@ -11,10 +13,6 @@ class Prompter;
 /// at its end one more estimate is pending.
 class OfftaskSchedule {
  public:
-  /// The cadences: how many minutes lie between two estimates.
-  static constexpr float kUsualCadence = 2;
-  static constexpr float kQuestionAnswerCadence = 5;
-
   /// Stops the schedule: nothing counts down, and nothing is pending.
   void Stop();
   /// Starts it anew within a segment that has run for `seconds`; `cadence` in minutes.

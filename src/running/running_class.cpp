@@ -17,19 +17,6 @@ RunningClass RunningClass::Begun() {
   return begun;
 }
 
-int RunningClass::Activity() const {
-  int number = 0;
-  std::from_chars(curActivity.data(), curActivity.data() + curActivity.size(), number);
-  return number;
-}
-
-SegmentData RunningClass::Segment(float seconds) const {
-  SegmentData segment;
-  const int activity = Activity();
-  segment.SetData(static_cast<std::int16_t>(activity), seconds, coding.Codes(activity));
-  return segment;
-}
-
 questionInfo RunningClass::DraftAsStored() const {
   const auto text = [this](Dimension field) -> const std::string& {
     return draft.fields.Text(field);

@@ -35,6 +35,10 @@ struct StoredContents {
   std::uint64_t survey = 0;
 };
 
+/// Whether the activity of the running segment is chosen. `abandoned`: it was question/answer, was
+/// given up, and another is awaited.
+enum class ActivityChoice { awaited, abandoned, made };
+
 /// What is known of a class while it runs, besides the observation that its end stores. Times are
 /// seconds since midnight.
 struct RunningClass {
@@ -50,14 +54,12 @@ struct RunningClass {
   /// The question/answer estimates of the running episode, and of the one before it.
   std::vector<float> offtaskEstimates;
   std::vector<float> prevOfftaskEstimates;
-  /// The activity numbers, as decimal text, of the running segment, of the one before the last
-  /// choice, and of the last segment of the last episode; "" for none.
-  std::string curActivity;
-  std::string prevActivity;
-  std::string episodeActivity;
-  /// 0: no activity chosen in this segment yet; -1: its question/answer was abandoned; else the
-  /// kind of off-task estimates that the activity takes.
-  int estimateKind = 0;
+  /// The activities of the running segment, of the one before the last choice, and of the last
+  /// segment of the last episode. Until a segment's own is chosen, `curActivity` is the one before.
+  int curActivity = kNoActivity;
+  int prevActivity = kNoActivity;
+  int episodeActivity = kNoActivity;
+  ActivityChoice choice = ActivityChoice::awaited;
   bool freshSegment = false;
   /// Set by "&Q/A", cleared by "&SEGMENT": segments end without an estimate.
   bool skipEstimate = false;
@@ -82,11 +84,10 @@ struct RunningClass {
 
   /// A class that begins now.
   static RunningClass Begun();
-  /// The number of the activity; 0 while none is chosen.
-  int Activity() const;
+  /// The activity that is chosen for the running segment; kNoActivity while none is.
+  int ChosenActivity() const { return choice == ActivityChoice::made ? curActivity : kNoActivity; }
   /// The running segment as it would be stored after `seconds`.
-  SegmentData Segment(float seconds) const;
-
+  SegmentData Segment(float seconds) const { return coding.Segment(curActivity, seconds); }
   /// The question that is being entered, as it would be stored now.
   questionInfo DraftAsStored() const;
 

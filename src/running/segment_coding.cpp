@@ -1,76 +1,45 @@
 #include "running/segment_coding.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace orvex {
 namespace {
 
-/// The position of `text` in a list of a combo box, to the letter; kUncoded when it is not there.
-template <typename Names>
-std::int16_t PositionIn(const Names& names, std::string_view text) {
-  const auto found = std::find(names.begin(), names.end(), text);
+/// The position of `text` in a list, to the letter; kUncoded when it is not there.
+std::int16_t PositionIn(std::span<const std::string_view> names, std::string_view text) {
+  const auto found = std::ranges::find(names, text);
   return found == names.end() ? kUncoded : static_cast<std::int16_t>(found - names.begin());
 }
 
 }  // namespace
 
-void SegmentCoding::ShowActivityChoices(bool show) {
-  // Choices that are there already keep what belongs to the one made.
-  if (show && choicesVisible) return;
-  choicesVisible = show;
-  aboutVisible = false;
-}
-
-void SegmentCoding::ClearActivityChoices() {
-  aboutVisible = false;
-  ResetSeatworkCoding();
-  ResetGroupTypes();
-}
-
-void SegmentCoding::ResetPresentation() {
-  grpSolo = kSolo;
-  prep = kUncoded;
-  presentationOrg = 0;
-}
-
-void SegmentCoding::ResetSeatworkCoding() {
-  writingKind = kUncoded;
-  source = "No coding";
-  cognitiveLevel = "No coding";
-  seatworkOrg = "T";
-  seatworkEnabled = false;
-}
-
-void SegmentCoding::ResetGroupTypes() {
-  groupType = kUncoded;
-  groupTypesEnabled = false;
-}
-
 void SegmentCoding::ResetForNewSegment() {
-  ClearActivityChoices();
-  presentationVisible = false;
-  ResetPresentation();
-  source = "no coding";
-  cognitiveLevel = "no coding";
+  ResetCodes("no coding");
   about.clear();
 }
 
-std::int16_t SegmentCoding::GetSubCategory(int activity) const {
-  if (IsSeatwork(activity)) return writingKind;
-  if (IsGroupWork(activity)) return groupType;
-  return kUncoded;
+void SegmentCoding::ResetCodes(std::string_view noCoding) {
+  const SegmentData blank;
+  for (const SubCodeScheme& scheme : kSubCodes) {
+    if (scheme.typed) {
+      const std::int16_t code = blank.*scheme.stored;
+      Typed(scheme.code) =
+          code == kUncoded ? noCoding : scheme.values[static_cast<std::size_t>(code)];
+    } else {
+      Chosen(scheme.code) = blank.*scheme.stored;
+    }
+  }
 }
 
-SegmentCodes SegmentCoding::Codes(int activity) const {
-  return {.about = about,
-          .fSubCat = GetSubCategory(activity),
-          .grpSolo = grpSolo,
-          .prep = prep,
-          .org7 = presentationOrg,
-          .src = PositionIn(SeatworkSources, source),
-          .coglvl = PositionIn(SeatworkCognitiveLevels, cognitiveLevel),
-          .org14 = PositionIn(SeatworkOrganizations, seatworkOrg)};
+SegmentData SegmentCoding::Segment(int activity, float seconds) const {
+  SegmentData segment;
+  segment.SetData(static_cast<std::int16_t>(activity), seconds);
+  if (ActivityOf(activity).carriesAbout) segment.aboutdata = about;
+  for (const SubCode code : ActivityOf(activity).subCodes) {
+    const SubCodeScheme& scheme = SchemeOf(code);
+    segment.*scheme.stored = scheme.typed ? PositionIn(scheme.values, Typed(code)) : Chosen(code);
+  }
+  return segment;
 }
 
 }  // namespace orvex

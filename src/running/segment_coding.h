@@ -1,48 +1,40 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
-#include "model/segment_data.h"
+#include "model/activities.h"
 
 namespace orvex {
 
-/// What the observer has set on the live form for the running segment: the chosen activity and the
-/// sub-codes, and which of their panels are shown and enabled.
+/// What the observer has set on the live form for the running segment, whatever its activity.
 struct SegmentCoding {
-  bool choicesVisible = false;       ///< activity buttons, their headings, seatwork, group types
-  bool aboutVisible = false;         ///< the About button
-  bool presentationVisible = false;  ///< the frames Group/Solo, Preparation and Organization
-  bool seatworkEnabled = false;
-  bool groupTypesEnabled = false;
+  bool choicesVisible = false;  ///< the activities and what they are coded on are shown
 
   std::string about;
-  std::int16_t grpSolo = kSolo;
-  std::int16_t prep = kUncoded;
-  std::int16_t presentationOrg = 0;
-  std::int16_t writingKind = kUncoded;
-  std::string source = "no coding";
-  std::string cognitiveLevel = "no coding";
-  std::string seatworkOrg = "T";
-  std::int16_t groupType = kUncoded;
+  /// The codes that are chosen, by sub-code, and what is typed where they are typed.
+  std::array<std::int16_t, kSubCodeCount> chosen{};
+  std::array<std::string, kSubCodeCount> typed;
 
-  void ShowActivityChoices(bool show);
-  void ClearActivityChoices();
-  void ResetPresentation();
-  void ResetSeatworkCoding();
-  void EnableSeatworkCoding(bool enable) { seatworkEnabled = enable; }
-  void ResetGroupTypes();
-  void EnableGroupTypes(bool enable) { groupTypesEnabled = enable; }
+  SegmentCoding() { ResetForNewSegment(); }
+
+  std::int16_t& Chosen(SubCode code) { return chosen[static_cast<std::size_t>(code)]; }
+  std::int16_t Chosen(SubCode code) const { return chosen[static_cast<std::size_t>(code)]; }
+  std::string& Typed(SubCode code) { return typed[static_cast<std::size_t>(code)]; }
+  const std::string& Typed(SubCode code) const { return typed[static_cast<std::size_t>(code)]; }
+
+  /// Takes every code back: another activity is chosen for the segment.
+  void ResetForNewActivity() { ResetCodes("No coding"); }
   /// Everything as it stands when a segment starts.
   void ResetForNewSegment();
 
-  /// The writing kind for seatwork, the group type for activity 17, otherwise kUncoded.
-  std::int16_t GetSubCategory(int activity) const;
-  /// The sub-codes as a segment of `activity` stores them.
-  SegmentCodes Codes(int activity) const;
+  /// A segment of `activity` with the codes that it carries.
+  SegmentData Segment(int activity, float seconds) const;
 
  private:
-  static constexpr std::int16_t kSolo = 1;
+  void ResetCodes(std::string_view noCoding);
 };
 
 }  // namespace orvex

@@ -147,23 +147,14 @@ class EpsReader {
   SegmentData ReadSegment() {
     const std::int16_t activity = fields_.Integer("the activity number of a segment");
     const float duration = fields_.Single("the duration of a segment");
-    SegmentCodes codes;
-    if (CarriesAbout(activity)) {
-      codes.about = fields_.Line("what the activity was about");
-    } else if (IsPresentation(activity)) {
-      codes.grpSolo = fields_.Integer("the group or solo code");
-      codes.prep = fields_.Integer("the preparation code");
-      codes.org7 = fields_.Integer("the organization code");
-    } else if (IsSeatwork(activity)) {
-      codes.fSubCat = fields_.Integer("the sub-category code");
-      codes.src = fields_.Integer("the source code");
-      codes.coglvl = fields_.Integer("the cognitive level code");
-      codes.org14 = fields_.Integer("the organization code");
-    } else if (IsGroupWork(activity)) {
-      codes.fSubCat = fields_.Integer("the sub-category code");
-    }
     SegmentData segment;
-    segment.SetData(activity, duration, codes);
+    segment.SetData(activity, duration);
+    for (const SubCode code : ActivityOf(activity).subCodes) {
+      segment.*SchemeOf(code).stored = fields_.Integer(SchemeOf(code).expected);
+    }
+    if (ActivityOf(activity).carriesAbout) {
+      segment.aboutdata = fields_.Line("what the activity was about");
+    }
     return segment;
   }
 

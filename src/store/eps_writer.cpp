@@ -102,29 +102,15 @@ void WriteHeader(EpsText& out, const EpsHeader& header, std::size_t episodes) {
 }
 
 void WriteSegment(EpsText& out, const SegmentData& segment) {
-  const auto add = [&out](std::int16_t code) {
-    out << ",";
-    out.Item(std::int64_t{code});
-  };
-  const int activity = segment.activityNum;
-  out.Item(std::int64_t{activity}) << ",";
+  const Activity& activity = ActivityOf(segment.activityNum);
+  out.Item(std::int64_t{segment.activityNum}) << ",";
   out.Item(static_cast<double>(segment.duration));
-  if (CarriesAbout(activity)) {
-    out.EndLine();
-    out.Typed(segment.aboutdata);
-  } else if (IsPresentation(activity)) {
-    add(segment.grpSolo);
-    add(segment.prep);
-    add(segment.org);
-  } else if (IsSeatwork(activity)) {
-    add(segment.fSubCat);
-    add(segment.src);
-    add(segment.coglvl);
-    add(segment.org);
-  } else if (IsGroupWork(activity)) {
-    add(segment.fSubCat);
+  for (const SubCode code : activity.subCodes) {
+    out << ",";
+    out.Item(std::int64_t{segment.*SchemeOf(code).stored});
   }
   out.EndLine();
+  if (activity.carriesAbout) out.Typed(segment.aboutdata).EndLine();
 }
 
 void WriteEpisode(EpsText& out, const Episode& episode, std::int64_t number,
@@ -164,14 +150,10 @@ void WriteSummary(EpsText& out, const Episode& episode) {
     out << ",";
     out.Item(episode.offtask).EndLine();
   }
-  std::array<double, kActivityCount> seconds{};
-  for (const SegmentData& segment : episode.segments) {
-    if (!IsActivity(segment.activityNum)) continue;
-    seconds[static_cast<std::size_t>(segment.activityNum - 1)] +=
-        static_cast<double>(segment.duration);
-  }
+  ActivityTimes times{};
+  AddTimes(episode.segments, times);
   std::string_view separator = " ";
-  for (const double time : seconds) {
+  for (const double time : times) {
     out << separator;
     out.Joined(time);
     separator = " , ";

@@ -1,5 +1,6 @@
 #include "store/session_log.h"
 
+#include "model/activities.h"
 #include "model/clock.h"
 #include "model/time_of_day.h"
 #include "model/version.h"
@@ -35,10 +36,10 @@ void SessionLog::LogEpisodeStart(int ep, int sg) {
        clock_.TimeText());
 }
 
-void SessionLog::LogSegmentEnd(int ep, int sg, std::string_view activity, std::int32_t seconds,
+void SessionLog::LogSegmentEnd(int ep, int sg, int activity, std::int32_t seconds,
                                std::string_view about) {
   std::string text =
-      EpisodeAndSegment(ep, sg) + " " + std::string(activity) + " " + std::to_string(seconds);
+      EpisodeAndSegment(ep, sg) + " " + ActivityCaption(activity) + " " + std::to_string(seconds);
   if (!about.empty()) text += "\r\n\"" + std::string(about) + "\"\r\n";
   Line(text);
 }
@@ -48,8 +49,8 @@ void SessionLog::LogEpisode(int ep, std::string_view text, double seconds) {
        FormatPattern(RoundHalfEven(seconds), "0") + ", " + clock_.TimeText());
 }
 
-void SessionLog::LogRevisedActivity(int ep, int sg, std::string_view activity) {
-  Line("REVISED ACTIVITY # for " + EpisodeAndSegment(ep, sg) + " :  " + std::string(activity) +
+void SessionLog::LogRevisedActivity(int ep, int sg, int activity) {
+  Line("REVISED ACTIVITY # for " + EpisodeAndSegment(ep, sg) + " :  " + ActivityDigits(activity) +
        " " + clock_.TimeText());
 }
 
@@ -97,14 +98,10 @@ void SessionLog::LogBlankLine() {
 }
 
 void SessionLog::LogOfftask(float proportion, std::string_view offtask, std::string_view students,
-                            std::string_view activity, std::string_view caption) {
+                            int activity) {
   std::string text = "OFFTASK: " + FormatPattern(proportion, "0.#######");
-  for (const std::string_view piece :
-       {std::string_view(" [ "), offtask, std::string_view(" / "), students,
-        std::string_view(" ] Act # "), activity, std::string_view(" "), caption}) {
-    text += piece;
-  }
-  Line(text + " " + clock_.TimeText());
+  text.append(" [ ").append(offtask).append(" / ").append(students).append(" ] Act # ");
+  Line(text + ActivityDigits(activity) + " " + ActivityCaption(activity) + " " + clock_.TimeText());
 }
 
 void SessionLog::LogEpisodeOfftask(int ep, float offtask, int estimates) {

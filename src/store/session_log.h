@@ -25,12 +25,10 @@ class SessionLog {
   void LogOn(std::string_view fileName, std::string_view initials, std::string_view students);
   /// Writes only for the first segment of an episode.
   void LogEpisodeStart(int ep, int sg);
-  /// `activity` is the caption of the activity's button as stored, ampersands doubled; `seconds`
-  /// the segment's length; `about` what it was about, or "".
-  void LogSegmentEnd(int ep, int sg, std::string_view activity, std::int32_t seconds,
-                     std::string_view about);
+  /// `seconds` is the segment's length; `about` what it was about, or "".
+  void LogSegmentEnd(int ep, int sg, int activity, std::int32_t seconds, std::string_view about);
   void LogEpisode(int ep, std::string_view text, double seconds);
-  void LogRevisedActivity(int ep, int sg, std::string_view activity);
+  void LogRevisedActivity(int ep, int sg, int activity);
   void LogRevisedN(std::string_view text);
   /// `q` is the number the question gets in its episode.
   void LogRevisedQuestion(int ep, int q, const questionInfo& question);
@@ -41,10 +39,9 @@ class SessionLog {
   /// `note` may span lines, separated by CR LF.
   void LogFieldNote(int ep, int sg, std::string_view note);
   void LogBlankLine();
-  /// An off-task estimate: the proportion, the two numbers it was made of as typed, and the
-  /// activity with its button's caption as stored.
+  /// An off-task estimate: the proportion, and the two numbers it was made of as typed.
   void LogOfftask(float proportion, std::string_view offtask, std::string_view students,
-                  std::string_view activity, std::string_view caption);
+                  int activity);
   /// "Prop. students offtask in episode ...": the mean and how many estimates it is of.
   void LogEpisodeOfftask(int ep, float offtask, int estimates);
   void LogActiveEstimates(int ep);

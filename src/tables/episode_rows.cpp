@@ -5,7 +5,9 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <utility>
+#include <vector>
 
 #include "model/duration_text.h"
 #include "store/file_error.h"
@@ -14,28 +16,50 @@
 namespace orvex {
 namespace {
 
-constexpr int kActivityCells = 13;
-constexpr int kSeatworkCells = 6;
-constexpr int kGroupCells = 5;
+/// Consecutive activities with the same sub-categories share a block of cells: one for each
+/// activity or, where there are sub-categories, for each of an activity's.
+struct Block {
+  const SubCodeScheme* subCategory = nullptr;
+  int firstActivity = 0;
+  int activities = 0;
+  std::size_t firstCell = 0;
 
-/// Seconds by activity, then by seatwork and by group-work cell, in the order of the row.
-using Times = std::array<double, kActivityCells + kSeatworkCells + kGroupCells>;
+  int CellsEach() const { return subCategory ? static_cast<int>(subCategory->values.size()) : 1; }
+  std::size_t CellsEnd() const {
+    return firstCell + static_cast<std::size_t>(activities * CellsEach());
+  }
+};
 
-/// The place of a segment's time in the row; behind the end for one that has none.
-std::size_t CellOf(const SegmentData& segment) {
-  const int activity = segment.activityNum;
-  const auto cell = [](int first, int index, int cells) {
-    return index >= 1 && index <= cells ? static_cast<std::size_t>(first + index - 1)
-                                        : Times{}.size();
-  };
-  if (IsSeatwork(activity)) {
-    return cell(kActivityCells, (activity - kFirstSeatwork) * 2 + segment.fSubCat + 1,
-                kSeatworkCells);
+std::vector<Block> MakeBlocks() {
+  std::vector<Block> blocks;
+  for (const Activity& activity : kActivities) {
+    const SubCodeScheme* const subCategory = SubCategoryOf(activity.number);
+    if (blocks.empty() || blocks.back().subCategory != subCategory) {
+      const std::size_t cells = blocks.empty() ? 0 : blocks.back().CellsEnd();
+      blocks.push_back({subCategory, activity.number, 0, cells});
+    }
+    ++blocks.back().activities;
   }
-  if (IsGroupWork(activity)) {
-    return cell(kActivityCells + kSeatworkCells, segment.fSubCat + 1, kGroupCells);
+  return blocks;
+}
+
+const std::vector<Block>& Blocks() {
+  static const std::vector<Block> blocks = MakeBlocks();
+  return blocks;
+}
+
+/// The place of a segment's time in the row; nothing for one that has none. A sub-category that
+/// the activity does not have reaches into the cells of its neighbours in the block, and no
+/// farther.
+std::optional<std::size_t> CellOf(const SegmentData& segment) {
+  for (const Block& block : Blocks()) {
+    const int activity = segment.activityNum - block.firstActivity;
+    if (activity < 0 || activity >= block.activities) continue;
+    const int cell = activity * block.CellsEach() + (block.subCategory ? segment.fSubCat : 0);
+    if (cell < 0 || cell >= block.activities * block.CellsEach()) return std::nullopt;
+    return block.firstCell + static_cast<std::size_t>(cell);
   }
-  return cell(0, activity, kActivityCells);
+  return std::nullopt;
 }
 
 void AppendNumber(std::int64_t number, std::string& text) {
@@ -97,10 +121,9 @@ void ReadOn::TextAfterLastQuestion(int line, std::string_view /*text*/) {
 
 void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episode,
                       const QuestionCounts& stated, std::string& rows) {
-  Times times{};
+  std::vector<double> times(Blocks().back().CellsEnd());
   for (const SegmentData& segment : episode.segments) {
-    const std::size_t cell = CellOf(segment);
-    if (cell < times.size()) times[cell] += static_cast<double>(segment.duration);
+    if (const auto cell = CellOf(segment)) times[*cell] += static_cast<double>(segment.duration);
   }
   const auto higherOrder = std::ranges::count_if(
       episode.questions, [](const questionInfo& question) { return question.strCogLev() == "H"; });

@@ -45,13 +45,11 @@ void AddHeader(const EpsObservation& observation, Json& json) {
 /// A segment's numbers are those of its line in the file.
 void AddSegment(const SegmentData& segment, Json& json) {
   const int activity = segment.activityNum;
-  std::vector<std::int16_t> codes;
-  if (IsPresentation(activity)) codes = {segment.grpSolo, segment.prep, segment.org};
-  if (IsSeatwork(activity)) codes = {segment.fSubCat, segment.src, segment.coglvl, segment.org};
-  if (IsGroupWork(activity)) codes = {segment.fSubCat};
   json.BeginObject().Key("numbers").BeginArray().Number(std::int64_t{activity});
   json.Seconds(static_cast<double>(segment.duration));
-  for (const std::int16_t code : codes) json.Number(std::int64_t{code});
+  for (const SubCode code : ActivityOf(activity).subCodes) {
+    json.Number(std::int64_t{segment.*SchemeOf(code).stored});
+  }
   json.EndArray().Key("about").Text(segment.aboutdata).EndObject();
 }
 

@@ -19,13 +19,19 @@ namespace {
 using Columns = std::vector<TidyColumn>;
 using Values = std::vector<ValueLabel>;
 
-constexpr std::array<std::string_view, 2> kGroupSolo = {"G: group", "S: solo"};
-constexpr std::array<std::string_view, 2> kPreparation = {"Q", "C"};
-constexpr std::array<std::string_view, 2> kOrganization = {"T", "S"};
-
-Values Numbered(std::span<const std::string_view> labels, int first = 0) {
+Values ValuesOf(SubCode code) {
   Values values;
-  for (const std::string_view label : labels) values.push_back({std::to_string(first++), label});
+  for (const std::string_view label : SchemeOf(code).values) {
+    values.push_back({std::to_string(values.size()), label});
+  }
+  return values;
+}
+
+Values ActivityValues() {
+  Values values;
+  for (const Activity& activity : kActivities) {
+    values.push_back({ActivityDigits(activity.number), activity.name});
+  }
   return values;
 }
 
@@ -108,7 +114,7 @@ Columns QuestionColumns() {
           const SegmentData* segment = SegmentOf(row);
           WriteCode(segment != nullptr, segment ? segment->activityNum : kUncoded, csv);
         },
-        0, Numbered(ActivityTexts, 1)},
+        0, ActivityValues()},
        {"text", "Text of the question", "text",
         [](const TidyRow& row, int, Csv& csv) { csv.Text(row.question->question); }},
        {"source",
@@ -185,51 +191,36 @@ Columns QuestionColumns() {
   return columns;
 }
 
-template <std::int16_t SegmentData::*member, bool (*carried)(int)>
-void WriteSegmentCode(const TidyRow& row, int, Csv& csv) {
-  WriteCode(carried(row.segment->activityNum), row.segment->*member, csv);
+void WriteSubCode(const TidyRow& row, int code, Csv& csv) {
+  const SubCodeScheme& scheme = kSubCodes[static_cast<std::size_t>(code)];
+  WriteCode(Carries(row.segment->activityNum, scheme.code), row.segment->*scheme.stored, csv);
 }
 
 Columns SegmentColumns() {
-  using S = SegmentData;
   Columns columns = ObservationColumns();
   Append(columns, {{"segment", "Number of the segment in the episode", "number", WriteNumber},
                    {"activity", "Activity", "code",
                     [](const TidyRow& row, int, Csv& csv) {
                       csv.Number(std::int64_t{row.segment->activityNum});
                     },
-                    0, Numbered(ActivityTexts, 1)},
+                    0, ActivityValues()},
                    {"seconds", "Length in seconds", "number",
                     [](const TidyRow& row, int, Csv& csv) {
                       csv.Seconds(static_cast<double>(row.segment->duration));
                     }},
                    {"about", "What the activity was about", "text",
-                    [](const TidyRow& row, int, Csv& csv) { csv.Text(row.segment->aboutdata); }},
-                   {"writing", "Seatwork: writing", "code",
-                    WriteSegmentCode<&S::fSubCat, IsSeatwork>, 0, Numbered(WritingSubCats)},
-                   {"group_work", "Group work: kind", "code",
-                    WriteSegmentCode<&S::fSubCat, IsGroupWork>, 0, Numbered(GroupWorkSubCats)},
-                   {"group_solo", "Student presentation: group or solo", "code",
-                    WriteSegmentCode<&S::grpSolo, IsPresentation>, 0, Numbered(kGroupSolo)},
-                   {"preparation", "Student presentation: preparation", "code",
-                    WriteSegmentCode<&S::prep, IsPresentation>, 0, Numbered(kPreparation)},
-                   {"organization", "Student presentation: organization", "code",
-                    WriteSegmentCode<&S::org, IsPresentation>, 0, Numbered(kOrganization)},
-                   {"seatwork_source", "Seatwork: source", "code",
-                    WriteSegmentCode<&S::src, IsSeatwork>, 0, Numbered(SeatworkSources)},
-                   {"seatwork_level", "Seatwork: cognitive level", "code",
-                    WriteSegmentCode<&S::coglvl, IsSeatwork>, 0, Numbered(SeatworkCognitiveLevels)},
-                   {"seatwork_organization", "Seatwork: organization", "code",
-                    WriteSegmentCode<&S::org, IsSeatwork>, 0, Numbered(SeatworkOrganizations)}});
+                    [](const TidyRow& row, int, Csv& csv) { csv.Text(row.segment->aboutdata); }}});
+  for (const SubCodeScheme& code : kSubCodes) {
+    columns.push_back({std::string(code.name), std::string(code.label), "code", WriteSubCode,
+                       static_cast<int>(code.code), ValuesOf(code.code)});
+  }
   return columns;
 }
 
 void WriteActivitySeconds(const TidyRow& row, int activity, Csv& csv) {
-  double seconds = 0;
-  for (const SegmentData& segment : row.episode.segments) {
-    if (segment.activityNum == activity) seconds += static_cast<double>(segment.duration);
-  }
-  csv.Seconds(seconds);
+  ActivityTimes times{};
+  AddTimes(row.episode.segments, times);
+  csv.Seconds(times[static_cast<std::size_t>(activity - 1)]);
 }
 
 Columns EpisodeColumns() {
@@ -283,11 +274,10 @@ Columns EpisodeColumns() {
           csv.Number(std::int64_t{
               std::ranges::count(row.episode.questions, "H", &questionInfo::strCogLev)});
         }}});
-  for (int activity = 1; activity <= kActivityCount; ++activity) {
-    const auto position = static_cast<std::size_t>(activity - 1);
-    columns.push_back({"seconds_" + TwoDigits(activity),
-                       "Seconds of " + std::string(ActivityTexts[position]), "number",
-                       WriteActivitySeconds, activity});
+  for (const Activity& activity : kActivities) {
+    columns.push_back({"seconds_" + TwoDigits(activity.number),
+                       "Seconds of " + std::string(activity.name), "number", WriteActivitySeconds,
+                       activity.number});
   }
   return columns;
 }

@@ -166,7 +166,7 @@ TEST(Commands, CheckNamesWhatIsMissingAndGoesOnAfterABadFile) {
   observation.header.identity = {"AB", "5", "12", "3", "28"};
   observation.Episodes.resize(2);
   for (Episode& episode : observation.Episodes) {
-    episode.segments.emplace_back().SetData(kQuestionAnswer, 60, {});
+    episode.segments.emplace_back().SetData(kQuestionAnswer, 60);
   }
   auto& questions = observation.Episodes[1].questions;
   questions.emplace_back().SetValue("Why?", "T", "Y", "N", "", "R", "Ana", "N", "", "", 2, 1);

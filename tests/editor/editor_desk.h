@@ -52,7 +52,7 @@ struct EditorDesk : Desk {
 
 inline SegmentData Segment(int activity, int seconds) {
   SegmentData segment;
-  segment.SetData(static_cast<std::int16_t>(activity), static_cast<float>(seconds), {});
+  segment.SetData(static_cast<std::int16_t>(activity), static_cast<float>(seconds));
   return segment;
 }
 

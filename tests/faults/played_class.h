@@ -138,7 +138,7 @@ class PlayedClass {
       [this] { live_->cmdStartNewEp_Click(); },
       [this] { Describe("Courage, and what it costs"); },
       [this] { live_->ChooseActivity(14); },
-      [this] { live_->ChooseWritingKind(1); },
+      [this] { live_->ChooseCode(SubCode::writing, 1); },
       [this] { live_->TypeHeader(HeaderBox::observNum, "4"); },
       [this] { live_->LeaveHeader(HeaderBox::observNum); },
       [this] { live_->SurveyAnswers().ratings[3] = 2; },

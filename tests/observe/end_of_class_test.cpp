@@ -119,7 +119,7 @@ TEST_F(EndOfClassTest, ARefusedEndLeavesNoTraceInTheEpisodeBefore) {
   live.UpdateActivityControls();
   live.cmdBailout_Click();
   EXPECT_EQ(live.CurSegment(), 2);
-  EXPECT_EQ(live.CurActivity(), "9");
+  EXPECT_EQ(live.CurActivity(), 9);
   EXPECT_EQ(log.File().Trouble(), "");
   EXPECT_NE(FileBytes(log.File().Path()).find("***** CLASS NOT ENDED, IT GOES ON *****"),
             std::string::npos);
@@ -252,8 +252,8 @@ struct KeptScene : test::SaveScene {
     if (older) test::PutOldFile(desk.folder / "EPS/7/12/7-12-3.eps", "the old file");
     kept.program.identity = {"AB", "7", "12", "3", "25"};
     kept.program.Episodes.emplace_back().Descript = "Poems";
-    kept.running.curActivity = "3";
-    kept.running.estimateKind = 6;
+    kept.running.curActivity = 3;
+    kept.running.choice = ActivityChoice::made;
     kept.running.segmentStart = 32400;
     kept.moment.secondsSinceMidnight = 33000;
     kept.number = 1;

@@ -62,11 +62,8 @@ struct OfftaskTest : testing::Test, test::Desk {
     live->cmdStartNewSg_Click();
     live->ChooseActivity(activity);
   }
-  std::vector<float> EstimatesOfKind(int kind) const {
-    for (std::size_t i = 0; i < kOfftaskCategories.size(); ++i) {
-      if (kOfftaskCategories[i] == kind) return program.OfftaskByCat[i];
-    }
-    return {};
+  const std::vector<float>& EstimatesIn(int activity) const {
+    return program.OfftaskByCat.at(OfftaskPosition(activity).value());
   }
 
   std::optional<LiveObservation> live;
@@ -75,7 +72,7 @@ struct OfftaskTest : testing::Test, test::Desk {
 TEST_F(OfftaskTest, FallDueAtTheActivitysCadenceForAWholeHour) {
   for (int activity = 1; activity <= kActivityCount; ++activity) {
     SCOPED_TRACE(activity);
-    const bool often = activity == 4 || activity == 8 || IsSeatwork(activity);
+    const bool often = activity == 4 || activity == 8 || (activity >= 14 && activity <= 16);
     const int cadence = often ? 2 : activity == kQuestionAnswer ? 5 : 100;
     std::string expected;
     int pending = 0;
@@ -166,7 +163,7 @@ TEST_F(OfftaskTest, AreLoggedAndKeptUnderTheirKind) {
   prompter.ExpectEstimate({.offtask = "5", .students = "25"});
   Take();
   EXPECT_EQ(NewLogText(), "\nOFFTASK: 0.2 [ 5 / 25 ] Act # 5 Question/Answer 10:23:45\n\n");
-  EXPECT_EQ(EstimatesOfKind(5), std::vector<float>{0.2F});
+  EXPECT_EQ(EstimatesIn(5), std::vector<float>{0.2F});
 
   prompter.ExpectEstimate({.offtask = "8", .students = "24"});
   Take();
@@ -191,8 +188,8 @@ TEST_F(OfftaskTest, AreLoggedAndKeptUnderTheirKind) {
   live->ChooseActivity(16);
   prompter.ExpectEstimate({.offtask = "12", .students = "24"});
   Take();
-  EXPECT_EQ(EstimatesOfKind(4), std::vector<float>{0.5F});
-  EXPECT_EQ(EstimatesOfKind(5).size(), 3U);
+  EXPECT_EQ(EstimatesIn(16), std::vector<float>{0.5F});
+  EXPECT_EQ(EstimatesIn(5).size(), 3U);
   EXPECT_EQ(prompter.askedEstimates.back().students, "24");
 }
 

@@ -228,8 +228,8 @@ TEST_F(EntryTest, AbortGivesTheSegmentItsPreviousActivityBack) {
   Open("", 8);
   Click(Command::Command5);
   EXPECT_EQ(NewLogText(), "REVISED ACTIVITY # for Ep. 1 Sg. 2 :  8 09:00:00\n");
-  EXPECT_EQ(live.CurActivity(), "8");
-  EXPECT_EQ(live.EstimateKind(), -1);
+  EXPECT_EQ(live.CurActivity(), 8);
+  EXPECT_EQ(live.Running().choice, ActivityChoice::abandoned);
   EXPECT_EQ(live.SelectedActivity(), 0);
   EXPECT_EQ(live.Description(), "Macbeth");
   EXPECT_EQ(screens.Take(), kLeave);

@@ -14,7 +14,7 @@ const Identity kIdentity = {"AB", "7", "12", "3", "25"};
 
 SegmentData Segment(std::int16_t activity, float seconds) {
   SegmentData segment;
-  segment.SetData(activity, seconds, {});
+  segment.SetData(activity, seconds);
   return segment;
 }
 

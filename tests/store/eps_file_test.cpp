@@ -106,7 +106,8 @@ TEST(EpsFile, NoTextBreaksTheFileAndARepairDropsTheAboutText) {
   typed.header.encoding = Encoding::windows1252;
   Episode& episode = typed.Episodes.emplace_back();
   episode.Descript = "Caf\u00e9,\r\nscene 2\n";
-  episode.segments.emplace_back().SetData(6, 60, {.about = "\nfate\r"});
+  episode.segments.emplace_back().SetData(6, 60);
+  episode.segments.back().aboutdata = "\nfate\r";
   auto& question = episode.questions.emplace_back();
   question.SetValue("Who?\r\n\r\nWhy?(<----- 7 ; 7 ----->)", "", "", "", "", "", "Ann\nBob", "", "",
                     "", 1, 1);

@@ -105,9 +105,15 @@ TEST(TidyTables, TellOfEveryQuestionSegmentAndEpisode) {
   episode.Descript = "Ch. 1, \"Boo\"";
   episode.bReview = "N";
   episode.offtask = 0.125F;
-  episode.segments.emplace_back().SetData(7, 90,
-                                          {.about = "", .grpSolo = 0, .prep = -1, .org7 = 1});
-  episode.segments.emplace_back().SetData(15, 30, {.about = "", .fSubCat = 1, .src = 2});
+  SegmentData& presentation = episode.segments.emplace_back();
+  presentation.SetData(7, 90);
+  presentation.grpSolo = 0;
+  presentation.org = 1;
+  SegmentData& seatwork = episode.segments.emplace_back();
+  seatwork.SetData(15, 30);
+  seatwork.fSubCat = 1;
+  seatwork.src = 2;
+  seatwork.org = kUncoded;
   for (const char* name : {"Ana", "", "=cmd"}) {
     episode.questions.emplace_back().SetValue("Où?", "S", "Y", "A", "T", "H", name, "", "O", "E", 1,
                                               2);

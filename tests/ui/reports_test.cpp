@@ -44,7 +44,7 @@ const Identity kIdentity = {"AB", "7", "12", "3", "25"};
 /// and every twentieth is of higher level.
 Episode Lesson(int questions) {
   Episode episode;
-  episode.segments.emplace_back().SetData(kQuestionAnswer, 900, {});
+  episode.segments.emplace_back().SetData(kQuestionAnswer, 900);
   episode.offtask = 0.08F;
   for (int i = 1; i <= questions; ++i) {
     const bool student = i % 3 == 0;

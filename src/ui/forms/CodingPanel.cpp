@@ -34,38 +34,37 @@ void CodingPanel::BuildChoices() {
     });
     return choices;
   };
-  const auto code = [this](void (LiveObservation::*choose)(std::int16_t)) {
-    return [&live = live_, choose](int position) {
-      (live.*choose)(static_cast<std::int16_t>(position));
-    };
+  const auto codes = [this, group](SubCode of, std::vector<QRadioButton*> buttons) {
+    codes_.push_back({of, group(std::move(buttons), [&live = live_, of](int position) {
+                        live.ChooseCode(of, static_cast<std::int16_t>(position));
+                      })});
   };
   activities_ = group(
       {ui_.Option0_0, ui_.Option0_1, ui_.Option0_2, ui_.Option0_3, ui_.Option0_4, ui_.Option0_5,
        ui_.Option0_6, ui_.Option0_7, ui_.Option0_8, ui_.Option0_9, ui_.Option0_10, ui_.Option0_11,
        ui_.Option0_12, ui_.Option0_13, ui_.Option0_14, ui_.Option0_15, ui_.Option0_16},
       [this](int position) { live_.ChooseActivity(position + 1); });
-  writingKinds_ = group({ui_.Option1_0, ui_.Option1_1}, code(&LiveObservation::ChooseWritingKind));
-  groupTypes_ = group({ui_.Option2_0, ui_.Option2_1, ui_.Option2_2, ui_.Option2_3, ui_.Option2_4},
-                      code(&LiveObservation::ChooseGroupType));
-  groupSolo_ = group({ui_.Option3_0, ui_.Option3_1}, code(&LiveObservation::ChooseGroupSolo));
-  preparation_ = group({ui_.Option4_0, ui_.Option4_1}, code(&LiveObservation::ChoosePreparation));
-  organization_ =
-      group({ui_.Option5_0, ui_.Option5_1}, code(&LiveObservation::ChoosePresentationOrg));
+  codes(SubCode::writing, {ui_.Option1_0, ui_.Option1_1});
+  codes(SubCode::groupWork,
+        {ui_.Option2_0, ui_.Option2_1, ui_.Option2_2, ui_.Option2_3, ui_.Option2_4});
+  codes(SubCode::groupSolo, {ui_.Option3_0, ui_.Option3_1});
+  codes(SubCode::preparation, {ui_.Option4_0, ui_.Option4_1});
+  codes(SubCode::organization, {ui_.Option5_0, ui_.Option5_1});
 }
 
 void CodingPanel::ConnectCombos() {
-  const auto combo = [this](QComboBox* box, void (LiveObservation::*type)(const std::string&)) {
+  lists_ = {{SubCode::seatworkSource, ui_.Combo1, ui_.lblSource},
+            {SubCode::seatworkLevel, ui_.Combo2, ui_.lblCognitive},
+            {SubCode::seatworkOrganization, ui_.Combo3, ui_.lblOrganization}};
+  for (const auto& [code, box, label] : lists_) {
     box->setCompleter(nullptr);  // what is typed counts to the letter
     box->setFocusPolicy(Qt::StrongFocus);
     box->installEventFilter(this);
     new PressGuard(box);
     new PressGuard(box->lineEdit());
     connect(box, &QComboBox::currentTextChanged, this,
-            [&live = live_, type](const QString& text) { (live.*type)(FromQt(text)); });
-  };
-  combo(ui_.Combo1, &LiveObservation::TypeSource);
-  combo(ui_.Combo2, &LiveObservation::TypeCognitiveLevel);
-  combo(ui_.Combo3, &LiveObservation::TypeSeatworkOrg);
+            [&live = live_, of = code](const QString& text) { live.TypeCode(of, FromQt(text)); });
+  }
 }
 
 void CodingPanel::FocusActivity(int activity) {
@@ -78,33 +77,24 @@ void CodingPanel::Refresh() {
     heading->setVisible(coding.choicesVisible);
   }
   activities_->SetVisible(coding.choicesVisible);
-  activities_->ShowSelected(live_.SelectedActivity() - 1);
-  ui_.Command9->setVisible(coding.aboutVisible);
+  const int activity = live_.SelectedActivity();
+  activities_->ShowSelected(activity - 1);
+  ui_.Command9->setVisible(ActivityOf(activity).carriesAbout);
 
-  for (QGroupBox* box : {ui_.Frame7, ui_.Frame8, ui_.Frame9}) {
-    box->setVisible(coding.presentationVisible);
-  }
-  groupSolo_->ShowSelected(coding.grpSolo);
-  preparation_->ShowSelected(coding.prep);
-  organization_->ShowSelected(coding.presentationOrg);
-
+  ui_.Frame7->setVisible(Carries(activity, SubCode::groupSolo));
+  ui_.Frame8->setVisible(Carries(activity, SubCode::preparation));
+  ui_.Frame9->setVisible(Carries(activity, SubCode::organization));
   ui_.Frame4->setVisible(coding.choicesVisible);
-  writingKinds_->SetEnabled(coding.seatworkEnabled);
-  writingKinds_->ShowSelected(coding.writingKind);
-  for (QLabel* label : {ui_.lblSource, ui_.lblCognitive, ui_.lblOrganization}) {
-    label->setEnabled(coding.seatworkEnabled);
-  }
-  const auto combo = [&coding](QComboBox* box, const std::string& text) {
-    box->setEnabled(coding.seatworkEnabled);
-    ShowText(box, text);
-  };
-  combo(ui_.Combo1, coding.source);
-  combo(ui_.Combo2, coding.cognitiveLevel);
-  combo(ui_.Combo3, coding.seatworkOrg);
-
   ui_.Frame5->setVisible(coding.choicesVisible);
-  groupTypes_->SetEnabled(coding.groupTypesEnabled);
-  groupTypes_->ShowSelected(coding.groupType);
+  for (const auto& [code, buttons] : codes_) {
+    buttons->SetEnabled(Carries(activity, code));
+    buttons->ShowSelected(coding.Chosen(code));
+  }
+  for (const auto& [code, box, label] : lists_) {
+    label->setEnabled(Carries(activity, code));
+    box->setEnabled(Carries(activity, code));
+    ShowText(box, coding.Typed(code));
+  }
 }
 
 bool CodingPanel::eventFilter(QObject* watched, QEvent* event) {

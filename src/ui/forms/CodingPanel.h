@@ -2,7 +2,12 @@
 
 #include <QObject>
 #include <functional>
+#include <vector>
 
+#include "model/activities.h"
+
+class QComboBox;
+class QLabel;
 namespace Ui {
 class frmClassAct;
 }
@@ -34,12 +39,18 @@ class CodingPanel : public QObject {
   Ui::frmClassAct& ui_;
   LiveObservation& live_;
   std::function<void()> chosen_;
-  ChoiceGroup* activities_ = nullptr;    // Option0
-  ChoiceGroup* writingKinds_ = nullptr;  // Option1
-  ChoiceGroup* groupTypes_ = nullptr;    // Option2
-  ChoiceGroup* groupSolo_ = nullptr;     // Option3
-  ChoiceGroup* preparation_ = nullptr;   // Option4
-  ChoiceGroup* organization_ = nullptr;  // Option5
+  ChoiceGroup* activities_ = nullptr;
+  struct CodeButtons {
+    SubCode code;
+    ChoiceGroup* buttons;
+  };
+  std::vector<CodeButtons> codes_;
+  struct CodeList {
+    SubCode code;
+    QComboBox* box;
+    QLabel* label;
+  };
+  std::vector<CodeList> lists_;
 };
 
 }  // namespace orvex

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "editor/episode_editor.h"
-#include "model/coding_scheme.h"
+#include "model/activities.h"
 #include "ui/ReadFromStart.h"
 #include "ui/keys/PressGuard.h"
 #include "ui/show.h"
@@ -90,11 +90,14 @@ void SegmentCodingPanel::BuildLists() {
     Fill(box, rows);
     ConnectList(box, choose);
   };
-  list(ui_.cmbActivityCoding, ActivityTexts, &EpisodeEditor::ChooseActivity);
+  std::vector<std::string_view> activities;
+  for (const Activity& activity : kActivities) activities.push_back(activity.name);
+  list(ui_.cmbActivityCoding, activities, &EpisodeEditor::ChooseActivity);
   list(ui_.cmboSubCat, {}, &EpisodeEditor::ChooseSubCategory);
-  list(ui_.cmbSrc, SeatworkSources, &EpisodeEditor::ChooseSource);
-  list(ui_.cmbCog, SeatworkCognitiveLevels, &EpisodeEditor::ChooseCognitiveLevel);
-  list(ui_.cmbSeatOrg, SeatworkOrganizations, &EpisodeEditor::ChooseSeatOrganization);
+  list(ui_.cmbSrc, SchemeOf(SubCode::seatworkSource).values, &EpisodeEditor::ChooseSource);
+  list(ui_.cmbCog, SchemeOf(SubCode::seatworkLevel).values, &EpisodeEditor::ChooseCognitiveLevel);
+  list(ui_.cmbSeatOrg, SchemeOf(SubCode::seatworkOrganization).values,
+       &EpisodeEditor::ChooseSeatOrganization);
   // The row behind the codes takes a code back; it is also what is shown without one.
   for (QComboBox* box : {ui_.cmbSrc, ui_.cmbCog}) box->addItem(QStringLiteral("no coding"));
 }
@@ -152,11 +155,12 @@ void SegmentCodingPanel::Refresh() {
   RefreshSubCategories(coding);
 
   ui_.frSeat->setVisible(coding.showsSeatwork);
-  const auto orNoCoding = [](int position, const auto& codes) {
-    return position == SegmentCodingView::kNoChoice ? static_cast<int>(codes.size()) : position;
+  const auto orNoCoding = [](int position, SubCode code) {
+    return position == SegmentCodingView::kNoChoice ? static_cast<int>(SchemeOf(code).values.size())
+                                                    : position;
   };
-  ShowChoice(ui_.cmbSrc, orNoCoding(coding.source, SeatworkSources));
-  ShowChoice(ui_.cmbCog, orNoCoding(coding.cognitiveLevel, SeatworkCognitiveLevels));
+  ShowChoice(ui_.cmbSrc, orNoCoding(coding.source, SubCode::seatworkSource));
+  ShowChoice(ui_.cmbCog, orNoCoding(coding.cognitiveLevel, SubCode::seatworkLevel));
   ShowChoice(ui_.cmbSeatOrg, coding.seatOrganization);
 
   groupSolo_->ShowSelected(coding.group);
