@@ -28,11 +28,7 @@ class OwnFiles {
 
   /// `stored` is the checksum of what the class has stored in such a file last.
   void Replace(const fs::path& path, const std::string& bytes, std::uint64_t& stored) {
-    if (IsOwn(path, bytes, stored)) {
-      ReplaceFile(services_.storage, path, bytes);
-    } else {
-      older_.push_back(ReplaceKeepingOlder(services_.storage, path, bytes));
-    }
+    older_.push_back(ReplaceOwn(services_.storage, path, bytes, IsOwn(path, bytes, stored)));
     stored = Checksum(bytes);
   }
 

@@ -67,7 +67,11 @@ std::string KeepOlder(Storage& storage, const fs::path& path) {
   return name;
 }
 
-std::string ReplaceKeepingOlder(Storage& storage, const fs::path& path, std::string_view bytes) {
+std::string ReplaceOwn(Storage& storage, const fs::path& path, std::string_view bytes, bool own) {
+  if (own) {
+    ReplaceFile(storage, path, bytes);
+    return "";
+  }
   FileReplacement file(storage, path);
   file.Write(bytes);
   file.BringToDisk();

@@ -22,9 +22,10 @@ std::filesystem::path ObservedPath(std::filesystem::path file);
 /// another file there.
 std::string KeepOlder(Storage& storage, const std::filesystem::path& path);
 
-/// Replaces a file as ReplaceFile does, but keeps what was there beside it. Returns the name that
-/// it got, or "". When it fails, the older file has its place again, or else its new name.
-std::string ReplaceKeepingOlder(Storage& storage, const std::filesystem::path& path,
-                                std::string_view bytes);
+/// Replaces a file as ReplaceFile does. What is there and not its `own` is kept beside it: the
+/// result is the name that it got, or "". When it fails, the older file has its place again, or
+/// else its new name.
+std::string ReplaceOwn(Storage& storage, const std::filesystem::path& path, std::string_view bytes,
+                       bool own);
 
 }  // namespace orvex

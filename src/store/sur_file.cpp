@@ -150,8 +150,4 @@ std::string FormatSur(const SurFile& file) {
   return Encode(std::move(text), file.encoding);
 }
 
-void WriteSurFile(Storage& storage, const std::filesystem::path& path, const SurFile& file) {
-  ReplaceFile(storage, path, FormatSur(file));
-}
-
 }  // namespace orvex

@@ -9,8 +9,6 @@
 
 namespace orvex {
 
-class Storage;
-
 /// For dialogs that choose a survey file.
 inline constexpr const char* kSurFilter = "SUR files (*.SUR)|*.SUR";
 
@@ -28,7 +26,5 @@ SurFile ReadSurFile(const std::filesystem::path& path);
 
 /// The bytes of a survey file.
 std::string FormatSur(const SurFile& file);
-/// Replaces the file at `path`. Throws FileError; the old file then stays.
-void WriteSurFile(Storage& storage, const std::filesystem::path& path, const SurFile& file);
 
 }  // namespace orvex

@@ -107,21 +107,16 @@ void SurveyForm::RequestClose() {
 bool SurveyForm::Save() {
   if (path_.empty()) path_ = SurPathInFolder(services_.program.DataPath, file_->identity);
   std::string older;
-  const std::filesystem::path saved =
-      SaveFile(services_.prompter,
-               {.failure = "The survey could not be written.", .path = path_, .filter = kSurFilter},
-               [this, &older](const std::filesystem::path& path) {
-                 // A survey is saved under its numbers: where the file it was opened from has
-                 // another name, somebody else's survey may lie there.
-                 std::error_code unknown;
-                 const bool isAnother =
-                     keeper_ && !std::filesystem::equivalent(keeper_->Path(), path, unknown);
-                 if (isAnother) {
-                   older = ReplaceKeepingOlder(services_.storage, path, FormatSur(*file_));
-                 } else {
-                   WriteSurFile(services_.storage, path, *file_);
-                 }
-               });
+  const std::filesystem::path saved = SaveFile(
+      services_.prompter,
+      {.failure = "The survey could not be written.", .path = path_, .filter = kSurFilter},
+      [this, &older](const std::filesystem::path& path) {
+        // A survey is saved under its numbers: where the file it was opened from has
+        // another name, somebody else's survey may lie there.
+        std::error_code unknown;
+        const bool isOwn = !keeper_ || std::filesystem::equivalent(keeper_->Path(), path, unknown);
+        older = ReplaceOwn(services_.storage, path, FormatSur(*file_), isOwn);
+      });
   if (saved.empty()) return false;
   path_ = saved;
   saved_ = answers_;
