@@ -13,7 +13,6 @@
 #include "model/program.h"
 #include "model/version.h"
 #include "recovery/recovery_file.h"
-#include "start/field_notes_file.h"
 #include "start/start_up.h"
 #include "store/durable_file.h"
 #include "store/session_log.h"
@@ -25,7 +24,6 @@
 #include "ui/QtClock.h"
 #include "ui/QtPrompter.h"
 #include "ui/keys/HeldKeys.h"
-#include "ui/offer_unfinished.h"
 #include "ui/widgets/Logo.h"
 
 namespace orvex {
@@ -57,8 +55,8 @@ bool ShowInForm(Program& program, Screens& screens, const std::filesystem::path&
   const std::filesystem::path path = std::filesystem::absolute(file);
   const FileKind kind = KindOf(file);
   program.DataPath = path.parent_path();  // where it is saved again
-  if (kind == FileKind::survey) return screens.ShowSurveyFile(path, Unsaved::isOffered);
-  return screens.ShowEpisodeEditor(path, Unsaved::isOffered);
+  if (kind == FileKind::survey) return screens.ShowSurveyFile(path, Kept::areOffered);
+  return screens.ShowEpisodeEditor(path, Kept::areOffered);
 }
 
 /// With `file` the program begins with its form.
@@ -80,8 +78,9 @@ int RunWindow(const std::filesystem::path& file) {
     forms.Show(Screen::mainMenu);
     SettleDataPath(program, programFolder);
     // The offer comes behind the notes: it would take the keys that are meant for them.
-    if (kind == FileKind::fieldNotes) EditFieldNotes(services, std::filesystem::absolute(file));
-    OnceInUse(*qApp, [services] { OfferUnfinishedWork(services); });
+    if (kind == FileKind::fieldNotes)
+      forms.ShowFieldNotes(std::filesystem::absolute(file), Kept::areOffered);
+    OnceInUse(*qApp, [services] { OfferAllUnfinished(services); });
   }
   // A question before this has its own loop, and the program may have been ended in it.
   const int code = forms.IsEnding() ? EXIT_SUCCESS : QApplication::exec();

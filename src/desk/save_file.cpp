@@ -94,6 +94,8 @@ fs::path Beside(const fs::path& path, const std::string& extension) {
 }
 
 void TellProtection(Prompter& prompter, const std::filesystem::path& path) {
+  std::error_code unknown;
+  if (!fs::exists(path, unknown)) return;
   try {
     RequireReplaceable(path);
   } catch (const FileError& error) {

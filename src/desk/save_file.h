@@ -33,7 +33,7 @@ struct FileChanged : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Tells that a file, or its folder, is write-protected, when it is.
+/// Tells that a file that is being opened, or its folder, is write-protected, when it is.
 void TellProtection(Prompter& prompter, const std::filesystem::path& path);
 
 /// The file that is kept beside the episode file at `path`, under the same stem.

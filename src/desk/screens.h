@@ -31,8 +31,8 @@ enum class SurveyCaller { liveObservation, questionEntry };
 /// The two tables that are made from the main menu.
 enum class ExportKind { epsData, surData };
 
-/// What becomes of changes to a file that is opened, when they were kept and not saved.
-enum class Unsaved { isOffered, isTakenUp };
+/// What becomes of the changes that are kept of a file, when it is opened.
+enum class Kept { areOffered, areTakenUp };
 
 /// How the logic moves between forms without knowing them.
 class Screens {
@@ -63,10 +63,12 @@ class Screens {
   virtual void ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) = 0;
   /// Loads the survey form from a survey file and shows it. False, when the user has been told that
   /// the file could not be read, or leaves it for later.
-  virtual bool ShowSurveyFile(const std::filesystem::path& file, Unsaved unsaved) = 0;
+  virtual bool ShowSurveyFile(const std::filesystem::path& file, Kept kept) = 0;
   /// Loads the episode editor with an episode file and shows it. False, when the user has been told
   /// that the file could not be opened, or leaves it for later.
-  virtual bool ShowEpisodeEditor(const std::filesystem::path& file, Unsaved unsaved) = 0;
+  virtual bool ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) = 0;
+  /// Edits a field-notes file in the dialog of the notes, and returns when that is left.
+  virtual void ShowFieldNotes(const std::filesystem::path& file, Kept kept) = 0;
 };
 
 }  // namespace orvex

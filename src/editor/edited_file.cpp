@@ -8,7 +8,7 @@
 #include "desk/save_file.h"
 #include "desk/screens.h"
 #include "editor/told_at_opening.h"
-#include "recovery/kept_content.h"
+#include "recovery/unfinished_file.h"
 #include "store/checksum.h"
 #include "store/durable_file.h"
 #include "store/eps_differences.h"
@@ -107,15 +107,13 @@ void TellDifferences(Prompter& prompter, const fs::path& path, const std::string
   if (const auto message = MessageOf(DifferencesOf(bytes, read), path)) prompter.Ask(*message);
 }
 
-/// Reads the file at `path`, or takes up `changes` to it, also when it is gone.
-OpenedFile Read(const Services& services, const fs::path& path,
-                const std::optional<UnsavedChanges>& changes) {
+/// Reads the file at `path`, or the changes to it that are taken up, also when it is gone.
+OpenedFile Read(const Services& services, const fs::path& path, const TakenUp& takenUp) {
+  const auto& changes = takenUp.changes;
   ReadingAloud events(services.prompter);
-  std::string bytes;
-  std::error_code unknown;
-  if (!changes || fs::exists(path, unknown)) bytes = ReadFile(path);
+  const std::string bytes = takenUp.FileBytes(path);
   EpsObservation read = ParseEps(changes ? *changes->bytes : bytes, events);
-  if (fs::exists(path, unknown)) TellProtection(services.prompter, path);
+  TellProtection(services.prompter, path);
   if (!changes) TellDifferences(services.prompter, path, bytes, read);
   OpenedFile opened = {.file = {path, std::move(read.header), bytes},
                        .episodes = std::move(read.Episodes),
@@ -127,18 +125,18 @@ OpenedFile Read(const Services& services, const fs::path& path,
 
 }  // namespace
 
-Opening OpenForEditing(const Services& services, const fs::path& path, Unsaved unsaved) {
+Opening OpenForEditing(const Services& services, const fs::path& path, Kept kept) {
   Opening opening;
-  const Resumption resumed = Resume(services, path, unsaved);
-  if (!resumed.isOpened) return opening;
+  const TakenUp takenUp = TakeUpChanges(services, path, kept);
+  if (takenUp.isLeft) return opening;
   try {
-    opening.opened.emplace(Read(services, path, resumed.changes));
+    opening.opened.emplace(Read(services, path, takenUp));
   } catch (const FileError& error) {
     services.prompter.Tell("The file could not be read.", error.what());
   } catch (const FormatError& error) {
-    services.prompter.Tell(resumed.changes ? kUnsavedUnreadable : "Invalid file format.",
+    services.prompter.Tell(takenUp.changes ? kChangesUnreadable : "Invalid file format.",
                            Shown(path.native()) + ": " + error.what());
-    opening.programEnds = !resumed.changes;
+    opening.programEnds = !takenUp.changes;
   } catch (const ReadingDeclined&) {
     opening.programEnds = true;
   }

@@ -5,8 +5,9 @@
 #include <optional>
 #include <string>
 
+#include "desk/screens.h"
 #include "desk/services.h"
-#include "recovery/file_keeper.h"
+#include "recovery/kept_changes.h"
 #include "store/eps_file.h"
 
 namespace orvex {
@@ -57,7 +58,7 @@ struct Opening {
 /// Reads an episode file, asking and telling the user what there is to ask and tell. Changes to it
 /// that were not saved are opened instead, when the user takes them up.
 Opening OpenForEditing(const Services& services, const std::filesystem::path& path,
-                       Unsaved unsaved = Unsaved::isOffered);
+                       Kept kept = Kept::areOffered);
 
 /// Lets the user choose an episode file, beginning in the data folder. Empty when none was chosen.
 std::filesystem::path ChooseEpisodeFile(const Services& services);

@@ -9,7 +9,7 @@ namespace orvex {
 
 bool OpenEpisodeFile(const Services& services) {
   const std::filesystem::path path = ChooseEpisodeFile(services);
-  if (path.empty() || !services.screens.ShowEpisodeEditor(path, Unsaved::isOffered)) return false;
+  if (path.empty() || !services.screens.ShowEpisodeEditor(path, Kept::areOffered)) return false;
   services.screens.Close(Screen::mainMenu);
   return true;
 }

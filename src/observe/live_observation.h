@@ -10,7 +10,7 @@
 #include "desk/services.h"
 #include "model/program.h"
 #include "observe/observation_header.h"
-#include "recovery/class_keeper.h"
+#include "recovery/kept_class.h"
 #include "running/running_class.h"
 
 namespace orvex {

@@ -6,11 +6,10 @@
 #include "desk/prompter.h"
 #include "desk/screens.h"
 #include "model/program.h"
-#include "recovery/claim.h"
 #include "recovery/kept_content.h"
 #include "recovery/recovery_file.h"
 #include "recovery/remembered_folders.h"
-#include "recovery/unended_class.h"
+#include "recovery/unfinished_class.h"
 #include "running/store_class.h"
 #include "store/file_error.h"
 #include "store/numbers.h"
@@ -108,10 +107,10 @@ void SetUp::CheckForEpisodeFile() {
 
 /// True when a class of these numbers was not ended: that one is offered instead of a new one,
 /// which would take the place of its log.
-bool SetUp::OfferUnended() {
+bool SetUp::OfferUnfinishedClass() {
   const auto path = RecoveryPath(services_.program.DataPath, identity_);
-  if (!IsKeptAt(path) || IsClaimed(path)) return false;
-  if (OfferUnfinished(services_.prompter, UnendedClassAt(services_, path))) {
+  if (!IsUnfinishedAt(path)) return false;
+  if (OfferUnfinished(services_.prompter, UnfinishedClassAt(services_, path))) {
     services_.screens.Hide(Screen::setUp);
   }
   CheckForEpisodeFile();
@@ -123,7 +122,7 @@ void SetUp::Start() {
   NormaliseNumbers(identity_);
   const bool settled = SettleDataFolder(services_, false);
   dataFolder_ = DataFolderText(services_);
-  if (!settled || OfferUnended()) return;
+  if (!settled || OfferUnfinishedClass()) return;
   const std::filesystem::path logPath = BakPath(services_.program.DataPath, identity_);
   std::string older;
   try {

@@ -45,7 +45,7 @@ class SetUp {
  private:
   void MoveTo(HeaderBox box, Caret caret = Caret::atEnd);
   void CheckForEpisodeFile();
-  bool OfferUnended();
+  bool OfferUnfinishedClass();
 
   Services services_;
   Identity& identity_;

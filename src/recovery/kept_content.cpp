@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "store/checksum.h"
+#include "store/claim.h"
 #include "store/durable_file.h"
 #include "store/format_error.h"
 #include "store/paths.h"
@@ -91,6 +92,10 @@ bool IsKeptAt(const fs::path& path) {
   } catch (const std::runtime_error&) {
     return false;
   }
+}
+
+bool IsUnfinishedAt(const fs::path& path) {
+  return IsKeptAt(path) && !IsClaimed(path);
 }
 
 bool IsAnythingKeptIn(const fs::path& folder) {

@@ -33,6 +33,8 @@ std::vector<std::filesystem::path> FilesKeptAt(const std::filesystem::path& path
 /// True when something is kept at `path`, whole or damaged. What a killed program left half written
 /// on its way counts as nothing.
 bool IsKeptAt(const std::filesystem::path& path);
+/// The same, and no running program works with it.
+bool IsUnfinishedAt(const std::filesystem::path& path);
 /// True when a file of anything that is kept lies in `folder` itself.
 bool IsAnythingKeptIn(const std::filesystem::path& folder);
 /// The paths at which something is kept in `folder` itself, in their order.

@@ -13,9 +13,9 @@
 #include <utility>
 #include <vector>
 
-#include "recovery/claim.h"
 #include "recovery/kept_content.h"
 #include "store/background_writer.h"
+#include "store/claim.h"
 #include "store/file_error.h"
 #include "store/storage.h"
 

@@ -24,7 +24,7 @@ bool OfferUnfinished(Prompter& prompter, std::vector<Unfinished> all) {
     if (!choice) return false;
     const Unfinished chosen = all[choice->item];
     all.erase(all.begin() + static_cast<std::ptrdiff_t>(choice->item));
-    if (choice->answer == Answer::yes && chosen.goOn()) return true;
+    if (choice->answer == Answer::yes && chosen.takeUp()) return true;
     if (choice->answer == Answer::no) chosen.close();
   }
   return false;

@@ -3,14 +3,12 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <utility>
 
 #include "desk/choose_file.h"
 #include "desk/prompter.h"
 #include "desk/save_file.h"
-#include "recovery/file_keeper.h"
-#include "store/durable_file.h"
+#include "recovery/unfinished_file.h"
 #include "store/field_notes.h"
 #include "store/file_error.h"
 
@@ -21,23 +19,22 @@ void EditFieldNotesFile(const Services& services) {
   if (!path.empty()) EditFieldNotes(services, path);
 }
 
-void EditFieldNotes(const Services& services, const std::filesystem::path& path, Unsaved unsaved) {
-  const Resumption resumed = Resume(services, path, unsaved);
-  if (!resumed.isOpened) return;
+void EditFieldNotes(const Services& services, const std::filesystem::path& path, Kept kept) {
+  const TakenUp takenUp = TakeUpChanges(services, path, kept);
+  if (takenUp.isLeft) return;
   std::string bytes;
-  std::error_code unknown;
   try {
-    if (!resumed.changes || std::filesystem::exists(path, unknown)) bytes = ReadFile(path);
+    bytes = takenUp.FileBytes(path);
   } catch (const FileError& error) {
     // Half the notes in the dialog would be half a file after "&Save".
     services.prompter.Tell("The field notes could not be read.", error.what());
     return;
   }
-  if (!bytes.empty()) TellProtection(services.prompter, path);
-  FileKeeper keeper(services, path, bytes, resumed.changes);
+  TellProtection(services.prompter, path);
+  FileKeeper keeper(services, path, bytes, takenUp.changes);
   FieldNotes notes = ParseFieldNotes(std::move(bytes));
   NotesPrompt prompt = {.notes = notes.text};
-  if (resumed.changes) prompt.draft = ParseFieldNotes(*resumed.changes->bytes).text;
+  if (takenUp.changes) prompt.draft = ParseFieldNotes(*takenUp.changes->bytes).text;
   prompt.typed = [&](const std::string& text) {
     std::optional<std::string> changed;
     if (text != prompt.notes) changed = FormatFieldNotes({text, notes.encoding});

@@ -12,6 +12,6 @@ void EditFieldNotesFile(const Services& services);
 /// The same with the file at `path`. Changes that were not saved are in the dialog, when the user
 /// takes them up.
 void EditFieldNotes(const Services& services, const std::filesystem::path& path,
-                    Unsaved unsaved = Unsaved::isOffered);
+                    Kept kept = Kept::areOffered);
 
 }  // namespace orvex

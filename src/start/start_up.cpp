@@ -1,9 +1,16 @@
 #include "start/start_up.h"
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "desk/data_folder.h"
+#include "recovery/unfinished.h"
+#include "recovery/unfinished_class.h"
+#include "recovery/unfinished_file.h"
 #include "store/file_error.h"
 
 namespace orvex {
@@ -24,6 +31,12 @@ void SettleDataPath(Program& program, const fs::path& programFolder) {
   program.QuitRequested = false;
   const std::optional<std::string> stored = StoredDataPath(programFolder);
   program.DataPath = stored ? fs::path(*stored) : programFolder;
+}
+
+void OfferAllUnfinished(const Services& services) {
+  std::vector<Unfinished> all = UnfinishedClasses(services);
+  std::ranges::move(UnfinishedFiles(services), std::back_inserter(all));
+  OfferUnfinished(services.prompter, std::move(all));
 }
 
 }  // namespace orvex

@@ -2,11 +2,10 @@
 
 #include <filesystem>
 
+#include "desk/services.h"
 #include "model/program.h"
 
 namespace orvex {
-
-class Storage;
 
 /// Where the program lives: the executable's folder, if it can be written.
 struct Installation {
@@ -22,5 +21,9 @@ std::filesystem::path ProgramFolder(Storage& storage, const Installation& instal
 /// Settles the data folder: the one the options file names where there is such a folder, otherwise
 /// the program folder. No class has been ended yet.
 void SettleDataPath(Program& program, const std::filesystem::path& programFolder);
+
+/// Offers all work that an earlier run of the program left unfinished, of whatever kind it is: once
+/// a window is in use at start-up, and when another data folder has been chosen.
+void OfferAllUnfinished(const Services& services);
 
 }  // namespace orvex

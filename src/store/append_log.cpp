@@ -81,7 +81,7 @@ void AppendLog::Open(const std::filesystem::path& path) {
   OpenWith(path, std::nullopt);
 }
 
-void AppendLog::GoOn(const std::filesystem::path& path) {
+void AppendLog::TakeUp(const std::filesystem::path& path) {
   std::error_code unreadable;
   OpenWith(path, std::filesystem::exists(path, unreadable) ? ReadFile(path) : "");
 }

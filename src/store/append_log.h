@@ -35,8 +35,8 @@ class AppendLog {
   /// keeps its content, and a log open before stays open. That its name, or its folder's, did not
   /// reach the disk turns up later, as a trouble.
   void Open(const std::filesystem::path& path);
-  /// Opens `path` as it is, or empty when there is none, and goes on behind what it holds.
-  void GoOn(const std::filesystem::path& path);
+  /// Opens `path` as it is, or empty when there is none, to go on behind what it holds.
+  void TakeUp(const std::filesystem::path& path);
   bool IsOpen() const { return file_ != nullptr; }
   const std::filesystem::path& Path() const { return path_; }
 

@@ -5,8 +5,9 @@
 #include <optional>
 #include <utility>
 
+#include "desk/screens.h"
 #include "desk/services.h"
-#include "recovery/file_keeper.h"
+#include "recovery/kept_changes.h"
 #include "store/sur_file.h"
 
 namespace orvex {
@@ -27,6 +28,6 @@ bool ChooseSurveyFile(const Services& services);
 /// Reads a survey file, or takes up changes to it that were not saved. Nothing, when the user has
 /// been told that it could not be read, or leaves it for later.
 std::optional<OpenedSurvey> LoadSurvey(const Services& services, const std::filesystem::path& path,
-                                       Unsaved unsaved = Unsaved::isOffered);
+                                       Kept kept = Kept::areOffered);
 
 }  // namespace orvex

@@ -6,6 +6,7 @@
 
 #include "editor/edited_file.h"
 #include "recovery/recovery_file.h"
+#include "start/field_notes_file.h"
 #include "survey/open_survey.h"
 #include "ui/OnceInUse.h"
 #include "ui/Present.h"
@@ -213,8 +214,8 @@ void Forms::ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) 
   Present(*listOfFiles_);
 }
 
-bool Forms::ShowSurveyFile(const std::filesystem::path& file, Unsaved unsaved) {
-  std::optional<OpenedSurvey> survey = LoadSurvey(services_, file, unsaved);
+bool Forms::ShowSurveyFile(const std::filesystem::path& file, Kept kept) {
+  std::optional<OpenedSurvey> survey = LoadSurvey(services_, file, kept);
   if (!survey) return false;
   Unload(matrices_);
   matrices_ = std::make_unique<frmMatrices>(services_, std::move(*survey));
@@ -222,13 +223,17 @@ bool Forms::ShowSurveyFile(const std::filesystem::path& file, Unsaved unsaved) {
   return true;
 }
 
-bool Forms::ShowEpisodeEditor(const std::filesystem::path& file, Unsaved unsaved) {
-  Opening opening = OpenForEditing(services_, file, unsaved);
+bool Forms::ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) {
+  Opening opening = OpenForEditing(services_, file, kept);
   if (!opening.opened) return false;
   Unload(classEdit_);
   classEdit_ = std::make_unique<frmClassEdit>(services_, std::move(*opening.opened));
   Present(*classEdit_);
   return true;
+}
+
+void Forms::ShowFieldNotes(const std::filesystem::path& file, Kept kept) {
+  EditFieldNotes(services_, file, kept);
 }
 
 void Forms::KeepAll() {

@@ -42,8 +42,9 @@ class Forms : public Screens {
   void ShowTakenUpClass(const RunningClass& running) override;
   void ShowSurvey(SurveyCaller caller) override;
   void ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) override;
-  bool ShowSurveyFile(const std::filesystem::path& file, Unsaved unsaved) override;
-  bool ShowEpisodeEditor(const std::filesystem::path& file, Unsaved unsaved) override;
+  bool ShowSurveyFile(const std::filesystem::path& file, Kept kept) override;
+  bool ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) override;
+  void ShowFieldNotes(const std::filesystem::path& file, Kept kept) override;
 
   /// Has what is not stored or saved kept as it is, and waits until the system has it.
   void KeepAll();

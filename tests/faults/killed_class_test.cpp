@@ -18,9 +18,9 @@
 
 #include "faults/played_class.h"
 #include "faults/recorded_disk.h"
-#include "recovery/claim.h"
 #include "recovery/kept_class.h"
 #include "recovery/kept_content.h"
+#include "store/claim.h"
 #include "store/durable_file.h"
 #include "store/storage.h"
 #include "support/faulty_storage.h"

@@ -13,7 +13,7 @@
 #include "questions/question_entry.h"
 #include "recovery/kept_class.h"
 #include "recovery/recovery_file.h"
-#include "recovery/unended_class.h"
+#include "recovery/unfinished_class.h"
 #include "store/session_log.h"
 #include "store/storage.h"
 #include "support/agreeing_prompter.h"
@@ -57,7 +57,7 @@ class PlayedClass {
   /// False when no class was taken up.
   bool TakeUpAt(std::size_t i) {
     clock_.Advance(kPace * static_cast<double>(i));
-    OfferUnfinished(prompter_, UnendedClasses(services_));
+    OfferUnfinished(prompter_, UnfinishedClasses(services_));
     if (!screens_.takenUp) return false;
     live_.emplace(services_, *screens_.takenUp);
     clocks_.emplace(services_, *live_);

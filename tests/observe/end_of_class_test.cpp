@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "observe/live_observation.h"
-#include "recovery/close_kept_class.h"
 #include "recovery/kept_class.h"
 #include "recovery/kept_content.h"
+#include "recovery/unfinished_class.h"
 #include "store/older_file.h"
 #include "support/desk.h"
 #include "support/save_faults.h"

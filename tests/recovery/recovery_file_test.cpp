@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "recovery/claim.h"
 #include "recovery/kept_content.h"
+#include "store/claim.h"
 #include "store/durable_file.h"
 #include "store/file_error.h"
 #include "store/format_error.h"

@@ -32,13 +32,16 @@ class RecordingScreens : public Screens {
     moves.push_back("show list " + list.filename().string() +
                     (kind == ExportKind::surData ? " of surveys" : ""));
   }
-  bool ShowSurveyFile(const std::filesystem::path& file, Unsaved /*unsaved*/) override {
+  bool ShowSurveyFile(const std::filesystem::path& file, Kept /*kept*/) override {
     moves.push_back("show survey file " + file.filename().string());
     return surveyFileIsGood;
   }
-  bool ShowEpisodeEditor(const std::filesystem::path& file, Unsaved /*unsaved*/) override {
+  bool ShowEpisodeEditor(const std::filesystem::path& file, Kept /*kept*/) override {
     moves.push_back("show episode editor for " + file.filename().string());
     return episodeFileIsGood;
+  }
+  void ShowFieldNotes(const std::filesystem::path& file, Kept /*kept*/) override {
+    moves.push_back("show field notes " + file.filename().string());
   }
 
   /// The moves since the last call.

@@ -86,7 +86,7 @@ TEST(SurveyOnAFile, KeepsWhatLiesUnderItsNumbersWhenItHasAnotherName) {
   const fs::path another = desk.folder / "5-12-3.sur";
   test::PutFile(misnamed, FormatSur({.identity = kIdentity, .answers = {}}));
   test::PutFile(another, "another survey");
-  auto opened = LoadSurvey(desk.services, misnamed, Unsaved::isOffered);
+  auto opened = LoadSurvey(desk.services, misnamed, Kept::areOffered);
   ASSERT_TRUE(opened);
   SurveyForm form(desk.services, std::move(*opened));
   for (int rating : {1, 2}) {

@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <functional>
 
-#include "recovery/unsaved_changes.h"
+#include "recovery/kept_changes.h"
 #include "support/desk.h"
 #include "ui/EndOfSession.h"
 #include "ui/keys.h"
@@ -84,7 +84,7 @@ TEST_F(FormsTest, KeepWhatIsNotSavedWhenTheSystemEndsTheProgram) {
     PutFile(file, before);
     const EndOfSession endOfSession([this] { forms_.KeepAll(); }, [this] { forms_.EndProgram(); });
     RunUntilTheEnd([&] {
-      ASSERT_TRUE(forms_.ShowEpisodeEditor(file, Unsaved::isOffered));
+      ASSERT_TRUE(forms_.ShowEpisodeEditor(file, Kept::areOffered));
       Settle();
       Find(*Form("frmClassEdit"), "txtEpisodeName")->setFocus();
       Keys("!");
@@ -93,8 +93,8 @@ TEST_F(FormsTest, KeepWhatIsNotSavedWhenTheSystemEndsTheProgram) {
     forms_.Close(Screen::episodeEditor);
     Settle();
     EXPECT_EQ(FileBytes(file), before);
-    EXPECT_NE(ReadUnsaved(file).bytes.value_or("").find('!'), std::string::npos);
-    std::filesystem::remove(UnsavedPath(file));
+    EXPECT_NE(ReadKeptChanges(file).bytes.value_or("").find('!'), std::string::npos);
+    std::filesystem::remove(RecoveryPathBeside(file));
   }
 }
 

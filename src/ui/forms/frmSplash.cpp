@@ -4,8 +4,8 @@
 #include <QTimer>
 
 #include "editor/open_editor.h"
+#include "start/start_up.h"
 #include "tables/export_form.h"
-#include "ui/offer_unfinished.h"
 #include "ui/show.h"
 #include "ui_frmSplash.h"
 
@@ -44,7 +44,7 @@ frmSplash::frmSplash(const Services& services, QWidget* parent)
   connect(ui_->Command6, &QPushButton::clicked, this, [this, services] {
     menu_.ChangeDataPath();
     Refresh();
-    OfferUnfinishedWork(services);
+    OfferAllUnfinished(services);
   });
   connect(ui_->Command4, &QPushButton::clicked, this,
           [services] { ExportChosenList(services, ExportKind::epsData); });

@@ -1,4 +1,4 @@
-#include "recovery/record.h"
+#include "store/record.h"
 
 #include "store/format_error.h"
 

@@ -1,4 +1,4 @@
-#include "recovery/claim.h"
+#include "store/claim.h"
 
 #include <fcntl.h>
 #include <sys/file.h>

@@ -1,4 +1,4 @@
-#include "recovery/unended_class.h"
+#include "recovery/unfinished_class.h"
 
 #include <gtest/gtest.h>
 
@@ -41,7 +41,7 @@ EpisodeList EpisodesIn(const fs::path& eps) {
 constexpr std::size_t kFirst = 2;
 constexpr std::size_t kLast = PlayedClass::kSteps - 1;
 
-TEST(UnendedClass, TakenUpAtAnyStepEndsAsIfNothingHadHappened) {
+TEST(UnfinishedClass, TakenUpAtAnyStepEndsAsIfNothingHadHappened) {
   std::vector<std::string> truth;
   for (std::size_t crash = PlayedClass::kSteps; crash >= kFirst; --crash) {
     SCOPED_TRACE("crash after step " + std::to_string(crash));
@@ -63,7 +63,7 @@ TEST(UnendedClass, TakenUpAtAnyStepEndsAsIfNothingHadHappened) {
   }
 }
 
-TEST(UnendedClass, IsOfferedWithWhatIsKnownOfItAndLeftAlone) {
+TEST(UnfinishedClass, IsOfferedWithWhatIsKnownOfItAndLeftAlone) {
   Desk desk;
   PlayAndCrash(desk.folder.Path(), 15);
   const std::string kept = FileBytes(desk.folder / "BAK/7/12/7-12-3.recovery");
@@ -72,12 +72,12 @@ TEST(UnendedClass, IsOfferedWithWhatIsKnownOfItAndLeftAlone) {
       "It was observed from 09:00:00 to 09:01:00: 1 episode, 3 questions.";
   desk.clock.Set(9, 30, 0);
   desk.prompter.Expect(text, Answer::cancel);
-  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
+  OfferUnfinished(desk.prompter, UnfinishedClasses(desk.services));
   EXPECT_EQ(desk.prompter.asked.back().defaultAnswer, Answer::yes) << "the lesson may still go on";
   EXPECT_EQ(desk.prompter.asked.back().captions.size(), 3U);
   desk.clock.Set(15, 0, 0);
   desk.prompter.Expect(text, Answer::cancel);
-  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
+  OfferUnfinished(desk.prompter, UnfinishedClasses(desk.services));
   EXPECT_EQ(desk.prompter.asked.back().defaultAnswer, Answer::cancel);
 
   // A new class of the same numbers would take the place of its log.
@@ -102,7 +102,7 @@ TEST(UnendedClass, IsOfferedWithWhatIsKnownOfItAndLeftAlone) {
   EXPECT_NEAR(desk.clock.SecondsSinceMidnight() - desk.screens.takenUp->segmentStart, 21568, 1);
 }
 
-TEST(UnendedClass, IsOfferedWhereverItLiesAndSeveralInOneList) {
+TEST(UnfinishedClass, IsOfferedWhereverItLiesAndSeveralInOneList) {
   Desk desk;
   const TestFolder stick;
   const TestFolder lost;
@@ -110,7 +110,9 @@ TEST(UnendedClass, IsOfferedWhereverItLiesAndSeveralInOneList) {
   for (const fs::path& folder : {stick.Path(), lost / "gone", stick / "."}) {
     RememberFolder(desk.storage, desk.programFolder, folder);
   }
-  const auto offer = [&] { return OfferUnfinished(desk.prompter, UnendedClasses(desk.services)); };
+  const auto offer = [&] {
+    return OfferUnfinished(desk.prompter, UnfinishedClasses(desk.services));
+  };
   desk.prompter.Expect(
       "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
       "It was observed from 09:00:00 to 09:01:00: 1 episode, 3 questions.\n\n"
@@ -140,7 +142,7 @@ TEST(UnendedClass, IsOfferedWhereverItLiesAndSeveralInOneList) {
   EXPECT_EQ(desk.program.DataPath, stick.Path()) << "and gone on with there";
 }
 
-TEST(UnendedClass, IsClosedAsItStandsAndReplacesNothing) {
+TEST(UnfinishedClass, IsClosedAsItStandsAndReplacesNothing) {
   Desk desk;
   const auto eps = desk.folder / "EPS/7/12/7-12-3.eps";
   const auto kept = desk.folder / "BAK/7/12/7-12-3.recovery";
@@ -157,7 +159,7 @@ TEST(UnendedClass, IsClosedAsItStandsAndReplacesNothing) {
   desk.prompter.Expect(
       "There was another class of these numbers. What was there is kept as\n\n" + older,
       Answer::ok);
-  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
+  OfferUnfinished(desk.prompter, UnfinishedClasses(desk.services));
   EXPECT_EQ(FileBytes(notes.parent_path() / older), "older notes");
   EXPECT_FALSE(fs::exists(kept));
   const Episode episode = EpisodesIn(eps).at(0);
@@ -169,7 +171,7 @@ TEST(UnendedClass, IsClosedAsItStandsAndReplacesNothing) {
   EXPECT_TRUE(desk.program.Episodes.empty()) << "nothing is observed";
 }
 
-TEST(UnendedClass, ClosedWithAQuestionThatWasBeingEnteredStoresIt) {
+TEST(UnfinishedClass, ClosedWithAQuestionThatWasBeingEnteredStoresIt) {
   Desk desk;
   PlayAndCrash(desk.folder.Path(), 12);
   desk.prompter.Expect(
@@ -180,7 +182,7 @@ TEST(UnendedClass, ClosedWithAQuestionThatWasBeingEnteredStoresIt) {
       "The question that was being entered is stored as question 2 of episode 1, with the codes "
       "that it had.",
       Answer::ok);
-  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
+  OfferUnfinished(desk.prompter, UnfinishedClasses(desk.services));
   EXPECT_EQ(desk.prompter.asked.back().details, "Why does she keep it to herself?");
   const questionInfo stored = EpisodesIn(desk.folder / "EPS/7/12/7-12-3.eps").at(0).questions.at(1);
   EXPECT_EQ(stored.question, "Why does she keep it to herself?");
@@ -188,7 +190,7 @@ TEST(UnendedClass, ClosedWithAQuestionThatWasBeingEnteredStoresIt) {
   EXPECT_EQ(stored.authenticity, kUncoded);
 }
 
-TEST(UnendedClass, OfferedByTwoProgramsGoesToOne) {
+TEST(UnfinishedClass, OfferedByTwoProgramsGoesToOne) {
   Desk desk;
   PlayAndCrash(desk.folder.Path(), 6);
   Storage storage;
@@ -202,12 +204,12 @@ TEST(UnendedClass, OfferedByTwoProgramsGoesToOne) {
     other.Play(6);
   });
   desk.prompter.Expect("The class could not be taken up again.", Answer::ok);
-  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
+  OfferUnfinished(desk.prompter, UnfinishedClasses(desk.services));
   EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{});
   EXPECT_NE(FileBytes(desk.folder / "BAK/7/12/7-12-3.recovery").find("Atticus"), std::string::npos);
 }
 
-TEST(UnendedClass, ThatWasJustRenamedKeepsItsLog) {
+TEST(UnfinishedClass, ThatWasJustRenamedKeepsItsLog) {
   Desk desk;
   PlayAndCrash(desk.folder.Path(), 24);
   const auto bak = desk.folder / "BAK/7/12";
@@ -225,7 +227,7 @@ TEST(UnendedClass, ThatWasJustRenamedKeepsItsLog) {
   EXPECT_EQ(KeptPaths(desk.folder / "BAK"), std::vector{bak / "7-12-4.recovery"});
 }
 
-TEST(UnendedClass, ThatWasKilledWhileItWasRenamedIsOne) {
+TEST(UnfinishedClass, ThatWasKilledWhileItWasRenamedIsOne) {
   Desk desk;
   const auto bak = desk.folder / "BAK/7/12";
   PlayAndCrash(desk.folder.Path(), 24);
@@ -243,13 +245,13 @@ TEST(UnendedClass, ThatWasKilledWhileItWasRenamedIsOne) {
         "Class 7-12-4 of 03-14-2001 was not ended.\n\n"
         "It was observed from 09:00:00 to 09:01:36: 2 episodes, 3 questions.",
         Answer::cancel);
-    OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
+    OfferUnfinished(desk.prompter, UnfinishedClasses(desk.services));
     EXPECT_EQ(KeptPaths(desk.folder / "BAK"), std::vector{bak / "7-12-4.recovery"});
     EXPECT_TRUE(fs::exists(bak / "7-12-4.bak"));
   }
 }
 
-TEST(UnendedClass, KeepsNotesThatWereTakenBeforeAnythingElse) {
+TEST(UnfinishedClass, KeepsNotesThatWereTakenBeforeAnythingElse) {
   Desk desk;
   desk.OpenLog();
   desk.recovery.Begin(desk.folder / "BAK/7/12/7-12-3.recovery");
@@ -281,12 +283,12 @@ TEST(UnendedClass, KeepsNotesThatWereTakenBeforeAnythingElse) {
   EXPECT_EQ(KeptPaths(desk.folder / "BAK"), std::vector<fs::path>{});
 }
 
-TEST(UnendedClass, ThatStillRunsIsNobodyElses) {
+TEST(UnfinishedClass, ThatStillRunsIsNobodyElses) {
   Desk desk;
   Storage storage;
   PlayedClass played(storage, desk.folder.Path());
   for (std::size_t i = 0; i < 5; ++i) played.Play(i);
-  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
+  OfferUnfinished(desk.prompter, UnfinishedClasses(desk.services));
   orvex::SetUp setUp(desk.services);
   desk.program.identity = {"CD", "7", "12", "3", "25"};
   desk.prompter.Expect("The session log could not be opened.", Answer::ok);
@@ -295,13 +297,13 @@ TEST(UnendedClass, ThatStillRunsIsNobodyElses) {
   EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{});
 }
 
-TEST(UnendedClass, ThatIsDamagedIsToldAndLeftAlone) {
+TEST(UnfinishedClass, ThatIsDamagedIsToldAndLeftAlone) {
   Desk desk;
   fs::create_directories(desk.folder / "BAK/7/12");
   std::ofstream(desk.folder / "BAK/7/12/7-12-3.recovery") << "Orvex recovery=1\r\n";
   desk.prompter.Expect("A class that was not ended cannot be read. Its file is left as it is.",
                        Answer::ok);
-  OfferUnfinished(desk.prompter, UnendedClasses(desk.services));
+  OfferUnfinished(desk.prompter, UnfinishedClasses(desk.services));
   EXPECT_NE(desk.prompter.asked.back().details.find("7-12-3.recovery: line 2: expected the seal"),
             std::string::npos);
   EXPECT_TRUE(fs::exists(desk.folder / "BAK/7/12/7-12-3.recovery"));

@@ -1,6 +1,6 @@
 // What is changed in a file and not saved, and what becomes of it when the program ends.
 
-#include "recovery/unsaved_changes.h"
+#include "recovery/kept_changes.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 
 #include "editor/editor_desk.h"
 #include "recovery/kept_content.h"
-#include "recovery/unsaved_files.h"
+#include "recovery/unfinished_file.h"
 #include "start/field_notes_file.h"
 #include "survey/survey_form.h"
 
@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class UnsavedChangesTest : public testing::Test {
+class KeptChangesTest : public testing::Test {
  protected:
   static EpisodeList OneEpisode() {
     EpisodeList episodes(1);
@@ -50,11 +50,11 @@ class UnsavedChangesTest : public testing::Test {
 
   test::EditorDesk desk;
   const std::string before = test::FileOf(OneEpisode());
-  const fs::path recovery = UnsavedPath(desk.file);
+  const fs::path recovery = RecoveryPathBeside(desk.file);
   void SetUp() override { test::PutFile(desk.file, before); }
 };
 
-TEST_F(UnsavedChangesTest, AreTakenUpDiscardedOrLeftWhenTheFileIsOpenedAgain) {
+TEST_F(KeptChangesTest, AreTakenUpDiscardedOrLeftWhenTheFileIsOpenedAgain) {
   ChangeAndCrash("A \\ caf\u00e9");
   EXPECT_EQ(test::FileBytes(desk.file), before);
   EXPECT_EQ(Reopen(Answer::cancel), nullptr);
@@ -81,7 +81,7 @@ TEST_F(UnsavedChangesTest, AreTakenUpDiscardedOrLeftWhenTheFileIsOpenedAgain) {
   EXPECT_EQ(Kept(), std::vector<fs::path>{});
 }
 
-TEST_F(UnsavedChangesTest, AreNotKeptOnceThereAreNone) {
+TEST_F(KeptChangesTest, AreNotKeptOnceThereAreNone) {
   EpisodeEditor& editor = desk.Open(desk.file);
   const auto change = [&] {
     editor.TypeDescription("A");
@@ -112,10 +112,10 @@ TEST_F(UnsavedChangesTest, AreNotKeptOnceThereAreNone) {
   desk.prompter.Expect("Edit Another File?", Answer::no);
   desk.editor->Quit();
   EXPECT_EQ(Kept(), std::vector<fs::path>{});
-  EXPECT_TRUE(UnsavedFiles(desk.services, EditFieldNotes).empty());
+  EXPECT_TRUE(UnfinishedFiles(desk.services).empty());
 }
 
-TEST_F(UnsavedChangesTest, OfAFileThatWasChangedSinceAreToldAndReplaceNothingUnasked) {
+TEST_F(KeptChangesTest, OfAFileThatWasChangedSinceAreToldAndReplaceNothingUnasked) {
   ChangeAndCrash("A");
   test::PutFile(desk.file, "theirs");
   EpisodeEditor* editor =
@@ -132,10 +132,10 @@ TEST_F(UnsavedChangesTest, OfAFileThatWasChangedSinceAreToldAndReplaceNothingUna
   EXPECT_EQ(test::FileBytes(desk.file), test::FileOf(desk.program.Episodes));
 }
 
-TEST_F(UnsavedChangesTest, AreAnotherOrvexsWhileItRuns) {
+TEST_F(KeptChangesTest, AreAnotherOrvexsWhileItRuns) {
   desk.Open(desk.file).TypeDescription("A");
   desk.editor->AwaitKept();
-  EXPECT_TRUE(UnsavedFiles(desk.services, EditFieldNotes).empty());
+  EXPECT_TRUE(UnfinishedFiles(desk.services).empty());
   // Somebody opens the file there, too: nothing is asked, and nobody's changes are replaced.
   Opening opening = OpenForEditing(desk.services, desk.file);
   ASSERT_TRUE(opening.opened);
@@ -143,10 +143,10 @@ TEST_F(UnsavedChangesTest, AreAnotherOrvexsWhileItRuns) {
   other.TypeDescription("B");
   other.Keep();
   EXPECT_NE(other.KeepTrouble().find("in use by another Orvex"), std::string::npos);
-  EXPECT_NE(ReadUnsaved(desk.file).bytes.value_or("").find("\r\nA\r\n"), std::string::npos);
+  EXPECT_NE(ReadKeptChanges(desk.file).bytes.value_or("").find("\r\nA\r\n"), std::string::npos);
 }
 
-TEST_F(UnsavedChangesTest, AreOfferedAtTheNextStartWhereverTheFilesLie) {
+TEST_F(KeptChangesTest, AreOfferedAtTheNextStartWhereverTheFilesLie) {
   ChangeAndCrash("A");
   const fs::path survey = desk.folder / "elsewhere/5-12-3.sur";
   test::PutFile(survey, FormatSur({.identity = {"", "5", "12", "3", ""}, .answers = {}}));
@@ -164,30 +164,32 @@ TEST_F(UnsavedChangesTest, AreOfferedAtTheNextStartWhereverTheFilesLie) {
   EditFieldNotes(desk.services, notes);
   EXPECT_EQ(test::FileBytes(notes), "caf\xE9\r\n");
 
-  const std::vector<Unfinished> all = UnsavedFiles(desk.services, EditFieldNotes);
+  const std::vector<Unfinished> all = UnfinishedFiles(desk.services);
   ASSERT_EQ(all.size(), 3U);
   EXPECT_EQ(all[0].item.what, "7-12-3.eps has changes that were not saved");
   EXPECT_EQ(all[1].item.extent, "changed on 03-14-2001 at 09:00:00");
   EXPECT_EQ(all[1].item.place, (desk.folder / "elsewhere").string());
-  EXPECT_TRUE(all[0].goOn());
+  EXPECT_TRUE(all[0].takeUp());
   EXPECT_EQ(desk.screens.Take(),
             (std::vector<std::string>{"show episode editor for 7-12-3.eps", "close mainMenu"}));
   // The notes are in their dialog again.
+  EXPECT_FALSE(all[1].takeUp());
+  EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{"show field notes 5-12-3.nte"});
   endsWhile("caf\u00e9 and much more");
-  EXPECT_FALSE(all[1].goOn());
+  EditFieldNotes(desk.services, notes, Kept::areTakenUp);
   EXPECT_EQ(desk.prompter.askedNotes.back(), "caf\u00e9 and more");
   desk.prompter.ExpectNotes("caf\u00e9!");
-  EXPECT_FALSE(all[1].goOn());
+  EditFieldNotes(desk.services, notes, Kept::areTakenUp);
   EXPECT_EQ(desk.prompter.askedNotes.back(), "caf\u00e9 and much more");
   EXPECT_EQ(test::FileBytes(notes), "caf\xE9!\r\n");
-  EXPECT_TRUE(all[2].goOn());
+  EXPECT_TRUE(all[2].takeUp());
   EXPECT_EQ(desk.program.DataPath, survey.parent_path()) << "where it is saved";
-  SurveyForm form(desk.services, *LoadSurvey(desk.services, survey, Unsaved::isTakenUp));
+  SurveyForm form(desk.services, *LoadSurvey(desk.services, survey, Kept::areTakenUp));
   EXPECT_EQ(form.Answers().ratings[3], 2);
   form.Command1_Click();
   all[0].close();
   EXPECT_EQ(test::FileBytes(desk.file), before);
-  EXPECT_TRUE(UnsavedFiles(desk.services, EditFieldNotes).empty());
+  EXPECT_TRUE(UnfinishedFiles(desk.services).empty());
 }
 
 }  // namespace

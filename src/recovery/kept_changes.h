@@ -8,9 +8,23 @@
 
 #include "desk/services.h"
 #include "recovery/recovery_file.h"
-#include "recovery/unsaved_changes.h"
 
 namespace orvex {
+
+/// Changes to a file that were not saved, as a recovery file beside it keeps them.
+struct KeptChanges {
+  std::string dateText;    ///< when they were kept: "mm-dd-yyyy"
+  std::string timeText;    ///< "hh:mm:ss"
+  std::uint64_t base = 0;  ///< the checksum of what the file held, see Checksum
+  /// What saving would have written; nothing when the file held just that.
+  std::optional<std::string> bytes;
+  std::uint64_t number = 0;  ///< the number of this content, to go on counting from
+};
+
+/// Where changes to `file` are kept: "5-12-3.eps.recovery" beside "5-12-3.eps".
+std::filesystem::path RecoveryPathBeside(std::filesystem::path file);
+/// The changes that are kept beside `file`. Throws FileError and FormatError.
+KeptChanges ReadKeptChanges(const std::filesystem::path& file);
 
 /// Keeps what is changed in a file and not saved in a recovery file beside it. That is there from
 /// the first change until the file is saved, the changes are dropped, or there are none any more;
@@ -19,7 +33,7 @@ class FileKeeper {
  public:
   /// For the file at `path`, which holds `bytes`; with changes that were taken up, for these.
   FileKeeper(const Services& services, std::filesystem::path path, std::string_view bytes,
-             const std::optional<UnsavedChanges>& takenUp = {});
+             const std::optional<KeptChanges>& takenUp = {});
   ~FileKeeper();
   FileKeeper(const FileKeeper&) = delete;
   FileKeeper& operator=(const FileKeeper&) = delete;
@@ -50,7 +64,7 @@ class FileKeeper {
   std::filesystem::path path_;
   std::uint64_t base_;
   RecoveryFile recovery_;
-  bool isUnsaved_ = false;
+  bool hasChanges_ = false;
   std::string trouble_;  ///< why the path of the recovery file could not be had
 };
 

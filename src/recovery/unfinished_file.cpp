@@ -1,0 +1,185 @@
+#include "recovery/unfinished_file.h"
+
+#include <algorithm>
+#include <iterator>
+#include <system_error>
+#include <utility>
+
+#include "desk/prompter.h"
+#include "model/program.h"
+#include "recovery/kept_content.h"
+#include "recovery/recovery_file.h"
+#include "recovery/remembered_folders.h"
+#include "store/checksum.h"
+#include "store/durable_file.h"
+#include "store/file_error.h"
+#include "store/format_error.h"
+#include "store/text_encoding.h"
+
+namespace orvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Changes that are kept of a file.
+struct Found {
+  fs::path file;
+  KeptChanges changes;
+  /// What has happened to the file since it was changed, as a paragraph of a question; "" when it
+  /// is as it was.
+  std::string since;
+};
+
+/// Nothing when the file is gone, or cannot be read.
+std::optional<std::string> BytesOf(const fs::path& file) {
+  try {
+    return ReadFile(file);
+  } catch (const FileError&) {
+    return std::nullopt;
+  }
+}
+
+std::string ChangeOf(const fs::path& file, const std::optional<std::string>& bytes,
+                     std::uint64_t base) {
+  if (bytes && Checksum(*bytes) == base) return "";
+  std::error_code unknown;
+  if (!fs::exists(file, unknown)) return "\n\nThe file itself is gone since then.";
+  return "\n\nThe file itself has been changed by another program since then.";
+}
+
+void Remove(const Services& services, const fs::path& file, const KeptChanges& changes) {
+  RecoveryFile kept(services.storage);
+  kept.TakeUp(RecoveryPathBeside(file), changes.number);
+  kept.Remove();
+}
+
+/// The changes that are kept beside `file`, unless they are another Orvex's or nothing: what was
+/// saved before the program ended is no longer kept. The user is told when they cannot be read.
+std::optional<Found> Find(const Services& services, const fs::path& file) {
+  const fs::path path = RecoveryPathBeside(file);
+  if (!IsUnfinishedAt(path)) return std::nullopt;
+  std::string cause;
+  try {
+    const KeptChanges changes = ReadKeptChanges(file);
+    const std::optional<std::string> bytes = BytesOf(file);
+    if (changes.bytes && changes.bytes != bytes) {
+      return Found{.file = file, .changes = changes, .since = ChangeOf(file, bytes, changes.base)};
+    }
+    Remove(services, file, changes);
+    return std::nullopt;
+  } catch (const FileError& error) {
+    cause = error.what();
+  } catch (const FormatError& error) {
+    cause = path.string() + ": " + error.what();
+  }
+  services.prompter.Tell(kChangesUnreadable, cause);
+  return std::nullopt;
+}
+
+/// Asks whether they are to be taken up, discarded (No), or left for later.
+Message Question(const Found& found) {
+  const KeptChanges& changes = found.changes;
+  return {.text = found.file.filename().string() + " was changed on " + changes.dateText + " at " +
+                  changes.timeText + ", and the changes were not saved." + found.since,
+          .buttons = Buttons::yesNoCancel,
+          .defaultAnswer = Answer::yes,
+          .captions = {{Answer::yes, "&Take them up"},
+                       {Answer::no, "&Discard them"},
+                       {Answer::cancel, "&Leave them for later"}}};
+}
+
+/// False, when the user has been told why they stay.
+bool Discard(const Services& services, const Found& found) {
+  try {
+    Remove(services, found.file, found.changes);
+    return true;
+  } catch (const FileError& error) {
+    services.prompter.Tell("The changes could not be discarded.", error.what());
+    return false;
+  }
+}
+
+bool HasExtension(const fs::path& file, const char* lower, const char* upper) {
+  return file.extension() == lower || file.extension() == upper;
+}
+
+bool IsSurvey(const fs::path& file) {
+  return HasExtension(file, ".sur", ".SUR");
+}
+
+bool IsFieldNotes(const fs::path& file) {
+  return HasExtension(file, ".nte", ".NTE");
+}
+
+/// The files beside which something is kept: a class is kept beside no file of these kinds.
+std::vector<fs::path> FilesWithChanges(const Services& services) {
+  std::vector<fs::path> kept;
+  for (const char* kind : {"EPS", "NTE", "SUR"}) {
+    std::ranges::move(KeptPaths(services.program.DataPath / kind), std::back_inserter(kept));
+  }
+  for (const fs::path& folder : RememberedFolders(services.programFolder)) {
+    std::ranges::move(KeptPathsIn(folder), std::back_inserter(kept));
+  }
+  for (fs::path& path : kept) path = fs::absolute(path).lexically_normal().replace_extension();
+  std::erase_if(kept, [](const fs::path& file) {
+    return !HasExtension(file, ".eps", ".EPS") && !IsSurvey(file) && !IsFieldNotes(file);
+  });
+  std::ranges::sort(kept);
+  kept.erase(std::unique(kept.begin(), kept.end()), kept.end());
+  return kept;
+}
+
+/// True when the form of `file` takes the menu's place.
+bool TakeUp(const Services& services, const fs::path& file) {
+  if (IsFieldNotes(file)) {
+    services.screens.ShowFieldNotes(file, Kept::areTakenUp);
+    return false;
+  }
+  // A survey is saved in the data folder.
+  const fs::path before = std::exchange(services.program.DataPath, file.parent_path());
+  const bool shown = IsSurvey(file) ? services.screens.ShowSurveyFile(file, Kept::areTakenUp)
+                                    : services.screens.ShowEpisodeEditor(file, Kept::areTakenUp);
+  if (shown) {
+    services.screens.Close(Screen::mainMenu);
+  } else {
+    services.program.DataPath = before;
+  }
+  return shown;
+}
+
+Unfinished Offered(const Services& services, const Found& found) {
+  return {
+      .item = {.what = found.file.filename().string() + " has changes that were not saved",
+               .extent = "changed on " + found.changes.dateText + " at " + found.changes.timeText +
+                         (found.since.empty() ? "" : "." + OneLine(found.since)),
+               .place = found.file.parent_path().string(),
+               .question = Question(found)},
+      .takeUp = [services, file = found.file] { return TakeUp(services, file); },
+      .close = [services, found] { Discard(services, found); }};
+}
+
+}  // namespace
+
+std::vector<Unfinished> UnfinishedFiles(const Services& services) {
+  std::vector<Unfinished> all;
+  for (const fs::path& file : FilesWithChanges(services)) {
+    if (const auto found = Find(services, file)) all.push_back(Offered(services, *found));
+  }
+  return all;
+}
+
+std::string TakenUp::FileBytes(const fs::path& file) const {
+  std::error_code unknown;
+  return changes && !fs::exists(file, unknown) ? "" : ReadFile(file);
+}
+
+TakenUp TakeUpChanges(const Services& services, const fs::path& file, Kept kept) {
+  const std::optional<Found> found = Find(services, file);
+  if (!found) return {};
+  const Answer answer =
+      kept == Kept::areTakenUp ? Answer::yes : services.prompter.Ask(Question(*found));
+  if (answer == Answer::yes) return {.changes = found->changes};
+  return {.isLeft = answer != Answer::no || !Discard(services, *found)};
+}
+
+}  // namespace orvex
