@@ -99,7 +99,7 @@ void SetUp::Reset() {
 void SetUp::CheckForEpisodeFile() {
   std::error_code unreadable;
   const bool exists =
-      std::filesystem::exists(EpsPathToLookFor(services_.program.DataPath, identity_), unreadable);
+      std::filesystem::exists(EpsPath(services_.program.DataPath, identity_), unreadable);
   warning_ = exists ? "WARNING: " + identity_.ClassId() +
                           ".eps already exits!\nIt is kept under the time of its last change."
                     : "";

@@ -243,7 +243,7 @@ bool StoreItsSurvey(const Services& services, KeptClass& kept) {
   Identity& identity = kept.program.identity;
   std::error_code unknown;
   if (kept.running.survey == Survey{} &&
-      fs::exists(SurPathToLookFor(services.program.DataPath, identity), unknown)) {
+      fs::exists(SurPath(services.program.DataPath, identity), unknown)) {
     return true;
   }
   return StoreSurvey(services, identity, kept.running);

@@ -54,7 +54,7 @@ bool StoreClass(const Services& services, const std::string& failure, EpsHeader&
                 const EpisodeList& episodes, RunningClass& running) {
   const fs::path& dataPath = services.program.DataPath;
   Storage& storage = services.storage;
-  const fs::path usual = EpsPathToLookFor(dataPath, header.identity);
+  const fs::path usual = EpsPath(dataPath, header.identity);
   OwnFiles files(services);
   const fs::path saved = SaveFile(
       services.prompter,
@@ -62,10 +62,10 @@ bool StoreClass(const Services& services, const std::string& failure, EpsHeader&
       [&](const fs::path& path) {
         const bool isUsual = path == usual;
         NormaliseIdentity(header.identity);
-        const fs::path eps = isUsual ? EpsPath(storage, dataPath, header.identity) : path;
+        const fs::path eps = isUsual ? MakeEpsPath(storage, dataPath, header.identity) : path;
         files.Replace(eps, FormatEps(header, episodes), running.stored.episodes);
         const fs::path nte =
-            isUsual ? NtePath(storage, dataPath, header.identity) : Beside(path, ".nte");
+            isUsual ? MakeNtePath(storage, dataPath, header.identity) : Beside(path, ".nte");
         files.Replace(nte, FormatFieldNotes({.text = running.fieldNotes}), running.stored.notes);
       });
   running.storedElsewhere = saved == usual ? fs::path() : saved;
@@ -74,7 +74,8 @@ bool StoreClass(const Services& services, const std::string& failure, EpsHeader&
 
 bool StoreSurvey(const Services& services, Identity& identity, RunningClass& running) {
   const fs::path& dataPath = services.program.DataPath;
-  const fs::path usual = SurPathToLookFor(dataPath, identity);
+  Storage& storage = services.storage;
+  const fs::path usual = SurPath(dataPath, identity);
   const fs::path& elsewhere = running.storedElsewhere;
   OwnFiles files(services);
   const fs::path saved = SaveFile(
@@ -83,7 +84,7 @@ bool StoreSurvey(const Services& services, Identity& identity, RunningClass& run
        .path = elsewhere.empty() ? usual : Beside(elsewhere, ".sur"),
        .filter = kSurFilter},
       [&](const fs::path& path) {
-        const fs::path sur = path == usual ? SurPath(services.storage, dataPath, identity) : path;
+        const fs::path sur = path == usual ? MakeSurPath(storage, dataPath, identity) : path;
         files.Replace(sur, FormatSur({.identity = identity, .answers = running.survey}),
                       running.stored.survey);
       });
@@ -91,15 +92,16 @@ bool StoreSurvey(const Services& services, Identity& identity, RunningClass& run
 }
 
 bool StoreNotes(const Services& services, RunningClass& running) {
-  Program& program = services.program;
-  const fs::path usual = NtePathToLookFor(program.DataPath, program.identity);
+  const fs::path& dataPath = services.program.DataPath;
+  Identity& identity = services.program.identity;
+  const fs::path usual = NtePath(dataPath, identity);
   OwnFiles files(services);
   const fs::path saved = SaveFile(
       services.prompter,
       {.failure = "The field notes could not be saved.", .path = usual, .filter = kNteFilter},
       [&](const fs::path& path) {
         const fs::path nte =
-            path == usual ? NtePath(services.storage, program.DataPath, program.identity) : path;
+            path == usual ? MakeNtePath(services.storage, dataPath, identity) : path;
         files.Replace(nte, FormatFieldNotes({.text = running.fieldNotes}), running.stored.notes);
       });
   return !saved.empty();

@@ -88,7 +88,7 @@ class EpsReader {
       ReadQuestions(observation_.Episodes[i], summaries_[i].questions);
       events_.EpisodeRead(static_cast<int>(i + 1), observation_.Episodes[i], summaries_[i].counts);
     }
-    const std::string_view left = fields_.TextLeft();
+    const std::string_view left = fields_.UnreadText();
     if (!left.empty()) events_.TextAfterLastQuestion(fields_.LineOf(left), left);
     return std::move(observation_);
   }
@@ -184,7 +184,7 @@ class EpsReader {
     // The file may state any count: no more are made room for than it has bytes.
     constexpr std::size_t kLeastBytes = 10;  // three line ends and seven commas
     const auto stated = static_cast<std::size_t>(std::max(count, 0));
-    episode.questions.reserve(std::min(stated, fields_.Left() / kLeastBytes));
+    episode.questions.reserve(std::min(stated, fields_.UnreadBytes() / kLeastBytes));
     for (int q = 1; q <= count; ++q) ReadQuestion(episode);
   }
 

@@ -37,7 +37,7 @@ int FieldReader::LineOf(std::string_view part) const {
   return LineOf(static_cast<std::size_t>(part.data() - text_.data()));
 }
 
-std::string_view FieldReader::TextLeft() const {
+std::string_view FieldReader::UnreadText() const {
   // An old system may have marked the end of the file by Ctrl+Z.
   const std::size_t start = text_.find_first_not_of(" \t\r\n\x1A", position_);
   return text_.substr(std::min(start, text_.size()));

@@ -46,9 +46,9 @@ class FieldReader {
   /// The line that the last read began in, counted from 1 as an editor would: by every LF.
   int LineNumber() const;
   /// How many bytes of the text have not been read.
-  std::size_t Left() const { return text_.size() - position_; }
+  std::size_t UnreadBytes() const { return text_.size() - position_; }
   /// What has not been read, from its first text on: blanks and line ends are none.
-  std::string_view TextLeft() const;
+  std::string_view UnreadText() const;
   /// The line in which `part` of the text begins.
   int LineOf(std::string_view part) const;
 

@@ -77,15 +77,15 @@ fs::path PathInMadeFolders(Storage& storage, const fs::path& dataPath, const cha
 
 }  // namespace
 
-fs::path EpsPath(Storage& storage, const fs::path& dataPath, Identity& identity) {
+fs::path MakeEpsPath(Storage& storage, const fs::path& dataPath, Identity& identity) {
   return PathInMadeFolders(storage, dataPath, "EPS", identity, ".eps");
 }
 
-fs::path NtePath(Storage& storage, const fs::path& dataPath, Identity& identity) {
+fs::path MakeNtePath(Storage& storage, const fs::path& dataPath, Identity& identity) {
   return PathInMadeFolders(storage, dataPath, "NTE", identity, ".nte");
 }
 
-fs::path SurPath(Storage& storage, const fs::path& dataPath, Identity& identity) {
+fs::path MakeSurPath(Storage& storage, const fs::path& dataPath, Identity& identity) {
   return PathInMadeFolders(storage, dataPath, "SUR", identity, ".sur");
 }
 
@@ -112,15 +112,15 @@ fs::path BakFolder(const fs::path& dataPath) {
   return dataPath / "BAK";
 }
 
-fs::path EpsPathToLookFor(const fs::path& dataPath, const Identity& identity) {
+fs::path EpsPath(const fs::path& dataPath, const Identity& identity) {
   return FilePath(dataPath, "EPS", identity, ".eps");
 }
 
-fs::path NtePathToLookFor(const fs::path& dataPath, const Identity& identity) {
+fs::path NtePath(const fs::path& dataPath, const Identity& identity) {
   return FilePath(dataPath, "NTE", identity, ".nte");
 }
 
-fs::path SurPathToLookFor(const fs::path& dataPath, const Identity& identity) {
+fs::path SurPath(const fs::path& dataPath, const Identity& identity) {
   return FilePath(dataPath, "SUR", identity, ".sur");
 }
 

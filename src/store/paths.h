@@ -19,18 +19,23 @@ void NameAfter(const std::filesystem::path& path, Identity& identity);
 /// 32767; none is changed then.
 void NormaliseIdentity(Identity& identity);
 
-/// The paths of an observation's files: normalise the three numbers in place, create the folders
-/// that do not exist, and return `dataPath`/KIND/school/class/school-class-observation.ext. Throw
-/// std::invalid_argument for a number and FileError for a folder.
-std::filesystem::path EpsPath(Storage& storage, const std::filesystem::path& dataPath,
-                              Identity& identity);
-std::filesystem::path NtePath(Storage& storage, const std::filesystem::path& dataPath,
-                              Identity& identity);
+/// Make the folders of an observation's files, where they do not exist, and return the file's path,
+/// `dataPath`/KIND/school/class/school-class-observation.ext. The three numbers are normalised in
+/// place. Throw std::invalid_argument for a number and FileError for a folder.
+std::filesystem::path MakeEpsPath(Storage& storage, const std::filesystem::path& dataPath,
+                                  Identity& identity);
+std::filesystem::path MakeNtePath(Storage& storage, const std::filesystem::path& dataPath,
+                                  Identity& identity);
+std::filesystem::path MakeSurPath(Storage& storage, const std::filesystem::path& dataPath,
+                                  Identity& identity);
 
-/// The same for the survey of a class, and the path of a survey file that was opened from the main
-/// menu: `dataPath`/school-class-observation.sur. The latter creates no folder.
-std::filesystem::path SurPath(Storage& storage, const std::filesystem::path& dataPath,
-                              Identity& identity);
+/// Where the files of `identity` would be, as it stands; nothing is created.
+std::filesystem::path EpsPath(const std::filesystem::path& dataPath, const Identity& identity);
+std::filesystem::path NtePath(const std::filesystem::path& dataPath, const Identity& identity);
+std::filesystem::path SurPath(const std::filesystem::path& dataPath, const Identity& identity);
+
+/// The path of a survey file that was opened from the main menu:
+/// `dataPath`/school-class-observation.sur, the three numbers normalised in place.
 std::filesystem::path SurPathInFolder(const std::filesystem::path& dataPath, Identity& identity);
 
 /// The session log's path, the numbers as they are typed. MakeBakFolders creates its folders and
@@ -42,13 +47,5 @@ void MakeBakFolders(Storage& storage, const std::filesystem::path& dataPath,
 std::filesystem::path DataFolderOf(const std::filesystem::path& logPath);
 /// The folder of the logs of all schools.
 std::filesystem::path BakFolder(const std::filesystem::path& dataPath);
-
-/// Where the files of `identity` would be, as it stands; nothing is created.
-std::filesystem::path EpsPathToLookFor(const std::filesystem::path& dataPath,
-                                       const Identity& identity);
-std::filesystem::path NtePathToLookFor(const std::filesystem::path& dataPath,
-                                       const Identity& identity);
-std::filesystem::path SurPathToLookFor(const std::filesystem::path& dataPath,
-                                       const Identity& identity);
 
 }  // namespace orvex

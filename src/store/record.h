@@ -90,7 +90,7 @@ class RecordReader {
     if (there) item(value.emplace());
   }
 
-  bool AtEnd() const { return fields_.Left() == 0; }
+  bool AtEnd() const { return fields_.UnreadBytes() == 0; }
   /// Throws unless everything has been read.
   void End() const;
   /// Says that the last line read does not hold a good `what`.

@@ -18,17 +18,17 @@ TEST(Paths, NumbersAreNormalisedAndFoldersMade) {
   const test::TestFolder folder;
   Storage storage;
   Identity identity{"AB", "05", " 012", "3.5", "28"};
-  EXPECT_EQ(EpsPathToLookFor(folder.Path(), identity), folder / "EPS/05/ 012/05- 012-3.5.eps");
+  EXPECT_EQ(EpsPath(folder.Path(), identity), folder / "EPS/05/ 012/05- 012-3.5.eps");
   for (const Identity& wrong : {Identity{"", "x", "1", "1", ""}, {"", "1", "", "1", ""}}) {
     Identity given = wrong;
-    EXPECT_THROW(EpsPath(storage, folder.Path(), given), std::invalid_argument);
+    EXPECT_THROW(MakeEpsPath(storage, folder.Path(), given), std::invalid_argument);
     EXPECT_EQ(given, wrong);
   }
   EXPECT_TRUE(fs::is_empty(folder.Path()));
 
-  EXPECT_EQ(EpsPath(storage, folder.Path(), identity), folder / "EPS/5/12/5-12-4.eps");
+  EXPECT_EQ(MakeEpsPath(storage, folder.Path(), identity), folder / "EPS/5/12/5-12-4.eps");
   EXPECT_EQ(identity, (Identity{"AB", "5", "12", "4", "28"}));
-  EXPECT_EQ(NtePath(storage, folder.Path(), identity), folder / "NTE/5/12/5-12-4.nte");
+  EXPECT_EQ(MakeNtePath(storage, folder.Path(), identity), folder / "NTE/5/12/5-12-4.nte");
   identity.ClassNum = "013";  // the log's name is as typed
   MakeBakFolders(storage, folder.Path(), identity);
   EXPECT_EQ(BakPath(folder.Path(), identity), folder / "BAK/5/013/5-013-4.bak");
@@ -37,7 +37,7 @@ TEST(Paths, NumbersAreNormalisedAndFoldersMade) {
   }
   test::PutFile(folder / "EPS/6", "in the way");
   identity.SchoolNum = "6";
-  EXPECT_THROW(EpsPath(storage, folder.Path(), identity), FileError);
+  EXPECT_THROW(MakeEpsPath(storage, folder.Path(), identity), FileError);
 }
 
 }  // namespace
