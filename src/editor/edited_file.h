@@ -13,14 +13,15 @@
 namespace orvex {
 
 /// The file that the episode editor works on: where it is, what it says of the observation as a
-/// whole, and what it held when it was last read or written.
+/// whole, what it held when it was last read or written, and what keeps changes to it until they
+/// are saved.
 class EditedFile {
  public:
-  EditedFile(std::filesystem::path path, EpsHeader header, std::string bytes);
+  EditedFile(std::filesystem::path path, EpsHeader header, std::string bytes,
+             std::unique_ptr<FileKeeper> keeper);
 
-  const std::filesystem::path& Path() const { return path_; }  ///< `EpsFilePath`
+  const std::filesystem::path& Path() const { return path_; }
   const EpsHeader& Header() const { return header_; }
-  const std::string& Bytes() const { return bytes_; }
 
   /// What it held is not what the episodes were made from: it is not to be replaced unasked.
   void Distrust() { bytes_.clear(); }
@@ -29,6 +30,18 @@ class EditedFile {
   /// then works on that file. False when the user gave up; the old file is whole then. Before it is
   /// first replaced, what it was opened with is kept beside it, once and for good.
   bool Save(const Services& services, const EpisodeList& episodes);
+
+  /// Has the episodes kept as they are until they are saved; null when they are as the file holds
+  /// them. Nothing waits for the disk.
+  void Keep(const EpisodeList* changed);
+  /// Tries again what could not be kept, where it may have become possible.
+  void RetryKeeping();
+  /// Waits until what is to be kept is on the disk, or has failed.
+  void AwaitKept();
+  /// Why the changes cannot be kept; empty while all is well.
+  std::string KeepTrouble() const { return keeper_ ? keeper_->Trouble() : ""; }
+  /// Gives up what is kept, and keeps nothing from here on.
+  void StopKeeping();
 
  private:
   void KeepAsObserved(Storage& storage) const;
@@ -39,28 +52,7 @@ class EditedFile {
   std::string bytes_;
   /// What the file was opened with, until it is kept.
   std::optional<std::string> observed_;
+  std::unique_ptr<FileKeeper> keeper_;
 };
-
-/// A file that has been read whole, for the editor to take over.
-struct OpenedFile {
-  EditedFile file;
-  EpisodeList episodes;
-  bool repaired = false;  ///< the episodes are no longer as the file holds them
-  std::unique_ptr<FileKeeper> keeper;
-};
-
-/// What came of opening a file.
-struct Opening {
-  std::optional<OpenedFile> opened;
-  bool programEnds = false;  ///< the file was not one to go on with
-};
-
-/// Reads an episode file, asking and telling the user what there is to ask and tell. Changes to it
-/// that were not saved are opened instead, when the user takes them up.
-Opening OpenForEditing(const Services& services, const std::filesystem::path& path,
-                       Kept kept = Kept::areOffered);
-
-/// Lets the user choose an episode file, beginning in the data folder. Empty when none was chosen.
-std::filesystem::path ChooseEpisodeFile(const Services& services);
 
 }  // namespace orvex

@@ -1,235 +1,457 @@
 #include "editor/episode_editor.h"
 
 #include <algorithm>
-#include <array>
-#include <cstddef>
-#include <string_view>
 #include <utility>
 
-#include "model/activity_label.h"
-#include "model/coding_scheme.h"
-#include "model/duration_text.h"
+#include "desk/prompter.h"
+#include "desk/proof.h"
+#include "desk/selected_rows.h"
+#include "editor/segment_recoding.h"
+#include "model/activities.h"
 #include "model/program.h"
-#include "model/shortened.h"
-#include "model/version.h"
+#include "store/text_encoding.h"
 
 namespace orvex {
-namespace {
 
-/// `selected` as a list holds it: each of its rows once, in ascending order.
-Positions Selection(Positions selected, std::size_t rows) {
-  std::ranges::sort(selected);
-  const auto doubled = std::ranges::unique(selected);
-  selected.erase(doubled.begin(), doubled.end());
-  const int count = static_cast<int>(rows);
-  std::erase_if(selected, [count](int row) { return row < 1 || row > count; });
-  return selected;
-}
-
-}  // namespace
-
-EpisodeEditor::EpisodeEditor(const Services& services, OpenedFile opened)
-    : services_(services), file_(opened.file) {
-  Load(std::move(opened));
-}
-
-void EpisodeEditor::Load(OpenedFile opened) {
-  services_.program.Episodes = std::move(opened.episodes);
-  services_.program.ProofEp = 0;
-  services_.program.ProofQ = 0;
-  file_ = std::move(opened.file);
-  history_.Start(Episodes(), !opened.repaired);
-  keeper_ = std::move(opened.keeper);
-  kept_ = history_.Changes();
-  cut_.reset();
-  FillEpisodeList();
-  currentEpisode_ = -1;
-  FillSegmentList();
-  GetEpisode(1);
-}
-
-std::string EpisodeEditor::Caption() const {
-  return "Orvex " + VersionText() + " Episode Editor";
-}
-
-std::string EpisodeEditor::ObserverText() const {
-  return "Observer: " + file_.Header().identity.Initials;
-}
-
-std::string EpisodeEditor::DateText() const {
-  return "Date of Observation: " + file_.Header().ObservDate;
-}
-
-std::string EpisodeEditor::TotalText() const {
-  const std::size_t count = Episodes().size();
-  return "Total: " + std::to_string(count) + (count > 1 ? " Episodes" : " Episode");
-}
-
-std::string EpisodeEditor::FileText() const {
-  return "File: " + file_.Path().string();
+EpisodeEditor::EpisodeEditor(const Services& services, LoadedEpisodes loaded)
+    : services_(services), file_(std::move(loaded.file)) {
+  Start(std::move(loaded.episodes), loaded.repaired);
 }
 
 EpisodeList& EpisodeEditor::Episodes() const {
   return services_.program.Episodes;
 }
 
-Episode* EpisodeEditor::Shown() const {
-  return ItemAt(Episodes(), currentEpisode_);
+/// The current episode; null when there is none.
+Episode* EpisodeEditor::FindEpisode() const {
+  return ItemAt(Episodes(), selection_.episode);
 }
 
-SegmentData* EpisodeEditor::ShownSegment() const {
-  Episode* const episode = Shown();
-  return episode ? ItemAt(episode->segments, currentSegment_) : nullptr;
+/// Its current segment; null when there is none.
+SegmentData* EpisodeEditor::FindSegment() const {
+  Episode* const episode = FindEpisode();
+  return episode ? ItemAt(episode->segments, selection_.segment) : nullptr;
 }
+
+// What is shown.
 
 std::vector<std::string> EpisodeEditor::EpisodeRows() const {
-  std::vector<std::string> rows;
-  rows.reserve(Episodes().size());
-  for (const Episode& episode : Episodes()) {
-    rows.push_back(std::to_string(rows.size() + 1) + ". " + Shortened(episode.Descript));
-  }
-  return rows;
+  return EpisodeRowsOf(Episodes());
 }
 
 std::vector<std::string> EpisodeEditor::SegmentRows() const {
-  std::vector<std::string> rows;
-  const Episode* const episode = Shown();
-  if (!episode) return rows;
-  rows.reserve(episode->segments.size());
-  for (const SegmentData& segment : episode->segments) {
-    rows.push_back(std::to_string(rows.size() + 1) + ". " + ActivityName(segment.activityNum));
-  }
-  return rows;
+  const Episode* const episode = FindEpisode();
+  return episode ? SegmentRowsOf(*episode) : std::vector<std::string>();
 }
 
-const std::string& EpisodeEditor::Description() const {
-  static const std::string kNone;
-  const Episode* const episode = Shown();
-  return episode ? episode->Descript : kNone;
-}
-
-std::string EpisodeEditor::ActivityText() const {
-  const Episode* const episode = Shown();
-  return episode ? ActivityLabel(*episode, reviewShown_) : "";
-}
-
-std::string EpisodeEditor::SpellsText() const {
-  const Episode* const episode = Shown();
-  const std::size_t spells = episode ? FindDialogicSpells(episode->questions).size() : 0;
-  return std::to_string(spells) + " dialogic spell(s)";
-}
-
-std::string EpisodeEditor::DurationText() const {
-  const Episode* const episode = Shown();
-  return DurationInWords(episode ? episode->duration() : 0);
-}
-
-std::string EpisodeEditor::SegmentCountText() const {
-  const Episode* const episode = Shown();
-  const std::size_t count = episode ? episode->segments.size() : 0;
-  return std::to_string(count) + (count > 1 ? " Segments" : " Segment");
-}
-
-std::string EpisodeEditor::SegmentDurationLabel() const {
-  if (!HasSegment()) return "N/A";
-  return "Duration of segment " + std::to_string(currentSegment_) + ":";
+EpisodeView EpisodeEditor::View() const {
+  EpisodeView view = ViewOf(Episodes(), selection_.Current(), saysReview_);
+  if (typedDuration_) view.segmentDuration = *typedDuration_;
+  return view;
 }
 
 SegmentCodingView EpisodeEditor::Coding() const {
-  const SegmentData* const segment = ShownSegment();
+  const SegmentData* const segment = FindSegment();
   return segment ? CodingViewOf(*segment) : SegmentCodingView{};
 }
 
-bool EpisodeEditor::CanSplitSegment() const {
-  return selectedSegments_.size() == 1;
+PossibleEdits EpisodeEditor::Possible() const {
+  return PossibleEditsOf(Episodes(), selection_);
 }
 
-std::string EpisodeEditor::SplitSegmentHint() const {
-  const SegmentData* const segment = ShownSegment();
-  if (!segment || !CanSplitSegment()) return "";
-  return "Splits segment " + std::to_string(currentSegment_) + ". " +
-         ActivityName(segment->activityNum);
+bool EpisodeEditor::IsCut(int segment) const {
+  return cut_ && cut_->episode == selection_.episode &&
+         std::ranges::binary_search(cut_->segments, segment);
 }
 
-bool EpisodeEditor::CanMergeSegments() const {
-  return !CanSplitSegment();
+// Showing.
+
+void EpisodeEditor::SelectEpisodes(Positions episodes) {
+  selection_.episodes = SelectedRows(std::move(episodes), Episodes().size());
 }
 
-bool EpisodeEditor::CanSplitEpisode() const {
-  const Episode* const episode = Shown();
-  return !CanMergeEpisodes() && episode && episode->segments.size() >= 2;
+void EpisodeEditor::SelectSegments(Positions segments) {
+  const Episode* const episode = FindEpisode();
+  selection_.segments = SelectedRows(std::move(segments), episode ? episode->segments.size() : 0);
 }
 
-bool EpisodeEditor::CanMergeEpisodes() const {
-  return selectedEpisodes_.size() != 1;
+void EpisodeEditor::ShowEpisode(int episode) {
+  if (episode == selection_.episode || !ItemAt(Episodes(), episode)) return;
+  selection_.episode = episode;
+  SelectNoSegment();
+  saysReview_ = true;
 }
 
-bool EpisodeEditor::HasQuestions() const {
-  const Episode* const episode = Shown();
-  return episode && !episode->questions.empty();
-}
-
-void EpisodeEditor::SetSelectedEpisodes(Positions selected) {
-  selectedEpisodes_ = Selection(std::move(selected), Episodes().size());
-}
-
-void EpisodeEditor::SetSelectedSegments(Positions selected) {
-  const Episode* const episode = Shown();
-  selectedSegments_ = Selection(std::move(selected), episode ? episode->segments.size() : 0);
-}
-
-void EpisodeEditor::GetEpisode(int k) {
-  if (k == currentEpisode_ || !ItemAt(Episodes(), k)) return;
-  currentEpisode_ = k;
-  FillSegmentList();
-  reviewShown_ = true;
-}
-
-void EpisodeEditor::SelectEpisode(int k) {
-  SetSelectedEpisodes({k});
-  currentEpisode_ = -1;
-  GetEpisode(k);
-}
-
-void EpisodeEditor::FillSegmentList() {
-  selectedSegments_.clear();
-  currentSegment_ = -1;
+/// The list of segments is filled anew: nothing is selected in it, and the first is shown.
+void EpisodeEditor::SelectNoSegment() {
+  selection_.segments.clear();
+  selection_.segment = ListSelection::kNothing;
   ShowSegment(1);
 }
 
-void EpisodeEditor::ShowSegment(int j) {
-  const Episode* const episode = Shown();
-  const bool isThere = episode && ItemAt(episode->segments, j);
-  if (j == currentSegment_ || (!isThere && j != 1)) return;
-  currentSegment_ = j;
+/// The list of episodes is filled anew: nothing is selected in it, and nothing shown.
+void EpisodeEditor::SelectNoEpisode() {
+  selection_.episodes.clear();
+  selection_.episode = ListSelection::kNothing;
+  SelectNoSegment();
+}
+
+void EpisodeEditor::ShowSegment(int segment) {
+  const Episode* const episode = FindEpisode();
+  const bool isThere = episode && ItemAt(episode->segments, segment);
+  if (segment == selection_.segment || (!isThere && segment != 1)) return;
+  selection_.segment = segment;
   LeaveBox();
-  UpdateCmdButtonStatus();
+  saysReview_ = false;
 }
 
-void EpisodeEditor::SelectSegment(int j) {
-  SetSelectedSegments({j});
-  currentSegment_ = -1;
-  ShowSegment(j);
+void EpisodeEditor::SelectEpisode(int episode) {
+  SelectEpisodes({episode});
+  selection_.episode = ListSelection::kNothing;
+  ShowEpisode(episode);
 }
 
-void EpisodeEditor::ShowDuration() {
-  const SegmentData* const segment = ShownSegment();
-  segmentDuration_ = segment ? WholeSecondsText(static_cast<double>(segment->duration)) : "N/A";
+void EpisodeEditor::SelectSegment(int segment) {
+  SelectSegments({segment});
+  selection_.segment = ListSelection::kNothing;
+  ShowSegment(segment);
 }
 
 /// Fills both lists anew and shows `place`, or what is nearest to it.
-void EpisodeEditor::ShowEpisodes(Place place) {
-  FillEpisodeList();
-  currentEpisode_ = -1;
-  FillSegmentList();
+void EpisodeEditor::ShowPlace(Place place) {
+  SelectNoEpisode();
   SelectEpisode(std::min(place.episode, static_cast<int>(Episodes().size())));
-  const Episode* const episode = Shown();
+  const Episode* const episode = FindEpisode();
   if (episode && ItemAt(episode->segments, place.segment)) SelectSegment(place.segment);
+}
+
+void EpisodeEditor::Activate() {
+  RecordOutsideChanges();
+  saysReview_ = false;
+}
+
+// Typing and coding.
+
+void EpisodeEditor::TypeDescription(std::string_view text) {
+  Episode* const episode = FindEpisode();
+  if (!episode) return;
+  episode->Descript = OneLine(text);
+  RecordHere("Edit description", Typing::goesOn);
+}
+
+void EpisodeEditor::TypeAbout(std::string_view text) {
+  SegmentData* const segment = FindSegment();
+  if (!segment || !ActivityOf(segment->activityNum).carriesAbout) return;
+  segment->aboutdata = OneLine(text);
+  RecordHere("Edit about text", Typing::goesOn);
+}
+
+void EpisodeEditor::TypeSegmentDuration(std::string_view text) {
+  SegmentData* const segment = FindSegment();
+  if (!segment) return;
+  typedDuration_ = text;
+  SetSegmentDuration(*segment, text);
+  RecordHere("Change duration", Typing::goesOn);
 }
 
 void EpisodeEditor::LeaveBox() {
   history_.EndTyping();
-  ShowDuration();
+  typedDuration_.reset();
+}
+
+void EpisodeEditor::ChooseActivity(int position) {
+  SegmentData* const segment = FindSegment();
+  if (segment && IsActivity(position + 1)) {
+    RecodeSegment(*segment, position + 1);
+    RecordHere("Change activity");
+  }
+  if (selection_.segment == 1) saysReview_ = true;
+}
+
+void EpisodeEditor::Recode(SubCode code, int position) {
+  SegmentData* const segment = FindSegment();
+  if (segment && orvex::Recode(*segment, code, position)) RecordHere(RecodingName(code));
+}
+
+/// Records what has been changed of the current episode or segment, as one step with what was typed
+/// before in the same box.
+void EpisodeEditor::RecordHere(const char* name, Typing typing) {
+  const Place place = selection_.Current();
+  history_.Record(Episodes(), {.name = name, .before = place, .after = place},
+                  typing == Typing::goesOn ? name : "");
+}
+
+// Structure.
+
+/// Changes the structure; nothing when there was no change, or none that fits.
+template <typename Edit>
+std::optional<Place> EpisodeEditor::TryEdit(Edit edit) {
+  try {
+    return edit(Episodes());
+  } catch (const DoesNotFit& refused) {
+    services_.prompter.Tell(refused.what());
+    return std::nullopt;
+  }
+}
+
+void EpisodeEditor::SplitSegment() {
+  const SegmentData* const segment = FindSegment();
+  if (!segment || !Possible().splitSegment) return;
+  const auto seconds = services_.prompter.AskDivision(DivisibleSeconds(*segment));
+  if (!seconds) return;
+  const auto next = TryEdit([&](EpisodeList& episodes) {
+    return orvex::SplitSegment(episodes, selection_.Current(), *seconds);
+  });
+  Restructured("Split segment", next, Refill::segments);
+}
+
+void EpisodeEditor::MergeSegments() {
+  const auto next = TryEdit([this](EpisodeList& episodes) {
+    return orvex::MergeSegments(episodes, selection_.episode, selection_.segments);
+  });
+  Restructured("Merge segments", next, Refill::segments);
+}
+
+void EpisodeEditor::SplitEpisode() {
+  const Episode* const episode = FindEpisode();
+  const Positions& segments = selection_.segments;
+  if (!episode || selection_.episodes != Positions{selection_.episode}) return;
+  // The questions are only asked for when the episode can be split.
+  if (segments.empty() || segments.size() == episode->segments.size()) return;
+  Positions questions;
+  if (!episode->questions.empty()) {
+    auto chosen = services_.prompter.AskQuestions(*episode);
+    if (!chosen) return;
+    questions = std::move(*chosen);
+  }
+  const auto next = TryEdit([&](EpisodeList& episodes) {
+    return orvex::SplitEpisode(episodes, selection_.episode, segments, std::move(questions));
+  });
+  Restructured("Split episode", next, Refill::episodes);
+}
+
+void EpisodeEditor::MergeEpisodes() {
+  const auto next = TryEdit([this](EpisodeList& episodes) {
+    return orvex::MergeEpisodes(episodes, selection_.episodes);
+  });
+  Restructured("Merge episodes", next, Refill::episodes);
+}
+
+void EpisodeEditor::MoveSegments(int toEpisode) {
+  const std::size_t count = Episodes().size();
+  const auto next = TryEdit([this, toEpisode](EpisodeList& episodes) {
+    return orvex::MoveSegments(episodes, selection_.episode, selection_.segments, toEpisode);
+  });
+  Restructured("Move segments", next,
+               Episodes().size() == count ? Refill::segments : Refill::episodes);
+}
+
+void EpisodeEditor::ReorderSegments(int target) {
+  if (target == selection_.segment) return;
+  const auto next =
+      orvex::ReorderSegments(Episodes(), selection_.episode, selection_.segments, target);
+  Restructured("Reorder segments", next, Refill::segments);
+}
+
+void EpisodeEditor::Cut() {
+  if (!selection_.segments.empty()) cut_ = {selection_.episode, selection_.segments};
+}
+
+void EpisodeEditor::PasteOntoEpisode(int episode) {
+  const Episode* const receiving = ItemAt(Episodes(), episode);
+  if (!cut_ || !receiving) return;
+  const int end = static_cast<int>(receiving->segments.size()) + 1;
+  if (episode == cut_->episode) {
+    Restructured("Paste segments",
+                 InsertSegments(Episodes(), episode, cut_->segments, {episode, end}),
+                 Refill::segments);
+    return;
+  }
+  const bool laterEpisode = episode > cut_->episode;
+  Place pasted = {episode, laterEpisode ? 1 : end};
+  const std::size_t count = Episodes().size();
+  const auto next = TryEdit([this, episode](EpisodeList& episodes) {
+    return orvex::MoveSegments(episodes, cut_->episode, cut_->segments, episode);
+  });
+  if (!next) return;
+  if (laterEpisode && Episodes().size() < count) --pasted.episode;
+  Restructured("Paste segments", pasted, Refill::episodes);
+}
+
+void EpisodeEditor::PasteBeforeSegment(int segment) {
+  if (!cut_) return;
+  const auto next = TryEdit([this, segment](EpisodeList& episodes) {
+    return InsertSegments(episodes, cut_->episode, cut_->segments, {selection_.episode, segment});
+  });
+  Restructured("Paste segments", next, Refill::episodes);
+}
+
+/// Shows and records what a change of structure has made of the episodes; without `next` there was
+/// none. The lists are filled anew, both or that of the segments.
+void EpisodeEditor::Restructured(const char* name, const std::optional<Place>& next,
+                                 Refill refill) {
+  if (!next) return;
+  const Place before = selection_.Current();
+  cut_.reset();
+  if (refill == Refill::episodes) {
+    ShowPlace(*next);
+  } else {
+    SelectNoSegment();
+    if (next->segment >= 1) SelectSegment(next->segment);
+  }
+  history_.Record(Episodes(), {.name = name, .before = before, .after = selection_.Current()});
+}
+
+// The steps back and forth.
+
+const EditStep* EpisodeEditor::NextStep(Way way) const {
+  return way == Way::undo ? history_.NextUndo() : history_.NextRedo();
+}
+
+std::string EpisodeEditor::StepName(Way way) const {
+  const EditStep* const step = NextStep(way);
+  return step ? step->name : "";
+}
+
+void EpisodeEditor::TakeStep(Way way) {
+  RecordOutsideChanges();
+  const EditStep* const step = NextStep(way);
+  if (!step) return;
+  const Place place = way == Way::undo ? step->before : step->after;
+  way == Way::undo ? history_.Undo(Episodes()) : history_.Redo(Episodes());
+  cut_.reset();
+  ShowPlace(place);
+}
+
+/// Whatever else works on the same episodes.
+void EpisodeEditor::RecordOutsideChanges() {
+  RecordHere("Edit questions");
+}
+
+void EpisodeEditor::RecordQuestionChange(const QuestionChange& change) {
+  const auto [episode, question] = change.place;
+  const Place place = {episode, 1, std::max(question, 1)};
+  history_.Record(Episodes(), {.name = change.name, .before = place, .after = place},
+                  change.typing);
+}
+
+/// The step that is next, where it is one of the question editor's; null otherwise.
+const EditStep* EpisodeEditor::NextStepOfQuestions(Way way) const {
+  const EditStep* const step = NextStep(way);
+  return step && step->before.question != 0 ? step : nullptr;
+}
+
+std::string EpisodeEditor::NextQuestionStep(Way way) const {
+  const EditStep* const step = NextStepOfQuestions(way);
+  const char* verb = way == Way::undo ? "undoes \"" : "redoes \"";
+  return step ? verb + step->name + "\"" : "";
+}
+
+std::optional<QuestionPlace> EpisodeEditor::TakeQuestionStep(Way way) {
+  const EditStep* const step = NextStepOfQuestions(way);
+  if (!step) return std::nullopt;
+  const QuestionPlace place = {step->before.episode, step->before.question};
+  TakeStep(way);
+  return place;
+}
+
+// The file, and the other forms.
+
+/// Begins with the episodes of the file.
+void EpisodeEditor::Start(EpisodeList episodes, bool repaired) {
+  services_.program.Episodes = std::move(episodes);
+  services_.program.ProofEp = 0;
+  services_.program.ProofQ = 0;
+  history_.Start(Episodes(), !repaired);
+  kept_ = history_.Changes();
+  cut_.reset();
+  SelectNoEpisode();
+  ShowEpisode(1);
+}
+
+void EpisodeEditor::Keep() {
+  if (std::exchange(kept_, history_.Changes()) == history_.Changes()) return file_.RetryKeeping();
+  file_.Keep(Modified() ? &Episodes() : nullptr);
+}
+
+void EpisodeEditor::AwaitKept() {
+  Keep();
+  file_.AwaitKept();
+}
+
+bool EpisodeEditor::Save() {
+  RecordOutsideChanges();
+  LeaveBox();
+  if (!file_.Save(services_, Episodes())) return false;
+  history_.MarkSaved();
+  return true;
+}
+
+void EpisodeEditor::EditQuestions() {
+  if (!FindEpisode()) return;
+  LeaveBox();
+  services_.screens.ShowQuestionEditor(EditorCaller::episodeEditor, false);
+  services_.screens.Hide(Screen::episodeEditor);
+}
+
+void EpisodeEditor::Proof() {
+  LeaveBox();
+  if (!FindNextGap(services_.program, services_.prompter)) return;
+  services_.screens.ShowQuestionEditor(EditorCaller::episodeEditor, true);
+  services_.screens.Hide(Screen::episodeEditor);
+}
+
+void EpisodeEditor::ShowReport(Screen report) {
+  const bool isOfQuestions = report != Screen::timeSummary;
+  if (isOfQuestions && !View().hasQuestions) return;
+  LeaveBox();
+  services_.screens.Show(report);
+  services_.screens.Hide(Screen::episodeEditor);
+}
+
+void EpisodeEditor::Quit() {
+  LeaveBox();
+  const Answer save =
+      services_.prompter.Ask({.text = "Save Data?",
+                              .buttons = Buttons::yesNo,
+                              .defaultAnswer = Modified() ? Answer::yes : Answer::no,
+                              .dismissed = Answer::cancel});
+  // To leave the question open is to stay, and who wanted to save and could not is not made to lose
+  // the changes.
+  if (save == Answer::cancel || (save == Answer::yes && !Save())) return;
+  const Answer another = services_.prompter.Ask({.text = "Edit Another File?",
+                                                 .buttons = Buttons::yesNo,
+                                                 .defaultAnswer = Answer::no,
+                                                 .dismissed = Answer::cancel});
+  if (another == Answer::cancel) return;
+  file_.StopKeeping();
+  if (another != Answer::yes) {
+    services_.screens.EndProgram();
+    return;
+  }
+  Forget();
+  LoadAnother();
+}
+
+/// Leaves the file: nothing of it is shown while another one is chosen.
+void EpisodeEditor::Forget() {
+  Episodes().clear();
+  history_.Start(Episodes(), true);
+  cut_.reset();
+  SelectNoEpisode();
+}
+
+void EpisodeEditor::LoadAnother() {
+  for (;;) {
+    const auto path = ChooseEpisodeFile(services_);
+    if (path.empty()) return services_.screens.EndProgram();
+    LoadOutcome outcome = LoadEpisodes(services_, path);
+    if (outcome.loaded) {
+      file_ = std::move(outcome.loaded->file);
+      return Start(std::move(outcome.loaded->episodes), outcome.loaded->repaired);
+    }
+    if (outcome.programEnds) return;
+  }
 }
 
 }  // namespace orvex

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,9 +10,12 @@
 #include "desk/services.h"
 #include "editor/edit_history.h"
 #include "editor/edited_file.h"
+#include "editor/episode_view.h"
+#include "editor/load_episodes.h"
 #include "editor/observation_edits.h"
 #include "editor/segment_coding_view.h"
 #include "model/episode.h"
+#include "model/segment_data.h"
 #include "questions/question_steps.h"
 
 namespace orvex {
@@ -21,65 +23,28 @@ namespace orvex {
 /// Corrects the structure and the coding of an observation after class. Everything is changed in
 /// the program's episodes; the file changes when it is saved. Episodes and segments are counted
 /// from 1.
-class EpisodeEditor : public QuestionSteps {
+class EpisodeEditor : private QuestionSteps {
  public:
-  EpisodeEditor(const Services& services, OpenedFile opened);
+  EpisodeEditor(const Services& services, LoadedEpisodes loaded);
 
-  // The window.
-  std::string Caption() const;  ///< "Orvex 4.10 Episode Editor"
-  bool Modified() const { return !history_.IsSaved(); }
-  std::string ObserverText() const;  ///< `Label7`
-  std::string DateText() const;      ///< `Label11`
-  std::string TotalText() const;     ///< `Label12`
-  std::string FileText() const;      ///< `Label8`
+  // What is shown.
   const EditedFile& File() const { return file_; }
-  /// Has the changes that are not saved kept as they are. To be called whenever something may have
-  /// changed: nothing happens while all is as it was.
-  void Keep();
-  /// Why the changes cannot be kept; empty while all is well.
-  std::string KeepTrouble() const { return keeper_ ? keeper_->Trouble() : ""; }
-  /// Waits until what is to be kept is on the disk, or has failed.
-  void AwaitKept();
-
-  // The lists.
+  bool Modified() const { return !history_.IsSaved(); }
   std::vector<std::string> EpisodeRows() const;
   std::vector<std::string> SegmentRows() const;
-  const Positions& SelectedEpisodes() const { return selectedEpisodes_; }
-  const Positions& SelectedSegments() const { return selectedSegments_; }
-  int CurrentEpisode() const { return currentEpisode_; }
-  int CurrentSegment() const { return currentSegment_; }
-
-  // What is shown of the current episode and its current segment.
-  const std::string& Description() const;  ///< `txtEpisodeName`
-  /// `Label10`, where "&&" shows as one ampersand; empty for an episode without segments.
-  std::string ActivityText() const;
-  std::string SpellsText() const;                                          ///< `lblDSpells`
-  std::string DurationText() const;                                        ///< `Label1`
-  std::string SegmentCountText() const;                                    ///< `Label2`
-  std::string SegmentDurationLabel() const;                                ///< `Label13`
-  const std::string& SegmentDuration() const { return segmentDuration_; }  ///< `Text1`
+  const ListSelection& Selection() const { return selection_; }
+  int CurrentEpisode() const { return selection_.episode; }
+  EpisodeView View() const;
   SegmentCodingView Coding() const;
+  PossibleEdits Possible() const;
+  /// True for a segment of the current episode that has been cut.
+  bool IsCut(int segment) const;
 
-  // What can be done.
-  bool HasEpisode() const { return Shown() != nullptr; }
-  bool HasSegment() const { return ShownSegment() != nullptr; }
-  bool CanSplitSegment() const;  ///< `cmdSplitSg`
-  /// Which segment that splits: "Splits segment 2. Game"; empty for none.
-  std::string SplitSegmentHint() const;
-  bool CanMergeSegments() const;  ///< `cmdMergeSg`
-  bool CanSplitEpisode() const;   ///< `cmdSplitEp`
-  bool CanMergeEpisodes() const;  ///< `cmdMergeEp`
-  bool HasQuestions() const;      ///< `Command3`, `Command6`
-
-  // Showing. The user's selections come with SetSelected..., the click on a row with GetEpisode and
-  // ShowSegment; SelectEpisode and SelectSegment do both for one row.
-  void SetSelectedEpisodes(Positions selected);
-  void SetSelectedSegments(Positions selected);
-  void GetEpisode(int k);
-  void SelectEpisode(int k);
-  void ShowSegment(int j);
-  void SelectSegment(int j);
-  void UpdateCmdButtonStatus() { reviewShown_ = false; }
+  // Showing. What the user selects comes with Select...; a click on a row shows it as well.
+  void SelectEpisodes(Positions episodes);
+  void SelectSegments(Positions segments);
+  void ShowEpisode(int episode);
+  void ShowSegment(int segment);
   /// The question editor or a report gives way to the window again. What was edited there is one
   /// step to undo.
   void Activate();
@@ -88,64 +53,48 @@ class EpisodeEditor : public QuestionSteps {
   void TypeDescription(std::string_view text);
   void TypeAbout(std::string_view text);
   void TypeSegmentDuration(std::string_view text);
-  /// True for the keys that the box of the duration takes.
-  static bool IsDurationKey(char32_t key) { return key >= U'0' && key <= U'9'; }
-  /// A box has lost the focus.
   void LeaveBox();
 
-  // Coding the current segment, by position in the list or pair; SegmentCodingView::kNoChoice for
-  // none. What its activity does not show is not changed.
+  // Coding the current segment, by the position in a list or pair (see orvex::Recode).
   void ChooseActivity(int position);
-  void ChooseSubCategory(int position);
-  void ChooseSource(int position);
-  void ChooseCognitiveLevel(int position);
-  void ChooseSeatOrganization(int position);
-  void ChooseGroup(int position);
-  void ChooseOrganization(int position);
-  void ChoosePreparation(int position);
+  void Recode(SubCode code, int position);
 
-  // Structure.
-  void cmdSplitSg_Click();
-  void cmdMergeSg_Click();
-  void cmdSplitEp_Click();
-  void cmdMergeEp_Click();
-  /// The selected segments are dropped on row `k` or `j` of a list.
-  void DropOnEpisode(int k);
-  void DropOnSegment(int j);
+  // Structure. The user is asked what there is to ask, and told what does not fit into the file.
+  void SplitSegment();
+  void MergeSegments();
+  void SplitEpisode();
+  void MergeEpisodes();
+  /// Move the selected segments to another episode, or to another place in their own.
+  void MoveSegments(int toEpisode);
+  void ReorderSegments(int target);
 
   /// Marks the selected segments as cut; they stay until they are pasted.
   void Cut();
   void CancelCut() { cut_.reset(); }
-  bool CanCut() const { return !selectedSegments_.empty(); }
-  bool CanPaste() const { return cut_.has_value(); }
-  /// True for a segment of the current episode that has been cut.
-  bool IsCut(int j) const;
-  void PasteOntoEpisode(int k);
-  void PasteBeforeSegment(int j);
+  void PasteOntoEpisode(int episode);
+  void PasteBeforeSegment(int segment);
 
-  /// What undo and redo would do: "Split segment". Empty for nothing.
-  std::string UndoName() const;
-  std::string RedoName() const;
-  void Undo();
-  void Redo();
+  /// What undo or redo would do: "Split segment". Empty for nothing.
+  std::string StepName(Way way) const;
+  void TakeStep(Way way);
+  /// The same steps for the question editor, be it opened from here or from the statistics.
+  QuestionSteps& Steps() { return *this; }
 
-  // The button row.
-  /// `Command4`. True when the file is saved.
+  /// Has the changes that are not saved kept as they are. To be called whenever something may have
+  /// changed: nothing happens while all is as it was.
+  void Keep();
+  /// Waits until what is to be kept is on the disk, or has failed.
+  void AwaitKept();
+  /// True when the file is saved.
   bool Save();
-  void EditQuestions();  ///< `Command1`
-  void Proof();          ///< `Command7`
-  // The question editor, opened from here or from the statistics, works on the same steps.
-  void RecordQuestionChange(const QuestionChange& change) override;
-  void EndTyping() override { LeaveBox(); }
-  std::string NextQuestionStep(Way way) const override;
-  std::optional<QuestionPlace> TakeQuestionStep(Way way) override;
-  std::size_t StepsTaken() const override { return history_.Steps(); }
-  void ShowTimeSummary();  ///< `Command2`
-  void ShowStatistics();   ///< `Command3`
-  void ShowPlot();         ///< `Command6`
-  void Quit();             ///< `cmdQuit`
-  /// The window is asked to close: it goes when the program ends.
-  void RequestClose() { Quit(); }
+
+  void EditQuestions();
+  /// Shows what is not coded yet in the question editor.
+  void Proof();
+  void ShowReport(Screen report);
+  /// Asks whether to save, and whether to go on with another file; otherwise the program ends. Also
+  /// what the window is closed with: it goes when the program ends.
+  void Quit();
 
  private:
   struct CutSegments {
@@ -153,43 +102,45 @@ class EpisodeEditor : public QuestionSteps {
     Positions segments;
   };
 
-  EpisodeList& Episodes() const;
-  Episode* Shown() const;
-  SegmentData* ShownSegment() const;
+  void RecordQuestionChange(const QuestionChange& change) override;
+  void EndTyping() override { LeaveBox(); }
+  std::string NextQuestionStep(Way way) const override;
+  std::optional<QuestionPlace> TakeQuestionStep(Way way) override;
+  std::size_t StepsTaken() const override { return history_.Steps(); }
 
-  void ShowReport(Screen report);
-  void Load(OpenedFile opened);
-  void OpenAnother();
+  EpisodeList& Episodes() const;
+  Episode* FindEpisode() const;
+  SegmentData* FindSegment() const;
+
+  void Start(EpisodeList episodes, bool repaired);
+  void LoadAnother();
   void Forget();
 
-  void FillEpisodeList() { selectedEpisodes_.clear(); }
-  void FillSegmentList();
-  void ShowDuration();
-  void ShowEpisodes(Place place);
-  Place ShownPlace() const { return {currentEpisode_, currentSegment_}; }
+  void SelectNoEpisode();
+  void SelectNoSegment();
+  void SelectEpisode(int episode);
+  void SelectSegment(int segment);
+  void ShowPlace(Place place);
 
   template <typename Edit>
   std::optional<Place> TryEdit(Edit edit);
-  template <typename Change>
-  void Recode(const char* name, bool shown, Change change);
-  void RecordTyping(const char* name);
-  void RecordOutsideChanges();
-  const EditStep* NextOfQuestions(Way way) const;
   enum class Refill { segments, episodes };
   void Restructured(const char* name, const std::optional<Place>& next, Refill refill);
+  enum class Typing { none, goesOn };
+  void RecordHere(const char* name, Typing typing = Typing::none);
+  void RecordOutsideChanges();
+  const EditStep* NextStep(Way way) const;
+  const EditStep* NextStepOfQuestions(Way way) const;
 
   Services services_;
   EditedFile file_;
   EditHistory history_;
-  std::unique_ptr<FileKeeper> keeper_;
-  std::size_t kept_ = 0;  ///< the changes of the history that have been handed to the keeper
+  std::size_t kept_ = 0;  ///< the changes of the history that have been handed over to be kept
 
-  Positions selectedEpisodes_;
-  Positions selectedSegments_;
-  int currentEpisode_ = -1;
-  int currentSegment_ = 1;
-  std::string segmentDuration_;
-  bool reviewShown_ = false;  ///< the episode's label says whether it was review
+  ListSelection selection_;
+  /// What is typed as the current segment's duration, until its box is left.
+  std::optional<std::string> typedDuration_;
+  bool saysReview_ = false;  ///< the current episode's activity is followed by it
   std::optional<CutSegments> cut_;
 };
 

@@ -63,6 +63,10 @@ void RecodeSegment(SegmentData& segment, int activity);
 /// Takes a typed duration, rounded, modulo 20000. A text that is no number, or a negative one,
 /// changes nothing.
 void SetSegmentDuration(SegmentData& segment, std::string_view typed);
+/// True for the keys that are typed as a duration.
+inline bool IsDurationKey(char32_t key) {
+  return key >= U'0' && key <= U'9';
+}
 
 /// The item at a position counted from 1; null when there is none.
 template <typename List>

@@ -180,7 +180,7 @@ void Forms::ShowQuestionEditor(EditorCaller caller, bool proofMode) {
       classEdit_->Editor().LeaveBox();
     }
     qa_ = std::make_unique<frmQA>(services_, opening, nullptr, nullptr);
-    if (classEdit_) qa_->Editor().KeepStepsWith(classEdit_->Editor());
+    if (classEdit_) qa_->Editor().KeepStepsWith(classEdit_->Editor().Steps());
   }
   // It takes the opener's place, also on the screen.
   if (opener) PlaceOver(*qa_, *opener);
@@ -224,10 +224,10 @@ bool Forms::ShowSurveyFile(const std::filesystem::path& file, Kept kept) {
 }
 
 bool Forms::ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) {
-  Opening opening = OpenForEditing(services_, file, kept);
-  if (!opening.opened) return false;
+  LoadOutcome outcome = LoadEpisodes(services_, file, kept);
+  if (!outcome.loaded) return false;
   Unload(classEdit_);
-  classEdit_ = std::make_unique<frmClassEdit>(services_, std::move(*opening.opened));
+  classEdit_ = std::make_unique<frmClassEdit>(services_, std::move(*outcome.loaded));
   Present(*classEdit_);
   return true;
 }

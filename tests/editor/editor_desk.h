@@ -5,8 +5,8 @@
 #include <string>
 #include <utility>
 
-#include "editor/edited_file.h"
 #include "editor/episode_editor.h"
+#include "editor/load_episodes.h"
 #include "store/eps_file.h"
 #include "support/desk.h"
 
@@ -36,8 +36,8 @@ inline EpisodeList ReadBack(const std::string& bytes) {
 /// A desk with the episode editor on it, once a file was opened.
 struct EditorDesk : Desk {
   EpisodeEditor& Open(const std::filesystem::path& path) {
-    Opening opening = OpenForEditing(services, path);
-    editor = std::make_unique<EpisodeEditor>(services, std::move(*opening.opened));
+    LoadOutcome outcome = LoadEpisodes(services, path);
+    editor = std::make_unique<EpisodeEditor>(services, std::move(*outcome.loaded));
     return *editor;
   }
   /// The same with a file of its own that holds `episodes`.
@@ -49,6 +49,16 @@ struct EditorDesk : Desk {
   std::filesystem::path file = folder / "EPS/7-12-3.eps";
   std::unique_ptr<EpisodeEditor> editor;
 };
+
+/// A click on a row of a list selects it and shows it.
+inline void ClickEpisode(EpisodeEditor& editor, int row) {
+  editor.SelectEpisodes({row});
+  editor.ShowEpisode(row);
+}
+inline void ClickSegment(EpisodeEditor& editor, int row) {
+  editor.SelectSegments({row});
+  editor.ShowSegment(row);
+}
 
 inline SegmentData Segment(int activity, int seconds) {
   SegmentData segment;

@@ -11,6 +11,8 @@
 namespace orvex {
 namespace {
 
+using test::ClickEpisode;
+using test::ClickSegment;
 using test::Question;
 using test::Segment;
 using Rows = std::vector<std::string>;
@@ -39,22 +41,21 @@ struct EpisodeEditorTest : testing::Test {
 
 TEST_F(EpisodeEditorTest, ShowsTheFileTheEpisodeAndTheSegment) {
   const auto shown = [this] {
-    return editor.ActivityText() + "|" + editor.DurationText() + "|" + editor.SegmentCountText() +
-           "|" + editor.SegmentDurationLabel() + "|" + editor.SegmentDuration();
+    const EpisodeView view = editor.View();
+    return view.activity + "|" + view.duration + "|" + view.segmentCount + "|" +
+           view.segmentDurationLabel + "|" + view.segmentDuration;
   };
-  EXPECT_EQ(editor.Caption() + "|" + editor.ObserverText() + "|" + editor.DateText(),
-            "Orvex 4.10 Episode Editor|Observer: AB|Date of Observation: 03-14-2001");
   EXPECT_EQ(editor.SegmentRows(), (Rows{"1. Procedures & directions", "2. Supervised/Monitoring",
                                         "3. Student presentation"}));
-  EXPECT_EQ(editor.SpellsText(), "1 dialogic spell(s)");
+  EXPECT_EQ(editor.View().spells, "1 dialogic spell(s)");
   const std::string first = "Procedures && directions: 6 Question(s)";
   const std::string times = "|2 minutes, 5 seconds|3 Segments|Duration of segment ";
   EXPECT_EQ(shown(), first + " (Review Session)" + times + "1:|60");
   editor.ShowSegment(2);
   EXPECT_EQ(shown(), first + times + "2:|65");
-  editor.GetEpisode(3);
+  editor.ShowEpisode(3);
   EXPECT_EQ(shown(), "|0 second|0 Segment|N/A|N/A");
-  EXPECT_FALSE(editor.HasQuestions() || editor.Modified());
+  EXPECT_FALSE(editor.View().hasQuestions || editor.Modified());
 }
 
 TEST_F(EpisodeEditorTest, AnUnknownActivityShowsItsNumberAndStays) {
@@ -62,23 +63,23 @@ TEST_F(EpisodeEditorTest, AnUnknownActivityShowsItsNumberAndStays) {
   odd[0].segments = {Segment(40, 7)};
   desk.Open(odd);
   EXPECT_EQ(desk.editor->SegmentRows(), (Rows{"1. 40"}));
-  EXPECT_EQ(desk.editor->ActivityText(), "40: 0 Question(s)");
+  EXPECT_EQ(desk.editor->View().activity, "40: 0 Question(s)");
   EXPECT_EQ(desk.editor->Coding().activity, SegmentCodingView::kNoChoice);
-  EXPECT_EQ(desk.editor->SegmentDuration(), "7");
+  EXPECT_EQ(desk.editor->View().segmentDuration, "7");
   desk.editor->ChooseActivity(SegmentCodingView::kNoChoice);
   EXPECT_EQ(episodes, odd);
-  EXPECT_EQ(desk.editor->TotalText(), "Total: 1 Episode");
+  EXPECT_EQ(desk.editor->View().total, "Total: 1 Episode");
 }
 
 TEST_F(EpisodeEditorTest, CodesGoStraightIntoTheSegment) {
-  editor.SelectSegment(2);
+  ClickSegment(editor, 2);
   EXPECT_EQ(editor.Coding().source, 3);
   EXPECT_EQ(editor.Coding().subCategory, SegmentCodingView::kNoChoice);
-  editor.ChooseSource(2);
-  editor.ChooseCognitiveLevel(1);
-  editor.ChooseSeatOrganization(1);
-  editor.ChooseSubCategory(1);
-  editor.ChooseGroup(0);  // not shown, so not changed
+  editor.Recode(SubCode::seatworkSource, 2);
+  editor.Recode(SubCode::seatworkLevel, 1);
+  editor.Recode(SubCode::seatworkOrganization, 1);
+  editor.Recode(SubCode::writing, 1);
+  editor.Recode(SubCode::groupSolo, 0);  // not shown, so not changed
   SegmentData coded = Segment(15, 65);
   coded.src = 2;
   coded.coglvl = 1;
@@ -86,26 +87,26 @@ TEST_F(EpisodeEditorTest, CodesGoStraightIntoTheSegment) {
   coded.fSubCat = 1;
   coded.grpSolo = 1;
   EXPECT_EQ(episodes[0].segments[1], coded);
-  editor.ChooseSource(SegmentCodingView::kNoChoice);
-  editor.ChooseSeatOrganization(SegmentCodingView::kNoChoice);
+  editor.Recode(SubCode::seatworkSource, SegmentCodingView::kNoChoice);
+  editor.Recode(SubCode::seatworkOrganization, SegmentCodingView::kNoChoice);
   EXPECT_EQ(editor.Coding().source, SegmentCodingView::kNoChoice);
   EXPECT_EQ(editor.Coding().seatOrganization, 0);
 
-  editor.SelectSegment(3);
+  ClickSegment(editor, 3);
   EXPECT_EQ(editor.Coding().preparation, SegmentCodingView::kNoChoice);
-  editor.ChooseGroup(0);
-  editor.ChooseOrganization(1);
-  editor.ChoosePreparation(1);
+  editor.Recode(SubCode::groupSolo, 0);
+  editor.Recode(SubCode::organization, 1);
+  editor.Recode(SubCode::preparation, 1);
   EXPECT_EQ(editor.Coding().group, 0);
   EXPECT_EQ(editor.Coding().organization, 1);
   EXPECT_EQ(episodes[0].segments[2].prep, 1);
 }
 
 TEST_F(EpisodeEditorTest, AnAboutTextGoesWithItsActivityButNotByLooking) {
-  editor.GetEpisode(2);
+  editor.ShowEpisode(2);
   EXPECT_EQ(editor.Coding().about, "the sea");
-  editor.GetEpisode(1);
-  editor.GetEpisode(2);
+  editor.ShowEpisode(1);
+  editor.ShowEpisode(2);
   EXPECT_FALSE(editor.Modified());
   editor.ChooseActivity(3);
   EXPECT_EQ(editor.Coding().about, "the sea");
@@ -119,28 +120,28 @@ TEST_F(EpisodeEditorTest, AnAboutTextGoesWithItsActivityButNotByLooking) {
 
 TEST_F(EpisodeEditorTest, AnEpisodeIsOnlySplitWhereItCanBe) {
   const EpisodeList before = episodes;
-  editor.SelectEpisode(1);
-  editor.cmdSplitEp_Click();  // no segment goes
-  editor.SetSelectedSegments({1, 2, 3});
-  editor.cmdSplitEp_Click();  // no segment stays
-  editor.SetSelectedSegments({2});
-  editor.SetSelectedEpisodes({2});
-  editor.cmdSplitEp_Click();  // another one is shown
-  editor.SetSelectedEpisodes({1});
+  ClickEpisode(editor, 1);
+  editor.SplitEpisode();  // no segment goes
+  editor.SelectSegments({1, 2, 3});
+  editor.SplitEpisode();  // no segment stays
+  editor.SelectSegments({2});
+  editor.SelectEpisodes({2});
+  editor.SplitEpisode();  // another one is shown
+  editor.SelectEpisodes({1});
   desk.prompter.ExpectQuestions(std::nullopt);
-  editor.cmdSplitEp_Click();
+  editor.SplitEpisode();
   desk.prompter.ExpectDivision(std::nullopt);
-  editor.cmdSplitSg_Click();
+  editor.SplitSegment();
   EXPECT_EQ(desk.prompter.askedDivisions, std::vector{60});
-  editor.DropOnEpisode(1);
-  editor.DropOnSegment(1);  // it is the shown one
+  editor.MoveSegments(1);
+  editor.ReorderSegments(1);  // it is the shown one
   EXPECT_EQ(episodes, before);
-  EXPECT_EQ(editor.UndoName(), "");
+  EXPECT_EQ(editor.StepName(Way::undo), "");
 
   desk.prompter.ExpectQuestions(Positions{6, 2});
-  editor.cmdSplitEp_Click();
+  editor.SplitEpisode();
   EXPECT_EQ(editor.EpisodeRows(), (Rows{"1. Warm-up", "2. Warm-up", "3. Talk", "4. Empty"}));
-  EXPECT_EQ(editor.SelectedEpisodes(), Positions{1});
+  EXPECT_EQ(editor.Selection().episodes, Positions{1});
   EXPECT_EQ(episodes[1].questions, (std::vector{before[0].questions[1], before[0].questions[5]}));
 }
 
@@ -151,27 +152,27 @@ TEST_F(EpisodeEditorTest, TypingIsUndoneBoxByBox) {
   editor.TypeSegmentDuration("12");
   editor.LeaveBox();
   editor.TypeSegmentDuration("9");
-  editor.GetEpisode(2);
+  editor.ShowEpisode(2);
   editor.TypeDescription("Other");
   editor.TypeDescription("Talk");  // as it was
-  EXPECT_EQ(editor.UndoName(), "Change duration");
-  editor.Undo();
+  EXPECT_EQ(editor.StepName(Way::undo), "Change duration");
+  editor.TakeStep(Way::undo);
   EXPECT_EQ(editor.CurrentEpisode(), 1);
-  EXPECT_EQ(editor.SegmentDuration(), "12");
-  editor.Undo();
-  EXPECT_EQ(editor.SegmentDuration(), "60");
-  EXPECT_EQ(editor.UndoName(), "Edit description");
-  EXPECT_EQ(editor.RedoName(), "Change duration");
-  editor.Undo();
+  EXPECT_EQ(editor.View().segmentDuration, "12");
+  editor.TakeStep(Way::undo);
+  EXPECT_EQ(editor.View().segmentDuration, "60");
+  EXPECT_EQ(editor.StepName(Way::undo), "Edit description");
+  EXPECT_EQ(editor.StepName(Way::redo), "Change duration");
+  editor.TakeStep(Way::undo);
   EXPECT_EQ(episodes, first);
-  EXPECT_EQ(editor.UndoName(), "");
+  EXPECT_EQ(editor.StepName(Way::undo), "");
   EXPECT_FALSE(editor.Modified());
-  editor.Redo();
-  EXPECT_EQ(editor.Description(), "Tal");
+  editor.TakeStep(Way::redo);
+  EXPECT_EQ(editor.View().description, "Tal");
   editor.TypeDescription("Tall");  // after a redo it is a step of its own
-  EXPECT_EQ(editor.RedoName(), "");
-  editor.Undo();
-  EXPECT_EQ(editor.Description(), "Tal");
+  EXPECT_EQ(editor.StepName(Way::redo), "");
+  editor.TakeStep(Way::undo);
+  EXPECT_EQ(editor.View().description, "Tal");
   EXPECT_TRUE(editor.Modified());
   editor.TypeDescription("Warm-up");
   EXPECT_FALSE(editor.Modified()) << "as it was, by another way";
@@ -183,7 +184,7 @@ TEST_F(EpisodeEditorTest, AStepIsOneBoxOfOneQuestion) {
   editor.Activate();
   QuestionEditor questions(desk.services, {.caller = EditorCaller::episodeEditor, .episode = 2},
                            nullptr, nullptr);
-  questions.KeepStepsWith(editor);
+  questions.KeepStepsWith(editor.Steps());
   const auto shown = [this] {
     return episodes[1].questions[1].question + "|" + episodes[2].questions[1].question;
   };
@@ -196,10 +197,10 @@ TEST_F(EpisodeEditorTest, AStepIsOneBoxOfOneQuestion) {
   questions.LeaveBox();
   questions.TypeQuestion("cd");
   for (const char* before : {"ab|c", "ab|q2", "a|q2", "q2|q2"}) {
-    editor.Undo();
+    editor.TakeStep(Way::undo);
     EXPECT_EQ(shown(), before);
   }
-  EXPECT_EQ(editor.UndoName(), "Edit questions");
+  EXPECT_EQ(editor.StepName(Way::undo), "Edit questions");
 }
 
 TEST_F(EpisodeEditorTest, WhatWouldNotFitIntoTheFileIsRefused) {
@@ -218,27 +219,27 @@ TEST_F(EpisodeEditorTest, WhatWouldNotFitIntoTheFileIsRefused) {
     edit();
     EXPECT_TRUE(episodes == before);
   };
-  editor.SetSelectedEpisodes({1, 2});
-  refuses("No more than 32767 segments" + end, [&] { editor.cmdMergeEp_Click(); });
-  editor.SelectEpisode(3);
-  editor.SelectSegment(1);
+  editor.SelectEpisodes({1, 2});
+  refuses("No more than 32767 segments" + end, [&] { editor.MergeEpisodes(); });
+  ClickEpisode(editor, 3);
+  ClickSegment(editor, 1);
   desk.prompter.ExpectDivision(1);
-  refuses("No more than 32767 segments" + end, [&] { editor.cmdSplitSg_Click(); });
-  editor.SetSelectedSegments({1, 2});
+  refuses("No more than 32767 segments" + end, [&] { editor.SplitSegment(); });
+  editor.SelectSegments({1, 2});
   refuses("The numbers are too large to be added up. Nothing has been changed.",
-          [&] { editor.cmdMergeSg_Click(); });
-  editor.SelectEpisode(1);
-  editor.SetSelectedSegments({1});
-  refuses("No more than 32767 segments" + end, [&] { editor.DropOnEpisode(3); });
+          [&] { editor.MergeSegments(); });
+  ClickEpisode(editor, 1);
+  editor.SelectSegments({1});
+  refuses("No more than 32767 segments" + end, [&] { editor.MoveSegments(3); });
 
   // An episode whose last segment goes takes its questions along.
   episodes[0].segments.resize(1);
   episodes[1].segments.resize(1);
   editor.Activate();
-  editor.SelectEpisode(1);
-  editor.SetSelectedSegments({1});
+  ClickEpisode(editor, 1);
+  editor.SelectSegments({1});
   desk.prompter.Expect("No more than 32767 questions" + end, Answer::ok);
-  editor.DropOnEpisode(2);
+  editor.MoveSegments(2);
   EXPECT_EQ(episodes.size(), 3U);
 }
 
@@ -248,11 +249,11 @@ TEST_F(EpisodeEditorTest, QuestionsEditedElsewhereAreOneStep) {
   episodes[0].questions.pop_back();
   episodes[0].Descript = "Start";
   editor.Activate();
-  EXPECT_EQ(editor.ActivityText(), "Procedures && directions: 5 Question(s)");
-  EXPECT_EQ(editor.UndoName(), "Edit questions");
-  editor.Undo();
+  EXPECT_EQ(editor.View().activity, "Procedures && directions: 5 Question(s)");
+  EXPECT_EQ(editor.StepName(Way::undo), "Edit questions");
+  editor.TakeStep(Way::undo);
   EXPECT_EQ(episodes[0].nQAs(), 6);
-  EXPECT_EQ(editor.Description(), "Warm-up");
+  EXPECT_EQ(editor.View().description, "Warm-up");
 
   editor.Proof();
   EXPECT_EQ(desk.screens.Take(),
@@ -276,7 +277,7 @@ TEST_F(EpisodeEditorTest, TheQuestionEditorWorksOnTheSameSteps) {
   const EpisodeList before = episodes;
   QuestionEditor questions(desk.services, {.caller = EditorCaller::episodeEditor}, nullptr,
                            nullptr);
-  questions.KeepStepsWith(editor);
+  questions.KeepStepsWith(editor.Steps());
   EXPECT_EQ(questions.NextStep(Way::undo), "") << "the description is not seen there";
   questions.ClickRow(2);
   questions.Click(Command::cmdDrop);
@@ -285,7 +286,7 @@ TEST_F(EpisodeEditorTest, TheQuestionEditorWorksOnTheSameSteps) {
   questions.TypeQuestion("Wh");
   questions.TypeQuestion("Why?");
   const EpisodeList after = episodes;
-  EXPECT_EQ(editor.UndoName() + "|" + questions.NextStep(Way::undo),
+  EXPECT_EQ(editor.StepName(Way::undo) + "|" + questions.NextStep(Way::undo),
             "Type question|undoes \"Type question\"");
   for (const char* shown : {"2:Question #1 of 1:", "2:Question #0 of 0:", "1:Question #2 of 6:"}) {
     questions.TakeStep(Way::undo);
@@ -293,30 +294,30 @@ TEST_F(EpisodeEditorTest, TheQuestionEditorWorksOnTheSameSteps) {
   }
   questions.TakeStep(Way::undo);
   EXPECT_EQ(episodes, before);
-  EXPECT_EQ(editor.RedoName(), "Drop question");
+  EXPECT_EQ(editor.StepName(Way::redo), "Drop question");
   questions.TakeStep(Way::redo);
-  editor.Redo();
+  editor.TakeStep(Way::redo);
   questions.TakeStep(Way::redo);
   EXPECT_EQ(episodes, after);
   EXPECT_EQ(questions.QuestionCaption() + questions.Question(), "Question #1 of 1:Why?");
-  for (int i = 0; i < 4; ++i) editor.Undo();
-  EXPECT_EQ(editor.Description() + editor.UndoName(), "Warm-up");
+  for (int i = 0; i < 4; ++i) editor.TakeStep(Way::undo);
+  EXPECT_EQ(editor.View().description + editor.StepName(Way::undo), "Warm-up");
 }
 
 TEST(EpisodeEditor, WorksWithoutAnyEpisode) {
   test::EditorDesk desk;
   EpisodeEditor& editor = desk.Open(EpisodeList{});
-  EXPECT_EQ(editor.TotalText(), "Total: 0 Episode");
-  EXPECT_EQ(editor.DurationText(), "0 second");
-  EXPECT_FALSE(editor.HasEpisode());
+  EXPECT_EQ(editor.View().total, "Total: 0 Episode");
+  EXPECT_EQ(editor.View().duration, "0 second");
+  EXPECT_FALSE(editor.View().hasEpisode);
   editor.TypeDescription("x");
   editor.TypeSegmentDuration("5");
   editor.ChooseActivity(3);
   editor.EditQuestions();
-  editor.cmdSplitEp_Click();
-  editor.cmdMergeEp_Click();
-  editor.cmdMergeSg_Click();
-  editor.Undo();
+  editor.SplitEpisode();
+  editor.MergeEpisodes();
+  editor.MergeSegments();
+  editor.TakeStep(Way::undo);
   EXPECT_FALSE(editor.Modified());
   EXPECT_TRUE(desk.screens.Take().empty());
 }

@@ -41,9 +41,9 @@ class KeptChangesTest : public testing::Test {
         "7-12-3.eps was changed on 03-14-2001 at 09:00:00, and the changes were not saved." + since,
         answer);
     desk.editor.reset();
-    Opening opening = OpenForEditing(desk.services, desk.file);
-    if (!opening.opened) return nullptr;
-    desk.editor = std::make_unique<EpisodeEditor>(desk.services, std::move(*opening.opened));
+    LoadOutcome outcome = LoadEpisodes(desk.services, desk.file);
+    if (!outcome.loaded) return nullptr;
+    desk.editor = std::make_unique<EpisodeEditor>(desk.services, std::move(*outcome.loaded));
     return desk.editor.get();
   }
   std::vector<fs::path> Kept() const { return KeptPathsIn(desk.file.parent_path()); }
@@ -63,13 +63,13 @@ TEST_F(KeptChangesTest, AreTakenUpDiscardedOrLeftWhenTheFileIsOpenedAgain) {
 
   EpisodeEditor* editor = Reopen(Answer::yes);
   ASSERT_NE(editor, nullptr);
-  EXPECT_EQ(editor->Description(), "A \\ caf\u00e9");
+  EXPECT_EQ(editor->View().description, "A \\ caf\u00e9");
   EXPECT_TRUE(editor->Modified());
   // They are kept on, with what comes to them.
   editor->TypeDescription("B");
   editor->Keep();
   ASSERT_NE(editor = Reopen(Answer::yes), nullptr);
-  EXPECT_EQ(editor->Description(), "B");
+  EXPECT_EQ(editor->View().description, "B");
   EXPECT_TRUE(editor->Save());
   EXPECT_EQ(test::FileBytes(desk.file), test::FileOf(desk.program.Episodes));
   EXPECT_EQ(test::FileBytes(desk.file.string() + ".observed"), before);
@@ -77,7 +77,7 @@ TEST_F(KeptChangesTest, AreTakenUpDiscardedOrLeftWhenTheFileIsOpenedAgain) {
 
   ChangeAndCrash("C");
   ASSERT_NE(editor = Reopen(Answer::no), nullptr);
-  EXPECT_EQ(editor->Description(), "B");
+  EXPECT_EQ(editor->View().description, "B");
   EXPECT_EQ(Kept(), std::vector<fs::path>{});
 }
 
@@ -92,7 +92,7 @@ TEST_F(KeptChangesTest, AreNotKeptOnceThereAreNone) {
   // Undone.
   change();
   const KeptContent kept = ReadKept(recovery);
-  editor.Undo();
+  editor.TakeStep(Way::undo);
   editor.Keep();
   desk.editor.reset();
   EXPECT_EQ(Kept(), std::vector<fs::path>{});
@@ -121,7 +121,7 @@ TEST_F(KeptChangesTest, OfAFileThatWasChangedSinceAreToldAndReplaceNothingUnaske
   EpisodeEditor* editor =
       Reopen(Answer::yes, "\n\nThe file itself has been changed by another program since then.");
   ASSERT_NE(editor, nullptr);
-  EXPECT_EQ(editor->Description(), "A");
+  EXPECT_EQ(editor->View().description, "A");
   desk.prompter.Expect("The file was changed by another program.", Answer::cancel);
   EXPECT_FALSE(editor->Save());
   EXPECT_EQ(test::FileBytes(desk.file), "theirs");
@@ -137,12 +137,12 @@ TEST_F(KeptChangesTest, AreAnotherOrvexsWhileItRuns) {
   desk.editor->AwaitKept();
   EXPECT_TRUE(UnfinishedFiles(desk.services).empty());
   // Somebody opens the file there, too: nothing is asked, and nobody's changes are replaced.
-  Opening opening = OpenForEditing(desk.services, desk.file);
-  ASSERT_TRUE(opening.opened);
-  EpisodeEditor other(desk.services, std::move(*opening.opened));
+  LoadOutcome outcome = LoadEpisodes(desk.services, desk.file);
+  ASSERT_TRUE(outcome.loaded);
+  EpisodeEditor other(desk.services, std::move(*outcome.loaded));
   other.TypeDescription("B");
   other.Keep();
-  EXPECT_NE(other.KeepTrouble().find("in use by another Orvex"), std::string::npos);
+  EXPECT_NE(other.File().KeepTrouble().find("in use by another Orvex"), std::string::npos);
   EXPECT_NE(ReadKeptChanges(desk.file).bytes.value_or("").find("\r\nA\r\n"), std::string::npos);
 }
 

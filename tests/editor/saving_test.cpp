@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "editor/editor_desk.h"
-#include "editor/open_editor.h"
-#include "editor/told_at_opening.h"
+#include "editor/load_episodes.h"
+#include "editor/save_warning.h"
 #include "store/eps_differences.h"
 #include "support/sample_manifest.h"
 #include "support/save_faults.h"
@@ -37,7 +37,7 @@ struct SavingTest : testing::Test {
     test::PutFile(desk.file, test::FileOf(OneEpisode()));
     const Services services = {desk.program, desk.log,      desk.recovery, storage,
                                desk.clock,   desk.prompter, desk.screens,  desk.programFolder};
-    return {services, std::move(*OpenForEditing(services, desk.file).opened)};
+    return {services, std::move(*LoadEpisodes(services, desk.file).loaded)};
   }
   std::string Edited() const { return test::FileOf(desk.program.Episodes); }
 };
@@ -54,7 +54,7 @@ struct EditorScene : test::SaveScene {
   const std::filesystem::path file = desk.folder / "7-12-3.eps";
   EpisodeEditor editor = [this] {
     test::PutFile(file, test::FileOf(OneEpisode()));
-    return EpisodeEditor(services, std::move(*OpenForEditing(services, file).opened));
+    return EpisodeEditor(services, std::move(*LoadEpisodes(services, file).loaded));
   }();
 };
 
@@ -73,7 +73,7 @@ TEST_F(SavingTest, AFailureCanBeSavedElsewhere) {
   EXPECT_FALSE(editor.Save());
   EXPECT_EQ(desk.prompter.askedSaveFiles[0].defaultName, "7-12-3.eps");
   EXPECT_EQ(desk.prompter.askedSaveFiles[0].folder, desk.file.parent_path());
-  EXPECT_EQ(editor.FileText(), "File: " + desk.file.string());
+  EXPECT_EQ(editor.File().Path(), desk.file);
 
   storage.Fail(1, EROFS, "open");
   desk.prompter.Expect(kFailed, Answer::no);
@@ -81,7 +81,7 @@ TEST_F(SavingTest, AFailureCanBeSavedElsewhere) {
   EXPECT_TRUE(editor.Save());
   EXPECT_EQ(FileBytes(desk.file), before);
   EXPECT_EQ(FileBytes(other), Edited());
-  EXPECT_EQ(editor.FileText(), "File: " + other.string());
+  EXPECT_EQ(editor.File().Path(), other);
   EXPECT_FALSE(editor.Modified());
 }
 
@@ -120,7 +120,7 @@ TEST_F(SavingTest, AFileThatCannotBeReadOrReplacedIsToldAsThat) {
   std::filesystem::permissions(desk.file, std::filesystem::perms::owner_read);
   desk.prompter.Expect("This file is write-protected. Changes can only be saved elsewhere.",
                        Answer::ok);
-  EXPECT_TRUE(OpenForEditing(desk.services, desk.file).opened);
+  EXPECT_TRUE(LoadEpisodes(desk.services, desk.file).loaded);
   desk.prompter.Expect(kFailed, Answer::cancel);
   EXPECT_FALSE(editor.Save());
   EXPECT_EQ(FileBytes(desk.file), before);
@@ -159,12 +159,12 @@ TEST_F(SavingTest, QuittingSavesOnlyWhenToldTo) {
   desk.prompter.Expect(kFailed, Answer::cancel);
   editor.Quit();
   EXPECT_TRUE(desk.screens.Take().empty());
-  EXPECT_EQ(editor.Description(), "A");
+  EXPECT_EQ(editor.View().description, "A");
 }
 
 TEST_F(SavingTest, QuittingForAnotherFileBeginsAnew) {
   editor.TypeDescription("A");
-  editor.SelectSegment(2);
+  test::ClickSegment(editor, 2);
   editor.Cut();
   desk.prompter.Expect("Save Data?", Answer::yes);
   desk.prompter.Expect("Edit Another File?", Answer::yes);
@@ -175,10 +175,10 @@ TEST_F(SavingTest, QuittingForAnotherFileBeginsAnew) {
   editor.Quit();
   EXPECT_TRUE(desk.screens.Take().empty());
   EXPECT_EQ(desk.program.DataPath, desk.file.parent_path());
-  EXPECT_EQ(editor.Description(), "A");
-  EXPECT_EQ(editor.CurrentSegment(), 1);
-  EXPECT_FALSE(editor.CanPaste());
-  EXPECT_EQ(editor.UndoName(), "");
+  EXPECT_EQ(editor.View().description, "A");
+  EXPECT_EQ(editor.Selection().segment, 1);
+  EXPECT_FALSE(editor.IsCut(2));
+  EXPECT_EQ(editor.StepName(Way::undo), "");
   EXPECT_FALSE(editor.Modified());
 
   desk.prompter.Expect("Save Data?", Answer::no);
@@ -195,7 +195,7 @@ std::optional<Message> ToldOf(const std::filesystem::path& file) {
     bool ContinueWithEarlierVersion() override { return true; }
     void FirstSegmentRepaired(int /*ep*/) override {}
   } silent;
-  return MessageOf(DifferencesOf(FileBytes(file), ReadEpsFile(file, silent)), file);
+  return SaveWarning(DifferencesOf(FileBytes(file), ReadEpsFile(file, silent)), file);
 }
 
 TEST(Opening, DoesWithBadFilesWhatTheirManifestSays) {
@@ -219,11 +219,11 @@ TEST(Opening, DoesWithBadFilesWhatTheirManifestSays) {
       EXPECT_FALSE(staysItself && told);
       if (told) desk.prompter.Expect(told->text, Answer::ok);
     }
-    Opening opening = OpenForEditing(desk.services, folder / sample.file);
+    LoadOutcome outcome = LoadEpisodes(desk.services, folder / sample.file);
     EXPECT_EQ(desk.program.Episodes, EpisodeList(1));
-    EXPECT_EQ(opening.opened.has_value(), sample.accepted);
+    EXPECT_EQ(outcome.loaded.has_value(), sample.accepted);
     EXPECT_EQ(desk.screens.Take(), sample.accepted ? Rows{} : Rows{"end"});
-    if (!opening.opened) {
+    if (!outcome.loaded) {
       const std::string& details = desk.prompter.asked.back().details;
       EXPECT_FALSE(details.empty());
       if (sample.file == "segments-40000.eps") {
@@ -234,10 +234,10 @@ TEST(Opening, DoesWithBadFilesWhatTheirManifestSays) {
       continue;
     }
     const std::string rewritten =
-        FormatEps(opening.opened->file.Header(), opening.opened->episodes);
+        FormatEps(outcome.loaded->file.Header(), outcome.loaded->episodes);
     EXPECT_EQ(rewritten, FileBytes(folder / "rewritten" / sample.file));
-    EXPECT_EQ(test::FileOf(test::ReadBack(rewritten)), test::FileOf(opening.opened->episodes));
-    const EpisodeEditor editor(desk.services, std::move(*opening.opened));
+    EXPECT_EQ(test::FileOf(test::ReadBack(rewritten)), test::FileOf(outcome.loaded->episodes));
+    const EpisodeEditor editor(desk.services, std::move(*outcome.loaded));
     EXPECT_EQ(editor.Modified(), repaired);
   }
 }
@@ -247,7 +247,7 @@ TEST(Opening, AnEarlierVersionDeclinedEndsTheProgram) {
   desk.prompter.Expect("EPS file created by an earlier version of ORVEX. Continue anyway?",
                        Answer::cancel);
   const auto file = test::TestData("bad/banner-old-and-cut.eps");
-  EXPECT_FALSE(OpenForEditing(desk.services, file).opened);
+  EXPECT_FALSE(LoadEpisodes(desk.services, file).loaded);
   EXPECT_EQ(desk.prompter.asked[0].buttons, Buttons::okCancel);
   EXPECT_EQ(desk.screens.Take(), Rows{"end"});
 }
@@ -257,7 +257,7 @@ TEST(Opening, FromTheMenuTheEditorTakesItsPlace) {
   const auto file = desk.folder / "EPS/7-12-3.eps";
   const auto open = [&](const std::filesystem::path& path) {
     desk.prompter.ExpectFile({.path = path, .folder = file.parent_path()});
-    return OpenEpisodeFile(desk.services);
+    return EditChosenEpisodes(desk.services);
   };
   EXPECT_FALSE(open({}));
   EXPECT_TRUE(desk.screens.Take().empty());

@@ -46,8 +46,8 @@ class frmClassEditTest : public testing::Test, protected Desk {
  protected:
   void Open(const std::filesystem::path& path) {
     form_.reset();
-    Opening opening = OpenForEditing(services, path);
-    form_ = std::make_unique<frmClassEdit>(services, std::move(*opening.opened));
+    LoadOutcome outcome = LoadEpisodes(services, path);
+    form_ = std::make_unique<frmClassEdit>(services, std::move(*outcome.loaded));
     Activate(*form_);
   }
   void Open() {
@@ -184,6 +184,8 @@ TEST_F(frmClassEditTest, ShowsTheFileAndFitsTheSmallestScreen) {
   Open();
   form_->resize(kSmallestScreen);
   EXPECT_EQ(form_->size(), kSmallestScreen);
+  EXPECT_EQ(form_->windowTitle(), QStringLiteral("Orvex 4.10 Episode Editor[*]"));
+  EXPECT_EQ(Text("Label7") + "|" + Text("Label11"), "Observer: AB|Date of Observation: 03-14-2001");
   EXPECT_EQ(Text("Label8"), "File: " + file_.string());
   EXPECT_EQ(Text("Label12"), "Total: 3 Episodes");
   EXPECT_EQ(Text("Label10"), "Question/Answer: 2 Question(s)");

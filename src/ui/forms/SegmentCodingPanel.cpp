@@ -41,8 +41,7 @@ bool IsTypedInto(const QKeyEvent& key) {
   const QString text = key.text();
   if (key.matches(QKeySequence::Paste) || key.matches(QKeySequence::Cut)) return false;
   if (text.isEmpty() && key.key() != Qt::Key_Delete) return true;  // types nothing
-  return IsForMoving(key) ||
-         (text.size() == 1 && EpisodeEditor::IsDurationKey(text.at(0).unicode()));
+  return IsForMoving(key) || (text.size() == 1 && IsDurationKey(text.at(0).unicode()));
 }
 
 void Fill(QComboBox* list, std::span<const std::string_view> rows) {
@@ -69,9 +68,9 @@ SegmentCodingPanel::SegmentCodingPanel(Ui::frmClassEdit& ui, EpisodeEditor& edit
       ui_(ui),
       editor_(editor),
       changed_(std::move(changed)),
-      groupSolo_(Pair(ui.optGrp_0, ui.optGrp_1, &EpisodeEditor::ChooseGroup)),
-      organization_(Pair(ui.optOrg_0, ui.optOrg_1, &EpisodeEditor::ChooseOrganization)),
-      preparation_(Pair(ui.optPrep_0, ui.optPrep_1, &EpisodeEditor::ChoosePreparation)) {
+      groupSolo_(Pair(ui.optGrp_0, ui.optGrp_1, SubCode::groupSolo)),
+      organization_(Pair(ui.optOrg_0, ui.optOrg_1, SubCode::organization)),
+      preparation_(Pair(ui.optPrep_0, ui.optPrep_1, SubCode::preparation)) {
   BuildLists();
   KeepPlace(ui.frSeat);
   ui.Text1->installEventFilter(this);
@@ -86,36 +85,41 @@ SegmentCodingPanel::SegmentCodingPanel(Ui::frmClassEdit& ui, EpisodeEditor& edit
 }
 
 void SegmentCodingPanel::BuildLists() {
-  const auto list = [this](QComboBox* box, std::span<const std::string_view> rows, Choose choose) {
-    Fill(box, rows);
-    ConnectList(box, choose);
-  };
   std::vector<std::string_view> activities;
   for (const Activity& activity : kActivities) activities.push_back(activity.name);
-  list(ui_.cmbActivityCoding, activities, &EpisodeEditor::ChooseActivity);
-  list(ui_.cmboSubCat, {}, &EpisodeEditor::ChooseSubCategory);
-  list(ui_.cmbSrc, SchemeOf(SubCode::seatworkSource).values, &EpisodeEditor::ChooseSource);
-  list(ui_.cmbCog, SchemeOf(SubCode::seatworkLevel).values, &EpisodeEditor::ChooseCognitiveLevel);
-  list(ui_.cmbSeatOrg, SchemeOf(SubCode::seatworkOrganization).values,
-       &EpisodeEditor::ChooseSeatOrganization);
+  AddList(ui_.cmbActivityCoding, activities,
+          [this](int position) { editor_.ChooseActivity(position); });
+  AddList(ui_.cmboSubCat, {}, [this](int position) {
+    const SubCodeScheme* shown = SubCategoryOf(editor_.Coding().activity + 1);
+    if (shown) editor_.Recode(shown->code, position);
+  });
+  const std::pair<QComboBox*, SubCode> ofSeatwork[] = {
+      {ui_.cmbSrc, SubCode::seatworkSource},
+      {ui_.cmbCog, SubCode::seatworkLevel},
+      {ui_.cmbSeatOrg, SubCode::seatworkOrganization}};
+  for (const auto& [list, code] : ofSeatwork) {
+    AddList(list, SchemeOf(code).values,
+            [this, code = code](int position) { editor_.Recode(code, position); });
+  }
   // The row behind the codes takes a code back; it is also what is shown without one.
   for (QComboBox* box : {ui_.cmbSrc, ui_.cmbCog}) box->addItem(QStringLiteral("no coding"));
 }
 
-void SegmentCodingPanel::ConnectList(QComboBox* list, Choose choose) {
+void SegmentCodingPanel::AddList(QComboBox* list, std::span<const std::string_view> rows,
+                                 const std::function<void(int)>& choose) {
+  Fill(list, rows);
   list->installEventFilter(this);
   new PressGuard(list);
-  connect(list, &QComboBox::currentIndexChanged, this,
-          [this, &editor = editor_, choose](int position) {
-            (editor.*choose)(position);
-            changed_();
-          });
+  connect(list, &QComboBox::currentIndexChanged, this, [this, choose](int position) {
+    choose(position);
+    changed_();
+  });
 }
 
-ChoiceGroup* SegmentCodingPanel::Pair(QRadioButton* first, QRadioButton* second, Choose choose) {
+ChoiceGroup* SegmentCodingPanel::Pair(QRadioButton* first, QRadioButton* second, SubCode code) {
   auto* pair = new ChoiceGroup({first, second}, this);
-  connect(pair, &ChoiceGroup::Chosen, this, [this, &editor = editor_, choose](int position) {
-    (editor.*choose)(position);
+  connect(pair, &ChoiceGroup::Chosen, this, [this, code](int position) {
+    editor_.Recode(code, position);
     changed_();
   });
   return pair;
@@ -141,12 +145,12 @@ void SegmentCodingPanel::Arrange() {
 
 void SegmentCodingPanel::Refresh() {
   const SegmentCodingView coding = editor_.Coding();
-  const bool hasSegment = editor_.HasSegment();
-  ShowText(ui_.Label13, editor_.SegmentDurationLabel());
-  ShowText(ui_.Text1, editor_.SegmentDuration());
+  const EpisodeView view = editor_.View();
+  ShowText(ui_.Label13, view.segmentDurationLabel);
+  ShowText(ui_.Text1, view.segmentDuration);
   for (QWidget* control :
        std::initializer_list<QWidget*>{ui_.Text1, ui_.Label9, ui_.cmbActivityCoding}) {
-    control->setEnabled(hasSegment);
+    control->setEnabled(view.hasSegment);
   }
   ShowChoice(ui_.cmbActivityCoding, coding.activity);
 

@@ -2,6 +2,10 @@
 
 #include <QObject>
 #include <functional>
+#include <span>
+#include <string_view>
+
+#include "model/segment_data.h"
 
 class QComboBox;
 class QRadioButton;
@@ -33,11 +37,10 @@ class SegmentCodingPanel : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  using Choose = void (EpisodeEditor::*)(int position);
-
   void BuildLists();
-  void ConnectList(QComboBox* list, Choose choose);
-  ChoiceGroup* Pair(QRadioButton* first, QRadioButton* second, Choose choose);
+  void AddList(QComboBox* list, std::span<const std::string_view> rows,
+               const std::function<void(int)>& choose);
+  ChoiceGroup* Pair(QRadioButton* first, QRadioButton* second, SubCode code);
   void RefreshSubCategories(const SegmentCodingView& coding);
   void RefreshPage(const SegmentCodingView& coding);
 

@@ -10,7 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "model/coding_scheme.h"
+#include "model/version.h"
+#include "reports/episode_origin.h"
 #include "ui/ReadFromStart.h"
 #include "ui/forms/SegmentCodingPanel.h"
 #include "ui/forms/dlgTimer.h"
@@ -36,13 +37,13 @@ bool IsUndoOrRedo(const QKeyEvent& key) {
 
 }  // namespace
 
-frmClassEdit::frmClassEdit(const Services& services, OpenedFile opened, QWidget* parent)
+frmClassEdit::frmClassEdit(const Services& services, LoadedEpisodes loaded, QWidget* parent)
     : QWidget(parent),
       clock_(services.clock),
-      editor_(services, std::move(opened)),
+      editor_(services, std::move(loaded)),
       ui_(std::make_unique<Ui::frmClassEdit>()) {
   ui_->setupUi(this);
-  setWindowTitle(ToQt(editor_.Caption()) + QStringLiteral("[*]"));
+  setWindowTitle(ToQt("Orvex " + VersionText() + " Episode Editor[*]"));
   coding_ = new SegmentCodingPanel(
       *ui_, editor_, [this] { Refresh(); }, this);
   AddKeepTrouble();
@@ -72,11 +73,11 @@ void frmClassEdit::ConnectLists() {
   RowList* episodes = ui_->listViewEp;
   RowList* segments = ui_->listViewSg;
   connect(episodes, &RowList::Chosen, this, [this](int row) {
-    editor_.GetEpisode(row);
+    editor_.ShowEpisode(row);
     Refresh();
   });
   connect(episodes, &RowList::SelectionMade, this, [this] {
-    editor_.SetSelectedEpisodes(ui_->listViewEp->SelectedRows());
+    editor_.SelectEpisodes(ui_->listViewEp->SelectedRows());
     RefreshButtons();
   });
   connect(segments, &RowList::Chosen, this, [this](int row) {
@@ -84,15 +85,15 @@ void frmClassEdit::ConnectLists() {
     Refresh();
   });
   connect(segments, &RowList::SelectionMade, this, [this] {
-    editor_.SetSelectedSegments(ui_->listViewSg->SelectedRows());
+    editor_.SelectSegments(ui_->listViewSg->SelectedRows());
     RefreshButtons();
   });
   auto* drag = new SegmentDrag(segments, {episodes, segments});
   connect(drag, &SegmentDrag::Dropped, this, [this, episodes](RowList* target, int row) {
     if (target == episodes) {
-      editor_.DropOnEpisode(row);
+      editor_.MoveSegments(row);
     } else {
-      editor_.DropOnSegment(row);
+      editor_.ReorderSegments(row);
     }
     Refresh();
   });
@@ -112,8 +113,8 @@ QAction* frmClassEdit::AddKeys(QList<QKeySequence> keys, QWidget* where,
 }
 
 void frmClassEdit::ConnectKeys() {
-  undo_ = AddKeys(KeysOf(Way::undo), this, [this] { editor_.Undo(); });
-  redo_ = AddKeys(KeysOf(Way::redo), this, [this] { editor_.Redo(); });
+  undo_ = AddKeys(KeysOf(Way::undo), this, [this] { editor_.TakeStep(Way::undo); });
+  redo_ = AddKeys(KeysOf(Way::redo), this, [this] { editor_.TakeStep(Way::redo); });
   AddKeys(Keys(QKeySequence::Save), this, [this] { editor_.Save(); });
   for (RowList* list : {ui_->listViewEp, ui_->listViewSg}) {
     AddKeys(Keys(QKeySequence::Cut), list, [this] { editor_.Cut(); });
@@ -126,27 +127,25 @@ void frmClassEdit::ConnectKeys() {
 }
 
 void frmClassEdit::ConnectButtons() {
-  const auto button = [this](QPushButton* source, void (EpisodeEditor::*click)()) {
-    connect(source, &QPushButton::clicked, this, [this, click] {
-      (editor_.*click)();
+  const auto button = [this](QPushButton* source, auto work) {
+    connect(source, &QPushButton::clicked, this, [this, work] {
+      work(editor_);
       Refresh();
     });
   };
-  button(ui_->cmdSplitSg, &EpisodeEditor::cmdSplitSg_Click);
-  button(ui_->cmdMergeSg, &EpisodeEditor::cmdMergeSg_Click);
-  button(ui_->cmdSplitEp, &EpisodeEditor::cmdSplitEp_Click);
-  button(ui_->cmdMergeEp, &EpisodeEditor::cmdMergeEp_Click);
-  button(ui_->cmdUndo, &EpisodeEditor::Undo);
-  button(ui_->cmdRedo, &EpisodeEditor::Redo);
-  button(ui_->Command1, &EpisodeEditor::EditQuestions);
-  button(ui_->Command2, &EpisodeEditor::ShowTimeSummary);
-  button(ui_->Command3, &EpisodeEditor::ShowStatistics);
-  button(ui_->Command6, &EpisodeEditor::ShowPlot);
-  button(ui_->Command7, &EpisodeEditor::Proof);
-  connect(ui_->Command4, &QPushButton::clicked, this, [this] {
-    editor_.Save();
-    Refresh();
-  });
+  using Editor = EpisodeEditor;
+  button(ui_->cmdSplitSg, [](Editor& editor) { editor.SplitSegment(); });
+  button(ui_->cmdMergeSg, [](Editor& editor) { editor.MergeSegments(); });
+  button(ui_->cmdSplitEp, [](Editor& editor) { editor.SplitEpisode(); });
+  button(ui_->cmdMergeEp, [](Editor& editor) { editor.MergeEpisodes(); });
+  button(ui_->cmdUndo, [](Editor& editor) { editor.TakeStep(Way::undo); });
+  button(ui_->cmdRedo, [](Editor& editor) { editor.TakeStep(Way::redo); });
+  button(ui_->Command1, [](Editor& editor) { editor.EditQuestions(); });
+  button(ui_->Command2, [](Editor& editor) { editor.ShowReport(Screen::timeSummary); });
+  button(ui_->Command3, [](Editor& editor) { editor.ShowReport(Screen::questionStats); });
+  button(ui_->Command4, [](Editor& editor) { editor.Save(); });
+  button(ui_->Command6, [](Editor& editor) { editor.ShowReport(Screen::questionPlot); });
+  button(ui_->Command7, [](Editor& editor) { editor.Proof(); });
   connect(ui_->Command5, &QPushButton::clicked, this, &frmClassEdit::ShowTimer);
   connect(ui_->cmdQuit, &QPushButton::clicked, this, &QWidget::close);
   // Whoever comes back goes on where they were.
@@ -207,48 +206,50 @@ void frmClassEdit::Refresh() {
 }
 
 void frmClassEdit::RefreshTexts() {
-  const std::string trouble = editor_.KeepTrouble();
+  const EditedFile& file = editor_.File();
+  const std::string trouble = file.KeepTrouble();
   ShowText(keepTrouble_, NotKeptText(trouble));
   keepTrouble_->setVisible(!trouble.empty());
-  ShowText(ui_->Label7, editor_.ObserverText());
-  ShowText(ui_->Label8, editor_.FileText());
-  ShowText(ui_->Label11, editor_.DateText());
-  ShowText(ui_->Label12, editor_.TotalText());
-  ReadFromStart(ui_->txtEpisodeName, editor_.Description());
-  ui_->txtEpisodeName->setEnabled(editor_.HasEpisode());
-  ShowText(ui_->Label10, PlainText(editor_.ActivityText()));
-  ShowText(ui_->Label1, editor_.DurationText());
-  ShowText(ui_->Label2, editor_.SegmentCountText());
-  ShowText(ui_->lblDSpells, editor_.SpellsText());
+  ShowText(ui_->Label7, ObserverText(file.Header()));
+  ShowText(ui_->Label8, "File: " + file.Path().string());
+  ShowText(ui_->Label11, DateText(file.Header()));
+  const EpisodeView view = editor_.View();
+  ShowText(ui_->Label12, view.total);
+  ReadFromStart(ui_->txtEpisodeName, view.description);
+  ui_->txtEpisodeName->setEnabled(view.hasEpisode);
+  ShowText(ui_->Label10, PlainText(view.activity));
+  ShowText(ui_->Label1, view.duration);
+  ShowText(ui_->Label2, view.segmentCount);
+  ShowText(ui_->lblDSpells, view.spells);
+  ui_->Command1->setEnabled(view.hasEpisode);
+  ui_->Command3->setEnabled(view.hasQuestions);
+  ui_->Command6->setEnabled(view.hasQuestions);
 }
 
 void frmClassEdit::RefreshLists() {
-  ui_->listViewEp->ShowRows(editor_.EpisodeRows(), editor_.SelectedEpisodes(),
-                            editor_.CurrentEpisode());
-  ui_->listViewSg->ShowRows(editor_.SegmentRows(), editor_.SelectedSegments(),
-                            editor_.CurrentSegment());
+  const ListSelection& selection = editor_.Selection();
+  ui_->listViewEp->ShowRows(editor_.EpisodeRows(), selection.episodes, selection.episode);
+  ui_->listViewSg->ShowRows(editor_.SegmentRows(), selection.segments, selection.segment);
   ui_->listViewSg->ShowFaint([this](int row) { return editor_.IsCut(row); });
 }
 
 void frmClassEdit::RefreshButtons() {
-  ui_->cmdSplitSg->setEnabled(editor_.CanSplitSegment());
-  ui_->cmdSplitSg->setToolTip(Qt::convertFromPlainText(ToQt(editor_.SplitSegmentHint())));
-  ui_->cmdMergeSg->setEnabled(editor_.CanMergeSegments());
-  ui_->cmdSplitEp->setEnabled(editor_.CanSplitEpisode());
-  ui_->cmdMergeEp->setEnabled(editor_.CanMergeEpisodes());
-  ui_->Command1->setEnabled(editor_.HasEpisode());
-  ui_->Command3->setEnabled(editor_.HasQuestions());
-  ui_->Command6->setEnabled(editor_.HasQuestions());
-  const auto step = [](QPushButton* button, QAction* action, const char* verb,
-                       const std::string& name) {
+  const PossibleEdits possible = editor_.Possible();
+  ui_->cmdSplitSg->setEnabled(possible.splitSegment);
+  ui_->cmdSplitSg->setToolTip(Qt::convertFromPlainText(ToQt(possible.splitSegmentHint)));
+  ui_->cmdMergeSg->setEnabled(possible.mergeSegments);
+  ui_->cmdSplitEp->setEnabled(possible.splitEpisode);
+  ui_->cmdMergeEp->setEnabled(possible.mergeEpisodes);
+  const auto step = [this](QPushButton* button, QAction* action, const char* verb, Way way) {
+    const std::string name = editor_.StepName(way);
     const std::string text = name.empty() ? verb : verb + (" " + name);
     ShowText(button, text);
     button->setEnabled(!name.empty());
     action->setText(ToQt(text));
     action->setEnabled(!name.empty());
   };
-  step(ui_->cmdUndo, undo_, "&Undo", editor_.UndoName());
-  step(ui_->cmdRedo, redo_, "&Redo", editor_.RedoName());
+  step(ui_->cmdUndo, undo_, "&Undo", Way::undo);
+  step(ui_->cmdRedo, redo_, "&Redo", Way::redo);
 }
 
 /// The button under a list that has the letter `key`. The two lists have the same letters: from
@@ -305,7 +306,7 @@ void frmClassEdit::showEvent(QShowEvent* event) {
 }
 
 void frmClassEdit::closeEvent(QCloseEvent* event) {
-  editor_.RequestClose();
+  editor_.Quit();
   event->ignore();  // the form goes when the program ends
   // Whoever goes on with another file does not begin on "Quit".
   ui_->listViewEp->setFocus();

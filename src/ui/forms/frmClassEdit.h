@@ -28,7 +28,7 @@ class frmClassEdit : public QWidget {
   Q_OBJECT
 
  public:
-  frmClassEdit(const Services& services, OpenedFile opened, QWidget* parent = nullptr);
+  frmClassEdit(const Services& services, LoadedEpisodes loaded, QWidget* parent = nullptr);
   ~frmClassEdit() override;
 
   EpisodeEditor& Editor() { return editor_; }

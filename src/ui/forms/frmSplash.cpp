@@ -3,7 +3,7 @@
 #include <QFont>
 #include <QTimer>
 
-#include "editor/open_editor.h"
+#include "editor/load_episodes.h"
 #include "start/start_up.h"
 #include "tables/export_form.h"
 #include "ui/show.h"
@@ -40,7 +40,7 @@ frmSplash::frmSplash(const Services& services, QWidget* parent)
   button(ui_->Command3, &MainMenu::Matrices);
   button(ui_->Command7, &MainMenu::EditFieldNotes);
   button(ui_->Command2, &MainMenu::Cancel);
-  connect(ui_->Command1, &QPushButton::clicked, this, [services] { OpenEpisodeFile(services); });
+  connect(ui_->Command1, &QPushButton::clicked, this, [services] { EditChosenEpisodes(services); });
   connect(ui_->Command6, &QPushButton::clicked, this, [this, services] {
     menu_.ChangeDataPath();
     Refresh();

@@ -11,7 +11,7 @@ struct EpsDifferences;
 
 /// What is told of the file at `path` that a save would change; nothing when it would not, or only
 /// name another version of the program.
-std::optional<Message> MessageOf(const EpsDifferences& differences,
-                                 const std::filesystem::path& path);
+std::optional<Message> SaveWarning(const EpsDifferences& differences,
+                                   const std::filesystem::path& path);
 
 }  // namespace orvex

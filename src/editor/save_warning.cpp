@@ -1,4 +1,4 @@
-#include "editor/told_at_opening.h"
+#include "editor/save_warning.h"
 
 #include <algorithm>
 #include <string>
@@ -33,8 +33,8 @@ std::string PlacesOf(const EpsDifferences& differences) {
 
 }  // namespace
 
-std::optional<Message> MessageOf(const EpsDifferences& differences,
-                                 const std::filesystem::path& path) {
+std::optional<Message> SaveWarning(const EpsDifferences& differences,
+                                   const std::filesystem::path& path) {
   const std::size_t places = differences.contents.size();
   if (places > 0) {
     return Message{.text = "A save would drop or change what this file holds in " +

@@ -1,0 +1,84 @@
+#include "editor/episode_view.h"
+
+#include <cstddef>
+
+#include "model/activities.h"
+#include "model/activity_label.h"
+#include "model/duration_text.h"
+#include "model/shortened.h"
+
+namespace orvex {
+namespace {
+
+std::string SegmentRow(std::size_t number, const SegmentData& segment) {
+  return std::to_string(number) + ". " + ActivityName(segment.activityNum);
+}
+
+/// "0 Segment", "1 Segment", "2 Segments".
+std::string CountText(std::size_t count, const std::string& what) {
+  return std::to_string(count) + " " + what + (count > 1 ? "s" : "");
+}
+
+}  // namespace
+
+EpisodeView ViewOf(const EpisodeList& episodes, Place current, bool saysReview) {
+  const Episode* const found = ItemAt(episodes, current.episode);
+  const Episode none;
+  const Episode& episode = found ? *found : none;
+  const SegmentData* const segment = ItemAt(episode.segments, current.segment);
+  EpisodeView view;
+  view.total = "Total: " + CountText(episodes.size(), "Episode");
+  view.hasEpisode = found != nullptr;
+  view.hasSegment = segment != nullptr;
+  view.hasQuestions = !episode.questions.empty();
+  view.description = episode.Descript;
+  view.activity = ActivityLabel(episode, saysReview);
+  view.spells = std::to_string(FindDialogicSpells(episode.questions).size()) + " dialogic spell(s)";
+  view.duration = DurationInWords(episode.duration());
+  view.segmentCount = CountText(episode.segments.size(), "Segment");
+  view.segmentDurationLabel = "N/A";
+  view.segmentDuration = "N/A";
+  if (segment) {
+    view.segmentDurationLabel = "Duration of segment " + std::to_string(current.segment) + ":";
+    view.segmentDuration = WholeSecondsText(static_cast<double>(segment->duration));
+  }
+  return view;
+}
+
+std::vector<std::string> EpisodeRowsOf(const EpisodeList& episodes) {
+  std::vector<std::string> rows;
+  rows.reserve(episodes.size());
+  for (const Episode& episode : episodes) {
+    rows.push_back(std::to_string(rows.size() + 1) + ". " + Shortened(episode.Descript));
+  }
+  return rows;
+}
+
+std::vector<std::string> SegmentRowsOf(const Episode& episode) {
+  std::vector<std::string> rows;
+  rows.reserve(episode.segments.size());
+  for (const SegmentData& segment : episode.segments) {
+    rows.push_back(SegmentRow(rows.size() + 1, segment));
+  }
+  return rows;
+}
+
+PossibleEdits PossibleEditsOf(const EpisodeList& episodes, const ListSelection& selection) {
+  const Episode* const episode = ItemAt(episodes, selection.episode);
+  const SegmentData* const segment =
+      episode ? ItemAt(episode->segments, selection.segment) : nullptr;
+  const bool isOneSegment = selection.segments.size() == 1;
+  const bool isOneEpisode = selection.episodes.size() == 1;
+  PossibleEdits possible = {
+      .splitSegment = isOneSegment,
+      .mergeSegments = !isOneSegment,
+      .splitEpisode = isOneEpisode && episode && episode->segments.size() >= 2,
+      .mergeEpisodes = !isOneEpisode};
+  if (isOneSegment && segment) {
+    possible.splitSegmentHint =
+        "Splits segment " + SegmentRow(static_cast<std::size_t>(selection.segment), *segment);
+  }
+  return possible;
+}
+
+}  // namespace orvex

@@ -1,0 +1,96 @@
+#include "editor/load_episodes.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "desk/choose_file.h"
+#include "desk/prompter.h"
+#include "desk/save_file.h"
+#include "editor/save_warning.h"
+#include "recovery/unfinished_file.h"
+#include "store/checksum.h"
+#include "store/eps_differences.h"
+#include "store/file_error.h"
+#include "store/format_error.h"
+#include "store/shown_text.h"
+
+namespace orvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Passes what the reader has to say on to the user.
+class ReadingAloud : public EpsReadEvents {
+ public:
+  explicit ReadingAloud(Prompter& prompter) : prompter_(prompter) {}
+
+  bool ContinueWithEarlierVersion() override {
+    return prompter_.AskOkCancel(std::string(kEarlierVersionText) + " Continue anyway?");
+  }
+  void FirstSegmentRepaired(int ep) override {
+    prompter_.Tell(RepairedText(ep));
+    repaired_ = true;
+  }
+  bool Repaired() const { return repaired_; }
+
+ private:
+  Prompter& prompter_;
+  bool repaired_ = false;
+};
+
+/// Tells what a save would drop of the file, or change in it.
+void TellDifferences(Prompter& prompter, const fs::path& path, const std::string& bytes,
+                     const EpsObservation& read) {
+  if (const auto message = SaveWarning(DifferencesOf(bytes, read), path)) prompter.Ask(*message);
+}
+
+/// Reads the file at `path`, or the changes to it that are taken up, also when it is gone.
+LoadedEpisodes Read(const Services& services, const fs::path& path, const TakenUp& takenUp) {
+  const auto& changes = takenUp.changes;
+  ReadingAloud events(services.prompter);
+  const std::string bytes = takenUp.FileBytes(path);
+  EpsObservation read = ParseEps(changes ? *changes->bytes : bytes, events);
+  TellProtection(services.prompter, path);
+  if (!changes) TellDifferences(services.prompter, path, bytes, read);
+  LoadedEpisodes loaded = {.file = {path, std::move(read.header), bytes,
+                                    std::make_unique<FileKeeper>(services, path, bytes, changes)},
+                           .episodes = std::move(read.Episodes),
+                           .repaired = events.Repaired() || changes};
+  if (changes && changes->base != Checksum(bytes)) loaded.file.Distrust();
+  return loaded;
+}
+
+}  // namespace
+
+LoadOutcome LoadEpisodes(const Services& services, const fs::path& path, Kept kept) {
+  LoadOutcome outcome;
+  const TakenUp takenUp = TakeUpChanges(services, path, kept);
+  if (takenUp.isLeft) return outcome;
+  try {
+    outcome.loaded.emplace(Read(services, path, takenUp));
+  } catch (const FileError& error) {
+    services.prompter.Tell("The file could not be read.", error.what());
+  } catch (const FormatError& error) {
+    services.prompter.Tell(takenUp.changes ? kChangesUnreadable : "Invalid file format.",
+                           Shown(path.native()) + ": " + error.what());
+    outcome.programEnds = !takenUp.changes;
+  } catch (const ReadingDeclined&) {
+    outcome.programEnds = true;
+  }
+  if (outcome.programEnds) services.screens.EndProgram();
+  return outcome;
+}
+
+fs::path ChooseEpisodeFile(const Services& services) {
+  return ChooseFile(services, kEpsFilter);
+}
+
+bool EditChosenEpisodes(const Services& services) {
+  const fs::path path = ChooseEpisodeFile(services);
+  if (path.empty() || !services.screens.ShowEpisodeEditor(path, Kept::areOffered)) return false;
+  services.screens.Close(Screen::mainMenu);
+  return true;
+}
+
+}  // namespace orvex
