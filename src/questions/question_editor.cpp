@@ -11,34 +11,23 @@
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
 #include "questions/question_layout.h"
+#include "questions/question_room.h"
 #include "start/field_notes_file.h"
+#include "store/numbers.h"
 #include "store/session_log.h"
+#include "store/text_encoding.h"
 
 namespace orvex {
 namespace {
 
 using Control = QuestionEditor::Control;
 
-constexpr std::size_t kRowCharacters = 30;
-
-const std::string kNothing;
-
-/// The first `count` characters of a UTF-8 text.
-std::string_view FirstCharacters(std::string_view text, std::size_t count) {
-  std::size_t end = 0;
-  for (; end < text.size(); ++end) {
-    const bool startsCharacter = (static_cast<unsigned char>(text[end]) & 0xC0U) != 0x80U;
-    if (startsCharacter && count-- == 0) break;
-  }
-  return text.substr(0, end);
-}
-
 }  // namespace
 
-QuestionEditor::QuestionEditor(const Services& services, const EditorOpening& opening,
+QuestionEditor::QuestionEditor(const Services& services, const QuestionEditorStart& start,
                                LiveObservation* live, const SessionClocks* liveClocks)
     : services_(services),
-      opening_(opening),
+      start_(start),
       live_(live),
       liveClocks_(liveClocks),
       tick_(services.prompter, "timer1") {
@@ -46,22 +35,22 @@ QuestionEditor::QuestionEditor(const Services& services, const EditorOpening& op
     offtask_.emplace(*live_);
     steps_ = &classSteps_.emplace(services, *live_);
   }
-  const int first = live_ ? EpisodeCount() : opening.episode;
-  ChooseEpisode(opening.proofMode ? services.program.ProofEp : first);
-  focus_.Set(EditStart());
+  const int first = live_ ? EpisodeCount() : start.episode;
+  ChooseEpisode(start.proofMode ? services.program.ProofEp : first);
+  focus_.Set(WhereToGoOn());
 }
 
 Episode& QuestionEditor::SelectedEpisode() const {
   return services_.program.Episodes.at(static_cast<std::size_t>(selEp_ - 1));
 }
 
-questionInfo& QuestionEditor::Shown() const {
+questionInfo& QuestionEditor::CurrentQuestion() const {
   return SelectedEpisode().questions.at(static_cast<std::size_t>(curQ_ - 1));
 }
 
 /// Where the keyboard goes on when it has lost its place.
-Control QuestionEditor::EditStart() const {
-  return CanEdit() ? Control::txtQuestion : Control::cmdInsA;
+Control QuestionEditor::WhereToGoOn() const {
+  return CanEdit() ? Control::question : Control::insertAfter;
 }
 
 // What the form shows.
@@ -79,90 +68,72 @@ int QuestionEditor::QuestionCount() const {
   return HasEpisode() ? SelectedEpisode().nQAs() : 0;
 }
 
-const std::string& QuestionEditor::Description() const {
-  return HasEpisode() ? SelectedEpisode().Descript : kNothing;
-}
-
 std::string QuestionEditor::RowText(int i) const {
-  const int number = rowNumbers_.At(i);
-  std::string row = number == 0 ? "#" : std::to_string(number);
-  row += ". ";
-  row += FirstCharacters(QuestionText(i), kRowCharacters);
-  return row;
+  return rowNumbers_.RowText(i, QuestionText(i));
 }
 
 const std::string& QuestionEditor::QuestionText(int i) const {
   return SelectedEpisode().questions.at(static_cast<std::size_t>(i - 1)).question;
 }
 
-std::string QuestionEditor::QuestionCaption() const {
-  const std::string caption = "Question #" + std::to_string(curQ_);
-  return inserted_ ? caption + ":" : caption + " of " + std::to_string(QuestionCount()) + ":";
+QuestionView QuestionEditor::View() const {
+  QuestionView view;
+  view.caption = "Question #" + std::to_string(curQ_);
+  view.caption += inserted_ ? ":" : " of " + std::to_string(QuestionCount()) + ":";
+  view.segment = segmentText_;
+  view.heading = SourceIs("S") ? "TEACHER RESPONSE" : "TEACHER EVAL./FOLLOWUP";
+  if (HasEpisode()) view.description = SelectedEpisode().Descript;
+  if (!CanEdit()) return view;
+  const questionInfo& question = CurrentQuestion();
+  view.question = question.question;
+  view.respondName = question.respondName;
+  view.canStepUp = question.iSgQ < kMostSegment;
+  view.canStepDown = question.iSgQ > 0;
+  view.isNormal = question.IsNormal();
+  view.hasHeading = AsksFor(question, Dimension::elaborated);
+  return view;
 }
 
-const std::string& QuestionEditor::Question() const {
-  return CanEdit() ? Shown().question : kNothing;
-}
-
-const std::string& QuestionEditor::RespondName() const {
-  return CanEdit() ? Shown().respondName : kNothing;
-}
-
-bool QuestionEditor::CanStepSegment(int steps) const {
-  return CanEdit() && (steps < 0 ? Shown().iSgQ > 0 : Shown().iSgQ < kMostSegment);
-}
-
-int QuestionEditor::SelectedOption(Dimension dimension) const {
-  return CanEdit() ? OptionOf(Shown(), dimension) : -1;
+FrameView QuestionEditor::Frame(Dimension dimension) const {
+  static const questionInfo kNone;
+  const questionInfo& question = CanEdit() ? CurrentQuestion() : kNone;
+  const DimensionLabel& label = DimensionLabels[static_cast<std::size_t>(dimension)];
+  const bool isName = dimension == Dimension::respondName;
+  FrameView frame = {.visible = AsksFor(question, dimension), .caption = label.Label};
+  if (CanEdit()) frame.option = OptionOf(question, dimension);
+  const bool coded = isName ? !question.respondName.empty() : frame.option >= 0;
+  if (isName && !SourceIs("T")) frame.caption = "Who asks question?";
+  if (captionPhase_ && CanEdit() && !coded) frame.caption = label.Blank;
+  return frame;
 }
 
 std::optional<Dimension> QuestionEditor::FirstGap() const {
   if (!ProofMode() || !CanEdit()) return std::nullopt;
-  const std::vector<Dimension> missing = FindMissingCodes(Shown()).dimensions;
+  const std::vector<Dimension> missing = FindMissingCodes(CurrentQuestion()).dimensions;
   return missing.empty() ? std::nullopt : std::optional(missing.front());
 }
 
 bool QuestionEditor::SourceIs(std::string_view letter) const {
-  return CanEdit() && Shown().strSrc() == letter;
-}
-
-bool QuestionEditor::FrameVisible(Dimension dimension) const {
-  return AsksFor(CanEdit() ? Shown() : questionInfo{}, dimension);
-}
-
-std::string_view QuestionEditor::FrameCaption(Dimension dimension) const {
-  const DimensionLabel& label = DimensionLabels[static_cast<std::size_t>(dimension)];
-  const bool isName = dimension == Dimension::respondName;
-  const bool coded = isName ? !RespondName().empty() : SelectedOption(dimension) >= 0;
-  if (captionPhase_ && CanEdit() && !coded) return label.Blank;
-  return isName && !SourceIs("T") ? "Who asks question?" : label.Label;
-}
-
-std::string_view QuestionEditor::Heading() const {
-  return SourceIs("S") ? "TEACHER RESPONSE" : "TEACHER EVAL./FOLLOWUP";
-}
-
-bool QuestionEditor::NormalVisible() const {
-  return CanEdit() && Shown().IsNormal();
+  return CanEdit() && CurrentQuestion().strSrc() == letter;
 }
 
 bool QuestionEditor::Enabled(Command command) const {
   switch (command) {
-    case Command::cmdInsB:
-    case Command::cmdInsA:
+    case Command::insertBefore:
+    case Command::insertAfter:
       return HasEpisode();
-    case Command::cmdDrop:
+    case Command::drop:
       return CanEdit();
-    case Command::cmdDitto:
+    case Command::ditto:
       return curQ_ >= 2;
-    case Command::cmdNormal:
-      return normalEnabled_;
-    case Command::cmdReseq:
-      return reseqEnabled_;
-    case Command::cmdNxt:
+    case Command::makeNormal:
+      return canMakeNormal_;
+    case Command::renumber:
+      return canRenumber_;
+    case Command::nextGap:
       return ProofMode();
-    case Command::cmdReturn:
-    case Command::Command1:
+    case Command::leave:
+    case Command::editFieldNotes:
       return true;
   }
   return false;
@@ -202,7 +173,7 @@ void QuestionEditor::ShowPlace(const QuestionPlace& place) {
   inserted_ = false;
   if (CanEdit()) return ShowQuestion(curQ_);
   UpdateEditState();
-  focus_.Set(EditStart());
+  focus_.Set(WhereToGoOn());
 }
 
 void QuestionEditor::LayoutFrames() {
@@ -211,59 +182,64 @@ void QuestionEditor::LayoutFrames() {
   UpdateEditState();
 }
 
-/// What is not derived from the question shown: two buttons that an emptied list leaves as they
-/// are, and of which "Reseq" follows only here.
+/// What is not derived from the question shown: two commands that an emptied list leaves as they
+/// are, and of which the renumbering follows only here.
 void QuestionEditor::UpdateEditState() {
   if (!CanEdit()) {
     segmentText_.clear();
     return;
   }
-  normalEnabled_ = !Shown().IsNormal();
-  reseqEnabled_ = rowNumbers_.LagBehind();
+  canMakeNormal_ = !CurrentQuestion().IsNormal();
+  canRenumber_ = rowNumbers_.LagBehind();
 }
 
 void QuestionEditor::ShowSegment() {
-  segmentText_ = std::to_string(Shown().iSgQ);
+  segmentText_ = std::to_string(CurrentQuestion().iSgQ);
 }
 
-void QuestionEditor::ClickRow(int i) {
+void QuestionEditor::ChooseQuestion(int i) {
   LeaveBox();
   if (i >= 1 && i <= QuestionCount()) ShowQuestion(i);
 }
 
-void QuestionEditor::LeaveDescription() {
-  if (Description() == oldDescript_) return;
-  if (live_) services_.log.LogRevisedDescription(Description());
-  oldDescript_ = Description();
+void QuestionEditor::EnterDescription() {
+  oldDescript_ = View().description;
 }
 
-// The buttons.
+void QuestionEditor::LeaveDescription() {
+  const std::string description = View().description;
+  if (description == oldDescript_) return;
+  if (live_) services_.log.LogRevisedDescription(description);
+  oldDescript_ = description;
+}
 
-void QuestionEditor::Click(Command command) {
+// The commands.
+
+void QuestionEditor::Do(Command command) {
   if (!Enabled(command)) return;
   switch (command) {
-    case Command::cmdInsB:
-      return InsertBefore();
-    case Command::cmdInsA:
-      return InsertAfter();
-    case Command::cmdDrop:
+    case Command::insertBefore:
+      return Insert(std::max(curQ_, 1));
+    case Command::insertAfter:
+      return Insert(curQ_ + 1);
+    case Command::drop:
       return Drop();
-    case Command::cmdDitto:
+    case Command::ditto:
       return Ditto();
-    case Command::cmdNormal:
-      return Normal();
-    case Command::cmdReseq:
-      return Reseq();
-    case Command::cmdNxt:
-      return Next();
-    case Command::cmdReturn:
-      return Return();
-    case Command::Command1:
-      return FieldNotes();
+    case Command::makeNormal:
+      return MakeNormal();
+    case Command::renumber:
+      return rowNumbers_.Renumber(StepsTaken());
+    case Command::nextGap:
+      return ShowNextGap();
+    case Command::leave:
+      return Leave();
+    case Command::editFieldNotes:
+      return EditFieldNotes();
   }
 }
 
-void QuestionEditor::Next() {
+void QuestionEditor::ShowNextGap() {
   Program& program = services_.program;
   program.ProofEp = selEp_;
   program.ProofQ = curQ_ + 1;
@@ -275,16 +251,16 @@ void QuestionEditor::Next() {
 /// The keyboard goes on where something is missing.
 void QuestionEditor::FocusGap() {
   if (!CanEdit()) return;
-  const MissingCodes missing = FindMissingCodes(Shown());
+  const MissingCodes missing = FindMissingCodes(CurrentQuestion());
   if (missing.text) {
-    focus_.Set(Control::txtQuestion);
+    focus_.Set(Control::question);
   } else if (!missing.dimensions.empty()) {
     const bool name = missing.dimensions.front() == Dimension::respondName;
-    focus_.Set(name ? Control::txtRespondName : Control::gap);
+    focus_.Set(name ? Control::respondName : Control::gap);
   }
 }
 
-void QuestionEditor::FieldNotes() {
+void QuestionEditor::EditFieldNotes() {
   if (live_) {
     live_->cmdFieldNote_Click();
   } else {
@@ -292,23 +268,169 @@ void QuestionEditor::FieldNotes() {
   }
 }
 
-void QuestionEditor::Return() {
+/// Shows the caller again and closes the form: the caller is hidden, and no form would be left.
+void QuestionEditor::Leave() {
   if (live_) live_->History().ForgetRevisions();
-  ShowCaller();
+  services_.screens.Show(CallersScreen());
   services_.screens.Close(Screen::questionEditor);
 }
 
-void QuestionEditor::ShowCaller() {
-  switch (opening_.caller) {
+Screen QuestionEditor::CallersScreen() const {
+  switch (start_.caller) {
     case EditorCaller::liveObservation:
-      return services_.screens.Show(Screen::liveObservation);
+      break;
     case EditorCaller::questionEntry:
-      return services_.screens.Show(Screen::questionEntry);
+      return Screen::questionEntry;
     case EditorCaller::episodeEditor:
-      return services_.screens.Show(Screen::episodeEditor);
+      return Screen::episodeEditor;
     case EditorCaller::statistics:
-      return services_.screens.Show(Screen::questionStats);
+      return Screen::questionStats;
   }
+  return Screen::liveObservation;
+}
+
+/// Changes the question shown, where there is one. What is typed in the same box of the same
+/// question on and on is one step.
+template <typename Change>
+void QuestionEditor::Revise(const char* name, bool typing, Change change) {
+  if (!CanEdit()) return;
+  questionInfo before = CurrentQuestion();
+  change(CurrentQuestion());
+  if (CurrentQuestion() == before) return;
+  const std::string place = std::to_string(selEp_) + " " + std::to_string(curQ_);
+  Record({.name = name,
+          .typing = typing ? name + (" " + place) : "",
+          .place = {selEp_, curQ_},
+          .present = true,
+          .before = std::move(before)});
+}
+
+void QuestionEditor::Record(QuestionChange change) {
+  rowNumbers_.ForgetUndone();
+  if (steps_) steps_->RecordQuestionChange(change);
+}
+
+// Typing and coding.
+
+void QuestionEditor::ChooseOption(Dimension dimension, int option) {
+  Revise("Code question", false,
+         [&](questionInfo& question) { SetOption(question, dimension, option); });
+  LayoutFrames();
+}
+
+void QuestionEditor::TypeQuestion(std::string_view text) {
+  Revise("Type question", true,
+         [text](questionInfo& question) { question.question = OneLine(text); });
+}
+
+void QuestionEditor::TypeRespondName(std::string_view text) {
+  Revise("Type name", true,
+         [text](questionInfo& question) { question.respondName = OneLine(text); });
+}
+
+void QuestionEditor::TypeSegment(std::string_view text) {
+  if (!CanEdit()) return;
+  segmentText_ = OneLine(text);
+  const auto number = TypedNumber(segmentText_);
+  SetSegment(number ? ToInt16(*number).value_or(0) : std::int16_t{0});
+}
+
+void QuestionEditor::StepSegment(int steps) {
+  const QuestionView view = View();
+  if (!(steps < 0 ? view.canStepDown : view.canStepUp)) return;
+  const int stepped = std::clamp(CurrentQuestion().iSgQ + steps, 0, kMostSegment);
+  SetSegment(static_cast<std::int16_t>(stepped));
+  ShowSegment();
+}
+
+void QuestionEditor::SetSegment(std::int16_t number) {
+  Revise("Type segment number", true, [number](questionInfo& question) { question.iSgQ = number; });
+}
+
+void QuestionEditor::LeaveSegment() {
+  if (CanEdit()) ShowSegment();
+}
+
+void QuestionEditor::TypeDescription(std::string_view text) {
+  if (!HasEpisode()) return;
+  SelectedEpisode().Descript = OneLine(text);
+  Record({.name = "Type description",
+          .typing = "Type description " + std::to_string(selEp_),
+          .place = {selEp_, curQ_}});
+}
+
+void QuestionEditor::LeaveBox() {
+  if (steps_) steps_->EndTyping();
+}
+
+/// A new question is of the segment of the one shown.
+void QuestionEditor::Insert(int position) {
+  const std::int16_t segment = CanEdit() ? CurrentQuestion().iSgQ : std::int16_t{1};
+  std::vector<questionInfo>& questions = SelectedEpisode().questions;
+  if (!HasRoomForQuestion(questions, services_.prompter)) return;
+  questionInfo question;
+  question.iSgQ = segment;
+  questions.insert(questions.begin() + (position - 1), std::move(question));
+  rowNumbers_.Insert(position, StepsTaken());
+  ShowQuestion(position);
+  focus_.Set(Control::question);
+  inserted_ = true;
+  Record({.name = "Insert question", .place = {selEp_, position}, .present = true});
+}
+
+void QuestionEditor::Drop() {
+  QuestionChange change = {
+      .name = "Drop question", .place = {selEp_, curQ_}, .before = std::move(CurrentQuestion())};
+  std::vector<questionInfo>& questions = SelectedEpisode().questions;
+  questions.erase(questions.begin() + (curQ_ - 1));
+  ShowPlace(change.place);
+  // Only now: the renumbering follows with the next question that is shown.
+  rowNumbers_.Remove(change.place.question, StepsTaken());
+  Record(std::move(change));
+}
+
+void QuestionEditor::Ditto() {
+  const Answer answer = services_.prompter.Ask({.text = "Duplicate coding only?",
+                                                .buttons = Buttons::yesNoCancel,
+                                                .defaultAnswer = Answer::yes,
+                                                .title = "Ditto"});
+  if (answer != Answer::cancel) {
+    const questionInfo& previous =
+        SelectedEpisode().questions.at(static_cast<std::size_t>(curQ_ - 2));
+    Revise("Ditto", false,
+           [&](questionInfo& question) { question.Copy(previous, answer == Answer::no); });
+    ShowQuestion(curQ_);
+  }
+  focus_.Set(Control::question);
+}
+
+void QuestionEditor::MakeNormal() {
+  if (!CanEdit()) return;
+  Revise("Normal question", false, [](questionInfo& question) { question.SetNormal(); });
+  ShowQuestion(curQ_);
+  focus_.Set(Control::respondName);
+}
+
+// The steps back and forth.
+
+std::string QuestionEditor::NextStep(Way way) const {
+  if (rowNumbers_.NextIsRenumbering(way, StepsTaken())) {
+    return way == Way::undo ? "brings the old row numbers back" : "numbers the rows again";
+  }
+  return steps_ ? steps_->NextQuestionStep(way) : "";
+}
+
+void QuestionEditor::TakeStep(Way way) {
+  const std::size_t before = StepsTaken();
+  if (rowNumbers_.NextIsRenumbering(way, before)) {
+    rowNumbers_.Take(way);
+    return UpdateEditState();
+  }
+  const auto place = steps_ ? steps_->TakeQuestionStep(way) : std::nullopt;
+  if (!place) return;
+  const auto count = static_cast<std::size_t>(QuestionCount());
+  if (place->episode == selEp_) rowNumbers_.Follow(way, std::min(before, StepsTaken()), count);
+  ShowPlace(*place);
 }
 
 // The timers.

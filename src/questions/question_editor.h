@@ -22,8 +22,8 @@ namespace orvex {
 class LiveObservation;
 class SessionClocks;
 
-/// What whoever opens the question editor says.
-struct EditorOpening {
+/// How the question editor begins.
+struct QuestionEditorStart {
   EditorCaller caller = EditorCaller::liveObservation;
   bool proofMode = false;
   /// The episode to begin with, for the episode editor and the statistics. A class in progress
@@ -31,33 +31,55 @@ struct EditorOpening {
   int episode = 1;
 };
 
+/// What is shown of the selected episode and its current question; the boxes of the question are
+/// empty without one.
+struct QuestionView {
+  std::string description;  ///< of the episode
+  std::string caption;      ///< "Question #3 of 5:"
+  std::string question;
+  std::string respondName;
+  std::string segment;
+  bool canStepUp = false;  ///< the segment's number
+  bool canStepDown = false;
+  std::string_view heading;  ///< over the last codes
+  bool hasHeading = false;   ///< these are asked for
+  bool isNormal = false;     ///< the question is a normal one
+};
+
+/// What is shown of a dimension of the current question.
+struct FrameView {
+  bool visible = false;
+  std::string_view caption;
+  int option = -1;  ///< the one that shows the code; -1 for none
+};
+
 /// Corrects the questions of an observation: one is shown, with its place in the list of its
 /// episode. Every change is made in the episode itself; there is nothing to save. The steps back
 /// are kept by whoever keeps the observation.
 class QuestionEditor {
  public:
-  /// The controls that the logic gives the focus to; `gap` are the options of the first dimension
-  /// that the question shown lacks.
-  enum class Control { txtQuestion, txtRespondName, cmdInsA, gap };
+  /// What the logic gives the focus to; `gap` are the options of the first dimension that the
+  /// question shown lacks.
+  enum class Control { question, respondName, insertAfter, gap };
   using Focus = FocusWish<Control>;
 
   enum class Command {
-    cmdInsB,    ///< "Insert B"
-    cmdInsA,    ///< "&Insert A"
-    cmdDrop,    ///< "Dro&p"
-    cmdDitto,   ///< "&Ditto"
-    cmdNormal,  ///< "&Normal"
-    cmdReseq,   ///< "Reseq"
-    cmdNxt,     ///< "N&ext"
-    cmdReturn,  ///< "&Return"
-    Command1,   ///< "Fieldnotes"
+    insertBefore,
+    insertAfter,
+    drop,
+    ditto,       ///< codes the question as the one before it is
+    makeNormal,  ///< codes it as a normal question
+    renumber,    ///< numbers the rows as the questions stand
+    nextGap,     ///< in proof mode, goes on to the next question that lacks something
+    leave,
+    editFieldNotes,
   };
 
-  /// The spin control's highest segment number.
+  /// The highest number of a segment that a question can state.
   static constexpr int kMostSegment = 32767;
 
   /// `live` and `liveClocks` are those of the class in progress; null for the other callers.
-  QuestionEditor(const Services& services, const EditorOpening& opening, LiveObservation* live,
+  QuestionEditor(const Services& services, const QuestionEditorStart& start, LiveObservation* live,
                  const SessionClocks* liveClocks);
 
   /// Who keeps the steps back; during a class, the class does.
@@ -65,34 +87,19 @@ class QuestionEditor {
 
   // What the form shows.
   std::string Title() const;
-  bool ProofMode() const { return opening_.proofMode; }
+  bool ProofMode() const { return start_.proofMode; }
   int EpisodeCount() const;
   int SelEp() const { return selEp_; }
-  const std::string& Description() const;
   int QuestionCount() const;
   /// The position of the question shown, from 1; 0 when the episode has none.
   int CurQ() const { return curQ_; }
   /// The row of the question at position `i`: "3. What did the author mean".
   std::string RowText(int i) const;
   const std::string& QuestionText(int i) const;
-  /// "Question #3 of 5:" (`Label4`).
-  std::string QuestionCaption() const;
-  /// What the boxes of the question shown hold; all of them are empty without one.
-  const std::string& Question() const;
-  const std::string& RespondName() const;
-  const std::string& SegmentText() const { return segmentText_; }
-  bool CanStepSegment(int steps) const;
-  /// The option that shows the code of `dimension`; -1 for none.
-  int SelectedOption(Dimension dimension) const;
+  QuestionView View() const;
+  FrameView Frame(Dimension dimension) const;
   /// In proof mode, the first dimension that the question shown lacks.
   std::optional<Dimension> FirstGap() const;
-  bool FrameVisible(Dimension dimension) const;
-  std::string_view FrameCaption(Dimension dimension) const;
-  /// The heading over the last codes (`Label5`).
-  bool HeadingVisible() const { return FrameVisible(Dimension::elaborated); }
-  std::string_view Heading() const;
-  /// "NORMAL QUESTION" (`Label2`).
-  bool NormalVisible() const;
   bool HasEpisode() const { return selEp_ >= 1; }
   /// A question is shown, and everything that changes it is enabled.
   bool CanEdit() const { return curQ_ >= 1; }
@@ -113,8 +120,8 @@ class QuestionEditor {
   // Choosing and typing.
   /// Shows an episode, and loads it again when it is shown already.
   void ChooseEpisode(int number);
-  void ClickRow(int i);
-  void ClickOption(Dimension dimension, int option);
+  void ChooseQuestion(int i);
+  void ChooseOption(Dimension dimension, int option);
   void TypeQuestion(std::string_view text);
   void TypeRespondName(std::string_view text);
   void TypeSegment(std::string_view text);
@@ -122,19 +129,15 @@ class QuestionEditor {
   /// The box of the segment number is left: it shows the number that is stored.
   void LeaveSegment();
   void TypeDescription(std::string_view text);
-  void EnterDescription() { oldDescript_ = Description(); }
+  void EnterDescription();
   void LeaveDescription();
   /// Any box is left.
   void LeaveBox();
 
-  /// A click on a button; nothing happens while it is disabled.
-  void Click(Command command);
+  /// Nothing happens while the command is disabled.
+  void Do(Command command);
   /// Undoes or redoes the last change, and shows the place where it was.
   void TakeStep(Way way);
-  /// Shows the caller again and closes the form, by "&Return" as by the window's frame: the caller
-  /// is hidden, and no form would be left.
-  void Return();
-
   /// The 500 ms timer, in proof mode: the captions of uncoded dimensions blink.
   void BlinkTick();
   /// Once a second, during a class.
@@ -143,14 +146,14 @@ class QuestionEditor {
  private:
   /// The episode and the question shown. Only while HasEpisode, and CanEdit.
   Episode& SelectedEpisode() const;
-  questionInfo& Shown() const;
+  questionInfo& CurrentQuestion() const;
   bool SourceIs(std::string_view letter) const;
 
   std::size_t StepsTaken() const { return steps_ ? steps_->StepsTaken() : 0; }
   template <typename Change>
   void Revise(const char* name, bool typing, Change change);
-  void Tell(QuestionChange change);
-  Control EditStart() const;
+  void Record(QuestionChange change);
+  Control WhereToGoOn() const;
   void ShowQuestion(int i);
   void ShowPlace(const QuestionPlace& place);
   void LayoutFrames();
@@ -158,20 +161,18 @@ class QuestionEditor {
   void ShowSegment();
   void SetSegment(std::int16_t number);
 
-  void InsertBefore();
-  void InsertAfter();
-  void Insert(int position, std::int16_t segment);
+  void Insert(int position);
   void Drop();
   void Ditto();
-  void Normal();
-  void Reseq();
-  void Next();
+  void MakeNormal();
+  void ShowNextGap();
   void FocusGap();
-  void FieldNotes();
-  void ShowCaller();
+  void EditFieldNotes();
+  void Leave();
+  Screen CallersScreen() const;
 
   Services services_;
-  EditorOpening opening_;
+  QuestionEditorStart start_;
   LiveObservation* live_;
   const SessionClocks* liveClocks_;
   GuardedTick tick_;
@@ -182,8 +183,8 @@ class QuestionEditor {
   int selEp_ = 0;
   int curQ_ = 0;
   RowNumbers rowNumbers_;
-  bool reseqEnabled_ = false;
-  bool normalEnabled_ = false;
+  bool canRenumber_ = false;
+  bool canMakeNormal_ = false;
   /// The question shown has just been inserted: its caption does not say of how many.
   bool inserted_ = false;
   std::string segmentText_;

@@ -4,12 +4,35 @@
 #include <utility>
 
 namespace orvex {
+namespace {
+
+constexpr std::size_t kRowCharacters = 30;
+
+/// The first `count` characters of a UTF-8 text.
+std::string_view FirstCharacters(std::string_view text, std::size_t count) {
+  std::size_t end = 0;
+  for (; end < text.size(); ++end) {
+    const bool startsCharacter = (static_cast<unsigned char>(text[end]) & 0xC0U) != 0x80U;
+    if (startsCharacter && count-- == 0) break;
+  }
+  return text.substr(0, end);
+}
+
+}  // namespace
 
 void RowNumbers::Start(std::size_t count) {
   done_.clear();
   undone_.clear();
   now_.numbers.resize(count);
   std::iota(now_.numbers.begin(), now_.numbers.end(), 1);
+}
+
+std::string RowNumbers::RowText(int position, std::string_view question) const {
+  const int number = now_.numbers.at(static_cast<std::size_t>(position - 1));
+  std::string row = number == 0 ? "#" : std::to_string(number);
+  row += ". ";
+  row += FirstCharacters(question, kRowCharacters);
+  return row;
 }
 
 void RowNumbers::Keep(std::size_t steps, bool renumbering) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "running/question_history.h"
@@ -8,16 +10,16 @@
 namespace orvex {
 
 /// The numbers that the rows of the question editor show. They lag behind what is inserted and
-/// dropped until "Reseq", and they go back and forth with the steps that undo and redo it. `steps`
-/// is always how many steps could be undone before a change.
+/// dropped until they are renumbered, and they go back and forth with the steps that undo and redo
+/// it. `steps` is always how many steps could be undone before a change.
 class RowNumbers {
  public:
   /// Numbers `count` rows from 1 on, and forgets how they were numbered before.
   void Start(std::size_t count);
 
   std::size_t Count() const { return now_.numbers.size(); }
-  /// The number of the row at a position from 1; 0 for "#".
-  int At(int position) const { return now_.numbers.at(static_cast<std::size_t>(position - 1)); }
+  /// The row of `question` at a position from 1: its number, or "#" for none yet, and its start.
+  std::string RowText(int position, std::string_view question) const;
   bool LagBehind() const { return now_.lag; }
 
   void Insert(int position, std::size_t steps);
@@ -26,7 +28,7 @@ class RowNumbers {
   /// Something else has been changed: no numbering can be redone any longer.
   void ForgetUndone() { undone_.clear(); }
 
-  /// True when "Reseq" is what is to be undone or redone next.
+  /// True when a renumbering is what is to be undone or redone next.
   bool NextIsRenumbering(Way way, std::size_t steps) const;
   /// Undoes or redoes it.
   void Take(Way way);

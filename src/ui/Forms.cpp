@@ -167,19 +167,19 @@ void Forms::Close(Screen screen) {
 }
 
 void Forms::ShowQuestionEditor(EditorCaller caller, bool proofMode) {
-  EditorOpening opening = {.caller = caller, .proofMode = proofMode};
+  QuestionEditorStart start = {.caller = caller, .proofMode = proofMode};
   const QWidget* opener = classEdit_.get();
   if (caller == EditorCaller::liveObservation || caller == EditorCaller::questionEntry) {
     frmClassAct& live = LiveForm();
-    qa_ = std::make_unique<frmQA>(services_, opening, &live.Live(), &live.Clocks());
+    qa_ = std::make_unique<frmQA>(services_, start, &live.Live(), &live.Clocks());
     opener = &live;
     if (caller == EditorCaller::questionEntry && enterQA_) opener = enterQA_.get();
   } else {
     if (classEdit_) {
-      opening.episode = classEdit_->Editor().CurrentEpisode();
+      start.episode = classEdit_->Editor().CurrentEpisode();
       classEdit_->Editor().LeaveBox();
     }
-    qa_ = std::make_unique<frmQA>(services_, opening, nullptr, nullptr);
+    qa_ = std::make_unique<frmQA>(services_, start, nullptr, nullptr);
     if (classEdit_) qa_->Editor().KeepStepsWith(classEdit_->Editor().Steps());
   }
   // It takes the opener's place, also on the screen.

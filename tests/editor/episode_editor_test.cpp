@@ -189,8 +189,8 @@ TEST_F(EpisodeEditorTest, AStepIsOneBoxOfOneQuestion) {
     return episodes[1].questions[1].question + "|" + episodes[2].questions[1].question;
   };
   questions.TypeQuestion("a");
-  questions.ClickRow(1);  // a look at another question
-  questions.ClickRow(2);
+  questions.ChooseQuestion(1);  // a look at another question
+  questions.ChooseQuestion(2);
   for (const char* text : {"abc", "ab"}) questions.TypeQuestion(text);
   questions.ChooseEpisode(3);  // the question of the same number there
   questions.TypeQuestion("c");
@@ -279,10 +279,10 @@ TEST_F(EpisodeEditorTest, TheQuestionEditorWorksOnTheSameSteps) {
                            nullptr);
   questions.KeepStepsWith(editor.Steps());
   EXPECT_EQ(questions.NextStep(Way::undo), "") << "the description is not seen there";
-  questions.ClickRow(2);
-  questions.Click(Command::cmdDrop);
+  questions.ChooseQuestion(2);
+  questions.Do(Command::drop);
   questions.ChooseEpisode(2);
-  questions.Click(Command::cmdInsA);
+  questions.Do(Command::insertAfter);
   questions.TypeQuestion("Wh");
   questions.TypeQuestion("Why?");
   const EpisodeList after = episodes;
@@ -290,7 +290,7 @@ TEST_F(EpisodeEditorTest, TheQuestionEditorWorksOnTheSameSteps) {
             "Type question|undoes \"Type question\"");
   for (const char* shown : {"2:Question #1 of 1:", "2:Question #0 of 0:", "1:Question #2 of 6:"}) {
     questions.TakeStep(Way::undo);
-    EXPECT_EQ(std::to_string(questions.SelEp()) + ":" + questions.QuestionCaption(), shown);
+    EXPECT_EQ(std::to_string(questions.SelEp()) + ":" + questions.View().caption, shown);
   }
   questions.TakeStep(Way::undo);
   EXPECT_EQ(episodes, before);
@@ -299,7 +299,7 @@ TEST_F(EpisodeEditorTest, TheQuestionEditorWorksOnTheSameSteps) {
   editor.TakeStep(Way::redo);
   questions.TakeStep(Way::redo);
   EXPECT_EQ(episodes, after);
-  EXPECT_EQ(questions.QuestionCaption() + questions.Question(), "Question #1 of 1:Why?");
+  EXPECT_EQ(questions.View().caption + questions.View().question, "Question #1 of 1:Why?");
   for (int i = 0; i < 4; ++i) editor.TakeStep(Way::undo);
   EXPECT_EQ(editor.View().description + editor.StepName(Way::undo), "Warm-up");
 }

@@ -28,9 +28,8 @@ const questionInfo kStudent = {"How?", 1, 0, 1, 2, 1, "Ana", -1, 2, 0, 1, 2};
 struct EditorTest : testing::Test, Desk {
   EditorTest() { OpenLog(); }
 
-  void Open(const EditorOpening& opening, bool duringClass = false) {
-    editor.emplace(services, opening, duringClass ? &live : nullptr,
-                   duringClass ? &clocks : nullptr);
+  void Open(const QuestionEditorStart& start, bool duringClass = false) {
+    editor.emplace(services, start, duringClass ? &live : nullptr, duringClass ? &clocks : nullptr);
   }
   /// Opens on an episode of these questions, with the last one shown.
   void OpenOn(const std::vector<questionInfo>& questions) {
@@ -54,17 +53,17 @@ struct EditorTest : testing::Test, Desk {
     std::string shown;
     for (int i = 0; i < kDimensionCount; ++i) {
       const auto dimension = static_cast<Dimension>(i);
-      const std::string caption(editor->FrameCaption(dimension));
+      const std::string caption(editor->Frame(dimension).caption);
       const bool blank = caption.find_first_not_of(' ') == std::string::npos;
-      if (editor->FrameVisible(dimension)) shown += blank ? '_' : static_cast<char>('1' + i);
+      if (editor->Frame(dimension).visible) shown += blank ? '_' : static_cast<char>('1' + i);
     }
-    return editor->HeadingVisible() ? shown + " " + std::string(editor->Heading()) : shown;
+    return editor->View().hasHeading ? shown + " " + std::string(editor->View().heading) : shown;
   }
   /// The options selected, "-" for none: "0110--210".
   std::string Selected() const {
     std::string selected;
     for (int i = 0; i < kDimensionCount; ++i) {
-      const int option = editor->SelectedOption(static_cast<Dimension>(i));
+      const int option = editor->Frame(static_cast<Dimension>(i)).option;
       selected += option < 0 ? "-" : std::to_string(option);
     }
     return selected;
@@ -77,7 +76,7 @@ struct EditorTest : testing::Test, Desk {
 
 TEST_F(EditorTest, BeginsWhereItsCallerSaysAndGoesBackToIt) {
   using enum EditorCaller;
-  const std::tuple<EditorOpening, int, int, int, std::string, std::string> cases[] = {
+  const std::tuple<QuestionEditorStart, int, int, int, std::string, std::string> cases[] = {
       {{liveObservation, false, 1}, 0, 0, 3, "Question #1 of 1:", "show liveObservation"},
       {{questionEntry, true, 1}, 1, 2, 1, "Question #2 of 4:", "show questionEntry"},
       {{episodeEditor, false, 1}, 3, 1, 1, "Question #4 of 4:", "show episodeEditor"},
@@ -89,25 +88,25 @@ TEST_F(EditorTest, BeginsWhereItsCallerSaysAndGoesBackToIt) {
   program.Episodes.resize(3);
   program.Episodes[0].questions.assign(4, kTeacher);
   program.Episodes[2].questions.assign(1, kStudent);
-  for (const auto& [opening, proofEp, proofQ, shownEpisode, caption, firstMove] : cases) {
+  for (const auto& [start, proofEp, proofQ, shownEpisode, caption, firstMove] : cases) {
     SCOPED_TRACE(caption);
-    const bool duringClass = opening.caller <= questionEntry;
+    const bool duringClass = start.caller <= questionEntry;
     program.ProofEp = proofEp;
     program.ProofQ = proofQ;
-    Open(opening, duringClass);
+    Open(start, duringClass);
     EXPECT_EQ(editor->SelEp(), shownEpisode);
-    EXPECT_EQ(editor->QuestionCaption(), caption);
+    EXPECT_EQ(editor->View().caption, caption);
     EXPECT_EQ(editor->Title(),
               duringClass ? "Question Editor -- Class ID  7-12-3" : "Question Editor");
-    editor->Click(Command::cmdReturn);
+    editor->Do(Command::leave);
     EXPECT_EQ(screens.moves.front(), firstMove);
     EXPECT_EQ(screens.Take().back(), "close questionEditor");
   }
   program.Episodes.clear();
   Open({.caller = episodeEditor});
-  editor->Click(Command::cmdInsA);
+  editor->Do(Command::insertAfter);
   editor->TypeDescription("none");
-  EXPECT_EQ(editor->QuestionCaption(), "Question #0 of 0:") << "a file may hold no episode at all";
+  EXPECT_EQ(editor->View().caption, "Question #0 of 0:") << "a file may hold no episode at all";
 }
 
 TEST_F(EditorTest, KeepsTheListAndItsNumbers) {
@@ -128,21 +127,21 @@ TEST_F(EditorTest, KeepsTheListAndItsNumbers) {
       {1, "dddt", "", "", "Question #0 of 0:", false},
       {3, "ddd1at", "#. " + thirty + "|", "1", "Question #1:", true},
   };
-  const std::map<char, Command> commands = {{'b', Command::cmdInsB},
-                                            {'a', Command::cmdInsA},
-                                            {'d', Command::cmdDrop},
-                                            {'r', Command::cmdReseq}};
+  const std::map<char, Command> commands = {{'b', Command::insertBefore},
+                                            {'a', Command::insertAfter},
+                                            {'d', Command::drop},
+                                            {'r', Command::renumber}};
   for (const auto& [count, keys, rows, segments, caption, reseq] : cases) {
     SCOPED_TRACE(std::to_string(count) + keys);
     OpenOnNumbered(count);
     for (const char key : keys) {
       editor->TakeFocus();
-      if (commands.contains(key)) editor->Click(commands.at(key));
+      if (commands.contains(key)) editor->Do(commands.at(key));
       if (key == 't') editor->TypeQuestion(typed);
-      if (key >= '1' && key <= '9') editor->ClickRow(key - '0');
+      if (key >= '1' && key <= '9') editor->ChooseQuestion(key - '0');
       if (key != 'a' && key != 'b') continue;
-      EXPECT_EQ(editor->TakeFocus().value().control, Control::txtQuestion);
-      EXPECT_EQ(editor->Question() + Selected(), "---------");
+      EXPECT_EQ(editor->TakeFocus().value().control, Control::question);
+      EXPECT_EQ(editor->View().question + Selected(), "---------");
     }
     std::string shownRows;
     std::string shownSegments;
@@ -150,14 +149,14 @@ TEST_F(EditorTest, KeepsTheListAndItsNumbers) {
     for (const auto& question : Questions()) shownSegments += std::to_string(question.iSgQ);
     EXPECT_EQ(shownRows, rows);
     EXPECT_EQ(shownSegments, segments);
-    EXPECT_EQ(editor->QuestionCaption(), caption);
-    EXPECT_EQ(editor->Enabled(Command::cmdReseq), reseq);
-    EXPECT_EQ(editor->Enabled(Command::cmdDitto), editor->CurQ() >= 2);
+    EXPECT_EQ(editor->View().caption, caption);
+    EXPECT_EQ(editor->Enabled(Command::renumber), reseq);
+    EXPECT_EQ(editor->Enabled(Command::ditto), editor->CurQ() >= 2);
   }
   OpenOnNumbered(32767);
   prompter.Expect("An episode holds at most 32767 questions. Start a new episode.", Answer::ok);
-  editor->Click(Command::cmdInsA);
-  EXPECT_EQ(editor->QuestionCaption(), "Question #32767 of 32767:");
+  editor->Do(Command::insertAfter);
+  EXPECT_EQ(editor->View().caption, "Question #32767 of 32767:");
 }
 
 TEST_F(EditorTest, ShowsTheFramesThatSourceAndResponseAskFor) {
@@ -175,17 +174,17 @@ TEST_F(EditorTest, ShowsTheFramesThatSourceAndResponseAskFor) {
     question.elaborated = -7;
     OpenOn({question});
     EXPECT_EQ(Shown(), shown);
-    EXPECT_EQ(editor->FrameCaption(Dimension::respondName),
+    EXPECT_EQ(editor->Frame(Dimension::respondName).caption,
               source == 0 ? "Who answers question?" : "Who asks question?");
     EXPECT_EQ(Selected(), selected + "-------");
     EXPECT_EQ(editor->TakeNameSelection(), source > 0);
   }
   OpenOn({kTeacher});
   for (const bool answered : {false, true}) {
-    editor->ClickOption(Dimension::response, answered ? 0 : 1);
+    editor->ChooseOption(Dimension::response, answered ? 0 : 1);
     EXPECT_EQ(Shown(), answered ? teacher : "12");
-    EXPECT_EQ(editor->NormalVisible(), answered);
-    EXPECT_EQ(editor->Enabled(Command::cmdNormal), !answered);
+    EXPECT_EQ(editor->View().isNormal, answered);
+    EXPECT_EQ(editor->Enabled(Command::makeNormal), !answered);
   }
   EXPECT_EQ(Selected(), "00000-1-1") << "with the codes they held";
   EXPECT_EQ(Questions().back(), kTeacher);
@@ -199,10 +198,10 @@ TEST_F(EditorTest, TakesASegmentNumberForWhatItIs) {
   OpenOn({kTeacher});
   for (const auto& [typed, steps, left] : cases) {
     editor->TypeSegment(typed);
-    EXPECT_EQ(editor->SegmentText(), typed) << "nothing changes under the typing hand";
+    EXPECT_EQ(editor->View().segment, typed) << "nothing changes under the typing hand";
     if (steps != 0) editor->StepSegment(steps);
     editor->LeaveSegment();
-    EXPECT_EQ(editor->SegmentText(), left) << typed;
+    EXPECT_EQ(editor->View().segment, left) << typed;
     EXPECT_EQ(std::to_string(Questions().back().iSgQ), left);
   }
 }
@@ -218,19 +217,19 @@ TEST_F(EditorTest, DittoCopiesWhatTheAnswerSays) {
     OpenOn({kStudent, kTeacher});
     editor->TakeFocus();
     prompter.Expect("Duplicate coding only?", answer);
-    editor->Click(Command::cmdDitto);
+    editor->Do(Command::ditto);
     EXPECT_EQ(prompter.asked.back().buttons, Buttons::yesNoCancel);
     EXPECT_EQ(Questions(), (std::vector{kStudent, expected}));
-    EXPECT_EQ(editor->TakeFocus().value().control, Control::txtQuestion);
+    EXPECT_EQ(editor->TakeFocus().value().control, Control::question);
   }
 }
 
 TEST_F(EditorTest, NormalLeadsOnToTheName) {
   OpenOn({kStudent});
-  editor->Click(Command::cmdNormal);
+  editor->Do(Command::makeNormal);
   EXPECT_EQ(Questions().back().question + Selected(), "How?00000-1-1");
-  EXPECT_EQ(editor->TakeFocus().value().control, Control::txtRespondName);
-  EXPECT_FALSE(editor->Enabled(Command::cmdNormal));
+  EXPECT_EQ(editor->TakeFocus().value().control, Control::respondName);
+  EXPECT_FALSE(editor->Enabled(Command::makeNormal));
 }
 
 TEST_F(EditorTest, LogsTheDescriptionOnlyDuringAClass) {
@@ -261,16 +260,16 @@ TEST_F(EditorTest, StepsLeadBackAndForthThroughEveryEpisodeOfAClass) {
   };
   // What is done, and what is shown then.
   const std::function<void()> changes[] = {
-      [&] { editor->Click(Command::cmdInsA); },
+      [&] { editor->Do(Command::insertAfter); },
       [&] { editor->TypeQuestion("Who?"); },
-      [&] { editor->ClickOption(Dimension::source, 1); },
-      [&] { editor->ChooseEpisode(1), editor->ClickRow(1), editor->Click(Command::cmdDrop); },
-      [&] { editor->Click(Command::cmdDrop); },
-      [&] { editor->Click(Command::cmdReseq); },
-      [&] { editor->Click(Command::cmdInsB); },
+      [&] { editor->ChooseOption(Dimension::source, 1); },
+      [&] { editor->ChooseEpisode(1), editor->ChooseQuestion(1), editor->Do(Command::drop); },
+      [&] { editor->Do(Command::drop); },
+      [&] { editor->Do(Command::renumber); },
+      [&] { editor->Do(Command::insertBefore); },
       [&] { editor->TypeQuestion("Wh"), editor->TypeQuestion("Why"); },
-      [&] { editor->Click(Command::cmdNormal); },
-      [&] { editor->ClickRow(2), editor->Click(Command::cmdDitto); },
+      [&] { editor->Do(Command::makeNormal); },
+      [&] { editor->ChooseQuestion(2), editor->Do(Command::ditto); },
   };
   prompter.Expect("Duplicate coding only?", Answer::no);
   std::vector<std::string> shown;
@@ -296,8 +295,8 @@ TEST_F(EditorTest, StepsLeadBackAndForthThroughEveryEpisodeOfAClass) {
   EXPECT_EQ(rows(), "2:0");
   for (int i = 0; i < 19; ++i) editor->TakeStep(Way::redo);
   EXPECT_EQ(program.Episodes, after);
-  EXPECT_EQ(editor->Enabled(Command::cmdReseq), true);
-  editor->Click(Command::cmdReturn);
+  EXPECT_EQ(editor->Enabled(Command::renumber), true);
+  editor->Do(Command::leave);
   for (int i = 0; i < 9; ++i) editor->TakeStep(Way::undo);
   EXPECT_EQ(rows(), "2:0");
   EXPECT_EQ(Questions().size(), 3U) << "what came and went can still come and go";
@@ -345,17 +344,17 @@ TEST_F(EditorTest, ProofWalksThroughEveryGapAndMakesItBlink) {
     } else if (dimension == Dimension::respondName) {
       editor->TypeRespondName(letter);
     } else {
-      editor->ClickOption(dimension, CodeOf(dimension, letter));
+      editor->ChooseOption(dimension, CodeOf(dimension, letter));
     }
     EXPECT_EQ(Shown().find('_'), std::string::npos);
     editor->BlinkTick();
     if (const auto focus = editor->TakeFocus(); &episode != &std::get<0>(gaps.front())) {
       const bool name = dimension == Dimension::respondName;
-      EXPECT_EQ(focus.value().control, missing == 0 ? Control::txtQuestion
-                                       : name       ? Control::txtRespondName
+      EXPECT_EQ(focus.value().control, missing == 0 ? Control::question
+                                       : name       ? Control::respondName
                                                     : Control::gap);
     }
-    editor->Click(Command::cmdNxt);
+    editor->Do(Command::nextGap);
   }
   EXPECT_EQ(editor->CurQ(), std::get<1>(gaps.back())) << "it stays where it was";
   editor->ChooseEpisode(1);

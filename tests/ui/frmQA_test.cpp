@@ -40,7 +40,7 @@ class frmQATest : public testing::Test, protected Desk {
     program.ProofEp = 2;
     program.ProofQ = 1;
     form_ =
-        std::make_unique<frmQA>(services, EditorOpening{.proofMode = proofMode}, &live_, &clocks_);
+        std::make_unique<frmQA>(services, QuestionEditorStart{.proofMode = proofMode}, &live_, &clocks_);
     form_->resize(kSmallestScreen);
     Activate(*form_);
   }

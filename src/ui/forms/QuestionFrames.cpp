@@ -63,7 +63,7 @@ void QuestionFrames::Add(QGroupBox* box, std::vector<QRadioButton*> options) {
   if (!options.empty()) {
     choices = new ChoiceGroup(std::move(options), this);
     connect(choices, &ChoiceGroup::Chosen, this, [this, dimension](int option) {
-      editor_.ClickOption(dimension, option);
+      editor_.ChooseOption(dimension, option);
       chosen_();
     });
   }
@@ -72,13 +72,13 @@ void QuestionFrames::Add(QGroupBox* box, std::vector<QRadioButton*> options) {
 
 void QuestionFrames::RefreshOptions() {
   for (const Frame& frame : frames_) {
-    if (frame.options) frame.options->ShowSelected(editor_.SelectedOption(frame.dimension));
+    if (frame.options) frame.options->ShowSelected(editor_.Frame(frame.dimension).option);
   }
 }
 
 void QuestionFrames::RefreshCaptions() {
   for (const Frame& frame : frames_) {
-    const QString caption = ToQt(editor_.FrameCaption(frame.dimension));
+    const QString caption = ToQt(editor_.Frame(frame.dimension).caption);
     if (frame.box->title() != caption) frame.box->setTitle(caption);
   }
 }
@@ -86,7 +86,7 @@ void QuestionFrames::RefreshCaptions() {
 void QuestionFrames::RefreshStates(bool available) {
   for (const Frame& frame : frames_) {
     if (editor_.CanEdit() == available) frame.box->setEnabled(available);
-    if (editor_.FrameVisible(frame.dimension) == available) frame.box->setVisible(available);
+    if (editor_.Frame(frame.dimension).visible == available) frame.box->setVisible(available);
   }
 }
 

@@ -29,10 +29,10 @@ using Control = QuestionEditor::Control;
 
 }  // namespace
 
-frmQA::frmQA(const Services& services, const EditorOpening& opening, LiveObservation* live,
+frmQA::frmQA(const Services& services, const QuestionEditorStart& start, LiveObservation* live,
              const SessionClocks* clocks, QWidget* parent)
     : QWidget(parent),
-      editor_(services, opening, live, clocks),
+      editor_(services, start, live, clocks),
       ui_(std::make_unique<Ui::frmQA>()),
       rows_(new QuestionRows(editor_, this)) {
   ui_->setupUi(this);
@@ -56,15 +56,15 @@ frmQA::frmQA(const Services& services, const EditorOpening& opening, LiveObserva
 frmQA::~frmQA() = default;
 
 frmQA::Buttons frmQA::EditButtons() const {
-  return {{{Command::cmdInsB, ui_->cmdInsB},
-           {Command::cmdInsA, ui_->cmdInsA},
-           {Command::cmdDrop, ui_->cmdDrop},
-           {Command::cmdDitto, ui_->cmdDitto},
-           {Command::cmdNormal, ui_->cmdNormal},
-           {Command::cmdReseq, ui_->cmdReseq},
-           {Command::cmdNxt, ui_->cmdNxt},
-           {Command::cmdReturn, ui_->cmdReturn},
-           {Command::Command1, ui_->Command1}}};
+  return {{{Command::insertBefore, ui_->cmdInsB},
+           {Command::insertAfter, ui_->cmdInsA},
+           {Command::drop, ui_->cmdDrop},
+           {Command::ditto, ui_->cmdDitto},
+           {Command::makeNormal, ui_->cmdNormal},
+           {Command::renumber, ui_->cmdReseq},
+           {Command::nextGap, ui_->cmdNxt},
+           {Command::leave, ui_->cmdReturn},
+           {Command::editFieldNotes, ui_->Command1}}};
 }
 
 void frmQA::ConnectList() {
@@ -80,7 +80,7 @@ void frmQA::ConnectList() {
   ui_->lVwQ->setModel(rows_);
   const auto choose = [this](const QModelIndex& row) {
     if (listFollows_) return;
-    editor_.ClickRow(row.row() + 1);
+    editor_.ChooseQuestion(row.row() + 1);
     Refresh();
   };
   connect(ui_->lVwQ->selectionModel(), &QItemSelectionModel::currentChanged, this, choose);
@@ -108,7 +108,7 @@ void frmQA::ConnectBoxes() {
 void frmQA::ConnectButtons() {
   const auto connectButton = [this](QPushButton* button, Command command) {
     connect(button, &QPushButton::clicked, this, [this, command] {
-      editor_.Click(command);
+      editor_.Do(command);
       Refresh();
     });
   };
@@ -183,14 +183,15 @@ void frmQA::RefreshList() {
 }
 
 void frmQA::RefreshTexts() {
-  ShowText(ui_->Text1, editor_.Description());
-  ShowText(ui_->Label4, editor_.QuestionCaption());
-  ShowText(ui_->txtQuestion, editor_.Question());
-  ShowText(ui_->UpDown1->Box(), editor_.SegmentText());
-  ui_->UpDown1->EnableSteps(editor_.CanStepSegment(1), editor_.CanStepSegment(-1));
-  ShowText(ui_->txtRespondName, editor_.RespondName());
+  const QuestionView view = editor_.View();
+  ShowText(ui_->Text1, view.description);
+  ShowText(ui_->Label4, view.caption);
+  ShowText(ui_->txtQuestion, view.question);
+  ShowText(ui_->UpDown1->Box(), view.segment);
+  ui_->UpDown1->EnableSteps(view.canStepUp, view.canStepDown);
+  ShowText(ui_->txtRespondName, view.respondName);
   if (editor_.TakeNameSelection()) ui_->txtRespondName->selectAll();
-  ShowText(ui_->Label5, std::string(editor_.Heading()));
+  ShowText(ui_->Label5, std::string(view.heading));
   ShowText(ui_->lblUndo, StepsText(editor_));
   frames_->RefreshOptions();
 }
@@ -213,8 +214,9 @@ void frmQA::RefreshStates(bool available) {
     if (editor_.CanEdit() == available) control->setEnabled(available);
   }
   frames_->RefreshStates(available);
-  if (editor_.NormalVisible() == available) ui_->Label2->setVisible(available);
-  if (editor_.HeadingVisible() == available) ui_->Label5->setVisible(available);
+  const QuestionView view = editor_.View();
+  if (view.isNormal == available) ui_->Label2->setVisible(available);
+  if (view.hasHeading == available) ui_->Label5->setVisible(available);
   for (const auto& [command, button] : EditButtons()) {
     if (editor_.Enabled(command) == available) button->setEnabled(available);
   }
@@ -223,9 +225,9 @@ void frmQA::RefreshStates(bool available) {
 void frmQA::TakeFocusWish() {
   const auto wish = editor_.TakeFocus();
   if (!wish) return;
-  if (wish->control == Control::cmdInsA) return FocusVisibly(ui_->cmdInsA);
+  if (wish->control == Control::insertAfter) return FocusVisibly(ui_->cmdInsA);
   if (wish->control == Control::gap) return frames_->Focus(*editor_.FirstGap());
-  FocusBox(wish->control == Control::txtQuestion ? ui_->txtQuestion : ui_->txtRespondName,
+  FocusBox(wish->control == Control::question ? ui_->txtQuestion : ui_->txtRespondName,
            wish->caret);
 }
 
@@ -293,7 +295,7 @@ void frmQA::ArrangeClocks() {
 
 void frmQA::closeEvent(QCloseEvent* event) {
   boxFocus_->CheckCurrent();
-  editor_.Return();
+  editor_.Do(Command::leave);
   event->ignore();  // the form goes when the logic closes it
 }
 

@@ -25,7 +25,7 @@ class frmQA : public QWidget {
 
  public:
   /// `live` and `clocks` are those of the class in progress; null without one.
-  frmQA(const Services& services, const EditorOpening& opening, LiveObservation* live,
+  frmQA(const Services& services, const QuestionEditorStart& start, LiveObservation* live,
         const SessionClocks* clocks, QWidget* parent = nullptr);
   ~frmQA() override;
 
