@@ -4,7 +4,7 @@
 #include <string>
 
 #include "commands/named_file.h"
-#include "reports/episode_title.h"
+#include "reports/episode_origin.h"
 #include "reports/question_plot.h"
 #include "reports/question_statistics.h"
 #include "reports/time_summary.h"

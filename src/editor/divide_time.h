@@ -11,15 +11,15 @@ class DivideTime {
  public:
   explicit DivideTime(int totalSeconds);
 
-  int TotalSeconds() const { return totalSeconds_; }             ///< the highest value of `UpDown1`
-  int SecondSeconds() const { return secondSeconds_; }           ///< what was last accepted
-  std::string FirstText() const;                                 ///< `txtFirstSg`
-  const std::string& SecondText() const { return secondText_; }  ///< `txtSecondSg`
+  /// The seconds of the second part that were last accepted.
+  int SecondSeconds() const { return secondSeconds_; }
+  std::string FirstText() const;
+  const std::string& SecondText() const { return secondText_; }
 
   /// Takes what was typed. A text that is no number from 0 to the total gives way to the last
   /// accepted one.
   void TypeSecond(std::string_view text);
-  /// The spin control, up or down.
+  /// One second up or down, or several.
   bool CanStep(int steps) const;
   void Step(int steps);
 

@@ -69,11 +69,11 @@ PossibleEdits PossibleEditsOf(const EpisodeList& episodes, const ListSelection& 
       episode ? ItemAt(episode->segments, selection.segment) : nullptr;
   const bool isOneSegment = selection.segments.size() == 1;
   const bool isOneEpisode = selection.episodes.size() == 1;
-  PossibleEdits possible = {
-      .splitSegment = isOneSegment,
-      .mergeSegments = !isOneSegment,
-      .splitEpisode = isOneEpisode && episode && episode->segments.size() >= 2,
-      .mergeEpisodes = !isOneEpisode};
+  PossibleEdits possible;
+  possible.splitSegment = isOneSegment;
+  possible.mergeSegments = !isOneSegment;
+  possible.splitEpisode = isOneEpisode && episode && episode->segments.size() >= 2;
+  possible.mergeEpisodes = !isOneEpisode;
   if (isOneSegment && segment) {
     possible.splitSegmentHint =
         "Splits segment " + SegmentRow(static_cast<std::size_t>(selection.segment), *segment);

@@ -1,10 +1,10 @@
 #include "questions/question_chooser.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <utility>
 
+#include "desk/selected_rows.h"
 #include "model/episode.h"
 
 namespace orvex {
@@ -17,7 +17,7 @@ QuestionChooser::QuestionChooser(const Episode& episode) {
     first_.rows.push_back(std::string(digits - number.size(), '0') + number + "." +
                           question.question);
   }
-  Select(first_, {1});
+  first_.Select({1});
 }
 
 std::vector<int> QuestionChooser::SecondNumbers() const {
@@ -26,13 +26,8 @@ std::vector<int> QuestionChooser::SecondNumbers() const {
   return numbers;
 }
 
-void QuestionChooser::Select(List& list, std::vector<int> rows) {
-  std::ranges::sort(rows);
-  const auto doubled = std::ranges::unique(rows);
-  rows.erase(doubled.begin(), doubled.end());
-  const int count = static_cast<int>(list.rows.size());
-  std::erase_if(rows, [count](int row) { return row < 1 || row > count; });
-  list.selected = std::move(rows);
+void QuestionChooser::List::Select(std::vector<int> positions) {
+  selected = SelectedRows(std::move(positions), rows.size());
 }
 
 void QuestionChooser::Move(List& from, List& to) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace orvex {
@@ -17,26 +18,27 @@ class QuestionChooser {
   struct List {
     std::vector<std::string> rows;
     std::vector<int> selected;
+
+    void Select(std::vector<int> positions);
   };
 
   explicit QuestionChooser(const Episode& episode);
 
-  const List& First() const { return first_; }    ///< `lstEp1st`
-  const List& Second() const { return second_; }  ///< `lstEp2nd`
+  const List& First() const { return first_; }
+  const List& Second() const { return second_; }
 
   /// The user selects rows, by their positions in any order.
-  void SelectFirst(std::vector<int> rows) { Select(first_, std::move(rows)); }
-  void SelectSecond(std::vector<int> rows) { Select(second_, std::move(rows)); }
+  void SelectFirst(std::vector<int> rows) { first_.Select(std::move(rows)); }
+  void SelectSecond(std::vector<int> rows) { second_.Select(std::move(rows)); }
 
-  /// "--->" and "<---": the selected rows go to the end of the other list, in their order.
-  void Command1_Click() { Move(first_, second_); }
-  void Command2_Click() { Move(second_, first_); }
+  /// The selected rows go to the end of the other list, in their order.
+  void MoveToSecond() { Move(first_, second_); }
+  void MoveToFirst() { Move(second_, first_); }
 
   /// The numbers of the questions in the second list, in its order.
   std::vector<int> SecondNumbers() const;
 
  private:
-  static void Select(List& list, std::vector<int> rows);
   static void Move(List& from, List& to);
 
   List first_;

@@ -95,7 +95,7 @@ QuestionView QuestionEditor::View() const {
 }
 
 FrameView QuestionEditor::Frame(Dimension dimension) const {
-  static const questionInfo kNone;
+  static const questionInfo kNone{};
   const questionInfo& question = CanEdit() ? CurrentQuestion() : kNone;
   const DimensionLabel& label = DimensionLabels[static_cast<std::size_t>(dimension)];
   const bool isName = dimension == Dimension::respondName;
@@ -264,7 +264,7 @@ void QuestionEditor::EditFieldNotes() {
   if (live_) {
     live_->cmdFieldNote_Click();
   } else {
-    EditFieldNotesFile(services_);
+    EditChosenNotes(services_);
   }
 }
 

@@ -10,6 +10,10 @@ std::string ObserverText(const EpsHeader& header) {
   return "Observer: " + header.identity.Initials;
 }
 
+std::string EpisodeTitle(const Identity& identity, int episode) {
+  return identity.ClassId() + " Episode " + std::to_string(episode);
+}
+
 std::string EpisodeOrigin::Text() const {
   const std::string text = date + "      " + observer;
   return description.empty() ? text : text + "\n" + description;

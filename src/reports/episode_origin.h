@@ -11,6 +11,9 @@ namespace orvex {
 std::string DateText(const EpsHeader& header);
 std::string ObserverText(const EpsHeader& header);
 
+/// "7-12-3 Episode 2": heads the reports of a single episode, which counts from 1.
+std::string EpisodeTitle(const Identity& identity, int episode);
+
 /// What a report of a single episode says on paper, where no form stands behind it: whose it is.
 struct EpisodeOrigin {
   std::string date;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "reports/episode_title.h"
+#include "reports/episode_origin.h"
 
 namespace orvex {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <stdexcept>
 
-#include "reports/episode_title.h"
+#include "reports/episode_origin.h"
 #include "store/numbers.h"
 
 namespace orvex {
@@ -18,7 +18,7 @@ using Count = int CodeCounts::*;
 struct SegmentRule {
   Count count;
   Count reference;
-  Coding coding;
+  BarMeaning meaning;
 };
 
 /// What a line shows. The numbers in its heading are the counts of its segments.
@@ -34,56 +34,56 @@ const std::array<RowRule, kStatisticsLines>& RowRules() {
   using C = CodeCounts;
   static const std::array<RowRule, kStatisticsLines> rules = {{
       {{}, "Total Number of Questions", &C::Total, {}, false},
-      {{}, "Normal Questions", nullptr, {{&C::Normal, &C::Total, Coding::no}}, false},
+      {{}, "Normal Questions", nullptr, {{&C::Normal, &C::Total, BarMeaning::no}}, false},
       {{"Teacher ", " / Student Questions ", ""},
        "Teacher / Student Questions",
        nullptr,
-       {{&C::TeacherQ, &C::Total, Coding::no}, {&C::StudentQ, &C::Total, Coding::positive}},
+       {{&C::TeacherQ, &C::Total, BarMeaning::no}, {&C::StudentQ, &C::Total, BarMeaning::positive}},
        true},
       {{},
        "Authentic Teacher Questions",
        &C::AuthTeacher,
-       {{&C::AuthTeacher, &C::TeacherQ, Coding::positive}},
+       {{&C::AuthTeacher, &C::TeacherQ, BarMeaning::positive}},
        false},
       {{},
        "Authentic Student Questions",
        &C::AuthStudent,
-       {{&C::AuthStudent, &C::StudentQ, Coding::positive}},
+       {{&C::AuthStudent, &C::StudentQ, BarMeaning::positive}},
        false},
       {{},
        "Higher-Level Questions",
        &C::HigherLevel,
-       {{&C::HigherLevel, &C::TeacherQ, Coding::positive}},
+       {{&C::HigherLevel, &C::TeacherQ, BarMeaning::positive}},
        false},
       {{},
        "Nonresponses to Teacher Questions",
        &C::NoResponse,
-       {{&C::NoResponse, &C::TeacherQ, Coding::negative}},
+       {{&C::NoResponse, &C::TeacherQ, BarMeaning::negative}},
        false},
       {{"Uptake (None ", ", Test ", ", Authentic ", ")"},
        "Uptake (None, Test, Authentic)",
        nullptr,
-       {{&C::UptakeNone, &C::Responded, Coding::no},
-        {&C::UptakeTest, &C::Responded, Coding::positive},
-        {&C::UptakeAuthentic, &C::Responded, Coding::positive}},
+       {{&C::UptakeNone, &C::Responded, BarMeaning::no},
+        {&C::UptakeTest, &C::Responded, BarMeaning::positive},
+        {&C::UptakeAuthentic, &C::Responded, BarMeaning::positive}},
        true},
       {{"Elaborated ", " / Unelaborated ", ""},
        "Elaborated / Unelaborated",
        nullptr,
-       {{&C::Elaborated, &C::Responded, Coding::positive},
-        {&C::Unelaborated, &C::Responded, Coding::no}},
+       {{&C::Elaborated, &C::Responded, BarMeaning::positive},
+        {&C::Unelaborated, &C::Responded, BarMeaning::no}},
        true},
       {{"Answering ", " / Closing down ", " / Opening up ", ""},
        "Answering / Closing down / Opening up",
        nullptr,
-       {{&C::Answering, &C::StudentQ, Coding::no},
-        {&C::ClosingDown, &C::StudentQ, Coding::negative},
-        {&C::OpeningUp, &C::StudentQ, Coding::positive}},
+       {{&C::Answering, &C::StudentQ, BarMeaning::no},
+        {&C::ClosingDown, &C::StudentQ, BarMeaning::negative},
+        {&C::OpeningUp, &C::StudentQ, BarMeaning::positive}},
        false},
       {{},
        "Response Related to Previous Responses",
        &C::RelatedToPrevious,
-       {{&C::RelatedToPrevious, &C::TeacherQ, Coding::positive}},
+       {{&C::RelatedToPrevious, &C::TeacherQ, BarMeaning::positive}},
        false},
   }};
   return rules;
@@ -133,7 +133,7 @@ std::vector<BarSegment> BarOf(const RowRule& rule, const CodeCounts& counts) {
     drawn.count = counts.*segment.count;
     drawn.reference = counts.*segment.reference;
     drawn.left = left;
-    drawn.coding = segment.coding;
+    drawn.meaning = segment.meaning;
     if (drawn.count > 0 && drawn.reference > 0) {
       drawn.width = kBarLength * drawn.count / drawn.reference;
       drawn.caption = std::to_string(drawn.count);
@@ -150,7 +150,7 @@ BarSegment RestOfNonresponses(const CodeCounts& counts) {
   rest.count = counts.TeacherQ - counts.NoResponse;
   rest.reference = counts.TeacherQ;
   rest.width = kBarLength;
-  if (counts.TeacherQ > 0) rest.coding = Coding::no;
+  if (counts.TeacherQ > 0) rest.meaning = BarMeaning::no;
   if (rest.count > 0) rest.caption = std::to_string(rest.count);
   return rest;
 }
@@ -163,11 +163,11 @@ std::string PaceOf(const CodeCounts& counts, double duration) {
 
 }  // namespace
 
-const std::array<std::pair<Coding, std::string_view>, 4> kStatisticsLegend = {{
-    {Coding::positive, "Codings positively related to student achievement"},
-    {Coding::no, "Coded \"no\""},
-    {Coding::negative, "Codings negatively related to learning"},
-    {Coding::uncoded, "Not yet coded"},
+const std::array<std::pair<BarMeaning, std::string_view>, 4> kStatisticsLegend = {{
+    {BarMeaning::positive, "Codings positively related to student achievement"},
+    {BarMeaning::no, "Coded \"no\""},
+    {BarMeaning::negative, "Codings negatively related to learning"},
+    {BarMeaning::uncoded, "Not yet coded"},
 }};
 
 CodeCounts CountCodes(const std::vector<questionInfo>& questions) {

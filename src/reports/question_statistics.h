@@ -37,8 +37,8 @@ struct CodeCounts {
 CodeCounts CountCodes(const std::vector<questionInfo>& questions);
 
 /// What the colour of a bar says. `none` is the colour of the form itself.
-enum class Coding { positive, no, negative, uncoded, none };
-extern const std::array<std::pair<Coding, std::string_view>, 4> kStatisticsLegend;
+enum class BarMeaning { positive, no, negative, uncoded, none };
+extern const std::array<std::pair<BarMeaning, std::string_view>, 4> kStatisticsLegend;
 
 /// The length of a whole bar, in twips.
 inline constexpr double kBarLength = 3735;
@@ -50,7 +50,7 @@ struct BarSegment {
   double left = 0;   ///< in twips
   double width = 0;  ///< in twips
   std::string caption;
-  Coding coding = Coding::none;
+  BarMeaning meaning = BarMeaning::none;
 
   double Right() const { return left + width; }
 };

@@ -14,7 +14,7 @@
 
 namespace orvex {
 
-void EditFieldNotesFile(const Services& services) {
+void EditChosenNotes(const Services& services) {
   const std::filesystem::path path = ChooseFile(services, kNteFilter);
   if (!path.empty()) EditFieldNotes(services, path);
 }
@@ -26,7 +26,7 @@ void EditFieldNotes(const Services& services, const std::filesystem::path& path,
   try {
     bytes = takenUp.FileBytes(path);
   } catch (const FileError& error) {
-    // Half the notes in the dialog would be half a file after "&Save".
+    // Half the notes in the dialog would be half a file once they are saved.
     services.prompter.Tell("The field notes could not be read.", error.what());
     return;
   }

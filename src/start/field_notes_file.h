@@ -7,10 +7,10 @@
 
 namespace orvex {
 
-/// Lets the user choose a field-notes file, edit it and store it again.
-void EditFieldNotesFile(const Services& services);
-/// The same with the file at `path`. Changes that were not saved are in the dialog, when the user
-/// takes them up.
+/// The main menu's command: lets the user choose a field-notes file, edit it and store it again.
+void EditChosenNotes(const Services& services);
+/// Lets the user edit the field notes at `path` and store them again. Changes that were not saved
+/// are in the dialog, when the user takes them up.
 void EditFieldNotes(const Services& services, const std::filesystem::path& path,
                     Kept kept = Kept::areOffered);
 

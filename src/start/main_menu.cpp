@@ -15,7 +15,7 @@
 #include "store/file_error.h"
 #include "store/options_file.h"
 #include "store/text_encoding.h"
-#include "survey/open_survey.h"
+#include "survey/load_survey.h"
 
 namespace orvex {
 
@@ -44,8 +44,8 @@ void MainMenu::NewObservation() {
   services_.screens.Close(Screen::mainMenu);
 }
 
-void MainMenu::Matrices() {
-  ChooseSurveyFile(services_);
+void MainMenu::EditSurvey() {
+  EditChosenSurvey(services_);
 }
 
 /// False, when the user wants another folder than this one, which is not there.
@@ -90,10 +90,10 @@ void MainMenu::ChangeDataPath() {
 }
 
 void MainMenu::EditFieldNotes() {
-  EditFieldNotesFile(services_);
+  EditChosenNotes(services_);
 }
 
-void MainMenu::Cancel() {
+void MainMenu::EndProgram() {
   services_.screens.EndProgram();
 }
 

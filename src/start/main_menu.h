@@ -27,13 +27,13 @@ class MainMenu {
   /// Shows the set-up form, once it is settled in which folder the class goes.
   void NewObservation();
   /// Edits a survey file.
-  void Matrices();
+  void EditSurvey();
   /// Asks for another data folder and remembers it for the next start. One that is not there is
   /// told, and can be made.
   void ChangeDataPath();
   /// Lets the user choose a field-notes file and edit it.
   void EditFieldNotes();
-  void Cancel();
+  void EndProgram();
 
  private:
   bool IsWanted(const std::string& folder);

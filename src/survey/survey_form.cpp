@@ -9,19 +9,19 @@
 #include "model/program.h"
 #include "store/older_file.h"
 #include "store/paths.h"
-#include "survey/open_survey.h"
+#include "survey/load_survey.h"
 
 namespace orvex {
 
 SurveyForm::SurveyForm(const Services& services, Survey& answers, SurveyCaller caller)
     : services_(services), answers_(answers), caller_(caller) {}
 
-SurveyForm::SurveyForm(const Services& services, OpenedSurvey opened)
+SurveyForm::SurveyForm(const Services& services, LoadedSurvey loaded)
     : services_(services),
-      file_(std::move(opened.file)),
-      keeper_(std::move(opened.keeper)),
+      file_(std::move(loaded.file)),
+      keeper_(std::move(loaded.keeper)),
       answers_(file_->answers) {
-  if (!opened.isTakenUp) saved_ = answers_;
+  if (!loaded.isTakenUp) saved_ = answers_;
 }
 
 void SurveyForm::Changed() {
@@ -64,17 +64,13 @@ std::string SurveyForm::ClassIdText() const {
   return "Class ID " + identity.ClassId();
 }
 
-void SurveyForm::Command1_Click() {
-  if (OnFile()) {
-    Save();
-    return;
-  }
+void SurveyForm::ReturnToCaller() {
   services_.screens.Show(caller_ == SurveyCaller::questionEntry ? Screen::questionEntry
                                                                 : Screen::liveObservation);
   services_.screens.Hide(Screen::survey);
 }
 
-void SurveyForm::Command2_Click() {
+void SurveyForm::Quit() {
   if (!OnFile()) return;
   // To leave the question open is to stay, and what could not be written stays on the form.
   const Answer save = services_.prompter.Ask({.text = "Save changes?",
@@ -90,20 +86,11 @@ void SurveyForm::Command2_Click() {
     // The menu comes before this form goes: some form is always on the screen.
     services_.screens.Show(Screen::mainMenu);
     services_.screens.Close(Screen::survey);
-    if (ChooseSurveyFile(services_)) return;
+    if (EditChosenSurvey(services_)) return;
   }
   services_.screens.EndProgram();
 }
 
-void SurveyForm::RequestClose() {
-  if (OnFile()) {
-    Command2_Click();
-  } else {
-    Command1_Click();
-  }
-}
-
-/// False when the file could not be written and the user has given up for now.
 bool SurveyForm::Save() {
   if (path_.empty()) path_ = SurPathInFolder(services_.program.DataPath, file_->identity);
   std::string older;

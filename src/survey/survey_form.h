@@ -5,13 +5,12 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "desk/screens.h"
 #include "desk/services.h"
 #include "model/survey_scheme.h"
 #include "store/sur_file.h"
-#include "survey/open_survey.h"
+#include "survey/load_survey.h"
 
 namespace orvex {
 
@@ -21,7 +20,7 @@ class SurveyForm {
   /// On the answers of the running class, for the form `caller`. `answers` outlive this.
   SurveyForm(const Services& services, Survey& answers, SurveyCaller caller);
   /// On a file that has been read.
-  SurveyForm(const Services& services, OpenedSurvey opened);
+  SurveyForm(const Services& services, LoadedSurvey loaded);
   SurveyForm(const SurveyForm&) = delete;
   SurveyForm& operator=(const SurveyForm&) = delete;
 
@@ -53,17 +52,18 @@ class SurveyForm {
 
   /// "Class ID 5-12-3", of the class or the file.
   std::string ClassIdText() const;
-  std::string_view Caption1() const { return OnFile() ? "&Save" : "&Return"; }
 
-  /// "&Return" goes back to the caller and writes nothing; "&Save" writes the file.
-  void Command1_Click();
-  /// "E&xit", on a file only.
-  void Command2_Click();
+  /// During the class: goes back to the caller and writes nothing.
+  void ReturnToCaller();
+  /// On a file: writes it. False when it could not be written and the user has given up for now.
+  bool Save();
+  /// On a file: asks whether to save, and whether to go on with another; otherwise the program
+  /// ends.
+  void Quit();
   /// The user closes the window, which means the way out of the form; it goes by itself.
-  void RequestClose();
+  void Leave() { OnFile() ? Quit() : ReturnToCaller(); }
 
  private:
-  bool Save();
   void Changed();
 
   Services services_;

@@ -71,7 +71,7 @@ void AddBars(const QuestionStatistics& statistics, Json& json) {
   }
   json.EndObject();
   const BarSegment& rest = statistics.Row(Line::nonresponse).bar.at(1);
-  json.Key("NoRespT1").BeginObject().Key("yellow").Bool(rest.coding == Coding::no);
+  json.Key("NoRespT1").BeginObject().Key("yellow").Bool(rest.meaning == BarMeaning::no);
   json.Key("caption").Text(rest.caption).EndObject();
 }
 

@@ -7,7 +7,7 @@
 #include "editor/edited_file.h"
 #include "recovery/recovery_file.h"
 #include "start/field_notes_file.h"
-#include "survey/open_survey.h"
+#include "survey/load_survey.h"
 #include "ui/OnceInUse.h"
 #include "ui/Present.h"
 #include "ui/forms/frmAboutInputBox.h"
@@ -207,7 +207,7 @@ void Forms::ShowSurvey(SurveyCaller caller) {
 void Forms::ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) {
   Unload(listOfFiles_);
   listOfFiles_ = std::make_unique<frmListOfFiles>(services_, kind, list);
-  QObject::connect(listOfFiles_.get(), &frmListOfFiles::Left, &ending_,
+  QObject::connect(listOfFiles_.get(), &frmListOfFiles::Finished, &ending_,
                    [this] { Close(Screen::listOfFiles); });
   // It takes the menu's place, also on the screen.
   if (splash_) PlaceOver(*listOfFiles_, *splash_);
@@ -215,7 +215,7 @@ void Forms::ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) 
 }
 
 bool Forms::ShowSurveyFile(const std::filesystem::path& file, Kept kept) {
-  std::optional<OpenedSurvey> survey = LoadSurvey(services_, file, kept);
+  std::optional<LoadedSurvey> survey = LoadSurvey(services_, file, kept);
   if (!survey) return false;
   Unload(matrices_);
   matrices_ = std::make_unique<frmMatrices>(services_, std::move(*survey));

@@ -186,7 +186,7 @@ TEST_F(KeptChangesTest, AreOfferedAtTheNextStartWhereverTheFilesLie) {
   EXPECT_EQ(desk.program.DataPath, survey.parent_path()) << "where it is saved";
   SurveyForm form(desk.services, *LoadSurvey(desk.services, survey, Kept::areTakenUp));
   EXPECT_EQ(form.Answers().ratings[3], 2);
-  form.Command1_Click();
+  form.Save();
   all[0].close();
   EXPECT_EQ(test::FileBytes(desk.file), before);
   EXPECT_TRUE(UnfinishedFiles(desk.services).empty());

@@ -36,16 +36,16 @@ TEST(QuestionChooser, MovesSelectedRowsToTheEndOfTheOtherList) {
   }
   QuestionChooser chooser(episode);
   chooser.SelectFirst({3, 2, 3, 9});
-  chooser.Command1_Click();
+  chooser.MoveToSecond();
   EXPECT_EQ(chooser.First().rows, (Rows{"1.A", "4.D", "5.E"}));
   EXPECT_EQ(chooser.Second().rows, (Rows{"2.B", "3.C"}));
-  chooser.Command1_Click();  // nothing is selected any more
+  chooser.MoveToSecond();  // nothing is selected any more
   EXPECT_EQ(chooser.First().rows.size(), 3U);
   chooser.SelectFirst({1});
-  chooser.Command1_Click();
+  chooser.MoveToSecond();
   EXPECT_EQ(chooser.SecondNumbers(), (std::vector{2, 3, 1}));
   chooser.SelectSecond({1});
-  chooser.Command2_Click();
+  chooser.MoveToFirst();
   EXPECT_EQ(chooser.First().rows, (Rows{"4.D", "5.E", "2.B"}));
   EXPECT_EQ(chooser.SecondNumbers(), (std::vector{3, 1}));
 }

@@ -33,7 +33,7 @@ Episode Asked(std::string_view sources) {
 
 TEST(QuestionStatistics, DrawNoAnswersWhereTheTeacherAskedNothing) {
   const auto statistics = MakeQuestionStatistics(kIdentity, 2, Asked("SS"));
-  EXPECT_EQ(statistics.Row(StatisticsLine::nonresponse).bar.at(1).coding, Coding::none);
+  EXPECT_EQ(statistics.Row(StatisticsLine::nonresponse).bar.at(1).meaning, BarMeaning::none);
 }
 
 TEST(QuestionStatistics, PasteAsFieldsAndSayWhatIsMissing) {

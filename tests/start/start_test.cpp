@@ -139,7 +139,7 @@ TEST(FieldNotesFile, IsEditedAsLinesAndSpelledAsItWas) {
     test::PutFile(file, before);
     desk.prompter.ExpectFile({.path = file, .folder = desk.folder / "obs"});
     desk.prompter.ExpectNotes(edited);
-    EditFieldNotesFile(desk.services);
+    EditChosenNotes(desk.services);
     EXPECT_EQ(desk.prompter.askedFiles[0].filter, "NOTE files (*.NTE)|*.NTE");
     EXPECT_EQ(desk.prompter.askedNotes[0], shown);
     EXPECT_EQ(test::FileBytes(file), after);
@@ -150,11 +150,11 @@ TEST(FieldNotesFile, IsEditedAsLinesAndSpelledAsItWas) {
 TEST(FieldNotesFile, IsNotEditedWhenItCannotBeRead) {
   test::Desk desk;
   desk.prompter.ExpectFile({.path = {}, .folder = "/"});
-  EditFieldNotesFile(desk.services);
+  EditChosenNotes(desk.services);
   EXPECT_EQ(desk.program.DataPath, desk.folder.Path()) << "a cancelled dialog leaves it";
   desk.prompter.ExpectFile({.path = desk.folder / "gone.nte", .folder = desk.folder.Path()});
   desk.prompter.Expect("The field notes could not be read.", Answer::ok);
-  EditFieldNotesFile(desk.services);
+  EditChosenNotes(desk.services);
 }
 
 struct FieldNotesScene : test::SaveScene {

@@ -7,7 +7,7 @@
 #include "support/desk.h"
 #include "support/faulty_storage.h"
 #include "support/save_faults.h"
-#include "survey/open_survey.h"
+#include "survey/load_survey.h"
 
 namespace orvex {
 namespace {
@@ -28,12 +28,12 @@ TEST(SurveyOfTheClass, ChangesTheAnswersOfTheClassAndWritesNothing) {
   form.SetCheck(0, kOtherItem, false);
   form.TypeOther("lost");
   EXPECT_EQ(answers.other, "portfolio");
-  form.Command1_Click();
+  form.ReturnToCaller();
   EXPECT_EQ(desk.screens.Take(), (Moves{"show liveObservation", "hide survey"}));
   form.SetCaller(SurveyCaller::questionEntry);
-  form.RequestClose();
+  form.Leave();
   EXPECT_EQ(desk.screens.Take(), (Moves{"show questionEntry", "hide survey"}));
-  form.Command2_Click();
+  form.Quit();
   EXPECT_EQ(desk.screens.Take(), Moves{}) << "there is no E&xit during the class";
   EXPECT_TRUE(fs::is_empty(desk.folder.Path()));
 }
@@ -55,7 +55,7 @@ TEST(SurveyOnAFile, IsSavedUnderItsNumbersInItsSpellingUntilItIsSavedElsewhere) 
   EXPECT_EQ(form.ClassIdText(), "Class ID 5-12-3");
   form.Rate(15, 4);
   file.answers.ratings[15] = 4;
-  form.Command1_Click();
+  form.Save();
   EXPECT_EQ(test::FileBytes(desk.folder / "5-12-3.sur"), FormatSur(file));
   EXPECT_EQ(form.SavedText(), "Saved as " + (desk.folder / "5-12-3.sur").string());
   EXPECT_EQ(desk.screens.Take(), Moves{}) << "the form stays open";
@@ -64,16 +64,16 @@ TEST(SurveyOnAFile, IsSavedUnderItsNumbersInItsSpellingUntilItIsSavedElsewhere) 
   disk.Fail(1, ENOSPC, "write");
   desk.prompter.Expect("Save changes?", Answer::yes);
   desk.prompter.Expect("The survey could not be written.", Answer::cancel);
-  form.Command2_Click();
+  form.Quit();
   EXPECT_EQ(form.SavedText(), "");
   disk.Fail(1, ENOSPC, "write");
   const fs::path other = desk.folder / "stick/mine.sur";
   test::PutFile(other, "");
   desk.prompter.Expect("The survey could not be written.", Answer::no);
   desk.prompter.ExpectSaveFile({.path = other, .folder = other.parent_path()});
-  form.Command1_Click();
+  form.Save();
   form.Rate(15, 2);
-  form.Command1_Click();
+  form.Save();
   EXPECT_EQ(form.SavedText(), "Saved as " + other.string());
   EXPECT_EQ(test::FileBytes(desk.folder / "5-12-3.sur"), FormatSur(file));
   file.answers.ratings[15] = 2;
@@ -86,12 +86,12 @@ TEST(SurveyOnAFile, KeepsWhatLiesUnderItsNumbersWhenItHasAnotherName) {
   const fs::path another = desk.folder / "5-12-3.sur";
   test::PutFile(misnamed, FormatSur({.identity = kIdentity, .answers = {}}));
   test::PutFile(another, "another survey");
-  auto opened = LoadSurvey(desk.services, misnamed, Kept::areOffered);
-  ASSERT_TRUE(opened);
-  SurveyForm form(desk.services, std::move(*opened));
+  auto loaded = LoadSurvey(desk.services, misnamed, Kept::areOffered);
+  ASSERT_TRUE(loaded);
+  SurveyForm form(desk.services, std::move(*loaded));
   for (int rating : {1, 2}) {
     form.Rate(15, rating);
-    form.Command1_Click();
+    form.Save();
   }
   int kept = 0;
   for (const auto& file : fs::directory_iterator(desk.folder.Path())) {
@@ -105,7 +105,7 @@ struct SurveyFileScene : test::SaveScene {
   explicit SurveyFileScene(bool older) {
     if (older) test::PutFile(desk.folder / "5-12-3.sur", "the old survey\r\n");
   }
-  void Save() override { form.Command1_Click(); }
+  void Save() override { form.Save(); }
   SurveyForm form{services, Portfolio()};
 };
 
@@ -129,7 +129,7 @@ TEST(SurveyOnAFile, ExitEndsTheProgramOrGoesOnToAnotherFile) {
     desk.prompter.Expect("Save changes?", save);
     desk.prompter.Expect("Edit Another File?", another);
     if (another == Answer::yes) desk.prompter.ExpectFile({.path = chosen, .folder = "/"});
-    form.RequestClose();
+    form.Leave();
     std::string moves;
     for (const std::string& move : desk.screens.Take()) moves += move + "|";
     EXPECT_EQ(moves, expected);

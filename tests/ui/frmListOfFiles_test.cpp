@@ -35,16 +35,16 @@ struct ListDesk : Desk {
   }
 };
 
-/// Lets the form work until it is left.
-void Await(QSignalSpy& left) {
-  if (left.isEmpty()) left.wait(60000);
-  EXPECT_EQ(left.count(), 1);
+/// Lets the form work until it is finished.
+void Await(QSignalSpy& finished) {
+  if (finished.isEmpty()) finished.wait(60000);
+  EXPECT_EQ(finished.count(), 1);
 }
 
 TEST(ListOfFilesForm, HighlightsTheFileInWorkAndEndsTheProgram) {
   ListDesk desk(2000, ".eps");
   frmListOfFiles form(desk.services, ExportKind::epsData, desk.folder / "LIST.TXT");
-  QSignalSpy left(&form, &frmListOfFiles::Left);
+  QSignalSpy finished(&form, &frmListOfFiles::Finished);
   auto* files = Find<QListWidget>(form, "lstFiles");
   auto* bar = Find<QProgressBar>(form, "prgFiles");
   EXPECT_EQ(form.windowTitle(), QLatin1String("File list"));
@@ -63,7 +63,7 @@ TEST(ListOfFilesForm, HighlightsTheFileInWorkAndEndsTheProgram) {
     EXPECT_EQ(Find<QLabel>(form, "lblCount")->text(), QLatin1String("2000 of 2000 files"));
   });
   Activate(form);
-  Await(left);
+  Await(finished);
   EXPECT_GT(shown.size(), 2U);
   EXPECT_EQ(shown.back(), 1999);
   EXPECT_EQ(desk.Rows("EPSDATA.TXT"), 6000);
@@ -74,13 +74,13 @@ TEST(ListOfFilesForm, StaysOnTheFileThatIsMissing) {
   ListDesk desk(5, ".sur", 4);
   frmListOfFiles form(desk.services, ExportKind::surData, desk.folder / "LIST.TXT");
   EXPECT_EQ(form.objectName(), QLatin1String("frmListOfFilesSUR"));
-  QSignalSpy left(&form, &frmListOfFiles::Left);
+  QSignalSpy finished(&form, &frmListOfFiles::Finished);
   desk.prompter.Expect("A file of the list could not be exported.", Answer::ok, [&] {
     EXPECT_EQ(Find<QListWidget>(form, "lstFiles")->currentItem()->text(),
               QLatin1String("5-12-4.sur"));
   });
   Activate(form);
-  Await(left);
+  Await(finished);
   EXPECT_EQ(desk.Rows("SURDATA.TXT"), 3);
   EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{"show mainMenu"});
 }
@@ -91,7 +91,7 @@ TEST(ListOfFilesForm, IsStoppedByItsButtonAndByItsFrame) {
     ListDesk desk(2000, ".eps");
     PutFile(desk.folder / "EPSDATA.TXT", "the old table\r\n");
     frmListOfFiles form(desk.services, ExportKind::epsData, desk.folder / "LIST.TXT");
-    QSignalSpy left(&form, &frmListOfFiles::Left);
+    QSignalSpy finished(&form, &frmListOfFiles::Finished);
     auto* files = Find<QListWidget>(form, "lstFiles");
     bool stopped = false;
     QObject::connect(files, &QListWidget::currentRowChanged, &form, [&](int row) {
@@ -106,7 +106,7 @@ TEST(ListOfFilesForm, IsStoppedByItsButtonAndByItsFrame) {
     desk.prompter.Expect("The export was stopped.", Answer::ok,
                          [&] { EXPECT_FALSE(Find(form, "cmdStop")->isEnabled()); });
     Activate(form);
-    Await(left);
+    Await(finished);
     const std::string name = files->currentItem()->text().toStdString();
     EXPECT_EQ(desk.prompter.asked.back().details,
               "It had come to line " + std::to_string(files->currentRow() + 1) +

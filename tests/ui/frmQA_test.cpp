@@ -39,8 +39,8 @@ class frmQATest : public testing::Test, protected Desk {
     program.Episodes[1].questions = questions;
     program.ProofEp = 2;
     program.ProofQ = 1;
-    form_ =
-        std::make_unique<frmQA>(services, QuestionEditorStart{.proofMode = proofMode}, &live_, &clocks_);
+    form_ = std::make_unique<frmQA>(services, QuestionEditorStart{.proofMode = proofMode}, &live_,
+                                    &clocks_);
     form_->resize(kSmallestScreen);
     Activate(*form_);
   }

@@ -19,11 +19,11 @@ frmChooseQAs::frmChooseQAs(const Episode& episode, QWidget* parent)
     Refresh();
   });
   connect(ui_->Command1, &QPushButton::clicked, this, [this] {
-    chooser_.Command1_Click();
+    chooser_.MoveToSecond();
     Refresh();
   });
   connect(ui_->Command2, &QPushButton::clicked, this, [this] {
-    chooser_.Command2_Click();
+    chooser_.MoveToFirst();
     Refresh();
   });
   connect(ui_->OKButton, &QPushButton::clicked, this, &QDialog::accept);

@@ -49,7 +49,7 @@ void frmListOfFiles::Tick() {
   }
   work_.stop();  // a message box lets timers go on
   export_.Finish();
-  Q_EMIT Left();
+  Q_EMIT Finished();
 }
 
 void frmListOfFiles::Refresh() {

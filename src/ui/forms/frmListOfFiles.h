@@ -26,7 +26,7 @@ class frmListOfFiles : public QWidget {
 
  Q_SIGNALS:
   /// The work is over, the user has been told, and the form is to be closed.
-  void Left();
+  void Finished();
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -39,9 +39,9 @@ frmMatrices::frmMatrices(const Services& services, LiveObservation& live, Survey
   StartTimer();
 }
 
-frmMatrices::frmMatrices(const Services& services, OpenedSurvey opened, QWidget* parent)
+frmMatrices::frmMatrices(const Services& services, LoadedSurvey loaded, QWidget* parent)
     : QWidget(parent),
-      form_(services, std::move(opened)),
+      form_(services, std::move(loaded)),
       ui_(std::make_unique<Ui::frmMatrices>()) {
   Build();
 }
@@ -117,8 +117,10 @@ void frmMatrices::ConnectButtons() {
       Refresh();
     });
   };
-  button(ui_->Command1, [&form = form_] { form.Command1_Click(); });
-  button(ui_->Command2, [&form = form_] { form.Command2_Click(); });
+  ui_->Command1->setText(form_.OnFile() ? QStringLiteral("&Save") : QStringLiteral("&Return"));
+  button(ui_->Command1,
+         [&form = form_] { form.OnFile() ? void(form.Save()) : form.ReturnToCaller(); });
+  button(ui_->Command2, [&form = form_] { form.Quit(); });
   button(ui_->cmdOfftaskActive, [this] {
     if (offtask_) offtask_->cmdOfftaskActive_Click();
   });
@@ -172,7 +174,6 @@ void frmMatrices::TurnPage(int step) {
 
 void frmMatrices::Refresh() {
   ShowText(ui_->lblClassID, form_.ClassIdText());
-  ShowText(ui_->Command1, std::string(form_.Caption1()));
   ui_->lists->Show(form_);
   for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i]->ShowRating(form_.Answers().ratings[i]);
   RefreshCounts();
@@ -218,7 +219,7 @@ void frmMatrices::showEvent(QShowEvent* event) {
 
 void frmMatrices::closeEvent(QCloseEvent* event) {
   event->ignore();
-  form_.RequestClose();
+  form_.Leave();
   Refresh();
 }
 

@@ -26,7 +26,7 @@ class frmMatrices : public QWidget {
  public:
   frmMatrices(const Services& services, LiveObservation& live, SurveyCaller caller,
               QWidget* parent = nullptr);
-  frmMatrices(const Services& services, OpenedSurvey opened, QWidget* parent = nullptr);
+  frmMatrices(const Services& services, LoadedSurvey loaded, QWidget* parent = nullptr);
   ~frmMatrices() override;
 
   /// The form that is shown again when this one is left during the class.

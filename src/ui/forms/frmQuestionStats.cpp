@@ -77,8 +77,8 @@ void frmQuestionStats::ShowLegend() {
       {ui_->sample3, ui_->lblLegend3},
   }};
   for (std::size_t i = 0; i < samples.size(); ++i) {
-    const auto& [coding, text] = kStatisticsLegend[i];
-    samples[i].first->Show(coding);
+    const auto& [meaning, text] = kStatisticsLegend[i];
+    samples[i].first->Show(meaning);
     ShowText(samples[i].second, std::string(text));
   }
 }

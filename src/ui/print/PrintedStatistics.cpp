@@ -111,8 +111,9 @@ void PrintedStatistics::PaintRow(QPainter& painter, double width, double y,
 
 void PrintedStatistics::PaintLegend(QPainter& painter, double width, double y) const {
   y = PaintSection(painter, width, y, "LEGEND");
-  for (const auto& [coding, text] : kStatisticsLegend) {
-    PaintCoding(painter, {0, y + (kRowHeight - kBarHeight) / 2, kSampleWidth, kBarHeight}, coding);
+  for (const auto& [meaning, text] : kStatisticsLegend) {
+    PaintMeaning(painter, {0, y + (kRowHeight - kBarHeight) / 2, kSampleWidth, kBarHeight},
+                 meaning);
     painter.setPen(Qt::black);
     PaintText(painter, {kSampleWidth + kColumnGap, y, width, kRowHeight}, Qt::AlignLeft, text);
     y += kRowHeight;

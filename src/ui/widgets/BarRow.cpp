@@ -82,15 +82,15 @@ CodingSample::CodingSample(QWidget* parent) : QWidget(parent) {
   setFixedSize(kBarHeight * 2, kBarHeight - 4);
 }
 
-void CodingSample::Show(Coding coding) {
-  coding_ = coding;
+void CodingSample::Show(BarMeaning meaning) {
+  meaning_ = meaning;
   update();
 }
 
 void CodingSample::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  PaintCoding(painter, rect(), coding_);
+  PaintMeaning(painter, rect(), meaning_);
 }
 
 }  // namespace orvex

@@ -38,13 +38,13 @@ class CodingSample : public QWidget {
 
  public:
   explicit CodingSample(QWidget* parent = nullptr);
-  void Show(Coding coding);
+  void Show(BarMeaning meaning);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  Coding coding_ = Coding::none;
+  BarMeaning meaning_ = BarMeaning::none;
 };
 
 }  // namespace orvex

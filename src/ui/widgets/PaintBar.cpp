@@ -28,19 +28,19 @@ struct Look {
   QRgb caption;
 };
 
-std::optional<Look> LookOf(Coding coding) {
+std::optional<Look> LookOf(BarMeaning meaning) {
   constexpr QRgb kBlack = qRgb(0, 0, 0);
   constexpr QRgb kWhite = qRgb(255, 255, 255);
-  switch (coding) {
-    case Coding::positive:
+  switch (meaning) {
+    case BarMeaning::positive:
       return Look{kBlue, Pattern::plain, kWhite};
-    case Coding::no:
+    case BarMeaning::no:
       return Look{kYellow, Pattern::plain, kBlack};
-    case Coding::negative:
+    case BarMeaning::negative:
       return Look{kVermilion, Pattern::hatched, kBlack};
-    case Coding::uncoded:
+    case BarMeaning::uncoded:
       return Look{kWhite, Pattern::dotted, kBlack};
-    case Coding::none:
+    case BarMeaning::none:
       break;
   }
   return std::nullopt;
@@ -74,7 +74,7 @@ void PaintCaption(QPainter& painter, const BarSegment& segment, const QRectF& se
   const QString caption = ToQt(segment.caption);
   const double width = QFontMetricsF(painter.font()).horizontalAdvance(caption) + kCaptionMargin;
   if (width <= seen.width()) {
-    const auto look = LookOf(segment.coding);
+    const auto look = LookOf(segment.meaning);
     if (look && look->pattern != Pattern::plain) {
       QRectF plate(0, 0, width, seen.height() - 4);
       plate.moveCenter(seen.center());
@@ -92,8 +92,8 @@ void PaintCaption(QPainter& painter, const BarSegment& segment, const QRectF& se
 
 }  // namespace
 
-void PaintCoding(QPainter& painter, const QRectF& area, Coding coding) {
-  const auto look = LookOf(coding);
+void PaintMeaning(QPainter& painter, const QRectF& area, BarMeaning meaning) {
+  const auto look = LookOf(meaning);
   if (!look || area.width() <= 0) return;
   painter.save();
   painter.fillRect(area, QColor(look->ground));
@@ -127,7 +127,7 @@ void PaintBar(QPainter& painter, const BarPlace& place, const StatisticsRow& row
       BarSegment rest;
       rest.left = filled;
       rest.width = kBarLength - filled;
-      PaintCoding(painter, AreaOf(rest, place.bar), Coding::uncoded);
+      PaintMeaning(painter, AreaOf(rest, place.bar), BarMeaning::uncoded);
     }
   }
   for (auto segment = row.bar.rbegin(); segment != row.bar.rend(); ++segment) {
@@ -135,7 +135,7 @@ void PaintBar(QPainter& painter, const BarPlace& place, const StatisticsRow& row
     // Neighbours of one colour show where one ends.
     const bool neighboured = area.right() < place.bar.right() - kSegmentGap;
     if (neighboured && area.width() > 4 * kSegmentGap) area.setRight(area.right() - kSegmentGap);
-    PaintCoding(painter, area, segment->coding);
+    PaintMeaning(painter, area, segment->meaning);
   }
   double covered = 0;
   for (const BarSegment& segment : row.bar) {

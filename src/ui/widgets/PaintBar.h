@@ -15,9 +15,9 @@ struct BarPlace {
   double captionRoom = 0;
 };
 
-/// Fills `area` as the legend shows `coding`: colours that differ in brightness as well, and
+/// Fills `area` as the legend shows `meaning`: colours that differ in brightness as well, and
 /// patterns, so that they can be told apart by every eye and on every printer.
-void PaintCoding(QPainter& painter, const QRectF& area, Coding coding);
+void PaintMeaning(QPainter& painter, const QRectF& area, BarMeaning meaning);
 
 /// Where a segment of `row` lies on a bar that is drawn on `bar`.
 QRectF AreaOf(const BarSegment& segment, const QRectF& bar);

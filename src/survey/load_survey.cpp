@@ -1,4 +1,4 @@
-#include "survey/open_survey.h"
+#include "survey/load_survey.h"
 
 #include <string>
 
@@ -20,7 +20,7 @@ void TellUnreadable(const Services& services, const std::string& why) {
 
 }  // namespace
 
-bool ChooseSurveyFile(const Services& services) {
+bool EditChosenSurvey(const Services& services) {
   const std::filesystem::path path = ChooseFile(services, kSurFilter);
   if (path.empty()) return false;
   if (services.screens.ShowSurveyFile(path, Kept::areOffered))
@@ -30,20 +30,20 @@ bool ChooseSurveyFile(const Services& services) {
 
 namespace {
 
-OpenedSurvey Read(const Services& services, const std::filesystem::path& path,
+LoadedSurvey Read(const Services& services, const std::filesystem::path& path,
                   const TakenUp& takenUp) {
   const auto& changes = takenUp.changes;
   const std::string bytes = takenUp.FileBytes(path);
-  OpenedSurvey opened = ParseSur(changes ? *changes->bytes : bytes);
+  LoadedSurvey loaded = ParseSur(changes ? *changes->bytes : bytes);
   TellProtection(services.prompter, path);
-  opened.keeper = std::make_unique<FileKeeper>(services, path, bytes, changes);
-  opened.isTakenUp = changes.has_value();
-  return opened;
+  loaded.keeper = std::make_unique<FileKeeper>(services, path, bytes, changes);
+  loaded.isTakenUp = changes.has_value();
+  return loaded;
 }
 
 }  // namespace
 
-std::optional<OpenedSurvey> LoadSurvey(const Services& services, const std::filesystem::path& path,
+std::optional<LoadedSurvey> LoadSurvey(const Services& services, const std::filesystem::path& path,
                                        Kept kept) {
   const TakenUp takenUp = TakeUpChanges(services, path, kept);
   if (takenUp.isLeft) return std::nullopt;

@@ -13,21 +13,21 @@
 namespace orvex {
 
 /// A survey file that has been read.
-struct OpenedSurvey {
-  OpenedSurvey(SurFile read) : file(std::move(read)) {}  // NOLINT: a file is all there need be
+struct LoadedSurvey {
+  LoadedSurvey(SurFile read) : file(std::move(read)) {}  // NOLINT: a file is all there need be
 
   SurFile file;
   std::unique_ptr<FileKeeper> keeper;
   bool isTakenUp = false;  ///< the answers are no longer as the file holds them
 };
 
-/// Lets the user choose a survey file and shows the survey form on it in the place of the main
-/// menu, which stays when the file cannot be read. False when no file was chosen.
-bool ChooseSurveyFile(const Services& services);
+/// The main menu's command: lets the user choose a survey file and shows the survey form on it in
+/// place of the menu, which stays when the file cannot be read. False when no file was chosen.
+bool EditChosenSurvey(const Services& services);
 
 /// Reads a survey file, or takes up changes to it that were not saved. Nothing, when the user has
 /// been told that it could not be read, or leaves it for later.
-std::optional<OpenedSurvey> LoadSurvey(const Services& services, const std::filesystem::path& path,
+std::optional<LoadedSurvey> LoadSurvey(const Services& services, const std::filesystem::path& path,
                                        Kept kept = Kept::areOffered);
 
 }  // namespace orvex
