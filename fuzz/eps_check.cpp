@@ -11,7 +11,7 @@ namespace orvex::fuzz {
 namespace {
 
 EpsObservation Parse(std::string_view bytes) {
-  ReadOn events(nullptr);
+  ReadingWithWarnings events(nullptr);
   return ParseEps(std::string(bytes), events);
 }
 

@@ -13,9 +13,9 @@ namespace orvex::fuzz {
 namespace {
 
 /// Reads as the export does, which takes the stated counts and makes a row of each episode.
-class Rows : public ReadOn {
+class Rows : public ReadingWithWarnings {
  public:
-  Rows() : ReadOn(nullptr) {}
+  Rows() : ReadingWithWarnings(nullptr) {}
 
   bool WantsCounts() const override { return true; }
   void EpisodeRead(int ep, const Episode& episode, const QuestionCounts& stated) override {

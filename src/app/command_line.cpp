@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "commands/named_file.h"
-#include "store/shown_text.h"
+#include "store/printable_text.h"
 
 namespace orvex {
 namespace {
@@ -36,7 +36,7 @@ std::vector<std::filesystem::path> PathsOf(const QStringList& arguments) {
 /// `command` is empty for the window.
 Mistake MistakeIn(const QString& command, const QString& text) {
   const QString program = command.isEmpty() ? kProgram : kProgram + QLatin1Char(' ') + command;
-  return {Shown(BytesOf(text)) + BytesOf(QStringLiteral("\nTry '%1 --help'.").arg(program))};
+  return {Printable(BytesOf(text)) + BytesOf(QStringLiteral("\nTry '%1 --help'.").arg(program))};
 }
 
 std::string VersionLine() {

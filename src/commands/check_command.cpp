@@ -9,7 +9,7 @@
 #include "model/counted.h"
 #include "model/survey_scheme.h"
 #include "model/validation.h"
-#include "store/shown_text.h"
+#include "store/printable_text.h"
 
 namespace orvex {
 namespace {
@@ -69,12 +69,12 @@ void CheckFile(const std::filesystem::path& file, const Console& console, Tally&
   if (kind == FileKind::episodes) {
     const auto observation = ReadEpisodes(file, console);
     read = observation.has_value();
-    if (read) CheckEpisodes(Shown(file.native()), observation->Episodes, console, tally);
+    if (read) CheckEpisodes(Printable(file.native()), observation->Episodes, console, tally);
     tally.observations += read;
   } else if (kind == FileKind::survey) {
     const auto survey = ReadSurvey(file, console);
     read = survey.has_value();
-    if (read) CheckSurvey(Shown(file.native()), survey->answers, console, tally);
+    if (read) CheckSurvey(Printable(file.native()), survey->answers, console, tally);
     tally.surveys += read;
   } else {
     RefuseKind(file, "an episode file (.eps) or a survey file (.sur)", console);

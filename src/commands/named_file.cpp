@@ -40,7 +40,7 @@ FileKind KindOf(const std::filesystem::path& file) {
 std::optional<EpsObservation> ReadEpisodes(const std::filesystem::path& file,
                                            const Console& console) {
   const Warn warn = WarnOn(file, console);
-  ReadOn events(warn);
+  ReadingWithWarnings events(warn);
   auto observation = Reading(file, console, [&] { return ReadEpsFile(file, events); });
   if (observation) WarnOfOtherNumbers(file, observation->header.identity, warn);
   return observation;

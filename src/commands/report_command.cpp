@@ -8,7 +8,7 @@
 #include "reports/question_plot.h"
 #include "reports/question_statistics.h"
 #include "reports/time_summary.h"
-#include "store/shown_text.h"
+#include "store/printable_text.h"
 #include "tables/file_list.h"
 #include "tables/observation_json.h"
 
@@ -20,7 +20,7 @@ EpsHeader ShownHeader(EpsHeader header) {
   Identity& identity = header.identity;
   for (std::string* text : {&identity.SchoolNum, &identity.ClassNum, &identity.ObservNum,
                             &identity.Initials, &header.ObservDate}) {
-    *text = Shown(*text);
+    *text = Printable(*text);
   }
   return header;
 }
@@ -78,7 +78,7 @@ ExitCode RunReport(const ReportCommand& command, const Console& console) {
   bool whole = true;
   const bool several = command.files.size() > 1;
   for (const std::filesystem::path& file : command.files) {
-    std::string place = several ? Shown(file.native()) + ":\n\n" : "";
+    std::string place = several ? Printable(file.native()) + ":\n\n" : "";
     if (&file != &command.files.front()) place.insert(0, "\n\n");
     whole &= Report(file, command.json, place, console);
   }

@@ -5,7 +5,7 @@
 
 #include "model/counted.h"
 #include "store/durable_file.h"
-#include "store/shown_text.h"
+#include "store/printable_text.h"
 #include "tables/file_list.h"
 #include "tables/problem.h"
 #include "tables/table_export.h"
@@ -89,9 +89,9 @@ ExitCode Make(TableExport& table, const Console& console, Progress& progress) {
     console.err << "There are no rows. " << WithoutNewTable(table.Table()) << "\n";
     return kFailed;
   }
-  console.out << Shown(table.Table().native()) << ": " << Counted(table.Rows(), "row") << " from "
-              << Counted(table.Files(), "file") << (table.LastInPart() ? ", the last in part" : "")
-              << "\n";
+  console.out << Printable(table.Table().native()) << ": " << Counted(table.Rows(), "row")
+              << " from " << Counted(table.Files(), "file")
+              << (table.LastInPart() ? ", the last in part" : "") << "\n";
   if (table.Done() < table.Count()) {
     console.err << "The table ends there. Files not read: " << table.Count() - table.Done()
                 << ".\n";
@@ -102,7 +102,7 @@ ExitCode Make(TableExport& table, const Console& console, Progress& progress) {
 
 /// Runs `command`; a list that cannot be read, or a table that cannot be written, ends it.
 template <typename Command>
-ExitCode OrFailed(const std::filesystem::path& list, const Console& console, Command command) {
+ExitCode RunOnList(const std::filesystem::path& list, const Console& console, Command command) {
   ExitCode code = kFailed;
   if (const auto problem = ProblemOf(list, [&] { code = command(); })) {
     console.err << problem->Text() << "\n";
@@ -114,7 +114,7 @@ ExitCode OrFailed(const std::filesystem::path& list, const Console& console, Com
 }  // namespace
 
 ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console& console) {
-  return OrFailed(command.list, console, [&] {
+  return RunOnList(command.list, console, [&] {
     Progress progress(console);
     const WarnOf warn = WarnOn(console, progress);
     const TableKind kind = TableOf(command.kind, {.ofReading = warn, .ofNames = warn});
@@ -126,7 +126,7 @@ ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console
 }
 
 ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& console) {
-  return OrFailed(command.list, console, [&] {
+  return RunOnList(command.list, console, [&] {
     Progress progress(console);
     const TableKind kind = TidyTableKind(command.table, WarnOn(console, progress));
     const std::filesystem::path folder = TableFolder(command.list, command.output);
@@ -137,7 +137,8 @@ ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& 
     const ExitCode code = Make(table, console, progress);
     if (command.codebook && code != kFailed) {
       ReplaceFile(storage, codebook, Codebook(command.table));
-      console.out << Shown(codebook.native()) << ": the variables of the table and their values\n";
+      console.out << Printable(codebook.native())
+                  << ": the variables of the table and their values\n";
     }
     return code == kDone ? kDone : kFailed;
   });

@@ -13,7 +13,7 @@
 #include "store/eps_differences.h"
 #include "store/file_error.h"
 #include "store/format_error.h"
-#include "store/shown_text.h"
+#include "store/printable_text.h"
 
 namespace orvex {
 namespace {
@@ -73,7 +73,7 @@ LoadOutcome LoadEpisodes(const Services& services, const fs::path& path, Kept ke
     services.prompter.Tell("The file could not be read.", error.what());
   } catch (const FormatError& error) {
     services.prompter.Tell(takenUp.changes ? kChangesUnreadable : "Invalid file format.",
-                           Shown(path.native()) + ": " + error.what());
+                           Printable(path.native()) + ": " + error.what());
     outcome.programEnds = !takenUp.changes;
   } catch (const ReadingDeclined&) {
     outcome.programEnds = true;

@@ -7,7 +7,7 @@
 
 #include "store/format_error.h"
 #include "store/numbers.h"
-#include "store/shown_text.h"
+#include "store/printable_text.h"
 
 namespace orvex {
 namespace {
@@ -53,7 +53,7 @@ void FieldReader::Fail(const std::string& expected, std::string_view found) cons
   if (fieldStart_ == text_.size()) {
     text += ", not the end of the file";
   } else {
-    text += named.empty() ? ", found nothing" : ", found " + ShownInQuotes(named);
+    text += named.empty() ? ", found nothing" : ", found " + PrintableInQuotes(named);
   }
   // What is alone on its line is the line.
   const bool alone = field_ == 1 && nextField_ == 1;

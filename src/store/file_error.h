@@ -6,7 +6,7 @@
 #include <system_error>
 #include <utility>
 
-#include "store/shown_text.h"
+#include "store/printable_text.h"
 
 namespace orvex {
 
@@ -15,7 +15,7 @@ namespace orvex {
 class FileError : public std::runtime_error {
  public:
   FileError(std::filesystem::path path, std::string cause)
-      : std::runtime_error(Shown(path.native()) + ": " + cause),
+      : std::runtime_error(Printable(path.native()) + ": " + cause),
         path_(std::move(path)),
         cause_(std::move(cause)) {}
   /// The cause is what `error`, a value of `errno`, stands for.

@@ -9,7 +9,7 @@
 #include "recovery/unfinished_file.h"
 #include "store/file_error.h"
 #include "store/format_error.h"
-#include "store/shown_text.h"
+#include "store/printable_text.h"
 
 namespace orvex {
 namespace {
@@ -50,7 +50,7 @@ std::optional<LoadedSurvey> LoadSurvey(const Services& services, const std::file
   try {
     return Read(services, path, takenUp);
   } catch (const FormatError& error) {
-    TellUnreadable(services, Shown(path.native()) + ", " + error.what());
+    TellUnreadable(services, Printable(path.native()) + ", " + error.what());
   } catch (const FileError& error) {
     TellUnreadable(services, error.what());
   }

@@ -81,11 +81,11 @@ void AppendSeconds(double seconds, std::string& text) {
   }
 }
 
-class RowsOfFile : public ReadOn {
+class RowsOfFile : public ReadingWithWarnings {
  public:
   RowsOfFile(const std::filesystem::path& path, const FileNumbers& numbers, const Warn& warn,
              std::string& rows)
-      : ReadOn(warn), path_(path), numbers_(numbers), rows_(rows) {}
+      : ReadingWithWarnings(warn), path_(path), numbers_(numbers), rows_(rows) {}
 
   void EpisodesToCome(int count) override {
     if (count > kMostEpisodes) {
@@ -106,16 +106,16 @@ class RowsOfFile : public ReadOn {
 
 }  // namespace
 
-bool ReadOn::ContinueWithEarlierVersion() {
+bool ReadingWithWarnings::ContinueWithEarlierVersion() {
   if (warn_) warn_(kEarlierVersionText);
   return true;
 }
 
-void ReadOn::FirstSegmentRepaired(int ep) {
+void ReadingWithWarnings::FirstSegmentRepaired(int ep) {
   if (warn_) warn_(InconsistentText(ep) + " The episode's activity is taken.");
 }
 
-void ReadOn::TextAfterLastQuestion(int line, std::string_view /*text*/) {
+void ReadingWithWarnings::TextAfterLastQuestion(int line, std::string_view /*text*/) {
   if (warn_) warn_("text after the last question, line " + std::to_string(line));
 }
 

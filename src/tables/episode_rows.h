@@ -11,9 +11,9 @@
 namespace orvex {
 
 /// Reads on where a form would ask, and passes on what it would say.
-class ReadOn : public EpsReadEvents {
+class ReadingWithWarnings : public EpsReadEvents {
  public:
-  explicit ReadOn(Warn warn) : warn_(std::move(warn)) {}
+  explicit ReadingWithWarnings(Warn warn) : warn_(std::move(warn)) {}
 
   bool ContinueWithEarlierVersion() override;
   void FirstSegmentRepaired(int ep) override;

@@ -8,7 +8,7 @@
 #include "desk/screens.h"
 #include "model/counted.h"
 #include "store/file_error.h"
-#include "store/shown_text.h"
+#include "store/printable_text.h"
 
 namespace orvex {
 namespace {
@@ -49,7 +49,7 @@ ExportForm::ExportForm(const Services& services, ExportKind kind,
 TableKind ExportForm::KindThatWarns(ExportKind kind) {
   return TableOf(kind,
                  {.ofReading = {}, .ofNames = [this](const auto& file, const auto& warning) {
-                    warnings_.push_back(Shown(file.filename().native()) + ": " + warning + ".");
+                    warnings_.push_back(Printable(file.filename().native()) + ": " + warning + ".");
                   }});
 }
 
@@ -138,7 +138,7 @@ ExportForm::Failure ExportForm::Stopped() const {
 ExportForm::Failure ExportForm::Ended(bool stored) const {
   std::string place = "Line " + std::to_string(problem_->listLine) + " of " +
                       list_.path.filename().string() + ": " +
-                      Shown(problem_->file.filename().native());
+                      Printable(problem_->file.filename().native());
   if (problem_->line > 0) place += ", line " + std::to_string(problem_->line);
   const std::string rows = Counted(export_->Rows(), "row") + " written so far.";
   const bool elsewhere = table_.parent_path() != list_.Folder();

@@ -11,7 +11,7 @@
 #include "store/file_error.h"
 #include "store/format_error.h"
 #include "store/numbers.h"
-#include "store/shown_text.h"
+#include "store/printable_text.h"
 #include "store/text_encoding.h"
 
 namespace orvex {
@@ -116,7 +116,7 @@ std::optional<std::string> OtherNumbers(const fs::path& file, const Identity& id
       IsSameNumber(numbers.observation, identity.ObservNum)) {
     return std::nullopt;
   }
-  return "the identity line says " + Shown(identity.ClassId());
+  return "the identity line says " + Printable(identity.ClassId());
 }
 
 void WarnOfOtherNumbers(const fs::path& file, const Identity& identity, const Warn& warn) {
@@ -130,7 +130,7 @@ std::vector<Repeat> RepeatsIn(const FileList& list) {
   for (const ListedFile& file : list.files) {
     const auto [first, isNew] = lines.try_emplace(file.name, file.line);
     if (isNew) continue;
-    repeats.push_back({file.line, Shown(file.name) + " is in line " +
+    repeats.push_back({file.line, Printable(file.name) + " is in line " +
                                       std::to_string(first->second) + " already"});
   }
   return repeats;

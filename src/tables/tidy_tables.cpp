@@ -82,7 +82,7 @@ TableKind TidyTableKind(TidyTable table, WarnOf warnOf) {
     const Warn warn = [&](const std::string& warning) {
       if (warnOf) warnOf(file, warning);
     };
-    ReadOn events(warn);
+    ReadingWithWarnings events(warn);
     const EpsObservation observation = ReadEpsFile(file, events);
     AppendTidyRows(table, name, observation, rows);
     WarnOfOtherNumbers(file, observation.header.identity, warn);

@@ -13,7 +13,7 @@
 #include "commands/report_command.h"
 #include "commands/table_command.h"
 #include "store/eps_file.h"
-#include "store/shown_text.h"
+#include "store/printable_text.h"
 #include "store/storage.h"
 #include "support/sample_manifest.h"
 #include "support/test_folder.h"
@@ -144,7 +144,7 @@ TEST(Commands, NoTextSteersTheTerminal) {
       "1\x9B\xC3\xA9";
   const std::string shown = R"(\x1B[31m\xC2\x9B\xE2\x80\xAE1\x9B)"
                             "\xC3\xA9";
-  EXPECT_EQ(Shown(steering), shown);
+  EXPECT_EQ(Printable(steering), shown);
 
   const test::TestFolder folder;
   EpsObservation observation;

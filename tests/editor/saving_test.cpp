@@ -191,7 +191,7 @@ TEST_F(SavingTest, QuittingForAnotherFileBeginsAnew) {
 
 /// What is to be told of a file that a save would change.
 std::optional<Message> ToldOf(const std::filesystem::path& file) {
-  struct ReadOn : EpsReadEvents {
+  struct SilentReading : EpsReadEvents {
     bool ContinueWithEarlierVersion() override { return true; }
     void FirstSegmentRepaired(int /*ep*/) override {}
   } silent;

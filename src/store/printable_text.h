@@ -7,9 +7,9 @@ namespace orvex {
 
 /// A text of a file or of the command line for a terminal: what could steer the terminal, or turn
 /// the direction of what follows, stands as its bytes, "\x1B".
-std::string Shown(std::string_view text);
+std::string Printable(std::string_view text);
 
 /// The same between quotes, and no longer than a message has room for.
-std::string ShownInQuotes(std::string_view text);
+std::string PrintableInQuotes(std::string_view text);
 
 }  // namespace orvex

@@ -1,4 +1,4 @@
-#include "store/shown_text.h"
+#include "store/printable_text.h"
 
 #include <cstddef>
 
@@ -25,7 +25,7 @@ bool TakeShowable(std::string_view& rest) {
 
 }  // namespace
 
-std::string Shown(std::string_view text) {
+std::string Printable(std::string_view text) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string shown;
   while (!text.empty()) {
@@ -45,12 +45,12 @@ std::string Shown(std::string_view text) {
   return shown;
 }
 
-std::string ShownInQuotes(std::string_view text) {
+std::string PrintableInQuotes(std::string_view text) {
   constexpr int kMostCharacters = 40;
   std::string_view rest = text;
   for (int i = 0; i < kMostCharacters && !rest.empty(); ++i) TakeShowable(rest);
   const std::string_view start = text.substr(0, text.size() - rest.size());
-  return "\"" + Shown(start) + (rest.empty() ? "\"" : "...\"");
+  return "\"" + Printable(start) + (rest.empty() ? "\"" : "...\"");
 }
 
 }  // namespace orvex
