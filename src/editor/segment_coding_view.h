@@ -13,22 +13,22 @@ namespace orvex {
 struct SegmentCodingView {
   static constexpr int kNoChoice = -1;
 
-  int activity = kNoChoice;  ///< `cmbActivityCoding`, whose rows are kActivities
+  int activity = kNoChoice;
 
-  bool showsAbout = false;         ///< `Label5`, `txtAboutData`
-  bool showsSubCategory = false;   ///< `lblSubCats`, `cmboSubCat`
-  bool showsSeatwork = false;      ///< `frSeat`
-  bool showsPresentation = false;  ///< `frGrpSolo`, `frOrg`, `frPrep`
+  bool showsAbout = false;
+  bool showsSubCategory = false;
+  bool showsSeatwork = false;      ///< source, cognitive level and organization
+  bool showsPresentation = false;  ///< group, organization and preparation
 
   std::string about;
-  std::span<const std::string_view> subCategories;  ///< the rows of `cmboSubCat`
+  std::span<const std::string_view> subCategories;
   int subCategory = kNoChoice;
-  int source = kNoChoice;            ///< `cmbSrc`, whose rows are its values
-  int cognitiveLevel = kNoChoice;    ///< `cmbCog`, whose rows are its values
-  int seatOrganization = kNoChoice;  ///< `cmbSeatOrg`, whose rows are its values
-  int group = kNoChoice;             ///< `optGrp`
-  int organization = kNoChoice;      ///< `optOrg`
-  int preparation = kNoChoice;       ///< `optPrep`
+  int source = kNoChoice;
+  int cognitiveLevel = kNoChoice;
+  int seatOrganization = kNoChoice;
+  int group = kNoChoice;
+  int organization = kNoChoice;
+  int preparation = kNoChoice;
 };
 
 /// The layout of a segment's activity, loaded with the codes that it shows.
