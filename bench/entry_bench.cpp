@@ -74,7 +74,7 @@ struct Entry {
     live.Live().TypeDescription("A long class");
     live.Live().ChooseActivity(kQuestionAnswer);
     questionInfo question;
-    question.SetValue("What happened then?", "T", "Y", "N", "N", "R", "Ana", "N", "", "U", 1, 1);
+    question.SetValue("What happened then?", {"T", "Y", "N", "N", "R", "Ana", "N", "", "U"}, 1, 1);
     live.Live().CurQuestions().assign(static_cast<std::size_t>(questions), question);
     form.show();
     QCoreApplication::processEvents();

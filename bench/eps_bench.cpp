@@ -44,9 +44,10 @@ EpsObservation LargeObservation() {
     }
     for (std::size_t q = 0; q < 60; ++q) {
       const auto segment = static_cast<std::int16_t>(q / 6 + 1);
-      episode.questions.emplace_back().SetValue(
-          kQuestions[q % kQuestions.size()], kSources[q % kSources.size()], "Y", "A", "N", "H",
-          kNames[q % kNames.size()], "N", "", "U", static_cast<std::int16_t>(ep), segment);
+      episode.questions.emplace_back().SetValue(kQuestions[q % kQuestions.size()],
+                                                {kSources[q % kSources.size()], "Y", "A", "N", "H",
+                                                 kNames[q % kNames.size()], "N", "", "U"},
+                                                static_cast<std::int16_t>(ep), segment);
     }
   }
   return large;

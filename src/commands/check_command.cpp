@@ -5,8 +5,9 @@
 #include <string_view>
 
 #include "commands/named_file.h"
-#include "model/coding_scheme.h"
 #include "model/counted.h"
+#include "model/dimensions.h"
+#include "model/plain_text.h"
 #include "model/survey_scheme.h"
 #include "model/validation.h"
 #include "store/printable_text.h"
@@ -33,7 +34,7 @@ std::string NamesOf(const MissingCodes& missing) {
   };
   if (missing.text) add("the text of the question");
   for (const Dimension dimension : missing.dimensions) {
-    add(DimensionLabels[static_cast<std::size_t>(dimension)].Label);
+    add(SchemeOf(dimension).label);
   }
   return names;
 }

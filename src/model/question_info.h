@@ -4,22 +4,25 @@
 #include <string>
 #include <string_view>
 
-#include "model/coding_scheme.h"
+#include "model/dimensions.h"
 
 namespace orvex {
 
-/// One coded question: its text, its nine codes, who answered it, and where it was asked.
+/// What is said of each dimension: a letter, and the name for `respondName`.
+using DimensionTexts = PerDimension<std::string_view>;
+
+inline constexpr PerDimension<std::int16_t> kNoCodes = [] {
+  PerDimension<std::int16_t> codes;
+  codes.values.fill(kUncoded);
+  return codes;
+}();
+
+/// One coded question: its text, its codes, who answered it, and where it was asked.
 struct questionInfo {
   std::string question;
-  std::int16_t Source = kUncoded;
-  std::int16_t Response = kUncoded;
-  std::int16_t authenticity = kUncoded;
-  std::int16_t uptake = kUncoded;
-  std::int16_t cognitive = kUncoded;
+  /// Those of the dimensions with letters; the others stay uncoded here.
+  PerDimension<std::int16_t> codes = kNoCodes;
   std::string respondName;
-  std::int16_t onePartOfMulti = kUncoded;
-  std::int16_t tResponse = kUncoded;
-  std::int16_t elaborated = kUncoded;
   std::int16_t iEpQ = 0;  ///< number of the episode it was asked in
   std::int16_t iSgQ = 0;  ///< number of the segment, within its episode, it was asked in
   bool bSkip = false;     ///< left out by the question editor and the question chooser
@@ -38,22 +41,27 @@ struct questionInfo {
   /// count.
   bool IsNormal() const;
 
-  /// Each code's letter, "" where it has none.
-  std::string_view strSrc() const { return LetterOf(Dimension::source, Source); }
-  std::string_view strRspns() const { return LetterOf(Dimension::response, Response); }
-  std::string_view strAuth() const { return LetterOf(Dimension::authenticity, authenticity); }
-  std::string_view strUptake() const { return LetterOf(Dimension::uptake, uptake); }
-  std::string_view strCogLev() const { return LetterOf(Dimension::cognitive, cognitive); }
-  std::string_view strRspnName() const { return respondName; }
-  std::string_view strPFMany() const { return LetterOf(Dimension::onePartOfMulti, onePartOfMulti); }
-  std::string_view strTResp() const { return LetterOf(Dimension::tResponse, tResponse); }
-  std::string_view strElab() const { return LetterOf(Dimension::elaborated, elaborated); }
+  /// True when the Source and Response of the question ask for `dimension`.
+  bool AsksFor(Dimension dimension) const { return IsAskedFor(dimension, strSrc(), strRspns()); }
+  bool IsCoded(Dimension dimension) const;
+
+  /// The letter of the code, "" where it has none; the name for `respondName`.
+  std::string_view Text(Dimension dimension) const;
+  DimensionTexts Texts() const;
+
+  std::string_view strSrc() const { return Text(Dimension::source); }
+  std::string_view strRspns() const { return Text(Dimension::response); }
+  std::string_view strAuth() const { return Text(Dimension::authenticity); }
+  std::string_view strUptake() const { return Text(Dimension::uptake); }
+  std::string_view strCogLev() const { return Text(Dimension::cognitive); }
+  std::string_view strRspnName() const { return Text(Dimension::respondName); }
+  std::string_view strPFMany() const { return Text(Dimension::onePartOfMulti); }
+  std::string_view strTResp() const { return Text(Dimension::tResponse); }
+  std::string_view strElab() const { return Text(Dimension::elaborated); }
 
   /// Sets every field but `bSkip`; letters count in either case, any other text is uncoded.
-  void SetValue(std::string_view text, std::string_view src, std::string_view rspns,
-                std::string_view auth, std::string_view uptakeLetter, std::string_view coglev,
-                std::string_view name, std::string_view pfMany, std::string_view tResp,
-                std::string_view elab, std::int16_t episode, std::int16_t segment);
+  void SetValue(std::string_view text, const DimensionTexts& coded, std::int16_t episode,
+                std::int16_t segment);
 };
 
 }  // namespace orvex

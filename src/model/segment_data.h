@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "model/coding_scheme.h"
+#include "model/code.h"
 
 namespace orvex {
 

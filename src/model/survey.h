@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "model/coding_scheme.h"
+#include "model/code.h"
 
 namespace orvex {
 

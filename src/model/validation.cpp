@@ -6,25 +6,13 @@
 namespace orvex {
 
 MissingCodes FindMissingCodes(const questionInfo& question) {
-  const bool answered = question.strRspns() == "Y";
-  const bool byTeacher = question.strSrc() == "T";
-  const bool byStudent = question.strSrc() == "S";
-  const bool coded = answered && (byTeacher || byStudent);
-
   MissingCodes missing;
   missing.text = question.question.empty();
-  const auto require = [&missing](bool required, bool present, Dimension dimension) {
-    if (required && !present) missing.dimensions.push_back(dimension);
-  };
-  require(true, question.Source >= 0, Dimension::source);
-  require(true, question.Response >= 0, Dimension::response);
-  require(coded, question.authenticity >= 0, Dimension::authenticity);
-  require(coded, question.uptake >= 0, Dimension::uptake);
-  require(coded, question.cognitive >= 0, Dimension::cognitive);
-  require(coded || byStudent, !question.respondName.empty(), Dimension::respondName);
-  require(coded && byTeacher, question.onePartOfMulti >= 0, Dimension::onePartOfMulti);
-  require(coded && byStudent, question.tResponse >= 0, Dimension::tResponse);
-  require(coded, question.elaborated >= 0, Dimension::elaborated);
+  for (const Dimension dimension : kDimensions) {
+    if (question.AsksFor(dimension) && !question.IsCoded(dimension)) {
+      missing.dimensions.push_back(dimension);
+    }
+  }
   return missing;
 }
 

@@ -39,9 +39,7 @@ void QuestionEntry::TakeStep(Way way) {
 bool QuestionEntry::DittoQuestion() {
   const questionInfo& last = live_.CurQuestions().back();
   questionInfo copy;
-  copy.SetValue(last.question, last.strSrc(), last.strRspns(), last.strAuth(), last.strUptake(),
-                last.strCogLev(), last.strRspnName(), last.strPFMany(), last.strTResp(),
-                last.strElab(), last.iEpQ, last.iSgQ);
+  copy.SetValue(last.question, last.Texts(), last.iEpQ, last.iSgQ);
   if (!StoreQuestion(copy)) return false;
   Record({.place = {.question = live_.CurrentEpisode().nQAs()}, .present = true});
   StartOver();

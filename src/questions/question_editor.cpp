@@ -10,7 +10,6 @@
 #include "model/validation.h"
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
-#include "questions/question_layout.h"
 #include "questions/question_room.h"
 #include "start/field_notes_file.h"
 #include "store/numbers.h"
@@ -90,20 +89,21 @@ QuestionView QuestionEditor::View() const {
   view.canStepUp = question.iSgQ < kMostSegment;
   view.canStepDown = question.iSgQ > 0;
   view.isNormal = question.IsNormal();
-  view.hasHeading = AsksFor(question, Dimension::elaborated);
+  view.hasHeading = question.AsksFor(Dimension::elaborated);
   return view;
 }
 
 FrameView QuestionEditor::Frame(Dimension dimension) const {
   static const questionInfo kNone{};
   const questionInfo& question = CanEdit() ? CurrentQuestion() : kNone;
-  const DimensionLabel& label = DimensionLabels[static_cast<std::size_t>(dimension)];
+  const DimensionScheme& scheme = SchemeOf(dimension);
   const bool isName = dimension == Dimension::respondName;
-  FrameView frame = {.visible = AsksFor(question, dimension), .caption = label.Label};
-  if (CanEdit()) frame.option = OptionOf(question, dimension);
+  FrameView frame = {.visible = question.AsksFor(dimension), .caption = scheme.label};
+  const int code = question.codes[dimension];
+  if (IsCodeOf(dimension, code)) frame.option = code;
   const bool coded = isName ? !question.respondName.empty() : frame.option >= 0;
   if (isName && !SourceIs("T")) frame.caption = "Who asks question?";
-  if (captionPhase_ && CanEdit() && !coded) frame.caption = label.Blank;
+  if (captionPhase_ && CanEdit() && !coded) frame.caption = scheme.Blank();
   return frame;
 }
 
@@ -313,8 +313,11 @@ void QuestionEditor::Record(QuestionChange change) {
 // Typing and coding.
 
 void QuestionEditor::ChooseOption(Dimension dimension, int option) {
-  Revise("Code question", false,
-         [&](questionInfo& question) { SetOption(question, dimension, option); });
+  if (IsCodeOf(dimension, option)) {
+    Revise("Code question", false, [&](questionInfo& question) {
+      question.codes[dimension] = static_cast<std::int16_t>(option);
+    });
+  }
   LayoutFrames();
 }
 

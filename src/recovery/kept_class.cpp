@@ -4,13 +4,13 @@
 #include <cstddef>
 #include <cstdlib>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
 #include "desk/prompter.h"
 #include "model/clock.h"
-#include "model/coding_scheme.h"
 #include "model/survey_scheme.h"
 #include "recovery/kept_content.h"
 #include "recovery/recovery_file.h"
@@ -52,9 +52,11 @@ void Visit(auto& archive, auto& question) requires requires {
 {
   archive.Text("question", question.question);
   archive.Text("respondName", question.respondName);
-  archive.Numbers("codes", question.Source, question.Response, question.authenticity,
-                  question.uptake, question.cognitive, question.onePartOfMulti, question.tResponse,
-                  question.elaborated, question.iEpQ, question.iSgQ, question.bSkip);
+  const auto visitCodes = [&](auto... dimensions) {
+    archive.Numbers("codes", question.codes[dimensions]..., question.iEpQ, question.iSgQ,
+                    question.bSkip);
+  };
+  std::apply(visitCodes, kLetteredDimensions);
 }
 
 void Visit(auto& archive, auto& episode) requires requires {

@@ -5,14 +5,12 @@
 #include "store/text_encoding.h"
 
 namespace orvex {
-namespace {
 
-constexpr std::array<Dimension, kDimensionCount> kFields = {
-    Dimension::source,         Dimension::response,  Dimension::authenticity,
-    Dimension::uptake,         Dimension::cognitive, Dimension::respondName,
-    Dimension::onePartOfMulti, Dimension::tResponse, Dimension::elaborated};
-
-}  // namespace
+DimensionTexts EntryFields::Texts() const {
+  DimensionTexts texts;
+  for (const Dimension field : kDimensions) texts[field] = Text(field);
+  return texts;
+}
 
 std::string_view EntryFields::Caption(Dimension field) const {
   if (field == Dimension::respondName && studentAsks_) return "Who asks question?";
@@ -24,7 +22,7 @@ std::string_view EntryFields::Heading() const {
 }
 
 std::optional<Dimension> EntryFields::NextVisible(std::optional<Dimension> from) const {
-  for (const Dimension field : kFields) {
+  for (const Dimension field : kDimensions) {
     if (Visible(field) && (!from || field > *from)) return field;
   }
   return std::nullopt;
@@ -32,60 +30,49 @@ std::optional<Dimension> EntryFields::NextVisible(std::optional<Dimension> from)
 
 std::optional<Dimension> EntryFields::PreviousVisible(Dimension from) const {
   std::optional<Dimension> previous;
-  for (const Dimension field : kFields) {
+  for (const Dimension field : kDimensions) {
     if (Visible(field) && field < from) previous = field;
   }
   return previous;
 }
 
 bool EntryFields::AreEmpty() const {
-  return std::ranges::all_of(fields_, [](const Field& field) { return field.text.empty(); });
-}
-
-bool EntryFields::Holds(Dimension field, std::string_view letter) const {
-  return LetterOf(field, CodeOf(field, Text(field))) == letter;
+  return std::ranges::all_of(fields_.values, [](const Field& field) { return field.text.empty(); });
 }
 
 void EntryFields::Type(Dimension field, std::string_view text) {
-  At(field).text = OneLine(text);
+  fields_[field].text = OneLine(text);
   if (field == Dimension::source) SourceChanged();
   if (field == Dimension::response) ResponseChanged();
 }
 
 bool EntryFields::Leave(Dimension field) {
-  const bool isCode = field != Dimension::respondName;
-  if (isCode && !IsLetterOf(field, Text(field))) Type(field, SchemeOf(field).defaultLetter);
+  const DimensionScheme& scheme = SchemeOf(field);
+  if (scheme.HasLetters() && Letter(field).empty()) Type(field, scheme.defaultLetter);
 
-  const bool noResponse = Holds(Dimension::response, "N");
-  switch (field) {
-    case Dimension::response:
-      if (!noResponse) return false;
-      if (Holds(Dimension::source, "T")) return true;
-      ShowEmptied(Dimension::respondName);
-      return false;
-    case Dimension::respondName:
-      return noResponse && Holds(Dimension::source, "S");
-    case Dimension::elaborated:
-      return true;
-    default:
-      return false;
+  // The heading is there once a response has laid all fields out.
+  if (!Holds(Dimension::response, "N")) return headingVisible_ && !NextVisible(field);
+  if (field == Dimension::response) {
+    if (Holds(Dimension::source, "T")) return true;
+    ShowEmptied(Dimension::respondName);
   }
+  return field == Dimension::respondName && Holds(Dimension::source, "S");
 }
 
 void EntryFields::HideCodeFields() {
-  for (const Dimension field : kFields) HideEmptied(field);
+  for (const Dimension field : kDimensions) HideEmptied(field);
   headingVisible_ = false;
 }
 
 void EntryFields::ShowFirstFields() {
-  for (const Dimension field : kFields) {
-    if (field <= Dimension::cognitive) Show(field);
+  for (const Dimension field : kDimensions) {
+    if (field < Dimension::respondName) Show(field);
   }
   studentAsks_ = false;
 }
 
 void EntryFields::FillNormalCodes() {
-  for (const Dimension field : kFields) {
+  for (const Dimension field : kDimensions) {
     // Like the other codes, Source and Response change only where they differ: a question that is
     // laid out already keeps its layout.
     const std::string_view normal = SchemeOf(field).normalLetter;
@@ -98,7 +85,7 @@ void EntryFields::ShowEmptiedIfHidden(Dimension field) {
 }
 
 void EntryFields::KeepOneLetter(Dimension field) {
-  std::string& text = At(field).text;
+  std::string& text = fields_[field].text;
   const std::string_view letter = LetterOf(field, CodeOf(field, text.substr(0, 1)));
   if (!letter.empty()) text = letter;
 }
@@ -106,11 +93,7 @@ void EntryFields::KeepOneLetter(Dimension field) {
 void EntryFields::SourceChanged() {
   KeepOneLetter(Dimension::source);
   if (Holds(Dimension::source, "T")) LayoutTeacherQuestion();
-  if (Holds(Dimension::source, "S")) {
-    LayoutStudentQuestion();
-    // Without a response there is nothing to say about the teacher's.
-    if (Holds(Dimension::response, "N")) Hide(Dimension::tResponse);
-  }
+  if (Holds(Dimension::source, "S")) LayoutStudentQuestion();
 }
 
 void EntryFields::ResponseChanged() {
@@ -121,35 +104,40 @@ void EntryFields::ResponseChanged() {
 
 void EntryFields::LayoutTeacherQuestion() {
   studentAsks_ = false;
-  if (Holds(Dimension::response, "Y")) {
-    ShowEmptiedIfHidden(Dimension::onePartOfMulti);
-  } else {
-    HideEmptied(Dimension::respondName);
+  const bool answered = Holds(Dimension::response, "Y");
+  for (const Dimension field : kDimensions) {
+    const AskedFor asked = SchemeOf(field).asked;
+    if (asked == AskedFor::answeredTeacher && answered) ShowEmptiedIfHidden(field);
+    if (asked == AskedFor::answeredStudent) Hide(field);
+    if (asked == AskedFor::answeredOrStudent && !answered) HideEmptied(field);
   }
-  Hide(Dimension::tResponse);
 }
 
 void EntryFields::LayoutStudentQuestion() {
   studentAsks_ = true;
-  Hide(Dimension::onePartOfMulti);
-  Show(Dimension::tResponse);
-  ShowEmptiedIfHidden(Dimension::respondName);
+  const bool unanswered = Holds(Dimension::response, "N");
+  for (const Dimension field : kDimensions) {
+    const AskedFor asked = SchemeOf(field).asked;
+    if (asked == AskedFor::answeredTeacher) Hide(field);
+    if (asked == AskedFor::answeredStudent) unanswered ? Hide(field) : Show(field);
+    if (asked == AskedFor::answeredOrStudent) ShowEmptiedIfHidden(field);
+  }
 }
 
 void EntryFields::LayoutResponse() {
-  for (const Dimension field : kFields) ShowEmptiedIfHidden(field);
   headingVisible_ = true;
   studentAsks_ = Holds(Dimension::source, "S");
-  Hide(studentAsks_ ? Dimension::onePartOfMulti : Dimension::tResponse);
+  for (const Dimension field : kDimensions) {
+    ShowEmptiedIfHidden(field);
+    if (!IsAskedFor(field, studentAsks_ ? "S" : "T", "Y")) Hide(field);
+  }
 }
 
 void EntryFields::LayoutNoResponse() {
-  const bool keepName = Holds(Dimension::source, "S");
-  for (const Dimension field : kFields) {
-    if (field <= Dimension::response || (keepName && field == Dimension::respondName)) continue;
-    HideEmptied(field);
-  }
   headingVisible_ = false;
+  for (const Dimension field : kDimensions) {
+    if (!IsAskedFor(field, Letter(Dimension::source), "N")) HideEmptied(field);
+  }
 }
 
 }  // namespace orvex

@@ -1,22 +1,22 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
 
-#include "model/coding_scheme.h"
+#include "model/question_info.h"
 
 namespace orvex {
 
-/// The nine code fields of the live question entry: what is typed in each, and which of them are
-/// shown, as Source and Response ask for. A label goes with its field. A field that is hidden
-/// keeps its content unless the layout empties it, and that content counts like any other.
+/// The code fields of the live question entry, one for each dimension: what is typed in each, and
+/// which of them are shown, as Source and Response ask for. A label goes with its field. A field
+/// that is hidden keeps its content unless the layout empties it, and that content counts like any
+/// other.
 class EntryFields {
  public:
-  const std::string& Text(Dimension field) const { return At(field).text; }
-  bool Visible(Dimension field) const { return At(field).visible; }
+  const std::string& Text(Dimension field) const { return fields_[field].text; }
+  DimensionTexts Texts() const;
+  bool Visible(Dimension field) const { return fields_[field].visible; }
   /// True when nothing is typed in any field.
   bool AreEmpty() const;
   std::string_view Caption(Dimension field) const;
@@ -42,7 +42,7 @@ class EntryFields {
   /// Hands the whole state of `fields` to `archive`, which may read or change it.
   template <typename Archive, typename Fields>
   static void Visit(Archive& archive, Fields& fields) {
-    for (auto& field : fields.fields_) {
+    for (auto& field : fields.fields_.values) {
       archive.Text("text", field.text);
       archive.Numbers("visible", field.visible);
     }
@@ -55,13 +55,14 @@ class EntryFields {
     bool visible = false;
   };
 
-  Field& At(Dimension field) { return fields_[static_cast<std::size_t>(field)]; }
-  const Field& At(Dimension field) const { return fields_[static_cast<std::size_t>(field)]; }
-  bool Holds(Dimension field, std::string_view letter) const;
-  void Show(Dimension field) { At(field).visible = true; }
-  void Hide(Dimension field) { At(field).visible = false; }
-  void HideEmptied(Dimension field) { At(field) = {}; }
-  void ShowEmptied(Dimension field) { At(field) = {.text = "", .visible = true}; }
+  std::string_view Letter(Dimension field) const {
+    return LetterOf(field, CodeOf(field, Text(field)));
+  }
+  bool Holds(Dimension field, std::string_view letter) const { return Letter(field) == letter; }
+  void Show(Dimension field) { fields_[field].visible = true; }
+  void Hide(Dimension field) { fields_[field].visible = false; }
+  void HideEmptied(Dimension field) { fields_[field] = {}; }
+  void ShowEmptied(Dimension field) { fields_[field] = {.text = "", .visible = true}; }
   void ShowEmptiedIfHidden(Dimension field);
 
   void KeepOneLetter(Dimension field);
@@ -72,7 +73,7 @@ class EntryFields {
   void LayoutResponse();
   void LayoutNoResponse();
 
-  std::array<Field, kDimensionCount> fields_;
+  PerDimension<Field> fields_;
   bool headingVisible_ = false;
   bool studentAsks_ = false;  ///< the captions are those of a student question
 };

@@ -18,15 +18,8 @@ RunningClass RunningClass::Begun() {
 }
 
 questionInfo RunningClass::DraftAsStored() const {
-  const auto text = [this](Dimension field) -> const std::string& {
-    return draft.fields.Text(field);
-  };
   questionInfo question;
-  question.SetValue(draft.question, text(Dimension::source), text(Dimension::response),
-                    text(Dimension::authenticity), text(Dimension::uptake),
-                    text(Dimension::cognitive), text(Dimension::respondName),
-                    text(Dimension::onePartOfMulti), text(Dimension::tResponse),
-                    text(Dimension::elaborated), static_cast<std::int16_t>(curEpisode),
+  question.SetValue(draft.question, draft.fields.Texts(), static_cast<std::int16_t>(curEpisode),
                     static_cast<std::int16_t>(curSegment));
   return question;
 }

@@ -182,7 +182,8 @@ class EpsReader {
 
   void ReadQuestions(Episode& episode, int count) {
     // The file may state any count: no more are made room for than it has bytes.
-    constexpr std::size_t kLeastBytes = 10;  // three line ends and seven commas
+    constexpr std::size_t kLineEnds = 3;
+    constexpr std::size_t kLeastBytes = kLineEnds + kLetteredDimensions.size() - 1;  // and commas
     const auto stated = static_cast<std::size_t>(std::max(count, 0));
     episode.questions.reserve(std::min(stated, fields_.UnreadBytes() / kLeastBytes));
     for (int q = 1; q <= count; ++q) ReadQuestion(episode);
@@ -195,13 +196,12 @@ class EpsReader {
       fields_.Fail("the question's episode and segment to be from -32768 to 32767",
                    line.substr(line.rfind(kMarkerOpen)));
     }
-    const std::string_view name = fields_.Line("who answers a question");
-    constexpr std::size_t kLetters = 8;
-    std::array<std::string_view, kLetters> letters;
-    for (std::string_view& letter : letters) letter = fields_.Field("a code letter");
-    const auto& [src, rspns, auth, uptake, coglev, pfMany, tResp, elab] = letters;
-    episode.questions.emplace_back().SetValue(line.substr(0, marker->position), src, rspns, auth,
-                                              uptake, coglev, name, pfMany, tResp, elab, marker->ep,
+    DimensionTexts coded;
+    coded[Dimension::respondName] = fields_.Line("who answers a question");
+    for (const Dimension dimension : kLetteredDimensions) {
+      coded[dimension] = fields_.Field("a code letter");
+    }
+    episode.questions.emplace_back().SetValue(line.substr(0, marker->position), coded, marker->ep,
                                               marker->sg);
   }
 

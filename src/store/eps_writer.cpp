@@ -167,10 +167,19 @@ void WriteQuestion(EpsText& out, const questionInfo& question, std::int64_t epis
   out.Item(std::int64_t{question.iSgQ}) << "----->)";
   out.EndLine();
   out.Typed(question.strRspnName()).EndLine();
-  out << question.strSrc() << "," << question.strRspns() << "," << question.strAuth() << ","
-      << question.strUptake() << "," << question.strCogLev() << "," << question.strPFMany() << ","
-      << question.strTResp() << "," << question.strElab();
+  std::string_view separator;
+  for (const Dimension dimension : kLetteredDimensions) {
+    out << separator << question.Text(dimension);
+    separator = ",";
+  }
   out.EndLine();
+}
+
+/// True when the codes that come before the name are the first ones.
+bool AllDefault(const questionInfo& question) {
+  return std::ranges::all_of(kDimensions, [&question](Dimension dimension) {
+    return dimension >= Dimension::respondName || question.codes[dimension] == 0;
+  });
 }
 
 }  // namespace
@@ -178,20 +187,17 @@ void WriteQuestion(EpsText& out, const questionInfo& question, std::int64_t epis
 QuestionCounts EpisodeQuestionCounts(const Episode& episode) {
   QuestionCounts counts;
   for (const questionInfo& question : episode.questions) {
-    const bool authentic = question.authenticity == 1;
-    if (question.Source == 0) {
+    const bool authentic = question.codes[Dimension::authenticity] == 1;
+    if (question.codes[Dimension::source] == 0) {
       ++counts.teacher;
       if (authentic) ++counts.authenticTeacher;
-    } else if (question.Source == 1) {
+    } else if (question.codes[Dimension::source] == 1) {
       ++counts.student;
       if (authentic) ++counts.authenticStudent;
     }
-    if (question.Response == 1) ++counts.unanswered;
-    if (question.uptake == 1) ++counts.uptakeTest;
-    if (question.Source == 0 && question.Response == 0 && question.authenticity == 0 &&
-        question.uptake == 0 && question.cognitive == 0) {
-      ++counts.allDefault;
-    }
+    if (question.codes[Dimension::response] == 1) ++counts.unanswered;
+    if (question.codes[Dimension::uptake] == 1) ++counts.uptakeTest;
+    if (AllDefault(question)) ++counts.allDefault;
   }
   return counts;
 }

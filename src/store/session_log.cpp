@@ -60,21 +60,15 @@ void SessionLog::LogRevisedN(std::string_view text) {
 
 void SessionLog::LogRevisedQuestion(int ep, int q, const questionInfo& question) {
   std::string text = "REVISE ? " + std::to_string(ep) + " : " + std::to_string(q) + " = ";
-  const auto add = [&text](std::string_view label, std::string_view value) {
-    text += label;
-    text += value;
-  };
-  add("", question.question);
-  add("\n SRC: ", question.strSrc());
-  add("; RSP: ", question.strRspns());
-  add("; AUTH: ", question.strAuth());
-  add("; UP: ", question.strUptake());
-  add("; COG: ", question.strCogLev());
-  add("; RSPNAME: ", question.strRspnName());
-  add("; MANY: ", question.strPFMany());
-  add("; TRSP: ", question.strTResp());
-  add("; COG: ", question.strElab());  // a second time: so the line has always been written
-  add("; ", clock_.TimeText());
+  text += question.question;
+  std::string_view separator = "\n ";
+  for (const Dimension dimension : kDimensions) {
+    text.append(separator).append(SchemeOf(dimension).logName);
+    text.append(": ").append(question.Text(dimension));
+    separator = "; ";
+  }
+  text += separator;
+  text += clock_.TimeText();
   Line(text);
 }
 

@@ -1,13 +1,11 @@
 #include "tables/observation_json.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <utility>
 #include <vector>
 
 #include "model/activity_label.h"
-#include "model/coding_scheme.h"
 #include "model/duration_text.h"
 #include "model/validation.h"
 #include "reports/question_plot.h"
@@ -19,11 +17,6 @@
 
 namespace orvex {
 namespace {
-
-/// The dimensions by the names of their fields.
-constexpr std::array<std::string_view, kDimensionCount> kFieldNames = {
-    "Source",      "Response",       "authenticity", "uptake",    "cognitive",
-    "respondName", "onePartOfMulti", "tResponse",    "elaborated"};
 
 void AddHeader(const EpsObservation& observation, Json& json) {
   const EpsHeader& header = observation.header;
@@ -59,11 +52,7 @@ void AddQuestion(const questionInfo& question, Json& json) {
   json.Key("name").Text(question.respondName);
   json.Key("segment").Number(std::int64_t{question.iSgQ});
   json.Key("letters").BeginArray();
-  for (const std::string_view letter :
-       {question.strSrc(), question.strRspns(), question.strAuth(), question.strUptake(),
-        question.strCogLev(), question.strPFMany(), question.strTResp(), question.strElab()}) {
-    json.Text(letter);
-  }
+  for (const Dimension dimension : kLetteredDimensions) json.Text(question.Text(dimension));
   json.EndArray().EndObject();
 }
 
@@ -155,7 +144,7 @@ void AddUncoded(const EpisodeList& episodes, Json& json) {
     json.BeginArray();
     if (question.missing.text) json.Text("question");
     for (const Dimension dimension : question.missing.dimensions) {
-      json.Text(kFieldNames[static_cast<std::size_t>(dimension)]);
+      json.Text(SchemeOf(dimension).field);
     }
     json.EndArray().EndArray();
   }

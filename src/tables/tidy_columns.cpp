@@ -44,9 +44,27 @@ void WriteCode(bool carried, std::int16_t code, Csv& csv) {
   }
 }
 
-template <std::string_view (questionInfo::*letter)() const>
-void WriteLetter(const TidyRow& row, int, Csv& csv) {
-  csv.Code((row.question->*letter)());
+Values LetterMeanings(const DimensionScheme& scheme) {
+  Values values;
+  for (const char letter : scheme.letters) {
+    values.push_back({std::string(1, letter), scheme.meanings[values.size()]});
+  }
+  return values;
+}
+
+void WriteDimension(const TidyRow& row, int dimension, Csv& csv) {
+  const std::string_view text = row.question->Text(static_cast<Dimension>(dimension));
+  SchemeOf(static_cast<Dimension>(dimension)).HasLetters() ? csv.Code(text) : csv.Text(text);
+}
+
+Columns DimensionColumns() {
+  Columns columns;
+  for (const DimensionScheme& scheme : kDimensionSchemes) {
+    columns.push_back({std::string(scheme.variable), std::string(scheme.tableLabel),
+                       scheme.HasLetters() ? "code" : "text", WriteDimension,
+                       static_cast<int>(scheme.dimension), LetterMeanings(scheme)});
+  }
+  return columns;
 }
 
 /// A number that somebody typed; missing when the file has another text there.
@@ -102,72 +120,23 @@ void Append(Columns& columns, Columns more) {
 
 Columns QuestionColumns() {
   Columns columns = ObservationColumns();
+  Append(columns, {{"question", "Number of the question in the episode", "number", WriteNumber},
+                   {"segment", "Number of the segment it was asked in", "number",
+                    [](const TidyRow& row, int, Csv& csv) {
+                      WriteCode(row.question->iSgQ > 0, row.question->iSgQ, csv);
+                    }},
+                   {"activity", "Activity of that segment", "code",
+                    [](const TidyRow& row, int, Csv& csv) {
+                      const SegmentData* segment = SegmentOf(row);
+                      WriteCode(segment != nullptr, segment ? segment->activityNum : kUncoded, csv);
+                    },
+                    0, ActivityValues()},
+                   {"text", "Text of the question", "text",
+                    [](const TidyRow& row, int, Csv& csv) { csv.Text(row.question->question); }}});
+  Append(columns, DimensionColumns());
   Append(
       columns,
-      {{"question", "Number of the question in the episode", "number", WriteNumber},
-       {"segment", "Number of the segment it was asked in", "number",
-        [](const TidyRow& row, int, Csv& csv) {
-          WriteCode(row.question->iSgQ > 0, row.question->iSgQ, csv);
-        }},
-       {"activity", "Activity of that segment", "code",
-        [](const TidyRow& row, int, Csv& csv) {
-          const SegmentData* segment = SegmentOf(row);
-          WriteCode(segment != nullptr, segment ? segment->activityNum : kUncoded, csv);
-        },
-        0, ActivityValues()},
-       {"text", "Text of the question", "text",
-        [](const TidyRow& row, int, Csv& csv) { csv.Text(row.question->question); }},
-       {"source",
-        "Source",
-        "code",
-        WriteLetter<&questionInfo::strSrc>,
-        0,
-        {{"T", "Teacher question"}, {"S", "Student question"}}},
-       {"response",
-        "Response",
-        "code",
-        WriteLetter<&questionInfo::strRspns>,
-        0,
-        {{"Y", "Response"}, {"N", "No response"}}},
-       {"authenticity",
-        "Authenticity",
-        "code",
-        WriteLetter<&questionInfo::strAuth>,
-        0,
-        {{"N", "Not authentic"}, {"A", "Authentic"}}},
-       {"uptake",
-        "Uptake",
-        "code",
-        WriteLetter<&questionInfo::strUptake>,
-        0,
-        {{"N", "None"}, {"T", "Test"}, {"A", "Authentic"}}},
-       {"cognitive_level",
-        "Cognitive level",
-        "code",
-        WriteLetter<&questionInfo::strCogLev>,
-        0,
-        {{"R", "Report"}, {"H", "Higher order"}}},
-       {"respondent", "Who answers question?", "text",
-        [](const TidyRow& row, int, Csv& csv) { csv.Text(row.question->respondName); }},
-       {"one_part_of_multiple",
-        "One part of multiple response",
-        "code",
-        WriteLetter<&questionInfo::strPFMany>,
-        0,
-        {{"Y", "Yes"}, {"N", "No"}}},
-       {"teacher_response",
-        "Close down/Answer/Open up",
-        "code",
-        WriteLetter<&questionInfo::strTResp>,
-        0,
-        {{"C", "Closing down"}, {"A", "Answering"}, {"O", "Opening up"}}},
-       {"elaborated",
-        "Elaborated/Unelaborated",
-        "code",
-        WriteLetter<&questionInfo::strElab>,
-        0,
-        {{"E", "Elaborated"}, {"U", "Unelaborated"}}},
-       {"normal",
+      {{"normal",
         "The codes are those of a normal question",
         "code",
         [](const TidyRow& row, int, Csv& csv) { csv.Code(row.question->IsNormal() ? "1" : "0"); },

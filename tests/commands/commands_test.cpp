@@ -169,9 +169,9 @@ TEST(Commands, CheckNamesWhatIsMissingAndGoesOnAfterABadFile) {
     episode.segments.emplace_back().SetData(kQuestionAnswer, 60);
   }
   auto& questions = observation.Episodes[1].questions;
-  questions.emplace_back().SetValue("Why?", "T", "Y", "N", "", "R", "Ana", "N", "", "", 2, 1);
-  questions.emplace_back().SetValue("", "S", "N", "", "", "", "", "", "", "", 2, 1);
-  questions.emplace_back().SetValue("Who?", "T", "N", "", "", "", "", "", "", "", 2, 1);
+  questions.emplace_back().SetValue("Why?", {"T", "Y", "N", "", "R", "Ana", "N"}, 2, 1);
+  questions.emplace_back().SetValue("", {"S", "N"}, 2, 1);
+  questions.emplace_back().SetValue("Who?", {"T", "N"}, 2, 1);
   Storage storage;
   WriteEpsFile(storage, folder / "5-12-3.eps", observation.header, observation.Episodes);
   CopySample("class/17-17-7.sur", folder / "17-17-7.sur");

@@ -69,7 +69,7 @@ inline SegmentData Segment(int activity, int seconds) {
 /// A question "q7" by the teacher or a student.
 inline questionInfo Question(int number, const char* source = "T") {
   questionInfo question;
-  question.SetValue("q" + std::to_string(number), source, "Y", "N", "N", "R", "", "N", "", "U", 1,
+  question.SetValue("q" + std::to_string(number), {source, "Y", "N", "N", "R", "", "N", "", "U"}, 1,
                     1);
   return question;
 }

@@ -264,7 +264,7 @@ TEST_F(EpisodeEditorTest, QuestionsEditedElsewhereAreOneStep) {
 TEST_F(EpisodeEditorTest, ProofStaysWhereNothingIsMissing) {
   for (questionInfo& question : episodes[0].questions) {
     question.respondName = "Ann";
-    question.tResponse = 0;
+    question.codes[Dimension::tResponse] = 0;
   }
   desk.prompter.Expect("Everything coded; no invalid codes found", Answer::ok);
   editor.Proof();

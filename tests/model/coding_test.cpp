@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -8,52 +7,49 @@
 
 #include "model/question_info.h"
 #include "model/validation.h"
+#include "support/asked.h"
 #include "support/scripted_prompter.h"
 
 namespace orvex {
 namespace {
 
-questionInfo Typed(const std::array<std::string_view, 8>& t) {
-  questionInfo q;
-  q.SetValue("Why?", t[0], t[1], t[2], t[3], t[4], "Ana", t[5], t[6], t[7], 2, 5);
-  return q;
+questionInfo Typed(const DimensionTexts& coded) {
+  return test::Asked("Why?", coded);
 }
 
 std::string Letters(const questionInfo& q) {
   std::string all;
-  for (const auto letter : {q.strSrc(), q.strRspns(), q.strAuth(), q.strUptake(), q.strCogLev(),
-                            q.strPFMany(), q.strTResp(), q.strElab()}) {
+  for (const Dimension dimension : kLetteredDimensions) {
+    const std::string_view letter = q.Text(dimension);
     all += letter.empty() ? "-" : letter;
   }
   return all;
 }
 
 TEST(QuestionInfo, EveryLetterGoesInAndOutInEitherCase) {
-  const std::pair<std::array<std::string_view, 8>, std::string_view> cases[] = {
-      {{"T", "Y", "N", "N", "R", "Y", "C", "E"}, "TYNNRYCE"},
-      {{"s", "n", "a", "t", "h", "n", "a", "u"}, "SNATHNAU"},
-      {{"S", "Y", "A", "A", "H", "N", "o", "U"}, "SYAAHNOU"},
-      {{"", "X", "TT", " Y", "é", "A", "Y", "S"}, "--------"},
+  const std::pair<DimensionTexts, std::string_view> cases[] = {
+      {{"T", "Y", "N", "N", "R", "", "Y", "C", "E"}, "TYNNRYCE"},
+      {{"s", "n", "a", "t", "h", "", "n", "a", "u"}, "SNATHNAU"},
+      {{"S", "Y", "A", "A", "H", "", "N", "o", "U"}, "SYAAHNOU"},
+      {{"", "X", "TT", " Y", "é", "", "A", "Y", "S"}, "--------"},
   };
   for (const auto& [typed, shown] : cases) EXPECT_EQ(Letters(Typed(typed)), shown);
 }
 
 TEST(QuestionInfo, NormalLeavesNameAndFollowUpOpen) {
-  questionInfo q = Typed({"S", "N", "A", "T", "H", "Y", "C", "E"});
+  questionInfo q = Typed({"S", "N", "A", "T", "H", "Ana", "Y", "C", "E"});
   q.SetNormal();
   EXPECT_EQ(Letters(q), "TYNNRN-U");
   EXPECT_EQ(q.respondName, "Ana");
-  q.tResponse = 2;
+  q.codes[Dimension::tResponse] = 2;
   EXPECT_TRUE(q.IsNormal());
-  q.elaborated = kUncoded;
+  q.codes[Dimension::elaborated] = kUncoded;
   EXPECT_FALSE(q.IsNormal());
 }
 
 /// A question of which only the source and the response are coded.
 questionInfo Coded(std::string_view src, std::string_view rspns) {
-  questionInfo q = Typed({src, rspns});
-  q.respondName.clear();
-  return q;
+  return Typed({src, rspns});
 }
 
 TEST(Validation, WhatAQuestionMustCarryFollowsSourceAndResponse) {

@@ -38,7 +38,7 @@ TEST(DialogicSpells, BeginWithThreeStudentsAndEndBeforeThreeTeacherQuestions) {
   for (const auto& [sources, spells] : cases) {
     std::vector<questionInfo> asked(sources.size());
     for (std::size_t i = 0; i < sources.size(); ++i) {
-      if (sources[i] != '-') asked[i].Source = sources[i] == 'S' ? 1 : 0;
+      asked[i].codes[Dimension::source] = CodeOf(Dimension::source, sources.substr(i, 1));
     }
     EXPECT_EQ(FindDialogicSpells(asked), spells) << sources;
   }

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <functional>
 #include <map>
 #include <optional>
@@ -14,6 +13,7 @@
 
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
+#include "support/asked.h"
 #include "support/desk.h"
 
 namespace orvex::test {
@@ -22,8 +22,8 @@ namespace {
 using Command = QuestionEditor::Command;
 using Control = QuestionEditor::Control;
 
-const questionInfo kTeacher = {"Why?", 0, 0, 0, 0, 0, "Ben", 1, -1, 1, 1, 1};
-const questionInfo kStudent = {"How?", 1, 0, 1, 2, 1, "Ana", -1, 2, 0, 1, 2};
+const questionInfo kTeacher = Asked("Why?", {"T", "Y", "N", "N", "R", "Ben", "N", "", "U"});
+const questionInfo kStudent = Asked("How?", {"S", "Y", "A", "A", "H", "Ana", "", "O", "E"}, 1, 2);
 
 struct EditorTest : testing::Test, Desk {
   EditorTest() { OpenLog(); }
@@ -41,8 +41,7 @@ struct EditorTest : testing::Test, Desk {
   void OpenOnNumbered(int count) {
     std::vector<questionInfo> questions;
     for (int i = 1; i <= count; ++i) {
-      questions.push_back({.question = "Q" + std::to_string(i), .respondName = {}});
-      questions.back().iSgQ = static_cast<std::int16_t>(i);
+      questions.push_back(Asked("Q" + std::to_string(i), {}, 1, static_cast<std::int16_t>(i)));
     }
     OpenOn(questions);
   }
@@ -51,19 +50,20 @@ struct EditorTest : testing::Test, Desk {
   /// The numbers of the frames that are shown, "_" for a blank caption, and the heading.
   std::string Shown() const {
     std::string shown;
-    for (int i = 0; i < kDimensionCount; ++i) {
-      const auto dimension = static_cast<Dimension>(i);
+    char number = '1';
+    for (const Dimension dimension : kDimensions) {
       const std::string caption(editor->Frame(dimension).caption);
       const bool blank = caption.find_first_not_of(' ') == std::string::npos;
-      if (editor->Frame(dimension).visible) shown += blank ? '_' : static_cast<char>('1' + i);
+      if (editor->Frame(dimension).visible) shown += blank ? '_' : number;
+      ++number;
     }
     return editor->View().hasHeading ? shown + " " + std::string(editor->View().heading) : shown;
   }
   /// The options selected, "-" for none: "0110--210".
   std::string Selected() const {
     std::string selected;
-    for (int i = 0; i < kDimensionCount; ++i) {
-      const int option = editor->Frame(static_cast<Dimension>(i)).option;
+    for (const Dimension dimension : kDimensions) {
+      const int option = editor->Frame(dimension).option;
       selected += option < 0 ? "-" : std::to_string(option);
     }
     return selected;
@@ -169,9 +169,11 @@ TEST_F(EditorTest, ShowsTheFramesThatSourceAndResponseAskFor) {
       {1, -1, "126", "1-"}, {5, 0, student, "-0"}, {0, 7, "12", "0-"}};
   for (const auto& [source, response, shown, selected] : cases) {
     SCOPED_TRACE(selected);
-    questionInfo question = {
-        .question = {}, .Source = source, .Response = response, .uptake = 9, .respondName = {}};
-    question.elaborated = -7;
+    questionInfo question;
+    question.codes[Dimension::source] = source;
+    question.codes[Dimension::response] = response;
+    question.codes[Dimension::uptake] = 9;
+    question.codes[Dimension::elaborated] = -7;
     OpenOn({question});
     EXPECT_EQ(Shown(), shown);
     EXPECT_EQ(editor->Frame(Dimension::respondName).caption,
@@ -303,60 +305,69 @@ TEST_F(EditorTest, StepsLeadBackAndForthThroughEveryEpisodeOfAClass) {
 }
 
 TEST_F(EditorTest, ProofWalksThroughEveryGapAndMakesItBlink) {
-  // The text and the nine dimensions of complete questions, "" for what is not asked for.
-  using Letters = std::array<std::string, 10>;
-  const Letters kinds[] = {{"Why?", "T", "Y", "N", "A", "H", "Ben", "Y", "", "E"},
-                           {"How?", "S", "Y", "A", "T", "R", "Ana", "", "O", "U"},
-                           {"Who?", "T", "N", "", "", "", "", "", "", ""},
-                           {"May I?", "S", "N", "", "", "", "Ana", "", "", ""}};
-  std::vector<std::tuple<int, int, std::size_t, std::string>> gaps;
+  const questionInfo kinds[] = {
+      Asked("Why?", {"T", "Y", "N", "A", "H", "Ben", "Y", "", "E"}),
+      Asked("How?", {"S", "Y", "A", "T", "R", "Ana", "", "O", "U"}),
+      Asked("Who?", {"T", "N"}),
+      Asked("May I?", {"S", "N", "", "", "", "Ana"}),
+  };
+  struct Gap {
+    int episode;
+    int question;
+    std::optional<Dimension> missing;  ///< none for the text
+    std::string text;                  ///< that is missing
+  };
+  std::vector<Gap> gaps;
   program.Episodes.resize(1);
-  for (const Letters& kind : kinds) {
+  for (const questionInfo& kind : kinds) {
     auto& questions = program.Episodes.emplace_back().questions;
-    for (std::size_t missing = 0; missing < kind.size(); ++missing) {
-      if (kind[missing].empty()) continue;
-      Letters gap = kind;
-      gap[missing].clear();
-      for (const auto& [text, s, r, a, u, c, name, o, t, e] : {kind, gap}) {
-        questions.emplace_back().SetValue(text, s, r, a, u, c, name, o, t, e, 1, 1);
-      }
-      const int episode = static_cast<int>(program.Episodes.size());
-      gaps.emplace_back(episode, static_cast<int>(questions.size()), missing, kind[missing]);
-    }
+    const auto add = [&](std::optional<Dimension> missing, std::string_view text) {
+      if (text.empty()) return;
+      DimensionTexts coded = kind.Texts();
+      if (missing) coded[*missing] = "";
+      questions.push_back(kind);
+      questions.push_back(Asked(missing ? kind.question : "", coded));
+      gaps.push_back({static_cast<int>(program.Episodes.size()), static_cast<int>(questions.size()),
+                      missing, std::string(text)});
+    };
+    add(std::nullopt, kind.question);
+    for (const Dimension dimension : kDimensions) add(dimension, kind.Text(dimension));
   }
   ASSERT_EQ(gaps.size(), 25U);
   // Begun in the middle, the walk comes round to the start.
   std::rotate(gaps.begin(), gaps.begin() + 15, gaps.end());
-  std::tie(program.ProofEp, program.ProofQ, std::ignore, std::ignore) = gaps.front();
+  program.ProofEp = gaps.front().episode;
+  program.ProofQ = gaps.front().question;
   Open({.caller = EditorCaller::episodeEditor, .proofMode = true});
   prompter.Expect("Everything coded; no invalid codes found", Answer::ok);
-  for (const auto& [episode, question, missing, letter] : gaps) {
-    SCOPED_TRACE(std::to_string(episode) + ":" + std::to_string(question));
-    ASSERT_EQ(editor->SelEp(), episode);
-    ASSERT_EQ(editor->CurQ(), question);
-    std::string blinking = Shown();  // the text, number 0, has none
-    std::ranges::replace(blinking, static_cast<char>('0' + missing), '_');
+  for (const Gap& gap : gaps) {
+    SCOPED_TRACE(std::to_string(gap.episode) + ":" + std::to_string(gap.question));
+    ASSERT_EQ(editor->SelEp(), gap.episode);
+    ASSERT_EQ(editor->CurQ(), gap.question);
+    const bool name = gap.missing == Dimension::respondName;
+    std::string blinking = Shown();  // the text has no caption that could
+    if (gap.missing) {
+      std::ranges::replace(blinking, static_cast<char>('1' + static_cast<int>(*gap.missing)), '_');
+    }
     editor->BlinkTick();
     EXPECT_EQ(Shown(), blinking);
-    const auto dimension = static_cast<Dimension>(missing - 1);
-    if (missing == 0) {
-      editor->TypeQuestion(letter);
-    } else if (dimension == Dimension::respondName) {
-      editor->TypeRespondName(letter);
+    if (!gap.missing) {
+      editor->TypeQuestion(gap.text);
+    } else if (name) {
+      editor->TypeRespondName(gap.text);
     } else {
-      editor->ChooseOption(dimension, CodeOf(dimension, letter));
+      editor->ChooseOption(*gap.missing, CodeOf(*gap.missing, gap.text));
     }
     EXPECT_EQ(Shown().find('_'), std::string::npos);
     editor->BlinkTick();
-    if (const auto focus = editor->TakeFocus(); &episode != &std::get<0>(gaps.front())) {
-      const bool name = dimension == Dimension::respondName;
-      EXPECT_EQ(focus.value().control, missing == 0 ? Control::question
+    if (const auto focus = editor->TakeFocus(); &gap != &gaps.front()) {
+      EXPECT_EQ(focus.value().control, !gap.missing ? Control::question
                                        : name       ? Control::respondName
                                                     : Control::gap);
     }
     editor->Do(Command::nextGap);
   }
-  EXPECT_EQ(editor->CurQ(), std::get<1>(gaps.back())) << "it stays where it was";
+  EXPECT_EQ(editor->CurQ(), gaps.back().question) << "it stays where it was";
   editor->ChooseEpisode(1);
   editor->BlinkTick();
   EXPECT_EQ(Shown(), "12") << "there is no question to code";

@@ -12,6 +12,7 @@
 
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
+#include "support/asked.h"
 #include "support/desk.h"
 
 namespace orvex::test {
@@ -94,8 +95,10 @@ struct EntryTest : testing::Test, Desk {
   /// The numbers of the visible fields and the heading over the last ones.
   std::string Shown() const {
     std::string shown;
-    for (int i = 0; i < kDimensionCount; ++i) {
-      if (entry->Fields().Visible(static_cast<Dimension>(i))) shown += static_cast<char>('1' + i);
+    char number = '1';
+    for (const Dimension field : kDimensions) {
+      if (entry->Fields().Visible(field)) shown += number;
+      ++number;
     }
     return entry->Fields().HeadingVisible() ? shown + " " + std::string(entry->Fields().Heading())
                                             : shown;
@@ -103,9 +106,7 @@ struct EntryTest : testing::Test, Desk {
   /// The contents of the fields, shown or not: "T|Y|N|N|R||N||U|".
   std::string Contents() const {
     std::string contents;
-    for (int i = 0; i < kDimensionCount; ++i) {
-      contents += entry->Fields().Text(static_cast<Dimension>(i)) + "|";
-    }
+    for (const Dimension field : kDimensions) contents += entry->Fields().Text(field) + "|";
     return contents;
   }
   std::vector<questionInfo>& Questions() { return live.CurQuestions(); }
@@ -175,20 +176,20 @@ TEST_F(EntryTest, EnterLeadsFromBoxToBoxAndFilesTheQuestion) {
   struct Case {
     std::string keys;
     std::string road;
-    questionInfo filed;
+    DimensionTexts filed;
   };
   const Case cases[] = {
-      {"Q\n\n\n\n\n\nBen\n\n\n", "123456790", {"Q", 0, 0, 0, 0, 0, "Ben", 1, -1, 1, 1, 1}},
-      {"Q\ns\ny\na\nt\nh\nAna\nc\ne\n", "123456890", {"Q", 1, 0, 1, 1, 1, "Ana", -1, 0, 0, 1, 1}},
-      {"Q\nT\nN\n", "120", {"Q", 0, 1, -1, -1, -1, "", -1, -1, -1, 1, 1}},
-      {"Q\ns\ny\nNA\n?\nTT\n\nq\nq\n", "123456890", {"Q", 1, 0, 0, 0, 0, "", -1, 1, 1, 1, 1}},
+      {"Q\n\n\n\n\n\nBen\n\n\n", "123456790", {"T", "Y", "N", "N", "R", "Ben", "N", "", "U"}},
+      {"Q\ns\ny\na\nt\nh\nAna\nc\ne\n",
+       "123456890",
+       {"S", "Y", "A", "T", "H", "Ana", "", "C", "E"}},
+      {"Q\nT\nN\n", "120", {"T", "N"}},
+      {"Q\ns\ny\nNA\n?\nTT\n\nq\nq\n", "123456890", {"S", "Y", "N", "N", "R", "", "", "A", "U"}},
       // A code that was hidden is filed with the question.
       {"Q\nt\ny\n\n\n\nBen\ny^^^^^^s\n\n\n\n\n\no\ne\n",
        "123456723456890",
-       {"Q", 1, 0, 0, 0, 0, "Ben", 0, 2, 0, 1, 1}},
-      {"Q\ns\ny\na\nt\nh\nAna\no^^^^^n\nZoe\n",
-       "123456860",
-       {"Q", 1, 1, -1, -1, -1, "Zoe", -1, -1, -1, 1, 1}},
+       {"S", "Y", "N", "N", "R", "Ben", "Y", "O", "E"}},
+      {"Q\ns\ny\na\nt\nh\nAna\no^^^^^n\nZoe\n", "123456860", {"S", "N", "", "", "", "Zoe"}},
   };
   Open("");
   for (const Case& c : cases) {
@@ -197,15 +198,14 @@ TEST_F(EntryTest, EnterLeadsFromBoxToBoxAndFilesTheQuestion) {
     Keys(c.keys);
     EXPECT_EQ(road, c.road);
     ASSERT_FALSE(Questions().empty());
-    EXPECT_EQ(Questions().back(), c.filed);
+    EXPECT_EQ(Questions().back(), Asked("Q", c.filed));
     EXPECT_EQ(entry->FrameCaption(), "Question #" + std::to_string(Questions().size() + 1) + ":");
     EXPECT_EQ(entry->Question() + Contents() + Shown(), "|||||||||");
   }
   entry->TypeQuestion("pasted\r\nfrom\n\na\tpage");
   entry->TypeField(Dimension::respondName, "Ben\nor Anna");
   entry->SaveQuestion();
-  EXPECT_EQ(Questions().back(), (questionInfo{"pasted from apage", -1, -1, -1, -1, -1,
-                                              "Ben or Anna", -1, -1, -1, 1, 1}));
+  EXPECT_EQ(Questions().back(), (Asked("pasted from apage", {"", "", "", "", "", "Ben or Anna"})));
 }
 
 TEST_F(EntryTest, TheFrameSaysWhenTheQuestionBeforeIsEmpty) {

@@ -27,8 +27,8 @@ KeptClass EveryField() {
   episode.bReview = "Y";
   episode.offtask = 0.125F;
   episode.segments = {{4, 300, "about\\r", 1, 2, 3, 4, 5, 6}, {5, 60, "", -1, -1, -1, -1, -1, -1}};
-  episode.questions.push_back({"Why = \"so\"?", 0, 1, 2, 3, 4, "Ann", 5, 6, 7, 1, 2, true});
-  episode.questions.push_back({"", 1, 0, 1, 0, 1, "", 0, 1, 0, 32767, -32768, false});
+  episode.questions.push_back({"Why = \"so\"?", {0, 1, 2, 3, 4, -1, 5, 6, 7}, "Ann", 1, 2, true});
+  episode.questions.push_back({"", {1, 0, 1, 0, 1, -1, 0, 1, 0}, "", 32767, -32768, false});
   kept.program.Episodes.push_back(episode);
   kept.program.Episodes.back().segments.push_back({17, 1, "", 3, -1, -1, -1, -1, -1});
 
@@ -68,7 +68,7 @@ KeptClass EveryField() {
   running.draft.fields.ShowFirstFields();
   running.draft.fields.Type(Dimension::source, "S");
   running.questionsBefore = 3;
-  const questionInfo dropped = {"Gone?", 0, 1, 2, 3, 4, "Bob", 5, 6, 7, 1, 2, true};
+  const questionInfo dropped = {"Gone?", {0, 1, 2, 3, 4, -1, 5, 6, 7}, "Bob", 1, 2, true};
   running.history.Record({.place = {2, 1}, .present = true, .question = dropped}, {});
   running.history.Record({.place = {2, 2}, .question = dropped, .draft = QuestionDraft{}}, {});
   QuestionDraft typed = running.draft;

@@ -26,7 +26,7 @@ Episode Asked(std::string_view sources) {
   for (const char source : sources) {
     questionInfo& question = episode.questions.emplace_back();
     question.SetNormal();
-    question.Source = CodeOf(Dimension::source, std::string_view(&source, 1));
+    question.codes[Dimension::source] = CodeOf(Dimension::source, std::string_view(&source, 1));
   }
   return episode;
 }
@@ -110,7 +110,7 @@ TEST(QuestionPlot, ShowsWhereStudentsAskInARow) {
 
 TEST(QuestionPlot, PastesWithItsRowsUnderEachOther) {
   Episode episode = Asked("TTSTTTTTTTTT");
-  episode.questions[1].Response = CodeOf(Dimension::response, "N");
+  episode.questions[1].codes[Dimension::response] = CodeOf(Dimension::response, "N");
   const std::string text = TextOf(MakeQuestionPlot(kIdentity, 1, episode));
   EXPECT_TRUE(text.starts_with("QPLOT\t7-12-3 Episode 1\nTotal Number of Questions: 12\n\n"));
   for (const char* part :

@@ -109,8 +109,8 @@ TEST(EpsFile, NoTextBreaksTheFileAndARepairDropsTheAboutText) {
   episode.segments.emplace_back().SetData(6, 60);
   episode.segments.back().aboutdata = "\nfate\r";
   auto& question = episode.questions.emplace_back();
-  question.SetValue("Who?\r\n\r\nWhy?(<----- 7 ; 7 ----->)", "", "", "", "", "", "Ann\nBob", "", "",
-                    "", 1, 1);
+  question.SetValue("Who?\r\n\r\nWhy?(<----- 7 ; 7 ----->)", {}, 1, 1);
+  question.respondName = "Ann\nBob";
   EXPECT_EQ(Read(Written(typed)).header.encoding, Encoding::windows1252);
   question.respondName += "\u0141";
 

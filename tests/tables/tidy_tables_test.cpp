@@ -115,8 +115,8 @@ TEST(TidyTables, TellOfEveryQuestionSegmentAndEpisode) {
   seatwork.src = 2;
   seatwork.org = kUncoded;
   for (const char* name : {"Ana", "", "=cmd"}) {
-    episode.questions.emplace_back().SetValue("Où?", "S", "Y", "A", "T", "H", name, "", "O", "E", 1,
-                                              2);
+    episode.questions.emplace_back().SetValue("Où?", {"S", "Y", "A", "T", "H", name, "", "O", "E"},
+                                              1, 2);
   }
   observation.Episodes.emplace_back();
   Storage storage;

@@ -330,7 +330,7 @@ TEST_F(ClassForms, TheFocusIsWhereItWasAfterWhatHasChangedNothing) {
   EXPECT_EQ(Text("txtQuestion"), "How?");
 
   Begin("Act\tl {Down}");
-  Questions().emplace_back().SetValue("Why?", "T", "N", "", "", "", "", "", "", "", 1, 1);
+  Questions().emplace_back().SetValue("Why?", {"T", "N"}, 1, 1);
   live_->Refresh();
   expectAll();
   for (const char* key :
@@ -345,7 +345,7 @@ TEST_F(ClassForms, TheFocusIsWhereItWasAfterWhatHasChangedNothing) {
 
 TEST_F(ClassForms, TheNotesHaveTheirKeyAlsoBesideProof) {
   Begin("Act\tl ");
-  Questions().emplace_back().SetValue("Why?", "T", "N", "", "", "", "", "", "", "", 1, 1);
+  Questions().emplace_back().SetValue("Why?", {"T", "N"}, 1, 1);
   live_->Refresh();
   EXPECT_TRUE(Find(*live_, "cmdProof")->isVisible());
   prompter.ExpectNotes("Quiet");

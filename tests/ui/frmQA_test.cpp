@@ -13,6 +13,7 @@
 
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
+#include "support/asked.h"
 #include "support/desk.h"
 #include "ui/keys.h"
 
@@ -24,8 +25,9 @@ using namespace test;
 /// What a form may take of 1366 x 768 at 200 %.
 constexpr QSize kSmallestScreen(667, 344);
 
-const questionInfo kTeacher = {"Why?", 0, 0, 1, 0, 0, "Ben", 1, -1, 1, 1, 1};
-const questionInfo kStudent = {"How?", 1, 0, 1, 2, 1, "Ana", -1, 2, 0, 1, 2};
+const questionInfo kTeacher = test::Asked("Why?", {"T", "Y", "A", "N", "R", "Ben", "N", "", "U"});
+const questionInfo kStudent =
+    test::Asked("How?", {"S", "Y", "A", "A", "H", "Ana", "", "O", "E"}, 1, 2);
 
 class frmQATest : public testing::Test, protected Desk {
  protected:
@@ -111,7 +113,8 @@ TEST_F(frmQATest, AQuestionIsCodedFromTheKeyboardAlone) {
   Keys("\t");
   EXPECT_EQ(Text("txtSegNum"), "0");
   Keys("{Backtab}{Down}{Up}{Up}\t \t \ta \tt \th \tBen\t{Down} \tu \n");
-  EXPECT_EQ(Questions().at(0), (questionInfo{"Why?", 0, 0, 1, 1, 1, "Ben", 1, -1, 1, 0, 2}));
+  EXPECT_EQ(Questions().at(0),
+            (test::Asked("Why?", {"T", "Y", "A", "T", "H", "Ben", "N", "", "U"}, 0, 2)));
   EXPECT_EQ(CaptionsOf(*form_), "Insert B|&Insert A|Dro&p|Reseq|&Normal|Fieldnotes|&Return");
   GoTo("OptSrc_0");
   Keys("s ");
@@ -119,7 +122,7 @@ TEST_F(frmQATest, AQuestionIsCodedFromTheKeyboardAlone) {
   EXPECT_EQ(The<QLineEdit>("txtRespondName")->selectedText(), QStringLiteral("Ben"));
   GoTo("OptTResp_0");
   Keys("o ");
-  EXPECT_EQ(Questions()[0].tResponse, 2);
+  EXPECT_EQ(Questions()[0].strTResp(), "O");
   prompter.ExpectNotes("Quiet today");
   Click(The("Command1"));
   EXPECT_EQ(live_.FieldNotes(), "Quiet today");
@@ -148,7 +151,7 @@ TEST_F(frmQATest, UndoAndRedoAreKeysOfEveryControl) {
 
 TEST_F(frmQATest, NextPutsTheFocusOnWhatIsMissing) {
   std::vector<questionInfo> questions(4, kTeacher);
-  questions[1].uptake = -1;
+  questions[1].codes[Dimension::uptake] = kUncoded;
   questions[2].respondName.clear();
   questions[3].question.clear();
   Open(questions, true);
@@ -174,8 +177,8 @@ TEST_F(frmQATest, EveryMnemonicWorksAndEnterPressesNothing) {
 
 TEST_F(frmQATest, BlinkingMovesNothingOnTheSmallestScreen) {
   questionInfo gaps = kTeacher;
-  gaps.authenticity = -1;
-  gaps.onePartOfMulti = -1;
+  gaps.codes[Dimension::authenticity] = kUncoded;
+  gaps.codes[Dimension::onePartOfMulti] = kUncoded;
   gaps.respondName.clear();
   for (const auto& questions : {std::vector<questionInfo>{}, {gaps}}) {
     Open(questions, true);

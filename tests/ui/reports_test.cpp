@@ -48,9 +48,11 @@ Episode Lesson(int questions) {
   episode.offtask = 0.08F;
   for (int i = 1; i <= questions; ++i) {
     const bool student = i % 3 == 0;
-    episode.questions.emplace_back().SetValue("?", student ? "S" : "T", i % 5 == 0 ? "N" : "Y", "N",
-                                              "N", i % 20 == 0 ? "H" : "R", "", "N",
-                                              student ? "A" : "", "U", 1, 1);
+    episode.questions.emplace_back().SetValue(
+        "?",
+        {student ? "S" : "T", i % 5 == 0 ? "N" : "Y", "N", "N", i % 20 == 0 ? "H" : "R", "", "N",
+         student ? "A" : "", "U"},
+        1, 1);
   }
   return episode;
 }

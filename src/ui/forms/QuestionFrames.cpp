@@ -57,8 +57,8 @@ QWidget* QuestionFrames::FrameOf(Dimension dimension) const {
 
 void QuestionFrames::Add(QGroupBox* box, std::vector<QRadioButton*> options) {
   const auto dimension = static_cast<Dimension>(frames_.size());
-  const DimensionLabel& label = DimensionLabels[frames_.size()];
-  ReserveCaptions(box, {label.Label, label.Blank});
+  const DimensionScheme& scheme = SchemeOf(dimension);
+  ReserveCaptions(box, {scheme.label, scheme.Blank()});
   ChoiceGroup* choices = nullptr;
   if (!options.empty()) {
     choices = new ChoiceGroup(std::move(options), this);

@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "model/coding_scheme.h"
+#include "model/dimensions.h"
 
 class QGroupBox;
 class QRadioButton;

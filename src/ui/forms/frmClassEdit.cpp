@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/plain_text.h"
 #include "model/version.h"
 #include "reports/episode_origin.h"
 #include "ui/ReadFromStart.h"

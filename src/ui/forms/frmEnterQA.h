@@ -7,7 +7,7 @@
 
 #include "desk/focus.h"
 #include "desk/services.h"
-#include "model/coding_scheme.h"
+#include "model/dimensions.h"
 #include "questions/question_entry.h"
 
 class QKeyEvent;
