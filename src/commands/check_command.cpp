@@ -5,11 +5,10 @@
 #include <string_view>
 
 #include "commands/named_file.h"
-#include "model/counted.h"
 #include "model/dimensions.h"
-#include "model/plain_text.h"
 #include "model/survey_scheme.h"
 #include "model/validation.h"
+#include "model/wording.h"
 #include "store/printable_text.h"
 
 namespace orvex {

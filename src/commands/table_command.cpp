@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "model/counted.h"
+#include "model/wording.h"
 #include "store/durable_file.h"
 #include "store/printable_text.h"
 #include "tables/file_list.h"

@@ -3,9 +3,7 @@
 #include <cstddef>
 
 #include "model/activities.h"
-#include "model/activity_label.h"
-#include "model/duration_text.h"
-#include "model/shortened.h"
+#include "model/wording.h"
 
 namespace orvex {
 namespace {

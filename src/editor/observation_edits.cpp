@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "model/activities.h"
+#include "model/limits.h"
 #include "model/time_of_day.h"
 #include "store/numbers.h"
 
@@ -57,9 +58,8 @@ void PutIn(std::vector<T>& list, int position, std::vector<T> items) {
 
 /// A file states counts of at most 16 bits.
 void RequireFits(std::size_t count, const char* what, const char* in) {
-  constexpr std::size_t kMost = std::numeric_limits<std::int16_t>::max();
-  if (count <= kMost) return;
-  throw DoesNotFit("No more than " + std::to_string(kMost) + " " + what + " fit into " + in +
+  if (count <= kMostNumber) return;
+  throw DoesNotFit("No more than " + std::to_string(kMostNumber) + " " + what + " fit into " + in +
                    ". Nothing has been changed.");
 }
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "model/counted.h"
 #include "model/version.h"
+#include "model/wording.h"
 #include "store/eps_differences.h"
 
 namespace orvex {

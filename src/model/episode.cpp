@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <numeric>
 
+#include "model/activities.h"
+
 namespace orvex {
 
 double Episode::duration() const {
@@ -10,6 +12,13 @@ double Episode::duration() const {
                          [](double sum, const SegmentData& segment) {
                            return sum + static_cast<double>(segment.duration);
                          });
+}
+
+std::string ActivityLabel(const Episode& episode, bool withReview) {
+  if (episode.segments.empty()) return "";
+  return ActivityCaption(episode.segments.front().activityNum) + ": " +
+         std::to_string(episode.nQAs()) + " Question(s)" +
+         (withReview && episode.bReview == "Y" ? " (Review Session)" : "");
 }
 
 bool AnyQuestions(const EpisodeList& episodes) {

@@ -25,6 +25,11 @@ struct Episode {
 
 using EpisodeList = std::vector<Episode>;
 
+/// "Discussion: 12 Question(s)": an episode's first activity, as a caption, and how many questions
+/// it holds; " (Review Session)" follows where it was one and `withReview` is set. Nothing for an
+/// episode without segments; an activity without a name shows its number.
+std::string ActivityLabel(const Episode& episode, bool withReview = true);
+
 /// True when some episode holds a question.
 bool AnyQuestions(const EpisodeList& episodes);
 

@@ -28,6 +28,10 @@ struct Identity {
   std::string ClassId() const { return SchoolNum + "-" + ClassNum + "-" + ObservNum; }
 };
 
+/// The three numbers that name an observation, in their order.
+inline constexpr std::array kIdentityNumbers = {&Identity::SchoolNum, &Identity::ClassNum,
+                                                &Identity::ObservNum};
+
 /// The state that all activities share. One instance lives for the whole run.
 struct Program {
   EpisodeList Episodes;  ///< the observation in memory

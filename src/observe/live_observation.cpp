@@ -323,7 +323,7 @@ void LiveObservation::cmdFieldNote_Click() {
 
 void LiveObservation::Command1_Click() {
   const std::int32_t elapsed = ElapsedSeconds(run_.segmentStart, Now(), services_.prompter);
-  const int maximum = std::min(2 * elapsed, kMost);
+  const int maximum = std::min(2 * elapsed, kMostNumber);
   const int preset = std::min(elapsed, maximum);
   const auto seconds = services_.prompter.AskSeconds({.maximum = maximum, .seconds = preset});
   if (!seconds) return;

@@ -8,6 +8,7 @@
 #include "desk/focus.h"
 #include "desk/prompter.h"
 #include "desk/services.h"
+#include "model/limits.h"
 #include "model/program.h"
 #include "observe/observation_header.h"
 #include "recovery/kept_class.h"
@@ -31,9 +32,6 @@ class LiveObservation {
     bool operator==(const Control&) const = default;
   };
   using Focus = FocusWish<Control>;
-
-  /// The numbers of episodes, segments and questions are stored in 16 bits.
-  static constexpr int kMost = 32767;
 
   /// Starts episode 1, segment 1 now. The log is open.
   explicit LiveObservation(const Services& services);
@@ -93,8 +91,8 @@ class LiveObservation {
   /// CanDivide, and the number of the next segment or episode still fits its 16 bits.
   bool CanStartSegment() const { return CanDivide() && RoomForSegment(); }
   bool CanStartEpisode() const { return CanDivide() && RoomForEpisode(); }
-  bool RoomForSegment() const { return run_.curSegment < kMost; }
-  bool RoomForEpisode() const { return run_.curEpisode < kMost; }
+  bool RoomForSegment() const { return run_.curSegment < kMostNumber; }
+  bool RoomForEpisode() const { return run_.curEpisode < kMostNumber; }
   bool ProofVisible() const;
   bool CanOpenSurvey() const { return AwaitsSurvey() || CanDivide(); }
   bool CanEndClass() const;

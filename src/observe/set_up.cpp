@@ -52,8 +52,7 @@ void SetUp::Type(HeaderBox box, const std::string& text) {
 }
 
 bool SetUp::CanStart() const {
-  return IdentityNumber(identity_.SchoolNum) && IdentityNumber(identity_.ClassNum) &&
-         IdentityNumber(identity_.ObservNum) && StudentCount(identity_.NumStudents);
+  return IsNamed(identity_) && StudentCount(identity_.NumStudents);
 }
 
 void SetUp::MoveTo(HeaderBox box, Caret caret) {

@@ -6,6 +6,7 @@
 
 #include "desk/prompter.h"
 #include "desk/proof.h"
+#include "model/limits.h"
 #include "model/program.h"
 #include "model/validation.h"
 #include "observe/live_observation.h"
@@ -86,7 +87,7 @@ QuestionView QuestionEditor::View() const {
   const questionInfo& question = CurrentQuestion();
   view.question = question.question;
   view.respondName = question.respondName;
-  view.canStepUp = question.iSgQ < kMostSegment;
+  view.canStepUp = question.iSgQ < kMostNumber;
   view.canStepDown = question.iSgQ > 0;
   view.isNormal = question.IsNormal();
   view.hasHeading = question.AsksFor(Dimension::elaborated);
@@ -341,7 +342,7 @@ void QuestionEditor::TypeSegment(std::string_view text) {
 void QuestionEditor::StepSegment(int steps) {
   const QuestionView view = View();
   if (!(steps < 0 ? view.canStepDown : view.canStepUp)) return;
-  const int stepped = std::clamp(CurrentQuestion().iSgQ + steps, 0, kMostSegment);
+  const int stepped = std::clamp(CurrentQuestion().iSgQ + steps, 0, kMostNumber);
   SetSegment(static_cast<std::int16_t>(stepped));
   ShowSegment();
 }

@@ -75,9 +75,6 @@ class QuestionEditor {
     editFieldNotes,
   };
 
-  /// The highest number of a segment that a question can state.
-  static constexpr int kMostSegment = 32767;
-
   /// `live` and `liveClocks` are those of the class in progress; null for the other callers.
   QuestionEditor(const Services& services, const QuestionEditorStart& start, LiveObservation* live,
                  const SessionClocks* liveClocks);

@@ -3,14 +3,13 @@
 #include <string>
 
 #include "desk/prompter.h"
-#include "observe/live_observation.h"
+#include "model/limits.h"
 
 namespace orvex {
 
 bool HasRoomForQuestion(const std::vector<questionInfo>& questions, Prompter& prompter) {
-  constexpr std::size_t kMost = LiveObservation::kMost;
-  if (questions.size() < kMost) return true;
-  prompter.Tell("An episode holds at most " + std::to_string(kMost) +
+  if (questions.size() < kMostNumber) return true;
+  prompter.Tell("An episode holds at most " + std::to_string(kMostNumber) +
                 " questions. Start a new episode.");
   return false;
 }

@@ -11,6 +11,7 @@
 
 #include "desk/prompter.h"
 #include "model/clock.h"
+#include "model/limits.h"
 #include "model/survey_scheme.h"
 #include "recovery/kept_content.h"
 #include "recovery/recovery_file.h"
@@ -251,10 +252,10 @@ bool IsGood(const KeptClass& kept) {
   if (episodes.empty() || static_cast<std::size_t>(running.curEpisode) != episodes.size()) {
     return false;
   }
-  constexpr std::size_t kMost = 32767;
-  if (episodes.size() > kMost) return false;
+  if (episodes.size() > kMostNumber) return false;
   for (const Episode& episode : episodes) {
-    if (episode.segments.size() > kMost || episode.questions.size() > kMost) return false;
+    if (episode.segments.size() > kMostNumber || episode.questions.size() > kMostNumber)
+      return false;
   }
   const auto segments = static_cast<int>(episodes.back().segments.size());
   const bool follows = running.curSegment == segments + 1 || kept.SegmentEnded();

@@ -11,9 +11,10 @@
 #include "desk/prompter.h"
 #include "desk/screens.h"
 #include "model/clock.h"
-#include "model/counted.h"
+#include "model/limits.h"
 #include "model/program.h"
 #include "model/time_of_day.h"
+#include "model/wording.h"
 #include "recovery/kept_class.h"
 #include "recovery/kept_content.h"
 #include "recovery/recovery_file.h"
@@ -208,8 +209,7 @@ void EndLastEpisode(KeptClass& kept) {
 /// Stores the question that was being entered. Returns what to tell of it; "" when there was none.
 std::string StoreDraft(KeptClass& kept) {
   std::vector<questionInfo>& questions = kept.program.Episodes.back().questions;
-  constexpr std::size_t kMost = 32767;
-  if (kept.running.draft.IsEmpty() || questions.size() == kMost) return "";
+  if (kept.running.draft.IsEmpty() || questions.size() == kMostNumber) return "";
   questions.push_back(kept.running.DraftAsStored());
   kept.running.draft = {};
   return "The question that was being entered is stored as question " +

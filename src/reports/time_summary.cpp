@@ -1,16 +1,14 @@
 #include "reports/time_summary.h"
 
-#include <cmath>
 #include <cstddef>
 
 #include "model/time_of_day.h"
+#include "model/wording.h"
 #include "reports/episode_origin.h"
 #include "store/numbers.h"
 
 namespace orvex {
 namespace {
-
-constexpr double kSecondsPerMinute = 60;
 
 /// The blocks, in the order of `ActivityGroup`.
 constexpr std::array<std::string_view, kActivityGroupCount> kHeadings = {
@@ -30,13 +28,6 @@ ActivityTimes CreateActTimeSummary(const EpisodeList& episodes) {
   ActivityTimes times{};
   for (const Episode& episode : episodes) AddTimes(episode.segments, times);
   return times;
-}
-
-std::string FormatMinSec(double seconds) {
-  const double whole = RoundHalfEven(seconds);
-  const double length = std::abs(whole);
-  return (whole < 0 ? "-" : "") + FormatPattern(std::floor(length / kSecondsPerMinute), "##0") +
-         ":" + FormatPattern(std::fmod(length, kSecondsPerMinute), "00");
 }
 
 TimeSummary MakeTimeSummary(const EpsHeader& header, const EpisodeList& episodes) {

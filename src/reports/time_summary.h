@@ -14,10 +14,6 @@ namespace orvex {
 /// Adds up the segments of all episodes. Those of no activity count nowhere.
 ActivityTimes CreateActTimeSummary(const EpisodeList& episodes);
 
-/// "2:05": whole minutes and seconds. A fraction of a second is rounded first, a half to the even
-/// neighbour.
-std::string FormatMinSec(double seconds);
-
 /// An activity's line.
 struct TimeSummaryRow {
   int activity = 0;

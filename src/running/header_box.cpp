@@ -59,11 +59,4 @@ Identity AsTyped(Identity identity, const TypedNumbers& typed) {
   return identity;
 }
 
-void NormaliseNumbers(Identity& identity) {
-  for (const HeaderBox box : kNumberBoxes) {
-    std::string& text = HeaderText(identity, box);
-    if (const auto number = IdentityNumber(text)) text = std::to_string(*number);
-  }
-}
-
 }  // namespace orvex

@@ -44,8 +44,4 @@ inline constexpr std::array kNumberBoxes = {HeaderBox::schoolNum, HeaderBox::cla
 std::optional<std::size_t> NumberIndex(HeaderBox box);
 /// What the boxes say: the identity, and what is being typed over its numbers.
 Identity AsTyped(Identity identity, const TypedNumbers& typed);
-
-/// Replaces the three identifying numbers, where they are numbers, by the texts of their values.
-void NormaliseNumbers(Identity& identity);
-
 }  // namespace orvex

@@ -1,8 +1,9 @@
 #include "running/question_history.h"
 
 #include <cstdint>
-#include <limits>
 #include <utility>
+
+#include "model/limits.h"
 
 namespace orvex {
 namespace {
@@ -14,8 +15,7 @@ bool HasPlace(const QuestionStep& step, const EpisodeList& episodes) {
   if (number < 1 || static_cast<std::size_t>(number) > episodes.size() || position < 1)
     return false;
   const std::size_t count = episodes[static_cast<std::size_t>(number - 1)].questions.size();
-  constexpr std::size_t kMost = std::numeric_limits<std::int16_t>::max();
-  const bool fits = step.present || count < kMost;
+  const bool fits = step.present || count < kMostNumber;
   return fits && static_cast<std::size_t>(position) <= count + (step.present ? 0 : 1);
 }
 

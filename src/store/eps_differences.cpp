@@ -9,7 +9,7 @@
 #include <string_view>
 #include <utility>
 
-#include "model/counted.h"
+#include "model/wording.h"
 #include "store/eps_trace.h"
 #include "store/numbers.h"
 #include "store/text_encoding.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -40,6 +41,12 @@ struct QuestionCounts {
   int uptakeTest = 0;
   int allDefault = 0;  ///< Source, Response, Authenticity, Uptake and Cognitive Level all 0
 };
+/// The counts in the order in which files state them.
+inline constexpr std::array kQuestionCounts = {
+    &QuestionCounts::authenticTeacher, &QuestionCounts::authenticStudent,
+    &QuestionCounts::teacher,          &QuestionCounts::student,
+    &QuestionCounts::unanswered,       &QuestionCounts::uptakeTest,
+    &QuestionCounts::allDefault};
 
 /// How it is said that a file is of an earlier version, that the first segment of episode `ep`
 /// needs a repair, and that it has been repaired.

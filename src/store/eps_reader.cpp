@@ -161,11 +161,7 @@ class EpsReader {
   void ReadSummary(std::size_t episode) {
     if (summaries_[episode].questions > 0) {
       QuestionCounts& stated = summaries_[episode].counts;
-      for (int* count :
-           {&stated.authenticTeacher, &stated.authenticStudent, &stated.teacher, &stated.student,
-            &stated.unanswered, &stated.uptakeTest, &stated.allDefault}) {
-        ReadCount(*count);
-      }
+      for (const auto count : kQuestionCounts) ReadCount(stated.*count);
       observation_.Episodes[episode].offtask = fields_.Single("the episode's off-task mean");
     }
     for (int i = 0; i < kActivityCount; ++i) fields_.SkipNumber("the time spent in an activity");

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <utility>
 
-#include "model/time_of_day.h"
 #include "model/version.h"
+#include "model/wording.h"
 #include "store/durable_file.h"
 #include "store/eps_file.h"
 #include "store/numbers.h"
@@ -50,11 +50,11 @@ class EpsText {
   /// A number with nothing around it.
   EpsText& Joined(std::int64_t number) { return *this << Digits(number); }
   /// The same for seconds, as whole ones.
-  EpsText& Joined(double seconds) { return *this << Digits(seconds); }
+  EpsText& Joined(double seconds) { return *this << WholeSecondsText(seconds); }
   /// A number with a blank for the missing sign, and one behind.
   EpsText& Item(std::int64_t number) { return AsItem(number < 0, Digits(number)); }
   EpsText& Item(double seconds) {
-    const std::string_view digits = Digits(seconds);
+    const std::string digits = WholeSecondsText(seconds);
     return AsItem(digits.front() == '-', digits);
   }
   EpsText& Item(float number) { return *this << PrintItem(number); }
@@ -71,15 +71,9 @@ class EpsText {
     const auto end = std::to_chars(digits_.data(), digits_.data() + digits_.size(), number);
     return {digits_.data(), end.ptr};
   }
-  std::string_view Digits(double seconds) {
-    // Adding 0 takes the sign off a negative zero.
-    const auto end = std::to_chars(digits_.data(), digits_.data() + digits_.size(),
-                                   RoundHalfEven(seconds) + 0.0, std::chars_format::fixed, 0);
-    return {digits_.data(), end.ptr};
-  }
 
   std::string text_;
-  std::array<char, 320> digits_;  // the largest double has 309
+  std::array<char, 20> digits_;
 };
 
 void WriteHeader(EpsText& out, const EpsHeader& header, std::size_t episodes) {
@@ -140,11 +134,9 @@ void WriteSummary(EpsText& out, const Episode& episode) {
   if (!episode.questions.empty()) {
     const QuestionCounts counts = EpisodeQuestionCounts(episode);
     std::string_view separator = " ";
-    for (const int count :
-         {counts.authenticTeacher, counts.authenticStudent, counts.teacher, counts.student,
-          counts.unanswered, counts.uptakeTest, counts.allDefault}) {
+    for (const auto count : kQuestionCounts) {
       out << separator;
-      out.Joined(std::int64_t{count});
+      out.Joined(std::int64_t{counts.*count});
       separator = " , ";
     }
     out << ",";

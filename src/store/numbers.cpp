@@ -8,6 +8,7 @@
 #include <limits>
 #include <system_error>
 
+#include "model/limits.h"
 #include "model/time_of_day.h"
 
 namespace orvex {
@@ -193,7 +194,7 @@ bool IsFraction(std::string_view number) {
 
 std::optional<int> TypedInteger(std::string_view text, int least) {
   const auto number = TypedNumber(text);
-  if (!number || *number < least || *number > std::numeric_limits<std::int16_t>::max()) {
+  if (!number || *number < least || *number > kMostNumber) {
     return std::nullopt;
   }
   return static_cast<int>(RoundHalfEven(*number));

@@ -1,11 +1,13 @@
 #include "store/paths.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <cstddef>
 #include <stdexcept>
 #include <string_view>
-#include <utility>
 
+#include "model/limits.h"
 #include "store/durable_file.h"
 #include "store/file_error.h"
 #include "store/numbers.h"
@@ -15,15 +17,6 @@ namespace orvex {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string Normalised(const std::string& text, const char* what) {
-  const auto number = IdentityNumber(text);
-  if (!number) {
-    throw std::invalid_argument("the " + std::string(what) +
-                                " number is not a number from 0 to 32767");
-  }
-  return std::to_string(*number);
-}
 
 fs::path FilePath(const fs::path& dataPath, const char* kind, const Identity& identity,
                   const char* extension) {
@@ -43,27 +36,37 @@ void MakeFolders(Storage& storage, const fs::path& dataPath, const char* kind,
 }  // namespace
 
 bool IsNamed(const Identity& identity) {
-  return IdentityNumber(identity.SchoolNum) && IdentityNumber(identity.ClassNum) &&
-         IdentityNumber(identity.ObservNum);
+  return std::ranges::all_of(
+      kIdentityNumbers, [&](auto number) { return IdentityNumber(identity.*number).has_value(); });
 }
 
 void NameAfter(const fs::path& path, Identity& identity) {
   const std::string stem = path.stem().string();
   std::string_view name = stem;
-  for (std::string* number : {&identity.SchoolNum, &identity.ClassNum, &identity.ObservNum}) {
+  for (const auto number : kIdentityNumbers) {
     const std::string_view part = name.substr(0, name.find('-'));
-    *number = part;
+    identity.*number = part;
     name.remove_prefix(std::min(part.size() + 1, name.size()));
   }
 }
 
+void NormaliseNumbers(Identity& identity) {
+  for (const auto number : kIdentityNumbers) {
+    if (const auto value = IdentityNumber(identity.*number)) {
+      identity.*number = std::to_string(*value);
+    }
+  }
+}
+
 void NormaliseIdentity(Identity& identity) {
-  std::string school = Normalised(identity.SchoolNum, "school");
-  std::string classNumber = Normalised(identity.ClassNum, "class");
-  std::string observation = Normalised(identity.ObservNum, "observation");
-  identity.SchoolNum = std::move(school);
-  identity.ClassNum = std::move(classNumber);
-  identity.ObservNum = std::move(observation);
+  constexpr std::array<const char*, kIdentityNumbers.size()> kNames = {"school", "class",
+                                                                       "observation"};
+  for (std::size_t i = 0; i < kNames.size(); ++i) {
+    if (IdentityNumber(identity.*kIdentityNumbers[i])) continue;
+    throw std::invalid_argument("the " + std::string(kNames[i]) +
+                                " number is not a number from 0 to " + std::to_string(kMostNumber));
+  }
+  NormaliseNumbers(identity);
 }
 
 namespace {

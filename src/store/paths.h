@@ -14,9 +14,11 @@ bool IsNamed(const Identity& identity);
 /// Takes the three from the name of a file of the observation, "5-12-3.bak".
 void NameAfter(const std::filesystem::path& path, Identity& identity);
 
-/// Replaces school, class and observation by the decimal texts of their values ("007" becomes "7").
-/// Throws std::invalid_argument, which names the number, when one of them is not a number from 0 to
-/// 32767; none is changed then.
+/// Replaces school, class and observation, where they are numbers that can name files, by the
+/// decimal texts of their values ("007" becomes "7").
+void NormaliseNumbers(Identity& identity);
+/// The same for an observation that must be named. Throws std::invalid_argument, which says which
+/// number is none, and changes nothing then.
 void NormaliseIdentity(Identity& identity);
 
 /// Make the folders of an observation's files, where they do not exist, and return the file's path,

@@ -8,7 +8,7 @@
 #include <optional>
 
 #include "model/clock.h"
-#include "model/duration_text.h"
+#include "model/wording.h"
 
 namespace orvex {
 namespace {

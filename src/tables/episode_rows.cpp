@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "model/duration_text.h"
+#include "model/wording.h"
 #include "store/file_error.h"
 #include "store/numbers.h"
 
@@ -136,11 +136,9 @@ void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episod
     AppendSeconds(time, rows);
     rows += ',';
   }
-  for (const int count :
-       {stated.authenticTeacher, stated.authenticStudent, stated.teacher, stated.student,
-        stated.unanswered, stated.uptakeTest, stated.allDefault}) {
+  for (const auto count : kQuestionCounts) {
     rows += ',';
-    AppendNumber(count, rows);
+    AppendNumber(stated.*count, rows);
   }
   rows.append(",").append(FormatPattern(episode.offtask, "0.#######")).append(", ");
   AppendNumber(higherOrder, rows);

@@ -6,7 +6,7 @@
 #include "desk/prompter.h"
 #include "desk/save_file.h"
 #include "desk/screens.h"
-#include "model/counted.h"
+#include "model/wording.h"
 #include "store/file_error.h"
 #include "store/printable_text.h"
 

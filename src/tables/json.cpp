@@ -3,7 +3,7 @@
 #include <array>
 #include <charconv>
 
-#include "model/duration_text.h"
+#include "model/wording.h"
 
 namespace orvex {
 

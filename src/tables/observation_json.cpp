@@ -5,9 +5,9 @@
 #include <utility>
 #include <vector>
 
-#include "model/activity_label.h"
-#include "model/duration_text.h"
+#include "model/episode.h"
 #include "model/validation.h"
+#include "model/wording.h"
 #include "reports/question_plot.h"
 #include "reports/time_summary.h"
 #include "store/numbers.h"
@@ -84,11 +84,7 @@ void AddEpisode(const Identity& identity, int number, const Episode& episode, Js
   }
   json.EndArray().Key("summaryCounts").BeginArray();
   const QuestionCounts counts = EpisodeQuestionCounts(episode);
-  for (const int count :
-       {counts.authenticTeacher, counts.authenticStudent, counts.teacher, counts.student,
-        counts.unanswered, counts.uptakeTest, counts.allDefault}) {
-    json.Number(std::int64_t{count});
-  }
+  for (const auto count : kQuestionCounts) json.Number(std::int64_t{counts.*count});
   json.EndArray();
   AddStatistics(MakeQuestionStatistics(identity, number, episode), json);
   AddPlot(MakeQuestionPlot(identity, number, episode), json);

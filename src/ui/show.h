@@ -12,7 +12,7 @@
 #include <string>
 
 #include "desk/focus.h"
-#include "model/shortened.h"
+#include "model/wording.h"
 #include "ui/text.h"
 
 namespace orvex {

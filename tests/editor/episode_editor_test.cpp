@@ -5,7 +5,7 @@
 #include <string>
 
 #include "editor/editor_desk.h"
-#include "model/duration_text.h"
+#include "model/wording.h"
 #include "questions/question_editor.h"
 
 namespace orvex {

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "model/wording.h"
 #include "reports/question_plot.h"
 #include "reports/question_statistics.h"
 #include "reports/time_summary.h"

@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "model/plain_text.h"
 #include "model/version.h"
+#include "model/wording.h"
 #include "reports/episode_origin.h"
 #include "ui/ReadFromStart.h"
 #include "ui/forms/SegmentCodingPanel.h"

@@ -2,7 +2,7 @@
 
 #include <QTextDocument>
 
-#include "model/shortened.h"
+#include "model/wording.h"
 #include "questions/question_editor.h"
 #include "ui/text.h"
 
