@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <stdexcept>
 
 #include "reports/episode_origin.h"
 #include "store/numbers.h"
@@ -155,10 +154,8 @@ BarSegment RestOfNonresponses(const CodeCounts& counts) {
   return rest;
 }
 
-std::string PaceOf(const CodeCounts& counts, double duration) {
-  if (duration == 0) throw std::domain_error("an episode without duration has no pace");
-  const double pace = counts.Total * kSecondsPerMinute / duration;
-  return "(questions per minute) " + FormatPattern(pace, "0.##");
+std::string PaceText(double questionsPerMinute) {
+  return "(questions per minute) " + FormatPattern(questionsPerMinute, "0.##");
 }
 
 }  // namespace
@@ -214,12 +211,13 @@ QuestionStatistics MakeQuestionStatistics(const Identity& identity, int number,
     filled.restIsUncoded = rules[i].restIsUncoded;
   }
   row(StatisticsLine::nonresponse).bar.push_back(RestOfNonresponses(counts));
-  try {
-    statistics.pace = PaceOf(counts, episode.duration());
-    statistics.offtask = FormatPattern(100 * episode.offtask, "#0.#") + "%";
-  } catch (const std::domain_error&) {
+  if (episode.duration() == 0) {
     statistics.message = "Questions need to be cleaned up first.";
+    return statistics;
   }
+  statistics.questionsPerMinute = counts.Total * kSecondsPerMinute / episode.duration();
+  statistics.pace = PaceText(*statistics.questionsPerMinute);
+  statistics.offtask = FormatPattern(100 * episode.offtask, "#0.#") + "%";
   return statistics;
 }
 

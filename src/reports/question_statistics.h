@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -89,8 +90,9 @@ struct QuestionStatistics {
   std::string title;  ///< "7-12-3 Episode 2"
   CodeCounts counts;
   std::array<StatisticsRow, kStatisticsLines> rows;
-  std::string pace;     ///< "(questions per minute) 1.5"
-  std::string offtask;  ///< "14.7%"
+  std::optional<double> questionsPerMinute;  ///< nothing without questions or time
+  std::string pace;                          ///< "(questions per minute) 1.5"
+  std::string offtask;                       ///< "14.7%"
   std::string message;  ///< what the user is to be told of it; filling ended there
 
   const StatisticsRow& Row(StatisticsLine line) const {

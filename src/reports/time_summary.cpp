@@ -15,9 +15,15 @@ constexpr std::array<std::string_view, kActivityGroupCount> kHeadings = {
     "CLASSROOM MANAGMENT", "DIRECT INSTRUCTION", "SEATWORK AND PAIRWORK", "TESTS AND QUIZZES"};
 
 TimeSummaryRow MakeRow(const Activity& activity, double seconds, const OfftaskAverages& averages) {
-  TimeSummaryRow row = {activity.number, activity.name, FormatMinSec(seconds), ""};
+  TimeSummaryRow row = {.activity = activity.number,
+                        .name = activity.name,
+                        .seconds = seconds,
+                        .meanOfftask = {},
+                        .time = FormatMinSec(seconds),
+                        .offtask = ""};
   if (const auto position = OfftaskPosition(activity.number)) {
-    row.offtask = FormatPattern(averages[*position], "0.000");
+    row.meanOfftask = averages[*position];
+    row.offtask = FormatPattern(*row.meanOfftask, "0.000");
   }
   return row;
 }
@@ -40,20 +46,19 @@ TimeSummary MakeTimeSummary(const EpsHeader& header, const EpisodeList& episodes
   summary.observer = ObserverText(header);
   for (std::size_t i = 0; i < kHeadings.size(); ++i) summary.blocks[i].heading = kHeadings[i];
   const ActivityTimes times = CreateActTimeSummary(episodes);
-  double nonInstructional = 0;
-  double instructional = 0;
   for (const Activity& activity : kActivities) {
     const double seconds = times[static_cast<std::size_t>(activity.number - 1)];
     summary.blocks[static_cast<std::size_t>(activity.group)].rows.push_back(
         MakeRow(activity, seconds, header.ActivityOfftask));
     const bool isManagement = activity.group == ActivityGroup::management;
-    (isManagement ? nonInstructional : instructional) += seconds;
+    (isManagement ? summary.nonInstructionalSeconds : summary.instructionalSeconds) += seconds;
   }
-  nonInstructional = RoundHalfEven(nonInstructional);
-  instructional = RoundHalfEven(instructional);
-  summary.nonInstructional = FormatMinSec(nonInstructional);
-  summary.instructional = FormatMinSec(instructional);
-  summary.total = FormatMinSec(nonInstructional + instructional);
+  for (double* seconds : {&summary.nonInstructionalSeconds, &summary.instructionalSeconds}) {
+    *seconds = RoundHalfEven(*seconds);
+  }
+  summary.nonInstructional = FormatMinSec(summary.nonInstructionalSeconds);
+  summary.instructional = FormatMinSec(summary.instructionalSeconds);
+  summary.total = FormatMinSec(summary.nonInstructionalSeconds + summary.instructionalSeconds);
   return summary;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,8 @@ ActivityTimes CreateActTimeSummary(const EpisodeList& episodes);
 struct TimeSummaryRow {
   int activity = 0;
   std::string_view name;
+  double seconds = 0;
+  std::optional<float> meanOfftask;  ///< 0 to 1; nothing for an activity without estimates
   std::string time;
   std::string offtask;  ///< "0.059"; nothing for an activity that no estimates are made of
 };
@@ -37,6 +40,8 @@ struct TimeSummary {
   std::string date;      ///< "Date of Observation: 03-14-2001"
   std::string observer;  ///< "Observer: AB"
   std::array<TimeSummaryBlock, kActivityGroupCount> blocks;
+  double nonInstructionalSeconds = 0;  ///< whole ones
+  double instructionalSeconds = 0;     ///< whole ones
   /// The totals, and what they are called.
   std::string nonInstructional;
   std::string instructional;

@@ -4,11 +4,13 @@
 #include <array>
 #include <charconv>
 #include <chrono>
+#include <cmath>
 #include <cstddef>
-#include <optional>
+#include <limits>
 
 #include "model/clock.h"
 #include "model/wording.h"
+#include "store/numbers.h"
 
 namespace orvex {
 namespace {
@@ -50,7 +52,7 @@ void Csv::Separate() {
   begun_ = true;
 }
 
-Csv& Csv::Text(std::string_view text) {
+void Csv::Text(std::string_view text) {
   Separate();
   std::string clean(text);
   std::ranges::replace_if(clean, IsControl, ' ');
@@ -60,43 +62,47 @@ Csv& Csv::Text(std::string_view text) {
                       clean.ends_with(' ');
   if (!quoted) {
     text_ += clean;
-    return *this;
+    return;
   }
   text_ += '"';
   for (const char c : clean) text_.append(c == '"' ? 2 : 1, c);
   text_ += '"';
-  return *this;
 }
 
-Csv& Csv::Code(std::string_view code) {
+void Csv::Code(std::string_view code) {
   Separate();
   text_ += code;
-  return *this;
 }
 
-Csv& Csv::Number(std::int64_t number) {
-  return Code(std::to_string(number));
+void Csv::Number(std::int64_t number) {
+  Code(std::to_string(number));
 }
 
-Csv& Csv::Number(float number) {
+void Csv::Number(float number) {
   if (number == 0) return Code("0");  // a negative zero as well
   std::array<char, 64> digits{};      // the smallest single has 45 behind its point
   const auto end =
       std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
-  return Code({digits.data(), end.ptr});
+  Code({digits.data(), end.ptr});
 }
 
-Csv& Csv::Seconds(double seconds) {
-  return Code(WholeSecondsText(seconds));
+void Csv::Seconds(double seconds) {
+  Code(WholeSecondsText(seconds));
 }
 
-Csv& Csv::Missing() {
-  return Code("");
+void Csv::Missing() {
+  Code("");
 }
 
 void Csv::EndLine() {
   text_ += "\r\n";
   begun_ = false;
+}
+
+std::optional<float> TypedSingle(std::string_view text) {
+  const auto number = ParseNumber(WithoutBlanks(text));
+  if (!number || std::abs(*number) > std::numeric_limits<float>::max()) return std::nullopt;
+  return static_cast<float>(*number);
 }
 
 std::string IsoDate(std::string_view date) {

@@ -1,27 +1,28 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "tables/cells.h"
 
 namespace orvex {
 
 /// Appends cells to the text of a comma-separated table, by RFC 4180.
-class Csv {
+class Csv final : public Cells {
  public:
   explicit Csv(std::string& text) : text_(text) {}
 
-  /// A text somebody typed. One that a spreadsheet would run as a formula gets an apostrophe in
-  /// front; control characters, which readers of tables choke on, become blanks. An empty one is an
-  /// empty cell.
-  Csv& Text(std::string_view text);
-  /// A code or a name of ours, with nothing in it to be quoted.
-  Csv& Code(std::string_view code);
-  Csv& Number(std::int64_t number);
-  Csv& Number(float number);
-  /// A number of seconds, which is a whole one.
-  Csv& Seconds(double seconds);
-  Csv& Missing();
+  /// A text that a spreadsheet would run as a formula gets an apostrophe in front; control
+  /// characters, which readers of tables choke on, become blanks. An empty one is an empty cell.
+  void Text(std::string_view text) override;
+  /// There is nothing in `code` to be quoted.
+  void Code(std::string_view code) override;
+  void Number(std::int64_t number) override;
+  void Number(float number) override;
+  void Seconds(double seconds) override;
+  void Missing() override;
   void EndLine();
 
  private:
@@ -31,6 +32,8 @@ class Csv {
   bool begun_ = false;  ///< the line has a cell
 };
 
+/// A number that somebody typed; nothing for any other text, and for one beyond a single.
+std::optional<float> TypedSingle(std::string_view text);
 /// "mm-dd-yyyy" as "yyyy-mm-dd"; empty when it is no date.
 std::string IsoDate(std::string_view date);
 /// A time of day as "hh:mm:ss"; empty when it is none.

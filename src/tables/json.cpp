@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 #include "model/wording.h"
 
@@ -65,7 +66,18 @@ Json& Json::Number(std::int64_t number) {
 }
 
 Json& Json::Number(double number) {
-  std::array<char, 400> digits{};  // the largest double has 309
+  return Shortest(number);
+}
+
+Json& Json::Number(float number) {
+  return Shortest(number);
+}
+
+/// In as few digits as bring the number back.
+template <typename Value>
+Json& Json::Shortest(Value number) {
+  if (!std::isfinite(number)) return Null();
+  std::array<char, 32> digits{};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
   return Literal({digits.data(), end.ptr});
 }

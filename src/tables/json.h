@@ -19,16 +19,21 @@ class Json {
   /// `text` is UTF-8.
   Json& Text(std::string_view text);
   Json& Number(std::int64_t number);
+  /// Nothing JSON has a word for is null.
   Json& Number(double number);
+  Json& Number(float number);
   /// A number of seconds, as a whole one.
   Json& Seconds(double seconds);
   Json& Bool(bool value) { return Literal(value ? "true" : "false"); }
   Json& Null() { return Literal("null"); }
+  /// `literal` is JSON already.
+  Json& Literal(std::string_view literal);
 
  private:
   Json& Begin(char bracket);
   Json& End(char bracket);
-  Json& Literal(std::string_view literal);
+  template <typename Value>
+  Json& Shortest(Value number);
   void Separate();
   void Quote(std::string_view text);
 

@@ -1,157 +1,136 @@
 #include "tables/observation_json.h"
 
-#include <algorithm>
+#include <array>
 #include <cstddef>
-#include <utility>
+#include <span>
 #include <vector>
 
-#include "model/episode.h"
+#include "model/activities.h"
 #include "model/validation.h"
-#include "model/wording.h"
 #include "reports/question_plot.h"
 #include "reports/time_summary.h"
-#include "store/numbers.h"
 #include "store/text_encoding.h"
+#include "tables/csv.h"
 #include "tables/json.h"
 #include "tables/statistics_json.h"
+#include "tables/tidy_columns.h"
 
 namespace orvex {
 namespace {
 
-void AddHeader(const EpsObservation& observation, Json& json) {
-  const EpsHeader& header = observation.header;
-  const Identity& identity = header.identity;
-  json.Key("header").BeginObject();
-  json.Key("SchoolNum").Text(identity.SchoolNum);
-  json.Key("ClassNum").Text(identity.ClassNum);
-  json.Key("ObservNum").Text(identity.ObservNum);
-  json.Key("NumStudents").Text(identity.NumStudents);
-  json.Key("Initials").Text(identity.Initials);
-  json.Key("ObservDate").Text(header.ObservDate);
-  json.Key("StartTime").Text(header.StartTime);
-  json.Key("episodes").Number(std::int64_t{std::ssize(observation.Episodes)});
-  json.Key("averages").BeginArray();
-  for (const float average : header.ActivityOfftask) json.Text(PrintDigits(average));
-  json.EndArray().EndObject();
-}
+/// Counts up when a member changes its meaning or goes.
+constexpr std::int64_t kSchema = 1;
 
-/// A segment's numbers are those of its line in the file.
-void AddSegment(const SegmentData& segment, Json& json) {
-  const int activity = segment.activityNum;
-  json.BeginObject().Key("numbers").BeginArray().Number(std::int64_t{activity});
-  json.Seconds(static_cast<double>(segment.duration));
-  for (const SubCode code : ActivityOf(activity).subCodes) {
-    json.Number(std::int64_t{segment.*SchemeOf(code).stored});
+/// The groups of the time summary, in the order of `ActivityGroup`.
+constexpr std::array<std::string_view, kActivityGroupCount> kGroupNames = {
+    "classroom_management", "direct_instruction", "seatwork_and_pairwork", "tests_and_quizzes"};
+
+/// The values of a row as those of an object.
+class JsonCells final : public Cells {
+ public:
+  explicit JsonCells(Json& json) : json_(json) {}
+
+  void Text(std::string_view text) override { json_.Text(text); }
+  void Code(std::string_view code) override {
+    if (code.empty()) {
+      Missing();
+    } else if (code.find_first_not_of("0123456789") == std::string_view::npos) {
+      json_.Literal(code);
+    } else {
+      json_.Text(code);
+    }
   }
-  json.EndArray().Key("about").Text(segment.aboutdata).EndObject();
+  void Number(std::int64_t number) override { json_.Number(number); }
+  void Number(float number) override { json_.Number(number); }
+  void Seconds(double seconds) override { json_.Seconds(seconds); }
+  void Missing() override { json_.Null(); }
+
+ private:
+  Json& json_;
+};
+
+void AddVariables(std::span<const TidyColumn> columns, const TidyRow& row, Json& json) {
+  JsonCells cells(json);
+  for (const TidyColumn& column : columns) {
+    json.Key(column.name);
+    column.write(row, column.argument, cells);
+  }
 }
 
-void AddQuestion(const questionInfo& question, Json& json) {
-  json.BeginObject();
-  json.Key("text").Text(question.question);
-  json.Key("name").Text(question.respondName);
-  json.Key("segment").Number(std::int64_t{question.iSgQ});
-  json.Key("letters").BeginArray();
-  for (const Dimension dimension : kLetteredDimensions) json.Text(question.Text(dimension));
-  json.EndArray().EndObject();
+void AddObservation(std::string_view file, const EpsHeader& header, Json& json) {
+  const auto columns = std::span(ColumnsOf(TidyTable::episodes)).first(kObservationColumns);
+  const Episode none;
+  const std::vector<DialogicSpell> spells;
+  AddVariables(columns, {.file = file, .header = header, .episode = none, .spells = spells}, json);
+}
+
+/// The rows of a tidy table, which need not say again which observation they are of. `more` adds
+/// further members to a row.
+template <typename More>
+void AddRows(TidyTable table, const EpsObservation& observation, Json& json, More more) {
+  const auto columns = std::span(ColumnsOf(table)).subspan(kObservationColumns);
+  json.Key(NameOf(table)).BeginArray();
+  ForEachRow(table, "", observation, [&](const TidyRow& row) {
+    json.BeginObject();
+    AddVariables(columns, row, json);
+    more(row);
+    json.EndObject();
+  });
+  json.EndArray();
+}
+
+/// What the question lacks, by the names of its variables.
+void AddMissing(const questionInfo& question, Json& json) {
+  const MissingCodes missing = FindMissingCodes(question);
+  json.Key("missing").BeginArray();
+  if (missing.text) json.Text("text");
+  for (const Dimension dimension : missing.dimensions) json.Text(SchemeOf(dimension).variable);
+  json.EndArray();
+}
+
+void AddSpells(const std::vector<DialogicSpell>& spells, Json& json) {
+  json.Key("dialogic_spells").BeginArray();
+  for (const DialogicSpell& spell : spells) {
+    json.BeginObject().Key("first").Number(std::int64_t{spell.first});
+    json.Key("last").Number(std::int64_t{spell.last}).EndObject();
+  }
+  json.EndArray();
 }
 
 void AddPlot(const QuestionPlot& plot, Json& json) {
-  json.Key("plot").BeginObject();
-  for (std::size_t row = 0; row < kPlotRows; ++row) {
-    json.Key(std::to_string(row)).Text(plot.PlotRows[row]);
-  }
-  json.EndObject();
-}
-
-void AddEpisode(const Identity& identity, int number, const Episode& episode, Json& json) {
-  json.BeginObject();
-  json.Key("description").Text(episode.Descript);
-  json.Key("review").Text(episode.bReview);
-  json.Key("label").Text(ActivityLabel(episode));
-  json.Key("duration").Seconds(episode.duration());
-  json.Key("durationWords").Text(DurationInWords(episode.duration()));
-  json.Key("segments").BeginArray();
-  for (const SegmentData& segment : episode.segments) AddSegment(segment, json);
-  json.EndArray().Key("questions").BeginArray();
-  for (const questionInfo& question : episode.questions) AddQuestion(question, json);
+  json.Key("plot").BeginArray();
+  for (const std::string& row : plot.PlotRows) json.Text(row);
   json.EndArray();
-  json.Key("offtask").Text(PrintDigits(episode.offtask));
-  json.Key("offtaskExport").Text(FormatPattern(episode.offtask, "0.#######"));
-  json.Key("spells").BeginArray();
-  for (const DialogicSpell& spell : FindDialogicSpells(episode.questions)) {
-    json.BeginArray().Number(std::int64_t{spell.first}).Number(std::int64_t{spell.last}).EndArray();
-  }
-  json.EndArray().Key("summaryCounts").BeginArray();
-  const QuestionCounts counts = EpisodeQuestionCounts(episode);
-  for (const auto count : kQuestionCounts) json.Number(std::int64_t{counts.*count});
-  json.EndArray();
-  AddStatistics(MakeQuestionStatistics(identity, number, episode), json);
-  AddPlot(MakeQuestionPlot(identity, number, episode), json);
-  json.EndObject();
 }
 
 void AddTimeSummary(const TimeSummary& summary, Json& json) {
-  std::vector<std::pair<int, const TimeSummaryRow*>> rows;  // with the number of their block
-  for (std::size_t block = 0; block < summary.blocks.size(); ++block) {
-    for (const TimeSummaryRow& row : summary.blocks[block].rows) {
-      rows.emplace_back(static_cast<int>(block + 1), &row);
+  json.Key("time_summary").BeginObject().Key("activities").BeginArray();
+  for (std::size_t group = 0; group < summary.blocks.size(); ++group) {
+    for (const TimeSummaryRow& row : summary.blocks[group].rows) {
+      json.BeginObject().Key("activity").Number(std::int64_t{row.activity});
+      json.Key("group").Text(kGroupNames[group]).Key("seconds").Seconds(row.seconds);
+      json.Key("offtask");
+      row.meanOfftask ? json.Number(*row.meanOfftask) : json.Null();
+      json.EndObject();
     }
   }
-  std::ranges::sort(rows, {}, [](const auto& row) { return row.second->activity; });
-  json.Key("timeSummary").BeginObject().Key("Label53").Text(summary.title);
-  json.Key("rows").BeginArray();
-  for (const auto& [block, row] : rows) {
-    json.BeginArray().Number(std::int64_t{block}).Number(std::int64_t{row->activity});
-    json.Text(row->name).Text(row->time).Text(row->offtask).EndArray();
-  }
   json.EndArray();
-  json.Key("nonInstructional").Text(summary.nonInstructional);
-  json.Key("instructional").Text(summary.instructional);
-  json.Key("total").Text(summary.total).EndObject();
+  json.Key("non_instructional_seconds").Seconds(summary.nonInstructionalSeconds);
+  json.Key("instructional_seconds").Seconds(summary.instructionalSeconds);
+  json.EndObject();
 }
 
-/// A question that is not fully coded: its episode, its number, what is missing.
-struct Uncoded {
-  std::size_t ep = 0;
-  std::size_t q = 0;
-  MissingCodes missing;
-};
-
-void AddUncoded(const EpisodeList& episodes, Json& json) {
-  std::vector<Uncoded> uncoded;
-  for (std::size_t ep = 0; ep < episodes.size(); ++ep) {
-    const auto& questions = episodes[ep].questions;
-    for (std::size_t q = 0; q < questions.size(); ++q) {
-      MissingCodes missing = FindMissingCodes(questions[q]);
-      if (!missing.None()) uncoded.push_back({ep + 1, q + 1, std::move(missing)});
-    }
-  }
-  const auto place = [&json](const Uncoded& question) {
-    json.Number(static_cast<std::int64_t>(question.ep));
-    json.Number(static_cast<std::int64_t>(question.q));
-  };
-  json.Key("firstUncoded").BeginArray().Number(std::int64_t{uncoded.empty() ? -1 : 1});
-  if (!uncoded.empty()) place(uncoded.front());
-  json.EndArray().Key("uncoded").BeginArray();
-  for (const Uncoded& question : uncoded) {
-    json.BeginArray();
-    place(question);
-    json.BeginArray();
-    if (question.missing.text) json.Text("question");
-    for (const Dimension dimension : question.missing.dimensions) {
-      json.Text(SchemeOf(dimension).field);
-    }
-    json.EndArray().EndArray();
-  }
-  json.EndArray();
+void AddNumber(std::string_view name, std::string_view typed, Json& json) {
+  const auto number = TypedSingle(typed);
+  json.Key(name);
+  number ? json.Number(*number) : json.Null();
 }
 
 void AddSurvey(const SurFile& survey, Json& json) {
   json.BeginObject();
-  json.Key("SchoolNum").Text(survey.identity.SchoolNum);
-  json.Key("ClassNum").Text(survey.identity.ClassNum);
-  json.Key("ObservNum").Text(survey.identity.ObservNum);
+  AddNumber("school", survey.identity.SchoolNum, json);
+  AddNumber("class", survey.identity.ClassNum, json);
+  AddNumber("observation", survey.identity.ObservNum, json);
   json.Key("checks").BeginArray();
   for (const auto& group : survey.answers.checks) {
     json.BeginArray();
@@ -173,16 +152,18 @@ std::string ObservationJson(const std::filesystem::path& file, const EpsObservat
                             const std::optional<SurFile>& survey) {
   std::string text;
   Json json(text);
-  json.BeginObject().Key("file").Text(Decode(file.string()).text);
-  AddHeader(observation, json);
-  json.Key("episodes").BeginArray();
-  int number = 0;
-  for (const Episode& episode : observation.Episodes) {
-    AddEpisode(observation.header.identity, ++number, episode, json);
-  }
-  json.EndArray();
+  json.BeginObject().Key("schema").Number(kSchema);
+  AddObservation(Decode(file.string()).text, observation.header, json);
+  AddRows(TidyTable::episodes, observation, json, [&](const TidyRow& row) {
+    const Identity& identity = row.header.identity;
+    AddSpells(row.spells, json);
+    AddStatistics(MakeQuestionStatistics(identity, row.episodeNumber, row.episode), json);
+    AddPlot(MakeQuestionPlot(identity, row.episodeNumber, row.episode), json);
+  });
+  AddRows(TidyTable::segments, observation, json, [](const TidyRow&) {});
+  AddRows(TidyTable::questions, observation, json,
+          [&](const TidyRow& row) { AddMissing(*row.question, json); });
   AddTimeSummary(MakeTimeSummary(observation.header, observation.Episodes), json);
-  AddUncoded(observation.Episodes, json);
   json.Key("survey");
   if (survey) {
     AddSurvey(*survey, json);

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "store/eps_file.h"
-#include "tables/csv.h"
+#include "tables/cells.h"
 #include "tables/tidy_tables.h"
 
 namespace orvex {
@@ -32,12 +34,20 @@ struct TidyColumn {
   std::string name;
   std::string label;
   std::string_view type;  ///< "text", "number", "date", "time", "code"
-  void (*write)(const TidyRow& row, int argument, Csv& csv);
+  void (*write)(const TidyRow& row, int argument, Cells& cells);
   int argument = 0;  ///< for columns that differ in a number only
   std::vector<ValueLabel> values = {};
 };
 
+/// How many of the first columns of every table say which observation it is; the episode's number
+/// is the next.
+inline constexpr std::size_t kObservationColumns = 8;
+
 /// The variables of a table, in their order.
 const std::vector<TidyColumn>& ColumnsOf(TidyTable table);
+
+/// Hands over the rows of an observation, in their order. They last no longer than the call.
+void ForEachRow(TidyTable table, std::string_view file, const EpsObservation& observation,
+                const std::function<void(const TidyRow&)>& take);
 
 }  // namespace orvex

@@ -1,42 +1,13 @@
 #include "tables/tidy_tables.h"
 
-#include <cstddef>
 #include <utility>
 
+#include "tables/csv.h"
 #include "tables/episode_rows.h"
 #include "tables/tidy_columns.h"
 
 namespace orvex {
 namespace {
-
-void AppendRow(const std::vector<TidyColumn>& columns, const TidyRow& row, std::string& rows) {
-  Csv csv(rows);
-  for (const TidyColumn& column : columns) column.write(row, column.argument, csv);
-  csv.EndLine();
-}
-
-void AppendRowsOfEpisode(TidyTable table, TidyRow row, std::string& rows) {
-  const auto& columns = ColumnsOf(table);
-  switch (table) {
-    case TidyTable::questions:
-      for (const questionInfo& question : row.episode.questions) {
-        row.question = &question;
-        ++row.number;
-        AppendRow(columns, row, rows);
-      }
-      return;
-    case TidyTable::segments:
-      for (const SegmentData& segment : row.episode.segments) {
-        row.segment = &segment;
-        ++row.number;
-        AppendRow(columns, row, rows);
-      }
-      return;
-    case TidyTable::episodes:
-      AppendRow(columns, row, rows);
-      return;
-  }
-}
 
 std::string Header(TidyTable table) {
   std::string header;
@@ -62,17 +33,11 @@ std::string_view NameOf(TidyTable table) {
 
 void AppendTidyRows(TidyTable table, std::string_view file, const EpsObservation& observation,
                     std::string& rows) {
-  int number = 0;
-  for (const Episode& episode : observation.Episodes) {
-    const auto spells = FindDialogicSpells(episode.questions);
-    AppendRowsOfEpisode(table,
-                        {.file = file,
-                         .header = observation.header,
-                         .episode = episode,
-                         .spells = spells,
-                         .episodeNumber = ++number},
-                        rows);
-  }
+  Csv csv(rows);
+  ForEachRow(table, file, observation, [&](const TidyRow& row) {
+    for (const TidyColumn& column : ColumnsOf(table)) column.write(row, column.argument, csv);
+    csv.EndLine();
+  });
 }
 
 TableKind TidyTableKind(TidyTable table, WarnOf warnOf) {
@@ -100,13 +65,19 @@ std::string CodebookFileName(TidyTable table) {
 std::string Codebook(TidyTable table) {
   std::string text;
   Csv csv(text);
-  csv.Code("variable").Code("label").Code("type").Code("value").Code("value_label").EndLine();
+  for (const char* name : {"variable", "label", "type", "value", "value_label"}) csv.Code(name);
+  csv.EndLine();
   for (const TidyColumn& column : ColumnsOf(table)) {
-    const auto begin = [&]() -> Csv& {
-      return csv.Code(column.name).Text(column.label).Code(column.type);
+    const auto line = [&](std::string_view value, std::string_view label) {
+      csv.Code(column.name);
+      csv.Text(column.label);
+      csv.Code(column.type);
+      csv.Code(value);
+      csv.Text(label);
+      csv.EndLine();
     };
-    if (column.values.empty()) begin().Missing().Missing().EndLine();
-    for (const auto& [value, label] : column.values) begin().Code(value).Text(label).EndLine();
+    if (column.values.empty()) line("", "");
+    for (const auto& [value, label] : column.values) line(value, label);
   }
   return text;
 }
