@@ -6,19 +6,19 @@ namespace orvex {
 
 struct RunningClass;
 
-/// The forms, by the part they play.
+/// The forms, by the part they play. A form comes after those it works with.
 enum class Screen {
   mainMenu,
   setUp,
   liveObservation,
   aboutText,
   questionEntry,
-  questionEditor,
-  survey,
   episodeEditor,
   timeSummary,
   questionStats,
   questionPlot,
+  questionEditor,
+  survey,
   listOfFiles,
 };
 

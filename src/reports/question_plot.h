@@ -29,9 +29,6 @@ struct PlotGroup {
 };
 extern const std::array<PlotGroup, 10> kPlotGroups;
 
-/// The form that opened the plot and is shown again when it closes.
-enum class PlotCaller { episodeEditor, statistics };
-
 /// An episode's questions as a chart of characters: character n of a row belongs to question n.
 struct QuestionPlot {
   std::string title;      ///< "7-12-3 Episode 2"

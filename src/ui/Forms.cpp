@@ -2,14 +2,19 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QDialog>
+#include <QWindow>
+#include <iterator>
+#include <optional>
 #include <utility>
+#include <vector>
 
 #include "editor/edited_file.h"
 #include "recovery/recovery_file.h"
 #include "start/field_notes_file.h"
 #include "survey/load_survey.h"
 #include "ui/OnceInUse.h"
-#include "ui/Present.h"
+#include "ui/ReportForms.h"
 #include "ui/forms/frmAboutInputBox.h"
 #include "ui/forms/frmClassAct.h"
 #include "ui/forms/frmClassEdit.h"
@@ -26,6 +31,72 @@
 
 namespace orvex {
 
+struct Forms::Row {
+  /// Makes the form. Without it, the form is loaded by whoever knows what it is about.
+  std::function<LoadedForm(Forms&)> make = {};
+  /// Whose place it takes on the screen: that of the first of these that is loaded.
+  std::vector<Screen> over = {};
+  /// What goes with it when it closes.
+  std::vector<Screen> closes = {};
+};
+
+const Forms::Row& Forms::RowOf(Screen screen) {
+  /// Makes the form of a report on what the episode editor shows.
+  const auto report = [](auto make) {
+    return [make](Forms& forms) {
+      auto* edit = forms.Get<frmClassEdit>();
+      return edit ? LoadedForm(make(forms, edit->Editor())) : LoadedForm();
+    };
+  };
+  static const std::map<Screen, Row> rows = {
+      {Screen::mainMenu,
+       {.make = [](Forms& forms) { return std::make_unique<frmSplash>(forms.services_); }}},
+      {Screen::setUp,
+       {.make = [](Forms& forms) { return std::make_unique<frmInput1>(forms.services_); }}},
+      {Screen::liveObservation,
+       {.make = [](Forms& forms) { return std::make_unique<frmClassAct>(forms.services_); },
+        .closes = {Screen::survey, Screen::questionEditor, Screen::questionEntry,
+                   Screen::aboutText}}},
+      {Screen::aboutText,
+       {.make =
+            [](Forms& forms) {
+              frmClassAct& live = forms.LiveForm();
+              return std::make_unique<frmAboutInputBox>(live.Live(), &live);
+            }}},
+      {Screen::questionEntry,
+       {.make =
+            [](Forms& forms) {
+              frmClassAct& live = forms.LiveForm();
+              return std::make_unique<frmEnterQA>(forms.services_, live.Live(), live.Clocks());
+            },
+        .over = {Screen::liveObservation}}},
+      {Screen::episodeEditor, {}},
+      {Screen::timeSummary,
+       {.make = report([](Forms& forms, const EpisodeEditor& editor) {
+          return MakeTimeSummaryForm(forms.services_, editor);
+        }),
+        .over = {Screen::episodeEditor}}},
+      {Screen::questionStats,
+       {.make = report([](Forms& forms, const EpisodeEditor& editor) {
+          return MakeQuestionStatsForm(forms.services_, editor);
+        }),
+        .over = {Screen::episodeEditor}}},
+      {Screen::questionPlot,
+       {.make = report([](Forms& forms, const EpisodeEditor& editor) {
+          const auto* stats = forms.Get<frmQuestionStats>();
+          const bool fromStats = stats && stats->isVisible();
+          return MakeQuestionPlotForm(forms.services_, editor,
+                                      fromStats ? Screen::questionStats : Screen::episodeEditor);
+        }),
+        .over = {Screen::episodeEditor}}},
+      {Screen::questionEditor,
+       {.over = {Screen::questionEntry, Screen::liveObservation, Screen::episodeEditor}}},
+      {Screen::survey, {.over = {Screen::liveObservation}}},
+      {Screen::listOfFiles, {.over = {Screen::mainMenu}}},
+  };
+  return rows.at(screen);
+}
+
 Forms::Forms(Program& program, SessionLog& log, RecoveryFile& recovery, Storage& storage,
              const Clock& clock, Prompter& prompter, std::filesystem::path programFolder)
     : programFolder_(std::move(programFolder)), services_{program, log,           recovery,
@@ -36,199 +107,147 @@ Forms::Forms(Program& program, SessionLog& log, RecoveryFile& recovery, Storage&
   // Whatever an event has changed is kept before the program waits for the next one.
   QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
                    &ending_, [this] {
-                     if (classAct_) classAct_->Live().Keep();
-                     if (classEdit_) classEdit_->Editor().Keep();
+                     if (auto* live = Get<frmClassAct>()) live->Live().Keep();
+                     if (auto* edit = Get<frmClassEdit>()) edit->Editor().Keep();
                    });
 }
 
-Forms::~Forms() = default;
+Forms::~Forms() {
+  // A form goes before the forms it works with.
+  while (!loaded_.empty()) loaded_.erase(std::prev(loaded_.end()));
+}
 
-QWidget* Forms::Loaded(Screen screen) const {
-  switch (screen) {
-    case Screen::mainMenu:
-      return splash_.get();
-    case Screen::setUp:
-      return input1_.get();
-    case Screen::liveObservation:
-      return classAct_.get();
-    case Screen::aboutText:
-      return aboutInputBox_.get();
-    case Screen::questionEntry:
-      return enterQA_.get();
-    case Screen::questionEditor:
-      return qa_.get();
-    case Screen::survey:
-      return matrices_.get();
-    case Screen::episodeEditor:
-      return classEdit_.get();
-    case Screen::timeSummary:
-      return timeSummary_.get();
-    case Screen::questionStats:
-      return questionStats_.get();
-    case Screen::questionPlot:
-      return questionPlot_.get();
-    case Screen::listOfFiles:
-      return listOfFiles_.get();
+template <typename Form>
+Form* Forms::Get() const {
+  for (const auto& [screen, loaded] : loaded_) {
+    if (auto* form = qobject_cast<Form*>(loaded.widget.get())) return form;
   }
   return nullptr;
 }
 
 frmClassAct& Forms::LiveForm() {
-  if (!classAct_) classAct_ = std::make_unique<frmClassAct>(services_);
-  return *classAct_;
+  Load(Screen::liveObservation);
+  return *Get<frmClassAct>();
+}
+
+void Forms::Load(Screen screen, LoadedForm form) {
+  Close(screen);
+  if (!form.widget) return;
+  for (const Screen over : RowOf(screen).over) {
+    const auto there = loaded_.find(over);
+    if (there == loaded_.end()) continue;
+    PlaceOver(*form.widget, *there->second.widget);
+    break;
+  }
+  loaded_.emplace(screen, std::move(form));
+}
+
+void Forms::Load(Screen screen) {
+  const Row& row = RowOf(screen);
+  if (row.make && !loaded_.contains(screen)) Load(screen, row.make(*this));
+}
+
+void Forms::BringToFront(Screen screen) {
+  const auto found = loaded_.find(screen);
+  if (found == loaded_.end()) return;
+  QWidget& form = *found->second.widget;
+  // A copy: what is refreshed may close the form.
+  const std::function<void()> refresh = found->second.refresh;
+  if (auto* dialog = qobject_cast<QDialog*>(&form)) {
+    refresh();
+    dialog->exec();
+    return;
+  }
+  form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
+  if (!form.isVisible()) FitToScreen(form);
+  // A form that comes back stands where it stood; only its first place is the window manager's.
+  // Told without the frame, which a hidden window does not have.
+  if (form.windowHandle() && !form.isVisible()) {
+    form.windowHandle()->setPosition(form.geometry().topLeft());
+  }
+  form.show();
+  form.raise();
+  form.activateWindow();
+  // Last: a focus wish needs a form that can have it.
+  refresh();
 }
 
 void Forms::Show(Screen screen) {
-  switch (screen) {
-    case Screen::mainMenu:
-      if (!splash_) splash_ = std::make_unique<frmSplash>(services_);
-      return Present(*splash_);
-    case Screen::setUp:
-      if (!input1_) input1_ = std::make_unique<frmInput1>(services_);
-      return Present(*input1_);
-    case Screen::liveObservation:
-      return Present(LiveForm());
-    case Screen::aboutText:
-      return ShowAboutText();
-    case Screen::questionEntry:
-      if (!enterQA_) {
-        frmClassAct& live = LiveForm();
-        enterQA_ = std::make_unique<frmEnterQA>(services_, live.Live(), live.Clocks());
-        // It takes the live form's place, also on the screen.
-        PlaceOver(*enterQA_, live);
-      }
-      return Present(*enterQA_);
-    case Screen::questionEditor:
-      if (qa_) Present(*qa_);
-      return;
-    case Screen::survey:
-      if (matrices_) Present(*matrices_);
-      return;
-    case Screen::episodeEditor:
-      if (!classEdit_) return;
-      classEdit_->Editor().Activate();
-      return Present(*classEdit_);
-    case Screen::timeSummary:
-      return ShowTimeSummary();
-    case Screen::questionStats:
-      return ShowQuestionStats();
-    case Screen::questionPlot:
-      return ShowQuestionPlot();
-    case Screen::listOfFiles:
-      if (listOfFiles_) Present(*listOfFiles_);
-      return;
-  }
-}
-
-void Forms::ShowAboutText() {
-  if (!aboutInputBox_) {
-    frmClassAct& live = LiveForm();
-    aboutInputBox_ = std::make_unique<frmAboutInputBox>(live.Live(), &live);
-  }
-  aboutInputBox_->Refresh();
-  aboutInputBox_->exec();
+  Load(screen);
+  BringToFront(screen);
 }
 
 void Forms::Hide(Screen screen) {
-  if (QWidget* form = Loaded(screen)) form->hide();
+  const auto found = loaded_.find(screen);
+  if (found != loaded_.end()) found->second.widget->hide();
 }
 
 void Forms::Close(Screen screen) {
-  switch (screen) {
-    case Screen::mainMenu:
-      return Unload(splash_);
-    case Screen::setUp:
-      return Unload(input1_);
-    case Screen::liveObservation:
-      Unload(matrices_);
-      Unload(qa_);
-      Unload(enterQA_);
-      Unload(aboutInputBox_);
-      return Unload(classAct_);
-    case Screen::aboutText:
-      return Unload(aboutInputBox_);
-    case Screen::questionEntry:
-      return Unload(enterQA_);
-    case Screen::questionEditor:
-      return Unload(qa_);
-    case Screen::survey:
-      return Unload(matrices_);
-    case Screen::episodeEditor:
-      return Unload(classEdit_);
-    case Screen::timeSummary:
-      return Unload(timeSummary_);
-    case Screen::questionStats:
-      return Unload(questionStats_);
-    case Screen::questionPlot:
-      return Unload(questionPlot_);
-    case Screen::listOfFiles:
-      return Unload(listOfFiles_);
-  }
+  const auto found = loaded_.find(screen);
+  if (found == loaded_.end()) return;
+  for (const Screen along : RowOf(screen).closes) Close(along);
+  found->second.widget->hide();
+  // The operation that closes a form may have come from it, and goes on in it.
+  loaded_.extract(found).mapped().widget.release()->deleteLater();
 }
 
 void Forms::ShowQuestionEditor(EditorCaller caller, bool proofMode) {
   QuestionEditorStart start = {.caller = caller, .proofMode = proofMode};
-  const QWidget* opener = classEdit_.get();
   if (caller == EditorCaller::liveObservation || caller == EditorCaller::questionEntry) {
     frmClassAct& live = LiveForm();
-    qa_ = std::make_unique<frmQA>(services_, start, &live.Live(), &live.Clocks());
-    opener = &live;
-    if (caller == EditorCaller::questionEntry && enterQA_) opener = enterQA_.get();
+    Load(Screen::questionEditor,
+         std::make_unique<frmQA>(services_, start, &live.Live(), &live.Clocks()));
   } else {
-    if (classEdit_) {
-      start.episode = classEdit_->Editor().CurrentEpisode();
-      classEdit_->Editor().LeaveBox();
+    auto* edit = Get<frmClassEdit>();
+    if (edit) {
+      start.episode = edit->Editor().CurrentEpisode();
+      edit->Editor().LeaveBox();
     }
-    qa_ = std::make_unique<frmQA>(services_, start, nullptr, nullptr);
-    if (classEdit_) qa_->Editor().KeepStepsWith(classEdit_->Editor().Steps());
+    auto form = std::make_unique<frmQA>(services_, start, nullptr, nullptr);
+    if (edit) form->Editor().KeepStepsWith(edit->Editor().Steps());
+    Load(Screen::questionEditor, std::move(form));
   }
-  // It takes the opener's place, also on the screen.
-  if (opener) PlaceOver(*qa_, *opener);
-  Present(*qa_);
+  BringToFront(Screen::questionEditor);
 }
 
 void Forms::ShowTakenUpClass(const RunningClass& running) {
-  Unload(classAct_);
-  classAct_ = std::make_unique<frmClassAct>(services_, &running);
-  classAct_->Live().ShowForms();
-  if (!classAct_->Live().AreNotesOpen()) return;
-  OnceInUse(*classAct_, [this] { classAct_->Live().cmdFieldNote_Click(); });
+  Load(Screen::liveObservation, std::make_unique<frmClassAct>(services_, &running));
+  frmClassAct& live = LiveForm();
+  live.Live().ShowForms();
+  if (!live.Live().AreNotesOpen()) return;
+  OnceInUse(live, [&live] { live.Live().cmdFieldNote_Click(); });
 }
 
 void Forms::ShowSurvey(SurveyCaller caller) {
-  if (!matrices_) {
-    matrices_ = std::make_unique<frmMatrices>(services_, LiveForm().Live(), caller);
-    PlaceOver(*matrices_, LiveForm());
+  if (!loaded_.contains(Screen::survey)) {
+    Load(Screen::survey, std::make_unique<frmMatrices>(services_, LiveForm().Live(), caller));
   }
-  matrices_->SetCaller(caller);
-  Present(*matrices_);
+  Get<frmMatrices>()->SetCaller(caller);
+  BringToFront(Screen::survey);
 }
 
 void Forms::ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) {
-  Unload(listOfFiles_);
-  listOfFiles_ = std::make_unique<frmListOfFiles>(services_, kind, list);
-  QObject::connect(listOfFiles_.get(), &frmListOfFiles::Finished, &ending_,
+  auto form = std::make_unique<frmListOfFiles>(services_, kind, list);
+  QObject::connect(form.get(), &frmListOfFiles::Finished, &ending_,
                    [this] { Close(Screen::listOfFiles); });
-  // It takes the menu's place, also on the screen.
-  if (splash_) PlaceOver(*listOfFiles_, *splash_);
-  Present(*listOfFiles_);
+  Load(Screen::listOfFiles, std::move(form));
+  BringToFront(Screen::listOfFiles);
 }
 
 bool Forms::ShowSurveyFile(const std::filesystem::path& file, Kept kept) {
   std::optional<LoadedSurvey> survey = LoadSurvey(services_, file, kept);
   if (!survey) return false;
-  Unload(matrices_);
-  matrices_ = std::make_unique<frmMatrices>(services_, std::move(*survey));
-  Present(*matrices_);
+  Load(Screen::survey, std::make_unique<frmMatrices>(services_, std::move(*survey)));
+  BringToFront(Screen::survey);
   return true;
 }
 
 bool Forms::ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) {
   LoadOutcome outcome = LoadEpisodes(services_, file, kept);
   if (!outcome.loaded) return false;
-  Unload(classEdit_);
-  classEdit_ = std::make_unique<frmClassEdit>(services_, std::move(*outcome.loaded));
-  Present(*classEdit_);
+  Load(Screen::episodeEditor,
+       std::make_unique<frmClassEdit>(services_, std::move(*outcome.loaded)));
+  BringToFront(Screen::episodeEditor);
   return true;
 }
 
@@ -237,10 +256,10 @@ void Forms::ShowFieldNotes(const std::filesystem::path& file, Kept kept) {
 }
 
 void Forms::KeepAll() {
-  if (classAct_) classAct_->Live().Keep();
+  if (auto* live = Get<frmClassAct>()) live->Live().Keep();
   services_.recovery.AwaitStored();
-  if (classEdit_) classEdit_->Editor().AwaitKept();
-  if (matrices_) matrices_->Form().AwaitKept();
+  if (auto* edit = Get<frmClassEdit>()) edit->Editor().AwaitKept();
+  if (auto* survey = Get<frmMatrices>()) survey->Form().AwaitKept();
 }
 
 void Forms::EndProgram() {

@@ -1,28 +1,19 @@
 #pragma once
 
 #include <QObject>
+#include <QWidget>
 #include <filesystem>
+#include <functional>
+#include <map>
 #include <memory>
+#include <utility>
 
 #include "desk/screens.h"
 #include "desk/services.h"
 
 namespace orvex {
 
-struct Episode;
-
-class frmAboutInputBox;
 class frmClassAct;
-class frmClassEdit;
-class frmEnterQA;
-class frmInput1;
-class frmListOfFiles;
-class frmMatrices;
-class frmQA;
-class frmQuestionPlot;
-class frmQuestionStats;
-class frmSplash;
-class frmTimeSummary;
 
 /// The forms of the program, each built when it is first shown. When the user closes the last one,
 /// the program ends.
@@ -52,32 +43,36 @@ class Forms : public Screens {
   bool IsEnding() const { return isEnding_; }
 
  private:
-  QWidget* Loaded(Screen screen) const;
+  /// What is particular to a form.
+  struct Row;
+
+  /// A form, and how it is told to show what is to be seen.
+  struct LoadedForm {
+    LoadedForm() = default;
+    template <typename Form>
+    LoadedForm(std::unique_ptr<Form> made)
+        : refresh([form = made.get()] { form->Refresh(); }), widget(std::move(made)) {}
+
+    std::function<void()> refresh;
+    std::unique_ptr<QWidget> widget;
+  };
+
+  static const Row& RowOf(Screen screen);
+  /// The loaded form of this class; null without one.
+  template <typename Form>
+  Form* Get() const;
   frmClassAct& LiveForm();
-  void ShowAboutText();
-  const Episode* EditedEpisode() const;
-  void ShowTimeSummary();
-  void ShowQuestionStats();
-  void ShowQuestionPlot();
+  /// Loads `form`, which may be none, in the place of what is loaded there.
+  void Load(Screen screen, LoadedForm form);
+  /// Loads the form if it is not loaded and can be built from nothing else.
+  void Load(Screen screen);
+  void BringToFront(Screen screen);
 
   std::filesystem::path programFolder_;
   Services services_;
   bool isEnding_ = false;
   QObject ending_;  // what is asked of it is done after the running operation
-
-  // A form comes after the forms it works with.
-  std::unique_ptr<frmSplash> splash_;
-  std::unique_ptr<frmInput1> input1_;
-  std::unique_ptr<frmClassAct> classAct_;
-  std::unique_ptr<frmAboutInputBox> aboutInputBox_;
-  std::unique_ptr<frmEnterQA> enterQA_;
-  std::unique_ptr<frmClassEdit> classEdit_;
-  std::unique_ptr<frmTimeSummary> timeSummary_;
-  std::unique_ptr<frmQuestionStats> questionStats_;
-  std::unique_ptr<frmQuestionPlot> questionPlot_;
-  std::unique_ptr<frmQA> qa_;
-  std::unique_ptr<frmMatrices> matrices_;
-  std::unique_ptr<frmListOfFiles> listOfFiles_;
+  std::map<Screen, LoadedForm> loaded_;
 };
 
 }  // namespace orvex

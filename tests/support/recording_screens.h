@@ -54,10 +54,10 @@ class RecordingScreens : public Screens {
 
  private:
   static std::string Name(Screen screen) {
-    constexpr const char* kNames[] = {"mainMenu",      "setUp",         "liveObservation",
-                                      "aboutText",     "questionEntry", "questionEditor",
-                                      "survey",        "episodeEditor", "timeSummary",
-                                      "questionStats", "questionPlot",  "listOfFiles"};
+    constexpr const char* kNames[] = {"mainMenu",       "setUp",         "liveObservation",
+                                      "aboutText",      "questionEntry", "episodeEditor",
+                                      "timeSummary",    "questionStats", "questionPlot",
+                                      "questionEditor", "survey",        "listOfFiles"};
     return kNames[static_cast<std::size_t>(screen)];
   }
 };

@@ -303,6 +303,7 @@ void frmClassEdit::showEvent(QShowEvent* event) {
   coding_->Arrange();
   ui_->scrollArea->setMinimumWidth(ui_->scrollContents->minimumSizeHint().width() +
                                    ui_->scrollArea->verticalScrollBar()->sizeHint().width());
+  if (!event->spontaneous()) editor_.Activate();
   QWidget::showEvent(event);
 }
 

@@ -11,8 +11,8 @@
 namespace orvex {
 
 frmQuestionPlot::frmQuestionPlot(const QuestionPlot& plot, const EpisodeOrigin& origin,
-                                 PlotCaller caller, const Services& services, QWidget* parent)
-    : QWidget(parent), caller_(caller), ui_(std::make_unique<Ui::frmQuestionPlot>()) {
+                                 const Services& services, QWidget* parent)
+    : QWidget(parent), ui_(std::make_unique<Ui::frmQuestionPlot>()) {
   ui_->setupUi(this);
   ShowText(ui_->Label1, plot.title);
   ShowText(ui_->Label7, plot.totalText);
@@ -22,7 +22,7 @@ frmQuestionPlot::frmQuestionPlot(const QuestionPlot& plot, const EpisodeOrigin& 
       new ReportActions(this, ToQt(TextOf(plot)), std::make_unique<PrintedPlot>(plot, origin),
                         services, ui_->plotArea, Qt::Horizontal);
   connect(ui_->Command1, &QPushButton::clicked, actions, &ReportActions::Print);
-  connect(ui_->Command2, &QPushButton::clicked, this, [this] { Q_EMIT Back(caller_); });
+  connect(ui_->Command2, &QPushButton::clicked, this, &frmQuestionPlot::Back);
   FocusVisibly(ui_->Command2);
 }
 
@@ -30,7 +30,7 @@ frmQuestionPlot::~frmQuestionPlot() = default;
 
 void frmQuestionPlot::closeEvent(QCloseEvent* event) {
   event->ignore();  // the form goes when it is closed on its signal
-  Q_EMIT Back(caller_);
+  Q_EMIT Back();
 }
 
 }  // namespace orvex

@@ -19,22 +19,21 @@ class frmQuestionPlot : public QWidget {
 
  public:
   /// `origin` goes to paper only.
-  frmQuestionPlot(const QuestionPlot& plot, const EpisodeOrigin& origin, PlotCaller caller,
-                  const Services& services, QWidget* parent = nullptr);
+  frmQuestionPlot(const QuestionPlot& plot, const EpisodeOrigin& origin, const Services& services,
+                  QWidget* parent = nullptr);
   ~frmQuestionPlot() override;
 
   /// The form shows what it was made with.
   void Refresh() {}
 
  Q_SIGNALS:
-  /// The form is left, by its button or otherwise: it is to be closed, and `caller` shown again.
-  void Back(orvex::PlotCaller caller);
+  /// The form is left, by its button or otherwise, and is to be closed.
+  void Back();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  PlotCaller caller_;
   std::unique_ptr<Ui::frmQuestionPlot> ui_;
 };
 
