@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QAbstractButton>
 #include <QComboBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -76,25 +74,6 @@ inline void FocusBox(QLineEdit* box, Caret caret) {
 inline void FocusVisibly(QWidget* control) {
   control->window()->setAttribute(Qt::WA_KeyboardFocusChange);
   control->setFocus(Qt::TabFocusReason);
-}
-
-/// Alt and a letter are for a button. Where no button takes them, they must not type the letter.
-inline bool IsSpareMnemonic(const QKeyEvent& key) {
-  const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::ShiftModifier;
-  return modifiers == Qt::AltModifier && !key.text().isEmpty();
-}
-
-/// In a dialog Enter moves on from a box to `next`, and on a button it is done. True when the key
-/// was Enter, or Alt and a letter that no button takes: nobody else is to have it then.
-inline bool HandleDialogKey(const QKeyEvent& key, QObject* watched, QWidget* next) {
-  if (IsSpareMnemonic(key)) return true;
-  if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
-  if (auto* button = qobject_cast<QAbstractButton*>(watched)) {
-    button->click();
-  } else {
-    FocusVisibly(next);
-  }
-  return true;
 }
 
 /// Makes `label` stand out without taking the focus.

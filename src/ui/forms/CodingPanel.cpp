@@ -1,14 +1,12 @@
 #include "ui/forms/CodingPanel.h"
 
 #include <QComboBox>
-#include <QEvent>
 #include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "observe/live_observation.h"
-#include "ui/keys/PressGuard.h"
 #include "ui/show.h"
 #include "ui/text.h"
 #include "ui/widgets/ChoiceGroup.h"
@@ -58,10 +56,6 @@ void CodingPanel::ConnectCombos() {
             {SubCode::seatworkOrganization, ui_.Combo3, ui_.lblOrganization}};
   for (const auto& [code, box, label] : lists_) {
     box->setCompleter(nullptr);  // what is typed counts to the letter
-    box->setFocusPolicy(Qt::StrongFocus);
-    box->installEventFilter(this);
-    new PressGuard(box);
-    new PressGuard(box->lineEdit());
     connect(box, &QComboBox::currentTextChanged, this,
             [&live = live_, of = code](const QString& text) { live.TypeCode(of, FromQt(text)); });
   }
@@ -95,13 +89,6 @@ void CodingPanel::Refresh() {
     box->setEnabled(Carries(activity, code));
     ShowText(box, coding.Typed(code));
   }
-}
-
-bool CodingPanel::eventFilter(QObject* watched, QEvent* event) {
-  // The wheel scrolls the form; over a list that nobody is in, it must not code.
-  if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus()) return false;
-  event->ignore();
-  return true;
 }
 
 }  // namespace orvex

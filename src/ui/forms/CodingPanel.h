@@ -29,9 +29,6 @@ class CodingPanel : public QObject {
   void Refresh();
   void FocusActivity(int activity);
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
   void BuildChoices();
   void ConnectCombos();

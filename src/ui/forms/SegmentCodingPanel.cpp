@@ -14,7 +14,6 @@
 #include "editor/episode_editor.h"
 #include "model/activities.h"
 #include "ui/ReadFromStart.h"
-#include "ui/keys/PressGuard.h"
 #include "ui/show.h"
 #include "ui/widgets/ChoiceGroup.h"
 #include "ui_frmClassEdit.h"
@@ -73,7 +72,6 @@ SegmentCodingPanel::SegmentCodingPanel(Ui::frmClassEdit& ui, EpisodeEditor& edit
       preparation_(Pair(ui.optPrep_0, ui.optPrep_1, SubCode::preparation)) {
   BuildLists();
   KeepPlace(ui.frSeat);
-  ui.Text1->installEventFilter(this);
   connect(ui.Text1, &QLineEdit::textEdited, this, [this](const QString& text) {
     editor_.TypeSegmentDuration(FromQt(text));
     changed_();
@@ -108,8 +106,6 @@ void SegmentCodingPanel::BuildLists() {
 void SegmentCodingPanel::AddList(QComboBox* list, std::span<const std::string_view> rows,
                                  const std::function<void(int)>& choose) {
   Fill(list, rows);
-  list->installEventFilter(this);
-  new PressGuard(list);
   connect(list, &QComboBox::currentIndexChanged, this, [this, choose](int position) {
     choose(position);
     changed_();
@@ -195,19 +191,11 @@ void SegmentCodingPanel::RefreshSubCategories(const SegmentCodingView& coding) {
   list->setToolTip(Qt::convertFromPlainText(list->currentText()));
 }
 
-bool SegmentCodingPanel::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Wheel && watched != ui_.Text1) {
-    // The wheel scrolls the form; over a list that nobody is in, it must not code.
-    if (static_cast<QWidget*>(watched)->hasFocus()) return false;
-    event->ignore();
-    return true;
-  }
-  if (event->type() != QEvent::KeyPress) return false;
-  const auto& key = *static_cast<QKeyEvent*>(event);
-  if (watched == ui_.Text1) return !IsTypedInto(key);
-  if (key.key() != Qt::Key_Delete) return false;
+bool SegmentCodingPanel::TakeKey(const QWidget* control, const QKeyEvent& key) {
+  if (control == ui_.Text1) return !IsTypedInto(key);
+  if (key.key() != Qt::Key_Delete || !qobject_cast<const QComboBox*>(control)) return false;
   for (QComboBox* list : {ui_.cmboSubCat, ui_.cmbSrc, ui_.cmbCog}) {
-    if (watched == list) list->setCurrentIndex(SegmentCodingView::kNoChoice);
+    if (control == list) list->setCurrentIndex(SegmentCodingView::kNoChoice);
   }
   return true;
 }

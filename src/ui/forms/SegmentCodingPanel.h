@@ -8,6 +8,7 @@
 #include "model/segment_data.h"
 
 class QComboBox;
+class QKeyEvent;
 class QRadioButton;
 namespace Ui {
 class frmClassEdit;
@@ -32,9 +33,8 @@ class SegmentCodingPanel : public QObject {
   /// Gives the controls their fixed places, once the form has its fonts.
   void Arrange();
   void Refresh();
-
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  /// What a key does in one of the controls. True when it is done with.
+  bool TakeKey(const QWidget* control, const QKeyEvent& key);
 
  private:
   void BuildLists();

@@ -1,7 +1,6 @@
 #include "ui/forms/dlgDivideTime.h"
 
-#include <QKeyEvent>
-
+#include "ui/keys/FormKeys.h"
 #include "ui/show.h"
 #include "ui_dlgDivideTime.h"
 
@@ -27,10 +26,8 @@ dlgDivideTime::dlgDivideTime(int totalSeconds, QWidget* parent)
   });
   connect(ui_->OKButton, &QPushButton::clicked, this, &QDialog::accept);
   connect(ui_->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
-  for (QWidget* control :
-       std::initializer_list<QWidget*>{ui_->UpDown1, ui_->OKButton, ui_->CancelButton}) {
-    control->installEventFilter(this);
-  }
+  new FormKeys(this, {.pressedByEnter = {ui_->OKButton, ui_->CancelButton},
+                      .next = [this](const QWidget*) { return ui_->OKButton; }});
   Refresh();
   second->selectAll();
   ui_->UpDown1->setFocus();
@@ -42,11 +39,6 @@ void dlgDivideTime::Refresh() {
   ShowText(ui_->txtFirstSg, divide_.FirstText());
   ShowText(ui_->UpDown1->Box(), divide_.SecondText());
   ui_->UpDown1->EnableSteps(divide_.CanStep(1), divide_.CanStep(-1));
-}
-
-bool dlgDivideTime::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
-  return HandleDialogKey(*static_cast<QKeyEvent*>(event), watched, ui_->OKButton);
 }
 
 }  // namespace orvex

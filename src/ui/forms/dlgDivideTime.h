@@ -23,9 +23,6 @@ class dlgDivideTime : public QDialog {
   /// Copies what the dialog's logic says is shown into the controls.
   void Refresh();
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
   DivideTime divide_;
   std::unique_ptr<Ui::dlgDivideTime> ui_;

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 
+#include "ui/keys/FormKeys.h"
 #include "ui/show.h"
 #include "ui/text.h"
 #include "ui_dlgFieldNote.h"
@@ -16,12 +17,12 @@ dlgFieldNote::dlgFieldNote(const NotesPrompt& prompt, Prompter& prompter, QWidge
   ui_->setupUi(this);
   ui_->Text1->SetNotes(ToQt(prompt_.draft.value_or(prompt_.notes)));
   ui_->Text1->document()->setModified(prompt_.draft.has_value());
-  ui_->Text1->installEventFilter(this);
   connect(ui_->Text1, &QPlainTextEdit::textChanged, this, [this] {
     if (prompt_.typed) prompt_.typed(Text());
   });
   connect(ui_->OKButton, &QPushButton::clicked, this, &QDialog::accept);
   connect(ui_->Command1, &QPushButton::clicked, this, &dlgFieldNote::Cancel);
+  new FormKeys(this);
 }
 
 dlgFieldNote::~dlgFieldNote() = default;
@@ -55,13 +56,6 @@ void dlgFieldNote::Escape() {
 void dlgFieldNote::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Cancel)) return Escape();
   QDialog::keyPressEvent(event);
-}
-
-bool dlgFieldNote::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress && IsSpareMnemonic(*static_cast<QKeyEvent*>(event))) {
-    return true;
-  }
-  return QDialog::eventFilter(watched, event);
 }
 
 void dlgFieldNote::setVisible(bool visible) {

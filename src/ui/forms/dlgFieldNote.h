@@ -30,7 +30,6 @@ class dlgFieldNote : public QDialog {
   void reject() override { accept(); }
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:

@@ -1,8 +1,7 @@
 #include "ui/forms/frmAboutInputBox.h"
 
-#include <QKeyEvent>
-
 #include "observe/live_observation.h"
+#include "ui/keys/FormKeys.h"
 #include "ui/show.h"
 #include "ui_frmAboutInputBox.h"
 
@@ -11,12 +10,12 @@ namespace orvex {
 frmAboutInputBox::frmAboutInputBox(LiveObservation& live, QWidget* parent)
     : QDialog(parent), live_(live), ui_(std::make_unique<Ui::frmAboutInputBox>()) {
   ui_->setupUi(this);
-  ui_->txtAboutData->installEventFilter(this);
   connect(ui_->txtAboutData, &QLineEdit::textEdited, this, [this](const QString& text) {
     live_.TypeAbout(FromQt(text));
     Refresh();
   });
   connect(ui_->Command1, &QPushButton::clicked, this, &QDialog::accept);
+  new FormKeys(this);
   Refresh();
 }
 
@@ -30,15 +29,6 @@ void frmAboutInputBox::setVisible(bool visible) {
   QDialog::setVisible(visible);
   // Only now: a dialog that is being shown selects the text of the box with the focus.
   if (visible) FocusBox(ui_->txtAboutData, Caret::atEnd);
-}
-
-bool frmAboutInputBox::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    const auto& key = *static_cast<QKeyEvent*>(event);
-    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) return true;
-    if (IsSpareMnemonic(key)) return true;
-  }
-  return QDialog::eventFilter(watched, event);
 }
 
 }  // namespace orvex

@@ -23,9 +23,6 @@ class frmAboutInputBox : public QDialog {
   void Refresh();
   void setVisible(bool visible) override;
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
   LiveObservation& live_;
   std::unique_ptr<Ui::frmAboutInputBox> ui_;

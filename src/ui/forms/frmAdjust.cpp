@@ -1,11 +1,11 @@
 #include "ui/forms/frmAdjust.h"
 
-#include <QFocusEvent>
-#include <QKeyEvent>
+#include <QEvent>
 #include <QRegularExpressionValidator>
 #include <algorithm>
 
 #include "model/time_of_day.h"
+#include "ui/keys/FormKeys.h"
 #include "ui/show.h"
 #include "ui_frmAdjust.h"
 
@@ -39,10 +39,9 @@ frmAdjust::frmAdjust(const SecondsPrompt& prompt, QWidget* parent)
   });
   connect(ui_->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
   connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-  for (QWidget* control :
-       std::initializer_list<QWidget*>{ui_->Slider1, ui_->Text1, ui_->cmdOK, ui_->cmdCancel}) {
-    control->installEventFilter(this);
-  }
+  ui_->Text1->installEventFilter(this);
+  new FormKeys(this, {.pressedByEnter = {ui_->cmdOK, ui_->cmdCancel},
+                      .next = [this](const QWidget*) { return ui_->cmdOK; }});
   FocusVisibly(ui_->Slider1);
 }
 
@@ -53,11 +52,8 @@ int frmAdjust::Seconds() const {
 }
 
 bool frmAdjust::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FocusOut && watched == ui_->Text1) {
-    ui_->Text1->setText(QString::number(Seconds()));
-  }
-  if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
-  return HandleDialogKey(*static_cast<QKeyEvent*>(event), watched, ui_->cmdOK);
+  if (event->type() == QEvent::FocusOut) ui_->Text1->setText(QString::number(Seconds()));
+  return QDialog::eventFilter(watched, event);
 }
 
 }  // namespace orvex

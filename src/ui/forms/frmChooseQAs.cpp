@@ -1,7 +1,6 @@
 #include "ui/forms/frmChooseQAs.h"
 
-#include <QKeyEvent>
-
+#include "ui/keys/FormKeys.h"
 #include "ui/show.h"
 #include "ui_frmChooseQAs.h"
 
@@ -28,7 +27,11 @@ frmChooseQAs::frmChooseQAs(const Episode& episode, QWidget* parent)
   });
   connect(ui_->OKButton, &QPushButton::clicked, this, &QDialog::accept);
   connect(ui_->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
-  for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
+  new FormKeys(this,
+               {.pressedByEnter = {ui_->Command1, ui_->Command2, ui_->OKButton, ui_->CancelButton},
+                .next = [this](const QWidget* control) {
+                  return control == ui_->lstEp1st ? ui_->Command1 : ui_->OKButton;
+                }});
   Refresh();
   ui_->lstEp1st->setFocus();
 }
@@ -39,12 +42,6 @@ void frmChooseQAs::Refresh() {
   constexpr int kWhereItIs = 0;
   ui_->lstEp1st->ShowRows(chooser_.First().rows, chooser_.First().selected, kWhereItIs);
   ui_->lstEp2nd->ShowRows(chooser_.Second().rows, chooser_.Second().selected, kWhereItIs);
-}
-
-bool frmChooseQAs::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
-  return HandleDialogKey(*static_cast<QKeyEvent*>(event), watched,
-                         watched == ui_->lstEp1st ? ui_->Command1 : ui_->OKButton);
 }
 
 }  // namespace orvex

@@ -25,9 +25,6 @@ class frmChooseQAs : public QDialog {
   /// Copies what the dialog's logic says is shown into the controls.
   void Refresh();
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
   QuestionChooser chooser_;
   std::unique_ptr<Ui::frmChooseQAs> ui_;

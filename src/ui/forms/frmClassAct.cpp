@@ -1,7 +1,6 @@
 #include "ui/forms/frmClassAct.h"
 
 #include <QCloseEvent>
-#include <QKeyEvent>
 #include <QTimer>
 #include <array>
 #include <initializer_list>
@@ -10,7 +9,7 @@
 
 #include "ui/forms/CodingPanel.h"
 #include "ui/keys/BoxFocus.h"
-#include "ui/keys/FocusReturn.h"
+#include "ui/keys/FormKeys.h"
 #include "ui/show.h"
 #include "ui/text.h"
 #include "ui/widgets/ShowClocks.h"
@@ -35,7 +34,6 @@ frmClassAct::frmClassAct(const Services& services, const RunningClass* takenUp)
   StartTimers();
   KeepPlaces();
   ShowAsWarning(ui_->lblLogTrouble);
-  for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
   if (takenUp) clocks_.Tick();
   Refresh();
 }
@@ -114,11 +112,12 @@ void frmClassAct::ConnectButtons() {
     clocks_.Offtask().cmdOfftaskActive_Click();
     Refresh();
   });
-  for (QPushButton* asking : std::initializer_list<QPushButton*>{
-           ui_->cmdStartNewEp, ui_->cmdStartNewSg, ui_->Command9, ui_->cmdReview, ui_->cmdProof,
-           ui_->cmdFieldNote, ui_->Command1, ui_->Command7, ui_->cmdOfftaskActive, ui_->cmdQuit}) {
-    new FocusReturn(asking);
-  }
+  new FormKeys(this, {.asking = {ui_->cmdStartNewEp, ui_->cmdStartNewSg, ui_->Command9,
+                                 ui_->cmdReview, ui_->cmdProof, ui_->cmdFieldNote, ui_->Command1,
+                                 ui_->Command7, ui_->cmdOfftaskActive, ui_->cmdQuit},
+                      .own = [this](const QWidget* control, const QKeyEvent& key) {
+                        return TakeKey(control, key);
+                      }});
 }
 
 QTimer* frmClassAct::AddTimer(const char* name, int interval, std::function<void()> tick) {
@@ -230,25 +229,12 @@ void frmClassAct::TakeFocusWish() {
   }
 }
 
-bool frmClassAct::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    return HandleKey(watched, *static_cast<QKeyEvent*>(event));
-  }
-  auto* control = qobject_cast<QWidget*>(watched);
-  if (event->type() == QEvent::FocusIn && ui_->Frame1->isAncestorOf(control)) {
-    ui_->scrollArea->ensureWidgetVisible(control);
-  }
-  return false;
-}
-
-bool frmClassAct::HandleKey(const QObject* watched, const QKeyEvent& event) {
-  if (IsSpareMnemonic(event)) return true;
-  const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+bool frmClassAct::TakeKey(const QWidget* control, const QKeyEvent& key) {
   for (const auto& [box, edit] : Boxes()) {
-    if (watched != edit) continue;
-    if (enter || event.key() == Qt::Key_Down) {
+    if (control != edit) continue;
+    if (IsEnter(key) || key.key() == Qt::Key_Down) {
       live_.HeaderEnterOrDown(box);
-    } else if (event.key() == Qt::Key_Up) {
+    } else if (key.key() == Qt::Key_Up) {
       live_.HeaderUp(box);
     } else {
       return false;
@@ -256,12 +242,12 @@ bool frmClassAct::HandleKey(const QObject* watched, const QKeyEvent& event) {
     Refresh();
     return true;
   }
-  if (watched == ui_->txtEpisodeName && !enter && !event.text().isEmpty() &&
-      event.key() != Qt::Key_Tab && event.key() != Qt::Key_Backtab) {
+  if (control == ui_->txtEpisodeName && !IsEnter(key) && !key.text().isEmpty() &&
+      key.key() != Qt::Key_Tab && key.key() != Qt::Key_Backtab) {
     live_.KeyInDescription();
     Refresh();
   }
-  return enter;
+  return false;
 }
 
 void frmClassAct::showEvent(QShowEvent* event) {

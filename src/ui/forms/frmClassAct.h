@@ -39,7 +39,6 @@ class frmClassAct : public QWidget {
   void Refresh();
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
@@ -55,7 +54,7 @@ class frmClassAct : public QWidget {
   void RefreshButtons();
   void ShowWaiting(bool forSurvey);
   void TakeFocusWish();
-  bool HandleKey(const QObject* watched, const QKeyEvent& event);
+  bool TakeKey(const QWidget* control, const QKeyEvent& key);
   std::array<std::pair<HeaderBox, QLineEdit*>, 5> Boxes() const;
   QLineEdit* BoxOf(HeaderBox box) const;
 

@@ -2,7 +2,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QScrollBar>
@@ -17,7 +16,7 @@
 #include "ui/forms/SegmentCodingPanel.h"
 #include "ui/forms/dlgTimer.h"
 #include "ui/keys/BoxFocus.h"
-#include "ui/keys/FocusReturn.h"
+#include "ui/keys/FormKeys.h"
 #include "ui/keys/UndoKeys.h"
 #include "ui/show.h"
 #include "ui/widgets/SegmentDrag.h"
@@ -32,6 +31,7 @@ QList<QKeySequence> Keys(QKeySequence::StandardKey key) {
   return QKeySequence::keyBindings(key);
 }
 
+/// There is one history for all that is changed.
 bool IsUndoOrRedo(const QKeyEvent& key) {
   return WayOf(key).has_value();
 }
@@ -53,8 +53,6 @@ frmClassEdit::frmClassEdit(const Services& services, LoadedEpisodes loaded, QWid
   ConnectButtons();
   ConnectBoxes();
   StartTimer();
-  installEventFilter(this);
-  for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
   ui_->listViewEp->setFocus();
   Refresh();
 }
@@ -150,11 +148,15 @@ void frmClassEdit::ConnectButtons() {
   connect(ui_->Command5, &QPushButton::clicked, this, &frmClassEdit::ShowTimer);
   connect(ui_->cmdQuit, &QPushButton::clicked, this, &QWidget::close);
   // Whoever comes back goes on where they were.
-  for (QPushButton* source : {ui_->cmdSplitSg, ui_->cmdMergeSg, ui_->cmdSplitEp, ui_->cmdMergeEp,
-                              ui_->cmdUndo, ui_->cmdRedo, ui_->Command1, ui_->Command2,
-                              ui_->Command3, ui_->Command4, ui_->Command6, ui_->Command7}) {
-    new FocusReturn(source);
-  }
+  new FormKeys(this, {.asking = {ui_->cmdSplitSg, ui_->cmdMergeSg, ui_->cmdSplitEp, ui_->cmdMergeEp,
+                                 ui_->cmdUndo, ui_->cmdRedo, ui_->Command1, ui_->Command2,
+                                 ui_->Command3, ui_->Command4, ui_->Command6, ui_->Command7},
+                      .shortcuts = IsUndoOrRedo,
+                      .own = [this](const QWidget* control, const QKeyEvent& key) {
+                        return coding_->TakeKey(control, key);
+                      }});
+  // Before those rules, to which such a letter is a spare one.
+  for (RowList* list : {ui_->listViewEp, ui_->listViewSg}) list->installEventFilter(this);
 }
 
 void frmClassEdit::ConnectBoxes() {
@@ -257,7 +259,6 @@ void frmClassEdit::RefreshButtons() {
 /// within a list they are for its own buttons, from anywhere else for those of the episodes.
 QPushButton* frmClassEdit::ButtonUnder(const QObject* list, const QKeyEvent& key) const {
   const bool episodes = list == ui_->listViewEp;
-  if (!episodes && list != ui_->listViewSg) return nullptr;
   const QKeySequence pressed(key.keyCombination());
   for (QPushButton* button : {episodes ? ui_->cmdSplitEp : ui_->cmdSplitSg,
                               episodes ? ui_->cmdMergeEp : ui_->cmdMergeSg}) {
@@ -271,31 +272,16 @@ QPushButton* frmClassEdit::ButtonUnder(const QObject* list, const QKeyEvent& key
 }
 
 bool frmClassEdit::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::ShortcutOverride && IsUndoOrRedo(*static_cast<QKeyEvent*>(event))) {
-    // A box would take it for itself; there is one history for all that is changed.
-    event->ignore();
-    return true;
+  const bool pressed = event->type() == QEvent::KeyPress;
+  if (!pressed && event->type() != QEvent::ShortcutOverride) return false;
+  QPushButton* button = ButtonUnder(watched, *static_cast<QKeyEvent*>(event));
+  if (!button) return false;
+  event->accept();
+  if (pressed) {
+    button->setFocus(Qt::ShortcutFocusReason);
+    button->click();
   }
-  if (event->type() == QEvent::ShortcutOverride &&
-      ButtonUnder(watched, *static_cast<QKeyEvent*>(event))) {
-    event->accept();
-    return true;
-  }
-  if (event->type() == QEvent::KeyPress) {
-    const auto& key = *static_cast<QKeyEvent*>(event);
-    if (QPushButton* button = ButtonUnder(watched, key)) {
-      button->setFocus(Qt::ShortcutFocusReason);
-      button->click();
-      return true;
-    }
-    return IsSpareMnemonic(key) || IsUndoOrRedo(key) || key.key() == Qt::Key_Return ||
-           key.key() == Qt::Key_Enter;
-  }
-  auto* control = qobject_cast<QWidget*>(watched);
-  if (event->type() == QEvent::FocusIn && ui_->scrollContents->isAncestorOf(control)) {
-    ui_->scrollArea->ensureWidgetVisible(control);
-  }
-  return false;
+  return true;
 }
 
 void frmClassEdit::showEvent(QShowEvent* event) {

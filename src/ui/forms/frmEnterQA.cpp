@@ -2,12 +2,11 @@
 
 #include <QCloseEvent>
 #include <QFocusEvent>
-#include <QKeyEvent>
 #include <QTimer>
 #include <initializer_list>
 #include <string>
 
-#include "ui/keys/FocusReturn.h"
+#include "ui/keys/FormKeys.h"
 #include "ui/keys/UndoKeys.h"
 #include "ui/show.h"
 #include "ui/text.h"
@@ -45,8 +44,8 @@ frmEnterQA::frmEnterQA(const Services& services, LiveObservation& live, const Se
   ConnectBoxes();
   ConnectButtons();
   StartTimer();
-  installEventFilter(this);
-  for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
+  ui_->txtQuestion->installEventFilter(this);
+  for (const Field& field : Fields()) field.box->installEventFilter(this);
   Refresh();
 }
 
@@ -126,13 +125,13 @@ void frmEnterQA::ConnectButtons() {
     entry_.Offtask().cmdOfftaskActive_Click();
     Refresh();
   });
-  for (QPushButton* asking :
-       std::initializer_list<QPushButton*>{ui_->Command1, ui_->Command2, ui_->Command3,
-                                           ui_->Command4, ui_->Command9, ui_->cmdOfftaskActive}) {
-    new FocusReturn(asking);
-  }
   answer(ui_->Command11_0, 0);
   answer(ui_->Command11_1, 1);
+  new FormKeys(this, {.asking = {ui_->Command1, ui_->Command2, ui_->Command3, ui_->Command4,
+                                 ui_->Command9, ui_->cmdOfftaskActive},
+                      .own = [this](const QWidget* control, const QKeyEvent& key) {
+                        return TakeKey(control, key);
+                      }});
 }
 
 void frmEnterQA::StartTimer() {
@@ -205,9 +204,6 @@ void frmEnterQA::TakeFocusWish() {
 }
 
 bool frmEnterQA::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    return HandleKey(watched, *static_cast<QKeyEvent*>(event));
-  }
   const auto control = ControlOf(watched);
   if (control && QuestionEntry::CaretOf(*control) == Caret::selectAll) {
     // Whatever road leads into a code, the next letter replaces it.
@@ -229,20 +225,19 @@ void frmEnterQA::EnterText(Control text, Qt::FocusReason reason) {
   });
 }
 
-bool frmEnterQA::HandleKey(const QObject* watched, const QKeyEvent& key) {
-  if (IsSpareMnemonic(key)) return true;
-  if (const auto way = WayOf(key)) return TakeStep(qobject_cast<const QLineEdit*>(watched), *way);
+bool frmEnterQA::TakeKey(const QWidget* control, const QKeyEvent& key) {
+  if (const auto way = WayOf(key)) return TakeStep(qobject_cast<const QLineEdit*>(control), *way);
   const bool save = key.key() == Qt::Key_N && key.modifiers() == Qt::ControlModifier;
-  const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  const bool enter = IsEnter(key);
   const bool down = key.key() == Qt::Key_Down;
-  const auto box = ControlOf(watched);
+  const auto box = ControlOf(control);
   if (save || enter || (down && box)) {
     if (save) entry_.SaveQuestion();
     if (box && !save) entry_.EnterOrDown(*box);
   } else if (key.key() == Qt::Key_Up && box) {
     entry_.Up(*box);
   } else {
-    return (watched == ui_->Command11_0 || watched == ui_->Command11_1) &&
+    return (control == ui_->Command11_0 || control == ui_->Command11_1) &&
            key.modifiers() == Qt::NoModifier && AnswerReview(key.key());
   }
   Refresh();

@@ -63,7 +63,7 @@ class frmEnterQA : public QWidget {
   void RefreshStates(bool available);
   void TakeFocusWish();
   void EnterText(QuestionEntry::Control text, Qt::FocusReason reason);
-  bool HandleKey(const QObject* watched, const QKeyEvent& key);
+  bool TakeKey(const QWidget* control, const QKeyEvent& key);
   bool TakeStep(const QLineEdit* box, Way way);
   bool AnswerReview(int key);
 

@@ -1,11 +1,11 @@
 #include "ui/forms/frmInput1.h"
 
-#include <QKeyEvent>
 #include <QTimer>
 #include <utility>
 #include <vector>
 
 #include "ui/keys/BoxFocus.h"
+#include "ui/keys/FormKeys.h"
 #include "ui/show.h"
 #include "ui_frmInput1.h"
 
@@ -13,10 +13,6 @@ namespace orvex {
 namespace {
 
 constexpr int kTenthOfASecond = 100;
-
-bool IsEnter(int key) {
-  return key == Qt::Key_Return || key == Qt::Key_Enter;
-}
 
 }  // namespace
 
@@ -33,13 +29,15 @@ frmInput1::frmInput1(const Services& services, QWidget* parent)
              {HeaderBox::observNum, ui_->txtObservNum},
              {HeaderBox::numStudents, ui_->txtNumStudents}}};
   for (const Box& box : boxes_) ConnectBox(box);
-  ui_->Command1->installEventFilter(this);
-  ui_->Command2->installEventFilter(this);
   connect(ui_->Command1, &QPushButton::clicked, this, &frmInput1::Start);
   connect(ui_->Command2, &QPushButton::clicked, this, [this] {
     setUp_.Reset();
     Refresh();
   });
+  new FormKeys(this, {.pressedByEnter = {ui_->Command1},
+                      .own = [this](const QWidget* control, const QKeyEvent& key) {
+                        return TakeKey(control, key);
+                      }});
   std::vector<QWidget*> boxes;
   for (const Box& box : boxes_) boxes.push_back(box.edit);
   const auto left = [this](const QWidget* leaving) {
@@ -60,7 +58,6 @@ frmInput1::frmInput1(const Services& services, QWidget* parent)
 frmInput1::~frmInput1() = default;
 
 void frmInput1::ConnectBox(const Box& box) {
-  box.edit->installEventFilter(this);
   connect(box.edit, &QLineEdit::textEdited, this, [this, name = box.name](const QString& text) {
     setUp_.Type(name, FromQt(text));
     Refresh();
@@ -98,40 +95,25 @@ void frmInput1::Focus(const SetUp::Focus::Target& wish) {
   }
 }
 
-bool frmInput1::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
-  if (IsSpareMnemonic(*static_cast<QKeyEvent*>(event))) return true;
-  const int key = static_cast<QKeyEvent*>(event)->key();
-  for (const Box& box : boxes_) {
-    if (watched == box.edit) return KeyInBox(box.name, key);
-  }
-  return KeyOnButton(watched, key);
-}
-
-bool frmInput1::KeyInBox(HeaderBox box, int key) {
-  if (IsEnter(key) || key == Qt::Key_Down) {
-    setUp_.EnterOrDown(box);
-  } else if (key == Qt::Key_Up) {
-    setUp_.Up(box);
-  } else {
-    return false;
-  }
-  Refresh();
-  return true;
-}
-
-bool frmInput1::KeyOnButton(const QObject* button, int key) {
-  if (button == ui_->Command1) {
-    // Whoever has come here with Enter from box to box starts with it, too.
-    if (!IsEnter(key)) return false;
-    ui_->Command1->click();
+bool frmInput1::TakeKey(const QWidget* control, const QKeyEvent& key) {
+  const bool up = key.key() == Qt::Key_Up;
+  const bool down = key.key() == Qt::Key_Down;
+  if (control == ui_->Command2 && (up || down)) {
+    if (down) setUp_.DownOnReset();
+    Refresh();
     return true;
   }
-  if (key == Qt::Key_Down) {
-    setUp_.DownOnReset();
+  for (const Box& box : boxes_) {
+    if (control != box.edit || (!up && !down && !IsEnter(key))) continue;
+    if (up) {
+      setUp_.Up(box.name);
+    } else {
+      setUp_.EnterOrDown(box.name);
+    }
     Refresh();
+    return true;
   }
-  return IsEnter(key) || key == Qt::Key_Down || key == Qt::Key_Up;
+  return false;
 }
 
 }  // namespace orvex

@@ -29,9 +29,6 @@ class frmInput1 : public QWidget {
   /// Copies what the set-up says is shown into the controls.
   void Refresh();
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
   struct Box {
     HeaderBox name;
@@ -40,8 +37,7 @@ class frmInput1 : public QWidget {
 
   void ConnectBox(const Box& box);
   void Start();
-  bool KeyInBox(HeaderBox box, int key);
-  bool KeyOnButton(const QObject* button, int key);
+  bool TakeKey(const QWidget* control, const QKeyEvent& key);
   void Focus(const SetUp::Focus::Target& wish);
 
   SetUp setUp_;

@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <algorithm>
 
+#include "ui/keys/FormKeys.h"
 #include "ui/show.h"
 #include "ui/text.h"
 #include "ui_frmListOfFiles.h"
@@ -31,6 +32,7 @@ frmListOfFiles::frmListOfFiles(const Services& services, ExportKind kind,
     export_.Stop();
     Refresh();
   });
+  new FormKeys(this);
   // A few files each time the window has nothing else to do.
   connect(&work_, &QTimer::timeout, this, &frmListOfFiles::Tick);
   work_.start(0);

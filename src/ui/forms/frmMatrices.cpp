@@ -12,7 +12,7 @@
 #include <utility>
 
 #include "observe/live_observation.h"
-#include "ui/keys/FocusReturn.h"
+#include "ui/keys/FormKeys.h"
 #include "ui/show.h"
 #include "ui/text.h"
 #include "ui/widgets/CheckLists.h"
@@ -65,9 +65,6 @@ void frmMatrices::Build() {
   connect(ui_->lists, &CheckLists::OtherTyped, this, [this](const QString& text) {
     form_.TypeOther(FromQt(text));
     Refresh();
-  });
-  connect(ui_->lists, &CheckLists::Entered, this, [area = ui_->listsArea](QWidget* control) {
-    area->ensureWidgetVisible(control, 0, kLookAhead);
   });
   connect(ui_->lists, &CheckLists::Passed, this, [this] { GoTo(0); });
   Refresh();
@@ -124,10 +121,11 @@ void frmMatrices::ConnectButtons() {
   button(ui_->cmdOfftaskActive, [this] {
     if (offtask_) offtask_->cmdOfftaskActive_Click();
   });
-  for (QPushButton* pressed :
-       std::initializer_list<QPushButton*>{ui_->Command1, ui_->Command2, ui_->cmdOfftaskActive}) {
-    new FocusReturn(pressed);
-  }
+  new FormKeys(this, {.asking = {ui_->Command1, ui_->Command2, ui_->cmdOfftaskActive},
+                      .own = [this](const QWidget* control, const QKeyEvent& key) {
+                        auto* row = qobject_cast<StatementRow*>(control->parentWidget());
+                        return row ? row->TakeKey(key) : ui_->lists->TakeKey(control, key);
+                      }});
 }
 
 /// The keys that turn the pages wherever the focus is.

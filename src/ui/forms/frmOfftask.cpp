@@ -1,10 +1,11 @@
 #include "ui/forms/frmOfftask.h"
 
-#include <QKeyEvent>
+#include <QEvent>
 #include <QTimer>
 #include <utility>
 
 #include "ui/keys/BoxFocus.h"
+#include "ui/keys/FormKeys.h"
 #include "ui/show.h"
 #include "ui_frmOfftask.h"
 
@@ -25,16 +26,18 @@ frmOfftask::frmOfftask(OfftaskPrompt& prompt, QWidget* parent)
         Refresh();
         return mayLeave;
       });
-  for (QPushButton* button : {ui_->Command1, ui_->Command2}) button->installEventFilter(this);
   connect(ui_->Command1, &QPushButton::clicked, this, &frmOfftask::accept);
   connect(ui_->Command2, &QPushButton::clicked, this, &frmOfftask::reject);
+  new FormKeys(this, {.pressedByEnter = {ui_->Command1, ui_->Command2},
+                      .own = [this](const QWidget* control, const QKeyEvent& key) {
+                        return TakeKey(control, key);
+                      }});
   Refresh();
 }
 
 frmOfftask::~frmOfftask() = default;
 
 void frmOfftask::ConnectBox(QLineEdit* box, Control control) {
-  box->installEventFilter(this);
   connect(box, &QLineEdit::textEdited, this, [this, control](const QString& text) {
     dialog_.Type(control, FromQt(text));
     Refresh();
@@ -87,20 +90,12 @@ void frmOfftask::reject() {
   QDialog::reject();
 }
 
-bool frmOfftask::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
-  const auto& key = *static_cast<QKeyEvent*>(event);
-  if (IsSpareMnemonic(key)) return true;
-  const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-  if (auto* button = qobject_cast<QPushButton*>(watched)) {
-    // Whoever has come here with Enter from box to box is done with it, too.
-    if (enter) button->click();
-    return enter;
-  }
-  if (enter || key.key() == Qt::Key_Down) {
-    dialog_.EnterOrDown(ControlOf(watched));
+bool frmOfftask::TakeKey(const QWidget* control, const QKeyEvent& key) {
+  if (control != ui_->Text1 && control != ui_->Text3) return false;
+  if (IsEnter(key) || key.key() == Qt::Key_Down) {
+    dialog_.EnterOrDown(ControlOf(control));
   } else if (key.key() == Qt::Key_Up) {
-    dialog_.Up(ControlOf(watched));
+    dialog_.Up(ControlOf(control));
   } else {
     return false;
   }

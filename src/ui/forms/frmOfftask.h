@@ -32,11 +32,11 @@ class frmOfftask : public QDialog {
   void reject() override;
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
   void ConnectBox(QLineEdit* box, OfftaskDialog::Control control);
+  bool TakeKey(const QWidget* control, const QKeyEvent& key);
   OfftaskDialog::Control ControlOf(const QObject* box) const;
   void Focus(const OfftaskDialog::Focus::Target& wish);
 

@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QItemSelectionModel>
-#include <QKeyEvent>
 #include <QScrollBar>
 #include <QTimer>
 #include <initializer_list>
@@ -11,8 +10,7 @@
 
 #include "ui/forms/QuestionFrames.h"
 #include "ui/keys/BoxFocus.h"
-#include "ui/keys/FocusReturn.h"
-#include "ui/keys/PressGuard.h"
+#include "ui/keys/FormKeys.h"
 #include "ui/keys/UndoKeys.h"
 #include "ui/show.h"
 #include "ui/text.h"
@@ -48,8 +46,6 @@ frmQA::frmQA(const Services& services, const QuestionEditorStart& start, LiveObs
   ConnectButtons();
   WatchFocus();
   StartTimers();
-  installEventFilter(this);
-  for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
   Refresh();
 }
 
@@ -71,7 +67,6 @@ void frmQA::ConnectList() {
   for (int number = 1; number <= editor_.EpisodeCount(); ++number) {
     ui_->Combo1->addItem(QString::number(number));
   }
-  new PressGuard(ui_->Combo1);
   // Also for the episode that is shown already: choosing it loads it again.
   connect(ui_->Combo1, &QComboBox::activated, this, [this](int position) {
     editor_.ChooseEpisode(position + 1);
@@ -118,8 +113,11 @@ void frmQA::ConnectButtons() {
     editor_.Offtask()->cmdOfftaskActive_Click();
     Refresh();
   });
-  new FocusReturn(ui_->cmdOfftaskActive);
-  new FocusReturn(ui_->Command1);
+  new FormKeys(this, {.asking = {ui_->cmdOfftaskActive, ui_->Command1},
+                      .own = [this](const QWidget* control, const QKeyEvent& key) {
+                        const auto way = WayOf(key);
+                        return way && TakeStep(control, *way);
+                      }});
 }
 
 void frmQA::WatchFocus() {
@@ -231,28 +229,10 @@ void frmQA::TakeFocusWish() {
            wish->caret);
 }
 
-bool frmQA::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    const auto& key = *static_cast<QKeyEvent*>(event);
-    if (const auto way = WayOf(key)) return TakeStep(watched, *way);
-    return IsSpareMnemonic(key) || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-  }
-  auto* control = qobject_cast<QWidget*>(watched);
-  if (event->type() == QEvent::FocusIn && ui_->scrollContents->isAncestorOf(control)) {
-    ui_->scrollArea->ensureWidgetVisible(control);
-  }
-  if (event->type() == QEvent::Wheel && control == ui_->Combo1 && !control->hasFocus()) {
-    // Over a list that nobody is in, the wheel must not choose another episode.
-    event->ignore();
-    return true;
-  }
-  return false;
-}
-
 /// Undoes or redoes a step. What is typed in the boxes is among the steps, unless a class logs the
 /// description; only then the box has something of its own to undo or redo, and this is false.
-bool frmQA::TakeStep(const QObject* watched, Way way) {
-  if (watched == ui_->Text1 && !editor_.KeepsDescription() && HasOwnStep(*ui_->Text1, way)) {
+bool frmQA::TakeStep(const QWidget* control, Way way) {
+  if (control == ui_->Text1 && !editor_.KeepsDescription() && HasOwnStep(*ui_->Text1, way)) {
     return false;
   }
   editor_.TakeStep(way);

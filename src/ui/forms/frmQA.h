@@ -34,7 +34,6 @@ class frmQA : public QWidget {
   void Refresh();
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
@@ -56,7 +55,7 @@ class frmQA : public QWidget {
   void RefreshClocks();
   void RefreshStates(bool available);
   void TakeFocusWish();
-  bool TakeStep(const QObject* watched, Way way);
+  bool TakeStep(const QWidget* control, Way way);
 
   QuestionEditor editor_;
   std::unique_ptr<Ui::frmQA> ui_;

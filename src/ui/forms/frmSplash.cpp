@@ -6,6 +6,7 @@
 #include "editor/load_episodes.h"
 #include "start/start_up.h"
 #include "tables/export_form.h"
+#include "ui/keys/FormKeys.h"
 #include "ui/show.h"
 #include "ui_frmSplash.h"
 
@@ -50,6 +51,8 @@ frmSplash::frmSplash(const Services& services, QWidget* parent)
           [services] { ExportChosenList(services, ExportKind::epsData); });
   connect(ui_->Command5, &QPushButton::clicked, this,
           [services] { ExportChosenList(services, ExportKind::surData); });
+
+  new FormKeys(this);
 
   auto* timer1 = new QTimer(this);
   timer1->setObjectName(QStringLiteral("Timer1"));

@@ -3,12 +3,12 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QKeyEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
 #include <utility>
 
+#include "ui/keys/FormKeys.h"
 #include "ui/print/PrintedReport.h"
 #include "ui/print/ReportPrinter.h"
 
@@ -33,10 +33,7 @@ ReportActions::ReportActions(QWidget* form, QString text, std::unique_ptr<Printe
   form->setContextMenuPolicy(Qt::ActionsContextMenu);
   connect(new QShortcut(QKeySequence(Qt::Key_Escape), form), &QShortcut::activated, form,
           &QWidget::close);
-  area->installEventFilter(this);
-  for (QWidget* control : form->findChildren<QWidget*>()) {
-    if (control->focusPolicy() != Qt::NoFocus) control->installEventFilter(this);
-  }
+  new FormKeys(form, {.own = [this](const QWidget*, const QKeyEvent& key) { return Scroll(key); }});
 }
 
 ReportActions::~ReportActions() = default;
@@ -49,13 +46,8 @@ void ReportActions::Copy() const {
   QApplication::clipboard()->setText(text_);
 }
 
-bool ReportActions::eventFilter(QObject*, QEvent* event) {
-  if (event->type() != QEvent::KeyPress) return false;
-  const auto& key = *static_cast<QKeyEvent*>(event);
-  return (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && Scroll(key.key());
-}
-
-bool ReportActions::Scroll(int key) {
+bool ReportActions::Scroll(const QKeyEvent& key) const {
+  if ((key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
   QScrollBar* across = area_->horizontalScrollBar();
   QScrollBar* down = area_->verticalScrollBar();
   QScrollBar* pages = wide_ == Qt::Horizontal ? across : down;
@@ -63,7 +55,7 @@ bool ReportActions::Scroll(int key) {
     bar->triggerAction(action);
     return true;
   };
-  switch (key) {
+  switch (key.key()) {
     case Qt::Key_Left:
       return scroll(across, QAbstractSlider::SliderSingleStepSub);
     case Qt::Key_Right:

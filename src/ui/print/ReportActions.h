@@ -6,6 +6,7 @@
 
 #include "desk/services.h"
 
+class QKeyEvent;
 class QScrollArea;
 class QWidget;
 
@@ -28,11 +29,8 @@ class ReportActions : public QObject {
   void Print();
   void Copy() const;
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
-  bool Scroll(int key);
+  bool Scroll(const QKeyEvent& key) const;
 
   QWidget* form_;
   QString text_;

@@ -4,12 +4,12 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <algorithm>
 #include <limits>
 
 #include "survey/survey_form.h"
+#include "ui/keys/FormKeys.h"
 #include "ui/keys/RovingFocus.h"
 #include "ui/show.h"
 #include "ui/text.h"
@@ -50,7 +50,6 @@ QGroupBox* CheckLists::BuildGroup(int group, int columns) {
   if (group == 0) AddOtherBox(*items, rows - 1);
   items->setRowStretch(rows, 1);
   new RovingFocus({boxes_[index].begin(), boxes_[index].end()}, this, columns > 1 ? rows : 1);
-  for (QCheckBox* box : boxes_[index]) box->installEventFilter(this);
   return frame;
 }
 
@@ -60,7 +59,6 @@ void CheckLists::AddOtherBox(QGridLayout& items, int row) {
   other_->setObjectName(QStringLiteral("Text5"));
   other_->setMaxLength(std::numeric_limits<int>::max());  // a file's text is never cut
   other_->setAccessibleName(QStringLiteral("Other evidence of student success"));
-  other_->installEventFilter(this);
   connect(other_, &QLineEdit::textEdited, this, &CheckLists::OtherTyped);
   items.removeWidget(check);
   auto* line = new QHBoxLayout;
@@ -93,27 +91,21 @@ void CheckLists::FocusFirst() {
   FocusVisibly(boxes_[0].front());
 }
 
-bool CheckLists::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FocusIn) Q_EMIT Entered(static_cast<QWidget*>(watched));
-  if (event->type() != QEvent::KeyPress) return false;
-  const auto& key = *static_cast<QKeyEvent*>(event);
-  const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-  if (watched == other_) {
-    if (IsSpareMnemonic(key)) return true;
-    if (key.key() == Qt::Key_Up) {
-      FocusVisibly(boxes_[0].at(kOtherItem));
-      return true;
-    }
-    if (key.key() == Qt::Key_Down) {
-      focusNextChild();
-      return true;
-    }
+bool CheckLists::TakeKey(const QWidget* control, const QKeyEvent& key) {
+  if (!isAncestorOf(control)) return false;
+  if (control == other_ && key.key() == Qt::Key_Up) {
+    FocusVisibly(boxes_[0].at(kOtherItem));
+    return true;
   }
-  if (enter) GoOn(watched);
-  return enter;
+  if (control == other_ && key.key() == Qt::Key_Down) {
+    focusNextChild();
+    return true;
+  }
+  if (IsEnter(key)) GoOn(control);
+  return IsEnter(key);
 }
 
-void CheckLists::GoOn(const QObject* from) {
+void CheckLists::GoOn(const QWidget* from) {
   const auto& last = boxes_.back();
   if (std::find(last.begin(), last.end(), from) == last.end()) {
     focusNextChild();

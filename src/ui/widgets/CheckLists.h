@@ -9,6 +9,7 @@
 class QCheckBox;
 class QGridLayout;
 class QGroupBox;
+class QKeyEvent;
 class QLineEdit;
 
 namespace orvex {
@@ -26,19 +27,18 @@ class CheckLists : public QWidget {
   /// Shows what is checked, and the text of "other:".
   void Show(const SurveyForm& form);
   void FocusFirst();
+  /// What a key does on one of the boxes. True when it is done with.
+  bool TakeKey(const QWidget* control, const QKeyEvent& key);
 
   QSize minimumSizeHint() const override;
 
  Q_SIGNALS:
   void Checked(int group, int item, bool checked);
   void OtherTyped(const QString& text);
-  /// The focus has come to `control`.
-  void Entered(QWidget* control);
   /// Enter leads out of the last group.
   void Passed();
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
@@ -47,7 +47,7 @@ class CheckLists : public QWidget {
   void AddOtherBox(QGridLayout& items, int row);
   void Arrange(int columns);
   int WidthOf(int columns) const;
-  void GoOn(const QObject* from);
+  void GoOn(const QWidget* from);
 
   std::array<std::vector<QCheckBox*>, kCheckGroups> boxes_;
   QLineEdit* other_ = nullptr;  // Text5

@@ -106,7 +106,6 @@ void StatementRow::Focus() {
 }
 
 bool StatementRow::eventFilter(QObject*, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) return HandleKey(*static_cast<QKeyEvent*>(event));
   if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
     current_ = event->type() == QEvent::FocusIn;
     update();
@@ -115,7 +114,7 @@ bool StatementRow::eventFilter(QObject*, QEvent* event) {
   return false;
 }
 
-bool StatementRow::HandleKey(const QKeyEvent& key) {
+bool StatementRow::TakeKey(const QKeyEvent& key) {
   const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
   if (modifiers != Qt::NoModifier && modifiers != Qt::ShiftModifier) return false;
   switch (key.key()) {

@@ -25,6 +25,8 @@ class StatementRow : public QWidget {
   void ShowRating(int button);
   /// Gives the selected button the focus, or else the first.
   void Focus();
+  /// What a key does on one of the buttons. True when it is done with.
+  bool TakeKey(const QKeyEvent& key);
 
  Q_SIGNALS:
   /// The user selected a button, or took the rating back: kUncoded.
@@ -42,7 +44,6 @@ class StatementRow : public QWidget {
  private:
   QLayout* BuildTexts(std::size_t statement);
   QLayout* BuildButtons(std::size_t statement);
-  bool HandleKey(const QKeyEvent& key);
   void TintLegend();
 
   QLabel* legend_ = nullptr;

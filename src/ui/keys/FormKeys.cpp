@@ -1,0 +1,89 @@
+#include "ui/keys/FormKeys.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QPlainTextEdit>
+#include <QScrollArea>
+#include <algorithm>
+#include <utility>
+
+#include "ui/keys/FocusReturn.h"
+#include "ui/keys/PressGuard.h"
+#include "ui/show.h"
+
+namespace orvex {
+namespace {
+
+/// Alt and a letter.
+bool IsMnemonic(const QKeyEvent& key) {
+  const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::ShiftModifier;
+  return modifiers == Qt::AltModifier && !key.text().isEmpty();
+}
+
+void GuardList(QComboBox* list) {
+  list->setFocusPolicy(Qt::StrongFocus);  // not by the wheel
+  new PressGuard(list);
+  if (list->lineEdit()) new PressGuard(list->lineEdit());
+}
+
+void ScrollIntoSight(QWidget* control, Qt::FocusReason reason) {
+  // From under the mouse that is about to press it, a button must not go.
+  if (reason == Qt::MouseFocusReason && qobject_cast<QAbstractButton*>(control)) return;
+  for (QWidget* around = control; !around->isWindow(); around = around->parentWidget()) {
+    auto* area = qobject_cast<QScrollArea*>(around);
+    if (area && around != control) return area->ensureWidgetVisible(control);
+  }
+}
+
+}  // namespace
+
+FormKeys::FormKeys(QWidget* form) : FormKeys(form, Special{}) {}
+
+FormKeys::FormKeys(QWidget* form, Special special) : QObject(form), special_(std::move(special)) {
+  for (QComboBox* list : form->findChildren<QComboBox*>()) GuardList(list);
+  for (QAbstractButton* button : special_.asking) new FocusReturn(button);
+  form->installEventFilter(this);
+  for (QWidget* child : form->findChildren<QWidget*>()) child->installEventFilter(this);
+}
+
+bool FormKeys::eventFilter(QObject* watched, QEvent* event) {
+  auto* control = static_cast<QWidget*>(watched);
+  switch (event->type()) {
+    case QEvent::ShortcutOverride:
+      if (!special_.shortcuts || !special_.shortcuts(*static_cast<QKeyEvent*>(event))) return false;
+      event->ignore();
+      return true;
+    case QEvent::KeyPress:
+      return TakeKey(control, *static_cast<QKeyEvent*>(event));
+    case QEvent::FocusIn:
+      ScrollIntoSight(control, static_cast<QFocusEvent*>(event)->reason());
+      return false;
+    case QEvent::Wheel:
+      if (control->hasFocus() || !qobject_cast<QComboBox*>(control)) return false;
+      event->ignore();
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool FormKeys::TakeKey(QWidget* control, const QKeyEvent& key) const {
+  if (IsMnemonic(key)) return true;
+  if (special_.shortcuts && special_.shortcuts(key)) return true;
+  if (special_.own && special_.own(control, key)) return true;
+  return IsEnter(key) && TakeEnter(control);
+}
+
+bool FormKeys::TakeEnter(QWidget* control) const {
+  if (qobject_cast<QPlainTextEdit*>(control)) return false;
+  const auto pressed = std::ranges::find(special_.pressedByEnter, control);
+  if (pressed != special_.pressedByEnter.end()) {
+    (*pressed)->click();
+  } else if (special_.next) {
+    FocusVisibly(special_.next(control));
+  }
+  return true;
+}
+
+}  // namespace orvex
