@@ -125,7 +125,7 @@ ChosenFile Choose(QFileDialog& dialog, const FilePrompt& prompt) {
 void AddBrowseButton(QInputDialog& dialog) {
   auto* buttons = dialog.findChild<QDialogButtonBox*>();
   QPushButton* browse =
-      buttons->addButton(QStringLiteral("&Browse..."), QDialogButtonBox::ActionRole);
+      buttons->addButton(QInputDialog::tr("&Browse..."), QDialogButtonBox::ActionRole);
   browse->setObjectName(QStringLiteral("cmdBrowse"));
   browse->setAutoDefault(false);
   QObject::connect(browse, &QPushButton::clicked, &dialog, [&dialog] {

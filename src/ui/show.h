@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -18,9 +19,12 @@ namespace orvex {
 /// Shows `text` in a label, button or box, which is left alone when it shows it already: its caret
 /// and selection stay.
 template <typename Control>
+void ShowText(Control* control, const QString& text) {
+  if (control->text() != text) control->setText(text);
+}
+template <typename Control>
 void ShowText(Control* control, const std::string& text) {
-  const QString shown = ToQt(Shortened(text));
-  if (control->text() != shown) control->setText(shown);
+  ShowText(control, ToQt(Shortened(text)));
 }
 
 /// Qt cuts what is longer, and one key would then replace all of the text by its start.
@@ -38,7 +42,8 @@ inline void ProtectLongText(QLineEdit* box, bool fits) {
   box->setProperty(kProtected, !fits);
   box->setReadOnly(!fits);
   box->setToolTip(fits ? QString()
-                       : QStringLiteral("Too long to be edited here. The text stays as it is."));
+                       : QCoreApplication::translate(
+                             "ShowText", "Too long to be edited here. The text stays as it is."));
 }
 
 /// A box whose text the logic has changed while it was typed: its caret keeps its distance from the

@@ -100,7 +100,7 @@ void SegmentCodingPanel::BuildLists() {
             [this, code = code](int position) { editor_.Recode(code, position); });
   }
   // The row behind the codes takes a code back; it is also what is shown without one.
-  for (QComboBox* box : {ui_.cmbSrc, ui_.cmbCog}) box->addItem(QStringLiteral("no coding"));
+  for (QComboBox* box : {ui_.cmbSrc, ui_.cmbCog}) box->addItem(tr("no coding"));
 }
 
 void SegmentCodingPanel::AddList(QComboBox* list, std::span<const std::string_view> rows,
@@ -125,8 +125,7 @@ void SegmentCodingPanel::Arrange() {
   // The pages that are not shown yet would have to wait for their fonts.
   for (QWidget* child : ui_.scrollContents->findChildren<QWidget*>()) child->ensurePolished();
   // One column of labels for all groups of codes, wide enough for as many segments as there are.
-  int width =
-      ui_.Label13->fontMetrics().horizontalAdvance(QStringLiteral("Duration of segment 00:"));
+  int width = ui_.Label13->fontMetrics().horizontalAdvance(tr("Duration of segment 00:"));
   const auto labels = {ui_.Label6,     ui_.Label13, ui_.Label9, ui_.Label5,
                        ui_.lblSubCats, ui_.lblSrc,  ui_.lblCog, ui_.lblSeatOrg};
   for (const QLabel* label : labels) width = std::max(width, label->sizeHint().width());

@@ -45,7 +45,7 @@ void dlgFieldNote::Cancel() {
 
 void dlgFieldNote::Escape() {
   if (Text() == prompt_.notes) return Cancel();
-  const Answer save = prompter_.Ask({.text = "Save changes?",
+  const Answer save = prompter_.Ask({.text = FromQt(tr("Save changes?")),
                                      .buttons = Buttons::yesNo,
                                      .defaultAnswer = Answer::yes,
                                      .dismissed = Answer::cancel});

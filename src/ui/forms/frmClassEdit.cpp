@@ -44,7 +44,7 @@ frmClassEdit::frmClassEdit(const Services& services, LoadedEpisodes loaded, QWid
       editor_(services, std::move(loaded)),
       ui_(std::make_unique<Ui::frmClassEdit>()) {
   ui_->setupUi(this);
-  setWindowTitle(ToQt("Orvex " + VersionText() + " Episode Editor[*]"));
+  setWindowTitle(tr("Orvex %1 Episode Editor[*]").arg(ToQt(VersionText())));
   coding_ = new SegmentCodingPanel(
       *ui_, editor_, [this] { Refresh(); }, this);
   AddKeepTrouble();
@@ -214,7 +214,7 @@ void frmClassEdit::RefreshTexts() {
   ShowText(keepTrouble_, NotKeptText(trouble));
   keepTrouble_->setVisible(!trouble.empty());
   ShowText(ui_->Label7, ObserverText(file.Header()));
-  ShowText(ui_->Label8, "File: " + file.Path().string());
+  ShowText(ui_->Label8, FromQt(tr("File: %1").arg(ToQt(file.Path().string()))));
   ShowText(ui_->Label11, DateText(file.Header()));
   const EpisodeView view = editor_.View();
   ShowText(ui_->Label12, view.total);
@@ -243,16 +243,16 @@ void frmClassEdit::RefreshButtons() {
   ui_->cmdMergeSg->setEnabled(possible.mergeSegments);
   ui_->cmdSplitEp->setEnabled(possible.splitEpisode);
   ui_->cmdMergeEp->setEnabled(possible.mergeEpisodes);
-  const auto step = [this](QPushButton* button, QAction* action, const char* verb, Way way) {
-    const std::string name = editor_.StepName(way);
-    const std::string text = name.empty() ? verb : verb + (" " + name);
+  const auto step = [this](QPushButton* button, QAction* action, const QString& verb, Way way) {
+    const QString name = ToQt(editor_.StepName(way));
+    const QString text = name.isEmpty() ? verb : verb + QLatin1Char(' ') + name;
     ShowText(button, text);
-    button->setEnabled(!name.empty());
-    action->setText(ToQt(text));
-    action->setEnabled(!name.empty());
+    button->setEnabled(!name.isEmpty());
+    action->setText(text);
+    action->setEnabled(!name.isEmpty());
   };
-  step(ui_->cmdUndo, undo_, "&Undo", Way::undo);
-  step(ui_->cmdRedo, redo_, "&Redo", Way::redo);
+  step(ui_->cmdUndo, undo_, tr("&Undo"), Way::undo);
+  step(ui_->cmdRedo, redo_, tr("&Redo"), Way::redo);
 }
 
 /// The button under a list that has the letter `key`. The two lists have the same letters: from

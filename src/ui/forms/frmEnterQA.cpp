@@ -159,7 +159,7 @@ void frmEnterQA::RefreshTexts() {
   const QString title = ToQt(entry_.FrameCaption());
   if (ui_->Frame1->title() != title) ui_->Frame1->setTitle(title);
   ShowText(ui_->txtQuestion, entry_.Question());
-  const QString steps = ToQt(StepsText(entry_));
+  const QString steps = StepsText(entry_);
   if (ui_->txtQuestion->placeholderText() != steps) ui_->txtQuestion->setPlaceholderText(steps);
   ui_->txtQuestion->setToolTip(steps);
   for (const Field& field : Fields()) {

@@ -114,7 +114,7 @@ void frmMatrices::ConnectButtons() {
       Refresh();
     });
   };
-  ui_->Command1->setText(form_.OnFile() ? QStringLiteral("&Save") : QStringLiteral("&Return"));
+  ui_->Command1->setText(form_.OnFile() ? tr("&Save") : tr("&Return"));
   button(ui_->Command1,
          [&form = form_] { form.OnFile() ? void(form.Save()) : form.ReturnToCaller(); });
   button(ui_->Command2, [&form = form_] { form.Quit(); });
@@ -182,27 +182,27 @@ void frmMatrices::Refresh() {
 /// What the keys do on the page, where the answers were just saved, or that they are in danger.
 void frmMatrices::RefreshHint() {
   const bool lists = ui_->pages->currentWidget() == ui_->listsPage;
-  const std::string keys =
-      lists ? "Space: check.  Arrow keys: other items.  Enter: next list.  Ctrl+Tab: other pages."
-            : "0 to 3, N: rate.  Delete: take back.  Up, Down, Enter: other statements.  "
-              "Ctrl+Tab: other pages.";
+  const QString keys =
+      lists ? tr("Space: check.  Arrow keys: other items.  Enter: next list.  Ctrl+Tab: other "
+                 "pages.")
+            : tr("0 to 3, N: rate.  Delete: take back.  Up, Down, Enter: other statements.  "
+                 "Ctrl+Tab: other pages.");
   const std::string trouble = form_.KeepTrouble();
   if (!trouble.empty()) return ShowText(ui_->lblKeys, NotKeptText(trouble));
-  ShowText(ui_->lblKeys, form_.SavedText().empty() ? keys : form_.SavedText());
+  ShowText(ui_->lblKeys, form_.SavedText().empty() ? keys : ToQt(form_.SavedText()));
 }
 
 void frmMatrices::RefreshCounts() {
   for (std::size_t i = 0; i < kSurveyScales.size(); ++i) {
     const int open = form_.Open(kSurveyScales[i]);
-    const std::string left = open == 0 ? "complete" : std::to_string(open) + " open";
-    const QString title = ToQt(std::string(kSurveyScales[i].name) + ": " + left);
+    const QString left = open == 0 ? tr("complete") : tr("%1 open").arg(open);
+    const QString title = tr("%1: %2").arg(ToQt(kSurveyScales[i].name), left);
     const int tab = ui_->pages->indexOf(PageOf(i).page);
     if (ui_->pages->tabText(tab) != title) ui_->pages->setTabText(tab, title);
   }
   const int open = form_.Open();
-  ShowText(ui_->lblOpen, open == 0 ? "All " + std::to_string(kStatements) + " statements are rated"
-                                   : std::to_string(open) + " of " + std::to_string(kStatements) +
-                                         " statements open");
+  ShowText(ui_->lblOpen, open == 0 ? tr("All %1 statements are rated").arg(kStatements)
+                                   : tr("%1 of %2 statements open").arg(open).arg(kStatements));
 }
 
 void frmMatrices::RefreshOfftask() {

@@ -242,7 +242,7 @@ bool frmQA::TakeStep(const QWidget* control, Way way) {
 
 void frmQA::showEvent(QShowEvent* event) {
   // Only now every control has its font, and what was measured before does not count.
-  ShowText(ui_->lblOfftask, "Offtask in     :            00 : 00");
+  ShowText(ui_->lblOfftask, tr("Offtask in     :            00 : 00"));
   for (QLayout* layout : {ui_->clockLayout->layout(), ui_->codingLayout->layout()}) {
     layout->invalidate();
     layout->activate();

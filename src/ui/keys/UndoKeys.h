@@ -1,13 +1,15 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QLineEdit>
 #include <QList>
+#include <QStringList>
 #include <optional>
-#include <string>
 
 #include "running/question_history.h"
+#include "ui/text.h"
 
 namespace orvex {
 
@@ -45,15 +47,16 @@ inline void ForgetTyping(QLineEdit* box) {
 
 /// What the keys would do, as `Object` says it: "Ctrl+Z brings question 7 back". Empty for nothing.
 template <typename Object>
-std::string StepsText(const Object& object) {
-  std::string text;
+QString StepsText(const Object& object) {
+  QStringList steps;
   for (const Way way : {Way::undo, Way::redo}) {
-    const std::string step = object.NextStep(way);
-    if (step.empty()) continue;
-    if (!text.empty()) text += ",  ";
-    text += (way == Way::undo ? "Ctrl+Z " : "Ctrl+Shift+Z ") + step;
+    const QString step = ToQt(object.NextStep(way));
+    if (step.isEmpty()) continue;
+    steps << (way == Way::undo ? QCoreApplication::translate("UndoKeys", "Ctrl+Z %1")
+                               : QCoreApplication::translate("UndoKeys", "Ctrl+Shift+Z %1"))
+                 .arg(step);
   }
-  return text;
+  return steps.join(QStringLiteral(",  "));
 }
 
 }  // namespace orvex

@@ -57,7 +57,7 @@ PrintedPlot::PrintedPlot(QuestionPlot plot, EpisodeOrigin origin)
     : plot_(std::move(plot)), origin_(std::move(origin)) {}
 
 QString PrintedPlot::Title() const {
-  return QStringLiteral("Question Plot");
+  return tr("Question Plot");
 }
 
 QString PrintedPlot::Subtitle() const {
@@ -65,7 +65,7 @@ QString PrintedPlot::Subtitle() const {
 }
 
 QString PrintedPlot::DocumentName() const {
-  return ToQt(plot_.title + " Question Plot");
+  return tr("%1 Question Plot").arg(ToQt(plot_.title));
 }
 
 /// Whole tens, so that the ruler of every band begins with 1.
@@ -100,23 +100,24 @@ void PrintedPlot::PaintBand(QPainter& painter, double y, int first, int columns)
   const QFont font = TextFont();
   const double rowsAt = RowsAt();
   const double rowHeight = grid.CellHeight();
-  const auto text = [&](double x, double width, std::string_view what) {
+  const auto text = [&](double x, double width, const QString& what) {
     painter.setFont(font);
     painter.setPen(Qt::black);
-    painter.drawText(QRectF(x, y, width, rowHeight), Qt::AlignLeft | Qt::AlignVCenter, ToQt(what));
+    painter.drawText(QRectF(x, y, width, rowHeight), Qt::AlignLeft | Qt::AlignVCenter, what);
   };
   const int last = std::min(first + columns, plot_.questions);
   if (first < last) {
-    const std::string range = std::to_string(first + 1) + " to " + std::to_string(last);
-    text(0, rowsAt, first + 1 == last ? "Question " + std::to_string(last) : "Questions " + range);
+    text(0, rowsAt,
+         first + 1 == last ? tr("Question %1").arg(last)
+                           : tr("Questions %1 to %2").arg(first + 1).arg(last));
   }
   grid.Paint(painter, {rowsAt, y}, ToQt(TensRow(last)).mid(first));
   y += rowHeight;
   for (const PlotGroup& group : kPlotGroups) {
-    text(0, kHeadingWidth, group.heading);
+    text(0, kHeadingWidth, ToQt(group.heading));
     for (std::size_t row = group.first; row < group.first + group.rows; ++row) {
-      text(kHeadingWidth, kLetterWidth, kPlotRowMeanings[row].letter);
-      text(kHeadingWidth + kLetterWidth, rowsAt, kPlotRowMeanings[row].name);
+      text(kHeadingWidth, kLetterWidth, ToQt(kPlotRowMeanings[row].letter));
+      text(kHeadingWidth + kLetterWidth, rowsAt, ToQt(kPlotRowMeanings[row].name));
       grid.Paint(painter, {rowsAt, y}, ToQt(plot_.PlotRows[row]).mid(first, columns));
       painter.setPen(QPen(Qt::lightGray, 0.4));
       grid.PaintGuides(painter, {rowsAt, y}, columns);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QCoreApplication>
+
 #include "reports/episode_origin.h"
 #include "reports/question_plot.h"
 #include "ui/print/PrintedReport.h"
@@ -9,6 +11,8 @@ namespace orvex {
 /// The question plot on paper, in as many bands beneath each other, and on as many pages, as its
 /// columns need.
 class PrintedPlot : public PrintedReport {
+  Q_DECLARE_TR_FUNCTIONS(PrintedPlot)
+
  public:
   PrintedPlot(QuestionPlot plot, EpisodeOrigin origin);
 

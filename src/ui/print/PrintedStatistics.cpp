@@ -30,12 +30,12 @@ void SetFont(QPainter& painter, bool bold = false) {
 }
 
 void PaintText(QPainter& painter, const QRectF& area, Qt::Alignment alignment,
-               std::string_view text) {
-  painter.drawText(area, static_cast<int>(alignment | Qt::AlignVCenter), ToQt(text));
+               const QString& text) {
+  painter.drawText(area, static_cast<int>(alignment | Qt::AlignVCenter), text);
 }
 
 /// Writes a section's name with a line beneath it; gives where the section begins.
-double PaintSection(QPainter& painter, double width, double y, std::string_view name) {
+double PaintSection(QPainter& painter, double width, double y, const QString& name) {
   SetFont(painter, true);
   PaintText(painter, {0, y, width, kRowHeight}, Qt::AlignLeft, name);
   painter.setPen(QPen(Qt::gray, 0.5));
@@ -44,13 +44,13 @@ double PaintSection(QPainter& painter, double width, double y, std::string_view 
   return y + kRowHeight;
 }
 
-double PaintValue(QPainter& painter, double width, double y, std::string_view name,
-                  std::string_view value) {
+double PaintValue(QPainter& painter, double width, double y, const QString& name,
+                  const std::string& value) {
   constexpr double kNameWidth = 110;
   SetFont(painter, true);
   PaintText(painter, {0, y, kNameWidth, kRowHeight}, Qt::AlignLeft, name);
   SetFont(painter);
-  PaintText(painter, {kNameWidth, y, width - kNameWidth, kRowHeight}, Qt::AlignLeft, value);
+  PaintText(painter, {kNameWidth, y, width - kNameWidth, kRowHeight}, Qt::AlignLeft, ToQt(value));
   return y + kRowHeight;
 }
 
@@ -60,7 +60,7 @@ PrintedStatistics::PrintedStatistics(QuestionStatistics statistics, EpisodeOrigi
     : statistics_(std::move(statistics)), origin_(std::move(origin)) {}
 
 QString PrintedStatistics::Title() const {
-  return QStringLiteral("Questions/Answer Statistics");
+  return tr("Questions/Answer Statistics");
 }
 
 QString PrintedStatistics::Subtitle() const {
@@ -68,22 +68,23 @@ QString PrintedStatistics::Subtitle() const {
 }
 
 QString PrintedStatistics::DocumentName() const {
-  return ToQt(statistics_.title + " Statistics");
+  return tr("%1 Statistics").arg(ToQt(statistics_.title));
 }
 
 void PrintedStatistics::PaintPage(QPainter& painter, const QSizeF& area, int) const {
   const double width = area.width();
-  double y = PaintSection(painter, width, 0, "QUESTIONS");
+  double y = PaintSection(painter, width, 0, tr("QUESTIONS"));
   for (std::size_t i = 0; i < statistics_.rows.size(); ++i) {
     if (i == static_cast<std::size_t>(kFirstResponseLine)) {
-      y = PaintSection(painter, width, y + kRowHeight / 2, "RESPONSE");
+      y = PaintSection(painter, width, y + kRowHeight / 2, tr("RESPONSE"));
     }
     PaintRow(painter, width, y, statistics_.rows[i]);
     y += kRowHeight;
   }
-  y = PaintValue(painter, width, y + kRowHeight / 2, "PACE", statistics_.pace);
-  y = PaintValue(painter, width, y, "STUDENT OFFTASK", statistics_.offtask);
-  if (!statistics_.message.empty()) y = PaintValue(painter, width, y, "", statistics_.message);
+  y = PaintValue(painter, width, y + kRowHeight / 2, tr("PACE"), statistics_.pace);
+  y = PaintValue(painter, width, y, tr("STUDENT OFFTASK"), statistics_.offtask);
+  if (!statistics_.message.empty())
+    y = PaintValue(painter, width, y, QString(), statistics_.message);
   PaintLegend(painter, width, y + kRowHeight / 2);
 }
 
@@ -99,8 +100,8 @@ double PrintedStatistics::HeadingWidth() const {
 void PrintedStatistics::PaintRow(QPainter& painter, double width, double y,
                                  const StatisticsRow& row) const {
   const double headings = HeadingWidth();
-  PaintText(painter, {0, y, headings, kRowHeight}, Qt::AlignLeft, row.heading);
-  PaintText(painter, {headings, y, kCountWidth, kRowHeight}, Qt::AlignRight, row.count);
+  PaintText(painter, {0, y, headings, kRowHeight}, Qt::AlignLeft, ToQt(row.heading));
+  PaintText(painter, {headings, y, kCountWidth, kRowHeight}, Qt::AlignRight, ToQt(row.count));
   if (row.bar.empty()) return;
   const double left = headings + kCountWidth + kColumnGap;
   const QRectF bar(left, y + (kRowHeight - kBarHeight) / 2, width - left - kCaptionRoom,
@@ -110,12 +111,13 @@ void PrintedStatistics::PaintRow(QPainter& painter, double width, double y,
 }
 
 void PrintedStatistics::PaintLegend(QPainter& painter, double width, double y) const {
-  y = PaintSection(painter, width, y, "LEGEND");
+  y = PaintSection(painter, width, y, tr("LEGEND"));
   for (const auto& [meaning, text] : kStatisticsLegend) {
     PaintMeaning(painter, {0, y + (kRowHeight - kBarHeight) / 2, kSampleWidth, kBarHeight},
                  meaning);
     painter.setPen(Qt::black);
-    PaintText(painter, {kSampleWidth + kColumnGap, y, width, kRowHeight}, Qt::AlignLeft, text);
+    PaintText(painter, {kSampleWidth + kColumnGap, y, width, kRowHeight}, Qt::AlignLeft,
+              ToQt(text));
     y += kRowHeight;
   }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QCoreApplication>
+
 #include "reports/episode_origin.h"
 #include "reports/question_statistics.h"
 #include "ui/print/PrintedReport.h"
@@ -8,6 +10,8 @@ namespace orvex {
 
 /// The question statistics on paper.
 class PrintedStatistics : public PrintedReport {
+  Q_DECLARE_TR_FUNCTIONS(PrintedStatistics)
+
  public:
   PrintedStatistics(QuestionStatistics statistics, EpisodeOrigin origin);
 

@@ -61,7 +61,7 @@ QString PrintedTimeSummary::Subtitle() const {
 }
 
 QString PrintedTimeSummary::DocumentName() const {
-  return ToQt(summary_.classId + " Time Summary");
+  return tr("%1 Time Summary").arg(ToQt(summary_.classId));
 }
 
 void PrintedTimeSummary::PaintPage(QPainter& painter, const QSizeF& area, int) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QCoreApplication>
+
 #include "reports/time_summary.h"
 #include "ui/print/PrintedReport.h"
 
@@ -7,6 +9,8 @@ namespace orvex {
 
 /// The time summary on paper.
 class PrintedTimeSummary : public PrintedReport {
+  Q_DECLARE_TR_FUNCTIONS(PrintedTimeSummary)
+
  public:
   explicit PrintedTimeSummary(TimeSummary summary);
 

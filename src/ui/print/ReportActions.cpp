@@ -23,10 +23,10 @@ ReportActions::ReportActions(QWidget* form, QString text, std::unique_ptr<Printe
       services_(services),
       area_(area),
       wide_(wide) {
-  auto* copy = new QAction(QStringLiteral("Copy as text"), form);
+  auto* copy = new QAction(tr("Copy as text"), form);
   copy->setShortcut(QKeySequence::Copy);
   connect(copy, &QAction::triggered, this, &ReportActions::Copy);
-  auto* print = new QAction(QStringLiteral("Print\u2026"), form);
+  auto* print = new QAction(tr("Print\u2026"), form);
   print->setShortcut(QKeySequence::Print);
   connect(print, &QAction::triggered, this, &ReportActions::Print);
   form->addActions({copy, print});

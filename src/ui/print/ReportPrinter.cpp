@@ -21,6 +21,7 @@
 #include "desk/save_file.h"
 #include "store/durable_file.h"
 #include "ui/print/PrintedReport.h"
+#include "ui/text.h"
 
 namespace orvex {
 namespace {
@@ -33,7 +34,6 @@ constexpr double kLineHeight = 12;
 constexpr double kMostSubtitle = 200;
 constexpr double kHeadGap = 5;
 constexpr double kMargin = 15;  // millimetres
-constexpr const char* kPdfFilter = "PDF files (*.PDF)|*.PDF";
 constexpr int kPreviewWidth = 960;
 constexpr int kPreviewHeight = 680;
 
@@ -100,7 +100,8 @@ bool PaintReport(const PrintedReport& report, QPagedPaintDevice& paper, int reso
     painter.save();
     painter.scale(scale, scale);
     painter.setRenderHint(QPainter::Antialiasing);
-    PaintHead(painter, report, whole.width(), QStringLiteral("Page %1 of %2").arg(page).arg(pages));
+    PaintHead(painter, report, whole.width(),
+              QCoreApplication::translate("ReportPrinter", "Page %1 of %2").arg(page).arg(pages));
     painter.translate(0, head);
     const double shrink = std::min(1.0, area.height() / report.LeastHeight());
     painter.scale(shrink, shrink);
@@ -119,7 +120,8 @@ void Print(const PrintedReport& report, QPrinter& printer, const Services& servi
   if (!IsPreview(printer) && !printer.outputFileName().isEmpty()) {
     SavePdf(report, printer, services);
   } else if (!PrintReport(report, printer)) {
-    services.prompter.Tell("The report could not be printed.");
+    services.prompter.Tell(
+        FromQt(QCoreApplication::translate("ReportPrinter", "The report could not be printed.")));
   }
 }
 
@@ -153,11 +155,13 @@ void SavePdf(const PrintedReport& report, const QPrinter& printer, const Service
   // Qt writes a PDF as it paints it, and does not say when the disk refuses.
   const std::string bytes = PdfOf(report, printer).toStdString();
   const QByteArray file = QFile::encodeName(printer.outputFileName());
-  SaveFile(services.prompter,
-           {.failure = "The PDF file could not be written.",
-            .path = std::filesystem::path(file.toStdString()),
-            .filter = kPdfFilter},
-           [&](const std::filesystem::path& path) { ReplaceFile(services.storage, path, bytes); });
+  SaveFile(
+      services.prompter,
+      {.failure = FromQt(
+           QCoreApplication::translate("ReportPrinter", "The PDF file could not be written.")),
+       .path = std::filesystem::path(file.toStdString()),
+       .filter = FromQt(QCoreApplication::translate("ReportPrinter", "PDF files (*.PDF)|*.PDF"))},
+      [&](const std::filesystem::path& path) { ReplaceFile(services.storage, path, bytes); });
 }
 
 void PreviewReport(const PrintedReport& report, const Services& services, QWidget* form) {
@@ -169,10 +173,11 @@ void PreviewReport(const PrintedReport& report, const Services& services, QWidge
   QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
                    [&](QPrinter* to) { Print(report, *to, services); });
   // The toolbar hides its buttons on a small screen, and is out of the keyboard's reach.
+  const QString print = QPrintPreviewDialog::tr("Print");
   QObject::connect(new QShortcut(QKeySequence::Print, &preview), &QShortcut::activated, &preview,
-                   [&preview] {
+                   [&preview, print] {
                      for (QAction* action : preview.findChildren<QAction*>()) {
-                       if (action->iconText() == QLatin1String("Print")) return action->trigger();
+                       if (action->iconText() == print) return action->trigger();
                      }
                    });
   preview.resize(QSize(kPreviewWidth, kPreviewHeight).boundedTo(form->screen()->availableSize()));

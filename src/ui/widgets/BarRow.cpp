@@ -44,7 +44,7 @@ void BarRow::Show(const StatisticsRow& row) {
       segments_.push_back(label);
     }
     segments_[i]->setText(ToQt(segment.caption));
-    shares << QStringLiteral("%1 of %2").arg(segment.count).arg(segment.reference);
+    shares << tr("%1 of %2").arg(segment.count).arg(segment.reference);
   }
   setAccessibleName(ToQt(row_.heading));
   setAccessibleDescription(shares.join(QStringLiteral(", ")));

@@ -58,7 +58,7 @@ void CheckLists::AddOtherBox(QGridLayout& items, int row) {
   other_ = new QLineEdit;
   other_->setObjectName(QStringLiteral("Text5"));
   other_->setMaxLength(std::numeric_limits<int>::max());  // a file's text is never cut
-  other_->setAccessibleName(QStringLiteral("Other evidence of student success"));
+  other_->setAccessibleName(tr("Other evidence of student success"));
   connect(other_, &QLineEdit::textEdited, this, &CheckLists::OtherTyped);
   items.removeWidget(check);
   auto* line = new QHBoxLayout;

@@ -18,20 +18,20 @@ OfftaskButton::OfftaskButton(QWidget* parent) : CommandButton(parent) {
   large.setPointSizeF(large.pointSizeF() * kTextSize);
   large.setBold(true);
   setFont(large);
-  setAccessibleName(QStringLiteral("* OFFTASK *"));
+  setAccessibleName(tr("* OFFTASK *"));
 }
 
 void OfftaskButton::ShowPending(int count) {
   if (count == pending_) return;
   pending_ = count;
-  setAccessibleDescription(QStringLiteral("%1 pending").arg(count));
+  setAccessibleDescription(tr("%1 pending").arg(count));
   update();
 }
 
 /// The same with and without the caption, and for any number.
 QSize OfftaskButton::sizeHint() const {
   const QFontMetrics metrics = fontMetrics();
-  const int text = metrics.horizontalAdvance(QStringLiteral("* OFFTASK *  99"));
+  const int text = metrics.horizontalAdvance(tr("* OFFTASK *  99"));
   return {text + 2 * kMargin, metrics.height() + kMargin};
 }
 

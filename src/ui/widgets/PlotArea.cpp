@@ -62,8 +62,7 @@ class PlotRow : public QLabel {
     if (event->type() != QEvent::ToolTip) return QLabel::event(event);
     const auto& help = *static_cast<QHelpEvent*>(event);
     const auto column = static_cast<int>(help.x() / grid_.CellWidth());
-    const QString tip =
-        column < columns_ ? QStringLiteral("Question %1").arg(column + 1) : QString();
+    const QString tip = column < columns_ ? PlotArea::tr("Question %1").arg(column + 1) : QString();
     QToolTip::showText(help.globalPos(), tip, this);
     return true;
   }
@@ -76,7 +75,7 @@ class PlotRow : public QLabel {
 /// The row beneath the ruler.
 PlotRow* TensOf(const QuestionPlot& plot, const PlotGrid& grid) {
   auto* row = new PlotRow(grid, ToQt(TensRow(plot.questions)), plot.columns);
-  row->setAccessibleName(QStringLiteral("the number of every tenth question"));
+  row->setAccessibleName(PlotArea::tr("the number of every tenth question"));
   row->setFixedWidth(row->Width());
   return row;
 }

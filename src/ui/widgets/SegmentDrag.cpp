@@ -95,9 +95,9 @@ bool SegmentDrag::Release(const QMouseEvent& mouse) {
 void SegmentDrag::Begin() {
   const std::vector<int> rows = source_->SelectedRows();
   if (rows.empty()) return;
-  const QString text =
-      rows.size() == 1 ? source_->model()->index(rows.front() - 1, 0).data().toString()
-                       : QStringLiteral("%1 segments").arg(static_cast<qulonglong>(rows.size()));
+  const QString text = rows.size() == 1
+                           ? source_->model()->index(rows.front() - 1, 0).data().toString()
+                           : tr("%1 segments").arg(static_cast<qulonglong>(rows.size()));
   auto* image = new QLabel(text, source_->window());
   image->setTextFormat(Qt::PlainText);
   image->setFrameShape(QFrame::Box);

@@ -87,7 +87,7 @@ QLayout* StatementRow::BuildButtons(std::size_t statement) {
   takeBack_->setText(QStringLiteral("\u00d7"));
   takeBack_->setAutoRaise(true);
   takeBack_->setFocusPolicy(Qt::NoFocus);
-  takeBack_->setToolTip(QStringLiteral("Take the rating back (Delete)"));
+  takeBack_->setToolTip(tr("Take the rating back (Delete)"));
   takeBack_->setAccessibleName(takeBack_->toolTip());
   KeepPlace(takeBack_);
   connect(takeBack_, &QToolButton::clicked, this, [this] { Q_EMIT Rated(kUncoded); });
