@@ -22,12 +22,16 @@ const Episode* EditedEpisode(const Services& services, const EpisodeEditor& edit
   return number >= 1 && number <= episodes.size() ? &episodes[number - 1] : nullptr;
 }
 
+Printing PrintingOf(const Services& services) {
+  return {services.prompter, services.storage};
+}
+
 }  // namespace
 
 std::unique_ptr<frmTimeSummary> MakeTimeSummaryForm(const Services& services,
                                                     const EpisodeEditor& editor) {
   auto form = std::make_unique<frmTimeSummary>(
-      MakeTimeSummary(editor.File().Header(), services.program.Episodes), services);
+      MakeTimeSummary(editor.File().Header(), services.program.Episodes), PrintingOf(services));
   QObject::connect(form.get(), &frmTimeSummary::Menu, form.get(), [&screens = services.screens] {
     screens.Show(Screen::episodeEditor);
     screens.Close(Screen::timeSummary);
@@ -42,7 +46,7 @@ std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services
   const EpsHeader& header = editor.File().Header();
   auto form = std::make_unique<frmQuestionStats>(
       MakeQuestionStatistics(header.identity, editor.CurrentEpisode(), *episode),
-      OriginOf(header, *episode), services);
+      OriginOf(header, *episode), PrintingOf(services));
   Screens& screens = services.screens;
   QObject::connect(form.get(), &frmQuestionStats::Menu, form.get(), [&screens] {
     screens.Show(Screen::episodeEditor);
@@ -66,7 +70,7 @@ std::unique_ptr<frmQuestionPlot> MakeQuestionPlotForm(const Services& services,
   const EpsHeader& header = editor.File().Header();
   auto form = std::make_unique<frmQuestionPlot>(
       MakeQuestionPlot(header.identity, editor.CurrentEpisode(), *episode),
-      OriginOf(header, *episode), services);
+      OriginOf(header, *episode), PrintingOf(services));
   QObject::connect(form.get(), &frmQuestionPlot::Back, form.get(),
                    [&screens = services.screens, back] {
                      screens.Show(back);

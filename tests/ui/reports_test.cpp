@@ -78,7 +78,7 @@ EpisodeOrigin Origin() {
 
 TEST(QuestionStatsForm, KeepsTheProportionsOfItsBars) {
   Desk desk;
-  frmQuestionStats form(Statistics(60), Origin(), desk.services);
+  frmQuestionStats form(Statistics(60), Origin(), Printing{desk.prompter, desk.storage});
   Activate(form);
   EXPECT_EQ(Find<QLabel>(form, "Label31")->text(),
             QLatin1String("Teacher 40 / Student Questions 20"));
@@ -105,7 +105,8 @@ TEST(QuestionStatsForm, TellsOnceWhatKeptItFromBeingFilled) {
   Desk desk;
   Episode episode = Lesson(3);
   episode.segments.clear();
-  frmQuestionStats form(MakeQuestionStatistics(kIdentity, 2, episode), Origin(), desk.services);
+  frmQuestionStats form(MakeQuestionStatistics(kIdentity, 2, episode), Origin(),
+                        Printing{desk.prompter, desk.storage});
   Activate(form);
   desk.prompter.Expect("Questions need to be cleaned up first.", Answer::ok);
   form.Refresh();
@@ -118,7 +119,7 @@ TEST(QuestionStatsForm, TellsOnceWhatKeptItFromBeingFilled) {
 
 TEST(QuestionStatsForm, LeadsOnByKeyAndButton) {
   Desk desk;
-  frmQuestionStats form(Statistics(3), Origin(), desk.services);
+  frmQuestionStats form(Statistics(3), Origin(), Printing{desk.prompter, desk.storage});
   Activate(form);
   const QSignalSpy menu(&form, &frmQuestionStats::Menu);
   const QSignalSpy edit(&form, &frmQuestionStats::EditQuestions);
@@ -135,7 +136,7 @@ TEST(QuestionStatsForm, LeadsOnByKeyAndButton) {
 
 TEST(TimeSummaryForm, ShowsItsTablesWhole) {
   Desk desk;
-  frmTimeSummary form(Times(), desk.services);
+  frmTimeSummary form(Times(), Printing{desk.prompter, desk.storage});
   Activate(form);
   EXPECT_EQ(Find<QLabel>(form, "Label52")->text(), QLatin1String("30:00"));
   for (const int width : {1300, 820, 480}) {
@@ -177,7 +178,7 @@ int FirstInk(QLabel& row) {
 
 TEST(QuestionPlotForm, ScrollsItsRowsAndKeepsTheirHeadings) {
   Desk desk;
-  frmQuestionPlot form(Plot(600), Origin(), desk.services);
+  frmQuestionPlot form(Plot(600), Origin(), Printing{desk.prompter, desk.storage});
   Activate(form);
   form.resize(700, 300);
   Settle();
@@ -219,9 +220,9 @@ TEST(QuestionPlotForm, ScrollsItsRowsAndKeepsTheirHeadings) {
 
 TEST(ReportForms, ShowHowTheyWillLookOnPaper) {
   Desk desk;
-  frmQuestionStats statistics(Statistics(5), Origin(), desk.services);
-  frmTimeSummary times(Times(), desk.services);
-  frmQuestionPlot plot(Plot(5), Origin(), desk.services);
+  frmQuestionStats statistics(Statistics(5), Origin(), Printing{desk.prompter, desk.storage});
+  frmTimeSummary times(Times(), Printing{desk.prompter, desk.storage});
+  frmQuestionPlot plot(Plot(5), Origin(), Printing{desk.prompter, desk.storage});
   for (QWidget* form : std::initializer_list<QWidget*>{&statistics, &times, &plot}) {
     for (const char* key : {"{Alt+P}", "{Ctrl+P}"}) {
       // "&Print" of the statistics shares its letter with "Q &Plot".
@@ -250,7 +251,7 @@ class PaperTest : public testing::Test {
     printer.setOutputFileName(file);
     printer.setPageSize(QPageSize(QPageSize::A4));
     printer.setPageOrientation(report.Orientation());
-    SavePdf(report, printer, services_);
+    SavePdf(report, printer, {desk_.prompter, storage_});
     QProcess reader;
     reader.start(QStringLiteral("pdftotext"), {QLatin1String(mode), file, QStringLiteral("-")});
     EXPECT_TRUE(reader.waitForFinished()) << "pdftotext is of the package poppler-utils";
@@ -261,8 +262,6 @@ class PaperTest : public testing::Test {
 
   Desk desk_;
   FaultyStorage storage_;
-  Services services_{desk_.program, desk_.log,      desk_.recovery, storage_,
-                     desk_.clock,   desk_.prompter, desk_.screens,  desk_.programFolder};
 };
 
 TEST_F(PaperTest, OnAFullDiskKeepsTheOlderFileAndCanBeTriedAgain) {

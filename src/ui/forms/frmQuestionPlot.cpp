@@ -11,7 +11,7 @@
 namespace orvex {
 
 frmQuestionPlot::frmQuestionPlot(const QuestionPlot& plot, const EpisodeOrigin& origin,
-                                 const Services& services, QWidget* parent)
+                                 const Printing& printing, QWidget* parent)
     : QWidget(parent), ui_(std::make_unique<Ui::frmQuestionPlot>()) {
   ui_->setupUi(this);
   ShowText(ui_->Label1, plot.title);
@@ -20,7 +20,7 @@ frmQuestionPlot::frmQuestionPlot(const QuestionPlot& plot, const EpisodeOrigin& 
   ui_->plotArea->Show(plot);
   auto* actions =
       new ReportActions(this, ToQt(TextOf(plot)), std::make_unique<PrintedPlot>(plot, origin),
-                        services, ui_->plotArea, Qt::Horizontal);
+                        printing, ui_->plotArea, Qt::Horizontal);
   connect(ui_->Command1, &QPushButton::clicked, actions, &ReportActions::Print);
   connect(ui_->Command2, &QPushButton::clicked, this, &frmQuestionPlot::Back);
   FocusVisibly(ui_->Command2);

@@ -3,9 +3,9 @@
 #include <QWidget>
 #include <memory>
 
-#include "desk/services.h"
 #include "reports/episode_origin.h"
 #include "reports/question_plot.h"
+#include "ui/print/ReportPrinter.h"
 
 namespace Ui {
 class frmQuestionPlot;
@@ -19,7 +19,7 @@ class frmQuestionPlot : public QWidget {
 
  public:
   /// `origin` goes to paper only.
-  frmQuestionPlot(const QuestionPlot& plot, const EpisodeOrigin& origin, const Services& services,
+  frmQuestionPlot(const QuestionPlot& plot, const EpisodeOrigin& origin, const Printing& printing,
                   QWidget* parent = nullptr);
   ~frmQuestionPlot() override;
 

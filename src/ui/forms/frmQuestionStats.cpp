@@ -14,16 +14,16 @@
 namespace orvex {
 
 frmQuestionStats::frmQuestionStats(QuestionStatistics statistics, const EpisodeOrigin& origin,
-                                   const Services& services, QWidget* parent)
+                                   const Printing& printing, QWidget* parent)
     : QWidget(parent),
       statistics_(std::move(statistics)),
-      prompter_(services.prompter),
+      prompter_(printing.prompter),
       ui_(std::make_unique<Ui::frmQuestionStats>()) {
   ui_->setupUi(this);
   Fill();
   auto* actions = new ReportActions(this, ToQt(TextOf(statistics_)),
                                     std::make_unique<PrintedStatistics>(statistics_, origin),
-                                    services, ui_->scrollArea, Qt::Vertical);
+                                    printing, ui_->scrollArea, Qt::Vertical);
   connect(ui_->Command1, &QPushButton::clicked, this, &frmQuestionStats::Menu);
   connect(ui_->Command2, &QPushButton::clicked, this, &frmQuestionStats::EditQuestions);
   connect(ui_->Command6, &QPushButton::clicked, this, &frmQuestionStats::Plot);

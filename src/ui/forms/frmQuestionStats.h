@@ -3,9 +3,9 @@
 #include <QWidget>
 #include <memory>
 
-#include "desk/services.h"
 #include "reports/episode_origin.h"
 #include "reports/question_statistics.h"
+#include "ui/print/ReportPrinter.h"
 
 namespace Ui {
 class frmQuestionStats;
@@ -20,7 +20,7 @@ class frmQuestionStats : public QWidget {
  public:
   /// `origin` goes to paper only.
   frmQuestionStats(QuestionStatistics statistics, const EpisodeOrigin& origin,
-                   const Services& services, QWidget* parent = nullptr);
+                   const Printing& printing, QWidget* parent = nullptr);
   ~frmQuestionStats() override;
 
   /// Tells the user, once the form is to be seen, what kept it from being filled.

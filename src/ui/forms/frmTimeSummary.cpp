@@ -13,14 +13,14 @@
 
 namespace orvex {
 
-frmTimeSummary::frmTimeSummary(const TimeSummary& summary, const Services& services,
+frmTimeSummary::frmTimeSummary(const TimeSummary& summary, const Printing& printing,
                                QWidget* parent)
     : QWidget(parent), ui_(std::make_unique<Ui::frmTimeSummary>()) {
   ui_->setupUi(this);
   Fill(summary);
   auto* actions =
       new ReportActions(this, ToQt(TextOf(summary)), std::make_unique<PrintedTimeSummary>(summary),
-                        services, ui_->scrollArea, Qt::Vertical);
+                        printing, ui_->scrollArea, Qt::Vertical);
   connect(ui_->Command1, &QPushButton::clicked, this, &frmTimeSummary::Menu);
   connect(ui_->Command2, &QPushButton::clicked, actions, &ReportActions::Print);
   FocusVisibly(ui_->Command1);

@@ -3,8 +3,8 @@
 #include <QWidget>
 #include <memory>
 
-#include "desk/services.h"
 #include "reports/time_summary.h"
+#include "ui/print/ReportPrinter.h"
 
 namespace Ui {
 class frmTimeSummary;
@@ -17,7 +17,7 @@ class frmTimeSummary : public QWidget {
   Q_OBJECT
 
  public:
-  frmTimeSummary(const TimeSummary& summary, const Services& services, QWidget* parent = nullptr);
+  frmTimeSummary(const TimeSummary& summary, const Printing& printing, QWidget* parent = nullptr);
   ~frmTimeSummary() override;
 
   /// The form shows what it was made with.

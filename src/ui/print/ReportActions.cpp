@@ -10,17 +10,16 @@
 
 #include "ui/keys/FormKeys.h"
 #include "ui/print/PrintedReport.h"
-#include "ui/print/ReportPrinter.h"
 
 namespace orvex {
 
 ReportActions::ReportActions(QWidget* form, QString text, std::unique_ptr<PrintedReport> report,
-                             const Services& services, QScrollArea* area, Qt::Orientation wide)
+                             const Printing& printing, QScrollArea* area, Qt::Orientation wide)
     : QObject(form),
       form_(form),
       text_(std::move(text)),
       report_(std::move(report)),
-      services_(services),
+      printing_(printing),
       area_(area),
       wide_(wide) {
   auto* copy = new QAction(tr("Copy as text"), form);
@@ -39,7 +38,7 @@ ReportActions::ReportActions(QWidget* form, QString text, std::unique_ptr<Printe
 ReportActions::~ReportActions() = default;
 
 void ReportActions::Print() {
-  PreviewReport(*report_, services_, form_);
+  PreviewReport(*report_, printing_, form_);
 }
 
 void ReportActions::Copy() const {

@@ -4,7 +4,7 @@
 #include <QString>
 #include <memory>
 
-#include "desk/services.h"
+#include "ui/print/ReportPrinter.h"
 
 class QKeyEvent;
 class QScrollArea;
@@ -23,7 +23,7 @@ class ReportActions : public QObject {
   /// For `form`, which owns it. `text` is what is copied; `area` what is scrolled: from page to
   /// page in the direction it is `wide` in.
   ReportActions(QWidget* form, QString text, std::unique_ptr<PrintedReport> report,
-                const Services& services, QScrollArea* area, Qt::Orientation wide);
+                const Printing& printing, QScrollArea* area, Qt::Orientation wide);
   ~ReportActions() override;
 
   void Print();
@@ -35,7 +35,7 @@ class ReportActions : public QObject {
   QWidget* form_;
   QString text_;
   std::unique_ptr<PrintedReport> report_;
-  Services services_;
+  Printing printing_;
   QScrollArea* area_;
   Qt::Orientation wide_;
 };

@@ -116,11 +116,11 @@ bool IsPreview(QPrinter& printer) {
   return printer.paintEngine()->type() == QPaintEngine::Picture;
 }
 
-void Print(const PrintedReport& report, QPrinter& printer, const Services& services) {
+void Print(const PrintedReport& report, QPrinter& printer, const Printing& printing) {
   if (!IsPreview(printer) && !printer.outputFileName().isEmpty()) {
-    SavePdf(report, printer, services);
+    SavePdf(report, printer, printing);
   } else if (!PrintReport(report, printer)) {
-    services.prompter.Tell(
+    printing.prompter.Tell(
         FromQt(QCoreApplication::translate("ReportPrinter", "The report could not be printed.")));
   }
 }
@@ -151,27 +151,27 @@ QByteArray PdfOf(const PrintedReport& report, const QPrinter& printer) {
   return bytes;
 }
 
-void SavePdf(const PrintedReport& report, const QPrinter& printer, const Services& services) {
+void SavePdf(const PrintedReport& report, const QPrinter& printer, const Printing& printing) {
   // Qt writes a PDF as it paints it, and does not say when the disk refuses.
   const std::string bytes = PdfOf(report, printer).toStdString();
   const QByteArray file = QFile::encodeName(printer.outputFileName());
   SaveFile(
-      services.prompter,
+      printing.prompter,
       {.failure = FromQt(
            QCoreApplication::translate("ReportPrinter", "The PDF file could not be written.")),
        .path = std::filesystem::path(file.toStdString()),
        .filter = FromQt(QCoreApplication::translate("ReportPrinter", "PDF files (*.PDF)|*.PDF"))},
-      [&](const std::filesystem::path& path) { ReplaceFile(services.storage, path, bytes); });
+      [&](const std::filesystem::path& path) { ReplaceFile(printing.storage, path, bytes); });
 }
 
-void PreviewReport(const PrintedReport& report, const Services& services, QWidget* form) {
+void PreviewReport(const PrintedReport& report, const Printing& printing, QWidget* form) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(report.DocumentName());
   printer.setPageOrientation(report.Orientation());
   printer.setPageMargins(QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Millimeter);
   QPrintPreviewDialog preview(&printer, form);
   QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
-                   [&](QPrinter* to) { Print(report, *to, services); });
+                   [&](QPrinter* to) { Print(report, *to, printing); });
   // The toolbar hides its buttons on a small screen, and is out of the keyboard's reach.
   const QString print = QPrintPreviewDialog::tr("Print");
   QObject::connect(new QShortcut(QKeySequence::Print, &preview), &QShortcut::activated, &preview,

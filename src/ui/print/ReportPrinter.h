@@ -1,7 +1,5 @@
 #pragma once
 
-#include "desk/services.h"
-
 class QByteArray;
 class QFont;
 class QPrinter;
@@ -10,6 +8,14 @@ class QWidget;
 namespace orvex {
 
 class PrintedReport;
+class Prompter;
+class Storage;
+
+/// What printing works with: whom it tells what went wrong, and where PDF files are stored.
+struct Printing {
+  Prompter& prompter;
+  Storage& storage;
+};
 
 /// Prints the pages that `printer` asks for, each with the report's title, what it is about, and
 /// its number. False when the printer cannot be written to.
@@ -19,10 +25,10 @@ bool PrintReport(const PrintedReport& report, QPrinter& printer);
 QByteArray PdfOf(const PrintedReport& report, const QPrinter& printer);
 /// Stores them in the file that `printer` would write, whole or not at all; the user is told when
 /// that fails, and can have it tried again or choose another place.
-void SavePdf(const PrintedReport& report, const QPrinter& printer, const Services& services);
+void SavePdf(const PrintedReport& report, const QPrinter& printer, const Printing& printing);
 
 /// Shows the report as it will look on paper; from there it goes to a printer or into a PDF file.
-void PreviewReport(const PrintedReport& report, const Services& services, QWidget* form);
+void PreviewReport(const PrintedReport& report, const Printing& printing, QWidget* form);
 
 /// A font of so many points for painting on paper, where lengths are points: its characters keep
 /// their proportions at every resolution.
