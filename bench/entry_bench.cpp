@@ -75,7 +75,7 @@ struct Entry {
     live.Live().ChooseActivity(kQuestionAnswer);
     questionInfo question;
     question.SetValue("What happened then?", {"T", "Y", "N", "N", "R", "Ana", "N", "", "U"}, 1, 1);
-    live.Live().CurQuestions().assign(static_cast<std::size_t>(questions), question);
+    program.Episodes.back().questions.assign(static_cast<std::size_t>(questions), question);
     form.show();
     QCoreApplication::processEvents();
   }
@@ -127,7 +127,7 @@ void KeepingAClass(benchmark::State& state) {
   Entry entry(static_cast<int>(state.range(0)));
   Longest keeping;
   for (auto _ : state) {
-    entry.live.Live().Draft().question += 'a';
+    entry.form.Entry().TypeQuestion(entry.form.Entry().Question() + 'a');
     keeping.Begin();
     entry.live.Live().Keep();
     entry.recovery.AwaitWritten();
@@ -146,7 +146,7 @@ void EnteringAQuestion(benchmark::State& state) {
   auto* text = entry.Box("txtQuestion");
   auto* source = entry.Box("Text1");
   auto* response = entry.Box("Text2");
-  auto& questions = entry.live.Live().CurQuestions();
+  auto& questions = entry.program.Episodes.back().questions;
   const std::size_t before = questions.size();
   for (auto _ : state) {
     Press(text, Qt::Key_A, QStringLiteral("a"));

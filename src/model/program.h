@@ -14,6 +14,9 @@ namespace orvex {
 /// The seven averages of an episode file's header, in the order of kOfftaskCategories.
 using OfftaskAverages = std::array<float, kOfftaskCategories.size()>;
 
+/// Every off-task estimate of an observation, by position in kOfftaskCategories.
+using EstimatesByCategory = std::array<std::vector<float>, kOfftaskCategories.size()>;
+
 /// What identifies an observation, as typed: the texts stay texts until they are normalised.
 struct Identity {
   std::string Initials;
@@ -37,13 +40,12 @@ struct Program {
   EpisodeList Episodes;  ///< the observation in memory
   std::filesystem::path DataPath;
   Identity identity;
-  std::string StartTimeText;   ///< when the main menu was loaded, "hh:mm:ss"
-  bool QuitRequested = false;  ///< the observation has been ended
+  std::string StartTimeText;  ///< when the main menu was loaded, "hh:mm:ss"
+  bool ClassStored = false;  ///< the observation has been ended, and its episodes are in their file
   /// Where the next search for an uncoded question starts, and where the last one stopped.
   int ProofEp = 0;
   int ProofQ = 0;
-  /// Every off-task estimate of the observation, by position in kOfftaskCategories.
-  std::array<std::vector<float>, kOfftaskCategories.size()> OfftaskByCat;
+  EstimatesByCategory OfftaskByCat;
 
   OfftaskAverages AverageOfftask() const {
     OfftaskAverages averages{};

@@ -1,7 +1,6 @@
 #include "observe/live_observation.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <utility>
 
 #include "desk/elapsed_time.h"
@@ -9,8 +8,8 @@
 #include "desk/proof.h"
 #include "desk/screens.h"
 #include "model/clock.h"
-#include "model/time_of_day.h"
-#include "model/validation.h"
+#include "observe/end_of_class.h"
+#include "store/numbers.h"
 #include "store/session_log.h"
 #include "store/text_encoding.h"
 
@@ -19,17 +18,22 @@ namespace {
 
 using Kind = LiveObservation::Control::Kind;
 
+std::string CaptionAt(const Clock& clock) {
+  return "Class Activity Menu - File opened at " + clock.TimeText();
+}
+
 }  // namespace
 
 LiveObservation::LiveObservation(const Services& services)
     : services_(services),
       episodes_(services.program.Episodes),
-      run_(RunningClass::Begun()),
+      run_(RunningClass::Begun(Now())),
       header_(services, run_.typedNumbers),
-      caption_("Class Activity Menu - File opened at " + services.clock.TimeText()) {
-  run_.episodeStart = run_.segmentStart = Now();
+      estimates_(services, run_, header_),
+      questions_(services, run_),
+      caption_(CaptionAt(services.clock)) {
   episodes_.assign(1, Episode{});
-  for (auto& estimates : services.program.OfftaskByCat) estimates.clear();
+  services.program.OfftaskByCat = {};
   FocusDescription();
 }
 
@@ -38,18 +42,15 @@ LiveObservation::LiveObservation(const Services& services, RunningClass running)
       episodes_(services.program.Episodes),
       run_(std::move(running)),
       header_(services, run_.typedNumbers),
-      caption_("Class Activity Menu - File opened at " + services.clock.TimeText()) {
+      estimates_(services, run_, header_),
+      questions_(services, run_),
+      caption_(CaptionAt(services.clock)) {
   run_.awaitsSurvey = ClassStored();
-  if (AwaitsSurvey()) {
+  if (run_.awaitsSurvey) {
     focus_.Set({.kind = Kind::survey}, Caret::stay);
     return;
   }
-  // It was about to be stored: the segment runs on as if the end had not been asked for.
-  if (static_cast<int>(CurrentEpisode().segments.size()) == run_.curSegment) {
-    CurrentEpisode().segments.pop_back();
-    StartSchedule();
-  }
-  CatchUpSchedule();
+  run_.TakeUp(episodes_, Now());
   FocusCurActivity();
   EnterDescription();
   // A number that was half typed is not the class's yet: it waits for its observer.
@@ -60,51 +61,19 @@ LiveObservation::LiveObservation(const Services& services, RunningClass running)
 
 void LiveObservation::ShowForms() {
   services_.screens.Show(Screen::liveObservation);
-  if (AwaitsSurvey() || SelectedActivity() != kQuestionAnswer) return;
+  if (run_.awaitsSurvey || run_.ChosenActivity() != kQuestionAnswer) return;
   services_.screens.Show(Screen::questionEntry);
   services_.screens.Hide(Screen::liveObservation);
 }
 
 void LiveObservation::Keep() {
   const bool worthKeeping =
-      !NothingEntered() || !FieldNotes().empty() || AreNotesOpen() || keeper_.HasBegun();
+      !run_.nothingEntered || !run_.fieldNotes.empty() || run_.draftNotes || keeper_.HasBegun();
   if (worthKeeping) keeper_.Keep(services_, run_);
 }
 
 float LiveObservation::Now() const {
   return services_.clock.SecondsSinceMidnight();
-}
-
-Episode& LiveObservation::CurrentEpisode() {
-  return episodes_[static_cast<std::size_t>(run_.curEpisode - 1)];
-}
-
-const Episode& LiveObservation::CurrentEpisode() const {
-  return episodes_[static_cast<std::size_t>(run_.curEpisode - 1)];
-}
-
-// What the form shows.
-
-bool LiveObservation::CanDivide() const {
-  return !AwaitsSurvey() && !Description().empty() && SelectedActivity() != kNoActivity;
-}
-
-bool LiveObservation::ProofVisible() const {
-  return CanDivide() && AnyQuestions(episodes_);
-}
-
-bool LiveObservation::CanEndClass() const {
-  return AwaitsSurvey() || CanDivide() || run_.nothingEntered;
-}
-
-bool LiveObservation::ConversionVisible() const {
-  if (AwaitsSurvey()) return false;
-  return run_.curSegment >= 2 ? RoomForEpisode() : run_.curEpisode >= 2;
-}
-
-std::string LiveObservation::ConversionCaption() const {
-  if (conversionBlank_) return "";
-  return run_.curSegment >= 2 ? "Sg. &to Ep." : "Ep. &to Sg.";
 }
 
 // The header.
@@ -130,13 +99,8 @@ void LiveObservation::FocusDescription() {
   EnterDescription();
 }
 
-void LiveObservation::FocusCurActivity() {
-  if (run_.curActivity == kNoActivity) return FocusDescription();
-  focus_.Set({.kind = Kind::activity, .activity = run_.curActivity});
-}
-
 void LiveObservation::TypeDescription(const std::string& text) {
-  CurrentEpisode().Descript = OneLine(text);
+  episodes_.back().Descript = OneLine(text);
 }
 
 void LiveObservation::KeyInDescription() {
@@ -145,170 +109,186 @@ void LiveObservation::KeyInDescription() {
 }
 
 void LiveObservation::LeaveDescription() {
-  if (Description() == savedDescription_) return;
-  services_.log.LogRevisedDescription(Description());
-  savedDescription_ = Description();
+  const std::string& description = CurrentEpisode().Descript;
+  if (description == savedDescription_) return;
+  services_.log.LogRevisedDescription(description);
+  savedDescription_ = description;
+}
+
+// Activities.
+
+void LiveObservation::FocusCurActivity() {
+  if (run_.curActivity == kNoActivity) return FocusDescription();
+  focus_.Set({.kind = Kind::activity, .activity = run_.curActivity});
 }
 
 void LiveObservation::TypeAbout(const std::string& text) {
   run_.coding.about = OneLine(text);
 }
 
+void LiveObservation::ChooseActivity(int activity) {
+  if (!IsActivity(activity) || activity == run_.ChosenActivity()) return;
+  const bool revises = !run_.AwaitsActivity();
+  if (revises && !services_.prompter.AskOkCancel("Revise activity # ?")) return FocusCurActivity();
+  run_.ChooseActivity(activity, episodes_, Now());
+  if (revises) {
+    services_.log.LogRevisedActivity(run_.curEpisode, run_.curSegment, run_.curActivity);
+  } else {
+    services_.log.LogEpisodeStart(run_.curEpisode, run_.curSegment);
+  }
+  FocusCurActivity();
+  if (activity != kQuestionAnswer) return;
+  services_.screens.Show(Screen::questionEntry);
+  services_.screens.Hide(Screen::liveObservation);
+}
+
+void LiveObservation::AbandonQuestionAnswer() {
+  run_.AbandonQuestionAnswer(episodes_);
+  services_.log.LogRevisedActivity(run_.curEpisode, run_.curSegment, run_.curActivity);
+  if (run_.curSegment == 1) {
+    FocusDescription();
+  } else {
+    FocusCurActivity();
+  }
+}
+
 // Segments.
 
-void LiveObservation::cmdStartNewSg_Click() {
-  if (!CanStartSegment() || !services_.prompter.AskYesNo("Start New Segment?")) return;
+void LiveObservation::AskToStartSegment() {
+  if (!Allowed().segment || !services_.prompter.AskYesNo("Start New Segment?")) return;
   run_.skipEstimate = false;
-  StartNewSeg();
+  StartSegment();
   services_.screens.Show(Screen::liveObservation);
 }
 
-void LiveObservation::cmdStartNewQASg_Click() {
-  if (!CanStartSegment()) return;
+void LiveObservation::StartQuestionAnswer() {
+  if (!Allowed().segment) return;
   run_.skipEstimate = true;
-  StartNewSeg();
+  StartSegment();
   ChooseActivity(kQuestionAnswer);
 }
 
-void LiveObservation::StartNewSeg() {
-  EndSeg();
-  run_.choice = ActivityChoice::awaited;
-  run_.freshSegment = true;
-  run_.coding.ResetForNewSegment();
-  ++run_.curSegment;
-  run_.segmentStart = Now();
+void LiveObservation::StartSegment() {
+  AskFinalEstimate();
+  const float now = Now();
+  LogSegmentEnd(now);
+  run_.StartSegment(episodes_, now);
   // The button just used is gone now; the next thing the observer does is to choose the activity.
   FocusCurActivity();
 }
 
-void LiveObservation::EndSeg() {
-  if (ActivityOf(SelectedActivity()).TakesEstimates() && !run_.skipEstimate) AskEstimate();
-  const float now = Now();
+void LiveObservation::AskFinalEstimate() {
+  if (run_.EndsWithEstimate()) estimates_.Ask();
+}
+
+void LiveObservation::LogSegmentEnd(float now) {
   services_.log.LogSegmentEnd(run_.curEpisode, run_.curSegment, run_.curActivity,
                               ElapsedSeconds(run_.segmentStart, now, services_.prompter),
                               run_.coding.about);
-  run_.schedule.Stop();
-  CurrentEpisode().segments.push_back(run_.Segment(now - run_.segmentStart));
 }
 
 // Episodes.
 
-void LiveObservation::cmdStartNewEp_Click() {
-  if (CanStartEpisode() && services_.prompter.AskYesNo("Start New Episode?")) StartNewEpi();
+void LiveObservation::AskToStartEpisode() {
+  if (Allowed().episode && services_.prompter.AskYesNo("Start New Episode?")) StartEpisode();
 }
 
-void LiveObservation::EndEpisode() {
-  EndSeg();
-  run_.episodeActivity = run_.curActivity;
-  services_.log.LogEpisode(run_.curEpisode, Description(),
-                           ElapsedSeconds(run_.episodeStart, Now(), services_.prompter));
-  if (CurQuestions().empty()) return;
-  StoreOfftaskMean();
+void LiveObservation::StartEpisode(std::optional<bool> wasReview) {
+  if (wasReview) episodes_.back().bReview = *wasReview ? "Y" : "N";
+  AskFinalEstimate();
+  const float now = Now();
+  LogEpisodeEnd(now);
+  run_.StartEpisode(episodes_, now);
+  FocusDescription();
+  services_.screens.Show(Screen::liveObservation);
+}
+
+void LiveObservation::LogEpisodeEnd(float now) {
+  LogSegmentEnd(now);
+  services_.log.LogEpisode(run_.curEpisode, CurrentEpisode().Descript,
+                           ElapsedSeconds(run_.episodeStart, now, services_.prompter));
+  if (CurrentEpisode().questions.empty()) return;
   services_.log.LogBlankLine();
   LogOfftaskMean();
-}
-
-void LiveObservation::StoreOfftaskMean() {
-  CurrentEpisode().offtask = AverageOf(run_.offtaskEstimates);
 }
 
 void LiveObservation::LogOfftaskMean() {
-  services_.log.LogEpisodeOfftask(run_.curEpisode, CurrentEpisode().offtask,
+  services_.log.LogEpisodeOfftask(run_.curEpisode, AverageOf(run_.offtaskEstimates),
                                   static_cast<int>(run_.offtaskEstimates.size()));
 }
 
-void LiveObservation::AppendEpisode() {
-  run_.prevOfftaskEstimates = std::exchange(run_.offtaskEstimates, {});
-  episodes_.emplace_back();
-  ++run_.curEpisode;
-  run_.curSegment = 1;
-  run_.prevEpisodeStart = run_.episodeStart;
-}
-
-void LiveObservation::StartNewEpi() {
-  EndEpisode();
-  AppendEpisode();
-  run_.episodeStart = Now();
-  run_.segmentStart = run_.episodeStart;
-  run_.coding.choicesVisible = false;
-  run_.coding.ResetForNewSegment();
-  run_.choice = ActivityChoice::awaited;
-  run_.curActivity = kNoActivity;
-  run_.freshSegment = true;
-  FocusDescription();
-  services_.screens.Show(Screen::liveObservation);
-}
-
-// Between segment and episode.
-
-void LiveObservation::cmdBailout_Click() {
-  // Blank until the next refresh, so that a second click does not undo the first.
-  if (std::exchange(conversionBlank_, true) || !ConversionVisible()) return;
-  if (run_.curSegment >= 2) {
-    StartNewEpi2();
-  } else {
-    RevertNewEpisode();
+void LiveObservation::Convert() {
+  switch (Allowed().conversion) {
+    case Conversion::none:
+      break;
+    case Conversion::toEpisode:
+      ConvertToEpisode();
+      break;
+    case Conversion::toSegment:
+      ConvertToSegment();
+      break;
   }
 }
 
-void LiveObservation::CloseEpisodeForSegment() {
-  run_.episodeActivity = run_.curActivity;
+void LiveObservation::ConvertToEpisode() {
+  const Episode& episode = CurrentEpisode();
   services_.log.LogSegmentToEpisode();
-  services_.log.LogEpisode(run_.curEpisode, Description(), CurrentEpisode().duration());
-  if (CurQuestions().empty()) return;
-  StoreOfftaskMean();
-  services_.log.LogBlankLine();
-  services_.log.LogActiveEstimates(run_.curEpisode);
-  LogOfftaskMean();
-}
-
-void LiveObservation::StartNewEpi2() {
-  CloseEpisodeForSegment();
-  AppendEpisode();
-  run_.episodeStart = run_.segmentStart;
-  if (SelectedActivity() == kNoActivity) run_.coding.choicesVisible = false;
+  services_.log.LogEpisode(run_.curEpisode, episode.Descript, episode.duration());
+  if (!episode.questions.empty()) {
+    services_.log.LogBlankLine();
+    services_.log.LogActiveEstimates(run_.curEpisode);
+    LogOfftaskMean();
+  }
+  run_.ConvertToEpisode(episodes_);
   FocusDescription();
   services_.screens.Show(Screen::liveObservation);
 }
 
-void LiveObservation::RevertNewEpisode() {
-  episodes_.pop_back();
-  run_.history.ForgetEpisode(run_.curEpisode);
-  --run_.curEpisode;
-  run_.curSegment = static_cast<int>(CurrentEpisode().segments.size()) + 1;
-  run_.offtaskEstimates = run_.prevOfftaskEstimates;
-  run_.episodeStart = run_.prevEpisodeStart;
-  // The running segment keeps the activity it has; what is on the form is what is stored.
-  if (SelectedActivity() == kNoActivity) run_.curActivity = run_.episodeActivity;
-  run_.coding.choicesVisible = true;
+void LiveObservation::ConvertToSegment() {
+  run_.ConvertToSegment(episodes_);
   FocusDescription();
   services_.log.LogEpisodeToSegment();
 }
 
-// The other forms.
+void LiveObservation::CorrectTime() {
+  const std::int32_t elapsed = ElapsedSeconds(run_.segmentStart, Now(), services_.prompter);
+  const int maximum = std::min(2 * elapsed, RunningClass::kMost);
+  const int preset = std::min(elapsed, maximum);
+  const auto seconds = services_.prompter.AskSeconds({.maximum = maximum, .seconds = preset});
+  if (!seconds) return;
+  // The segment has gone on while the dialog was open: a number that nobody has changed moves
+  // nothing.
+  const float moved =
+      *seconds == preset ? 0.0F : run_.CorrectTime(Now(), static_cast<float>(*seconds));
+  services_.log.LogAdjustTime(run_.curEpisode, run_.curSegment, moved);
+}
 
-void LiveObservation::Command9_Click() {
+// What has forms of its own.
+
+void LiveObservation::OpenAbout() {
   services_.screens.Show(Screen::aboutText);
 }
 
-void LiveObservation::cmdReview_Click() {
-  services_.screens.ShowQuestionEditor(EditorCaller::liveObservation, false);
+void LiveObservation::ReviewQuestions() {
+  OpenQuestionEditor(false);
+}
+
+void LiveObservation::ProofQuestions() {
+  if (FindNextGap(services_.program, services_.prompter)) OpenQuestionEditor(true);
+}
+
+void LiveObservation::OpenQuestionEditor(bool proofMode) {
+  services_.screens.ShowQuestionEditor(EditorCaller::liveObservation, proofMode);
   services_.screens.Hide(Screen::liveObservation);
 }
 
-void LiveObservation::cmdProof_Click() {
-  if (!FindNextGap(services_.program, services_.prompter)) return;
-  services_.screens.ShowQuestionEditor(EditorCaller::liveObservation, true);
-  services_.screens.Hide(Screen::liveObservation);
-}
-
-void LiveObservation::Command7_Click() {
-  if (!CanOpenSurvey()) return;
+void LiveObservation::OpenSurvey() {
+  if (!Allowed().survey) return;
   services_.screens.ShowSurvey(SurveyCaller::liveObservation);
   services_.screens.Hide(Screen::liveObservation);
 }
 
-void LiveObservation::cmdFieldNote_Click() {
+void LiveObservation::EditFieldNotes() {
   const auto notes = services_.prompter.AskNotes(
       {.notes = run_.fieldNotes,
        .draft = run_.draftNotes,
@@ -321,20 +301,66 @@ void LiveObservation::cmdFieldNote_Click() {
   if (notes || run_.draftNotes == run_.fieldNotes) run_.draftNotes.reset();
 }
 
-void LiveObservation::Command1_Click() {
-  const std::int32_t elapsed = ElapsedSeconds(run_.segmentStart, Now(), services_.prompter);
-  const int maximum = std::min(2 * elapsed, kMostNumber);
-  const int preset = std::min(elapsed, maximum);
-  const auto seconds = services_.prompter.AskSeconds({.maximum = maximum, .seconds = preset});
-  if (!seconds) return;
-  // The segment has gone on while the dialog was open: a number that nobody has changed moves
-  // nothing.
-  const float moved = *seconds == preset
-                          ? 0.0F
-                          : SecondsSince(run_.segmentStart, Now()) - static_cast<float>(*seconds);
-  run_.episodeStart += moved;
-  run_.segmentStart += moved;
-  services_.log.LogAdjustTime(run_.curEpisode, run_.curSegment, moved);
+// The end of the class.
+
+void LiveObservation::EndClass() {
+  if (run_.nothingEntered) {
+    if (LeaveWithNotes(services_, run_)) services_.screens.EndProgram();
+    return;
+  }
+  if (!run_.awaitsSurvey) {
+    if (!MayEnd() || !StoreOrGoOn()) return;
+    // An Enter too many must not close the class without its survey.
+    run_.awaitsSurvey = services_.prompter.Ask({.text = "Have you finished Matrices?",
+                                                .buttons = Buttons::yesNo,
+                                                .defaultAnswer = Answer::no}) != Answer::yes;
+    if (run_.awaitsSurvey) return focus_.Set({.kind = Kind::survey}, Caret::stay);
+  }
+  LeaveWithSurvey(services_, run_);
+}
+
+bool LiveObservation::MayEnd() {
+  return run_.curActivity != kNoActivity && HeaderNamesFiles() &&
+         services_.prompter.Ask({.text = "Verify END OF CLASS",
+                                 .buttons = Buttons::yesNo,
+                                 .defaultAnswer = Answer::no}) == Answer::yes;
+}
+
+/// False, with the focus on the box, while one of the numbers that name the files is no number, or
+/// not the one that the log has.
+bool LiveObservation::HeaderNamesFiles() {
+  for (const HeaderBox box : kNumberBoxes) {
+    if (IdentityNumber(header_.Text(box))) continue;
+    services_.prompter.Tell("School, class and observation must be numbers from 0 to 32767.");
+    focus_.Set({.kind = Kind::header, .box = box}, Caret::selectAll);
+    return false;
+  }
+  const auto box = header_.Disagreeing();
+  return !box || LeaveHeader(*box);
+}
+
+/// Ends the last episode and stores the class. False when it could not be stored, and goes on.
+bool LiveObservation::StoreOrGoOn() {
+  AskFinalEstimate();
+  const float now = Now();
+  LogEpisodeEnd(now);
+  const BeforeEnd before = run_.EndEpisode(episodes_, now);
+  if (!StoreEpisodes(services_, run_)) {
+    run_.GoOn(episodes_, before);
+    services_.log.LogClassGoesOn();
+    return false;
+  }
+  CompleteLog(services_);
+  services_.program.ClassStored = true;
+  services_.screens.Close(Screen::aboutText);
+  return true;
+}
+
+bool LiveObservation::RequestClose() {
+  if (run_.nothingEntered) return LeaveWithNotes(services_, run_);
+  // Once the class is stored the window may go, but the survey goes to its file first.
+  if (Allowed().end) EndClass();
+  return false;
 }
 
 }  // namespace orvex

@@ -18,11 +18,11 @@ bool IsSingle(const std::string& text) {
 }  // namespace
 
 const std::string& OfftaskDialog::Text(Control box) const {
-  return box == Control::Text1 ? prompt_.offtask : prompt_.students;
+  return box == Control::offtask ? prompt_.offtask : prompt_.students;
 }
 
 std::string& OfftaskDialog::TextOf(Control box) {
-  return box == Control::Text1 ? prompt_.offtask : prompt_.students;
+  return box == Control::offtask ? prompt_.offtask : prompt_.students;
 }
 
 void OfftaskDialog::Type(Control box, const std::string& text) {
@@ -35,25 +35,25 @@ void OfftaskDialog::Enter(Control box) {
 
 bool OfftaskDialog::Leave(Control box) {
   std::string& text = TextOf(box);
-  if (box == Control::Text1 ? IsSingle(text) : StudentCount(text).has_value()) return true;
+  if (box == Control::offtask ? IsSingle(text) : StudentCount(text).has_value()) return true;
   text = remembered_;
   focus_.Set(box, Caret::selectAll);
   return false;
 }
 
 void OfftaskDialog::EnterOrDown(Control box) {
-  if (box == Control::Text1) {
-    focus_.Set(Control::Text3);
+  if (box == Control::offtask) {
+    focus_.Set(Control::students);
   } else {
-    focus_.Set(Control::Command1, Caret::stay);
+    focus_.Set(Control::ok, Caret::stay);
   }
 }
 
 void OfftaskDialog::Up(Control box) {
-  if (box == Control::Text1) {
-    focus_.Set(Control::Command1, Caret::stay);
+  if (box == Control::offtask) {
+    focus_.Set(Control::ok, Caret::stay);
   } else {
-    focus_.Set(Control::Text1);
+    focus_.Set(Control::offtask);
   }
 }
 

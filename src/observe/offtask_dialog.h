@@ -10,7 +10,7 @@ namespace orvex {
 /// The dialog for an off-task estimate: how many students are off task, of how many.
 class OfftaskDialog {
  public:
-  enum class Control { Text1, Text3, Command1 };  ///< off task, students, "&OK"
+  enum class Control { offtask, students, ok };
   using Focus = FocusWish<Control>;
 
   /// Works on the texts of `prompt`.

@@ -6,25 +6,25 @@
 namespace orvex {
 
 void OfftaskIndicator::Tick() {
-  buttonVisible_ = live_.Schedule().OfftaskPending() >= 1;
+  buttonVisible_ = live_.Running().schedule.OfftaskPending() >= 1;
   if (buttonVisible_) blank_ = !blank_;
 }
 
-void OfftaskIndicator::cmdOfftaskActive_Click() {
-  live_.TakeEstimate();
+void OfftaskIndicator::TakeEstimate() {
+  live_.Estimates().TakePending();
   buttonVisible_ = false;
 }
 
 bool OfftaskIndicator::ButtonVisible() const {
-  return buttonVisible_ && live_.Schedule().OfftaskPending() >= 1;
+  return buttonVisible_ && live_.Running().schedule.OfftaskPending() >= 1;
 }
 
 int OfftaskIndicator::Pending() const {
-  return live_.Schedule().OfftaskPending();
+  return live_.Running().schedule.OfftaskPending();
 }
 
 std::string OfftaskIndicator::CountdownText() const {
-  const OfftaskSchedule& schedule = live_.Schedule();
+  const OfftaskSchedule& schedule = live_.Running().schedule;
   if (schedule.OfftaskPending() >= 1 || schedule.OfftaskCountdown() < 1) return "";
   return "Offtask in     :            00 : " + TwoDigits(schedule.OfftaskCountdown());
 }

@@ -14,12 +14,13 @@ class OfftaskIndicator {
 
   /// Once a second.
   void Tick();
-  /// Takes the estimate; the next tick shows the button again if more of them are pending.
-  void cmdOfftaskActive_Click();
+  /// The next tick shows the button again if more estimates are pending.
+  void TakeEstimate();
 
   /// Whatever ends the schedule takes the button with it at once.
   bool ButtonVisible() const;
-  std::string ButtonCaption() const { return blank_ ? "" : "* &OFFTASK *"; }
+  /// In every other second the button is blank.
+  bool ButtonBlank() const { return blank_; }
   /// How many estimates are pending.
   int Pending() const;
   std::string CountdownText() const;

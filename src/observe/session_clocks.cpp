@@ -20,11 +20,11 @@ SessionClocks::SessionClocks(const Services& services, LiveObservation& live)
       offtask_(live) {}
 
 std::string SessionClocks::EpisodeCaption() const {
-  return "Episode " + std::to_string(live_.CurEpisode()) + " Time: ";
+  return "Episode " + std::to_string(live_.Running().curEpisode) + " Time: ";
 }
 
 std::string SessionClocks::SegmentCaption() const {
-  return "Segment " + std::to_string(live_.CurSegment()) + " Time: ";
+  return "Segment " + std::to_string(live_.Running().curSegment) + " Time: ";
 }
 
 std::string SessionClocks::LogTrouble() const {
@@ -48,9 +48,9 @@ std::string SessionClocks::TimeSince(float start) const {
 
 void SessionClocks::Tick() {
   tick_.Run([this] {
-    episodeTime_ = TimeSince(live_.EpisodeStart());
+    episodeTime_ = TimeSince(live_.Running().episodeStart);
     timeOfDay_ = " " + services_.clock.SpacedTimeText();
-    segmentTime_ = TimeSince(live_.SegmentStart());
+    segmentTime_ = TimeSince(live_.Running().segmentStart);
     offtask_.Tick();
     services_.log.File().Retry();
     services_.recovery.Retry();

@@ -8,56 +8,56 @@
 
 namespace orvex {
 
-void ClassSteps::Record(QuestionStep step) {
-  live_.History().Record(std::move(step), services_.program.Episodes);
-}
-
 void ClassSteps::RecordQuestionChange(const QuestionChange& change) {
   // The description of an episode is no question.
   if (!change.present && !change.before) return;
-  Record({.place = change.place,
-          .present = change.present,
-          .question = change.before,
-          .typing = change.typing});
+  live_.Questions().Record({.place = change.place,
+                            .present = change.present,
+                            .question = change.before,
+                            .typing = change.typing});
 }
 
 void ClassSteps::EndTyping() {
-  live_.History().EndTyping();
+  live_.Questions().EndTyping();
 }
 
 std::size_t ClassSteps::StepsTaken() const {
-  return live_.History().Steps();
-}
-
-const QuestionStep* ClassSteps::Next(Way way) const {
-  return live_.History().Next(way, services_.program.Episodes, live_.Draft());
+  return live_.Questions().Steps();
 }
 
 std::string ClassSteps::NextQuestionStep(Way way) const {
-  const QuestionStep* step = Next(way);
+  const QuestionStep* step = live_.Questions().Next(way);
   return step && step->place.question != 0 ? Text(*step, way) : "";
 }
 
 std::optional<QuestionPlace> ClassSteps::TakeQuestionStep(Way way) {
   if (NextQuestionStep(way).empty()) return std::nullopt;
-  const QuestionPlace place = Next(way)->place;
+  const QuestionPlace place = live_.Questions().Next(way)->place;
   Take(way);
   return place;
 }
 
+void ClassSteps::RecordInEntry(QuestionStep step) {
+  const QuestionDraft& draft = live_.Questions().Draft();
+  if (!draft.IsEmpty()) step.draft = draft;
+  if (step.place.question == 0 && !step.draft) return;
+  step.place.episode = live_.Running().curEpisode;
+  live_.Questions().Record(std::move(step));
+}
+
 const QuestionStep* ClassSteps::NextInEntry(Way way) const {
-  const QuestionStep* step = Next(way);
-  const bool isSeen = step && step->place.episode == live_.CurEpisode() && !step->Revises();
+  const QuestionStep* step = live_.Questions().Next(way);
+  const bool isSeen = step && step->place.episode == live_.Running().curEpisode && !step->Revises();
   if (!isSeen) return nullptr;
   // Whoever takes back a letter of the question being typed means no other question: none goes
   // then, and none comes while it is being coded.
-  const QuestionDraft& typed = live_.Draft();
+  const QuestionDraft& typed = live_.Questions().Draft();
   const bool isAnother = step->place.question != 0 && !step->draft && !typed.IsEmpty();
   return isAnother && (step->present || !typed.fields.AreEmpty()) ? nullptr : step;
 }
 
 void ClassSteps::Take(Way way) {
-  const QuestionStep* step = live_.History().Take(way, services_.program.Episodes, live_.Draft());
+  const QuestionStep* step = live_.Questions().Take(way);
   if (step) Log(*step, way);
 }
 
@@ -66,7 +66,7 @@ void ClassSteps::Take(Way way) {
 void ClassSteps::Log(const QuestionStep& step, Way way) {
   if (!step.typing.empty()) return;
   const QuestionPlace& place = step.place;
-  const bool isThere = place.question == 0 ? !live_.Draft().IsEmpty() : step.present;
+  const bool isThere = place.question == 0 ? !live_.Questions().Draft().IsEmpty() : step.present;
   if (step.Revises() && way == Way::redo) {
     services_.log.LogRevisedQuestion(place.episode, place.question, At(place));
   } else if (isThere) {
@@ -94,10 +94,10 @@ std::string ClassSteps::Text(const QuestionStep& step, Way way) const {
 /// The number of a question, the one being entered included, and of which episode it is, unless of
 /// the running one.
 std::string ClassSteps::Name(const QuestionPlace& place, const char* ofEpisode) const {
-  const std::size_t next = live_.CurQuestions().size() + 1;
+  const std::size_t next = live_.Questions().Filed().size() + 1;
   const std::string number =
       place.question == 0 ? std::to_string(next) : std::to_string(place.question);
-  if (place.episode == live_.CurEpisode()) return number;
+  if (place.episode == live_.Running().curEpisode) return number;
   return number + ofEpisode + std::to_string(place.episode);
 }
 

@@ -23,7 +23,9 @@ class ClassSteps : public QuestionSteps {
   // For the question entry, which shows only the running episode's questions as they come and go,
   // and the one being entered.
 
-  void Record(QuestionStep step);
+  /// Keeps the way back from what has become of a question of the running episode, and of what was
+  /// being typed.
+  void RecordInEntry(QuestionStep step = {});
   /// Null when there is none, or none that would be seen.
   const QuestionStep* NextInEntry(Way way) const;
   /// What the key of `step` does: "brings question 7 back".
@@ -31,7 +33,6 @@ class ClassSteps : public QuestionSteps {
   void Take(Way way);
 
  private:
-  const QuestionStep* Next(Way way) const;
   void Log(const QuestionStep& step, Way way);
   const questionInfo& At(const QuestionPlace& place) const;
   std::string Name(const QuestionPlace& place, const char* ofEpisode) const;

@@ -263,7 +263,7 @@ void QuestionEditor::FocusGap() {
 
 void QuestionEditor::EditFieldNotes() {
   if (live_) {
-    live_->cmdFieldNote_Click();
+    live_->EditFieldNotes();
   } else {
     EditChosenNotes(services_);
   }
@@ -271,7 +271,7 @@ void QuestionEditor::EditFieldNotes() {
 
 /// Shows the caller again and closes the form: the caller is hidden, and no form would be left.
 void QuestionEditor::Leave() {
-  if (live_) live_->History().ForgetRevisions();
+  if (live_) live_->Questions().ForgetRevisions();
   services_.screens.Show(CallersScreen());
   services_.screens.Close(Screen::questionEditor);
 }

@@ -18,8 +18,6 @@
 namespace orvex {
 namespace {
 
-using Control = QuestionEntry::Control;
-
 bool IsBlank(std::string_view text) {
   return text.find_first_not_of(' ') == std::string_view::npos;
 }
@@ -35,51 +33,34 @@ QuestionEntry::QuestionEntry(const Services& services, LiveObservation& live,
                              const SessionClocks& liveClocks)
     : services_(services),
       live_(live),
+      questions_(live.Questions()),
       liveClocks_(liveClocks),
       steps_(services, live),
       tick_(services.prompter, "timer4"),
       offtask_(live) {
   // Within a segment it comes up when the class has been taken up again.
-  Coding() ? BeginCoding() : AwaitNext();
+  IsCoding() ? BeginCoding() : AwaitNext();
 }
 
 // What the form shows.
 
 const std::string& QuestionEntry::Question() const {
-  return live_.Draft().question;
+  return questions_.Draft().question;
 }
 
 const EntryFields& QuestionEntry::Fields() const {
-  return live_.Draft().fields;
+  return questions_.Draft().fields;
 }
 
-EntryFields& QuestionEntry::Draft() {
-  return live_.Draft().fields;
-}
-
-bool QuestionEntry::Coding() const {
+bool QuestionEntry::IsCoding() const {
   return Fields().Visible(Dimension::source);
 }
 
 std::string QuestionEntry::FrameCaption() const {
-  const std::vector<questionInfo>& questions = live_.CurQuestions();
+  const std::vector<questionInfo>& questions = questions_.Filed();
   const std::string caption = "Question #" + std::to_string(questions.size() + 1) + ":";
   if (questions.empty() || !IsBlank(questions.back().question)) return caption;
   return caption + " (" + std::to_string(questions.size()) + " is empty)";
-}
-
-std::string_view QuestionEntry::Caption3() const {
-  return Coding() ? "Nor&mal" : "&Matrices";
-}
-
-std::string_view QuestionEntry::Caption5() const {
-  if (Coding()) return "&Next Q";
-  if (offeredActivity_ == kNoActivity) return "&Abort";
-  return ActivityOf(offeredActivity_).shortName;
-}
-
-std::string_view QuestionEntry::Caption7() const {
-  return Coding() ? "Scr&ap" : "E&PISODE";
 }
 
 bool QuestionEntry::Enabled(Command command) const {
@@ -88,32 +69,24 @@ bool QuestionEntry::Enabled(Command command) const {
 
 /// A copy or a removal needs a question, a new segment or episode a number that is left.
 bool QuestionEntry::HasRoom(Command command) const {
+  const RunningClass& running = live_.Running();
   switch (command) {
-    case Command::Command4:
-    case Command::Command8:
-      return !live_.CurQuestions().empty();
-    case Command::Command5:
-      return Coding() || offeredActivity_ == kNoActivity || live_.RoomForSegment();
-    case Command::Command6:
-      return live_.RoomForSegment();
-    case Command::Command7:
-      return Coding() || live_.RoomForEpisode();
+    case Command::ditto:
+    case Command::dropLast:
+      return !questions_.Filed().empty();
+    case Command::nextOrLeave:
+      return IsCoding() || offeredActivity_ == kNoActivity || running.RoomForSegment();
+    case Command::startSegment:
+      return running.RoomForSegment();
+    case Command::scrapOrStartEpisode:
+      return IsCoding() || running.RoomForEpisode();
     default:
       return true;
   }
 }
 
-Control QuestionEntry::BoxOf(Dimension field) {
-  return static_cast<Control>(static_cast<int>(Control::Text1) + static_cast<int>(field));
-}
-
-std::optional<Dimension> QuestionEntry::FieldOf(Control box) {
-  if (box < Control::Text1 || box > Control::Text9) return std::nullopt;
-  return static_cast<Dimension>(static_cast<int>(box) - static_cast<int>(Control::Text1));
-}
-
-Caret QuestionEntry::CaretOf(Control box) {
-  const bool isCode = FieldOf(box) && box != Control::Text6;
+Caret QuestionEntry::CaretOf(Box box) {
+  const bool isCode = box && box != Dimension::respondName;
   return isCode ? Caret::selectAll : Caret::atEnd;
 }
 
@@ -122,42 +95,36 @@ Caret QuestionEntry::CaretOf(Control box) {
 void QuestionEntry::TypeQuestion(std::string_view text) {
   std::string question = OneLine(text);
   std::erase(question, '\t');
-  live_.Draft().question = std::move(question);
+  questions_.TypeQuestion(std::move(question));
 }
 
 void QuestionEntry::TypeField(Dimension field, std::string_view text) {
-  Draft().Type(field, text);
-  if (field <= Dimension::response) focus_.Set(BoxOf(field), Caret::selectAll);
+  questions_.TypeCode(field, text);
+  if (field <= Dimension::response) focus_.Set({field}, Caret::selectAll);
 }
 
-void QuestionEntry::MoveTo(Control box) {
-  focus_.Set(box, CaretOf(box));
+void QuestionEntry::MoveTo(Box box) {
+  focus_.Set({box}, CaretOf(box));
 }
 
-void QuestionEntry::EnterOrDown(Control box) {
+void QuestionEntry::EnterOrDown(Box box) {
   if (asksReview_) return;
-  const auto field = FieldOf(box);
-  if (box == Control::txtQuestion) {
+  if (box == kText) {
     StartCoding();
-  } else if (!field) {
-    return;
-  } else if (Draft().Leave(*field)) {
+  } else if (questions_.LeaveCode(*box)) {
     SaveQuestion();
     return;
   }
-  if (const auto next = Fields().NextVisible(field)) MoveTo(BoxOf(*next));
+  if (const auto next = Fields().NextVisible(box)) MoveTo(next);
 }
 
-void QuestionEntry::Up(Control box) {
-  const auto field = FieldOf(box);
-  if (!field || !Coding()) return;
-  const auto previous = Fields().PreviousVisible(*field);
-  MoveTo(previous ? BoxOf(*previous) : Control::txtQuestion);
+void QuestionEntry::Up(Box box) {
+  if (box != kText && IsCoding()) MoveTo(Fields().PreviousVisible(*box));
 }
 
 void QuestionEntry::StartCoding() {
-  const bool wasCoding = Coding();
-  if (!wasCoding) Draft().ShowFirstFields();
+  const bool wasCoding = IsCoding();
+  if (!wasCoding) questions_.ShowFirstCodes();
   EnableCommands(wasCoding);
   EnableForCoding();
 }
@@ -166,14 +133,14 @@ void QuestionEntry::StartCoding() {
 void QuestionEntry::BeginCoding() {
   EnableCommands(false);
   EnableForCoding();
-  MoveTo(Control::txtQuestion);
+  MoveTo(kText);
 }
 
 void QuestionEntry::EnableForCoding() {
-  Enable(Command::Command3);
-  Enable(Command::Command4);
-  Enable(Command::Command5);
-  Enable(Command::Command7);
+  Enable(Command::fillNormalOrSurvey);
+  Enable(Command::ditto);
+  Enable(Command::nextOrLeave);
+  Enable(Command::scrapOrStartEpisode);
 }
 
 void QuestionEntry::SaveQuestion() {
@@ -181,22 +148,18 @@ void QuestionEntry::SaveQuestion() {
   if (StoreQuestion(live_.Running().DraftAsStored())) StartOver();
 }
 
-/// Logs and appends the question. False when the episode is full.
+/// False when the episode is full.
 bool QuestionEntry::StoreQuestion(const questionInfo& question) {
-  std::vector<questionInfo>& questions = live_.CurQuestions();
-  if (!HasRoomForQuestion(questions, services_.prompter)) return false;
-  const int number = static_cast<int>(questions.size()) + 1;
-  services_.log.LogRevisedQuestion(live_.CurEpisode(), number, question);
-  questions.push_back(question);
-  live_.History().ForgetUndone();
+  if (!HasRoomForQuestion(questions_.Filed(), services_.prompter)) return false;
+  questions_.File(question);
   return true;
 }
 
 void QuestionEntry::StartOver() {
-  live_.Draft().question.clear();
-  Draft().HideCodeFields();
+  questions_.TypeQuestion("");
+  questions_.DropCodes();
   offeredActivity_ = kNoActivity;
-  if (live_.CurQuestions().empty()) {
+  if (questions_.Filed().empty()) {
     AwaitFirstQuestion();
   } else {
     AwaitQuestion();
@@ -205,26 +168,26 @@ void QuestionEntry::StartOver() {
 
 /// Idle, whatever has been stored before.
 void QuestionEntry::AwaitNext() {
-  if (live_.SegmentHasQuestions()) return AwaitQuestion();
+  if (questions_.SegmentHasQuestions()) return AwaitQuestion();
   AwaitFirstQuestion();
-  if (live_.CurQuestions().empty()) return;
-  Enable(Command::Command1);
-  Enable(Command::Command2);
+  if (questions_.Filed().empty()) return;
+  Enable(Command::review);
+  Enable(Command::proof);
 }
 
 /// Idle, with questions that have been stored.
 void QuestionEntry::AwaitQuestion() {
   EnableCommands(true);
-  Enable(Command::Command5, false);
-  MoveTo(Control::txtQuestion);
+  Enable(Command::nextOrLeave, false);
+  MoveTo(kText);
 }
 
 /// Idle, with no more to do than to begin or to give the segment up.
 void QuestionEntry::AwaitFirstQuestion() {
   EnableCommands(false);
-  Enable(Command::Command5);
-  Enable(Command::Command9);
-  MoveTo(Control::txtQuestion);
+  Enable(Command::nextOrLeave);
+  Enable(Command::correctTime);
+  MoveTo(kText);
 }
 
 void QuestionEntry::Enable(Command command, bool enabled) {
@@ -240,34 +203,34 @@ void QuestionEntry::EnableCommands(bool enabled) {
 void QuestionEntry::Click(Command command) {
   if (!Enabled(command)) return;
   switch (command) {
-    case Command::Command1:
+    case Command::review:
       OpenEditor(false);
       break;
-    case Command::Command2:
+    case Command::proof:
       Proof();
       break;
-    case Command::Command3:
-      Coding() ? FillNormal() : OpenSurvey();
+    case Command::fillNormalOrSurvey:
+      IsCoding() ? FillNormal() : OpenSurvey();
       break;
-    case Command::Command4:
+    case Command::ditto:
       Ditto();
       break;
-    case Command::Command5:
+    case Command::nextOrLeave:
       LeaveOrNext();
       break;
-    case Command::Command6:
+    case Command::startSegment:
       StartSegment();
       break;
-    case Command::Command7:
-      Coding() ? Scrap() : AskReview();
+    case Command::scrapOrStartEpisode:
+      IsCoding() ? Scrap() : AskReview();
       break;
-    case Command::Command8:
+    case Command::dropLast:
       DropLast();
       break;
-    case Command::Command9:
-      live_.Command1_Click();
+    case Command::correctTime:
+      live_.CorrectTime();
       break;
-    case Command::Command10:
+    case Command::endClass:
       EndClass();
       break;
   }
@@ -289,18 +252,24 @@ void QuestionEntry::OpenSurvey() {
 }
 
 void QuestionEntry::FillNormal() {
-  Draft().FillNormalCodes();
-  MoveTo(Control::Text6);
+  questions_.FillNormalCodes();
+  MoveTo(Dimension::respondName);
 }
 
+/// The teacher asked the last question again.
 void QuestionEntry::Ditto() {
-  if (!DittoQuestion()) return;
-  offeredActivity_ = ActivityToOffer(live_.PrevActivity());
-  if (offeredActivity_ != kNoActivity) Enable(Command::Command5);
+  const questionInfo& last = questions_.Filed().back();
+  questionInfo copy;
+  copy.SetValue(last.question, last.Texts(), last.iEpQ, last.iSgQ);
+  if (!StoreQuestion(copy)) return;
+  steps_.RecordInEntry({.place = {.question = live_.CurrentEpisode().nQAs()}, .present = true});
+  StartOver();
+  offeredActivity_ = ActivityToOffer(live_.Running().prevActivity);
+  if (offeredActivity_ != kNoActivity) Enable(Command::nextOrLeave);
 }
 
 void QuestionEntry::LeaveOrNext() {
-  if (Coding()) {
+  if (IsCoding()) {
     SaveQuestion();
   } else if (offeredActivity_ == kNoActivity) {
     AbandonSegment();
@@ -317,7 +286,7 @@ void QuestionEntry::AbandonSegment() {
 
 void QuestionEntry::ReturnToPreviousActivity() {
   const int activity = offeredActivity_;
-  live_.StartNewSeg();
+  live_.StartSegment();
   live_.ChooseActivity(activity);
   services_.screens.Show(Screen::liveObservation);
   services_.screens.Close(Screen::questionEntry);
@@ -325,40 +294,74 @@ void QuestionEntry::ReturnToPreviousActivity() {
 
 void QuestionEntry::StartSegment() {
   if (!services_.prompter.AskYesNo("Start New Segment?")) {
-    MoveTo(Control::txtQuestion);
+    MoveTo(kText);
     return;
   }
-  live_.StartNewSeg();
+  live_.StartSegment();
   services_.screens.Show(Screen::liveObservation);
   services_.screens.Close(Screen::questionEntry);
 }
 
 void QuestionEntry::AskReview() {
   if (!services_.prompter.AskYesNo("Start New Episode?")) {
-    MoveTo(Control::txtQuestion);
+    MoveTo(kText);
     return;
   }
-  Draft().HideCodeFields();
+  questions_.DropCodes();
   EnableCommands(false);
   asksReview_ = true;
   Activate();
 }
 
-void QuestionEntry::Command11_Click(int index) {
+void QuestionEntry::AnswerReview(bool wasReview) {
   if (!asksReview_) return;
-  live_.CurrentEpisode().bReview = index == 0 ? "Y" : "N";
-  live_.StartNewEpi();
+  live_.StartEpisode(wasReview);
   asksReview_ = false;
   services_.screens.Close(Screen::questionEntry);
 }
 
+/// Drops what is being typed; before the first question the text may stay.
+void QuestionEntry::Scrap() {
+  steps_.RecordInEntry();
+  if (!questions_.Filed().empty()) return StartOver();
+  questions_.DropCodes();
+  AwaitFirstQuestion();
+}
+
+void QuestionEntry::DropLast() {
+  QuestionStep step = {.place = {.question = live_.CurrentEpisode().nQAs()}};
+  step.question = questions_.DropLast();
+  steps_.RecordInEntry(std::move(step));
+  StartOver();
+}
+
 void QuestionEntry::EndClass() {
-  live_.cmdQuit_Click();
-  if (live_.AwaitsSurvey()) {
+  live_.EndClass();
+  if (live_.Running().awaitsSurvey) {
     services_.screens.Show(Screen::liveObservation);
     services_.screens.Close(Screen::questionEntry);
   } else {
-    MoveTo(Control::txtQuestion);
+    MoveTo(kText);
+  }
+}
+
+// Undo and redo.
+
+std::string QuestionEntry::NextStep(Way way) const {
+  const QuestionStep* step = asksReview_ ? nullptr : steps_.NextInEntry(way);
+  return step ? steps_.Text(*step, way) : "";
+}
+
+void QuestionEntry::TakeStep(Way way) {
+  const QuestionStep* step = asksReview_ ? nullptr : steps_.NextInEntry(way);
+  if (!step) return;
+  const bool draftChanges = step->draft.has_value();
+  steps_.Take(way);
+  offeredActivity_ = kNoActivity;
+  if (!IsCoding()) {
+    AwaitNext();
+  } else if (draftChanges) {
+    BeginCoding();
   }
 }
 
@@ -366,19 +369,19 @@ void QuestionEntry::EndClass() {
 
 void QuestionEntry::Activate() {
   if (asksReview_) {
-    focus_.Set(Control::Command11_0, Caret::stay);
+    focus_.Set({.review = true}, Caret::stay);
   } else if (std::exchange(editorOpen_, false)) {
     // Questions may have come and gone meanwhile.
-    Record();
+    steps_.RecordInEntry();
     StartOver();
   } else {
-    MoveTo(Control::txtQuestion);
+    MoveTo(kText);
   }
 }
 
 bool QuestionEntry::RequestClose() {
-  if (services_.program.QuitRequested) return true;
-  if (Enabled(Command::Command10)) {
+  if (live_.ClassStored()) return true;
+  if (Enabled(Command::endClass)) {
     EndClass();
   } else {
     Activate();

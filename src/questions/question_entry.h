@@ -18,39 +18,37 @@
 namespace orvex {
 
 class LiveObservation;
+class LiveQuestions;
 class SessionClocks;
 
 /// Where the observer types and codes the questions of a question/answer segment. One lives from
 /// the start of the segment until the live observation form takes over again.
 class QuestionEntry {
  public:
-  /// The boxes, and the button that the review question gives the focus to.
-  enum class Control {
-    txtQuestion,
-    Text1,
-    Text2,
-    Text3,
-    Text4,
-    Text5,
-    Text6,
-    Text7,
-    Text8,
-    Text9,
-    Command11_0,
+  /// A box: that of a dimension, or of the question's text.
+  using Box = std::optional<Dimension>;
+  static constexpr Box kText = std::nullopt;
+  /// What gets the focus: a box, or the answers to the review question.
+  struct Control {
+    Box box = kText;
+    bool review = false;
+
+    bool operator==(const Control&) const = default;
   };
   using Focus = FocusWish<Control>;
 
+  /// The buttons. Some of them do one thing while a question is coded, and another one else.
   enum class Command {
-    Command1,   ///< "&Review"
-    Command2,   ///< "Proo&f"
-    Command3,   ///< "Nor&mal", "&Matrices"
-    Command4,   ///< "&Ditto"
-    Command5,   ///< "&Abort", "&Next Q", or the previous activity
-    Command6,   ///< "&SEGMENT"
-    Command7,   ///< "E&PISODE", "Scr&ap"
-    Command8,   ///< "&Last"
-    Command9,   ///< "&Clock"
-    Command10,  ///< "&End Class"
+    review,
+    proof,
+    fillNormalOrSurvey,
+    ditto,
+    nextOrLeave,  ///< leaves for the activity before, or gives the segment up
+    startSegment,
+    scrapOrStartEpisode,
+    dropLast,
+    correctTime,
+    endClass,
   };
   static constexpr std::size_t kCommands = 10;
 
@@ -62,9 +60,10 @@ class QuestionEntry {
   /// "Question #3:", the number that the next question gets; "Question #3: (2 is empty)" where the
   /// one before it has no text, which a key too many has stored.
   std::string FrameCaption() const;
-  std::string_view Caption3() const;
-  std::string_view Caption5() const;
-  std::string_view Caption7() const;
+  /// True while the codes of a question are asked for.
+  bool IsCoding() const;
+  /// The activity that the observer can go back to.
+  int OfferedActivity() const { return offeredActivity_; }
   bool Enabled(Command command) const;
   /// While it is asked, whether the episode was review, nothing else can be done.
   bool AsksReview() const { return asksReview_; }
@@ -75,17 +74,14 @@ class QuestionEntry {
   std::size_t StepsTaken() const { return steps_.StepsTaken(); }
   std::optional<Focus::Target> TakeFocus() { return focus_.Take(); }
 
-  /// The box of a field, and the field of a box; nothing for what is no field.
-  static Control BoxOf(Dimension field);
-  static std::optional<Dimension> FieldOf(Control box);
   /// How a box that gets the focus holds it: one letter replaces a code, a text is added to.
-  static Caret CaretOf(Control box);
+  static Caret CaretOf(Box box);
 
   // Typing.
   void TypeQuestion(std::string_view text);
   void TypeField(Dimension field, std::string_view text);
-  void EnterOrDown(Control box);
-  void Up(Control box);
+  void EnterOrDown(Box box);
+  void Up(Box box);
   /// Ctrl+N, and the end of the last field.
   void SaveQuestion();
   /// Undoes or redoes what has dropped a question or what was typed of one, or filed a copy.
@@ -95,8 +91,8 @@ class QuestionEntry {
 
   /// A click on a button; nothing happens while it is disabled.
   void Click(Command command);
-  /// The answer to the review question: index 0 for "&Yes", 1 for "&No".
-  void Command11_Click(int index);
+  /// Answers whether the episode was review, and starts the next one.
+  void AnswerReview(bool wasReview);
 
   /// The form comes to the front.
   void Activate();
@@ -106,21 +102,17 @@ class QuestionEntry {
   void Tick();
 
  private:
-  bool Coding() const;
   bool HasRoom(Command command) const;
   void Enable(Command command, bool enabled = true);
   void EnableCommands(bool enabled);
-  EntryFields& Draft();
   void EnableForCoding();
   void BeginCoding();
   void AwaitNext();
   void AwaitQuestion();
   void AwaitFirstQuestion();
-  void MoveTo(Control box);
+  void MoveTo(Box box);
   void StartCoding();
   bool StoreQuestion(const questionInfo& question);
-  bool DittoQuestion();
-  void Record(QuestionStep step = {});
   void StartOver();
 
   void OpenEditor(bool proofMode);
@@ -139,12 +131,13 @@ class QuestionEntry {
 
   Services services_;
   LiveObservation& live_;
+  LiveQuestions& questions_;
   const SessionClocks& liveClocks_;
   ClassSteps steps_;
   GuardedTick tick_;
 
   std::array<bool, kCommands> enabled_{};
-  int offeredActivity_ = kNoActivity;  ///< the activity that Command5 returns to
+  int offeredActivity_ = kNoActivity;
   bool asksReview_ = false;
   bool editorOpen_ = false;  ///< the question editor has taken the form's place
   OfftaskIndicator offtask_;

@@ -92,7 +92,7 @@ void Visit(auto& archive, auto& program) requires requires {
 {
   Visit(archive, program.identity);
   archive.Text("StartTimeText", program.StartTimeText);
-  archive.Numbers("QuitRequested", program.QuitRequested);
+  archive.Numbers("QuitRequested", program.ClassStored);
   for (auto& estimates : program.OfftaskByCat) VisitEstimates(archive, "category", estimates);
   archive.List("Episodes", program.Episodes, [&](auto& episode) { Visit(archive, episode); });
 }

@@ -132,7 +132,7 @@ std::string Times(const KeptClass& kept) {
 
 Message Question(const Services& services, const Found& found, const std::string& what) {
   const KeptClass& kept = found.kept;
-  const bool stored = kept.program.QuitRequested;
+  const bool stored = kept.program.ClassStored;
   constexpr std::int64_t kStillThatLesson = 2 * 60 * 60;
   std::string text = what + ".\n\nIt was observed from " + Times(kept) + ": " + Amount(kept) + ".";
   const fs::path folder = DataFolderOf(found.path);
@@ -152,7 +152,7 @@ UnfinishedItem ItemOf(const Services& services, const Found& found) {
   const KeptClass& kept = found.kept;
   const std::string what =
       "Class " + kept.program.identity.ClassId() + " of " + kept.moment.dateText +
-      (kept.program.QuitRequested ? " is stored, but its survey is not" : " was not ended");
+      (kept.program.ClassStored ? " is stored, but its survey is not" : " was not ended");
   return {.what = what,
           .extent = Times(kept) + ", " + Amount(kept),
           .place = DataFolderOf(found.path).string(),
@@ -162,7 +162,7 @@ UnfinishedItem ItemOf(const Services& services, const Found& found) {
 /// Opens what a running class needs. Throws FileError; the class is then kept as it was.
 void ReopenFiles(const Services& services, const KeptClass& kept, const fs::path& path) {
   services.recovery.TakeUp(path, kept.number);
-  if (kept.program.QuitRequested) return;  // its log is complete
+  if (kept.program.ClassStored) return;  // its log is complete
   try {
     // It may just have been renamed: what is kept then follows the log.
     const fs::path folder = DataFolderOf(path);
@@ -230,7 +230,7 @@ bool StoreEpisodes(const Services& services, KeptClass& kept) {
   program.identity = header.identity;
   if (!stored) return false;
   // From here on only the survey is missing, also when that is left for later.
-  program.QuitRequested = true;
+  program.ClassStored = true;
   services.recovery.Keep(FormatMoment(kept.moment) + FormatRunning(program, kept.running));
   if (!ofDraft.empty()) {
     services.prompter.Tell(ofDraft, program.Episodes.back().questions.back().question);
@@ -261,8 +261,8 @@ bool CloseKeptClass(const Services& desk, KeptClass kept, const fs::path& path) 
     services.prompter.Tell("The class could not be closed.", error.what());
     return false;
   }
-  const bool stored = (kept.program.QuitRequested || StoreEpisodes(services, kept)) &&
-                      StoreItsSurvey(services, kept);
+  const bool stored =
+      (kept.program.ClassStored || StoreEpisodes(services, kept)) && StoreItsSurvey(services, kept);
   if (!stored) {
     services.recovery.Leave();
     return false;

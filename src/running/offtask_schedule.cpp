@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "desk/elapsed_time.h"
-#include "model/clock.h"
 #include "model/time_of_day.h"
 
 namespace orvex {
@@ -36,10 +34,8 @@ bool OfftaskSchedule::IsBehind(float seconds, float cadence) const {
   return running_ && cadence * nextEstimateIndex_ * kMinute <= seconds;
 }
 
-void OfftaskSchedule::Tick(const Clock& clock, Prompter& prompter, float segmentStart,
-                           bool questionAnswer) {
+void OfftaskSchedule::Tick(float now, float segmentStart, bool questionAnswer) {
   if (!running_) return;
-  const float now = clock.SecondsSinceMidnight();
   const float cadence = questionAnswer ? kQuestionAnswerCadence : kUsualCadence;
   const float due = (cadence * nextEstimateIndex_ - 1) * kMinute;
   if (due <= SecondsSince(segmentStart, now)) {
@@ -48,7 +44,7 @@ void OfftaskSchedule::Tick(const Clock& clock, Prompter& prompter, float segment
     countdown_ = static_cast<std::int32_t>(kMinute);
   } else if (countdown_ > 0) {
     const auto minute = static_cast<std::int32_t>(kMinute);
-    countdown_ = std::max(0, minute - ElapsedSeconds(countdownStart_, now, prompter));
+    countdown_ = std::max(0, minute - SecondsOfDay(now - countdownStart_).value_or(0));
     if (countdown_ == 0) ++pending_;
   }
 }

@@ -6,9 +6,6 @@
 
 namespace orvex {
 
-class Clock;
-class Prompter;
-
 /// When off-task estimates fall due within a segment. A minute before each one a countdown begins;
 /// at its end one more estimate is pending.
 class OfftaskSchedule {
@@ -25,8 +22,9 @@ class OfftaskSchedule {
 
   /// True while it is to be asked every 500 ms.
   bool Running() const { return running_; }
-  /// Every 500 ms while it runs, in a segment that started at `segmentStart`.
-  void Tick(const Clock& clock, Prompter& prompter, float segmentStart, bool questionAnswer);
+  /// Every 500 ms while it runs, in a segment that started at `segmentStart`. Both times are
+  /// readings of the clock.
+  void Tick(float now, float segmentStart, bool questionAnswer);
 
   /// An estimate was made or skipped.
   void TakeEstimate();

@@ -28,7 +28,7 @@ fs::path ProgramFolder(Storage& storage, const Installation& installation) {
 }
 
 void SettleDataPath(Program& program, const fs::path& programFolder) {
-  program.QuitRequested = false;
+  program.ClassStored = false;
   const std::optional<std::string> stored = StoredDataPath(programFolder);
   program.DataPath = stored ? fs::path(*stored) : programFolder;
 }

@@ -214,8 +214,8 @@ void Forms::ShowTakenUpClass(const RunningClass& running) {
   Load(Screen::liveObservation, std::make_unique<frmClassAct>(services_, &running));
   frmClassAct& live = LiveForm();
   live.Live().ShowForms();
-  if (!live.Live().AreNotesOpen()) return;
-  OnceInUse(live, [&live] { live.Live().cmdFieldNote_Click(); });
+  if (!live.Live().Running().draftNotes) return;
+  OnceInUse(live, [&live] { live.Live().EditFieldNotes(); });
 }
 
 void Forms::ShowSurvey(SurveyCaller caller) {

@@ -61,7 +61,8 @@ class PlayedClass {
     if (!screens_.takenUp) return false;
     live_.emplace(services_, *screens_.takenUp);
     clocks_.emplace(services_, *live_);
-    if (live_->SelectedActivity() == kQuestionAnswer) entry_.emplace(services_, *live_, *clocks_);
+    if (live_->Running().ChosenActivity() == kQuestionAnswer)
+      entry_.emplace(services_, *live_, *clocks_);
     return true;
   }
 
@@ -93,12 +94,12 @@ class PlayedClass {
     live_->LeaveDescription();
   }
   void BeginQuestions() {
-    live_->cmdStartNewQASg_Click();
+    live_->StartQuestionAnswer();
     entry_.emplace(services_, *live_, *clocks_);
   }
   void Ask(const std::string& text, const std::string& source) {
     entry_->TypeQuestion(text);
-    entry_->EnterOrDown(QuestionEntry::Control::txtQuestion);
+    entry_->EnterOrDown(QuestionEntry::kText);
     entry_->TypeField(Dimension::source, source);
     entry_->TypeField(Dimension::cognitive, "H");
     entry_->SaveQuestion();
@@ -122,31 +123,31 @@ class PlayedClass {
       [this] { Start(); },
       [this] { Describe("Warm-up"); },
       [this] { live_->ChooseActivity(8); },
-      [this] { live_->cmdFieldNote_Click(); },
-      [this] { live_->cmdStartNewSg_Click(); },
+      [this] { live_->EditFieldNotes(); },
+      [this] { live_->AskToStartSegment(); },
       [this] { live_->ChooseActivity(4); },
       [this] { live_->TypeAbout("Atticus before the jail"); },
       [this] { BeginQuestions(); },
       [this] { Ask("What does Scout see?", "T"); },
       [this] { entry_->TypeQuestion("Why does she keep it to herself?"); },
-      [this] { entry_->EnterOrDown(QuestionEntry::Control::txtQuestion); },
+      [this] { entry_->EnterOrDown(QuestionEntry::kText); },
       [this] { entry_->TypeField(Dimension::source, "T"); },
       [this] { entry_->TypeField(Dimension::cognitive, "H"); },
       [this] { entry_->SaveQuestion(); },
       [this] { Ask("May I read it again?", "S"); },
-      [this] { live_->Command1_Click(); },
-      [this] { live_->cmdStartNewEp_Click(); },
+      [this] { live_->CorrectTime(); },
+      [this] { live_->AskToStartEpisode(); },
       [this] { Describe("Courage, and what it costs"); },
       [this] { live_->ChooseActivity(14); },
       [this] { live_->ChooseCode(SubCode::writing, 1); },
       [this] { live_->TypeHeader(HeaderBox::observNum, "4"); },
       [this] { live_->LeaveHeader(HeaderBox::observNum); },
       [this] { live_->SurveyAnswers().ratings[3] = 2; },
-      [this] { live_->cmdStartNewSg_Click(); },
+      [this] { live_->AskToStartSegment(); },
       [this] { live_->ChooseActivity(17); },
-      [this] { live_->cmdBailout_Click(); },
+      [this] { live_->Convert(); },
       [this] { Describe("Group work"); },
-      [this] { live_->cmdQuit_Click(); },
+      [this] { live_->EndClass(); },
   };
 };
 

@@ -258,7 +258,7 @@ TEST(UnfinishedClass, KeepsNotesThatWereTakenBeforeAnythingElse) {
   LiveObservation live(desk.services);
   live.Keep();
   desk.prompter.ExpectNotes("The room is cold.");
-  live.cmdFieldNote_Click();
+  live.EditFieldNotes();
   const auto kept = [&] {
     live.Keep();
     desk.recovery.AwaitStored();
@@ -269,15 +269,15 @@ TEST(UnfinishedClass, KeepsNotesThatWereTakenBeforeAnythingElse) {
   desk.prompter.ExpectNotes(std::nullopt, [&](const NotesPrompt& prompt) {
     prompt.typed("The room is colder.");
     LiveObservation again(desk.services, kept().running);
-    EXPECT_TRUE(again.AreNotesOpen());
+    EXPECT_TRUE(again.Running().draftNotes);
     desk.prompter.ExpectNotes(std::nullopt);
-    again.cmdFieldNote_Click();
+    again.EditFieldNotes();
     EXPECT_EQ(desk.prompter.askedNotes.back(), "The room is colder.");
     prompt.typed(prompt.notes);  // cancelled
   });
-  live.cmdFieldNote_Click();
+  live.EditFieldNotes();
   EXPECT_FALSE(kept().running.draftNotes);
-  live.cmdQuit_Click();
+  live.EndClass();
   EXPECT_EQ(FileBytes(desk.folder / "NTE/7/12/7-12-3.nte"), "The room is cold.\r\n");
   EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{"end"});
   EXPECT_EQ(KeptPaths(desk.folder / "BAK"), std::vector<fs::path>{});

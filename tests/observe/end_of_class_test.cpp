@@ -59,14 +59,13 @@ TEST_F(EndOfClassTest, TheSurveyWaitsUntilItIsFilledInAndCanBeWritten) {
   TeachOneSegment();
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
   desk.prompter.Expect(kFinished, Answer::no);
-  live.cmdQuit_Click();
+  live.EndClass();
   EXPECT_EQ(desk.prompter.asked.back().defaultAnswer, Answer::no) << "an Enter too many";
-  EXPECT_EQ(live.EndCaption(), "E&xit");
-  EXPECT_FALSE(live.CanDivide() || live.ConversionVisible() || live.ProofVisible());
+  EXPECT_TRUE(live.Running().awaitsSurvey);
   const std::string stored = FileBytes(desk.folder / "EPS/7/12/7-12-3.eps");
   const std::string logged = FileBytes(desk.folder / "BAK/7/12/7-12-3.bak");
   EXPECT_TRUE(logged.ends_with("\r\n\r\nLOG OFF: 09:10:00\r\n")) << logged;
-  live.Command7_Click();
+  live.OpenSurvey();
   EXPECT_EQ(desk.screens.Take(), (std::vector<std::string>{"close aboutText", "show survey for 0",
                                                            "hide liveObservation"}));
   live.SurveyAnswers().ratings[0] = 2;
@@ -75,13 +74,13 @@ TEST_F(EndOfClassTest, TheSurveyWaitsUntilItIsFilledInAndCanBeWritten) {
   disk.full = true;
   for (int i = 0; i < 2; ++i) {
     desk.prompter.Expect("The survey could not be written.", Answer::cancel);
-    if (i == 0) live.cmdQuit_Click();
+    if (i == 0) live.EndClass();
     EXPECT_TRUE(i == 0 || !live.RequestClose());
     EXPECT_TRUE(desk.screens.Take().empty());
   }
   disk.full = false;
   desk.clock.Advance(60);
-  live.cmdQuit_Click();
+  live.EndClass();
   EXPECT_EQ(desk.screens.Take(), (std::vector<std::string>{"close survey", "end"}));
   EXPECT_NE(FileBytes(desk.folder / "SUR/7/12/7-12-3.sur").find("\r\n7, 12, 3\r\nMATRICES\r\n"),
             std::string::npos);
@@ -94,7 +93,7 @@ TEST_F(EndOfClassTest, AHeaderThatNamesNoFilesIsToldBeforeAnythingEnds) {
   live.TypeHeader(HeaderBox::classNum, "12x");
   desk.prompter.Expect("School, class and observation must be numbers from 0 to 32767.",
                        Answer::ok);
-  live.cmdQuit_Click();
+  live.EndClass();
   EXPECT_EQ(live.TakeFocus()->control.box, HeaderBox::classNum);
   EXPECT_TRUE(live.CurrentEpisode().segments.empty());
 }
@@ -102,7 +101,7 @@ TEST_F(EndOfClassTest, AHeaderThatNamesNoFilesIsToldBeforeAnythingEnds) {
 TEST_F(EndOfClassTest, ARefusedEndLeavesNoTraceInTheEpisodeBefore) {
   TeachOneSegment();
   desk.prompter.Expect("Start New Episode?", Answer::yes);
-  live.cmdStartNewEp_Click();
+  live.AskToStartEpisode();
   live.KeyInDescription();
   live.TypeDescription("More poems");
   disk.full = true;
@@ -110,23 +109,22 @@ TEST_F(EndOfClassTest, ARefusedEndLeavesNoTraceInTheEpisodeBefore) {
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
   desk.prompter.Expect(kNotWritten, Answer::yes);
   desk.prompter.Expect(kNotWritten, Answer::cancel);
-  live.cmdQuit_Click();
+  live.EndClass();
   EXPECT_EQ(desk.prompter.asked[1].defaultAnswer, Answer::no);
   EXPECT_NE(desk.prompter.asked.back().details.find("7-12-3.eps: No space left on device"),
             std::string::npos);
-  EXPECT_TRUE(log.File().IsOpen() && !desk.program.QuitRequested);
+  EXPECT_TRUE(log.File().IsOpen() && !desk.program.ClassStored);
   disk.full = false;
-  live.UpdateActivityControls();
-  live.cmdBailout_Click();
-  EXPECT_EQ(live.CurSegment(), 2);
-  EXPECT_EQ(live.CurActivity(), 9);
+  live.Convert();
+  EXPECT_EQ(live.Running().curSegment, 2);
+  EXPECT_EQ(live.Running().curActivity, 9);
   EXPECT_EQ(log.File().Trouble(), "");
   EXPECT_NE(FileBytes(log.File().Path()).find("***** CLASS NOT ENDED, IT GOES ON *****"),
             std::string::npos);
   desk.clock.Advance(60);
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
   desk.prompter.Expect(kFinished, Answer::yes);
-  live.cmdQuit_Click();
+  live.EndClass();
   const std::string stored = FileBytes(desk.folder / "EPS/7/12/7-12-3.eps");
   EXPECT_NE(stored.find(" 9 , 60 \r\n"), std::string::npos) << stored;
 }
@@ -148,11 +146,11 @@ TEST_F(EndOfClassTest, AClassStoredElsewhereHasItsNotesAndItsSurveyThere) {
   choose("x.nte");
   desk.prompter.Expect(kNotCompleted, Answer::cancel);
   desk.prompter.Expect(kFinished, Answer::no);
-  live.cmdQuit_Click();
+  live.EndClass();
   EXPECT_EQ(desk.prompter.askedSaveFiles[0].defaultName, "7-12-3.eps");
   EXPECT_NE(FileBytes(stick / "x.nte").find(" 3 , 600 ,"), std::string::npos);
   EXPECT_EQ(FileBytes(stick / "x.nte.nte"), "\r\n");
-  live.cmdQuit_Click();
+  live.EndClass();
   EXPECT_NE(FileBytes(stick / "x.nte.sur").find("MATRICES"), std::string::npos);
   EXPECT_FALSE(std::filesystem::exists(desk.folder / "SUR"));
   EXPECT_EQ(FileBytes(stick / "taken.nte"), "another class");
@@ -170,7 +168,7 @@ TEST_F(EndOfClassTest, AnotherClassOfTheSameNumbersKeepsItsFiles) {
   live.TypeHeader(HeaderBox::observNum, "4");
   test::PutFile(desk.folder / "BAK/7/12/7-12-4.bak", "a third class");
   desk.prompter.Expect("7-12-4.bak already exists. Overwrite it?", Answer::cancel);
-  live.cmdQuit_Click();
+  live.EndClass();
   EXPECT_EQ(live.TakeFocus()->control.box, HeaderBox::observNum);
   EXPECT_FALSE(std::filesystem::exists(desk.folder / "EPS/7/12/7-12-4.eps"));
   live.TypeHeader(HeaderBox::observNum, "3");
@@ -185,7 +183,7 @@ TEST_F(EndOfClassTest, AnotherClassOfTheSameNumbersKeepsItsFiles) {
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
   desk.prompter.Expect(kept + older, Answer::ok);
   desk.prompter.Expect(kFinished, Answer::no);
-  live.cmdQuit_Click();
+  live.EndClass();
   EXPECT_EQ(FileBytes(eps.parent_path() / older), "another class");
   EXPECT_EQ(FileBytes(eps.parent_path() / (older + ".observed")), "before it was edited");
   EXPECT_FALSE(std::filesystem::exists(eps.string() + ".observed"));
@@ -207,12 +205,12 @@ TEST_F(EndOfClassTest, ItsOwnFilesAreReplacedUnlessTheyWereEditedSince) {
               OlderName(eps),
           Answer::ok);
     }
-    live.cmdQuit_Click();
+    live.EndClass();
     if (*edited != '\0') continue;
     desk.clock.Advance(60);
     desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
     desk.prompter.Expect(kNotWritten, Answer::cancel);
-    live.cmdQuit_Click();
+    live.EndClass();
     EXPECT_NE(FileBytes(eps).find(" 3 , 720 "), std::string::npos);
   }
 }
@@ -226,11 +224,11 @@ struct ClassScene : test::SaveScene {
     live.KeyInDescription();
     live.TypeDescription("Poems");
     live.ChooseActivity(3);
-    live.cmdFieldNote_Click();
+    live.EditFieldNotes();
     desk.clock.Advance(600);
   }
   void Save() override {
-    live.cmdQuit_Click();
+    live.EndClass();
     EXPECT_TRUE(prompter.reaction != test::Reaction::tryAgain ||
                 FileBytes(log.File().Path()).ends_with("\r\n\r\nLOG OFF: 09:10:00\r\n"));
   }

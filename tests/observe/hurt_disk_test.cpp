@@ -45,7 +45,7 @@ struct HurtDisk : testing::Test {
       desk.prompter.ExpectSaveFile({.path = other / "a.eps", .folder = other.Path()});
     }
     desk.prompter.Expect("Have you finished Matrices?", Answer::yes);
-    live->cmdQuit_Click();
+    live->EndClass();
     const std::string& told = desk.prompter.asked[1].details;
     EXPECT_TRUE(told.starts_with(desk.folder.Path().string())) << told;
     EXPECT_TRUE(told.ends_with(std::strerror(error))) << told;

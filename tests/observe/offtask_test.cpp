@@ -34,9 +34,9 @@ struct OfftaskTest : testing::Test, test::Desk {
     std::string seen;
     for (double passed = 0; passed < seconds; passed += 0.5) {
       clock.Advance(0.5);
-      const OfftaskSchedule before = live->Schedule();
-      live->OfftaskTick();
-      const OfftaskSchedule& now = live->Schedule();
+      const OfftaskSchedule before = live->Running().schedule;
+      live->Estimates().Tick();
+      const OfftaskSchedule& now = live->Running().schedule;
       if (now.OfftaskCountdown() > before.OfftaskCountdown()) seen += At() + " due, ";
       if (now.OfftaskPending() != before.OfftaskPending()) {
         seen += At() + " pending " + std::to_string(now.OfftaskPending()) + ", ";
@@ -45,7 +45,7 @@ struct OfftaskTest : testing::Test, test::Desk {
     return seen;
   }
   std::string At() const {
-    const float since = SecondsSince(live->SegmentStart(), clock.SecondsSinceMidnight());
+    const float since = SecondsSince(live->Running().segmentStart, clock.SecondsSinceMidnight());
     const int whole = static_cast<int>(since);
     return std::to_string(whole / 60) + ":" + TwoDigits(whole % 60) +
            (since > static_cast<float>(whole) ? ".5" : "");
@@ -53,13 +53,13 @@ struct OfftaskTest : testing::Test, test::Desk {
   /// An estimate that is pending is taken at the press of the button.
   void Take() {
     const float now = clock.SecondsSinceMidnight();
-    while (live->Schedule().OfftaskPending() == 0) Run(0.5);
+    while (live->Running().schedule.OfftaskPending() == 0) Run(0.5);
     clock.Advance(static_cast<double>(now - clock.SecondsSinceMidnight()));
-    live->TakeEstimate();
+    live->Estimates().TakePending();
   }
   void NewSegment(int activity) {
     prompter.Expect("Start New Segment?", Answer::yes);
-    live->cmdStartNewSg_Click();
+    live->AskToStartSegment();
     live->ChooseActivity(activity);
   }
   const std::vector<float>& EstimatesIn(int activity) const {
@@ -82,7 +82,7 @@ TEST_F(OfftaskTest, FallDueAtTheActivitysCadenceForAWholeHour) {
       expected += std::to_string(minute) + ":59.5 pending " + std::to_string(++pending) + ", ";
     }
     Begin(activity);
-    EXPECT_EQ(live->Schedule().Running(), !expected.empty());
+    EXPECT_EQ(live->Running().schedule.Running(), !expected.empty());
     EXPECT_EQ(Run(3600), expected);
   }
 }
@@ -103,8 +103,8 @@ TEST_F(OfftaskTest, FallDueAtTheNextPointAfterARevision) {
     Run(when);
     prompter.Expect("Revise activity # ?", Answer::ok);
     live->ChooseActivity(activity);
-    EXPECT_EQ(live->Schedule().OfftaskPending(), 0);
-    EXPECT_EQ(live->Schedule().OfftaskCountdown(), 0);
+    EXPECT_EQ(live->Running().schedule.OfftaskPending(), 0);
+    EXPECT_EQ(live->Running().schedule.OfftaskCountdown(), 0);
     EXPECT_EQ(Run(seconds), expected);
   }
 }
@@ -113,9 +113,9 @@ TEST_F(OfftaskTest, FallDueAsBeforeWhenTheStartOfTheSegmentIsCorrected) {
   Begin(4);
   EXPECT_EQ(Run(210), "1:00 due, 1:59.5 pending 1, 3:00 due, ");
   prompter.ExpectSeconds(150);
-  live->Command1_Click();
-  EXPECT_EQ(live->Schedule().OfftaskPending(), 1);
-  EXPECT_EQ(live->Schedule().OfftaskCountdown(), 30);
+  live->CorrectTime();
+  EXPECT_EQ(live->Running().schedule.OfftaskPending(), 1);
+  EXPECT_EQ(live->Running().schedule.OfftaskCountdown(), 30);
   EXPECT_EQ(Run(151), "2:59.5 pending 2, 5:00 due, ") << "each minute of the segment counts once";
 }
 
@@ -132,23 +132,23 @@ TEST_F(OfftaskTest, FallDueAcrossMidnightAndWhileTheDialogIsOpen) {
   EXPECT_FALSE(prompt.ButtonVisible());
   EXPECT_EQ(Run(7), "1:59.5 pending 1, ");
   EXPECT_EQ(prompt.CountdownText(), "");
-  for (const char* caption : {"", "* &OFFTASK *", ""}) {
+  for (const bool blank : {true, false, true}) {
     prompt.Tick();
     EXPECT_TRUE(prompt.ButtonVisible());
-    EXPECT_EQ(prompt.ButtonCaption(), caption);
+    EXPECT_EQ(prompt.ButtonBlank(), blank);
   }
 
   std::string meanwhile;
   prompter.ExpectEstimate({.offtask = "5", .students = "25"}, true, [&] { meanwhile = Run(180); });
-  prompt.cmdOfftaskActive_Click();
+  prompt.TakeEstimate();
   EXPECT_EQ(meanwhile, "3:00 due, 3:59.5 pending 2, 5:00 due, ");
-  EXPECT_EQ(live->Schedule().OfftaskPending(), 1);
+  EXPECT_EQ(live->Running().schedule.OfftaskPending(), 1);
   EXPECT_FALSE(prompt.ButtonVisible());
   prompt.Tick();
   EXPECT_TRUE(prompt.ButtonVisible());
   NewLogText();
   prompter.ExpectEstimate({.offtask = "1", .students = "25"}, false);
-  prompt.cmdOfftaskActive_Click();
+  prompt.TakeEstimate();
   Run(120);
   prompt.Tick();
   EXPECT_TRUE(prompt.ButtonVisible());
@@ -173,10 +173,10 @@ TEST_F(OfftaskTest, AreLoggedAndKeptUnderTheirKind) {
   EXPECT_EQ(live->Header().Text(HeaderBox::numStudents), "24");
 
   // The end of the segment asks as well, before it is logged; the mean is that of the episode.
-  live->CurQuestions().emplace_back();
+  program.Episodes.back().questions.emplace_back();
   prompter.ExpectEstimate({.offtask = "-1", .students = "24"});
   prompter.Expect("Start New Episode?", Answer::yes);
-  live->cmdStartNewEp_Click();
+  live->AskToStartEpisode();
   const std::string lines = NewLogText();
   EXPECT_LT(lines.find("\nOFFTASK: -0.0416667 [ -1 / 24 ]"),
             lines.find("Ep. 1 Sg. 1 Question/Answer"));
@@ -199,27 +199,27 @@ TEST_F(OfftaskTest, AreAskedForAtTheEndOfASegmentThatTakesThem) {
     const bool takes = activity == 4 || activity == 5 || activity == 8 || activity >= 14;
     Begin(activity);
     if (takes) prompter.ExpectEstimate({.offtask = "0", .students = "25"});
-    live->StartNewSeg();
+    live->StartSegment();
   }
   // "&Q/A" does without, and so does every end of a segment after it, until "&SEGMENT" is used.
   Begin(4);
-  live->cmdStartNewQASg_Click();
-  live->StartNewSeg();
+  live->StartQuestionAnswer();
+  live->StartSegment();
   live->ChooseActivity(16);
   prompter.Expect("Start New Episode?", Answer::yes);
-  live->cmdStartNewEp_Click();
+  live->AskToStartEpisode();
   live->KeyInDescription();
   live->TypeDescription("Drama");
   live->ChooseActivity(16);
   prompter.ExpectEstimate({}, false);
   NewSegment(4);
   prompter.ExpectEstimate({}, false);
-  live->StartNewSeg();
+  live->StartSegment();
 }
 
 TEST_F(OfftaskTest, SkippedComeBackWithTheTextsAsTheyWereLeft) {
   Begin(4);
-  live->TakeEstimate();  // none is pending
+  live->Estimates().TakePending();  // none is pending
   prompter.ExpectEstimate({.offtask = "7", .students = "26"}, false);
   Take();
   live->TypeHeader(HeaderBox::numStudents, "26");
@@ -237,12 +237,12 @@ TEST_F(OfftaskTest, SkippedComeBackWithTheTextsAsTheyWereLeft) {
 TEST(OfftaskDialogTest, GivesABoxItsTextBackThatIsNoNumber) {
   using Control = OfftaskDialog::Control;
   const std::tuple<Control, const char*, bool> typed[] = {
-      {Control::Text1, "", false},      {Control::Text1, "5x", false},
-      {Control::Text1, "-3", true},     {Control::Text1, "40", true},
-      {Control::Text1, "2.5", true},    {Control::Text1, "1e3", false},
-      {Control::Text3, "0", false},     {Control::Text3, "0.4", false},
-      {Control::Text3, "-3", false},    {Control::Text3, "24", true},
-      {Control::Text3, "40000", false},
+      {Control::offtask, "", false},       {Control::offtask, "5x", false},
+      {Control::offtask, "-3", true},      {Control::offtask, "40", true},
+      {Control::offtask, "2.5", true},     {Control::offtask, "1e3", false},
+      {Control::students, "0", false},     {Control::students, "0.4", false},
+      {Control::students, "-3", false},    {Control::students, "24", true},
+      {Control::students, "40000", false},
   };
   for (const auto& [box, text, accepted] : typed) {
     SCOPED_TRACE(text);

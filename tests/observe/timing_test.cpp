@@ -45,11 +45,11 @@ TEST(TimeAdjustment, MovesBothStartTimes) {
     live.TypeDescription("Poems");
     live.ChooseActivity(1);
     desk.clock.Advance(600);
-    live.StartNewSeg();  // half a minute before midnight
+    live.StartSegment();  // half a minute before midnight
     desk.NewLogText();
     desk.clock.Advance(elapsed);
     desk.prompter.ExpectSeconds(seconds, [&desk, idle = open] { desk.clock.Advance(idle); });
-    live.Command1_Click();
+    live.CorrectTime();
     EXPECT_EQ(desk.prompter.askedSeconds.back().maximum, maximum);
     EXPECT_EQ(desk.prompter.askedSeconds.back().seconds, start);
     clocks.Tick();

@@ -251,7 +251,7 @@ TEST_F(EditorTest, LogsTheDescriptionOnlyDuringAClass) {
 
 TEST_F(EditorTest, StepsLeadBackAndForthThroughEveryEpisodeOfAClass) {
   live.ChooseActivity(1);
-  live.StartNewEpi();
+  live.StartEpisode();
   Questions() = {kTeacher, kStudent, kTeacher};
   const EpisodeList before = program.Episodes;
   Open({.caller = EditorCaller::questionEntry}, true);

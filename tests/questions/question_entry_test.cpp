@@ -18,17 +18,17 @@
 namespace orvex::test {
 namespace {
 
-using Control = QuestionEntry::Control;
+using Box = QuestionEntry::Box;
 using Command = QuestionEntry::Command;
 const std::vector<std::string> kLeave = {"show liveObservation", "close questionEntry"};
 const std::map<char, Command> kButtons = {
-    {'-', Command::Command8}, {'+', Command::Command4}, {'!', Command::Command7}};
+    {'-', Command::dropLast}, {'+', Command::ditto}, {'!', Command::scrapOrStartEpisode}};
 const std::string kFilled = "12345679 TEACHER EVALUATION/FOLLOWUP";
 
 /// A class in progress, and an observer who works the question entry from the keyboard: a key goes
 /// to the box with the focus, and replaces its content while that is selected.
-struct EntryTest : testing::Test, Desk {
-  EntryTest() {
+struct Observer : Desk {
+  Observer() {
     prompter.cancelsDialogs = true;
     OpenLog();
     live.KeyInDescription();
@@ -39,22 +39,22 @@ struct EntryTest : testing::Test, Desk {
   void Open(const std::string& keys, int previousActivity = 0) {
     if (previousActivity != 0) {
       live.ChooseActivity(previousActivity);
-      live.StartNewSeg();
+      live.StartSegment();
     }
     live.ChooseActivity(kQuestionAnswer);
     screens.Take();
-    live.Draft() = {};
+    live.Questions().TypeQuestion("");
+    live.Questions().DropCodes();
     entry.emplace(services, live, clocks);
-    focus = Control::txtQuestion;
+    focus = QuestionEntry::kText;
     selected = false;
-    Keys(keys);
     NewLogText();
+    Keys(keys);
   }
   /// Types `keys`: '\n' is Enter, '^' Up, '@6' a click into box 6, '-', '+' and '!' are "&Last",
   /// "&Ditto" and "Scr&ap", '<' and '>' undo and redo.
   void Keys(std::string_view keys) {
     for (std::size_t i = 0; i < keys.size(); ++i) {
-      const auto field = QuestionEntry::FieldOf(focus);
       if (keys[i] == '\n') {
         entry->EnterOrDown(focus);
       } else if (keys[i] == '^') {
@@ -64,12 +64,12 @@ struct EntryTest : testing::Test, Desk {
       } else if (keys[i] == '<' || keys[i] == '>') {
         entry->TakeStep(keys[i] == '<' ? Way::undo : Way::redo);
       } else if (keys[i] == '@') {
-        focus = QuestionEntry::BoxOf(static_cast<Dimension>(keys[++i] - '1'));
+        focus = static_cast<Dimension>(keys[++i] - '1');
         selected = QuestionEntry::CaretOf(focus) == Caret::selectAll;
       } else {
-        if (field)
-          entry->TypeField(*field, (selected ? "" : entry->Fields().Text(*field)) + keys[i]);
-        if (!field) entry->TypeQuestion(entry->Question() + keys[i]);
+        if (focus)
+          entry->TypeField(*focus, (selected ? "" : entry->Fields().Text(*focus)) + keys[i]);
+        if (!focus) entry->TypeQuestion(entry->Question() + keys[i]);
         selected = false;
       }
       Follow();
@@ -82,16 +82,13 @@ struct EntryTest : testing::Test, Desk {
   }
   void Follow() {
     if (const auto wish = entry->TakeFocus()) {
-      focus = wish->control;
+      focus = wish->control.box;
       selected = wish->caret == Caret::selectAll;
     }
   }
 
   /// The number of the box with the focus; 0 for the text of the question.
-  char Focus() const {
-    const auto field = QuestionEntry::FieldOf(focus);
-    return field ? static_cast<char>('1' + static_cast<int>(*field)) : '0';
-  }
+  char Focus() const { return focus ? static_cast<char>('1' + static_cast<int>(*focus)) : '0'; }
   /// The numbers of the visible fields and the heading over the last ones.
   std::string Shown() const {
     std::string shown;
@@ -109,7 +106,7 @@ struct EntryTest : testing::Test, Desk {
     for (const Dimension field : kDimensions) contents += entry->Fields().Text(field) + "|";
     return contents;
   }
-  std::vector<questionInfo>& Questions() { return live.CurQuestions(); }
+  std::vector<questionInfo>& Questions() { return program.Episodes.back().questions; }
   std::string RestoredAndDropped() {
     std::string found;
     std::istringstream lines(NewLogText());
@@ -128,10 +125,12 @@ struct EntryTest : testing::Test, Desk {
   LiveObservation live{services};
   SessionClocks clocks{services, live};
   std::optional<QuestionEntry> entry;
-  Control focus = Control::txtQuestion;
+  Box focus;
   bool selected = false;
   std::string road;  ///< where each Enter has led to
 };
+
+struct EntryTest : testing::Test, Observer {};
 
 TEST_F(EntryTest, ShowsTheFieldsThatSourceAndResponseAskForWhateverWasThere) {
   struct Case {
@@ -165,7 +164,7 @@ TEST_F(EntryTest, ShowsTheFieldsThatSourceAndResponseAskForWhateverWasThere) {
     Open(c.keys);
     EXPECT_EQ(Shown(), c.shown);
     EXPECT_EQ(Contents(), c.contents);
-    Click(Command::Command3);
+    Click(Command::fillNormalOrSurvey);
     EXPECT_EQ(Shown(), kFilled);
     EXPECT_TRUE(Contents().starts_with("T|Y|N|N|R|")) << "Normal fills in the codes";
     EXPECT_EQ(Focus(), '6');
@@ -220,18 +219,18 @@ TEST_F(EntryTest, TheFrameSaysWhenTheQuestionBeforeIsEmpty) {
   EXPECT_EQ(entry->FrameCaption(), "Question #4:");
   Keys("\nn\n \n\nn\n");
   EXPECT_EQ(entry->FrameCaption(), "Question #6: (5 is empty)");
-  Click(Command::Command8);
+  Click(Command::dropLast);
   EXPECT_EQ(entry->FrameCaption(), "Question #5:");
 }
 
 TEST_F(EntryTest, AbortGivesTheSegmentItsPreviousActivityBack) {
   Open("", 8);
-  Click(Command::Command5);
+  Click(Command::nextOrLeave);
   EXPECT_EQ(NewLogText(), "REVISED ACTIVITY # for Ep. 1 Sg. 2 :  8 09:00:00\n");
-  EXPECT_EQ(live.CurActivity(), 8);
+  EXPECT_EQ(live.Running().curActivity, 8);
   EXPECT_EQ(live.Running().choice, ActivityChoice::abandoned);
-  EXPECT_EQ(live.SelectedActivity(), 0);
-  EXPECT_EQ(live.Description(), "Macbeth");
+  EXPECT_EQ(live.Running().ChosenActivity(), 0);
+  EXPECT_EQ(live.CurrentEpisode().Descript, "Macbeth");
   EXPECT_EQ(screens.Take(), kLeave);
 }
 
@@ -241,7 +240,7 @@ TEST_F(EntryTest, AFullEpisodeTakesNoMoreQuestions) {
   Keys("The last one\nt\nn\nOne too many\ns\nn\nAnna");
   ASSERT_EQ(Questions().size(), 32767U);
   const std::function<void()> ways[] = {[&] { Keys("\n"); }, [&] { entry->SaveQuestion(); },
-                                        [&] { Click(Command::Command4); }};
+                                        [&] { Click(Command::ditto); }};
   NewLogText();
   for (const auto& file : ways) {
     prompter.Expect("An episode holds at most 32767 questions. Start a new episode.", Answer::ok);
@@ -251,14 +250,14 @@ TEST_F(EntryTest, AFullEpisodeTakesNoMoreQuestions) {
     EXPECT_EQ(Questions().size(), 32767U);
   }
   EXPECT_EQ(NewLogText(), "");
-  entry->Click(Command::Command7);
+  entry->Click(Command::scrapOrStartEpisode);
   Keys("-");
   entry->SaveQuestion();
   Keys("<");
   EXPECT_EQ(Questions().size(), 32767U) << "what was dropped waits until there is room";
 }
 
-TEST_F(EntryTest, WhatWasDroppedOrFiledByMistakeIsUndone) {
+TEST(EntryHistory, WhatWasDroppedOrFiledByMistakeIsUndone) {
   struct Case {
     std::string keys;
     std::string questions;
@@ -295,37 +294,32 @@ TEST_F(EntryTest, WhatWasDroppedOrFiledByMistakeIsUndone) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.keys);
-    live.History() = {};
-    Questions().clear();
-    live.ChooseActivity(kQuestionAnswer);
-    live.Draft() = {};
-    entry.emplace(services, live, clocks);
-    focus = Control::txtQuestion;
-    selected = false;
-    NewLogText();
-    Keys(c.keys);
+    Observer observer;
+    observer.Open(c.keys);
     std::string texts;
-    for (const questionInfo& question : Questions()) texts += question.question + "|";
+    for (const questionInfo& question : observer.Questions()) texts += question.question + "|";
+    const QuestionEntry& entry = *observer.entry;
     EXPECT_EQ(texts, c.questions);
-    EXPECT_EQ(entry->Question() + entry->Fields().Text(Dimension::source), c.draft);
-    EXPECT_EQ(entry->FrameCaption(), "Question #" + std::to_string(Questions().size() + 1) + ":");
-    EXPECT_EQ(entry->NextStep(Way::undo), c.offered);
-    EXPECT_EQ(RestoredAndDropped(), c.log);
+    EXPECT_EQ(entry.Question() + entry.Fields().Text(Dimension::source), c.draft);
+    EXPECT_EQ(entry.FrameCaption(),
+              "Question #" + std::to_string(observer.Questions().size() + 1) + ":");
+    EXPECT_EQ(entry.NextStep(Way::undo), c.offered);
+    EXPECT_EQ(observer.RestoredAndDropped(), c.log);
   }
 }
 
 TEST_F(EntryTest, WhatComesBackGoesToItsOwnEpisode) {
   Open("One\nt\nn\nTwo\nt\nn\n-Three\ns!");
-  live.StartNewSeg();
+  live.StartSegment();
   Open("");
   EXPECT_EQ(entry->NextStep(Way::undo), "brings question 2 back") << "what was typed was there";
-  live.StartNewEpi();
+  live.StartEpisode();
   live.TypeDescription("Lear");
   Open("Four\nt\nn\n<");
   EXPECT_EQ(Questions().size(), 1U) << "the form does not show the other episode";
   Keys("-");
-  live.cmdBailout_Click();
-  live.StartNewSeg();
+  live.Convert();
+  live.StartSegment();
   Open("<");
   ASSERT_EQ(Questions().size(), 2U) << "the episode of question 4 is gone";
   EXPECT_EQ(Questions()[1].question + std::to_string(Questions()[1].iSgQ), "Two1");

@@ -19,7 +19,7 @@ KeptClass EveryField() {
   kept.moment = {"11-23-2026", "09:41:10", 34870.25F, 1795426870};
   kept.program.identity = {"A\\B, \"C\"", "7", "12", "3", "25"};
   kept.program.StartTimeText = "09:00:05";
-  kept.program.QuitRequested = true;
+  kept.program.ClassStored = true;
   float estimate = 0.1F;
   for (auto& estimates : kept.program.OfftaskByCat) estimates = {estimate += 0.01F, 1 / 3.0F};
   Episode& episode = kept.program.Episodes.emplace_back();

@@ -27,7 +27,7 @@ class ClassForms : public testing::Test, protected Desk {
     prompter.cancelsDialogs = true;
     entry_.reset();
     live_.reset();
-    program.QuitRequested = false;
+    program.ClassStored = false;
     OpenLog();
     logRead = 0;
     live_ = std::make_unique<frmClassAct>(services);
@@ -62,8 +62,8 @@ class ClassForms : public testing::Test, protected Desk {
   }
   /// Takes an estimate as soon as one of question/answer is pending.
   void TakeEstimate() {
-    for (; live_->Live().Schedule().OfftaskPending() == 0; clock.Advance(1)) {
-      live_->Live().OfftaskTick();
+    for (; live_->Live().Running().schedule.OfftaskPending() == 0; clock.Advance(1)) {
+      live_->Live().Estimates().Tick();
     }
     TickForms();
     prompter.ExpectEstimate({.offtask = "5", .students = "25"});
@@ -76,7 +76,7 @@ class ClassForms : public testing::Test, protected Desk {
     }
     Activate(Form());
   }
-  std::vector<questionInfo>& Questions() { return live_->Live().CurQuestions(); }
+  std::vector<questionInfo>& Questions() { return program.Episodes.back().questions; }
 
   std::unique_ptr<frmClassAct> live_;
   std::unique_ptr<frmEnterQA> entry_;
@@ -115,6 +115,20 @@ TEST_F(ClassForms, OfferInEachStateTheirButtonsAndMnemonics) {
     EXPECT_EQ(CaptionsOf(open()), captions);
     TryButtons(prompter, open, !keys.empty());
   }
+}
+
+TEST_F(ClassForms, ASecondClickOnTheConversionWaitsForItsCaption) {
+  Begin("Act\t {Alt+S} ");
+  auto* convert = Find<QAbstractButton>(*live_, "cmdBailout");
+  const auto click = [this, convert] {
+    convert->click();
+    return convert->text().toStdString() + std::to_string(program.Episodes.size());
+  };
+  EXPECT_EQ(click(), "2");
+  EXPECT_EQ(click(), "2");
+  TickForms();
+  EXPECT_EQ(convert->text().toStdString(), "Ep. &to Sg.");
+  EXPECT_EQ(click(), "1");
 }
 
 TEST_F(ClassForms, UndoIsFirstTheBoxesOwn) {
@@ -171,7 +185,7 @@ TEST_F(ClassForms, KeysMoveAmongTheActivitiesAndOnlySpaceChooses) {
     Keys(keys);
     EXPECT_EQ(FocusedName(), "Option0_" + std::to_string(to));
   }
-  EXPECT_EQ(live_->Live().SelectedActivity(), 0);
+  EXPECT_EQ(live_->Live().Running().ChosenActivity(), 0);
   Begin("Act\tr  ");  // the second Space has nothing to ask
   prompter.Expect("Revise activity # ?", Answer::cancel);
   Keys("g ");
@@ -350,7 +364,7 @@ TEST_F(ClassForms, TheNotesHaveTheirKeyAlsoBesideProof) {
   EXPECT_TRUE(Find(*live_, "cmdProof")->isVisible());
   prompter.ExpectNotes("Quiet");
   Keys("{Alt+F}");
-  EXPECT_EQ(live_->Live().FieldNotes(), "Quiet");
+  EXPECT_EQ(live_->Live().Running().fieldNotes, "Quiet");
   EXPECT_EQ(FocusedName(), "Option0_3");
 }
 

@@ -147,7 +147,7 @@ TEST_F(MatricesForm, DuringTheClassReturnsAndPromptsForEstimates) {
   live_->ChooseActivity(4);
   for (int second = 0; second < 125; ++second) {
     clock.Advance(1);
-    live_->OfftaskTick();
+    live_->Estimates().Tick();
   }
   TickForms();
   prompter.ExpectEstimate({.offtask = "5", .students = "25"});

@@ -125,7 +125,7 @@ TEST_F(frmQATest, AQuestionIsCodedFromTheKeyboardAlone) {
   EXPECT_EQ(Questions()[0].strTResp(), "O");
   prompter.ExpectNotes("Quiet today");
   Click(The("Command1"));
-  EXPECT_EQ(live_.FieldNotes(), "Quiet today");
+  EXPECT_EQ(live_.Running().fieldNotes, "Quiet today");
   Keys("{Alt+P}");
   EXPECT_EQ(FocusedName(), "cmdInsA");
   EXPECT_EQ(Text("txtSegNum"), "");
@@ -210,7 +210,7 @@ TEST_F(frmQATest, TheOfftaskButtonAnswersItsKeyAlsoWhileItIsBlank) {
   live_.ChooseActivity(4);
   for (int second = 0; second < 125; ++second) {
     clock.Advance(1);
-    live_.OfftaskTick();
+    live_.Estimates().Tick();
   }
   TickForms();
   const auto* button = The<QPushButton>("cmdOfftaskActive");

@@ -66,12 +66,12 @@ void CodingPanel::FocusActivity(int activity) {
 }
 
 void CodingPanel::Refresh() {
-  const SegmentCoding& coding = live_.Coding();
+  const SegmentCoding& coding = live_.Running().coding;
   for (QLabel* heading : {ui_.Label1, ui_.Label2, ui_.Label3, ui_.Label4}) {
     heading->setVisible(coding.choicesVisible);
   }
   activities_->SetVisible(coding.choicesVisible);
-  const int activity = live_.SelectedActivity();
+  const int activity = live_.Running().ChosenActivity();
   activities_->ShowSelected(activity - 1);
   ui_.Command9->setVisible(ActivityOf(activity).carriesAbout);
 

@@ -22,7 +22,7 @@ frmAboutInputBox::frmAboutInputBox(LiveObservation& live, QWidget* parent)
 frmAboutInputBox::~frmAboutInputBox() = default;
 
 void frmAboutInputBox::Refresh() {
-  ShowText(ui_->txtAboutData, live_.Coding().about);
+  ShowText(ui_->txtAboutData, live_.Running().coding.about);
 }
 
 void frmAboutInputBox::setVisible(bool visible) {

@@ -97,19 +97,19 @@ void frmClassAct::ConnectButtons() {
       Refresh();
     });
   };
-  button(ui_->cmdStartNewEp, &LiveObservation::cmdStartNewEp_Click);
-  button(ui_->cmdStartNewSg, &LiveObservation::cmdStartNewSg_Click);
-  button(ui_->cmdStartNewQASg, &LiveObservation::cmdStartNewQASg_Click);
-  button(ui_->cmdBailout, &LiveObservation::cmdBailout_Click);
-  button(ui_->Command9, &LiveObservation::Command9_Click);
-  button(ui_->cmdReview, &LiveObservation::cmdReview_Click);
-  button(ui_->cmdProof, &LiveObservation::cmdProof_Click);
-  button(ui_->cmdFieldNote, &LiveObservation::cmdFieldNote_Click);
-  button(ui_->Command1, &LiveObservation::Command1_Click);
-  button(ui_->Command7, &LiveObservation::Command7_Click);
-  button(ui_->cmdQuit, &LiveObservation::cmdQuit_Click);
+  button(ui_->cmdStartNewEp, &LiveObservation::AskToStartEpisode);
+  button(ui_->cmdStartNewSg, &LiveObservation::AskToStartSegment);
+  button(ui_->cmdStartNewQASg, &LiveObservation::StartQuestionAnswer);
+  connect(ui_->cmdBailout, &QPushButton::clicked, this, &frmClassAct::Convert);
+  button(ui_->Command9, &LiveObservation::OpenAbout);
+  button(ui_->cmdReview, &LiveObservation::ReviewQuestions);
+  button(ui_->cmdProof, &LiveObservation::ProofQuestions);
+  button(ui_->cmdFieldNote, &LiveObservation::EditFieldNotes);
+  button(ui_->Command1, &LiveObservation::CorrectTime);
+  button(ui_->Command7, &LiveObservation::OpenSurvey);
+  button(ui_->cmdQuit, &LiveObservation::EndClass);
   connect(ui_->cmdOfftaskActive, &QPushButton::clicked, this, [this] {
-    clocks_.Offtask().cmdOfftaskActive_Click();
+    clocks_.Offtask().TakeEstimate();
     Refresh();
   });
   new FormKeys(this, {.asking = {ui_->cmdStartNewEp, ui_->cmdStartNewSg, ui_->Command9,
@@ -135,12 +135,12 @@ void frmClassAct::StartTimers() {
   })->start();
   AddTimer("Timer3", 200, [this] {
     timer3_.Run([this] {
-      live_.UpdateActivityControls();
+      conversionBlank_ = false;
       RefreshButtons();
     });
   })->start();
-  offtaskTimer_ =
-      AddTimer("offtaskTimer", 500, [this] { offtaskTick_.Run([this] { live_.OfftaskTick(); }); });
+  offtaskTimer_ = AddTimer("offtaskTimer", 500,
+                           [this] { offtaskTick_.Run([this] { live_.Estimates().Tick(); }); });
 }
 
 /// What is hidden keeps its place, so that nothing under the observer's eyes moves.
@@ -170,7 +170,7 @@ void frmClassAct::Refresh() {
 void frmClassAct::RefreshTexts() {
   for (const auto& [box, edit] : Boxes()) ShowText(edit, live_.Header().Text(box));
   ShowText(ui_->lblClassID, live_.Header().ClassIdText());
-  ShowText(ui_->txtEpisodeName, live_.Description());
+  ShowText(ui_->txtEpisodeName, live_.CurrentEpisode().Descript);
 }
 
 void frmClassAct::RefreshClocks() {
@@ -179,23 +179,36 @@ void frmClassAct::RefreshClocks() {
 }
 
 void frmClassAct::RefreshButtons() {
-  ui_->cmdStartNewEp->setVisible(live_.CanStartEpisode());
-  ui_->cmdStartNewSg->setVisible(live_.CanStartSegment());
-  ui_->cmdStartNewQASg->setVisible(live_.CanStartSegment());
-  ui_->cmdBailout->setVisible(live_.ConversionVisible());
-  ShowText(ui_->cmdBailout, live_.ConversionCaption());
-  ui_->cmdReview->setVisible(live_.CanDivide());
-  ui_->cmdProof->setVisible(live_.ProofVisible());
-  ui_->Command7->setEnabled(live_.CanOpenSurvey());
-  ui_->cmdQuit->setEnabled(live_.CanEndClass());
-  ShowText(ui_->cmdQuit, live_.EndCaption());
+  const AllowedActions allowed = live_.Allowed();
+  const RunningClass& running = live_.Running();
+  ui_->cmdStartNewEp->setVisible(allowed.episode);
+  ui_->cmdStartNewSg->setVisible(allowed.segment);
+  ui_->cmdStartNewQASg->setVisible(allowed.segment);
+  ui_->cmdBailout->setVisible(allowed.conversion != Conversion::none);
+  ShowText(ui_->cmdBailout, ConversionCaption(allowed.conversion));
+  ui_->cmdReview->setVisible(allowed.review);
+  ui_->cmdProof->setVisible(allowed.proof);
+  ui_->Command7->setEnabled(allowed.survey);
+  ui_->cmdQuit->setEnabled(allowed.end);
+  ShowText(ui_->cmdQuit, running.awaitsSurvey ? tr("E&xit") : tr("&End Class"));
   for (QLabel* clock : {ui_->lblEpisode, ui_->lblEpiTime, ui_->lblSegment, ui_->lblSegTime}) {
     clock->setVisible(!live_.ClassStored());
   }
-  ShowWaiting(live_.AwaitsSurvey());
-  if (live_.Schedule().Running() != offtaskTimer_->isActive()) {
-    live_.Schedule().Running() ? offtaskTimer_->start() : offtaskTimer_->stop();
+  ShowWaiting(running.awaitsSurvey);
+  if (running.schedule.Running() != offtaskTimer_->isActive()) {
+    running.schedule.Running() ? offtaskTimer_->start() : offtaskTimer_->stop();
   }
+}
+
+QString frmClassAct::ConversionCaption(Conversion conversion) const {
+  if (conversionBlank_) return {};
+  return conversion == Conversion::toEpisode ? tr("Sg. &to Ep.") : tr("Ep. &to Sg.");
+}
+
+void frmClassAct::Convert() {
+  // The button is blank until the next refresh, so that a second click does not undo the first.
+  if (!std::exchange(conversionBlank_, true)) live_.Convert();
+  Refresh();
 }
 
 /// Once the class is stored, only the survey is left to do.
@@ -256,7 +269,7 @@ void frmClassAct::showEvent(QShowEvent* event) {
 }
 
 void frmClassAct::closeEvent(QCloseEvent* event) {
-  const bool mayLeave = live_.NothingEntered() || boxFocus_->CheckCurrent();
+  const bool mayLeave = live_.Running().nothingEntered || boxFocus_->CheckCurrent();
   event->setAccepted(mayLeave && live_.RequestClose());
   Refresh();
 }

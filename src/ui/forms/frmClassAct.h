@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QWidget>
 #include <array>
 #include <functional>
@@ -52,6 +53,8 @@ class frmClassAct : public QWidget {
   void RefreshTexts();
   void RefreshClocks();
   void RefreshButtons();
+  QString ConversionCaption(Conversion conversion) const;
+  void Convert();
   void ShowWaiting(bool forSurvey);
   void TakeFocusWish();
   bool TakeKey(const QWidget* control, const QKeyEvent& key);
@@ -65,6 +68,7 @@ class frmClassAct : public QWidget {
   std::unique_ptr<Ui::frmClassAct> ui_;
   CodingPanel* coding_ = nullptr;
   QTimer* offtaskTimer_ = nullptr;
+  bool conversionBlank_ = false;        ///< since the last conversion
   std::unique_ptr<BoxFocus> boxFocus_;  // last: it must not see the form go down
 };
 

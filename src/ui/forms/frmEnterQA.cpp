@@ -18,7 +18,6 @@ namespace orvex {
 namespace {
 
 using Command = QuestionEntry::Command;
-using Control = QuestionEntry::Control;
 
 /// The box got the focus by hand, not because a window came to the front or the logic asked for it.
 bool IsByHand(Qt::FocusReason reason) {
@@ -64,29 +63,29 @@ std::array<frmEnterQA::Field, kDimensionCount> frmEnterQA::Fields() const {
 }
 
 std::array<frmEnterQA::Button, QuestionEntry::kCommands> frmEnterQA::Buttons() const {
-  return {{{Command::Command1, ui_->Command1},
-           {Command::Command2, ui_->Command2},
-           {Command::Command3, ui_->Command3},
-           {Command::Command4, ui_->Command4},
-           {Command::Command5, ui_->Command5},
-           {Command::Command6, ui_->Command6},
-           {Command::Command7, ui_->Command7},
-           {Command::Command8, ui_->Command8},
-           {Command::Command9, ui_->Command9},
-           {Command::Command10, ui_->Command10}}};
+  return {{{Command::review, ui_->Command1},
+           {Command::proof, ui_->Command2},
+           {Command::fillNormalOrSurvey, ui_->Command3},
+           {Command::ditto, ui_->Command4},
+           {Command::nextOrLeave, ui_->Command5},
+           {Command::startSegment, ui_->Command6},
+           {Command::scrapOrStartEpisode, ui_->Command7},
+           {Command::dropLast, ui_->Command8},
+           {Command::correctTime, ui_->Command9},
+           {Command::endClass, ui_->Command10}}};
 }
 
-QLineEdit* frmEnterQA::BoxAt(Control box) const {
+QLineEdit* frmEnterQA::EditOf(Box box) const {
   for (const Field& field : Fields()) {
-    if (QuestionEntry::BoxOf(field.dimension) == box) return field.box;
+    if (field.dimension == box) return field.box;
   }
   return ui_->txtQuestion;
 }
 
-std::optional<Control> frmEnterQA::ControlOf(const QObject* watched) const {
-  if (watched == ui_->txtQuestion) return Control::txtQuestion;
+std::optional<QuestionEntry::Box> frmEnterQA::BoxOf(const QObject* watched) const {
+  if (watched == ui_->txtQuestion) return QuestionEntry::kText;
   for (const Field& field : Fields()) {
-    if (watched == field.box) return QuestionEntry::BoxOf(field.dimension);
+    if (watched == field.box) return field.dimension;
   }
   return std::nullopt;
 }
@@ -115,18 +114,18 @@ void frmEnterQA::ConnectButtons() {
       Refresh();
     });
   }
-  const auto answer = [this](QPushButton* button, int index) {
-    connect(button, &QPushButton::clicked, this, [this, index] {
-      entry_.Command11_Click(index);
+  const auto answer = [this](QPushButton* button, bool wasReview) {
+    connect(button, &QPushButton::clicked, this, [this, wasReview] {
+      entry_.AnswerReview(wasReview);
       Refresh();
     });
   };
   connect(ui_->cmdOfftaskActive, &QPushButton::clicked, this, [this] {
-    entry_.Offtask().cmdOfftaskActive_Click();
+    entry_.Offtask().TakeEstimate();
     Refresh();
   });
-  answer(ui_->Command11_0, 0);
-  answer(ui_->Command11_1, 1);
+  answer(ui_->Command11_0, true);
+  answer(ui_->Command11_1, false);
   new FormKeys(this, {.asking = {ui_->Command1, ui_->Command2, ui_->Command3, ui_->Command4,
                                  ui_->Command9, ui_->cmdOfftaskActive},
                       .own = [this](const QWidget* control, const QKeyEvent& key) {
@@ -167,9 +166,16 @@ void frmEnterQA::RefreshTexts() {
     ShowText(field.label, std::string(entry_.Fields().Caption(field.dimension)));
   }
   ShowText(ui_->Label10, std::string(entry_.Fields().Heading()));
-  ShowText(ui_->Command3, std::string(entry_.Caption3()));
-  ShowText(ui_->Command5, std::string(entry_.Caption5()));
-  ShowText(ui_->Command7, std::string(entry_.Caption7()));
+  const bool coding = entry_.IsCoding();
+  ShowText(ui_->Command3, coding ? tr("Nor&mal") : tr("&Matrices"));
+  ShowText(ui_->Command5, coding ? tr("&Next Q") : LeaveCaption());
+  ShowText(ui_->Command7, coding ? tr("Scr&ap") : tr("E&PISODE"));
+}
+
+/// The caption of the button that goes back to the activity before, or gives the segment up.
+QString frmEnterQA::LeaveCaption() const {
+  const int activity = entry_.OfferedActivity();
+  return activity == kNoActivity ? tr("&Abort") : ToQt(ActivityOf(activity).shortName);
 }
 
 void frmEnterQA::RefreshClocks() {
@@ -194,32 +200,29 @@ void frmEnterQA::RefreshStates(bool available) {
 void frmEnterQA::TakeFocusWish() {
   const auto wish = entry_.TakeFocus();
   if (!wish) return;
-  if (wish->control == Control::Command11_0) {
-    FocusVisibly(ui_->Command11_0);
-    return;
-  }
-  QLineEdit* box = BoxAt(wish->control);
+  if (wish->control.review) return FocusVisibly(ui_->Command11_0);
+  QLineEdit* box = EditOf(wish->control.box);
   FocusBox(box, wish->caret);
   ui_->scrollArea->ensureWidgetVisible(box);
 }
 
 bool frmEnterQA::eventFilter(QObject* watched, QEvent* event) {
-  const auto control = ControlOf(watched);
-  if (control && QuestionEntry::CaretOf(*control) == Caret::selectAll) {
+  const auto box = BoxOf(watched);
+  if (box && QuestionEntry::CaretOf(*box) == Caret::selectAll) {
     // Whatever road leads into a code, the next letter replaces it.
-    if (Leads(*event)) BoxAt(*control)->selectAll();
-  } else if (control && event->type() == QEvent::FocusIn) {
-    EnterText(*control, static_cast<QFocusEvent*>(event)->reason());
+    if (Leads(*event)) EditOf(*box)->selectAll();
+  } else if (box && event->type() == QEvent::FocusIn) {
+    EnterText(*box, static_cast<QFocusEvent*>(event)->reason());
   }
   return false;
 }
 
 /// A text is added to, unless a click in the question has said where.
-void frmEnterQA::EnterText(Control text, Qt::FocusReason reason) {
-  const bool placed = reason == Qt::MouseFocusReason && text == Control::txtQuestion;
+void frmEnterQA::EnterText(Box text, Qt::FocusReason reason) {
+  const bool placed = reason == Qt::MouseFocusReason && text == QuestionEntry::kText;
   if (!IsByHand(reason) || placed) return;
   // The click or Tab that brought the focus places its own caret first.
-  QLineEdit* box = BoxAt(text);
+  QLineEdit* box = EditOf(text);
   QTimer::singleShot(0, box, [box] {
     if (box->hasFocus()) FocusBox(box, Caret::atEnd);
   });
@@ -230,7 +233,7 @@ bool frmEnterQA::TakeKey(const QWidget* control, const QKeyEvent& key) {
   const bool save = key.key() == Qt::Key_N && key.modifiers() == Qt::ControlModifier;
   const bool enter = IsEnter(key);
   const bool down = key.key() == Qt::Key_Down;
-  const auto box = ControlOf(control);
+  const auto box = BoxOf(control);
   if (save || enter || (down && box)) {
     if (save) entry_.SaveQuestion();
     if (box && !save) entry_.EnterOrDown(*box);

@@ -49,20 +49,22 @@ class frmEnterQA : public QWidget {
     QuestionEntry::Command command;
     QPushButton* button;
   };
+  using Box = QuestionEntry::Box;
 
   std::array<Field, kDimensionCount> Fields() const;
   std::array<Button, QuestionEntry::kCommands> Buttons() const;
-  QLineEdit* BoxAt(QuestionEntry::Control box) const;
-  /// The place of a box among the controls; nothing for what is no box.
-  std::optional<QuestionEntry::Control> ControlOf(const QObject* watched) const;
+  QLineEdit* EditOf(Box box) const;
+  /// The box that `watched` is; nothing for what is no box.
+  std::optional<Box> BoxOf(const QObject* watched) const;
   void ConnectBoxes();
   void ConnectButtons();
   void StartTimer();
   void RefreshTexts();
   void RefreshClocks();
   void RefreshStates(bool available);
+  QString LeaveCaption() const;
   void TakeFocusWish();
-  void EnterText(QuestionEntry::Control text, Qt::FocusReason reason);
+  void EnterText(Box text, Qt::FocusReason reason);
   bool TakeKey(const QWidget* control, const QKeyEvent& key);
   bool TakeStep(const QLineEdit* box, Way way);
   bool AnswerReview(int key);

@@ -119,7 +119,7 @@ void frmMatrices::ConnectButtons() {
          [&form = form_] { form.OnFile() ? void(form.Save()) : form.ReturnToCaller(); });
   button(ui_->Command2, [&form = form_] { form.Quit(); });
   button(ui_->cmdOfftaskActive, [this] {
-    if (offtask_) offtask_->cmdOfftaskActive_Click();
+    if (offtask_) offtask_->TakeEstimate();
   });
   new FormKeys(this, {.asking = {ui_->Command1, ui_->Command2, ui_->cmdOfftaskActive},
                       .own = [this](const QWidget* control, const QKeyEvent& key) {

@@ -16,8 +16,8 @@ using Control = OfftaskDialog::Control;
 frmOfftask::frmOfftask(OfftaskPrompt& prompt, QWidget* parent)
     : QDialog(parent), dialog_(prompt), ui_(std::make_unique<Ui::frmOfftask>()) {
   ui_->setupUi(this);
-  ConnectBox(ui_->Text1, Control::Text1);
-  ConnectBox(ui_->Text3, Control::Text3);
+  ConnectBox(ui_->Text1, Control::offtask);
+  ConnectBox(ui_->Text3, Control::students);
   boxFocus_ = std::make_unique<BoxFocus>(
       this, std::vector<QWidget*>{ui_->Text1, ui_->Text3},
       [this](const QWidget* box) { dialog_.Enter(ControlOf(box)); },
@@ -45,22 +45,22 @@ void frmOfftask::ConnectBox(QLineEdit* box, Control control) {
 }
 
 Control frmOfftask::ControlOf(const QObject* box) const {
-  return box == ui_->Text1 ? Control::Text1 : Control::Text3;
+  return box == ui_->Text1 ? Control::offtask : Control::students;
 }
 
 void frmOfftask::Refresh() {
-  ShowText(ui_->Text1, dialog_.Text(Control::Text1));
-  ShowText(ui_->Text3, dialog_.Text(Control::Text3));
+  ShowText(ui_->Text1, dialog_.Text(Control::offtask));
+  ShowText(ui_->Text3, dialog_.Text(Control::students));
   if (const auto wish = dialog_.TakeFocus()) Focus(*wish);
 }
 
 void frmOfftask::Focus(const OfftaskDialog::Focus::Target& wish) {
   switch (wish.control) {
-    case Control::Text1:
+    case Control::offtask:
       return FocusBox(ui_->Text1, wish.caret);
-    case Control::Text3:
+    case Control::students:
       return FocusBox(ui_->Text3, wish.caret);
-    case Control::Command1:
+    case Control::ok:
       return FocusVisibly(ui_->Command1);
   }
 }

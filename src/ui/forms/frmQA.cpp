@@ -110,7 +110,7 @@ void frmQA::ConnectButtons() {
   for (const auto& [command, button] : EditButtons()) connectButton(button, command);
   connect(ui_->cmdNxt, &QPushButton::clicked, this, &frmQA::ShowGap);
   connect(ui_->cmdOfftaskActive, &QPushButton::clicked, this, [this] {
-    editor_.Offtask()->cmdOfftaskActive_Click();
+    editor_.Offtask()->TakeEstimate();
     Refresh();
   });
   new FormKeys(this, {.asking = {ui_->cmdOfftaskActive, ui_->Command1},

@@ -1,5 +1,6 @@
 #include "ui/widgets/ShowOfftask.h"
 
+#include <QCoreApplication>
 #include <QKeySequence>
 #include <QLabel>
 
@@ -11,7 +12,8 @@ namespace orvex {
 
 void ShowOfftask(const OfftaskIndicator& indicator, QLabel* countdown, OfftaskButton* button) {
   ShowText(countdown, indicator.CountdownText());
-  ShowText(button, indicator.ButtonCaption());
+  const QString caption = QCoreApplication::translate("ShowOfftask", "* &OFFTASK *");
+  ShowText(button, indicator.ButtonBlank() ? QString() : caption);
   button->ShowPending(indicator.Pending());
   const QKeySequence key(Qt::ALT | Qt::Key_O);
   if (button->shortcut() != key) button->setShortcut(key);
