@@ -4,7 +4,7 @@
 #include "desk/screens.h"
 #include "model/clock.h"
 #include "model/program.h"
-#include "recovery/class_keeper.h"
+#include "recovery/kept_class.h"
 #include "running/store_class.h"
 #include "store/session_log.h"
 

@@ -100,8 +100,8 @@ class LiveObservation {
   void ProofQuestions();
   void OpenSurvey();
   void EditFieldNotes();
-  /// What the observer has filled in of the survey so far.
-  Survey& SurveyAnswers() { return run_.survey; }
+  /// Takes what the observer has filled in of the survey.
+  void FillSurvey(const Survey& answers) { run_.survey = answers; }
 
  private:
   float Now() const;

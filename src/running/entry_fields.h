@@ -20,7 +20,7 @@ class EntryFields {
   /// True when nothing is typed in any field.
   bool AreEmpty() const;
   std::string_view Caption(Dimension field) const;
-  /// The heading over the last codes (`Label10`).
+  /// The heading over the last codes.
   bool HeadingVisible() const { return headingVisible_; }
   std::string_view Heading() const;
 

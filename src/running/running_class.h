@@ -18,7 +18,8 @@
 
 namespace orvex {
 
-/// The estimate dialog as it was left by "&Skip", and the number of students when it was loaded.
+/// The estimate dialog as it was left by skipping it, and the number of students when it was
+/// loaded.
 struct EstimateDialog {
   OfftaskPrompt prompt;
   std::string studentsBefore;
@@ -87,7 +88,8 @@ struct RunningClass {
   int episodeActivity = kNoActivity;
   ActivityChoice choice = ActivityChoice::awaited;
   bool freshSegment = false;
-  /// Set by "&Q/A", cleared by "&SEGMENT": segments end without an estimate.
+  /// Segments end without an estimate: from a question/answer that was started by its own button
+  /// until a segment is started by that for segments.
   bool skipEstimate = false;
   OfftaskSchedule schedule;
   std::optional<EstimateDialog> estimateDialog;

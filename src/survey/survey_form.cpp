@@ -13,18 +13,21 @@
 
 namespace orvex {
 
-SurveyForm::SurveyForm(const Services& services, Survey& answers, SurveyCaller caller)
-    : services_(services), answers_(answers), caller_(caller) {}
+SurveyForm::SurveyForm(const Services& services, const Survey& answers, Fill fill,
+                       SurveyCaller caller)
+    : services_(services), answers_(answers), fill_(std::move(fill)), caller_(caller) {}
 
 SurveyForm::SurveyForm(const Services& services, LoadedSurvey loaded)
     : services_(services),
       file_(std::move(loaded.file)),
       keeper_(std::move(loaded.keeper)),
-      answers_(file_->answers) {
+      answers_(file_->answers),
+      fill_([this](const Survey& answers) { file_->answers = answers; }) {
   if (!loaded.isTakenUp) saved_ = answers_;
 }
 
-void SurveyForm::Changed() {
+void SurveyForm::Change(const Survey& answers) {
+  fill_(answers);
   savedText_.clear();
   if (!keeper_) return;
   std::optional<std::string> bytes;
@@ -33,19 +36,22 @@ void SurveyForm::Changed() {
 }
 
 void SurveyForm::SetCheck(std::size_t group, std::size_t item, bool checked) {
-  answers_.checks.at(group).set(item, checked);
-  Changed();
+  Survey answers = answers_;
+  answers.checks.at(group).set(item, checked);
+  Change(answers);
 }
 
 void SurveyForm::Rate(std::size_t statement, int button) {
-  answers_.ratings.at(statement) = static_cast<std::int16_t>(button);
-  Changed();
+  Survey answers = answers_;
+  answers.ratings.at(statement) = static_cast<std::int16_t>(button);
+  Change(answers);
 }
 
 void SurveyForm::TypeOther(std::string text) {
   if (!OtherEnabled()) return;
-  answers_.other = std::move(text);
-  Changed();
+  Survey answers = answers_;
+  answers.other = std::move(text);
+  Change(answers);
 }
 
 int SurveyForm::Open(const SurveyScale& scale) const {

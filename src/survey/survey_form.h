@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,8 +18,11 @@ namespace orvex {
 /// The survey as it is filled in: during a class, whose end stores it, or on a survey file.
 class SurveyForm {
  public:
+  /// Takes the answers as they have become.
+  using Fill = std::function<void(const Survey&)>;
+
   /// On the answers of the running class, for the form `caller`. `answers` outlive this.
-  SurveyForm(const Services& services, Survey& answers, SurveyCaller caller);
+  SurveyForm(const Services& services, const Survey& answers, Fill fill, SurveyCaller caller);
   /// On a file that has been read.
   SurveyForm(const Services& services, LoadedSurvey loaded);
   SurveyForm(const SurveyForm&) = delete;
@@ -64,13 +68,14 @@ class SurveyForm {
   void Leave() { OnFile() ? Quit() : ReturnToCaller(); }
 
  private:
-  void Changed();
+  void Change(const Survey& answers);
 
   Services services_;
   std::optional<SurFile> file_;
   std::unique_ptr<FileKeeper> keeper_;  ///< of the file
   std::optional<Survey> saved_;         ///< what the file holds, as far as that is known
-  Survey& answers_;
+  const Survey& answers_;
+  Fill fill_;
   std::filesystem::path path_;  ///< of the file, once it has been saved or was to be
   std::string savedText_;
   SurveyCaller caller_ = SurveyCaller::liveObservation;

@@ -97,6 +97,11 @@ class PlayedClass {
     live_->StartQuestionAnswer();
     entry_.emplace(services_, *live_, *clocks_);
   }
+  void RateStatement(std::size_t statement, std::int16_t rating) {
+    Survey answers = live_->Running().survey;
+    answers.ratings[statement] = rating;
+    live_->FillSurvey(answers);
+  }
   void Ask(const std::string& text, const std::string& source) {
     entry_->TypeQuestion(text);
     entry_->EnterOrDown(QuestionEntry::kText);
@@ -142,7 +147,7 @@ class PlayedClass {
       [this] { live_->ChooseCode(SubCode::writing, 1); },
       [this] { live_->TypeHeader(HeaderBox::observNum, "4"); },
       [this] { live_->LeaveHeader(HeaderBox::observNum); },
-      [this] { live_->SurveyAnswers().ratings[3] = 2; },
+      [this] { RateStatement(3, 2); },
       [this] { live_->AskToStartSegment(); },
       [this] { live_->ChooseActivity(17); },
       [this] { live_->Convert(); },

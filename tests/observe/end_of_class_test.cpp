@@ -68,7 +68,9 @@ TEST_F(EndOfClassTest, TheSurveyWaitsUntilItIsFilledInAndCanBeWritten) {
   live.OpenSurvey();
   EXPECT_EQ(desk.screens.Take(), (std::vector<std::string>{"close aboutText", "show survey for 0",
                                                            "hide liveObservation"}));
-  live.SurveyAnswers().ratings[0] = 2;
+  Survey answers;
+  answers.ratings[0] = 2;
+  live.FillSurvey(answers);
 
   // The answers wait for another try, whether "E&xit" is pressed or the window closed.
   disk.full = true;

@@ -20,7 +20,8 @@ const Identity kIdentity = {"", "5", "12", "3", ""};
 TEST(SurveyOfTheClass, ChangesTheAnswersOfTheClassAndWritesNothing) {
   test::Desk desk;
   Survey answers;
-  SurveyForm form(desk.services, answers, SurveyCaller::liveObservation);
+  const auto fill = [&answers](const Survey& filled) { answers = filled; };
+  SurveyForm form(desk.services, answers, fill, SurveyCaller::liveObservation);
   form.TypeOther("lost");
   form.SetCheck(0, kOtherItem, true);
   EXPECT_EQ(answers.other, "") << "the box was not there for a text yet";

@@ -41,7 +41,7 @@ class MatricesForm : public testing::Test, protected Desk {
     }
     return selected;
   }
-  const Survey& Answers() const { return live_->SurveyAnswers(); }
+  const Survey& Answers() const { return live_->Running().survey; }
 
   std::unique_ptr<LiveObservation> live_;
   std::unique_ptr<frmMatrices> form_;
@@ -84,7 +84,7 @@ TEST_F(MatricesForm, RatesTheStatementThatHasTheFocusAndGoesOn) {
       {5, "1{Up}{Backspace}\n", -1, "Option6_0"}};
   for (const auto& [statement, keys, rating, focus] : cases) {
     SCOPED_TRACE(std::to_string(statement) + " " + keys);
-    live_->SurveyAnswers() = Survey();
+    live_->FillSurvey({});
     form_->Refresh();
     Find<QTabWidget>(*form_, "pages")->setCurrentIndex(statement <= 7 ? 1 : 2);
     Find(*form_, ("Option" + std::to_string(statement) + "_0").c_str())->setFocus();

@@ -32,7 +32,9 @@ constexpr int kLookAhead = 48;
 frmMatrices::frmMatrices(const Services& services, LiveObservation& live, SurveyCaller caller,
                          QWidget* parent)
     : QWidget(parent),
-      form_(services, live.SurveyAnswers(), caller),
+      form_(
+          services, live.Running().survey,
+          [&live](const Survey& answers) { live.FillSurvey(answers); }, caller),
       offtask_(live),
       ui_(std::make_unique<Ui::frmMatrices>()) {
   Build();
