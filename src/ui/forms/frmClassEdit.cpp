@@ -148,15 +148,15 @@ void frmClassEdit::ConnectButtons() {
   connect(ui_->Command5, &QPushButton::clicked, this, &frmClassEdit::ShowTimer);
   connect(ui_->cmdQuit, &QPushButton::clicked, this, &QWidget::close);
   // Whoever comes back goes on where they were.
-  new FormKeys(this, {.asking = {ui_->cmdSplitSg, ui_->cmdMergeSg, ui_->cmdSplitEp, ui_->cmdMergeEp,
-                                 ui_->cmdUndo, ui_->cmdRedo, ui_->Command1, ui_->Command2,
-                                 ui_->Command3, ui_->Command4, ui_->Command6, ui_->Command7},
-                      .shortcuts = IsUndoOrRedo,
-                      .own = [this](const QWidget* control, const QKeyEvent& key) {
-                        return coding_->TakeKey(control, key);
-                      }});
-  // Before those rules, to which such a letter is a spare one.
-  for (RowList* list : {ui_->listViewEp, ui_->listViewSg}) list->installEventFilter(this);
+  new FormKeys(this,
+               {.asking = {ui_->cmdSplitSg, ui_->cmdMergeSg, ui_->cmdSplitEp, ui_->cmdMergeEp,
+                           ui_->cmdUndo, ui_->cmdRedo, ui_->Command1, ui_->Command2, ui_->Command3,
+                           ui_->Command4, ui_->Command6, ui_->Command7},
+                .letters = [this](const QWidget* control,
+                                  const QKeyEvent& key) { return ButtonUnder(control, key); },
+                .shortcuts = IsUndoOrRedo,
+                .own = [this](const QWidget* control,
+                              const QKeyEvent& key) { return coding_->TakeKey(control, key); }});
 }
 
 void frmClassEdit::ConnectBoxes() {
@@ -257,8 +257,9 @@ void frmClassEdit::RefreshButtons() {
 
 /// The button under a list that has the letter `key`. The two lists have the same letters: from
 /// within a list they are for its own buttons, from anywhere else for those of the episodes.
-QPushButton* frmClassEdit::ButtonUnder(const QObject* list, const QKeyEvent& key) const {
+QPushButton* frmClassEdit::ButtonUnder(const QWidget* list, const QKeyEvent& key) const {
   const bool episodes = list == ui_->listViewEp;
+  if (!episodes && list != ui_->listViewSg) return nullptr;
   const QKeySequence pressed(key.keyCombination());
   for (QPushButton* button : {episodes ? ui_->cmdSplitEp : ui_->cmdSplitSg,
                               episodes ? ui_->cmdMergeEp : ui_->cmdMergeSg}) {
@@ -269,19 +270,6 @@ QPushButton* frmClassEdit::ButtonUnder(const QObject* list, const QKeyEvent& key
     if (answers && QKeySequence::mnemonic(button->text()) == pressed) return button;
   }
   return nullptr;
-}
-
-bool frmClassEdit::eventFilter(QObject* watched, QEvent* event) {
-  const bool pressed = event->type() == QEvent::KeyPress;
-  if (!pressed && event->type() != QEvent::ShortcutOverride) return false;
-  QPushButton* button = ButtonUnder(watched, *static_cast<QKeyEvent*>(event));
-  if (!button) return false;
-  event->accept();
-  if (pressed) {
-    button->setFocus(Qt::ShortcutFocusReason);
-    button->click();
-  }
-  return true;
 }
 
 void frmClassEdit::showEvent(QShowEvent* event) {

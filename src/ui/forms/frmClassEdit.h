@@ -36,7 +36,6 @@ class frmClassEdit : public QWidget {
   void Refresh();
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
@@ -49,7 +48,7 @@ class frmClassEdit : public QWidget {
   void StartTimer();
   /// Does `work` on `keys`, anywhere in the form or only in one of its controls.
   QAction* AddKeys(QList<QKeySequence> keys, QWidget* where, std::function<void()> work);
-  QPushButton* ButtonUnder(const QObject* list, const QKeyEvent& key) const;
+  QPushButton* ButtonUnder(const QWidget* list, const QKeyEvent& key) const;
   void ShowMenu(QLineEdit& box, const QPoint& position);
   void ShowTimer();
   void RefreshTexts();

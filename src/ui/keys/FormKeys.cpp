@@ -51,9 +51,7 @@ bool FormKeys::eventFilter(QObject* watched, QEvent* event) {
   auto* control = static_cast<QWidget*>(watched);
   switch (event->type()) {
     case QEvent::ShortcutOverride:
-      if (!special_.shortcuts || !special_.shortcuts(*static_cast<QKeyEvent*>(event))) return false;
-      event->ignore();
-      return true;
+      return TakeOverride(control, *static_cast<QKeyEvent*>(event));
     case QEvent::KeyPress:
       return TakeKey(control, *static_cast<QKeyEvent*>(event));
     case QEvent::FocusIn:
@@ -68,7 +66,20 @@ bool FormKeys::eventFilter(QObject* watched, QEvent* event) {
   }
 }
 
+/// Whether a key is a shortcut or comes back as a press. True when that is settled.
+bool FormKeys::TakeOverride(const QWidget* control, QKeyEvent& key) const {
+  const bool isPress = special_.letters && special_.letters(control, key);
+  const bool isShortcut = special_.shortcuts && special_.shortcuts(key);
+  if (isPress || isShortcut) key.setAccepted(isPress);
+  return isPress || isShortcut;
+}
+
 bool FormKeys::TakeKey(QWidget* control, const QKeyEvent& key) const {
+  if (QAbstractButton* button = special_.letters ? special_.letters(control, key) : nullptr) {
+    button->setFocus(Qt::ShortcutFocusReason);
+    button->click();
+    return true;
+  }
   if (IsMnemonic(key)) return true;
   if (special_.shortcuts && special_.shortcuts(key)) return true;
   if (special_.own && special_.own(control, key)) return true;

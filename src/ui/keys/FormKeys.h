@@ -31,6 +31,8 @@ class FormKeys : public QObject {
     std::vector<QAbstractButton*> pressedByEnter = {};
     /// Where Enter leads from a control.
     std::function<QWidget*(const QWidget* control)> next = {};
+    /// The button that a key presses from within a control, where several have its letter.
+    std::function<QAbstractButton*(const QWidget* control, const QKeyEvent& key)> letters = {};
     /// The form's shortcuts that no box may take for itself.
     std::function<bool(const QKeyEvent& key)> shortcuts = {};
     /// The keys of its own, also Enter. True when the key is done with: nobody else is to have it.
@@ -46,6 +48,7 @@ class FormKeys : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  bool TakeOverride(const QWidget* control, QKeyEvent& key) const;
   bool TakeKey(QWidget* control, const QKeyEvent& key) const;
   bool TakeEnter(QWidget* control) const;
 
