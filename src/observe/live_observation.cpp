@@ -8,6 +8,7 @@
 #include "desk/proof.h"
 #include "desk/screens.h"
 #include "model/clock.h"
+#include "model/limits.h"
 #include "observe/end_of_class.h"
 #include "store/numbers.h"
 #include "store/session_log.h"
@@ -252,7 +253,7 @@ void LiveObservation::ConvertToSegment() {
 
 void LiveObservation::CorrectTime() {
   const std::int32_t elapsed = ElapsedSeconds(run_.segmentStart, Now(), services_.prompter);
-  const int maximum = std::min(2 * elapsed, RunningClass::kMost);
+  const int maximum = std::min(2 * elapsed, kMostNumber);
   const int preset = std::min(elapsed, maximum);
   const auto seconds = services_.prompter.AskSeconds({.maximum = maximum, .seconds = preset});
   if (!seconds) return;

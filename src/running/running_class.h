@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desk/prompter.h"
+#include "model/limits.h"
 #include "model/program.h"
 #include "model/question_info.h"
 #include "model/survey.h"
@@ -66,9 +67,6 @@ enum class ActivityChoice { awaited, abandoned, made };
 /// What is known of a class while it runs, besides the observation that its end stores, and what
 /// can become of it. Times are seconds since midnight.
 struct RunningClass {
-  /// The numbers of episodes, segments and questions are stored in 16 bits.
-  static constexpr int kMost = 32767;
-
   /// One class has one, whatever its numbers are: it is made up when the class begins.
   std::string token;
   /// The numbers in the program's identity are the accepted ones: they name the log and all files.
@@ -121,8 +119,8 @@ struct RunningClass {
   bool EndsWithEstimate() const {
     return ActivityOf(ChosenActivity()).TakesEstimates() && !skipEstimate;
   }
-  bool RoomForSegment() const { return curSegment < kMost; }
-  bool RoomForEpisode() const { return curEpisode < kMost; }
+  bool RoomForSegment() const { return curSegment < kMostNumber; }
+  bool RoomForEpisode() const { return curEpisode < kMostNumber; }
   /// The running segment as it would be stored after `seconds`.
   SegmentData Segment(float seconds) const { return coding.Segment(curActivity, seconds); }
   /// The question that is being entered, as it would be stored now.
