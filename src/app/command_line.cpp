@@ -18,7 +18,8 @@ namespace {
 const QString kProgram = QStringLiteral("orvex");
 const QString kFiles = QStringLiteral("FILE...");
 
-/// Back to bytes; our own texts are ASCII.
+/// The bytes of an argument as `ArgumentsOf` made it. Our own texts are ASCII and come out
+/// unchanged.
 std::string BytesOf(const QString& text) {
   return text.toLatin1().toStdString();
 }
@@ -33,7 +34,7 @@ std::vector<std::filesystem::path> PathsOf(const QStringList& arguments) {
   return paths;
 }
 
-/// `command` is empty for the window.
+/// A mistake in the arguments of `command`, which is empty for the window's own arguments.
 Mistake MistakeIn(const QString& command, const QString& text) {
   const QString program = command.isEmpty() ? kProgram : kProgram + QLatin1Char(' ') + command;
   return {Printable(BytesOf(text)) + BytesOf(QStringLiteral("\nTry '%1 --help'.").arg(program))};
@@ -44,14 +45,16 @@ std::string VersionLine() {
                  QLatin1Char('\n'));
 }
 
-/// The parser of a command, or of the window's arguments. It knows "--help" and "--version".
+/// Parses the arguments of one command or of the window. Every parser knows "--help" and
+/// "--version".
 class Parser {
  public:
   Parser(const QString& command, const QString& operands, const QString& description)
       : command_(command), operands_(operands) {
     parser_.setApplicationDescription(description);
     parser_.addOptions({help_, version_});
-    // "-platformtheme" is an option of Qt's, not a bundle of ours.
+    // Qt's options have one dash and several letters: "-platformtheme" is not a bundle of short
+    // options.
     parser_.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
   }
 
@@ -59,8 +62,8 @@ class Parser {
   QStringList Rest() const { return parser_.positionalArguments(); }
   bool IsSet(const QCommandLineOption& option) const { return parser_.isSet(option); }
 
-  /// What the arguments ask for whatever the command: its help, or a correction. Nothing when they
-  /// are to be carried out.
+  /// Handles what all commands have in common: requests for help or the version, and mistakes.
+  /// Returns nothing when the arguments are fine and the command should run.
   std::optional<Request> Parse(const QStringList& arguments) {
     const bool understood = parser_.parse(arguments);
     if (parser_.isSet(help_)) return ShowText{Help()};
@@ -70,7 +73,7 @@ class Parser {
   }
 
  private:
-  /// Qt's text, whose first line has the options before the command.
+  /// Qt's help text with a first line of our own: Qt would put the options before the command.
   std::string Help() const {
     QStringList usage = {QStringLiteral("Usage:"), kProgram, command_, QStringLiteral("[options]"),
                          operands_};
@@ -100,7 +103,7 @@ void AddListArguments(QCommandLineParser& parser, const QString& kinds, const QS
       QStringLiteral("Names an observation a line, like 5-12-3. The files lie beside it."));
 }
 
-/// The table that is named by an argument.
+/// A table and the name it has on the command line.
 template <typename Table>
 using Named = std::pair<const char*, Table>;
 
@@ -112,7 +115,7 @@ std::optional<Table> TableNamed(const QString& name, const std::array<Named<Tabl
   return std::nullopt;
 }
 
-/// The rest of a command that is given a table and a list.
+/// Reads the operands of a command that takes the name of a table and a list.
 template <typename Command, typename Table, std::size_t count>
 Request WithTableAndList(const QString& command, Parser& parser, Command options,
                          Table Command::*table, const std::array<Named<Table>, count>& all) {
@@ -217,7 +220,7 @@ struct CommandName {
 constexpr std::array<CommandName, 4> kCommands = {
     {{"export", ReadExport}, {"check", ReadCheck}, {"report", ReadReport}, {"table", ReadTable}}};
 
-/// The command among the arguments, before which options may stand.
+/// Finds the command among the arguments; options may come before it. Null when there is none.
 const CommandName* CommandOf(const QStringList& arguments) {
   for (const QString& argument : arguments.mid(1)) {
     if (argument.startsWith(QLatin1Char('-'))) continue;
@@ -227,7 +230,7 @@ const CommandName* CommandOf(const QStringList& arguments) {
   return nullptr;
 }
 
-/// Options that Qt takes itself when a window is opened.
+/// Options that Qt removes from the arguments itself when it opens a window.
 QList<QCommandLineOption> QtOptions() {
   QList<QCommandLineOption> options;
   for (const char* name : {"platform", "platformpluginpath", "platformtheme", "plugin", "style",

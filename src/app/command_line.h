@@ -11,10 +11,10 @@
 
 namespace orvex {
 
-/// What the command line asks for: the window, with a file in its form or without; a text, as for
-/// "--help"; the correction of a mistake; or one of the commands.
+/// What the command line can ask for: a window, a text such as that of "--help", the correction
+/// of a mistake, or one of the commands.
 struct OpenWindow {
-  std::filesystem::path file;  ///< an .eps, .sur or .nte file; empty for the main menu
+  std::filesystem::path file;  ///< an .eps, .sur or .nte file; empty to open the main menu
 };
 struct ShowText {
   std::string text;
@@ -28,12 +28,12 @@ struct CheckCommand {
 using Request = std::variant<OpenWindow, ShowText, Mistake, ExportCommand, TableCommand,
                              CheckCommand, ReportCommand>;
 
-/// The program's arguments with each byte as the character of its number: names of files come
-/// through in whatever encoding they are.
+/// The program's arguments, each byte becoming the character with that number. File names
+/// survive this in any encoding.
 QStringList ArgumentsOf(int argc, const char* const* argv);
 
-/// Reads such arguments; the first is the program's name. Options of Qt's own, which it takes when
-/// a window is opened, are passed over.
+/// Interprets arguments as `ArgumentsOf` returns them; the first one is the program's name.
+/// Skips Qt's own options, which Qt handles when it opens a window.
 Request ReadCommandLine(const QStringList& arguments);
 
 }  // namespace orvex

@@ -50,16 +50,17 @@ bool HasForm(FileKind kind) {
   return kind == FileKind::episodes || kind == FileKind::survey;
 }
 
-/// Shows the form of `file`. False when it could not be read.
+/// Opens `file` in its form. False when it cannot be read.
 bool ShowInForm(Program& program, Screens& screens, const std::filesystem::path& file) {
   const std::filesystem::path path = std::filesystem::absolute(file);
   const FileKind kind = KindOf(file);
-  program.DataPath = path.parent_path();  // where it is saved again
+  program.DataPath = path.parent_path();  // so that it is saved back to its own folder
   if (kind == FileKind::survey) return screens.ShowSurveyFile(path, Kept::areOffered);
   return screens.ShowEpisodeEditor(path, Kept::areOffered);
 }
 
-/// With `file` the program begins with its form.
+/// Runs the window until the program ends and returns the exit code. Starts with the form of
+/// `file`, or with the main menu when `file` has no form or cannot be read.
 int RunWindow(const std::filesystem::path& file) {
   Program program;
   Storage storage;
@@ -77,17 +78,19 @@ int RunWindow(const std::filesystem::path& file) {
   if (!shown) {
     forms.Show(Screen::mainMenu);
     SettleDataPath(program, programFolder);
-    // The offer comes behind the notes: it would take the keys that are meant for them.
+    // The offer must wait for the notes dialog; otherwise it would receive the keys meant for the
+    // notes.
     if (kind == FileKind::fieldNotes)
       forms.ShowFieldNotes(std::filesystem::absolute(file), Kept::areOffered);
     OnceInUse(*qApp, [services] { OfferAllUnfinished(services); });
   }
-  // A question before this has its own loop, and the program may have been ended in it.
+  // A question asked above runs an event loop of its own, in which the program may already have
+  // ended.
   const int code = forms.IsEnding() ? EXIT_SUCCESS : QApplication::exec();
   return HasForm(kind) && !shown ? kFailed : code;
 }
 
-/// What the arguments ask for. That a named file is not there is a mistake in them.
+/// Reads the arguments. A file that cannot be read counts as a mistake in them.
 Request ReadRequest(int argc, char* argv[]) {
   const QStringList arguments = ArgumentsOf(argc, argv);
   const QCoreApplication application(argc, argv);
@@ -98,7 +101,7 @@ Request ReadRequest(int argc, char* argv[]) {
   return problem ? Mistake{problem->Text()} : request;
 }
 
-/// Qt gives up with an abort when it finds no display.
+/// A message handler that exits with an explanation; without a display Qt would abort.
 void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
   if (type != QtFatalMsg) return;
   std::fputs(
@@ -110,7 +113,7 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&
 
 int Main(int argc, char* argv[]) {
   NameApplication();
-  // All but the window does without a display, which a QApplication would insist on.
+  // Only the window needs a display. Creating a QApplication would require one in every case.
   const Request request = ReadRequest(argc, argv);
   const auto* window = std::get_if<OpenWindow>(&request);
   if (!window) return RunCommand(request);

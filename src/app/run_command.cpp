@@ -17,8 +17,8 @@ void Interrupt(int) {
   interrupted = 1;
 }
 
-/// A table that is interrupted is given up in order. What was ignored before, as under nohup, stays
-/// ignored; and when nobody reads what is said on the way, the table is made all the same.
+/// Lets the user interrupt a table: it is then abandoned cleanly. Signals that are already
+/// ignored, as under nohup, stay ignored. A closed output pipe does not stop the table.
 void HoldSignals() {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
     if (std::signal(signal, Interrupt) == SIG_IGN) std::signal(signal, SIG_IGN);
@@ -51,7 +51,8 @@ struct Runner {
   }
 };
 
-/// What these write on the way is not what they are asked for.
+/// For these commands the file is the result; what they print is only progress, and losing it
+/// is not a failure.
 bool MakesATable(const Request& request) {
   return std::holds_alternative<ExportCommand>(request) ||
          std::holds_alternative<TableCommand>(request);

@@ -4,7 +4,7 @@
 
 namespace orvex {
 
-/// Carries out what needs no window, on the standard streams. Returns the exit code.
+/// Runs any request but the one for the window, on the standard streams. Returns the exit code.
 int RunCommand(const Request& request);
 
 }  // namespace orvex

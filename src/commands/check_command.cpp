@@ -15,16 +15,16 @@ namespace orvex {
 namespace {
 
 struct Tally {
-  std::size_t observations = 0;  ///< episode files that were read
+  std::size_t observations = 0;  ///< episode files that could be read
   std::size_t surveys = 0;
   std::size_t unread = 0;
   std::size_t questions = 0;
-  std::size_t incomplete = 0;  ///< of the questions
+  std::size_t incomplete = 0;  ///< questions that are not fully coded
   std::size_t statements = 0;
-  std::size_t open = 0;  ///< of the statements
+  std::size_t open = 0;  ///< statements without a rating
 };
 
-/// "Uptake, Elaborated/Unelaborated".
+/// The missing codes by name: "Uptake, Elaborated/Unelaborated".
 std::string NamesOf(const MissingCodes& missing) {
   std::string names;
   const auto add = [&names](std::string_view name) {
@@ -82,7 +82,7 @@ void CheckFile(const std::filesystem::path& file, const Console& console, Tally&
   tally.unread += !read;
 }
 
-/// Nothing is said of a kind of file that was not given.
+/// The last line of the check. It leaves out kinds of file that were not given.
 std::string TextOf(const Tally& tally) {
   std::string text = Counted(tally.observations + tally.surveys, "file") + " checked";
   std::string separator = ": ";

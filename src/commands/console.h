@@ -5,19 +5,19 @@
 
 namespace orvex {
 
-/// What a command ends with.
+/// The exit code of a command.
 enum ExitCode : int {
   kDone = 0,
-  kFound = 1,   ///< done, and found something to report
-  kFailed = 2,  ///< could not be done, or not wholly
+  kFound = 1,   ///< done, and there is something to report
+  kFailed = 2,  ///< not done, or only partly
 };
 
-/// Where a command writes to.
+/// The streams that a command writes to, and how it deals with the user.
 struct Console {
   std::ostream& out;
   std::ostream& err;
-  bool showsProgress = false;              ///< `err` is a terminal
-  std::function<bool()> interrupted = {};  ///< whether the user wants it to end; may be none
+  bool showsProgress = false;              ///< true when `err` is a terminal
+  std::function<bool()> interrupted = {};  ///< true once the user wants to stop; may be empty
 };
 
 }  // namespace orvex

@@ -12,7 +12,8 @@ char LowerCase(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// Runs `read`; a problem is written.
+/// Calls `read` and returns its result, or writes the problem to `console.err` and returns
+/// nothing.
 template <typename Read>
 auto Reading(const std::filesystem::path& file, const Console& console, Read read) {
   std::optional<decltype(read())> result;

@@ -11,17 +11,18 @@
 
 namespace orvex {
 
-/// What a file is by its name, in whatever case its extension is written.
+/// The kind of a file, judged by its extension in upper or lower case.
 enum class FileKind { episodes, survey, fieldNotes, other };
 FileKind KindOf(const std::filesystem::path& file);
 
-/// Reads a file that was named on the command line. What is wrong with it, and what had to be
-/// overlooked, is written to `console.err`; nothing when it could not be read.
+/// Reads a file named on the command line. Errors and warnings go to `console.err`; returns
+/// nothing when the file could not be read.
 std::optional<EpsObservation> ReadEpisodes(const std::filesystem::path& file,
                                            const Console& console);
 std::optional<SurFile> ReadSurvey(const std::filesystem::path& file, const Console& console);
 
-/// Writes that `file` is not what the command takes: "an episode file (.eps)".
+/// Writes that the command does not take `file`. `expected` says what it takes: "an episode
+/// file (.eps)".
 void RefuseKind(const std::filesystem::path& file, const std::string& expected,
                 const Console& console);
 

@@ -15,7 +15,7 @@
 namespace orvex {
 namespace {
 
-/// What the reports name of the observation, fit for a terminal.
+/// The header with its texts made safe to show on a terminal.
 EpsHeader ShownHeader(EpsHeader header) {
   Identity& identity = header.identity;
   for (std::string* text : {&identity.SchoolNum, &identity.ClassNum, &identity.ObservNum,
@@ -43,7 +43,8 @@ std::string ReportText(const EpsObservation& observation) {
   return text;
 }
 
-/// The survey beside an episode file. False when there is one that cannot be read.
+/// Reads the survey next to an episode file into `survey`, if there is one. False when it
+/// cannot be read.
 bool ReadSurveyBeside(const std::filesystem::path& eps, const Console& console,
                       std::optional<SurFile>& survey) {
   const auto file = WithExtension(eps.parent_path() / eps.stem(), ".sur");
@@ -53,7 +54,8 @@ bool ReadSurveyBeside(const std::filesystem::path& eps, const Console& console,
   return survey.has_value();
 }
 
-/// `place` stands before the text of the file's reports.
+/// Writes the reports of one file. `place` is printed before the text. False when something
+/// could not be read.
 bool Report(const std::filesystem::path& file, bool json, const std::string& place,
             const Console& console) {
   if (KindOf(file) != FileKind::episodes) {

@@ -7,9 +7,9 @@
 
 namespace orvex {
 
-/// `orvex report`: the time summary of each episode file, and the statistics and the plot of each
-/// of its episodes. With `json` each file is one line, an object that also holds what was read, and
-/// the survey that lies beside the file.
+/// `orvex report`: the time summary of each episode file, and the statistics and the plot of
+/// each of its episodes. With `json`, writes one line per file: an object that also holds the
+/// file's contents and the survey next to the file.
 struct ReportCommand {
   std::vector<std::filesystem::path> files = {};
   bool json = false;

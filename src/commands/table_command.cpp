@@ -13,7 +13,7 @@
 namespace orvex {
 namespace {
 
-/// "12 of 300 files" on one line of the terminal, which it leaves empty.
+/// Shows "12 of 300 files" on one line of the terminal and clears that line afterwards.
 class Progress {
  public:
   explicit Progress(const Console& console) : console_(console) {}
@@ -22,7 +22,7 @@ class Progress {
   Progress& operator=(const Progress&) = delete;
 
   void Show(std::size_t done, std::size_t count) {
-    constexpr std::size_t kSteps = 200;  // a terminal is slower than the work
+    constexpr std::size_t kSteps = 200;  // printing more often would slow the work down
     if (!console_.showsProgress || done < next_) return;
     next_ = done + count / kSteps + 1;
     console_.err << "\r" << done << " of " << Counted(count, "file") << std::flush;
@@ -44,7 +44,7 @@ std::filesystem::path TableFolder(const std::filesystem::path& list,
   return output.empty() ? list.parent_path() : output;
 }
 
-/// Writes what is to be told of files that were read all the same.
+/// Writes the warnings about files that could be read.
 WarnOf WarnOn(const Console& console, Progress& progress) {
   return [&](const std::filesystem::path& file, const std::string& warning) {
     progress.Clear();
@@ -58,15 +58,15 @@ void WarnOfRepeats(const FileList& list, const Console& console) {
   }
 }
 
-/// The list at `path`; whoever makes a table of it is told what comes twice.
+/// Reads the list at `path` and warns about names that it holds twice.
 FileList ListFor(const std::filesystem::path& path, const Console& console) {
   FileList list = ReadFileList(path);
   WarnOfRepeats(list, console);
   return list;
 }
 
-/// Makes a table. `kFailed` when it was not put in its place, or ends before the end of the list;
-/// `kFound` when files were left out.
+/// Makes a table. `kFailed` when the table was not stored or stops before the end of the list;
+/// `kFound` when bad files were left out.
 ExitCode Make(TableExport& table, const Console& console, Progress& progress) {
   std::size_t bad = 0;
   while (!table.Finished()) {
@@ -100,7 +100,8 @@ ExitCode Make(TableExport& table, const Console& console, Progress& progress) {
   return table.Ended() || table.Files() == 0 ? kFailed : kFound;
 }
 
-/// Runs `command`; a list that cannot be read, or a table that cannot be written, ends it.
+/// Runs `command`. Writes the problem and returns `kFailed` when the list cannot be read or the
+/// table cannot be written.
 template <typename Command>
 ExitCode RunOnList(const std::filesystem::path& list, const Console& console, Command command) {
   ExitCode code = kFailed;

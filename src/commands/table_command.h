@@ -14,17 +14,17 @@ class Storage;
 struct ExportCommand {
   ExportKind kind = ExportKind::epsData;
   std::filesystem::path list = {};
-  std::filesystem::path output = {};  ///< the table's folder; the list's when it is empty
-  bool keepGoing = false;  ///< leaves bad files out instead of ending the table with them
+  std::filesystem::path output = {};  ///< the folder for the table; empty for the list's folder
+  bool keepGoing = false;  ///< skip bad files instead of ending the table at the first one
 };
 ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console& console);
 
-/// `orvex table`: makes a tidy table. Bad files are left out.
+/// `orvex table`: makes a tidy table, skipping bad files.
 struct TableCommand {
   TidyTable table = TidyTable::questions;
   std::filesystem::path list = {};
   std::filesystem::path output = {};
-  bool codebook = false;  ///< also writes the table of the variables
+  bool codebook = false;  ///< also write the codebook, which describes the table's variables
 };
 ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& console);
 

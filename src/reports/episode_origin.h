@@ -11,14 +11,14 @@ namespace orvex {
 std::string DateText(const EpsHeader& header);
 std::string ObserverText(const EpsHeader& header);
 
-/// "7-12-3 Episode 2": heads the reports of a single episode, which counts from 1.
+/// "7-12-3 Episode 2", the heading of a report on one episode; episodes count from 1.
 std::string EpisodeTitle(const Identity& identity, int episode);
 
-/// What a report of a single episode says on paper, where no form stands behind it: whose it is.
+/// Where an episode comes from, for its reports on paper: there is no form behind them to tell.
 struct EpisodeOrigin {
   std::string date;
   std::string observer;
-  std::string description;  ///< of the episode
+  std::string description;  ///< the episode's
 
   /// The date and the observer on one line, and the description, if there is one, on the next.
   std::string Text() const;

@@ -57,8 +57,9 @@ bool IsMarked(std::size_t row, const questionInfo& question) {
   }
 }
 
-/// Underscores beneath a spell's questions, between bars. A spell that begins with the second
-/// question has no room for its first bar, and no blank either.
+/// Draws each spell as underscores beneath its questions, with a bar on either side. A spell
+/// that begins with the second question has no room for its first bar, and gets no blank in its
+/// place.
 std::string SpellRow(const std::vector<DialogicSpell>& spells) {
   std::string row;
   int last = 0;
@@ -74,7 +75,7 @@ std::string SpellRow(const std::vector<DialogicSpell>& spells) {
   return row;
 }
 
-/// The heading of the group that begins with this row.
+/// The heading of the group that begins with `row`; empty when none does.
 std::string_view HeadingAt(std::size_t row) {
   const auto group = std::ranges::find(kPlotGroups, row, &PlotGroup::first);
   return group == kPlotGroups.end() ? "" : group->heading;

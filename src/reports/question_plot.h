@@ -10,22 +10,22 @@
 namespace orvex {
 
 inline constexpr std::size_t kPlotRows = 18;
-/// The row that numbers the questions.
+/// The row with the numbers of the questions.
 inline constexpr std::size_t kRulerRow = 17;
 
-/// A row of the plot: what its mark stands for.
+/// What the marks in a row of the plot stand for.
 struct PlotRowMeaning {
-  std::string_view letter;  ///< the code's letter; "" where the row is no code's
+  std::string_view letter;  ///< the code's letter; empty for rows that show no code
   std::string_view name;
 };
 extern const std::array<PlotRowMeaning, kPlotRows> kPlotRowMeanings;
 
-/// Neighbouring rows that share a heading.
+/// Adjacent rows under one heading.
 struct PlotGroup {
   std::string_view heading;
   std::size_t first;
   std::size_t rows;
-  bool endsSection;  ///< a line separates it from the next
+  bool endsSection;  ///< a line separates it from the next group
 };
 extern const std::array<PlotGroup, 10> kPlotGroups;
 
@@ -35,20 +35,20 @@ struct QuestionPlot {
   std::string totalText;  ///< "Total Number of Questions: 12"
   std::array<std::string, kPlotRows> PlotRows;
   int questions = 0;
-  /// How many columns the rows have: a bar behind a spell that ends with the last question stands
-  /// in a column of its own.
+  /// The number of columns. It exceeds the number of questions when a spell ends with the last
+  /// one: the closing bar then needs a column of its own.
   int columns = 0;
 };
 
-/// A row beneath the ruler that has the whole number at every tenth question, whose column is that
-/// of the number's last digit.
+/// A row to go beneath the ruler, with the full number of every tenth question. The number's
+/// last digit is in the column of its question.
 std::string TensRow(int questions);
 
-/// The plot of `episode`, the one with the number `number`.
+/// Plots `episode`, which is number `number` of its observation.
 QuestionPlot MakeQuestionPlot(const Identity& identity, int number, const Episode& episode);
 
-/// The same as lines of tab-separated fields. The first field is as wide in every line, so that the
-/// rows stand under each other in a mail, too.
+/// The plot as lines of tab-separated fields. The first field is padded to the same width in
+/// every line, so that the columns also line up in an e-mail.
 std::string TextOf(const QuestionPlot& plot);
 
 }  // namespace orvex

@@ -13,18 +13,18 @@ constexpr double kSecondsPerMinute = 60;
 
 using Count = int CodeCounts::*;
 
-/// What a segment of a bar counts, and of how many.
+/// What a segment of a bar shows: a count, and the count that would fill the whole bar.
 struct SegmentRule {
   Count count;
   Count reference;
   BarMeaning meaning;
 };
 
-/// What a line shows. The numbers in its heading are the counts of its segments.
+/// What a line shows. The counts of its segments fill in the numbers of its heading.
 struct RowRule {
-  std::vector<std::string_view> heading;  ///< the texts before, between and behind the numbers
-  std::string_view emptyHeading;          ///< without numbers
-  Count shown;                            ///< beside the heading; may be none
+  std::vector<std::string_view> heading;  ///< the texts around the numbers; may be empty
+  std::string_view emptyHeading;          ///< the heading when there are no numbers to fill in
+  Count shown;                            ///< the count beside the heading; may be null
   std::vector<SegmentRule> segments;
   bool restIsUncoded;
 };
@@ -142,8 +142,8 @@ std::vector<BarSegment> BarOf(const RowRule& rule, const CodeCounts& counts) {
   return bar;
 }
 
-/// The teacher's questions that are no nonresponses: the whole length of the bar, of which the
-/// nonresponses cover their share.
+/// The teacher's questions other than nonresponses. Its segment spans the whole bar and lies
+/// under that of the nonresponses.
 BarSegment RestOfNonresponses(const CodeCounts& counts) {
   BarSegment rest;
   rest.count = counts.TeacherQ - counts.NoResponse;

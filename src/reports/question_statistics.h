@@ -11,8 +11,8 @@
 
 namespace orvex {
 
-/// How often the codes occur among an episode's questions. A question whose letter is none of those
-/// that a count is about is not counted there.
+/// How often each code occurs among an episode's questions. A question with an unknown letter,
+/// or none, is left out of the counts for that dimension.
 struct CodeCounts {
   int Total = 0;
   int Normal = 0;
@@ -23,11 +23,11 @@ struct CodeCounts {
   int NoResponse = 0;         ///< of the teacher's questions
   int HigherLevel = 0;        ///< of the teacher's questions
   int RelatedToPrevious = 0;  ///< of the teacher's questions that were answered
-  /// What the teacher did with the students' questions.
+  /// How the teacher dealt with the students' answered questions.
   int Answering = 0;
   int ClosingDown = 0;
   int OpeningUp = 0;
-  /// Answered questions, whoever asked.
+  /// Answered questions, of the teacher and the students alike.
   int Responded = 0;
   int UptakeNone = 0;
   int UptakeTest = 0;
@@ -37,14 +37,14 @@ struct CodeCounts {
 };
 CodeCounts CountCodes(const std::vector<questionInfo>& questions);
 
-/// What the colour of a bar says. `none` is the colour of the form itself.
+/// What a colour in a bar means. `none` is the form's own background.
 enum class BarMeaning { positive, no, negative, uncoded, none };
 extern const std::array<std::pair<BarMeaning, std::string_view>, 4> kStatisticsLegend;
 
 /// The length of a whole bar, in twips.
 inline constexpr double kBarLength = 3735;
 
-/// A stretch of a bar: `count` of `reference`. Where segments overlap, the earlier one lies on top.
+/// Part of a bar: `count` of `reference`. Where segments overlap, the earlier one is on top.
 struct BarSegment {
   int count = 0;
   int reference = 0;
@@ -59,15 +59,15 @@ struct BarSegment {
 /// A line of the statistics.
 struct StatisticsRow {
   std::string heading;
-  std::string count;  ///< shown beside the heading; often nothing
+  std::string count;  ///< shown beside the heading; often empty
   std::vector<BarSegment> bar;
-  bool restIsUncoded = false;  ///< what the segments leave of the bar is not yet coded
+  bool restIsUncoded = false;  ///< the rest of the bar, beyond the segments, is not coded yet
 
-  /// Where the last segment ends, and with it what counts in this row.
+  /// Where the rightmost segment ends, in twips.
   double FilledLength() const;
 };
 
-/// The lines of the statistics, in their order.
+/// The lines of the statistics, in the order they are shown.
 enum class StatisticsLine {
   total,
   normal,
@@ -82,7 +82,7 @@ enum class StatisticsLine {
   relatedToPrevious,
 };
 inline constexpr int kStatisticsLines = 11;
-/// The first line of the section "RESPONSE"; those before belong to "QUESTIONS".
+/// The first line of the section "RESPONSE"; the lines before it form the section "QUESTIONS".
 inline constexpr StatisticsLine kFirstResponseLine = StatisticsLine::nonresponse;
 
 /// The statistics of an episode's questions, as texts and bars.
@@ -100,12 +100,12 @@ struct QuestionStatistics {
   }
 };
 
-/// The statistics of `episode`, the one with the number `number`. Without questions there are the
-/// headings only.
+/// The statistics of `episode`, which is number `number` of its observation. An episode without
+/// questions gets headings only.
 QuestionStatistics MakeQuestionStatistics(const Identity& identity, int number,
                                           const Episode& episode);
 
-/// The same as lines of tab-separated fields.
+/// The statistics as lines of tab-separated fields.
 std::string TextOf(const QuestionStatistics& statistics);
 
 }  // namespace orvex

@@ -12,7 +12,7 @@
 
 namespace orvex {
 
-/// Adds up the segments of all episodes. Those of no activity count nowhere.
+/// Adds up the time of all segments by activity. Segments without an activity are not counted.
 ActivityTimes CreateActTimeSummary(const EpisodeList& episodes);
 
 /// An activity's line.
@@ -22,18 +22,18 @@ struct TimeSummaryRow {
   double seconds = 0;
   std::optional<float> meanOfftask;  ///< 0 to 1; nothing for an activity without estimates
   std::string time;
-  std::string offtask;  ///< "0.059"; nothing for an activity that no estimates are made of
+  std::string offtask;  ///< "0.059"; empty for an activity that is never estimated
 };
 
 struct TimeSummaryBlock {
   std::string_view heading;
   std::vector<TimeSummaryRow> rows;
 };
-/// What stands over the second and third column of every block.
+/// The headings of the second and third column of every block.
 inline constexpr std::string_view kTimeColumn = "MIN:SEC";
 inline constexpr std::string_view kOfftaskColumn = "OFFTASK";
 
-/// How long a class spent in what.
+/// How long a class spent on each activity.
 struct TimeSummary {
   std::string classId;   ///< "7-12-3"
   std::string title;     ///< "Time Summary for School 7, Class 12, Observation 3"
@@ -51,10 +51,10 @@ inline constexpr std::string_view kNonInstructionalCaption = "NON-INSTRUCTIONAL 
 inline constexpr std::string_view kInstructionalCaption = "SUMMARY: INSTRUCTIONALTIME: ";
 inline constexpr std::string_view kTotalCaption = "TOTAL TIME: ";
 
-/// The summary of the observation in memory; the off-task figures are those of its file's header.
+/// Summarizes the given episodes. The off-task figures come from the file's header.
 TimeSummary MakeTimeSummary(const EpsHeader& header, const EpisodeList& episodes);
 
-/// The same as lines of tab-separated fields.
+/// The summary as lines of tab-separated fields.
 std::string TextOf(const TimeSummary& summary);
 
 }  // namespace orvex

@@ -19,14 +19,15 @@ bool IsControl(char c) {
   return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
 }
 
-/// Spreadsheets look past blanks, and some take the wide signs for the usual ones.
+/// Spreadsheets skip leading blanks, and some treat full-width signs like the usual ones.
 bool BeginsLikeFormula(std::string_view text) {
   constexpr std::array<std::string_view, 8> kSigns = {"=", "+", "-", "@", "＝", "＋", "－", "＠"};
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
   return std::ranges::any_of(kSigns, [&](std::string_view sign) { return text.starts_with(sign); });
 }
 
-/// The numbers of a date or a time of day, between which one of `separators` stands.
+/// Reads three numbers, such as those of a date or a time of day, with one of `separators`
+/// between each two. Nothing for any other text.
 std::optional<std::array<int, 3>> ThreeNumbers(std::string_view text, std::string_view separators) {
   std::array<int, 3> numbers{};
   const char* at = text.data();
@@ -57,7 +58,7 @@ void Csv::Text(std::string_view text) {
   std::string clean(text);
   std::ranges::replace_if(clean, IsControl, ' ');
   if (BeginsLikeFormula(clean)) clean.insert(0, "'");
-  // Readers may drop blanks around a cell that is not quoted.
+  // Some readers drop blanks at the ends of an unquoted cell.
   const bool quoted = clean.find_first_of(",\"") != std::string::npos || clean.starts_with(' ') ||
                       clean.ends_with(' ');
   if (!quoted) {
@@ -113,7 +114,7 @@ std::string IsoDate(std::string_view date) {
   const year_month_day day_{std::chrono::year(year),
                             std::chrono::month(static_cast<unsigned>(month)),
                             std::chrono::day(static_cast<unsigned>(day))};
-  constexpr int kFirstYear = 1000;  // a year of fewer digits could be of any century
+  constexpr int kFirstYear = 1000;  // fewer digits would leave the century open
   constexpr int kLastYear = 9999;
   if (!day_.ok() || year < kFirstYear || year > kLastYear) return "";
   return std::to_string(year) + "-" + TwoDigits(month) + "-" + TwoDigits(day);

@@ -29,14 +29,14 @@ class Csv final : public Cells {
   void Separate();
 
   std::string& text_;
-  bool begun_ = false;  ///< the line has a cell
+  bool begun_ = false;  ///< the current line has a cell already
 };
 
 /// A number that somebody typed; nothing for any other text, and for one beyond a single.
 std::optional<float> TypedSingle(std::string_view text);
 /// "mm-dd-yyyy" as "yyyy-mm-dd"; empty when it is no date.
 std::string IsoDate(std::string_view date);
-/// A time of day as "hh:mm:ss"; empty when it is none.
+/// Turns a time of day into "hh:mm:ss"; empty when `time` is not one.
 std::string IsoTime(std::string_view time);
 
 }  // namespace orvex

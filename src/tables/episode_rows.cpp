@@ -16,8 +16,8 @@
 namespace orvex {
 namespace {
 
-/// Consecutive activities with the same sub-categories share a block of cells: one for each
-/// activity or, where there are sub-categories, for each of an activity's.
+/// A block of cells, shared by consecutive activities with the same sub-categories. Each
+/// activity has one cell or, where there are sub-categories, one for each of them.
 struct Block {
   const SubCodeScheme* subCategory = nullptr;
   int firstActivity = 0;
@@ -48,9 +48,8 @@ const std::vector<Block>& Blocks() {
   return blocks;
 }
 
-/// The place of a segment's time in the row; nothing for one that has none. A sub-category that
-/// the activity does not have reaches into the cells of its neighbours in the block, and no
-/// farther.
+/// The index of the cell that takes a segment's time, if any. A sub-category that is out of
+/// range for its activity lands in a neighbour's cell, but never outside the block.
 std::optional<std::size_t> CellOf(const SegmentData& segment) {
   for (const Block& block : Blocks()) {
     const int activity = segment.activityNum - block.firstActivity;
@@ -70,12 +69,12 @@ void AppendNumber(std::int64_t number, std::string& text) {
 
 void AppendSeconds(double seconds, std::string& text) {
   if (seconds == 0) {
-    text += '0';  // as most of a row are
+    text += '0';  // like most cells of a row
     return;
   }
-  constexpr double kAnyClass = 1e15;  // far below what an integer holds
+  constexpr double kAnyClass = 1e15;  // far below the integer limit
   if (seconds > -kAnyClass && seconds < kAnyClass) {
-    AppendNumber(static_cast<std::int64_t>(seconds), text);  // segments have whole seconds
+    AppendNumber(static_cast<std::int64_t>(seconds), text);  // a segment lasts whole seconds
   } else {
     text += WholeSecondsText(seconds);
   }

@@ -10,7 +10,7 @@
 
 namespace orvex {
 
-/// Reads on where a form would ask, and passes on what it would say.
+/// Reads on where a form would ask the user, and passes the warnings on.
 class ReadingWithWarnings : public EpsReadEvents {
  public:
   explicit ReadingWithWarnings(Warn warn) : warn_(std::move(warn)) {}
@@ -23,17 +23,17 @@ class ReadingWithWarnings : public EpsReadEvents {
   Warn warn_;
 };
 
-/// More episodes than this are refused.
+/// Files with more episodes are refused.
 inline constexpr int kMostEpisodes = 100;
 
-/// Appends the row of one episode, line end included. `number` counts from 1; `stated` are the
-/// question counts that the file states.
+/// Appends the row of one episode, including its line end. `number` counts from 1; `stated`
+/// holds the question counts as the file states them.
 void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episode,
                       const QuestionCounts& stated, std::string& rows);
 
-/// Appends the rows of an episode file. Throws FileError and FormatError; the rows of the episodes
-/// that had been read to their end are there then.
-/// `warnOfName` is told when the identity line says other numbers than the name.
+/// Appends the rows of an episode file. `warnOfName` is called when the identity line and the
+/// file's name disagree about the numbers. Throws FileError and FormatError; the rows of the
+/// episodes read completely before the error are kept.
 void AppendEpisodeRows(const std::filesystem::path& path, const Warn& warn, const Warn& warnOfName,
                        std::string& rows);
 

@@ -45,7 +45,8 @@ ExportForm::ExportForm(const Services& services, ExportKind kind,
   }
 }
 
-/// A repair and an earlier version are passed over; whose rows these are is not.
+/// Collects only the warnings about file names: they cast doubt on whose rows these are.
+/// Repairs and earlier versions pass silently.
 TableKind ExportForm::KindThatWarns(ExportKind kind) {
   return TableOf(kind,
                  {.ofReading = {}, .ofNames = [this](const auto& file, const auto& warning) {
@@ -90,13 +91,14 @@ void ExportForm::Work() {
   try {
     problem_ = Export().Step();
   } catch (const FileError&) {
-    // Whatever it is, the user is told where something can be done about it: at the end.
+    // Whatever the cause, `Finish` tells the user, who can then do something about it.
     export_.reset();
     cannotBeWritten_ = true;
   }
 }
 
-/// Makes what is missing of the table, and stores it at `table`. False when an earlier one stays.
+/// Completes the table and stores it at `table`. False when there was nothing new to store and
+/// an earlier table stays.
 bool ExportForm::Store(const std::filesystem::path& table) try {
   if (table != table_) export_.reset();
   table_ = table;

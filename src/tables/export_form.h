@@ -12,33 +12,35 @@
 
 namespace orvex {
 
-/// Lets the user choose a list file, beginning where such lists are kept. The data folder is then
-/// the one that the dialog ended in. Empty when no file was chosen.
+/// Lets the user choose a list file, starting in the folder where such lists are kept. The
+/// folder the dialog ends in becomes the data folder. Empty when no file was chosen.
 std::filesystem::path ChooseListFile(const Services& services, ExportKind kind);
 
-/// The main menu's command: the table of the list that the user chooses takes the menu's place.
+/// Runs the main menu's command: lets the user choose a list, then replaces the menu with the
+/// form that makes its table.
 void ExportChosenList(const Services& services, ExportKind kind);
 
-/// Makes a table from a list of files while the user watches, and then ends the program; the main
-/// menu comes back when it cannot be made to its end.
+/// Makes a table from a list of files while the user watches, then ends the program. Returns to
+/// the main menu instead when the table cannot be completed.
 class ExportForm {
  public:
-  /// Reads the list. That it cannot be read is told at the end.
+  /// Reads the list. An error in it is reported by `Finish`.
   ExportForm(const Services& services, ExportKind kind, const std::filesystem::path& listFile);
 
-  /// True while there are files to work on and nothing has ended the table.
+  /// True while files are left and nothing has stopped the work.
   bool Working() const;
-  /// Works on the next file; to be called for as long as it is working.
+  /// Processes the next file. Call it only while `Working()`.
   void Work();
-  /// Leaves everything as it was before the export.
+  /// Abandons the export and leaves everything as it was before.
   void Stop();
-  /// Stores the table and tells the user what has come of it.
+  /// Stores the table and tells the user how it went.
   void Finish();
 
   std::size_t Count() const { return list_.files.size(); }
   std::size_t Done() const { return export_ ? export_->Done() : 0; }
-  /// The files' names, in order, and which of them is in work; beyond the last when none is left.
+  /// The name of file number `file`, counted from 0.
   std::string NameOf(std::size_t file) const;
+  /// The index of the file being processed; past the last one when none is left.
   std::size_t InWork() const;
   /// "12 of 300 files".
   std::string CountText() const;
@@ -63,8 +65,8 @@ class ExportForm {
   std::filesystem::path table_;
   std::optional<TableExport> export_;
   std::vector<std::string> warnings_;
-  std::optional<Failure> failure_;  ///< the list could not be read
-  std::optional<Problem> problem_;  ///< of the file that ended the table, which stays in work
+  std::optional<Failure> failure_;  ///< set when the list could not be read
+  std::optional<Problem> problem_;  ///< about the file that ended the table
   bool cannotBeWritten_ = false;
   bool stopped_ = false;
 };

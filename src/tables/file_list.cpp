@@ -19,7 +19,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Spreadsheets leave tabs, and files from elsewhere the CR of their line ends.
+/// Removes blanks at both ends, including the tabs of spreadsheets and the CR of Windows line
+/// ends.
 std::string_view Trimmed(std::string_view line) {
   constexpr std::string_view kBlank = " \t\r";
   const std::size_t first = line.find_first_not_of(kBlank);
@@ -35,7 +36,7 @@ std::string UpperCase(std::string_view text) {
   return upper;
 }
 
-/// "05" is 5.
+/// True when two numbers are equal as numbers: "05" and "5".
 bool IsSameNumber(std::string_view text, std::string_view other) {
   const auto number = IdentityNumber(text);
   return text == other || (number && number == IdentityNumber(other));
@@ -48,9 +49,9 @@ bool LeavesItsColumn(char c) {
 }  // namespace
 
 std::vector<ListedFile> ParseFileList(std::string bytes) {
-  // As in UTF-16, which spreadsheets write as "Unicode text".
   const std::string text = Decode(std::move(bytes)).text;
   RequireList(text);
+  // Zero bytes are a sign of UTF-16, which spreadsheets save as "Unicode text".
   if (const std::size_t zero = text.find('\0'); zero != std::string::npos) {
     const auto before = std::string_view(text).substr(0, zero);
     throw FormatError(static_cast<int>(std::ranges::count(before, '\n')) + 1,
@@ -109,7 +110,7 @@ std::optional<std::string> OtherNumbers(const fs::path& file, const Identity& id
   try {
     numbers = NumbersOf(file);
   } catch (const FileError&) {
-    return std::nullopt;  // no name of ours
+    return std::nullopt;  // not a name we gave
   }
   if (IsSameNumber(numbers.school, identity.SchoolNum) &&
       IsSameNumber(numbers.classNum, identity.ClassNum) &&

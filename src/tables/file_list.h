@@ -13,11 +13,11 @@ namespace orvex {
 
 /// A line of a list file.
 struct ListedFile {
-  int line = 0;      ///< counted from 1, empty lines included
+  int line = 0;      ///< counted from 1, including empty lines
   std::string name;  ///< the base name of an observation, "5-12-3"
 };
 
-/// A list file: the observations to be joined into one table. Their files lie in its folder.
+/// A list file: the observations to join into one table. Their files are in the list's folder.
 struct FileList {
   std::filesystem::path path;
   std::vector<ListedFile> files;
@@ -25,45 +25,46 @@ struct FileList {
   std::filesystem::path Folder() const { return path.parent_path(); }
 };
 
-/// The files that a list file's text names: blanks around a name are dropped, empty lines skipped.
-/// Throws FormatError for what is no text, and for a file of another kind.
+/// Parses a list file. Trims the names and skips empty lines. Throws FormatError when `bytes`
+/// are not text or belong to another kind of file.
 std::vector<ListedFile> ParseFileList(std::string bytes);
-/// Reads a list file. Throws FileError as well, also for a file too large to be a list.
+/// Reads a list file. Throws FormatError, and FileError when the file cannot be read or is too
+/// large for a list.
 FileList ReadFileList(const std::filesystem::path& path);
 
-/// The path of `base` with `extension`, which is in lower case; with the same in upper case where
-/// only such a file is found.
+/// The path `base` + `extension`, which is in lower case. Uses the upper-case extension when
+/// only that file exists.
 std::filesystem::path WithExtension(const std::filesystem::path& base, std::string_view extension);
 
-/// True when `name` ends with `extension`, in lower or in upper case.
+/// True when `name` ends with `extension` in lower or upper case.
 bool HasExtension(const std::filesystem::path& name, std::string_view extension);
 
-/// School, class and observation as a file's name tells them.
+/// School, class and observation number, as given by a file's name.
 struct FileNumbers {
   std::string school;
   std::string classNum;
   std::string observation;
 };
-/// The numbers of ".../5-12-3.eps". Throws FileError when the name has fewer than two "-", or when
-/// its numbers would not stay in their columns of a table.
+/// The numbers in ".../5-12-3.eps". Throws FileError when the name has fewer than two "-", or
+/// characters that would break a table's columns.
 FileNumbers NumbersOf(const std::filesystem::path& file);
 
-/// What is to be told of a file whose identity line says other numbers than its name; nothing when
-/// they agree, or when the name has none.
+/// A warning for a file whose identity line gives other numbers than its name. Nothing when
+/// they agree, or when the name has no numbers.
 std::optional<std::string> OtherNumbers(const std::filesystem::path& file,
                                         const Identity& identity);
 
-/// What is to be told of a file that was read all the same.
+/// Called with a warning about a file that could be read.
 using Warn = std::function<void(const std::string& warning)>;
 
-/// Tells `warn`, if there is one, of such numbers.
+/// Passes the warning of `OtherNumbers`, if there is one, to `warn`, which may be empty.
 void WarnOfOtherNumbers(const std::filesystem::path& file, const Identity& identity,
                         const Warn& warn);
 
-/// A name that the list has had before: "17-17-7 is in line 1 already".
+/// A name that appears in the list again: "17-17-7 is in line 1 already".
 struct Repeat {
   int line = 0;
-  std::string text;  ///< fit for a terminal
+  std::string text;  ///< safe to show on a terminal
 };
 std::vector<Repeat> RepeatsIn(const FileList& list);
 

@@ -6,7 +6,7 @@
 
 namespace orvex {
 
-/// Appends one JSON value to a text, piece by piece. Whoever writes opens and closes in pairs.
+/// Appends one JSON value to a text, piece by piece. The caller must balance Begin and End.
 class Json {
  public:
   explicit Json(std::string& text) : text_(text) {}
@@ -38,7 +38,7 @@ class Json {
   void Quote(std::string_view text);
 
   std::string& text_;
-  bool first_ = true;  ///< nothing stands before the next value that a comma would part it from
+  bool first_ = true;  ///< the next value needs no comma before it
 };
 
 }  // namespace orvex

@@ -9,7 +9,7 @@
 
 namespace orvex {
 
-/// An observation and its reports as a JSON object on one line. `file` is named as it is given.
+/// An observation and its reports as a JSON object on one line. `file` appears in it unchanged.
 std::string ObservationJson(const std::filesystem::path& file, const EpsObservation& observation,
                             const std::optional<SurFile>& survey);
 

@@ -9,23 +9,24 @@
 
 namespace orvex {
 
-/// Why a file could not be taken, or not wholly.
+/// Why a file could not be read, or only in part.
 struct Problem {
   std::filesystem::path file;
-  int line = 0;      ///< of the file; 0 when it is not about one of its lines
+  int line = 0;      ///< the line of `file`; 0 when the problem is not about one line
   std::string text;  ///< "expected the number of segments", or the system's cause
-  int listLine = 0;  ///< of the list that names the file; 0 without a list
+  int listLine = 0;  ///< the line of the list that names the file; 0 without a list
 
-  /// "5-12-3.eps:7: expected the number of segments (line 2 of the list)", fit for a terminal.
+  /// "5-12-3.eps:7: expected the number of segments (line 2 of the list)", safe to show on a
+  /// terminal.
   std::string Text() const;
 };
 
-/// What is to be told of a file that was read all the same.
+/// A warning about a file that could be read.
 inline Problem Warning(const std::filesystem::path& file, int line, const std::string& text) {
   return {file, line, "warning: " + text};
 }
 
-/// Runs `act`, which reads `file`; nothing when all went well.
+/// Runs `act`, which works on `file`. Returns the problem, or nothing when all went well.
 template <typename Act>
 std::optional<Problem> ProblemOf(const std::filesystem::path& file, Act act) {
   try {

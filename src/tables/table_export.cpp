@@ -13,10 +13,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// How much is gathered before it is written.
+/// How many bytes to collect before writing them.
 constexpr std::size_t kPortion = std::size_t{256} * 1024;
 
-/// `warnOf`, of one file.
+/// `warnOf`, bound to one file.
 Warn Of(const fs::path& file, const WarnOf& warnOf) {
   return [&file, &warnOf](const std::string& warning) {
     if (warnOf) warnOf(file, warning);
@@ -41,14 +41,16 @@ TableKind SurData(const TableWarnings& warnings) {
           }};
 }
 
-/// Makes room for the table's temporary, which comes when it is known that the list will stay.
+/// Checks that `table` would not replace the list, and removes stray temporary files from its
+/// folder. Returns `table`.
 fs::path Prepared(Storage& storage, fs::path table, const fs::path& list) {
   RequireNotTheList(table, list);
   RemoveStrayTemporaries(storage, table.parent_path());
   return table;
 }
 
-/// Says so when a line names the file, "5-12-3.eps", and not the observation.
+/// Throws a helpful FileError when a line of the list gives a file name, "5-12-3.eps", and not
+/// the name of an observation.
 void RequireBaseName(const fs::path& file, const std::string& name, const std::string& extension) {
   std::error_code unknown;
   if (HasExtension(name, extension) && !fs::exists(file, unknown)) {

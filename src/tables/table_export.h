@@ -15,34 +15,34 @@ namespace orvex {
 
 class Storage;
 
-/// A table that is joined from many files.
+/// A kind of table that is joined from many files.
 struct TableKind {
-  std::string fileName;   ///< of the table
-  std::string extension;  ///< of the files
-  std::string header;     ///< the table's first line, with its end; may be empty
-  /// Appends the rows of a file, with their line ends; `name` is how the list names it. Throws
-  /// FileError and FormatError; what it has appended by then are whole rows.
+  std::string fileName;   ///< the table's
+  std::string extension;  ///< of the files it is made from
+  std::string header;     ///< the table's first line with its line end; may be empty
+  /// Appends the rows of a file, including their line ends; `name` is the file's name in the
+  /// list. Throws FileError and FormatError, but never leaves part of a row.
   std::function<void(const std::filesystem::path& file, const std::string& name, std::string& rows)>
       append;
 };
 
-/// What is to be told of a file that was read all the same.
+/// Called with a warning about a file that could be read.
 using WarnOf = std::function<void(const std::filesystem::path& file, const std::string& warning)>;
 
-/// EPSDATA.TXT and SURDATA.TXT. Either may be left out.
+/// Who hears the warnings of EPSDATA.TXT and SURDATA.TXT. Either may be empty.
 struct TableWarnings {
-  WarnOf ofReading = {};  ///< an earlier version, a repair
-  WarnOf ofNames = {};    ///< a file whose identity line says other numbers than its name
+  WarnOf ofReading = {};  ///< for earlier versions and repairs
+  WarnOf ofNames = {};    ///< for names that disagree with the identity line
 };
 TableKind TableOf(ExportKind kind, const TableWarnings& warnings);
 
-/// What becomes of the table when a file is missing or broken: it ends with the rows that had been
-/// completed, or the file is left out.
+/// What to do about a missing or broken file: end the table with the rows completed so far, or
+/// leave the file out.
 enum class BadFile { endsTheTable, isSkipped };
 
-/// Makes a table from the files of a list, one file a step. The rows gather in a file of their own,
-/// which takes the place of an earlier table when it is committed: at every moment there is the old
-/// table or the new one, and no row is ever cut. No more than one file is in memory.
+/// Makes a table from the files of a list, one file per step. The rows are collected in a
+/// temporary file that replaces an earlier table on commit, so at any moment there is either the
+/// old table or the new one, and never half a row. Holds no more than one file in memory.
 class TableExport {
  public:
   /// Throws FileError when `table` cannot be made, or is the list itself.
@@ -50,25 +50,26 @@ class TableExport {
               BadFile badFile);
 
   const std::filesystem::path& Table() const { return table_; }
-  /// How many files have been worked on.
+  /// How many files have been processed.
   std::size_t Done() const { return done_; }
   std::size_t Count() const { return list_.files.size(); }
-  /// How many rows the table has, its header not counted, and how many files these are of.
+  /// The number of rows in the table, without its header, and the number of files they come
+  /// from.
   std::size_t Rows() const { return rows_; }
   std::size_t Files() const { return files_; }
-  /// True when a bad file has ended the table, and when some of its rows are in it.
+  /// Whether a bad file has ended the table, and whether some of that file's rows are in it.
   bool Ended() const { return ended_; }
   bool LastInPart() const { return lastInPart_; }
-  /// True when there is no file left to work on, or a bad one has ended the table.
+  /// True when no file is left, or a bad one has ended the table.
   bool Finished() const { return ended_ || done_ == Count(); }
 
-  /// Works on the next file. Returns what was wrong with it. Throws FileError when the table cannot
-  /// be written.
+  /// Processes the next file and returns the problem with it, if any. Throws FileError when the
+  /// table cannot be written.
   std::optional<Problem> Step();
 
-  /// Puts the table in its place with the rows so far. False when an earlier table stays, as bad
-  /// files have left none for a new one. Throws FileError; an earlier table then stays. Without it
-  /// nothing is changed.
+  /// Moves the table with its rows so far into place. Returns false and keeps an earlier table
+  /// when bad files have left no rows for a new one. Throws FileError, also keeping the earlier
+  /// table. Nothing on the disk changes before this is called.
   bool Commit();
 
  private:
@@ -79,7 +80,7 @@ class TableExport {
   std::filesystem::path table_;
   BadFile badFile_;
   FileReplacement file_;
-  std::string text_;  ///< whole rows that have not been written
+  std::string text_;  ///< complete rows that have not been written yet
   std::size_t done_ = 0;
   std::size_t rows_ = 0;
   std::size_t files_ = 0;
@@ -87,11 +88,11 @@ class TableExport {
   bool lastInPart_ = false;
 };
 
-/// Throws FileError when `table` is the list, which it would replace.
+/// Throws FileError when `table` is the list itself, which it would replace.
 void RequireNotTheList(const std::filesystem::path& table, const std::filesystem::path& list);
 
-/// What there is when `table` has not been put in its place: "The earlier EPSDATA.TXT stays as it
-/// was."
+/// Tells the user what is there when no new table was stored: "The earlier EPSDATA.TXT stays as
+/// it was."
 std::string WithoutNewTable(const std::filesystem::path& table);
 
 }  // namespace orvex

@@ -81,7 +81,7 @@ void WriteCount(const TidyRow& row, int, Cells& cells) {
   cells.Number(std::int64_t{EpisodeQuestionCounts(row.episode).*member});
 }
 
-/// The segment that a question was asked in, as far as its number is one of the episode's.
+/// The segment that a question was asked in; null when its number is not one of the episode's.
 const SegmentData* SegmentOf(const TidyRow& row) {
   const int number = row.question->iSgQ;
   const auto& segments = row.episode.segments;

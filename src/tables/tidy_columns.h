@@ -12,14 +12,14 @@
 
 namespace orvex {
 
-/// Where a row stands. What its table is not about is null or 0.
+/// What a row is about. Anything its table does not cover is null or 0.
 struct TidyRow {
-  std::string_view file;  ///< as the list names it
+  std::string_view file;  ///< its name in the list
   const EpsHeader& header;
   const Episode& episode;
-  const std::vector<DialogicSpell>& spells;  ///< of the episode
+  const std::vector<DialogicSpell>& spells;  ///< the episode's
   int episodeNumber = 0;
-  int number = 0;  ///< of the question or segment
+  int number = 0;  ///< the number of the question or segment
   const questionInfo* question = nullptr;
   const SegmentData* segment = nullptr;
 };

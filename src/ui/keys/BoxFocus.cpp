@@ -9,7 +9,7 @@ namespace orvex {
 
 BoxFocus::BoxFocus(QWidget* form, std::vector<QWidget*> boxes, Entered entered, Left left)
     : form_(form), boxes_(std::move(boxes)), entered_(std::move(entered)), left_(std::move(left)) {
-  // Told after the focus has arrived, so that a box that wants it back gets it.
+  // Runs after the focus has arrived, so that a box can take it back.
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* to) {
     if (to && to->window() == form_ && to != current_ && !leaving_) FocusMoved(to);
   });
@@ -17,7 +17,7 @@ BoxFocus::BoxFocus(QWidget* form, std::vector<QWidget*> boxes, Entered entered, 
 
 void BoxFocus::FocusMoved(QWidget* to) {
   if (!Leave()) return;
-  // Leaving may have moved the focus on.
+  // Leaving the box may have moved the focus somewhere else.
   QWidget* now = form_->focusWidget() ? form_->focusWidget() : to;
   const bool isBox = std::find(boxes_.begin(), boxes_.end(), now) != boxes_.end();
   current_ = isBox ? now : nullptr;

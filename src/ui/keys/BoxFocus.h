@@ -8,20 +8,20 @@ class QWidget;
 
 namespace orvex {
 
-/// Tells when the boxes of a form are entered and left. The window going to the back, a menu or a
-/// question leave no box; a box that refuses to be left takes the focus back and counts as never
-/// left.
+/// Reports when the boxes of a form are entered and left. A box is not left when its window loses
+/// focus, a menu opens or a question is asked. A box that refuses to be left takes the focus back
+/// and counts as never left.
 class BoxFocus : public QObject {
   Q_OBJECT
 
  public:
   using Entered = std::function<void(QWidget*)>;
-  /// False when the box must keep the focus; whoever says so has given it back.
+  /// Returns false when the box must keep the focus, after giving it back.
   using Left = std::function<bool(QWidget*)>;
 
   BoxFocus(QWidget* form, std::vector<QWidget*> boxes, Entered entered, Left left);
 
-  /// Checks the box that has the focus as if it were left. False when it refuses.
+  /// Checks the focused box as if the user left it. False when it refuses.
   bool CheckCurrent();
 
  private:

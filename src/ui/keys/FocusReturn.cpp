@@ -24,7 +24,7 @@ bool FocusReturn::eventFilter(QObject*, QEvent* event) {
 }
 
 void FocusReturn::FocusMoved(QWidget* from, QWidget* to) {
-  // The window going to the back and coming again is no move.
+  // Ignore the window losing focus and getting it back.
   if (!from || !to || from->window() != to->window()) return;
   if (to == button_) before_ = from;
   if (to == button_) pushedOff_ = false;
@@ -35,7 +35,8 @@ void FocusReturn::Return() {
   const bool stayed = byPress_ && button_->window()->focusWidget() == button_;
   if (!stayed && !std::exchange(pushedOff_, false)) return;
   QWidget* before = before_;
-  // The click may have hidden the whole form, which keeps its focus for when it comes back.
+  // The click may have hidden the whole form; it then remembers this focus for when it is shown
+  // again.
   if (before && before->isVisibleTo(before->window()) && before->isEnabled()) {
     before->setFocus(Qt::ActiveWindowFocusReason);
   }

@@ -8,14 +8,15 @@ class QAbstractButton;
 
 namespace orvex {
 
-/// Gives the focus back to where it was before a button took it, when the click on the button is
-/// done with: whoever answers a dialog in the middle of something goes on where they were. What the
-/// click itself has given the focus to keeps it.
+/// After a click on a button, returns the focus to where it was before the button took it, so that
+/// a user interrupted by a dialog continues in the same place. Leaves the focus alone when the
+/// click itself has moved it.
 class FocusReturn : public QObject {
   Q_OBJECT
 
  public:
-  /// For `button`, which owns it. Made after the button's click has been connected.
+  /// Works for `button`, which owns this object. Create it after connecting the button's click, so
+  /// that it runs last.
   explicit FocusReturn(QAbstractButton* button);
 
  protected:
@@ -27,8 +28,8 @@ class FocusReturn : public QObject {
 
   QAbstractButton* button_;
   QPointer<QWidget> before_;
-  bool byPress_ = false;    // the focus came with the press, by the button's key or the mouse
-  bool pushedOff_ = false;  // it went because the button was hidden or disabled
+  bool byPress_ = false;    // the button got the focus through its key or the mouse
+  bool pushedOff_ = false;  // the button lost the focus by being hidden or disabled
 };
 
 }  // namespace orvex

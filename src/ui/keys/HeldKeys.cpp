@@ -18,7 +18,7 @@ bool CountsOnce(const QObject* watched, const QKeyEvent& press) {
       break;
   }
   if (press.key() >= Qt::Key_F1 && press.key() <= Qt::Key_F35) return true;
-  // Space presses a button, and other characters may choose one: held, they must not go on and on.
+  // Space presses a button and a letter may select one: neither may repeat while held.
   const bool character = press.key() < Qt::Key_Escape;
   if (character && qobject_cast<const QAbstractButton*>(watched)) return true;
   const Qt::KeyboardModifiers modifiers = press.modifiers();
@@ -29,8 +29,8 @@ bool CountsOnce(const QObject* watched, const QKeyEvent& press) {
 }  // namespace
 
 bool HeldKeys::IsRepeat(const QKeyEvent& press) const {
-  // Qt does not always see that a release and a press belong to a key held down; the display gives
-  // both the same time.
+  // Qt does not flag every repeat of a held key. The display gives the release and press of a
+  // repeat the same timestamp.
   return press.isAutoRepeat() ||
          (press.key() == releasedKey_ && releasedAt_ != 0 && press.timestamp() == releasedAt_);
 }
@@ -44,7 +44,7 @@ bool HeldKeys::eventFilter(QObject* watched, QEvent* event) {
       return false;
     }
     case QEvent::ShortcutOverride: {
-      // Accepted, it comes back as a press and not as the shortcut.
+      // An accepted override comes back as a key press instead of the shortcut.
       const auto* press = static_cast<QKeyEvent*>(event);
       const bool held = IsRepeat(*press) && CountsOnce(watched, *press);
       event->setAccepted(held);

@@ -6,9 +6,9 @@ class QKeyEvent;
 
 namespace orvex {
 
-/// Makes a key that does something count once, however long it is held down: Enter, Space on a
-/// button, Down in a box, Ctrl+N, every function key and every mnemonic. A thumb that rests on
-/// "&Last" must not remove a whole episode's questions. Installed on the application.
+/// Makes keys that do something count only once while they are held down: Enter, Space on a button,
+/// Down in a box, Ctrl+N, function keys and mnemonics. A thumb resting on "&Last" must not remove
+/// all questions of an episode. Install it on the application.
 class HeldKeys : public QObject {
   Q_OBJECT
 

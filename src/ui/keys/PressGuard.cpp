@@ -12,11 +12,11 @@ PressGuard::PressGuard(QWidget* control) : QObject(control), control_(control) {
 
 bool PressGuard::eventFilter(QObject*, QEvent* event) {
   if (event->type() == QEvent::WindowUnblocked) {
-    // A press that raised the question follows before the next turn of the event loop.
+    // The press that raised the question arrives before the event loop's next turn.
     stale_ = true;
     QTimer::singleShot(0, this, [this] { stale_ = false; });
   }
-  // Of two quick presses the second comes as a double click.
+  // The second of two quick presses arrives as a double click.
   if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseButtonDblClick) {
     return false;
   }

@@ -6,9 +6,8 @@ class QWidget;
 
 namespace orvex {
 
-/// Swallows a press of the mouse on a control that it must not reach: when a box has refused to
-/// give up the focus, and when leaving the box has raised a question, after which the press is
-/// stale.
+/// Blocks mouse presses that must not reach a control: after another box has refused to give up the
+/// focus, and after leaving a box has raised a question, which makes the press stale.
 class PressGuard : public QObject {
   Q_OBJECT
 

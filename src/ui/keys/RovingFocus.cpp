@@ -54,7 +54,8 @@ bool RovingFocus::eventFilter(QObject* watched, QEvent* event) {
   return MoveOnKey(PositionOf(watched), key->key(), key->text());
 }
 
-/// Steps of one go round; where there is no button in the column beside, the focus stays.
+/// Moves the focus by `steps`. Single steps wrap around; a move to the next column stops at the
+/// edge.
 bool RovingFocus::MoveBy(int from, int steps) {
   const int to = from + steps;
   if (steps == 1 || steps == -1) {

@@ -6,20 +6,20 @@
 
 namespace orvex {
 
-/// Makes a set of buttons one stop of the Tab key: the arrow keys, Home, End and the first letter
-/// of a caption move the focus within the set. Tab enters it always at the same button, wherever
-/// the focus has been in it: so Tab and Space do what they did before.
+/// Makes a set of buttons a single stop of the Tab key. The arrow keys, Home, End and the first
+/// letter of a caption move the focus within the set. Tab always enters the set at the same button,
+/// so that Tab and Space do the same thing every time.
 class RovingFocus : public QObject {
   Q_OBJECT
 
  public:
-  /// Right and Left lead `across` buttons on and back: where the buttons stand in columns, to the
-  /// column beside.
+  /// Right and Left move by `across` buttons, which leads to the next column when the buttons stand
+  /// in columns.
   RovingFocus(std::vector<QAbstractButton*> buttons, QObject* parent, int across = 1);
 
   /// Gives the button at `position` the focus.
   void Focus(int position);
-  /// Tab is to enter the set at the button at `position`; by itself it does at the first.
+  /// Makes Tab enter the set at the button at `position`; the default is the first.
   void SetEntry(int position);
 
  protected:

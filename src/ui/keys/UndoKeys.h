@@ -13,7 +13,7 @@
 
 namespace orvex {
 
-/// The platform's keys for undo and redo, and those that a user of another platform knows.
+/// The keys for undo or redo: the platform's, and those that users of other platforms know.
 inline QList<QKeySequence> KeysOf(Way way) {
   if (way == Way::undo) return QKeySequence::keyBindings(QKeySequence::Undo);
   QList<QKeySequence> keys = QKeySequence::keyBindings(QKeySequence::Redo);
@@ -24,7 +24,7 @@ inline QList<QKeySequence> KeysOf(Way way) {
   return keys;
 }
 
-/// The way that a key press stands for; nothing for any other key.
+/// Whether a key press means undo or redo; nothing for any other key.
 inline std::optional<Way> WayOf(const QKeyEvent& key) {
   const QKeySequence sequence(key.keyCombination());
   for (const Way way : {Way::undo, Way::redo}) {
@@ -33,19 +33,20 @@ inline std::optional<Way> WayOf(const QKeyEvent& key) {
   return std::nullopt;
 }
 
-/// True when something typed in `box` can be undone or redone there.
+/// True when `box` itself can undo or redo some typing.
 inline bool HasOwnStep(const QLineEdit& box, Way way) {
   return way == Way::undo ? box.isUndoAvailable() : box.isRedoAvailable();
 }
 
-/// Leaves `box` nothing of its own to undo.
+/// Clears the undo history of `box`.
 inline void ForgetTyping(QLineEdit* box) {
   const int caret = box->cursorPosition();
   box->setText(box->text());
   box->setCursorPosition(caret);
 }
 
-/// What the keys would do, as `Object` says it: "Ctrl+Z brings question 7 back". Empty for nothing.
+/// What the keys would do in the words of `object`: "Ctrl+Z brings question 7 back". Empty when
+/// there is nothing to undo or redo.
 template <typename Object>
 QString StepsText(const Object& object) {
   QStringList steps;

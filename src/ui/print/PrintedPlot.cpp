@@ -30,7 +30,7 @@ QFont TextFont() {
   return PaperFont(QApplication::font(), kTextSize);
 }
 
-/// Where the columns begin, behind what each row stands for.
+/// The x position of the first column, to the right of the rows' headings and meanings.
 double RowsAt() {
   const QFontMetricsF metrics(TextFont());
   double width = 0;
@@ -40,7 +40,8 @@ double RowsAt() {
   return kHeadingWidth + kLetterWidth + width + kGap;
 }
 
-/// A band has a line for the numbers of its questions, its rows, and the lines between.
+/// A band consists of a line with the numbers of its questions, its rows, and the lines between
+/// sections.
 double BandHeight() {
   const auto separators = std::ranges::count_if(kPlotGroups, &PlotGroup::endsSection);
   return Grid().CellHeight() * (kPlotRows + 1) + kSeparator * static_cast<double>(separators) +
@@ -68,7 +69,8 @@ QString PrintedPlot::DocumentName() const {
   return tr("%1 Question Plot").arg(ToQt(plot_.title));
 }
 
-/// Whole tens, so that the ruler of every band begins with 1.
+/// The number of columns in a band: a multiple of ten, so that the ruler of every band begins with
+/// 1.
 int PrintedPlot::ColumnsOfBand(const QSizeF& area) const {
   const auto fitting = static_cast<int>((area.width() - RowsAt()) / Grid().CellWidth());
   return std::max(kTens, fitting - fitting % kTens);

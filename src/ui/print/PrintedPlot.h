@@ -8,8 +8,8 @@
 
 namespace orvex {
 
-/// The question plot on paper, in as many bands beneath each other, and on as many pages, as its
-/// columns need.
+/// The question plot on paper. It is cut into bands, one beneath the other, and continues on as
+/// many pages as it needs.
 class PrintedPlot : public PrintedReport {
   Q_DECLARE_TR_FUNCTIONS(PrintedPlot)
 

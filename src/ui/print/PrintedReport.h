@@ -8,21 +8,21 @@ class QPainter;
 
 namespace orvex {
 
-/// A report as it goes to paper, without the head of the page. Lengths are in points.
+/// A report as printed on paper, without the page header. Lengths are in points.
 class PrintedReport {
  public:
   virtual ~PrintedReport() = default;
 
   virtual QString Title() const = 0;
-  /// What it is about, beneath the title, in one line or several.
+  /// Says what the report is about, beneath the title. May have several lines.
   virtual QString Subtitle() const = 0;
-  /// What its file is called if nobody calls it otherwise.
+  /// The default name of its file.
   virtual QString DocumentName() const = 0;
   virtual QPageLayout::Orientation Orientation() const { return QPageLayout::Portrait; }
-  /// What a page of it takes; on a lower area it is painted smaller.
+  /// The height that a page needs; on a lower area it is scaled down.
   virtual double LeastHeight() const { return 1; }
   virtual int Pages(const QSizeF&) const { return 1; }
-  /// Paints the page, which counts from 0, on an area that begins at the painter's origin.
+  /// Paints page `page`, counted from 0, on an area that begins at the painter's origin.
   virtual void PaintPage(QPainter& painter, const QSizeF& area, int page) const = 0;
 };
 

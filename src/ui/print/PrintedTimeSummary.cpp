@@ -24,7 +24,7 @@ struct Line {
   std::string_view offtask;
 };
 
-/// Writes a line of a table that is at most `width` wide; gives where the next one begins.
+/// Paints a line of a table, at most `width` wide. Returns where the next line begins.
 double PaintLine(QPainter& painter, double width, double y, const Line& line, bool bold = false) {
   QFont font = PaperFont(QApplication::font(), kTextSize);
   font.setBold(bold);

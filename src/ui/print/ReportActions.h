@@ -14,14 +14,14 @@ namespace orvex {
 
 class PrintedReport;
 
-/// What every report offers: Ctrl+P prints it, Ctrl+C copies it as text, Escape closes its form,
-/// and the keys that move through a text scroll it wherever the focus is.
+/// The keys of every report: Ctrl+P prints it, Ctrl+C copies it as text, Escape closes its form,
+/// and the scroll keys work wherever the focus is.
 class ReportActions : public QObject {
   Q_OBJECT
 
  public:
-  /// For `form`, which owns it. `text` is what is copied; `area` what is scrolled: from page to
-  /// page in the direction it is `wide` in.
+  /// Works for `form`, which owns this object. `text` is what gets copied; `area` is what scrolls.
+  /// Page keys scroll it in direction `wide`.
   ReportActions(QWidget* form, QString text, std::unique_ptr<PrintedReport> report,
                 const Printing& printing, QScrollArea* area, Qt::Orientation wide);
   ~ReportActions() override;

@@ -37,7 +37,7 @@ constexpr double kMargin = 15;  // millimetres
 constexpr int kPreviewWidth = 960;
 constexpr int kPreviewHeight = 680;
 
-/// Whatever was typed, it leaves room for the report.
+/// The subtitle, cut off if the user has typed so much that the report would have no room.
 QString SubtitleOf(const PrintedReport& report) {
   constexpr qsizetype kMostCharacters = 1000;
   const QString text = report.Subtitle();
@@ -45,7 +45,7 @@ QString SubtitleOf(const PrintedReport& report) {
                                        : text;
 }
 
-/// The lines beneath the title, as high as they are set on paper of this width.
+/// The height of the wrapped subtitle on paper of this width.
 double SubtitleHeight(const PrintedReport& report, double width) {
   const QFontMetricsF metrics(PaperFont(QApplication::font(), kTextSize));
   const QRectF room(0, 0, width, kMostSubtitle);
@@ -72,7 +72,7 @@ void PaintHead(QPainter& painter, const PrintedReport& report, double width, con
   painter.drawLine(QPointF(0, line), QPointF(width, line));
 }
 
-/// The pages to be painted, counted from 1; all where there is no last one.
+/// The pages to paint, counted from 1. `last` 0 means all.
 struct PageRange {
   int first = 1;
   int last = 0;
@@ -83,7 +83,7 @@ PageRange RangeOf(const QPrinter& printer) {
   return {printer.fromPage(), std::max(printer.fromPage(), printer.toPage())};
 }
 
-/// False when `paper` cannot be painted on.
+/// Paints the pages in `range`. False when `paper` cannot be painted on.
 bool PaintReport(const PrintedReport& report, QPagedPaintDevice& paper, int resolution,
                  const PageRange& range) {
   QPainter painter;
@@ -111,7 +111,7 @@ bool PaintReport(const PrintedReport& report, QPagedPaintDevice& paper, int reso
   return painter.end();
 }
 
-/// The preview paints on a device of its own, whatever is to be written later.
+/// True while the preview is painting, which does not happen on the printer's own device.
 bool IsPreview(QPrinter& printer) {
   return printer.paintEngine()->type() == QPaintEngine::Picture;
 }

@@ -17,11 +17,11 @@ struct Printing {
   Storage& storage;
 };
 
-/// Prints the pages that `printer` asks for, each with the report's title, what it is about, and
-/// its number. False when the printer cannot be written to.
+/// Prints the pages that `printer` asks for, each with the report's title, subtitle and page
+/// number. False when printing fails.
 bool PrintReport(const PrintedReport& report, QPrinter& printer);
 
-/// The same pages as a PDF file.
+/// Returns the same pages as a PDF file.
 QByteArray PdfOf(const PrintedReport& report, const QPrinter& printer);
 /// Stores them in the file that `printer` would write, whole or not at all; the user is told when
 /// that fails, and can have it tried again or choose another place.
@@ -30,8 +30,8 @@ void SavePdf(const PrintedReport& report, const QPrinter& printer, const Printin
 /// Shows the report as it will look on paper; from there it goes to a printer or into a PDF file.
 void PreviewReport(const PrintedReport& report, const Printing& printing, QWidget* form);
 
-/// A font of so many points for painting on paper, where lengths are points: its characters keep
-/// their proportions at every resolution.
+/// A font for painting on paper, where lengths are in points. It keeps its proportions at every
+/// resolution.
 QFont PaperFont(const QFont& like, double points);
 
 }  // namespace orvex

@@ -15,7 +15,7 @@ constexpr int kCaptionRoom = 26;
 constexpr int kPixelsPerInch = 96;
 constexpr int kTwipsPerInch = 1440;
 
-/// A label that its bar draws.
+/// An invisible segment: the bar paints it.
 class SegmentLabel : public QLabel {
  public:
   using QLabel::QLabel;
@@ -60,7 +60,7 @@ QRectF BarRow::Bar() const {
 void BarRow::PlaceSegments() {
   for (std::size_t i = 0; i < segments_.size(); ++i) {
     const QRectF area = AreaOf(row_.bar[i], Bar());
-    // Rounded edge by edge: where one ends the next begins.
+    // Round the edges, not the widths, so that adjacent segments leave no gap.
     const int left = static_cast<int>(std::lround(area.left()));
     const int right = static_cast<int>(std::lround(area.right()));
     segments_[i]->setGeometry(left, 0, right - left, height());

@@ -9,9 +9,9 @@ class QLabel;
 
 namespace orvex {
 
-/// A bar of the question statistics. It grows with its form and keeps its proportions. Its segments
-/// are labels of their own, named after it ("Uptake1_2"), for whoever reads the form by its
-/// controls; the bar draws them all, as on paper.
+/// A bar of the question statistics. It grows with its form and keeps its proportions. Each segment
+/// is also a label named after the bar ("Uptake1_2"), so that it can be found as a control; the bar
+/// itself paints them all, just as on paper.
 class BarRow : public QWidget {
   Q_OBJECT
 
@@ -32,7 +32,7 @@ class BarRow : public QWidget {
   std::vector<QLabel*> segments_;
 };
 
-/// A sample of a colour of the legend.
+/// A sample of one of the legend's colours.
 class CodingSample : public QWidget {
   Q_OBJECT
 

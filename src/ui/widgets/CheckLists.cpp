@@ -43,7 +43,7 @@ QGroupBox* CheckLists::BuildGroup(int group, int columns) {
     boxes_[index].push_back(box);
     connect(box, &QCheckBox::clicked, this, [this, group, item](bool checked) {
       Q_EMIT Checked(group, item, checked);
-      // Who checks "other:" is about to say what.
+      // After checking "other:" the user will want to type.
       if (checked && boxes_[0].at(kOtherItem) == sender()) FocusBox(other_, Caret::atEnd);
     });
   }
@@ -67,7 +67,7 @@ void CheckLists::AddOtherBox(QGridLayout& items, int row) {
   items.addLayout(line, row, 0);
 }
 
-/// Three groups under a heading of their own.
+/// A frame around three of the groups.
 QGroupBox* CheckLists::BuildTypesOfWriting() {
   auto* frame = new QGroupBox(ToQt(kTypesOfWriting));
   auto* kinds = new QHBoxLayout(frame);

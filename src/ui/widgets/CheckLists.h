@@ -16,15 +16,15 @@ namespace orvex {
 
 class SurveyForm;
 
-/// The check boxes of the survey, by their groups. Tab and Enter pass from group to group. The
-/// groups stand side by side where there is room for it, otherwise one under another.
+/// The survey's check boxes, in groups. Tab and Enter move from group to group. The groups stand
+/// side by side if there is room, and otherwise one beneath the other.
 class CheckLists : public QWidget {
   Q_OBJECT
 
  public:
   explicit CheckLists(QWidget* parent = nullptr);
 
-  /// Shows what is checked, and the text of "other:".
+  /// Shows which boxes are checked, and the text of "other:".
   void Show(const SurveyForm& form);
   void FocusFirst();
   /// What a key does on one of the boxes. True when it is done with.

@@ -18,7 +18,7 @@ ChoiceGroup::ChoiceGroup(std::vector<QRadioButton*> buttons, QObject* parent)
     button->setAutoExclusive(false);
     new PressGuard(button);
     connect(button, &QRadioButton::clicked, this, [this, position] {
-      // A click has switched the button already; what is selected is the logic's to say.
+      // The click has already switched the button, but the logic decides what is selected.
       ShowSelected(selected_);
       Q_EMIT Chosen(position);
     });

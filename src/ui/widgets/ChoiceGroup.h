@@ -8,17 +8,17 @@ namespace orvex {
 
 class RovingFocus;
 
-/// A set of radio buttons of which at most one is selected, for people who do not look at the
-/// keyboard: the arrow keys and the first letter of a caption move the focus without selecting
-/// anything, Space selects, and Tab passes the whole group. It is entered at the button that is
-/// selected, or else at the first. The logic decides what is selected.
+/// A set of radio buttons of which at most one is selected, for users who do not look at the
+/// keyboard. The arrow keys and the first letter of a caption move the focus without selecting
+/// anything; Space selects; Tab skips the rest of the group. The focus enters at the selected
+/// button, or else at the first. The logic decides what is selected.
 class ChoiceGroup : public QObject {
   Q_OBJECT
 
  public:
   ChoiceGroup(std::vector<QRadioButton*> buttons, QObject* parent);
 
-  /// Shows the button at `position` as the selected one; -1 for none.
+  /// Shows the button at `position` as selected; -1 for none.
   void ShowSelected(int position);
   void SetVisible(bool visible);
   void SetEnabled(bool enabled);

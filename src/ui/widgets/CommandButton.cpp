@@ -21,10 +21,10 @@ void CommandButton::SetOtherKey(const QString& key) {
 
 bool CommandButton::event(QEvent* event) {
   if (event->type() != QEvent::Shortcut) return QPushButton::event(event);
-  // Of two buttons Qt would let each have the focus in turn, and the next blank would press one.
+  // When two buttons share a key, Qt would focus them in turn, and the next Space would press one.
   if (static_cast<QShortcutEvent*>(event)->isAmbiguous()) return true;
   setFocus(Qt::ShortcutFocusReason);
-  // A window that a question has sent to the back has its focus all the same.
+  // The window's own focus counts, even while a question has taken the active window.
   if (window()->focusWidget() == this) click();
   return true;
 }

@@ -5,13 +5,13 @@
 
 namespace orvex {
 
-/// A button of a form that is worked from the keyboard. Enter belongs to the boxes and never
-/// presses it. Its key first gives it the focus, so that the box that is left is checked, and
-/// clicks at once if that box let the focus go. A key that several buttons had would do nothing.
+/// A button of a form that is used from the keyboard. Enter belongs to the boxes and never presses
+/// it. Its key first moves the focus here, so that the box being left is checked, and clicks only
+/// if that box lets the focus go. A key shared by several buttons does nothing.
 ///
-/// The key is the letter marked in the caption. Where that letter belongs to another button of the
-/// form, the form takes the shortcut away; the letter is then not marked, and the button's other
-/// key or its tooltip says how to press it.
+/// The key is the letter marked in the caption. When that letter belongs to another button, the
+/// form removes this button's shortcut; the caption then marks no letter, and the other key or the
+/// tooltip says how to press it.
 class CommandButton : public QPushButton {
   Q_OBJECT
   Q_PROPERTY(QString otherKey READ OtherKey WRITE SetOtherKey)
@@ -19,7 +19,7 @@ class CommandButton : public QPushButton {
  public:
   explicit CommandButton(QWidget* parent = nullptr);
 
-  /// A key that presses the button whatever letter it has, and that its tooltip names: "F7".
+  /// A key that always presses the button, named by its tooltip: "F7".
   const QString& OtherKey() const { return otherKey_; }
   void SetOtherKey(const QString& key);
 

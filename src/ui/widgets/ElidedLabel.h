@@ -4,8 +4,8 @@
 
 namespace orvex {
 
-/// A label for one line that may be too long for its place: its middle is left out then, and the
-/// tool tip has all of it.
+/// A label for one line. A line too long for its place loses its middle; the tooltip shows all of
+/// it.
 class ElidedLabel : public QLabel {
   Q_OBJECT
 

@@ -7,7 +7,7 @@
 namespace orvex {
 namespace {
 
-/// What the window manager may put round a window.
+/// The room a window manager may need around a window.
 constexpr QSize kFrame(16, 40);
 
 }  // namespace

@@ -4,10 +4,10 @@ class QWidget;
 
 namespace orvex {
 
-/// No window opens larger than the screen: what does not fit scrolls.
+/// Limits `window` to the size of the screen; its contents scroll.
 void FitToScreen(QWidget& window);
 
-/// Lets `window`, which has not been shown yet, open where `other` stands, as far as it fits there.
+/// Makes `window`, which has not been shown yet, open in the place of `other`, as far as it fits.
 void PlaceOver(QWidget& window, const QWidget& other);
 
 }  // namespace orvex

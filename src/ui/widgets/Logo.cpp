@@ -13,7 +13,7 @@ namespace {
 constexpr int kShownSize = 60;
 constexpr int kIconSize = 128;
 
-/// Draws on a square of 32 by 32 units.
+/// Draws the mark on a square of 32 by 32 units.
 void Draw(QPainter& painter, const QPalette& palette) {
   const QColor ground = palette.color(QPalette::Active, QPalette::Highlight);
   const QColor ink = palette.color(QPalette::Active, QPalette::HighlightedText);

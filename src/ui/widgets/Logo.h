@@ -7,8 +7,8 @@ class QPainter;
 
 namespace orvex {
 
-/// The program's mark: what is said in a class, divided along the time it takes. Drawn in the
-/// palette's colours at any size.
+/// The program's mark: what is said in a class, divided along its time. Uses the palette's colours
+/// and scales to any size.
 class Logo : public QWidget {
   Q_OBJECT
 

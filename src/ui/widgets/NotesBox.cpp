@@ -11,17 +11,18 @@ namespace orvex {
 namespace {
 
 constexpr qsizetype kPiece = 2048;
-constexpr qsizetype kMostWhole = 2 * kPiece;  // a line of this length is left as it is
+constexpr qsizetype kMostWhole = 2 * kPiece;  // longer lines are shown in pieces
 
-/// The format of a break between pieces. Undo brings it back, and Qt hands the type of an object on
-/// to nothing that is typed behind it, so that a line ended there is a line of its own.
+/// The format that marks a break between pieces. It survives undo. Qt does not pass an object type
+/// on to text typed after it, so a line that the user ends there becomes a real line.
 QTextCharFormat BreakFormat() {
   QTextCharFormat format;
   format.setObjectType(QTextFormat::UserObject);
   return format;
 }
 
-/// Where the piece of `line` that begins at `from` ends: behind a blank, or between two characters.
+/// Where the piece of `line` that starts at `from` ends: after a blank, or else between two
+/// characters.
 qsizetype EndOfPiece(QStringView line, qsizetype from) {
   if (line.size() - from <= kPiece) return line.size();
   const QStringView piece = line.sliced(from, kPiece);
@@ -44,7 +45,7 @@ void InsertLine(QTextCursor& cursor, const QString& line) {
   }
 }
 
-/// In the place of the selection, as one step to undo.
+/// Replaces the selection with `text` in a single undo step.
 void Insert(QTextCursor cursor, QString text) {
   text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
   cursor.beginEditBlock();
@@ -71,13 +72,13 @@ QString NotesBox::Notes() const {
   return TextBetween(0, document()->characterCount(), QStringLiteral("\r\n"));
 }
 
-/// True for a piece that goes on with the line of the one before.
+/// True for a piece that continues the line of the previous one.
 bool NotesBox::GoesOn(const QTextBlock& block) {
   return block.isValid() && block.position() > 0 &&
          block.charFormat().objectType() == QTextFormat::UserObject;
 }
 
-/// As it is, also its no-break spaces, for which Qt's plain text has blanks.
+/// The exact text, including no-break spaces, which Qt's plain text would turn into blanks.
 QString NotesBox::TextBetween(int from, int to, const QString& lineEnd) const {
   QString text;
   for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() <= to;
@@ -90,7 +91,7 @@ QString NotesBox::TextBetween(int from, int to, const QString& lineEnd) const {
 }
 
 void NotesBox::keyPressEvent(QKeyEvent* event) {
-  // A break between pieces is no character: what deletes takes the one beyond it.
+  // A break between pieces is not a character, so a deletion must skip it.
   QTextCursor cursor = textCursor();
   if (!cursor.hasSelection()) {
     while (event->key() == Qt::Key_Backspace && cursor.atBlockStart() && GoesOn(cursor.block())) {

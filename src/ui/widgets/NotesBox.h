@@ -8,18 +8,17 @@ class QTextCursor;
 
 namespace orvex {
 
-/// The box that notes are typed in. A key costs as much as its line is long; so a very long line is
-/// shown in pieces, a paragraph each, and the breaks between them are none of the text's.
+/// A box for typing notes. Each key press costs time in proportion to the paragraph, so a very long
+/// line is shown as several paragraphs. The breaks between these pieces are not part of the text.
 class NotesBox : public QPlainTextEdit {
   Q_OBJECT
 
  public:
   using QPlainTextEdit::QPlainTextEdit;
 
-  /// `notes`: lines separated by LF or CR LF. They count as unchanged, and there is nothing to
-  /// undo.
+  /// Shows `notes`, whose lines end with LF or CR LF, as an unmodified text with nothing to undo.
   void SetNotes(const QString& notes);
-  /// Lines separated by CR LF.
+  /// The text, its lines separated by CR LF.
   QString Notes() const;
 
  protected:

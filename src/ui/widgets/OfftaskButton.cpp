@@ -28,7 +28,7 @@ void OfftaskButton::ShowPending(int count) {
   update();
 }
 
-/// The same with and without the caption, and for any number.
+/// Leaves room for the caption and any number, so that the size never changes.
 QSize OfftaskButton::sizeHint() const {
   const QFontMetrics metrics = fontMetrics();
   const int text = metrics.horizontalAdvance(tr("* OFFTASK *  99"));

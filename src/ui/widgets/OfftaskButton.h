@@ -4,9 +4,9 @@
 
 namespace orvex {
 
-/// The button that asks for an off-task estimate, for an observer who looks at the class: large, in
-/// colours that no theme has, and changing places as its caption blinks. It says how many estimates
-/// are pending all the while.
+/// The button that asks for an off-task estimate. It has to be noticed by an observer who is
+/// watching the class: it is large, has colours that no theme uses, and inverts them as its caption
+/// blinks. It always shows how many estimates are pending.
 class OfftaskButton : public CommandButton {
   Q_OBJECT
 

@@ -11,7 +11,7 @@
 namespace orvex {
 namespace {
 
-constexpr double kHatch = 6;  // from line to line
+constexpr double kHatch = 6;  // the distance between lines
 constexpr double kCaptionMargin = 4;
 constexpr double kSegmentGap = 1;
 
@@ -66,8 +66,8 @@ void Dot(QPainter& painter, const QRectF& area) {
   }
 }
 
-/// Writes the caption in the part of the segment that is to be seen, or behind it when it is the
-/// last one. Between others there may be no room: then the heading alone says the number.
+/// Paints the caption in the visible part of the segment. Without enough room, the last segment's
+/// caption goes behind the bar; other segments go without, as the heading gives their number.
 void PaintCaption(QPainter& painter, const BarSegment& segment, const QRectF& seen, bool last,
                   double captionRoom, const QColor& ink) {
   if (segment.caption.empty()) return;
@@ -122,7 +122,7 @@ void PaintBar(QPainter& painter, const BarPlace& place, const StatisticsRow& row
   painter.drawRect(place.bar.adjusted(0.5, 0.5, -0.5, -0.5));
   const double filled = row.FilledLength();
   if (row.restIsUncoded && !row.bar.empty() && row.bar.front().reference > 0) {
-    constexpr double kAlmostAll = kBarLength - 0.5;  // what rounding has left is nothing
+    constexpr double kAlmostAll = kBarLength - 0.5;  // a rounding error is not a rest
     if (filled < kAlmostAll) {
       BarSegment rest;
       rest.left = filled;
@@ -132,7 +132,7 @@ void PaintBar(QPainter& painter, const BarPlace& place, const StatisticsRow& row
   }
   for (auto segment = row.bar.rbegin(); segment != row.bar.rend(); ++segment) {
     QRectF area = AreaOf(*segment, place.bar);
-    // Neighbours of one colour show where one ends.
+    // A gap shows where one segment ends and a neighbour of the same colour begins.
     const bool neighboured = area.right() < place.bar.right() - kSegmentGap;
     if (neighboured && area.width() > 4 * kSegmentGap) area.setRight(area.right() - kSegmentGap);
     PaintMeaning(painter, area, segment->meaning);

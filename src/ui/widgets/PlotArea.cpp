@@ -31,7 +31,7 @@ QFrame* SeparatorLine() {
   return line;
 }
 
-/// A row of the plot, as the label it is.
+/// A label that paints one row of the plot.
 class PlotRow : public QLabel {
  public:
   PlotRow(PlotGrid grid, const QString& row, int columns)
@@ -72,7 +72,7 @@ class PlotRow : public QLabel {
   int columns_;
 };
 
-/// The row beneath the ruler.
+/// The row of tens beneath the ruler.
 PlotRow* TensOf(const QuestionPlot& plot, const PlotGrid& grid) {
   auto* row = new PlotRow(grid, ToQt(TensRow(plot.questions)), plot.columns);
   row->setAccessibleName(PlotArea::tr("the number of every tenth question"));

@@ -8,8 +8,8 @@ class QVBoxLayout;
 
 namespace orvex {
 
-/// The question plot. Its rows scroll; the headings beside them stay, and where the rows do not all
-/// fit, the ruler stays beneath them.
+/// Shows the question plot. The rows scroll; the headings stay beside them, and the ruler stays
+/// beneath them when not all rows fit.
 class PlotArea : public QScrollArea {
   Q_OBJECT
 
@@ -26,7 +26,7 @@ class PlotArea : public QScrollArea {
   void BuildHeadings(int rowHeight);
   void PlaceHeadings();
 
-  QWidget* frame_;     ///< what is seen of the headings
+  QWidget* frame_;     ///< the visible part of the headings
   QWidget* headings_;  ///< moves with the rows
   QWidget* rulerFrame_;
   QWidget* ruler_ = nullptr;  ///< moves with the columns

@@ -9,7 +9,7 @@ namespace orvex {
 namespace {
 
 constexpr int kGuideStep = 10;
-/// Keeps the marks of neighbouring rows apart; of the height of a row.
+/// The space between the marks of adjacent rows, as a fraction of a row's height.
 constexpr double kLeading = 0.12;
 const QString kCharacters = QStringLiteral("0123456789_|\u2588\u2591\u255A");
 

@@ -8,20 +8,20 @@ class QPointF;
 
 namespace orvex {
 
-/// How the characters of the question plot are set: each in a cell of its own, so that a column
-/// stands under its ruler digit even where a mark comes from another font.
+/// Lays out the characters of the question plot. Each has its own cell, so that columns line up
+/// even where a mark comes from another font.
 class PlotGrid {
  public:
   explicit PlotGrid(const QFont& font);
 
-  /// The fixed-pitch font of the system, with the marks of the plot if one is at hand.
+  /// The system's fixed-pitch font, or another one if only that has the marks of the plot.
   static QFont FixedFont();
 
   double CellWidth() const { return cellWidth_; }
   double CellHeight() const { return cellHeight_; }
-  /// Writes `row` from `at` on, its upper left corner, with a line after every tenth column.
+  /// Paints `row` with its upper left corner at `at`.
   void Paint(QPainter& painter, const QPointF& at, QStringView row) const;
-  /// The line after every tenth of so many columns.
+  /// Paints a line after every tenth of `columns` columns.
   void PaintGuides(QPainter& painter, const QPointF& at, int columns) const;
 
  private:

@@ -16,7 +16,7 @@ int QuestionRows::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant QuestionRows::data(const QModelIndex& index, int role) const {
-  // A row that has been dropped may be drawn once more before the list hears of it.
+  // The view may draw a dropped row once more before it learns of the change.
   if (!index.isValid() || index.row() >= editor_.QuestionCount()) return {};
   if (role == Qt::DisplayRole) return ToQt(Shortened(editor_.RowText(index.row() + 1)));
   if (role == Qt::ToolTipRole) {
@@ -26,7 +26,7 @@ QVariant QuestionRows::data(const QModelIndex& index, int role) const {
 }
 
 void QuestionRows::Refresh() {
-  // Which rows are new is of no account: all of them are read again.
+  // It does not matter which rows are new, because all of them are read again.
   const int count = editor_.QuestionCount();
   if (count > count_) {
     beginInsertRows({}, count_, count - 1);

@@ -6,8 +6,8 @@ namespace orvex {
 
 class QuestionEditor;
 
-/// The rows of the question list, read from the editor when they are drawn: however long the list
-/// is, a key press costs no more than the rows in sight.
+/// The rows of the question list. They are read from the editor when drawn, so that in a list of
+/// any length a key press costs no more than the visible rows.
 class QuestionRows : public QAbstractListModel {
   Q_OBJECT
 
@@ -16,7 +16,7 @@ class QuestionRows : public QAbstractListModel {
 
   int rowCount(const QModelIndex& parent = QModelIndex()) const override;
   QVariant data(const QModelIndex& index, int role) const override;
-  /// Lets the list follow the editor.
+  /// Updates the list after a change in the editor.
   void Refresh();
 
  private:

@@ -6,7 +6,7 @@
 
 namespace orvex {
 
-/// A block of the time summary: as high as its lines and as wide as its texts.
+/// A block of the time summary. It is exactly as high as its lines and as wide as its texts.
 class ReportTable : public QTreeWidget {
   Q_OBJECT
 

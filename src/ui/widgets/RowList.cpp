@@ -14,7 +14,7 @@
 
 namespace orvex {
 
-/// The texts of the rows, and how each looks.
+/// The model: the texts of the rows, and how each one looks.
 class RowList::Rows : public QAbstractListModel {
  public:
   explicit Rows(RowList* list) : QAbstractListModel(list), list_(list) {}
@@ -48,7 +48,7 @@ class RowList::Rows : public QAbstractListModel {
   void SetTexts(const std::vector<std::string>& texts) {
     const int count = static_cast<int>(texts.size());
     const int before = rowCount();
-    // Which rows are new is of no account: those that differ are read again.
+    // It does not matter which rows are new, because all that differ are read again.
     if (count < before) {
       beginRemoveRows({}, count, before - 1);
       texts_.resize(count);
@@ -91,7 +91,7 @@ class RowList::Rows : public QAbstractListModel {
 
 namespace {
 
-/// Draws the text of a faint row faintly also while the row is selected.
+/// Keeps the text of a faint row faint while the row is selected.
 class RowDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -138,7 +138,7 @@ void RowList::ShowRows(const std::vector<std::string>& rows, const std::vector<i
 
 void RowList::ShowCurrent(int current) {
   const QModelIndex index = rows_->index(current - 1);
-  // By way of the view, so that Shift and an arrow key select on from there.
+  // Set it through the view, so that Shift and an arrow key extend the selection from there.
   if (index.isValid() && index != currentIndex()) setCurrentIndex(index);
 }
 

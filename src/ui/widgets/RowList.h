@@ -7,8 +7,9 @@
 
 namespace orvex {
 
-/// A list of rows of which several can be selected, counted from 1. What it holds, and what is
-/// selected in it, is the logic's to say: it tells what the user does and shows what it is given.
+/// A list of rows, counted from 1, of which several can be selected. The logic decides what the
+/// list holds and what is selected; the list only reports what the user does and shows what it is
+/// given.
 class RowList : public QListView {
   Q_OBJECT
 
@@ -16,25 +17,25 @@ class RowList : public QListView {
   explicit RowList(QWidget* parent = nullptr);
   ~RowList() override;
 
-  /// Shows `rows` with those that are selected. The row at `current` has the keyboard and is
-  /// marked as the one whose details are shown; 0 leaves the keyboard where it is.
+  /// Shows `rows` and selects some of them. The row at `current` gets the keyboard and is marked as
+  /// the one with its details shown; 0 leaves the keyboard where it is.
   void ShowRows(const std::vector<std::string>& rows, const std::vector<int>& selected,
                 int current);
-  /// Rows for which `isFaint` holds are shown as on their way out.
+  /// Shows the rows for which `isFaint` holds as about to leave the list.
   void ShowFaint(const std::function<bool(int)>& isFaint);
-  /// Marks the row that something would be dropped on; 0 for none.
+  /// Marks the row that a drop would go to; 0 for none.
   void ShowDropTarget(int row);
 
   std::vector<int> SelectedRows() const;
-  /// The row that has the keyboard; 0 without one.
+  /// The row with the keyboard; 0 for none.
   int CurrentRow() const { return currentIndex().row() + 1; }
-  /// The row at a position on the screen; 0 where there is none.
+  /// The row at a position on the screen; 0 when there is none.
   int RowAt(const QPoint& globalPosition) const;
 
  Q_SIGNALS:
-  /// The user went to a row, by mouse or keyboard.
+  /// The user moved to a row by mouse or keyboard.
   void Chosen(int row);
-  /// The user has changed what is selected, and may be about to choose a row by it.
+  /// The user changed the selection. `Chosen` may follow for the same action.
   void SelectionMade();
 
  protected:
@@ -48,7 +49,7 @@ class RowList : public QListView {
 
   Rows* rows_;
   int dropTarget_ = 0;
-  bool follows_ = false;  // it is being set, not chosen from
+  bool follows_ = false;  // the list is being set; do not report it as a choice
 };
 
 }  // namespace orvex

@@ -18,7 +18,7 @@ void SegmentBox::EnableSteps(bool up, bool down) {
 }
 
 void SegmentBox::wheelEvent(QWheelEvent* event) {
-  // The wheel scrolls the form; over a box that nobody is in, it must not change the number.
+  // The wheel scrolls the form. It must not change a number unless the box has the focus.
   if (hasFocus()) {
     QAbstractSpinBox::wheelEvent(event);
   } else {

@@ -4,8 +4,8 @@
 
 namespace orvex {
 
-/// A box for a segment number, in which anything can be typed, with a spin control. What a text or
-/// a step means is the logic's to say.
+/// A box for a segment number with a spin control. It accepts any text; the logic decides what a
+/// text or a step means.
 class SegmentBox : public QAbstractSpinBox {
   Q_OBJECT
 

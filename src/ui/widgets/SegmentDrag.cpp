@@ -41,7 +41,7 @@ bool SegmentDrag::eventFilter(QObject*, QEvent* event) {
     case QEvent::MouseButtonRelease:
       return Release(*static_cast<QMouseEvent*>(event));
     case QEvent::ShortcutOverride:
-      // No key may change the lists under what is dragged.
+      // No key may change the lists during a drag.
       if (IsDragging()) event->accept();
       return IsDragging();
     case QEvent::KeyPress:
@@ -73,7 +73,7 @@ bool SegmentDrag::Move(const QMouseEvent& mouse) {
       pressedAt_ && (pointer_ - *pressedAt_).manhattanLength() >= QApplication::startDragDistance();
   if (begins && !IsDragging()) Begin();
   if (IsDragging()) Follow();
-  // The button held down drags, and selects nothing on its way.
+  // Moving with the button held down is a drag, so it must not select rows on its way.
   return true;
 }
 
@@ -143,7 +143,7 @@ void SegmentDrag::Scroll() {
   Follow();
 }
 
-/// Nothing is dragged any more.
+/// Ends the drag, if any, and removes its traces.
 void SegmentDrag::End() {
   pressedAt_.reset();
   if (!IsDragging()) return;

@@ -14,13 +14,13 @@ namespace orvex {
 
 class RowList;
 
-/// Drags the selected rows of a list with the mouse onto a row of one of several lists. The row
-/// under the pointer is marked, a list whose edge is reached scrolls, and Escape gives up.
+/// Drags the selected rows of a list with the mouse onto a row of one of several lists. Marks the
+/// row under the pointer, scrolls a list near its edges, and stops on Escape.
 class SegmentDrag : public QObject {
   Q_OBJECT
 
  public:
-  /// For rows of `source`, which owns it.
+  /// Drags rows of `source`, which owns this object.
   SegmentDrag(RowList* source, std::vector<RowList*> targets);
   ~SegmentDrag() override;
 
@@ -42,9 +42,9 @@ class SegmentDrag : public QObject {
 
   RowList* source_;
   std::vector<RowList*> targets_;
-  std::optional<QPoint> pressedAt_;  // on the screen, like pointer_
+  std::optional<QPoint> pressedAt_;  // in screen coordinates, like pointer_
   QPoint pointer_;
-  QPointer<QLabel> image_;  // of what is dragged
+  QPointer<QLabel> image_;  // shows what is being dragged
   QTimer scrolling_;
 };
 

@@ -5,8 +5,7 @@
 
 namespace orvex {
 
-/// Shows the clocks of a class in the labels of a form, and the trouble with its log if there is
-/// any.
+/// Shows the clocks of a class in a form's labels, and any trouble with its log.
 template <typename Ui>
 void ShowClocks(const SessionClocks& clocks, Ui& ui) {
   ShowText(ui.lblEpisode, clocks.EpisodeCaption());

@@ -20,7 +20,7 @@ namespace {
 constexpr int kMarkerWidth = 4;
 constexpr float kMarkStrength = 0.12F;
 constexpr qreal kLegendSize = 0.92;
-/// How strongly the legend stands out, compared with the statement.
+/// The opacity of the legend's text; that of the statement is 1.
 constexpr float kLegendStrength = 0.75F;
 
 QLabel* WrappedLabel(std::string_view text) {
@@ -58,7 +58,7 @@ QLayout* StatementRow::BuildTexts(std::size_t statement) {
 
 QLayout* StatementRow::BuildButtons(std::size_t statement) {
   const SurveyStatement& scheme = SurveyStatements().at(statement);
-  // The widest caption sets the width of all columns, so that they stand under each other.
+  // All columns are as wide as the widest caption, so that they line up.
   const int width = QRadioButton(ToQt(kNotApplicable)).sizeHint().width();
   auto* layout = new QHBoxLayout;
   layout->setSpacing(6);
@@ -78,7 +78,7 @@ QLayout* StatementRow::BuildButtons(std::size_t statement) {
   choices_ = new ChoiceGroup(buttons, this);
   connect(choices_, &ChoiceGroup::Chosen, this, &StatementRow::Rated);
   for (QRadioButton* button : buttons) button->installEventFilter(this);
-  // A statement whose scale ends early keeps the place of the values it lacks.
+  // A shorter scale leaves the places of its missing values empty.
   constexpr int kHighest = 3;
   for (int i = scheme.highest; i < kHighest; ++i) layout->addSpacing(width + spacing);
 
@@ -144,7 +144,7 @@ bool StatementRow::TakeKey(const QKeyEvent& key) {
   return true;
 }
 
-/// Lets the eye find the statement that the keys rate.
+/// Marks the statement that the keys currently rate.
 void StatementRow::paintEvent(QPaintEvent* event) {
   QWidget::paintEvent(event);
   if (!current_) return;

@@ -11,9 +11,9 @@ namespace orvex {
 
 class ChoiceGroup;
 
-/// A statement of the survey, its legend and its buttons. On the buttons a digit rates the
-/// statement, N says that it does not apply and Delete takes the rating back; the logic decides
-/// what is selected.
+/// A statement of the survey with its legend and buttons. On the buttons, a digit rates the
+/// statement, N means it does not apply and Delete takes the rating back. The logic decides what is
+/// selected.
 class StatementRow : public QWidget {
   Q_OBJECT
 
@@ -21,19 +21,19 @@ class StatementRow : public QWidget {
   /// `statement` counts from 0.
   explicit StatementRow(std::size_t statement, QWidget* parent = nullptr);
 
-  /// Shows the button that is selected; kUncoded for none.
+  /// Shows `button` as selected; kUncoded for none.
   void ShowRating(int button);
-  /// Gives the selected button the focus, or else the first.
+  /// Focuses the selected button, or else the first.
   void Focus();
   /// What a key does on one of the buttons. True when it is done with.
   bool TakeKey(const QKeyEvent& key);
 
  Q_SIGNALS:
-  /// The user selected a button, or took the rating back: kUncoded.
+  /// The user selected a button or took the rating back (kUncoded).
   void Rated(int button);
-  /// A key asks for the statement so many further on.
+  /// The user pressed a key to move on by `statements` statements.
   void Step(int statements);
-  /// The focus has come to the row.
+  /// The row has received the focus.
   void Entered();
 
  protected:
