@@ -1,4 +1,4 @@
-// What the command line is read as.
+// How the command line is understood.
 
 #include "app/command_line.h"
 

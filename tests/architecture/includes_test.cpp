@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The rooms of the house, and the rooms each may include from besides itself.
+/// The folders of src, and the other folders that each may include from.
 const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"model", {}},
     {"store", {"model"}},
@@ -35,7 +35,7 @@ const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"app", {"ui", "commands", "tables", "recovery", "start", "desk", "store", "model"}},
 };
 
-/// The folder that a line includes from; "" when it includes none of ours.
+/// The folder that `line` includes from; "" unless it is one of ours.
 std::string IncludedFolder(std::string_view line) {
   const auto skip = [&line](std::string_view what) {
     line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
@@ -48,7 +48,7 @@ std::string IncludedFolder(std::string_view line) {
   const std::size_t slash = line.find('/');
   if ((!quoted && !line.starts_with('<')) || slash == std::string_view::npos) return "";
   const std::string folder(line.substr(1, slash - 1));
-  // Between angles it may be the system's; between quotes, only ours.
+  // A name in angle brackets may belong to the system; a quoted one is always ours.
   return quoted || kMayInclude.contains(folder) ? folder : "";
 }
 
@@ -70,7 +70,7 @@ TEST(Architecture, IncludesGoDownwardOnly) {
   for (const auto& entry : fs::recursive_directory_iterator(orvex::test::SourceFolder() / "src")) {
     const std::string extension = entry.path().extension().string();
     if (extension != ".h" && extension != ".cpp") continue;
-    // A room may have corners: ui/forms/frmQA.cpp belongs to ui.
+    // Subfolders belong to their top folder: ui/forms/frmQA.cpp is part of ui.
     const fs::path inside = fs::relative(entry.path(), orvex::test::SourceFolder() / "src");
     const std::string folder = inside.begin()->string();
     ASSERT_TRUE(kMayInclude.contains(folder)) << folder << " is not a room of the house";

@@ -1,4 +1,4 @@
-// What the commands write, where, and with which exit code.
+// What the commands write, which streams and files they write to, and their exit codes.
 
 #include <gtest/gtest.h>
 
@@ -23,13 +23,13 @@
 namespace orvex {
 namespace {
 
-/// A console whose streams are kept.
+/// A console that keeps what is written to its streams.
 struct Kept {
   std::ostringstream out;
   std::ostringstream err;
   Console console{.out = out, .err = err, .interrupted = {}};
 
-  /// What was written since the last call, without the folder of the test.
+  /// What was written to `stream` since the last call, with the test's folder removed.
   std::string Take(std::ostringstream& stream, const std::filesystem::path& folder) {
     std::string text = stream.str();
     stream.str("");
@@ -205,12 +205,12 @@ TEST(Commands, CheckNamesWhatIsMissingAndGoesOnAfterABadFile) {
             "1 file checked: 0 of 0 questions not fully coded\n");
 }
 
-/// Every member of `expected` is in `found`, with the same value.
+/// Expects every member of `expected` in `found`, with the same value.
 void ExpectHolds(const QJsonValue& expected, const QJsonValue& found, const std::string& path) {
   if (expected.isObject()) {
     const QJsonObject members = expected.toObject();
     for (auto member = members.begin(); member != members.end(); ++member) {
-      // What the makers of the samples note about each of them.
+      // "twists" describes the sample itself, not its reports.
       if (path.empty() && member.key() == QLatin1String("twists")) continue;
       const std::string name = path + "/" + member.key().toStdString();
       ASSERT_TRUE(found.toObject().contains(member.key())) << name;

@@ -12,7 +12,7 @@
 
 namespace orvex::test {
 
-/// An episode file of class 7-12-3 with these episodes.
+/// The bytes of a file that holds `episodes`, observed in class 7-12-3.
 inline std::string FileOf(const EpisodeList& episodes) {
   const EpsHeader header = {.identity = {.Initials = "AB",
                                          .SchoolNum = "7",
@@ -24,7 +24,7 @@ inline std::string FileOf(const EpisodeList& episodes) {
   return FormatEps(header, episodes);
 }
 
-/// The episodes of a file that has nothing to say.
+/// The episodes in `bytes`, which must be readable without repairs.
 inline EpisodeList ReadBack(const std::string& bytes) {
   struct Silence : EpsReadEvents {
     bool ContinueWithEarlierVersion() override { return false; }
@@ -33,14 +33,14 @@ inline EpisodeList ReadBack(const std::string& bytes) {
   return ParseEps(bytes, silence).Episodes;
 }
 
-/// A desk with the episode editor on it, once a file was opened.
+/// A desk with an episode editor, which exists once a file has been opened.
 struct EditorDesk : Desk {
   EpisodeEditor& Open(const std::filesystem::path& path) {
     LoadOutcome outcome = LoadEpisodes(services, path);
     editor = std::make_unique<EpisodeEditor>(services, std::move(*outcome.loaded));
     return *editor;
   }
-  /// The same with a file of its own that holds `episodes`.
+  /// Writes `episodes` to a file of their own and opens it.
   EpisodeEditor& Open(const EpisodeList& episodes) {
     PutFile(file, FileOf(episodes));
     return Open(file);
@@ -50,7 +50,7 @@ struct EditorDesk : Desk {
   std::unique_ptr<EpisodeEditor> editor;
 };
 
-/// A click on a row of a list selects it and shows it.
+/// Selects a row of a list and shows it, like a click.
 inline void ClickEpisode(EpisodeEditor& editor, int row) {
   editor.SelectEpisodes({row});
   editor.ShowEpisode(row);
@@ -66,7 +66,7 @@ inline SegmentData Segment(int activity, int seconds) {
   return segment;
 }
 
-/// A question "q7" by the teacher or a student.
+/// A question "q7", asked by the teacher or a student.
 inline questionInfo Question(int number, const char* source = "T") {
   questionInfo question;
   question.SetValue("q" + std::to_string(number), {source, "Y", "N", "N", "R", "", "N", "", "U"}, 1,

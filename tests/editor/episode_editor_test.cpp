@@ -17,8 +17,8 @@ using test::Question;
 using test::Segment;
 using Rows = std::vector<std::string>;
 
-/// Warm-up (review): directions, seatwork, presentation, with six questions, three of them
-/// students'; Talk: a discussion; Empty: nothing.
+/// Warm-up (a review of directions, seatwork and presentation, with six questions, three of them
+/// students'), Talk (a discussion) and Empty.
 EpisodeList ThreeEpisodes() {
   EpisodeList episodes(3);
   episodes[0].Descript = "Warm-up";
@@ -79,7 +79,7 @@ TEST_F(EpisodeEditorTest, CodesGoStraightIntoTheSegment) {
   editor.Recode(SubCode::seatworkLevel, 1);
   editor.Recode(SubCode::seatworkOrganization, 1);
   editor.Recode(SubCode::writing, 1);
-  editor.Recode(SubCode::groupSolo, 0);  // not shown, so not changed
+  editor.Recode(SubCode::groupSolo, 0);  // it is hidden, so nothing changes
   SegmentData coded = Segment(15, 65);
   coded.src = 2;
   coded.coglvl = 1;
@@ -121,12 +121,12 @@ TEST_F(EpisodeEditorTest, AnAboutTextGoesWithItsActivityButNotByLooking) {
 TEST_F(EpisodeEditorTest, AnEpisodeIsOnlySplitWhereItCanBe) {
   const EpisodeList before = episodes;
   ClickEpisode(editor, 1);
-  editor.SplitEpisode();  // no segment goes
+  editor.SplitEpisode();  // no segment would move
   editor.SelectSegments({1, 2, 3});
-  editor.SplitEpisode();  // no segment stays
+  editor.SplitEpisode();  // no segment would stay
   editor.SelectSegments({2});
   editor.SelectEpisodes({2});
-  editor.SplitEpisode();  // another one is shown
+  editor.SplitEpisode();  // another episode is shown
   editor.SelectEpisodes({1});
   desk.prompter.ExpectQuestions(std::nullopt);
   editor.SplitEpisode();
@@ -134,7 +134,7 @@ TEST_F(EpisodeEditorTest, AnEpisodeIsOnlySplitWhereItCanBe) {
   editor.SplitSegment();
   EXPECT_EQ(desk.prompter.askedDivisions, std::vector{60});
   editor.MoveSegments(1);
-  editor.ReorderSegments(1);  // it is the shown one
+  editor.ReorderSegments(1);  // it is the shown episode itself
   EXPECT_EQ(episodes, before);
   EXPECT_EQ(editor.StepName(Way::undo), "");
 
@@ -154,7 +154,7 @@ TEST_F(EpisodeEditorTest, TypingIsUndoneBoxByBox) {
   editor.TypeSegmentDuration("9");
   editor.ShowEpisode(2);
   editor.TypeDescription("Other");
-  editor.TypeDescription("Talk");  // as it was
+  editor.TypeDescription("Talk");  // the original text
   EXPECT_EQ(editor.StepName(Way::undo), "Change duration");
   editor.TakeStep(Way::undo);
   EXPECT_EQ(editor.CurrentEpisode(), 1);
@@ -169,7 +169,7 @@ TEST_F(EpisodeEditorTest, TypingIsUndoneBoxByBox) {
   EXPECT_FALSE(editor.Modified());
   editor.TakeStep(Way::redo);
   EXPECT_EQ(editor.View().description, "Tal");
-  editor.TypeDescription("Tall");  // after a redo it is a step of its own
+  editor.TypeDescription("Tall");  // a separate step after a redo
   EXPECT_EQ(editor.StepName(Way::redo), "");
   editor.TakeStep(Way::undo);
   EXPECT_EQ(editor.View().description, "Tal");
@@ -189,10 +189,10 @@ TEST_F(EpisodeEditorTest, AStepIsOneBoxOfOneQuestion) {
     return episodes[1].questions[1].question + "|" + episodes[2].questions[1].question;
   };
   questions.TypeQuestion("a");
-  questions.ChooseQuestion(1);  // a look at another question
+  questions.ChooseQuestion(1);  // just looking at another question
   questions.ChooseQuestion(2);
   for (const char* text : {"abc", "ab"}) questions.TypeQuestion(text);
-  questions.ChooseEpisode(3);  // the question of the same number there
+  questions.ChooseEpisode(3);  // it has a question with the same number
   questions.TypeQuestion("c");
   questions.LeaveBox();
   questions.TypeQuestion("cd");
@@ -232,7 +232,7 @@ TEST_F(EpisodeEditorTest, WhatWouldNotFitIntoTheFileIsRefused) {
   editor.SelectSegments({1});
   refuses("No more than 32767 segments" + end, [&] { editor.MoveSegments(3); });
 
-  // An episode whose last segment goes takes its questions along.
+  // An episode that loses its last segment also gives its questions away.
   episodes[0].segments.resize(1);
   episodes[1].segments.resize(1);
   editor.Activate();

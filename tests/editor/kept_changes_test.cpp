@@ -1,4 +1,4 @@
-// What is changed in a file and not saved, and what becomes of it when the program ends.
+// Unsaved changes to a file, and what happens to them when the program ends.
 
 #include "recovery/kept_changes.h"
 
@@ -28,14 +28,14 @@ class KeptChangesTest : public testing::Test {
     return episodes;
   }
 
-  /// Changes the file in the editor, and lets the program end as a crash would.
+  /// Changes the file in the editor, then ends the program like a crash.
   void ChangeAndCrash(const char* description) {
     EpisodeEditor& editor = desk.Open(desk.file);
     editor.TypeDescription(description);
     editor.Keep();
     desk.editor.reset();
   }
-  /// Opens the file again, which gets `answer`. Null when it was not opened.
+  /// Opens the file again, answering the question with `answer`. Null when it was not opened.
   EpisodeEditor* Reopen(Answer answer, const std::string& since = "") {
     desk.prompter.Expect(
         "7-12-3.eps was changed on 03-14-2001 at 09:00:00, and the changes were not saved." + since,
@@ -65,7 +65,7 @@ TEST_F(KeptChangesTest, AreTakenUpDiscardedOrLeftWhenTheFileIsOpenedAgain) {
   ASSERT_NE(editor, nullptr);
   EXPECT_EQ(editor->View().description, "A \\ caf\u00e9");
   EXPECT_TRUE(editor->Modified());
-  // They are kept on, with what comes to them.
+  // The changes stay kept, along with new ones.
   editor->TypeDescription("B");
   editor->Keep();
   ASSERT_NE(editor = Reopen(Answer::yes), nullptr);
@@ -89,14 +89,14 @@ TEST_F(KeptChangesTest, AreNotKeptOnceThereAreNone) {
     editor.AwaitKept();
     EXPECT_EQ(Kept(), std::vector{recovery});
   };
-  // Undone.
+  // All changes have been undone.
   change();
   const KeptContent kept = ReadKept(recovery);
   editor.TakeStep(Way::undo);
   editor.Keep();
   desk.editor.reset();
   EXPECT_EQ(Kept(), std::vector<fs::path>{});
-  // Saved, and then killed before what was kept had gone.
+  // The file was saved, but the program was killed before the kept changes were removed.
   EpisodeEditor& again = desk.Open(desk.file);
   again.TypeDescription("A");
   EXPECT_TRUE(again.Save());
@@ -104,7 +104,7 @@ TEST_F(KeptChangesTest, AreNotKeptOnceThereAreNone) {
   test::PutFile(recovery, Sealed(kept.content, kept.number));
   desk.Open(desk.file);
   EXPECT_EQ(Kept(), std::vector<fs::path>{});
-  // Given up.
+  // The changes were discarded.
   desk.editor->TypeDescription("B");
   desk.editor->AwaitKept();
   EXPECT_EQ(Kept(), std::vector{recovery});
@@ -136,7 +136,7 @@ TEST_F(KeptChangesTest, AreAnotherOrvexsWhileItRuns) {
   desk.Open(desk.file).TypeDescription("A");
   desk.editor->AwaitKept();
   EXPECT_TRUE(UnfinishedFiles(desk.services).empty());
-  // Somebody opens the file there, too: nothing is asked, and nobody's changes are replaced.
+  // Another program opens the same file: it does not ask, and does not replace these changes.
   LoadOutcome outcome = LoadEpisodes(desk.services, desk.file);
   ASSERT_TRUE(outcome.loaded);
   EpisodeEditor other(desk.services, std::move(*outcome.loaded));
@@ -172,7 +172,7 @@ TEST_F(KeptChangesTest, AreOfferedAtTheNextStartWhereverTheFilesLie) {
   EXPECT_TRUE(all[0].takeUp());
   EXPECT_EQ(desk.screens.Take(),
             (std::vector<std::string>{"show episode editor for 7-12-3.eps", "close mainMenu"}));
-  // The notes are in their dialog again.
+  // The notes are back in their dialog.
   EXPECT_FALSE(all[1].takeUp());
   EXPECT_EQ(desk.screens.Take(), std::vector<std::string>{"show field notes 5-12-3.nte"});
   endsWhile("caf\u00e9 and much more");

@@ -17,8 +17,8 @@ namespace {
 using test::Question;
 using test::Segment;
 
-/// Episodes from a short spelling: "a b c|q1 q2; d e" are two, with segments named by their about
-/// texts (or "name:seconds", 10 by default) and questions by their texts.
+/// Builds episodes from a short spelling. "a b c|q1 q2; d e" is two episodes. Segments are named by
+/// their about texts ("name:seconds"; 10 seconds by default), questions by their texts.
 EpisodeList Spelled(const std::string& spelling) {
   EpisodeList episodes;
   std::istringstream list(spelling);
@@ -60,7 +60,7 @@ std::string SpellingOf(const EpisodeList& episodes) {
   return spelling;
 }
 
-/// Does what a case says: "MoveSegments 1 1,3 3" is MoveSegments(episodes, 1, {1, 3}, 3).
+/// Applies one edit: "MoveSegments 1 1,3 3" is MoveSegments(episodes, 1, {1, 3}, 3).
 std::optional<Place> Edited(EpisodeList& e, const std::string& edit) {
   std::istringstream words(edit);
   std::string name;
@@ -90,7 +90,7 @@ TEST(ObservationEdits, RestructureAsTheyShould) {
   struct Case {
     const char* before;
     const char* edit;
-    const char* after;  ///< the same pointer as `before` when nothing is to happen
+    const char* after;  ///< the same pointer as `before` when nothing should change
     Place next;
   };
   const char* const kFive = "a b c d e|1 2 3 4 5";
@@ -171,7 +171,7 @@ TEST(ObservationEdits, TypedDurationsAreTakenModulo20000) {
   }
 }
 
-/// Random edits, with what must stay true of the whole observation.
+/// Random edits, and what must hold for the whole observation after each.
 struct RandomEdits {
   int Up(int most) { return std::uniform_int_distribution<int>(1, std::max(most, 1))(random); }
   Positions Some(std::size_t count) {
@@ -189,7 +189,7 @@ struct RandomEdits {
     const Positions segments = Some(episode.segments.size());
     const int sg = Up(static_cast<int>(episode.segments.size()));
     SegmentData* const segment = ItemAt(episode.segments, sg);
-    switch (Up(12)) {  // more often apart than together, so that there is something to edit
+    switch (Up(12)) {  // split more often than merge, so that there is always something to edit
       case 1:
         return void(MoveSegments(episodes, ep, segments, other));
       case 2:

@@ -69,7 +69,7 @@ TEST_F(SavingTest, AFailureCanBeSavedElsewhere) {
   storage.Fail(1, EROFS, "open");
   desk.prompter.Expect(kFailed, Answer::no);
   desk.prompter.ExpectSaveFile({.path = {}, .folder = desk.folder.Path()});
-  desk.prompter.Expect(kFailed, Answer::cancel);  // without a place the question comes back
+  desk.prompter.Expect(kFailed, Answer::cancel);  // no place was chosen, so the question comes back
   EXPECT_FALSE(editor.Save());
   EXPECT_EQ(desk.prompter.askedSaveFiles[0].defaultName, "7-12-3.eps");
   EXPECT_EQ(desk.prompter.askedSaveFiles[0].folder, desk.file.parent_path());
@@ -100,7 +100,7 @@ TEST_F(SavingTest, AnotherProgramsChangeIsNotReplacedUnasked) {
   desk.prompter.Expect(kChanged, Answer::yes);
   EXPECT_TRUE(editor.Save());
   EXPECT_EQ(FileBytes(desk.file), Edited());
-  // A file that is gone is written again.
+  // A deleted file is written again.
   std::filesystem::remove(desk.file);
   EXPECT_TRUE(editor.Save());
   EXPECT_EQ(FileBytes(desk.file), Edited());
@@ -189,7 +189,7 @@ TEST_F(SavingTest, QuittingForAnotherFileBeginsAnew) {
   EXPECT_EQ(desk.screens.Take(), Rows{"end"});
 }
 
-/// What is to be told of a file that a save would change.
+/// The warning about a file that saving would change.
 std::optional<Message> ToldOf(const std::filesystem::path& file) {
   struct SilentReading : EpsReadEvents {
     bool ContinueWithEarlierVersion() override { return true; }

@@ -32,8 +32,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Kills the program when it makes its `fatal`-th call: a write after half of its bytes, every
-/// other call before it does anything.
+/// Kills the program at its `fatal`-th call. A write stops after half of its bytes; any other call
+/// does nothing at all.
 class DeadlyStorage : public Storage {
  public:
   explicit DeadlyStorage(int fatal) : fatal_(fatal) {}
@@ -81,7 +81,7 @@ class DeadlyStorage : public Storage {
   }
 
  private:
-  /// The system takes an entry of the log whole or not at all, whenever the program is killed.
+  /// The system takes a log entry completely or not at all, whenever the program is killed.
   static bool IsLog(int descriptor) {
     const fs::path name = fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor));
     return name.extension() == ".bak";
@@ -101,7 +101,7 @@ class DeadlyStorage : public Storage {
   int calls_ = 0;
 };
 
-/// What the class and its log are after each step when nothing goes wrong, and its files at the
+/// What an undisturbed class leaves: its state and its log after each step, and its files at the
 /// end.
 struct Truth {
   std::vector<std::string> states;
@@ -110,7 +110,7 @@ struct Truth {
   int calls = 0;
 };
 
-/// The class that is kept in `folder`, in the words in which it is kept; "" for none.
+/// The newest class kept in `folder`, in the format it is kept in; "" for none.
 std::string NewestKept(const fs::path& folder) {
   KeptClass newest;
   for (const fs::path& path : KeptPaths(folder / "BAK")) {
@@ -165,15 +165,15 @@ Truth PlayToTheEnd() {
   return truth;
 }
 
-/// Plays the class in a program of its own that dies on the way. Returns how many steps it had told
-/// to be done.
+/// Plays the class in a process of its own that gets killed on the way. Returns how many steps it
+/// reported as done.
 std::size_t PlayUntilKilled(const fs::path& folder, int fatalCall, int fatalMicroseconds) {
   int ends[2] = {};
   EXPECT_EQ(::pipe(ends), 0);
   const pid_t child = ::fork();
   if (child == 0) {
     if (fatalMicroseconds > 0) {
-      // Nobody handles this signal: it ends the program where it stands.
+      // This signal has no handler, so it ends the program wherever it is.
       const itimerval timer = {.it_interval = {}, .it_value = {0, fatalMicroseconds}};
       ::setitimer(ITIMER_REAL, &timer, nullptr);
     }
@@ -183,7 +183,7 @@ std::size_t PlayUntilKilled(const fs::path& folder, int fatalCall, int fatalMicr
       played.Play(i);
       if (::write(ends[1], "", 1) != 1) break;
     }
-    ::kill(::getpid(), SIGKILL);  // nor does it end in order when all is played
+    ::kill(::getpid(), SIGKILL);  // never end in the usual way, even after the last step
   }
   ::close(ends[1]);
   std::size_t steps = 0;
@@ -195,7 +195,7 @@ std::size_t PlayUntilKilled(const fs::path& folder, int fatalCall, int fatalMicr
   return steps;
 }
 
-/// Holds what the killed program left against what it had told to be done.
+/// Compares what the killed program left with the steps it reported as done.
 void ExpectNothingLost(const fs::path& folder, std::size_t steps, const Truth& truth) {
   const std::map<std::string, std::string> files = FilesOf(folder);
   const auto eps = files.find("EPS/7/12/7-12-4.eps");
@@ -214,7 +214,7 @@ void ExpectNothingLost(const fs::path& folder, std::size_t steps, const Truth& t
   for (const fs::path& path : KeptPaths(folder / "BAK")) EXPECT_FALSE(IsClaimed(path));
   const std::string state = NewestKept(folder);
   if (state.empty()) {
-    // All of it had been stored.
+    // All of it had been stored already.
     for (const auto& [name, bytes] : truth.files) {
       EXPECT_TRUE(bytes == kOldFile || files.at(name) == bytes) << name;
     }
@@ -226,7 +226,8 @@ void ExpectNothingLost(const fs::path& folder, std::size_t steps, const Truth& t
       << state;
 }
 
-/// A kill leaves no class that lacks what its log has; at its end it has it in its files.
+/// After a kill, the log never has an entry that the kept class lacks. At the end of the class its
+/// files hold it all.
 void ExpectClassHasWhatTheLogHas(const fs::path& folder, const Truth& truth) {
   const std::string state = NewestKept(folder);
   const auto at = std::find(truth.states.rbegin(), truth.states.rend(), state);
@@ -236,7 +237,7 @@ void ExpectClassHasWhatTheLogHas(const fs::path& folder, const Truth& truth) {
   EXPECT_TRUE(truth.logs[step - 1].starts_with(log)) << "after " << step << " steps:\n" << log;
 }
 
-/// How much more of it to do than in the usual run of the tests.
+/// A factor for the number of cases to try; 1 in a normal test run.
 int Thoroughness() {
   const char* times = std::getenv("ORVEX_THOROUGH");
   return times == nullptr ? 1 : std::max(1, std::atoi(times));

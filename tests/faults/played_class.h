@@ -23,7 +23,7 @@
 
 namespace orvex::test {
 
-/// A short class, played step by step on a folder, in which every kind of change comes up.
+/// A short class, played step by step on a folder. It contains every kind of change.
 class PlayedClass {
  public:
   PlayedClass(Storage& storage, const std::filesystem::path& folder)
@@ -33,7 +33,8 @@ class PlayedClass {
   }
 
   static constexpr std::size_t kSteps = 28;
-  /// Plays step `i`, after all before it. What it changed is then in the system's hands.
+  /// Plays step `i`; all steps before it must have been played. Returns once the system has its
+  /// changes.
   void Play(std::size_t i) {
     clock_.Advance(kPace);
     steps_[i]();
@@ -42,19 +43,19 @@ class PlayedClass {
     recovery_.AwaitWritten();
   }
 
-  /// Waits until all of it is on the disk.
+  /// Waits until everything is on the disk.
   void AwaitDisk() {
     recovery_.AwaitStored();
     log_.File().AwaitSynced();
   }
-  /// A second goes by.
+  /// Lets a second pass.
   void Tick() {
     clocks_->Tick();
     recovery_.AwaitWritten();
   }
 
-  /// Goes on with a class that another program has played up to step `i` when it was killed.
-  /// False when no class was taken up.
+  /// Takes up a class that another program played up to step `i` before it was killed. False when
+  /// there was none to take up.
   bool TakeUpAt(std::size_t i) {
     clock_.Advance(kPace * static_cast<double>(i));
     OfferUnfinished(prompter_, UnfinishedClasses(services_));
@@ -66,9 +67,9 @@ class PlayedClass {
     return true;
   }
 
-  /// The class as it stands, in the words in which it is kept.
+  /// The class in its present state, in the format it is kept in.
   std::string State() const { return live_ ? StateOf(program_, live_->Running()) : ""; }
-  /// The same of any class, without what no two classes have in common.
+  /// The state of any class, without the token that is unique to each.
   static std::string StateOf(const Program& program, RunningClass running) {
     running.token.clear();
     return FormatRunning(program, running);
@@ -78,7 +79,7 @@ class PlayedClass {
   }
 
  private:
-  static constexpr double kPace = 4;  ///< seconds from step to step
+  static constexpr double kPace = 4;  ///< seconds between steps
 
   void Start() {
     SetUp setUp(services_);

@@ -18,13 +18,13 @@
 
 namespace orvex::test {
 
-/// The real disk, which also notes what a power cut may leave of it before each call. Of a file
-/// there is what was synced last, with all, half or none of what was written since. The names of a
-/// folder that has not been synced since they were made, changed or removed are there up to any of
-/// them, in their order.
+/// The real disk. Before each call it also records every state that a power cut could leave behind.
+/// A file then has the content of its last sync, followed by all, half or none of what was written
+/// later. If a folder was not synced after names in it were made, changed or removed, the first few
+/// of these changes may have survived, in their order.
 class RecordedDisk : public Storage {
  public:
-  /// What may be found in the folder: files with their content, by their path in there.
+  /// A possible state of the folder: the content of each file, by its path in the folder.
   using Image = std::map<std::string, std::string>;
 
   explicit RecordedDisk(std::filesystem::path folder) : folder_(std::move(folder)) {
@@ -37,13 +37,13 @@ class RecordedDisk : public Storage {
     nameable_ = names_;
   }
 
-  /// From here on `steps` steps have been told to be done.
+  /// Notes that `steps` steps have been reported as done by now.
   void Done(std::size_t steps) {
     const std::lock_guard lock(mutex_);
     steps_ = steps;
     NoteImages();
   }
-  /// Every image, with the most steps that were done when the power may have left it.
+  /// Every possible state, with the largest number of steps done by the time it could arise.
   const std::map<Image, std::size_t>& Images() const { return images_; }
 
   int Open(const char* path, int flags, mode_t mode) override {
@@ -126,20 +126,20 @@ class RecordedDisk : public Storage {
     std::string synced;
     std::string written;
 
-    /// The content when `part` halves of what was written since the last sync came through.
+    /// The content if `part` halves of what was written since the last sync have reached the disk.
     std::string Content(std::size_t part) const {
       const std::size_t before = written.starts_with(synced) ? synced.size() : 0;
       if (part == 0) return synced;
       return written.substr(0, before + (written.size() - before) * part / 2);
     }
   };
-  using Names = std::map<std::string, std::shared_ptr<File>>;  // a folder has no file
+  using Names = std::map<std::string, std::shared_ptr<File>>;  // a folder has a null file
 
   static std::string Folder(const std::string& path) {
     return std::filesystem::path(path).parent_path();
   }
 
-  /// A change of the names in one folder.
+  /// One change to the names in a folder.
   struct Change {
     std::string gone;
     std::string there;
@@ -168,11 +168,11 @@ class RecordedDisk : public Storage {
     }
   }
 
-  /// What lies in a folder that is not there is lost.
+  /// The state of the disk with these names. Whatever is in a folder that was lost is lost too.
   Image ImageOf(const Names& names, std::size_t part) const {
     Image image;
     std::set<std::string> folders = {folder_};
-    for (const auto& [path, file] : names) {  // a folder comes before what is in it
+    for (const auto& [path, file] : names) {  // sorted, so a folder comes before its contents
       if (!folders.contains(Folder(path))) continue;
       if (file) {
         image[std::filesystem::path(path).lexically_relative(folder_)] = file->Content(part);
@@ -185,7 +185,7 @@ class RecordedDisk : public Storage {
 
   const std::filesystem::path folder_;
   std::mutex mutex_;
-  Names names_;     ///< what every power cut leaves
+  Names names_;     ///< what any power cut leaves
   Names nameable_;  ///< what the system shows, without the folders that were made since
   std::vector<Change> changes_;
   std::map<int, std::pair<std::string, std::shared_ptr<File>>> open_;
@@ -193,7 +193,7 @@ class RecordedDisk : public Storage {
   std::size_t steps_ = 0;
 };
 
-/// Builds each image of `disk` in a folder, to be looked at with `look(folder, steps)`.
+/// Creates each recorded state as a folder and calls `look(folder, steps)` on it.
 template <typename Look>
 void LookAtImages(const RecordedDisk& disk, Look look) {
   for (const auto& [image, steps] : disk.Images()) {

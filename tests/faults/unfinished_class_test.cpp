@@ -22,7 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Plays the first `steps` steps of a class, and lets the program end as a crash would.
+/// Plays the first `steps` steps of a class, then ends the program like a crash.
 void PlayAndCrash(const fs::path& folder, std::size_t steps) {
   Storage storage;
   PlayedClass played(storage, folder);
@@ -37,7 +37,7 @@ EpisodeList EpisodesIn(const fs::path& eps) {
   return ReadEpsFile(eps, events).Episodes;
 }
 
-/// The steps after which something has been entered and the class not ended.
+/// The range of steps after which something was entered and the class has not ended.
 constexpr std::size_t kFirst = 2;
 constexpr std::size_t kLast = PlayedClass::kSteps - 1;
 
@@ -80,7 +80,7 @@ TEST(UnfinishedClass, IsOfferedWithWhatIsKnownOfItAndLeftAlone) {
   OfferUnfinished(desk.prompter, UnfinishedClasses(desk.services));
   EXPECT_EQ(desk.prompter.asked.back().defaultAnswer, Answer::cancel);
 
-  // A new class of the same numbers would take the place of its log.
+  // A new class with the same numbers would replace the log of this one.
   orvex::SetUp setUp(desk.services);
   for (const auto& [box, number] : {std::pair{HeaderBox::schoolNum, "07"},
                                     {HeaderBox::classNum, "12"},
@@ -98,7 +98,7 @@ TEST(UnfinishedClass, IsOfferedWithWhatIsKnownOfItAndLeftAlone) {
   EXPECT_EQ(desk.screens.Take(),
             (std::vector<std::string>{"take up the class", "close mainMenu", "hide setUp"}));
   EXPECT_NE(desk.NewLogText().find("CLASS TAKEN UP AGAIN ***** 15:00:00"), std::string::npos);
-  // It has gone on all the while, and the correction of the clock can take that back.
+  // The segment ran on all the while; correcting the time can take that back.
   EXPECT_NEAR(desk.clock.SecondsSinceMidnight() - desk.screens.takenUp->segmentStart, 21568, 1);
 }
 
@@ -197,7 +197,7 @@ TEST(UnfinishedClass, OfferedByTwoProgramsGoesToOne) {
   const std::string offer =
       "Class 7-12-3 of 03-14-2001 was not ended.\n\n"
       "It was observed from 09:00:00 to 09:00:24: 1 episode, 0 questions.";
-  // While the question is open here, another program takes the class up, goes on, and crashes.
+  // While the question is open here, another program takes up the class, continues it and crashes.
   desk.prompter.Expect(offer, Answer::yes, [&] {
     PlayedClass other(storage, desk.folder.Path());
     ASSERT_TRUE(other.TakeUpAt(6));
@@ -213,7 +213,7 @@ TEST(UnfinishedClass, ThatWasJustRenamedKeepsItsLog) {
   Desk desk;
   PlayAndCrash(desk.folder.Path(), 24);
   const auto bak = desk.folder / "BAK/7/12";
-  // The log has its new name already; the recovery file still had the old one.
+  // The log was renamed already, but the recovery file still has the old name.
   fs::rename(bak / "7-12-4.recovery", bak / "7-12-3.recovery");
   const std::string log = FileBytes(bak / "7-12-4.bak");
   {
@@ -231,7 +231,7 @@ TEST(UnfinishedClass, ThatWasKilledWhileItWasRenamedIsOne) {
   Desk desk;
   const auto bak = desk.folder / "BAK/7/12";
   PlayAndCrash(desk.folder.Path(), 24);
-  // What was kept under the old number is still there, and the log has one name or the other.
+  // The class is still kept under its old number; the log has either of the two names.
   KeptClass old = ReadKeptClass(bak / "7-12-4.recovery");
   old.program.Episodes.resize(1);
   old.running.curEpisode = 1;
@@ -265,7 +265,7 @@ TEST(UnfinishedClass, KeepsNotesThatWereTakenBeforeAnythingElse) {
     return ReadKeptClass(desk.folder / "BAK/7/12/7-12-3.recovery");
   };
   EXPECT_EQ(kept().running.fieldNotes, "The room is cold.");
-  // What is being typed is kept as well, and is back in the dialog when the class is taken up.
+  // Text being typed is kept as well. It is back in the dialog when the class is taken up.
   desk.prompter.ExpectNotes(std::nullopt, [&](const NotesPrompt& prompt) {
     prompt.typed("The room is colder.");
     LiveObservation again(desk.services, kept().running);

@@ -4,7 +4,7 @@
 
 namespace orvex::test {
 
-/// How many bytes this program has ever asked for.
+/// The number of bytes that this program has allocated in total.
 std::size_t AllocatedBytes();
 
 }  // namespace orvex::test

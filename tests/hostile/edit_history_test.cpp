@@ -24,7 +24,7 @@ TEST(EditHistory, AStepTakesMemoryByWhatItChanges) {
     EXPECT_TRUE(history.Record(episodes, {}));
     return test::AllocatedBytes() - before;
   };
-  constexpr std::size_t kStep = 8 * 1024;  // a record or two, and what the history keeps of a step
+  constexpr std::size_t kStep = 8 * 1024;  // a record or two, and the history of one step
   EXPECT_LT(taken([&] { episodes[0].questions[2000].question += 'b'; }), kStep);
   EXPECT_LT(taken([&] { episodes[1].segments[1].duration = 5; }), kStep);
   EXPECT_LT(taken([&] { episodes[1].questions.erase(episodes[1].questions.begin()); }), kStep);

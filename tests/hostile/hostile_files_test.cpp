@@ -1,4 +1,4 @@
-// Files that are cut off, damaged, or lie about themselves.
+// Files that are cut off, damaged, or make false statements about themselves.
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@
 namespace orvex {
 namespace {
 
-/// Two episodes with a segment of each kind and two questions, in Windows-1252.
+/// Two episodes with two questions and a segment of each kind, in Windows-1252.
 constexpr const char* kEps =
     "********* Orvex 4.10 EPS file *********\r\n"
     "5,12,3, 28, \"AB\", 03-14-2001, 09:05:12, 2 \r\n"
@@ -34,7 +34,7 @@ struct Reader {
   const char* name;
   fuzz::Check* check;
   std::string sample;
-  bool needsWholeFile;  ///< refuses a file of which more is missing than its last line end
+  bool needsWholeFile;  ///< rejects a file that lacks more than its last line end
 };
 
 const std::vector<Reader>& Readers() {
@@ -87,7 +87,7 @@ std::string Times(std::size_t count, const std::string& piece) {
   return text;
 }
 
-/// An episode file that states its counts, with the rest of its text.
+/// An episode file that states these counts, followed by `rest`.
 std::string Eps(int episodes, int questions, int segments, int spells, const std::string& rest) {
   const auto item = [](int number) { return std::to_string(number) + ","; };
   return "5,12,3,28,AB,03-14-2001,09:05:12," + std::to_string(episodes) +
@@ -108,18 +108,18 @@ TEST(HostileFiles, TakeMemoryByTheirSizeAndNotByWhatTheyState) {
     std::string bytes;
   };
   const Case cases[] = {
-      // Counts without anything behind them.
+      // Counts with nothing to back them up.
       {"episodes", Eps(kMost, 0, 0, 0, "")},
       {"segments", Eps(1, 0, kMost, 0, "")},
       {"spells", Eps(1, 0, 0, kMost, "")},
       {"questions", Eps(1, kMost, 0, 0, summary)},
       {"questions in every episode",
        Eps(100, kMost, 0, 0, Times(99, "\n\n0,0,32767,,0,0,0\n") + Times(100, summary))},
-      // Counts that are true, of the least there can be.
+      // True counts of the smallest possible items.
       {"short episodes", Eps(kMost, 0, 0, 0, episodes)},
       {"short segments", Eps(1, 0, kMost, 0, segments + times)},
       {"short questions", Eps(1, kMost, 0, 0, summary + questions)},
-      // One thing over and over.
+      // The same thing over and over.
       {"line ends", Times(kMany, "\n")},
       {"halves of line ends", Times(kMany, "\r")},
       {"commas", Times(kMany, ",")},
@@ -134,7 +134,7 @@ TEST(HostileFiles, TakeMemoryByTheirSizeAndNotByWhatTheyState) {
       {"brackets", Eps(1, 1, 0, 0, summary + Times(kMany, "(") + "\n\n,,,,,,,\n")},
   };
   constexpr std::size_t kRoom = 64 * 1024;
-  constexpr std::size_t kByByte = 400;  // all that is ever asked for, reports included
+  constexpr std::size_t kByByte = 400;  // allocated per byte of the file, reports included
   for (const Reader& reader : Readers()) {
     for (const Case& hostile : cases) {
       const std::size_t before = test::AllocatedBytes();

@@ -47,7 +47,7 @@ TEST(QuestionInfo, NormalLeavesNameAndFollowUpOpen) {
   EXPECT_FALSE(q.IsNormal());
 }
 
-/// A question of which only the source and the response are coded.
+/// A question with only its source and response coded.
 questionInfo Coded(std::string_view src, std::string_view rspns) {
   return Typed({src, rspns});
 }

@@ -17,7 +17,7 @@ namespace {
 
 using test::FileBytes;
 
-/// A disk that is full while `full` is set.
+/// A disk that is full as long as `full` is set.
 struct FullDisk : Storage {
   ssize_t Write(int descriptor, const void* bytes, std::size_t count) override {
     if (!full) return Storage::Write(descriptor, bytes, count);
@@ -72,7 +72,8 @@ TEST_F(EndOfClassTest, TheSurveyWaitsUntilItIsFilledInAndCanBeWritten) {
   answers.ratings[0] = 2;
   live.FillSurvey(answers);
 
-  // The answers wait for another try, whether "E&xit" is pressed or the window closed.
+  // The answers wait for the next attempt, no matter whether "E&xit" is pressed or the window
+  // closed.
   disk.full = true;
   for (int i = 0; i < 2; ++i) {
     desk.prompter.Expect("The survey could not be written.", Answer::cancel);
@@ -164,9 +165,9 @@ TEST_F(EndOfClassTest, AnotherClassOfTheSameNumbersKeepsItsFiles) {
   const auto nte = desk.folder / "NTE/7/12/7-12-3.nte";
   test::PutOldFile(eps, "another class");
   test::PutFile(eps.string() + ".observed", "before it was edited");
-  test::PutFile(nte, "\r\n");  // of no matter: it holds the same
+  test::PutFile(nte, "\r\n");  // does not matter, as its content is the same
   std::filesystem::create_directories(desk.folder / "SUR/7/12/7-12-3.sur");
-  // What is half typed in a box is no number of the class.
+  // A number that is still being typed does not count.
   live.TypeHeader(HeaderBox::observNum, "4");
   test::PutFile(desk.folder / "BAK/7/12/7-12-4.bak", "a third class");
   desk.prompter.Expect("7-12-4.bak already exists. Overwrite it?", Answer::cancel);
@@ -246,7 +247,7 @@ TEST(EndOfClass, IsStoredWholeOrToldOf) {
   test::FailEveryCallOf<ClassScene>("the end of a class with its survey");
 }
 
-/// A class that was not ended and is closed as it stands.
+/// A class that did not end properly and is closed from what was kept.
 struct KeptScene : test::SaveScene {
   explicit KeptScene(bool older) {
     if (older) test::PutOldFile(desk.folder / "EPS/7/12/7-12-3.eps", "the old file");

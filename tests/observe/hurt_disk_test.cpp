@@ -1,4 +1,4 @@
-// A class whose data folder is hurt while it runs, by the system itself.
+// A class whose data folder is damaged while it runs, through real system calls.
 
 #include <gtest/gtest.h>
 #include <sys/mount.h>
@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 struct HurtDisk : testing::Test {
   void TearDown() override { ::umount2(desk.folder.Path().c_str(), MNT_DETACH); }
 
-  /// Starts the class, which lasts ten minutes.
+  /// Starts a class and lets ten minutes pass.
   void Start() {
     desk.OpenLog();
     live.emplace(desk.services);
@@ -29,14 +29,14 @@ struct HurtDisk : testing::Test {
     live->ChooseActivity(3);
     desk.clock.Advance(600);
   }
-  /// Writes an entry to the log that needs room on the disk.
+  /// Logs an entry that needs space on the disk. Returns the log's trouble, if any.
   std::string TroubleOfNextEntry() {
     live->EnterDescription();
     live->TypeDescription(std::string(9000, 'x'));
     live->LeaveDescription();
     return desk.log.File().Trouble();
   }
-  /// Ends the class, which cannot be stored for `error` until the user acts.
+  /// Ends the class. Storing fails with `error` until the user does something about it.
   void End(int error, Answer act, const std::function<void()>& whileAsked = {}) {
     desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
     desk.prompter.Expect("The data files could not be written. The class is still in memory.", act,
@@ -78,7 +78,7 @@ TEST_F(HurtDisk, AFolderThatMayOnlyBeRead) {
   fs::permissions(desk.folder.Path(), fs::perms(0555));
   fs::permissions(other.Path(), fs::perms(0777));
   constexpr uid_t kNobody = 65534;
-  const bool root = ::geteuid() == 0;  // whom no permissions stop
+  const bool root = ::geteuid() == 0;  // permissions do not stop root
   if (root && ::seteuid(kNobody) != 0) GTEST_SKIP() << "root cannot become another user here";
   EXPECT_EQ(TroubleOfNextEntry(), "") << "the log was open before";
   End(EACCES, Answer::no);

@@ -15,7 +15,7 @@ using enum HeaderBox;
 struct HeaderTest : testing::Test {
   HeaderTest() { desk.log.LogBlankLine(); }
 
-  /// Types into a box and leaves it. False when the focus must come back.
+  /// Types into a box and leaves it. False when the box takes the focus back.
   bool Change(HeaderBox box, const std::string& text) {
     header.Enter(box);
     header.Type(box, text);
@@ -40,7 +40,7 @@ TEST_F(HeaderTest, TheOpenLogFollowsTheNumbers) {
   EXPECT_EQ(FileBytes(Log("7/13/7-13-3.bak")),
             "\r\nREVISED N= 1 09:00:00\r\nREVISED N= 2 09:00:00\r\n");
   EXPECT_TRUE(Change(classNum, "13"));
-  EXPECT_TRUE(Change(observNum, "04"));  // as typed
+  EXPECT_TRUE(Change(observNum, "04"));  // the log is named as typed
   EXPECT_TRUE(std::filesystem::exists(Log("7/13/7-13-04.bak")));
 }
 
@@ -51,7 +51,7 @@ TEST_F(HeaderTest, AnExistingLogIsOverwrittenOnlyOnRequest) {
   EXPECT_FALSE(Change(schoolNum, "8"));
   EXPECT_EQ(header.Text(schoolNum), "");
   EXPECT_EQ(FileBytes(Log("8/12/8-12-3.bak")), "another class");
-  // The emptied box gets its number back before it can be left.
+  // An emptied box gets its number back before the user can leave it.
   EXPECT_FALSE(header.Leave(schoolNum));
   EXPECT_EQ(header.Text(schoolNum), "7");
   EXPECT_TRUE(header.Leave(schoolNum));

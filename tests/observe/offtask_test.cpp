@@ -1,4 +1,4 @@
-// Off-task estimates: when they fall due, how they are taken, and what becomes of them.
+// Off-task estimates: when they are due, how they are made, and where they end up.
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ namespace orvex {
 namespace {
 
 struct OfftaskTest : testing::Test, test::Desk {
-  /// A class of 25 students whose first segment gets its activity at `hour`.
+  /// A class of 25 students. The first segment gets its activity at `hour`.
   void Begin(int activity, int hour = 9) {
     clock.Set(hour, 0, 0);
     OpenLog();
@@ -28,7 +28,7 @@ struct OfftaskTest : testing::Test, test::Desk {
     logRead = 0;
     NewLogText();
   }
-  /// Lets the schedule's timer run for so many seconds. Returns when a countdown began and when an
+  /// Runs the schedule's timer for `seconds`. Returns when each countdown began and when each
   /// estimate became pending, in minutes and seconds of the segment.
   std::string Run(double seconds) {
     std::string seen;
@@ -50,7 +50,7 @@ struct OfftaskTest : testing::Test, test::Desk {
     return std::to_string(whole / 60) + ":" + TwoDigits(whole % 60) +
            (since > static_cast<float>(whole) ? ".5" : "");
   }
-  /// An estimate that is pending is taken at the press of the button.
+  /// Waits for a pending estimate and presses the button.
   void Take() {
     const float now = clock.SecondsSinceMidnight();
     while (live->Running().schedule.OfftaskPending() == 0) Run(0.5);
@@ -78,7 +78,7 @@ TEST_F(OfftaskTest, FallDueAtTheActivitysCadenceForAWholeHour) {
     int pending = 0;
     for (int minute = often ? 1 : cadence == 5 ? 2 : 60; minute < 60; minute += cadence) {
       expected += std::to_string(minute) + ":00 due, ";
-      // The countdown's rest is rounded, so it ends with the last half second.
+      // The remaining time is rounded, so the countdown ends half a second early.
       expected += std::to_string(minute) + ":59.5 pending " + std::to_string(++pending) + ", ";
     }
     Begin(activity);
@@ -92,7 +92,7 @@ TEST_F(OfftaskTest, FallDueAtTheNextPointAfterARevision) {
       {59.5, 16, 60, "1:00 due, 1:59.5 pending 1, "},
       {60, 16, 1, "1:00.5 due, "},
       {150, 16, 60, "3:00 due, "},
-      {180, 16, 124, "5:00 due, "},  // a half is rounded to the even point
+      {180, 16, 124, "5:00 due, "},  // half a minute rounds to the even point
       {119.5, 5, 59, "2:00 due, "},
       {250, 5, 200, "7:00 due, "},
       {150, 17, 600, ""},
@@ -201,7 +201,7 @@ TEST_F(OfftaskTest, AreAskedForAtTheEndOfASegmentThatTakesThem) {
     if (takes) prompter.ExpectEstimate({.offtask = "0", .students = "25"});
     live->StartSegment();
   }
-  // "&Q/A" does without, and so does every end of a segment after it, until "&SEGMENT" is used.
+  // "&Q/A" does not ask, and neither do later ends of segments until "&SEGMENT" is used.
   Begin(4);
   live->StartQuestionAnswer();
   live->StartSegment();
@@ -227,7 +227,7 @@ TEST_F(OfftaskTest, SkippedComeBackWithTheTextsAsTheyWereLeft) {
   Take();
   EXPECT_EQ(prompter.askedEstimates[1].offtask, "7");
   EXPECT_EQ(prompter.askedEstimates[1].students, "26");
-  // Compared with what the dialog was first opened with.
+  // The change is measured against the number the dialog first opened with.
   EXPECT_NE(NewLogText().find("REVISED N= 26"), std::string::npos);
   prompter.ExpectEstimate({}, false);
   Take();
@@ -255,7 +255,7 @@ TEST(OfftaskDialogTest, GivesABoxItsTextBackThatIsNoNumber) {
     EXPECT_EQ(dialog.Text(box), accepted ? text : before);
     EXPECT_EQ(dialog.TakeFocus().has_value(), !accepted);
   }
-  // A proportion of more digits than a single has room for.
+  // A proportion with more digits than a float can hold.
   EXPECT_EQ(ProportionOf({.offtask = "1" + std::string(30, '0'), .students = "3"}), 3.3333333e29F);
 }
 

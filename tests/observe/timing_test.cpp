@@ -1,4 +1,4 @@
-// The correction of the start times.
+// Correcting the start times.
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ namespace {
 TEST(TimeAdjustment, MovesBothStartTimes) {
   struct Case {
     double elapsed;
-    double open;  ///< how long the dialog is
+    double open;  ///< how many seconds the dialog stays open
     int maximum;
     int start;
     std::optional<int> seconds;
@@ -29,7 +29,7 @@ TEST(TimeAdjustment, MovesBothStartTimes) {
       {90.4, 0, 180, 90, 90, "11 : 30", "01 : 30", adjusted + "0\n"},
       {90, 0, 180, 90, std::nullopt, "11 : 30", "01 : 30", ""},
       {20000, 0, 32767, 20000, 32767, "556 : 07", "546 : 07", adjusted + "12767\n"},
-      // While the dialog is open, the segment goes on.
+      // The segment continues while the dialog is open.
       {90, 60, 180, 90, 90, "12 : 30", "02 : 30", adjusted + "0\n"},
       {90, 60, 180, 90, 120, "12 : 00", "02 : 00", adjusted + "-30\n"},
       {40000, 60, 32767, 32767, 32767, "677 : 40", "667 : 40", adjusted + "0\n"},

@@ -39,7 +39,7 @@ TEST(QuestionChooser, MovesSelectedRowsToTheEndOfTheOtherList) {
   chooser.MoveToSecond();
   EXPECT_EQ(chooser.First().rows, (Rows{"1.A", "4.D", "5.E"}));
   EXPECT_EQ(chooser.Second().rows, (Rows{"2.B", "3.C"}));
-  chooser.MoveToSecond();  // nothing is selected any more
+  chooser.MoveToSecond();  // the selection is gone, so nothing moves
   EXPECT_EQ(chooser.First().rows.size(), 3U);
   chooser.SelectFirst({1});
   chooser.MoveToSecond();

@@ -31,13 +31,13 @@ struct EditorTest : testing::Test, Desk {
   void Open(const QuestionEditorStart& start, bool duringClass = false) {
     editor.emplace(services, start, duringClass ? &live : nullptr, duringClass ? &clocks : nullptr);
   }
-  /// Opens on an episode of these questions, with the last one shown.
+  /// Opens the editor on an episode with these questions, showing the last one.
   void OpenOn(const std::vector<questionInfo>& questions) {
     program.Episodes.assign(1, {});
     Questions() = questions;
     Open({.caller = EditorCaller::episodeEditor});
   }
-  /// Opens on `count` questions, "Q1" in segment 1 and so on.
+  /// Opens the editor on `count` questions: "Q1" in segment 1, and so on.
   void OpenOnNumbered(int count) {
     std::vector<questionInfo> questions;
     for (int i = 1; i <= count; ++i) {
@@ -47,7 +47,7 @@ struct EditorTest : testing::Test, Desk {
   }
 
   std::vector<questionInfo>& Questions() { return program.Episodes.at(0).questions; }
-  /// The numbers of the frames that are shown, "_" for a blank caption, and the heading.
+  /// The numbers of the frames shown, "_" for a blank caption, then the heading.
   std::string Shown() const {
     std::string shown;
     char number = '1';
@@ -59,7 +59,7 @@ struct EditorTest : testing::Test, Desk {
     }
     return editor->View().hasHeading ? shown + " " + std::string(editor->View().heading) : shown;
   }
-  /// The options selected, "-" for none: "0110--210".
+  /// The position of the option selected in each frame, "-" for none: "0110--210".
   std::string Selected() const {
     std::string selected;
     for (const Dimension dimension : kDimensions) {
@@ -110,7 +110,7 @@ TEST_F(EditorTest, BeginsWhereItsCallerSaysAndGoesBackToIt) {
 }
 
 TEST_F(EditorTest, KeepsTheListAndItsNumbers) {
-  // Of the keys, b and a insert, d drops, r numbers, t types a text, and a digit is a row.
+  // Among the keys, b and a insert, d drops, r numbers, t types a text, and a digit chooses a row.
   using Text = std::string;
   const Text typed = "\xC3\xA9t\xC3\xA9\r\n\xE2\x82\xAC 7890123456789012345678901";
   const Text thirty = "\xC3\xA9t\xC3\xA9 \xE2\x82\xAC 789012345678901234567890";
@@ -162,7 +162,7 @@ TEST_F(EditorTest, KeepsTheListAndItsNumbers) {
 TEST_F(EditorTest, ShowsTheFramesThatSourceAndResponseAskFor) {
   const std::string teacher = "12345679 TEACHER EVAL./FOLLOWUP";
   const std::string student = "12345689 TEACHER RESPONSE";
-  // Files may hold other codes: they count as the second letter, and no option stands for them.
+  // Other codes, as files may hold them, count as the second letter and select no option.
   const std::tuple<std::int16_t, std::int16_t, std::string, std::string> cases[] = {
       {-1, 0, "12", "-0"},  {0, -1, "12", "0-"},   {0, 0, teacher, "00"},
       {0, 1, "12", "01"},   {1, 0, student, "10"}, {1, 1, "126", "11"},
@@ -260,7 +260,7 @@ TEST_F(EditorTest, StepsLeadBackAndForthThroughEveryEpisodeOfAClass) {
     for (int i = 1; i <= editor->QuestionCount(); ++i) shown += " " + editor->RowText(i);
     return shown;
   };
-  // What is done, and what is shown then.
+  // Each change, and a record of what was shown after it.
   const std::function<void()> changes[] = {
       [&] { editor->Do(Command::insertAfter); },
       [&] { editor->TypeQuestion("Who?"); },
@@ -334,7 +334,7 @@ TEST_F(EditorTest, ProofWalksThroughEveryGapAndMakesItBlink) {
     for (const Dimension dimension : kDimensions) add(dimension, kind.Text(dimension));
   }
   ASSERT_EQ(gaps.size(), 25U);
-  // Begun in the middle, the walk comes round to the start.
+  // A walk that begins in the middle comes round to the start.
   std::rotate(gaps.begin(), gaps.begin() + 15, gaps.end());
   program.ProofEp = gaps.front().episode;
   program.ProofQ = gaps.front().question;

@@ -35,7 +35,7 @@ struct Observer : Desk {
     live.TypeDescription("Macbeth");
   }
 
-  /// Starts a question/answer segment; a segment of `previousActivity` goes before it.
+  /// Starts a question/answer segment, after a segment of `previousActivity` if there is one.
   void Open(const std::string& keys, int previousActivity = 0) {
     if (previousActivity != 0) {
       live.ChooseActivity(previousActivity);
@@ -51,8 +51,9 @@ struct Observer : Desk {
     NewLogText();
     Keys(keys);
   }
-  /// Types `keys`: '\n' is Enter, '^' Up, '@6' a click into box 6, '-', '+' and '!' are "&Last",
-  /// "&Ditto" and "Scr&ap", '<' and '>' undo and redo.
+  /// Types `keys`: '
+  /// ' is Enter, '^' Up, '@6' a click into box 6; '-', '+' and '!' press "&Last", "&Ditto" and
+  /// "Scr&ap"; '<' and '>' undo and redo.
   void Keys(std::string_view keys) {
     for (std::size_t i = 0; i < keys.size(); ++i) {
       if (keys[i] == '\n') {
@@ -100,7 +101,7 @@ struct Observer : Desk {
     return entry->Fields().HeadingVisible() ? shown + " " + std::string(entry->Fields().Heading())
                                             : shown;
   }
-  /// The contents of the fields, shown or not: "T|Y|N|N|R||N||U|".
+  /// The contents of all fields, visible or not: "T|Y|N|N|R||N||U|".
   std::string Contents() const {
     std::string contents;
     for (const Dimension field : kDimensions) contents += entry->Fields().Text(field) + "|";
@@ -127,7 +128,7 @@ struct Observer : Desk {
   std::optional<QuestionEntry> entry;
   Box focus;
   bool selected = false;
-  std::string road;  ///< where each Enter has led to
+  std::string road;  ///< the focus after each Enter
 };
 
 struct EntryTest : testing::Test, Observer {};
@@ -148,11 +149,11 @@ TEST_F(EntryTest, ShowsTheFieldsThatSourceAndResponseAskForWhateverWasThere) {
       {"Why?\nt\nn", "12", "T|N||||||||"},
       {"Why?\ns\nn", "126", "S|N||||||||"},
       {"One\ns\nn\nAnna\nWhy?\n@2n\n", "126", "|N||||||||"},
-      // The response taken back, and given again.
+      // The response is withdrawn and given again.
       {"Why?\nt\ny\na\nt\nh\nBen\ny\ne^^^^^^n", "12", "T|N||||||||"},
       {"Why?\nt\ny\na\nt\nh\nBen\ny\ne^^^^^^ny", kFilled, "T|Y||||||||"},
       {"Why?\ns\ny\na\nt\nh\nAnna\no^^^^^n", "126", "S|N||||Anna||||"},
-      // The source changed: what is hidden keeps its code, what comes back is empty.
+      // The source is changed: hidden fields keep their codes, and fields that come back are empty.
       {"Why?\ns\ny\na\nt\nh\nAnna\nc^^^^^^t", kFilled, "T|Y|a|t|h|Anna||c||"},
       {ben + "st", kFilled, "T|Y|N|N|R|Ben||||"},
       {ben + "sts@8c@1t\nY", kFilled, "T|Y|N|N|R|Ben||||"},
@@ -215,7 +216,7 @@ TEST_F(EntryTest, TheFrameSaysWhenTheQuestionBeforeIsEmpty) {
   EXPECT_EQ(entry->FrameCaption(), "Question #4: (3 is empty)");
   Keys("What?\nt");
   EXPECT_EQ(entry->FrameCaption(), "Question #4: (3 is empty)");
-  Questions()[2].question = "found again";  // as in the question editor
+  Questions()[2].question = "found again";  // as the question editor would do
   EXPECT_EQ(entry->FrameCaption(), "Question #4:");
   Keys("\nn\n \n\nn\n");
   EXPECT_EQ(entry->FrameCaption(), "Question #6: (5 is empty)");
@@ -262,7 +263,7 @@ TEST(EntryHistory, WhatWasDroppedOrFiledByMistakeIsUndone) {
     std::string keys;
     std::string questions;
     std::string draft;
-    std::string log;  ///< "R2D1": question 2 restored, question 1 dropped
+    std::string log;  ///< "R2D1": question 2 was restored, question 1 dropped
     std::string offered;
   };
   const std::string one = "One\nt\nn\n";

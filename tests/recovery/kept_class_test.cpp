@@ -13,7 +13,7 @@
 namespace orvex::test {
 namespace {
 
-/// A class in which no field has the value it begins with, and no two of a kind have the same.
+/// A class whose fields all differ from their initial values, and from each other where possible.
 KeptClass EveryField() {
   KeptClass kept;
   kept.moment = {"11-23-2026", "09:41:10", 34870.25F, 1795426870};
@@ -83,8 +83,8 @@ std::string Content(const KeptClass& kept) {
 TEST(KeptClass, ComesBackInEveryField) {
   const KeptClass kept = EveryField();
   const KeptClass back = ParseKept(Content(kept));
-  EXPECT_EQ(Content(back), Content(kept));                  // what is written, is read...
-  EXPECT_EQ(back.program.Episodes, kept.program.Episodes);  // ...and where it belongs
+  EXPECT_EQ(Content(back), Content(kept));                  // what is written can be read...
+  EXPECT_EQ(back.program.Episodes, kept.program.Episodes);  // ...into the right places
   EXPECT_EQ(back.program.identity, kept.program.identity);
   EXPECT_EQ(back.program.OfftaskByCat, kept.program.OfftaskByCat);
   EXPECT_EQ(back.running.survey, kept.running.survey);
@@ -98,7 +98,7 @@ TEST(KeptClass, ComesBackInEveryField) {
   EXPECT_EQ(back.Questions(), 5U);
   EXPECT_FALSE(back.SegmentEnded());
 
-  // A field that is left out of the record would not be told apart from its first value.
+  // If the record left out a field, it could not be told apart from its initial value.
   const std::string content = Content(kept);
   const std::string empty = Content(KeptClass{});
   std::size_t differing = 0;
@@ -118,7 +118,7 @@ TEST(KeptClass, ComesBackInEveryField) {
 
 TEST(KeptClass, IsRefusedWhereItBreaksOrCannotHaveRunSo) {
   const std::string good = Content(EveryField());
-  // The last text may be shorter: that is for the seal of the file to see.
+  // Cutting the last text goes unnoticed here; the seal of the file detects it.
   for (std::size_t size = 0; size < good.find("draftQuestion"); ++size) {
     EXPECT_THROW(ParseKept(good.substr(0, size)), FormatError) << size;
   }

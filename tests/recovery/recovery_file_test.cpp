@@ -26,7 +26,7 @@ class RecoveryFileTest : public testing::Test {
  protected:
   RecoveryFileTest() { fs::create_directories(path_.parent_path()); }
 
-  /// The names in the folder.
+  /// The names of the files in the folder.
   std::vector<std::string> Names() const {
     std::vector<std::string> names;
     for (const auto& entry : fs::directory_iterator(path_.parent_path())) {
@@ -52,7 +52,7 @@ TEST_F(RecoveryFileTest, KeepsTheNewestContentUntilItIsRemoved) {
     EXPECT_EQ(ReadKept(path_).content, "content 100\r\n");
     EXPECT_EQ(KeptPaths(folder_ / "BAK"), std::vector{path_});
     EXPECT_TRUE(IsClaimed(path_));
-    file.Keep("the last");  // also when the program ends at once
+    file.Keep("the last");  // stored even if the program ends at once
   }
   EXPECT_EQ(Names(), std::vector<std::string>{"7-12-3.recovery"});
   EXPECT_FALSE(IsClaimed(path_));
@@ -87,7 +87,8 @@ TEST_F(RecoveryFileTest, MovesWithTheClass) {
   file.Begin(path_);
   file.Keep("before");
   file.AwaitStored();
-  // It goes when the new one is on the disk, whatever is under way, and there and back again.
+  // The old file goes once the new one is on the disk, even with other work under way or after
+  // moving there and back.
   disk_.HoldSyncs(true);
   file.Keep("under way");
   file.AwaitWritten();
@@ -192,9 +193,9 @@ TEST_F(RecoveryFileTest, WaitsForNoDisk) {
   for (int i = 1; i <= 20; ++i) {
     file.Keep("content " + std::to_string(i));
     file.AwaitWritten();
-    // The disk has not answered once, and yet a killed program would lose nothing.
+    // The disk has not completed a single sync, and yet a kill would lose nothing.
     EXPECT_EQ(ReadKept(path_).content, "content " + std::to_string(i));
-    EXPECT_LE(Names().size(), 3U);  // the lock, what the disk is busy with, and what comes next
+    EXPECT_LE(Names().size(), 3U);  // the lock, the file being synced, and the next one
   }
   disk_.HoldSyncs(false);
   file.AwaitStored();

@@ -19,8 +19,8 @@ SegmentData Segment(std::int16_t activity, float seconds) {
   return segment;
 }
 
-/// An episode of 480 seconds whose questions have these sources, and are answered otherwise as
-/// normal ones.
+/// An episode of 480 seconds. Its questions have these sources and are otherwise answered, normal
+/// questions.
 Episode Asked(std::string_view sources) {
   Episode episode;
   episode.segments.push_back(Segment(kQuestionAnswer, 480));
@@ -94,10 +94,10 @@ TEST(TimeSummary, AddsUpWhatAClassDidHoweverLong) {
 
 TEST(QuestionPlot, ShowsWhereStudentsAskInARow) {
   const std::tuple<const char*, const char*, int> cases[] = {
-      {"TTSSS", " |___|", 6},  // the bar behind it has no question
+      {"TTSSS", " |___|", 6},  // no question above the closing bar
       {"TTSSSTTT", " |___|", 8},
       {"SSSTTT", "___|", 6},
-      {"TSSSTTT", "___|", 7},  // no room for its first bar
+      {"TSSSTTT", "___|", 7},  // no room for the opening bar
       {"TTT", "", 3},
       {"", "", 0},
   };

@@ -93,7 +93,7 @@ TEST(MainMenu, SettlesTheFolderOfAClassBeforeItCanBeginAndSaysWhichItIs) {
   menu.NewObservation();
   EXPECT_EQ(menu.DataFolder(), "Data folder: " + stick.string());
 
-  // A folder that is typed can be made, or another one typed.
+  // The user can have a typed folder made, or type another one.
   const std::string made = desk.folder / "a/b";
   desk.prompter.ExpectText(stick / "file/x");
   test::PutFile(stick / "file", "in the way");
@@ -165,7 +165,7 @@ struct FieldNotesScene : test::SaveScene {
   void Save() override {
     prompter.askedNotes.clear();
     EditFieldNotes(services, desk.folder / "a.nte");
-    // Who gives up has what was typed in the dialog again.
+    // After giving up, the user finds the typed text in the dialog again.
     if (prompter.askedNotes.size() > 1) {
       EXPECT_EQ(prompter.askedNotes[1], prompter.typed);
     }

@@ -34,7 +34,7 @@ TEST_F(AppendLogTest, NoFailureDoublesLosesOrReordersAnything) {
         faulty.Fail(failing + 1, error, "write");
         faulty.Fail(failing + 2, EINTR, "write");
         std::string sofar;
-        {  // what waits is written when the program ends
+        {  // waiting entries are written when the log is destroyed
           AppendLog log(faulty);
           log.Open(path);
           for (const std::string& entry : entries) {
@@ -60,7 +60,7 @@ TEST_F(AppendLogTest, ADeadDescriptorIsReplacedAndTheFilePutBackWhole) {
   AppendLog log(storage);
   log.Open(path);
   log.Append("one\r\n");
-  // The stick is pulled out and put in again, empty.
+  // The USB stick is pulled out and comes back empty.
   std::filesystem::remove(path);
   storage.Fail(1, EIO, "write");
   for (const char* call : {"open", "rename"}) storage.Fail(1, EROFS, call);
@@ -72,14 +72,14 @@ TEST_F(AppendLogTest, ADeadDescriptorIsReplacedAndTheFilePutBackWhole) {
     log.Settle();
   }
   EXPECT_EQ(log.Trouble(), "");
-  // Without an error the file is put back all the same.
+  // A missing file is put back even if no call has failed.
   std::filesystem::remove(path);
   log.Append("three\r\n");
   EXPECT_NE(log.Trouble(), "");
   log.Settle();
   EXPECT_EQ(log.Trouble(), "");
   EXPECT_EQ(FileBytes(path), "one\r\ntwo\r\nthree\r\n");
-  // So are the folders of the class, but not the one that the disk is found at.
+  // The folders of the class are made again too, but not the folder where the disk is mounted.
   std::filesystem::remove_all(folder / "BAK");
   log.Append("four\r\n");
   log.Settle();
@@ -91,7 +91,7 @@ TEST_F(AppendLogTest, ADeadDescriptorIsReplacedAndTheFilePutBackWhole) {
   std::filesystem::create_directory(folder.Path());
   log.Retry();
   log.Settle();
-  // It is put back behind the scenes: nothing waits for it.
+  // The file is put back in the background, without waiting for the disk.
   std::filesystem::remove(path);
   storage.HoldSyncs(true);
   log.Append("six\r\n");
@@ -117,7 +117,7 @@ TEST_F(AppendLogTest, EachEntryIsOneWriteThatNoSlowDiskHoldsUp) {
             "first\r\nanother program's\r\nsecond\r\nof two lines\r\nthird\r\n");
   EXPECT_EQ(std::ranges::count(storage.Take(), "write"), 3) << "one for each entry";
   storage.HoldSyncs(false);
-  storage.AwaitSyncs(1);  // what came in the meantime is synced as well
+  storage.AwaitSyncs(1);  // entries that came in the meantime are synced as well
 }
 
 TEST_F(AppendLogTest, AfterAFailedSyncNothingIsSafeUntilItIsWrittenAnew) {

@@ -28,7 +28,7 @@ auto FilesIn(const fs::path& folder) {
   return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
 }
 
-/// Replaces a file, or creates it, while the `failing`-th of its calls fails.
+/// Replaces or creates a file while call number `failing` fails.
 void ReplaceWhile(int failing, int error, bool exists) {
   SCOPED_TRACE("call " + std::to_string(failing) + ": " + std::strerror(error));
   const test::TestFolder folder;
@@ -45,9 +45,9 @@ void ReplaceWhile(int failing, int error, bool exists) {
     told = failure.what();
   }
   const int rename = exists ? 8 : 9;
-  const bool notPrivate = !exists && failing == 2;  // which a new file need not be
+  const bool notPrivate = !exists && failing == 2;  // a new file may do without
   const bool replaced = failing > rename || notPrivate;
-  // A folder that may not be read cannot be synced; the last of the calls closes it.
+  // A folder without read permission cannot be synced, which is forgiven. The last call closes it.
   const bool forgiven = replaced && (notPrivate || error == EACCES || failing >= rename + 3);
   EXPECT_EQ(told, forgiven ? "" : path.string() + ": " + std::strerror(error));
   EXPECT_EQ(FileBytes(path), replaced ? kNew : exists ? kOld : "");
@@ -89,11 +89,11 @@ TEST(ReadFile, TakesOnlyARegularFileOfASizeThatAProgramCanHold) {
   EXPECT_EQ(ReadFile(folder / "link"), kOld);
   EXPECT_THROW(ReadFile(folder / "link", Links::areRefused), FileError);
   EXPECT_THROW(ReadFile(folder.Path()), FileError);
-  // Sparse: it only claims to be as large.
+  // A sparse file, which only appears to be this large.
   constexpr std::uintmax_t kHuge = std::uintmax_t{1} << 42;
   fs::resize_file(folder / "file", kHuge);
   EXPECT_THROW(ReadFile(folder / "file"), FileError);
-  // Nobody ever writes to this pipe. It is read in a program of its own, which may never come back.
+  // Reading this pipe without a writer might block forever, so another process does it.
   const fs::path pipe = folder / "pipe";
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
   const auto read = [&] {

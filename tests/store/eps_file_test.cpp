@@ -43,7 +43,7 @@ TEST(EpsFile, OrdinaryAndOddFilesAreWrittenBackByteForByte) {
   EXPECT_GE(files, 20);
 }
 
-/// "74: text after the last question is left out: "more, text"|the line ends".
+/// The differences as "74: text after the last question is left out: "more, text"|the line ends".
 std::string ToldOf(const std::string& bytes) {
   Repairs repairs;
   const auto found = DifferencesOf(bytes, ParseEps(bytes, repairs));
@@ -87,7 +87,7 @@ TEST(EpsFile, TellsWhatASaveWouldDropOrChange) {
       {FileBytes(test::TestData("bad/without-H1.eps")), "the banner"},
   };
   for (const auto& [bytes, told] : cases) EXPECT_EQ(ToldOf(bytes), told);
-  // Whatever can be read can be compared.
+  // Any file that can be read can also be compared.
   constexpr std::size_t kStep = 5;
   for (std::size_t at = 0; at < good.size(); at += kStep) {
     std::string bytes = good;
@@ -132,7 +132,7 @@ TEST(EpsFile, NoTextBreaksTheFileAndARepairDropsTheAboutText) {
   EXPECT_EQ(ParseEps(bytes, repaired).Episodes[0].segments[0].aboutdata, "");
 }
 
-/// What is said of `bytes`, which are no good episode file.
+/// The error reported for `bytes`, which are not a valid episode file.
 std::string ErrorIn(const std::string& bytes) try {
   Repairs repairs;
   ParseEps(bytes, repairs);

@@ -29,7 +29,7 @@ TEST(Paths, NumbersAreNormalisedAndFoldersMade) {
   EXPECT_EQ(MakeEpsPath(storage, folder.Path(), identity), folder / "EPS/5/12/5-12-4.eps");
   EXPECT_EQ(identity, (Identity{"AB", "5", "12", "4", "28"}));
   EXPECT_EQ(MakeNtePath(storage, folder.Path(), identity), folder / "NTE/5/12/5-12-4.nte");
-  identity.ClassNum = "013";  // the log's name is as typed
+  identity.ClassNum = "013";  // the log is named as typed
   MakeBakFolders(storage, folder.Path(), identity);
   EXPECT_EQ(BakPath(folder.Path(), identity), folder / "BAK/5/013/5-013-4.bak");
   for (const char* made : {"EPS/5/12", "NTE/5/12", "BAK/5/013"}) {

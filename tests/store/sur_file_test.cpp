@@ -42,7 +42,7 @@ TEST(SurFile, BadFilesAreReadAsTheirManifestSays) {
     } catch (const FormatError& error) {
       const std::string bytes = FileBytes(folder / sample.file);
       EXPECT_LE(error.Line(), 1 + std::ranges::count(bytes, '\n')) << error.what();
-    } catch (const FileError&) {  // a folder
+    } catch (const FileError&) {  // the sample is a folder
     }
     EXPECT_EQ(accepted, sample.accepted);
   }

@@ -18,7 +18,7 @@ TEST(TextEncoding, OnlyStrictUtf8IsUtf8) {
   for (const char* bytes : {"", "12345678\xC3\xA9", "\xE2\x82\xAC\xF0\x9F\x98\x80"}) {
     EXPECT_EQ(Decode(bytes).encoding, Encoding::utf8) << bytes;
   }
-  // Cut, no continuation, nothing but one, too long, half a surrogate pair, beyond.
+  // Cut off, no continuation, a lone continuation, overlong, half a surrogate pair, out of range.
   for (const char* bytes :
        {"1234567\xC3", "\xC3\x28", "\xA9", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xF4\x90\x80\x80"}) {
     EXPECT_EQ(Decode(bytes).encoding, Encoding::windows1252) << bytes;
@@ -28,7 +28,8 @@ TEST(TextEncoding, OnlyStrictUtf8IsUtf8) {
 }
 
 TEST(TextEncoding, WhatWindows1252CannotHoldIsWrittenAsUtf8) {
-  // No such letter; its byte is the euro sign's; its bytes would be read as UTF-8.
+  // A letter that it lacks; a character whose byte is the euro sign's; bytes that would read as
+  // UTF-8.
   for (const char* text : {"\u0141", "\u0080", "\u00c3\u00a9"}) {
     EXPECT_EQ(Encode(text, Encoding::windows1252), text);
   }

@@ -15,7 +15,8 @@
 
 namespace orvex::test {
 
-/// Everything an activity works with, on a folder of its own, with the doubles a test scripts.
+/// Everything an activity works with: a folder of its own, and doubles that follow the test's
+/// script.
 struct Desk {
   Desk() { program.DataPath = folder.Path(); }
 
@@ -30,7 +31,7 @@ struct Desk {
     log.File().Open(folder / "BAK/7/12/7-12-3.bak");
   }
 
-  /// The log's content since the last call, with LF line ends for easy reading.
+  /// What was logged since the last call, with LF line ends for easy reading.
   std::string NewLogText() {
     const std::string all = FileBytes(log.File().Path());
     std::string text = all.substr(logRead);
@@ -42,7 +43,7 @@ struct Desk {
   }
 
   TestFolder folder;
-  TestFolder ownFolder;  ///< the program's
+  TestFolder ownFolder;  ///< the program's folder
   Program program;
   Storage storage;
   FakeClock clock;

@@ -6,7 +6,7 @@
 
 namespace orvex::test {
 
-/// A clock that stands still until the test moves it.
+/// A clock that only moves when the test moves it.
 class FakeClock : public Clock {
  public:
   explicit FakeClock(int hour = 9, int minute = 0, int second = 0) { Set(hour, minute, second); }
@@ -20,7 +20,7 @@ class FakeClock : public Clock {
   }
 
   void Set(int hour, int minute, int second) { seconds_ = hour * 3600 + minute * 60 + second; }
-  /// Moves on, past midnight into the next day.
+  /// Moves the clock on, past midnight into the next day.
   void Advance(double seconds) {
     seconds_ += seconds;
     while (seconds_ >= 86400) {
@@ -30,7 +30,7 @@ class FakeClock : public Clock {
   }
 
   Date today{2001, 3, 14};
-  double wallAhead = 0;  ///< how far the system's clock has been set forward
+  double wallAhead = 0;  ///< by how much the system's clock was set forward
 
  private:
   double seconds_ = 0;

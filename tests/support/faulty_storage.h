@@ -17,41 +17,42 @@
 
 namespace orvex::test {
 
-/// The real disk, except that chosen calls fail or write less than they should. Nothing waits for
-/// the medium: no test can tell whether it holds what the system holds.
+/// The real disk, except that chosen calls fail or write less than asked. Syncs do not wait for the
+/// medium: no test could see the difference.
 class FaultyStorage : public Storage {
  public:
-  /// The `number`-th call from now on, of all or of those called `name`, fails with `error`.
+  /// Makes the `number`-th call from now fail with `error`, counting all calls or only those to
+  /// `name`.
   void Fail(int number, int error, const std::string& name = "") {
     const std::lock_guard lock(mutex_);
     faults_.push_back({.name = name, .under = "", .left = number, .error = error});
   }
-  /// From the `number`-th call on, all those called `name` on what is in `folder` fail.
+  /// Makes calls to `name` on anything in `folder` fail, from the `number`-th one on.
   void FailForGood(int number, int error, const std::string& name, const std::string& folder) {
     const std::lock_guard lock(mutex_);
     faults_.push_back(
         {.name = name, .under = folder, .left = number, .error = error, .forGood = true});
   }
-  /// Nothing fails any longer.
+  /// Ends all failures.
   void Heal() {
     const std::lock_guard lock(mutex_);
     faults_.clear();
   }
-  /// How many calls have failed.
+  /// The number of calls that have failed.
   int Injected() const { return injected_; }
-  /// No write takes more than `bytes`.
+  /// Limits each write to `bytes`.
   void LimitWrites(std::size_t bytes) { mostBytes_ = bytes; }
-  /// Every sync waits until it is let go, or until the test can only have failed.
+  /// Makes every sync wait until released, or until the test must have failed.
   void HoldSyncs(bool hold) {
     const std::lock_guard lock(mutex_);
     held_ = hold;
     changed_.notify_all();
   }
-  /// Waits until the disk was asked for `count` syncs of a log since the last `Take`.
+  /// Waits until `count` syncs of a log were requested since the last `Take`.
   void AwaitSyncs(int count) {
     AwaitThat([&] { return std::ranges::count(calls_, "syncData") >= count; });
   }
-  /// How many descriptors have been opened and not closed.
+  /// The number of descriptors that are open.
   int OpenDescriptors() const { return openDescriptors_; }
   /// The names of the calls since the last `Take`, in order.
   std::vector<std::string> Take() {

@@ -10,7 +10,7 @@
 
 namespace orvex::test {
 
-/// Records how the logic moves between the forms: "show questionEntry", "hide liveObservation".
+/// Records how the logic switches between forms: "show questionEntry", "hide liveObservation".
 class RecordingScreens : public Screens {
  public:
   void Show(Screen screen) override { moves.push_back("show " + Name(screen)); }

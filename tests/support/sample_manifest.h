@@ -10,20 +10,21 @@
 
 namespace orvex::test {
 
-/// The folder of the samples: the selection beside the tests, or the one ORVEX_SAMPLES names.
+/// The folder of the samples: the one that ORVEX_SAMPLES names, or the selection next to the tests.
 inline std::filesystem::path SamplesFolder() {
   const char* whole = std::getenv("ORVEX_SAMPLES");
   return whole != nullptr ? std::filesystem::path(whole) : TestDataFolder();
 }
 
-/// What reading one malformed or borderline file does.
+/// The expected result of reading one malformed or borderline file.
 struct BadSample {
   std::string file;
   bool accepted = false;
   std::vector<std::string> messages;  ///< what the user is told, in order
 };
 
-/// Reads bad/manifest.json, which has one value on a line and no escapes but "\n".
+/// Reads bad/manifest.json, which has one value per line and "
+/// " as its only escape.
 inline std::vector<BadSample> BadSamples(const std::string& extension) {
   std::vector<BadSample> samples;
   std::ifstream manifest(SamplesFolder() / "bad" / "manifest.json");

@@ -19,11 +19,11 @@
 
 namespace orvex::test {
 
-/// What the user does about a save that failed.
+/// How the user reacts to a failed save.
 enum class Reaction { tryAgain, saveElsewhere, giveUp };
 
-/// Every file in `folder` with its content, by its path in there; not the session log, which tells
-/// of the failures, and not what locks a class.
+/// Every file in `folder` with its content, by its path in the folder. Leaves out the session log,
+/// which reports the failures, and the lock of a class.
 using Files = std::map<std::string, std::string>;
 inline Files FilesIn(const std::filesystem::path& folder) {
   Files files;
@@ -35,7 +35,7 @@ inline Files FilesIn(const std::filesystem::path& folder) {
   return files;
 }
 
-/// A user who agrees to everything, types `typed`, and reacts to a failed save.
+/// A user who agrees to everything, types `typed`, and reacts to failed saves.
 class SavingPrompter : public ScriptedPrompter {
  public:
   SavingPrompter() { cancelsDialogs = true; }
@@ -67,18 +67,18 @@ class SavingPrompter : public ScriptedPrompter {
   std::filesystem::path elsewhere;
   std::string typed;
   std::function<void()> whileAsked;
-  std::function<void()> healing;  ///< what happens before notes are edited again
+  std::function<void()> healing;  ///< runs before notes are edited again
   std::vector<std::string> told;
 };
 
-/// One kind of save, on a disk whose calls can be made to fail and with a second one beside it.
+/// One kind of save, on a disk whose calls can fail and next to a second disk.
 struct SaveScene {
   SaveScene() { prompter.elsewhere = other.Path(); }
   virtual ~SaveScene() = default;
   SaveScene(const SaveScene&) = delete;
   SaveScene& operator=(const SaveScene&) = delete;
 
-  /// What the user does to have it saved; done again after the user gave up, it saves the same.
+  /// Does what the user does to save. Called again after giving up, it saves the same data.
   virtual void Save() = 0;
 
   Desk desk;
@@ -91,11 +91,11 @@ struct SaveScene {
                     desk.clock,   prompter, desk.screens, desk.programFolder};
 };
 
-/// What a save does when nothing fails.
+/// A save in which nothing fails.
 struct GoodSave {
   Files before;
   Files after;
-  std::map<std::string, int> calls;  ///< how often each call of the system is made
+  std::map<std::string, int> calls;  ///< how often each system call is made
 };
 
 inline bool Holds(const Files& files, const std::string& name, const std::string& bytes) {
@@ -103,15 +103,16 @@ inline bool Holds(const Files& files, const std::string& name, const std::string
   return found != files.end() && found->second == bytes;
 }
 
-/// True when a file, under whatever name, holds `bytes`.
+/// True when some file holds `bytes`, whatever its name.
 inline bool HoldsAnywhere(const Files& files, const std::string& bytes) {
   return std::ranges::any_of(files, [&](const auto& file) { return file.second == bytes; });
 }
 
-/// Each file is the old one or the new one, whole, and there is nothing else.
+/// Expects each file to be completely old or completely new, and no other files.
 inline void ExpectNothingInBetween(const Files& found, const GoodSave& good) {
   for (const auto& [name, bytes] : found) {
-    // How far a class has been closed is kept, too; its last word is looked at in the end.
+    // The recovery file notes how far a class has been closed; its final state is checked at the
+    // end.
     if (name.find(".recovery") != name.npos) continue;
     EXPECT_TRUE(Holds(good.before, name, bytes) || Holds(good.after, name, bytes))
         << name << " is neither the old file nor the new one";
@@ -122,23 +123,23 @@ inline void ExpectNothingInBetween(const Files& found, const GoodSave& good) {
   }
 }
 
-/// Each new file is in its place or in the other folder, where nothing else is.
+/// Expects each new file in its place or in the other folder, which holds nothing else.
 inline void ExpectSavedSomewhere(const Files& found, const Files& other, const GoodSave& good) {
   Files expected;
   for (const auto& [name, bytes] : good.after) {
     const std::string bare = std::filesystem::path(name).filename();
-    if (HoldsAnywhere(good.before, bytes)) continue;  // what was there is only kept
-    if (name.ends_with(".observed")) continue;        // kept beside what is replaced
+    if (HoldsAnywhere(good.before, bytes)) continue;  // it was there before
+    if (name.ends_with(".observed")) continue;        // a copy of the replaced file
     if (!Holds(found, name, bytes) || other.contains(bare)) expected[bare] = bytes;
   }
   EXPECT_EQ(other, expected);
 }
 
-/// Saves on a disk that fails with `error`, and looks at what becomes of it.
+/// Saves on a disk that fails with `error`, and checks the outcome.
 inline void ExpectWholeOrTold(SaveScene& scene, const GoodSave& good, int error) {
   const std::filesystem::path& folder = scene.desk.folder.Path();
   const auto found = [&] {
-    scene.log.File().Settle();  // it may just be being put back
+    scene.log.File().Settle();  // it may be in the middle of being put back
     return FilesIn(folder);
   };
   scene.prompter.whileAsked = [&] {
@@ -163,8 +164,8 @@ inline void ExpectWholeOrTold(SaveScene& scene, const GoodSave& good, int error)
   }
 }
 
-/// While it lives, test folders lie in memory, where the system has a place for that: thousands of
-/// scenes take a disk minutes.
+/// While this exists, test folders live in memory if the system offers a place: on a disk,
+/// thousands of scenes would take minutes.
 class FoldersInMemory {
  public:
   FoldersInMemory() {
@@ -182,8 +183,8 @@ class FoldersInMemory {
   std::optional<std::string> before_;
 };
 
-/// Makes each call of a save fail in turn, for each of several reasons, once or for good; in a
-/// folder that holds an older file, or none. `Scene(bool older)` sets a scene up.
+/// Makes each call of a save fail in turn, for several reasons, once or for good, with and without
+/// an older file in the folder. `Scene(bool older)` sets up a scene.
 template <typename Scene>
 void FailEveryCallOf(const char* what, bool hasElsewhere = true) {
   const FoldersInMemory folders;

@@ -14,8 +14,8 @@
 
 namespace orvex::test {
 
-/// Answers from a script and records what was asked, with its buttons and default. A question that
-/// the script does not expect fails the test and is refused, so that "Try again?" comes to an end.
+/// Answers from a script and records each question with its buttons and default. An unexpected
+/// question fails the test and is refused, so that "Try again?" comes to an end.
 class ScriptedPrompter : public Prompter {
  public:
   ~ScriptedPrompter() override {
@@ -26,42 +26,42 @@ class ScriptedPrompter : public Prompter {
         << "something was never asked for";
   }
 
-  /// The next message box must say `text`, and gets `answer`; `during` runs while it is open.
+  /// Expects a message box with `text` and answers it; `during` runs while it is open.
   void Expect(std::string text, Answer answer, std::function<void()> during = {}) {
     answers_.push_back({std::move(text), answer, std::move(during)});
   }
-  /// The next input box gets `text`; nothing for Cancel.
+  /// Types `text` into the next input box; nothing for Cancel.
   void ExpectText(std::optional<std::string> text) { texts_.push_back(std::move(text)); }
 
-  /// The next file dialog ends like this.
+  /// Ends the next file dialog with `chosen`.
   void ExpectFile(ChosenFile chosen) { files_.push_back(std::move(chosen)); }
-  /// The next dialog for a folder ends with this one; empty for Cancel.
+  /// Ends the next folder dialog with `folder`; empty for Cancel.
   void ExpectFolder(std::filesystem::path folder) { folders_.push_back(std::move(folder)); }
-  /// The next list of unfinished things is answered so; nothing, when all are left.
+  /// Answers the next list of unfinished things; nothing leaves them all.
   void ExpectUnfinished(std::optional<UnfinishedChoice> choice) { choices_.push_back(choice); }
-  /// The next dialog for saving ends like this.
+  /// Ends the next save dialog with `chosen`.
   void ExpectSaveFile(ChosenFile chosen) { saveFiles_.push_back(std::move(chosen)); }
-  /// The next off-task estimate is made with these numbers, or skipped with them typed; `during`
-  /// runs while the dialog is open.
+  /// Types these numbers into the next off-task estimate, then accepts or skips it; `during` runs
+  /// while the dialog is open.
   void ExpectEstimate(const OfftaskPrompt& typed, bool accept = true,
                       std::function<void()> during = {}) {
     estimates_.push_back({typed, accept, std::move(during)});
   }
-  /// The next time adjustment is set to `seconds`; nothing for Cancel. `during` runs while the
-  /// dialog is open.
+  /// Sets the next time adjustment to `seconds`; nothing for Cancel. `during` runs while the dialog
+  /// is open.
   void ExpectSeconds(std::optional<int> seconds, std::function<void()> during = {}) {
     seconds_.push_back({seconds, std::move(during)});
   }
-  /// The next field notes are edited into `notes`; nothing for Cancel. `during` runs while the
-  /// dialog is open.
+  /// Edits the next field notes into `notes`; nothing for Cancel. `during` runs while the dialog is
+  /// open.
   void ExpectNotes(std::optional<std::string> notes,
                    std::function<void(const NotesPrompt&)> during = {}) {
     notes_.push_back({std::move(notes), std::move(during)});
   }
 
-  /// The next segment is divided so that `seconds` go to its second part; nothing for Cancel.
+  /// Divides the next segment so that its second part gets `seconds`; nothing for Cancel.
   void ExpectDivision(std::optional<int> seconds) { divisions_.push_back(seconds); }
-  /// These questions go to the second episode, in the order they are chosen; nothing for Cancel.
+  /// Sends these questions to the second episode, in the order of `numbers`; nothing for Cancel.
   void ExpectQuestions(std::optional<std::vector<int>> numbers) {
     questions_.push_back(std::move(numbers));
   }
@@ -139,7 +139,7 @@ class ScriptedPrompter : public Prompter {
     return Next(choices_, "a list of unfinished things").value_or(std::nullopt);
   }
 
-  /// Cancels the dialogs that the script does not expect, for tests that are about something else.
+  /// Cancels unexpected dialogs, for tests about something else.
   bool cancelsDialogs = false;
 
   std::vector<Message> asked;
@@ -152,7 +152,7 @@ class ScriptedPrompter : public Prompter {
   std::vector<SecondsPrompt> askedSeconds;
   std::vector<std::string> askedNotes;
   std::vector<int> askedDivisions;
-  std::vector<int> askedQuestions;  ///< of episodes with so many
+  std::vector<int> askedQuestions;  ///< the number of questions in each episode
 
  private:
   struct Expected {
@@ -186,7 +186,7 @@ class ScriptedPrompter : public Prompter {
     std::optional<std::string> notes;
     std::function<void(const NotesPrompt&)> during;
   };
-  /// The next answer of a script; nothing, after failing the test, when it has none.
+  /// The next answer of a script. Fails the test and returns nothing when the script has none left.
   template <typename T>
   static std::optional<T> Next(std::deque<T>& script, const std::string& what) {
     if (script.empty()) {

@@ -13,7 +13,7 @@
 
 namespace orvex::test {
 
-/// An empty folder of its own for one test, removed at its end.
+/// An empty folder for one test, removed at the end.
 class TestFolder {
  public:
   TestFolder() {
@@ -45,7 +45,7 @@ inline void PutFile(const std::filesystem::path& path, std::string_view bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
 }
 
-/// The same for a file that has lain there since a known moment.
+/// Writes a file and backdates it by a year.
 inline void PutOldFile(const std::filesystem::path& path, std::string_view bytes) {
   PutFile(path, bytes);
   constexpr auto kMoment = std::filesystem::file_time_type(std::chrono::hours(-24 * 365));

@@ -4,8 +4,8 @@
 
 namespace orvex::test {
 
-/// The folders of the source tree and of the sample files beside the tests. Their names are
-/// compiled in one place alone: the rest compiles the same in every checkout.
+/// The folders of the source tree and of the sample files next to the tests. Only one source file
+/// contains these paths, so that all others compile identically in every checkout.
 std::filesystem::path SourceFolder();
 std::filesystem::path TestDataFolder();
 

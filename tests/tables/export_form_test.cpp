@@ -1,4 +1,4 @@
-// The form of the exports, file by file.
+// The export form, file by file.
 
 #include "tables/export_form.h"
 
@@ -42,7 +42,7 @@ TEST(ExportForm, MakesATableWithoutRowsOfAnEmptyList) {
 struct Failure {
   ExportKind kind;
   const char* list;
-  const char* file;  ///< of the samples, which becomes the second file of the list
+  const char* file;  ///< a sample, which becomes the second file of the list
   const char* message;
   std::string details;
 };

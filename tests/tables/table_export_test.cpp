@@ -1,5 +1,5 @@
-// EPSDATA.TXT and SURDATA.TXT, beside those of another program, and what becomes of them when
-// something goes wrong on the way.
+// EPSDATA.TXT and SURDATA.TXT compared with tables made by another program, and what happens when
+// something goes wrong.
 
 #include "tables/table_export.h"
 
@@ -28,7 +28,7 @@ void CopySample(const std::string& sample, const fs::path& to) {
   test::PutFile(to, test::FileBytes(test::TestData(sample)));
 }
 
-/// Joins the list in `folder`; the texts of the problems.
+/// Joins the list in `folder`. Returns the texts of the problems.
 std::vector<std::string> Join(Storage& storage, TableKind kind, const fs::path& folder,
                               BadFile badFile = BadFile::endsTheTable) {
   TableExport table(storage, kind, ReadFileList(folder / "LIST.TXT"), folder / kind.fileName,
@@ -142,14 +142,14 @@ TEST(TableExport, LeavesAloneWhatItHasNothingBetterFor) {
   Storage storage;
   const fs::path table = folder / "EPSDATA.TXT";
   const std::string kOld = "the old table\r\n";
-  // The list itself, also under another name.
+  // The list itself must not be replaced, even under another name.
   test::PutFile(table, "5-12-3\n");
   fs::create_symlink(table, folder / "LIST.TXT");
   EXPECT_THROW(Join(storage, kEpsData, folder.Path()), FileError);
   EXPECT_EQ(test::FileBytes(table), "5-12-3\n");
   fs::remove(folder / "LIST.TXT");
 
-  // An earlier table, when no row came of files that are all bad.
+  // An earlier table must stay when all files are bad and give no rows.
   test::PutFile(table, kOld);
   test::PutFile(folder / "LIST.TXT", "5-12-3\n6-1-1\n");
   EXPECT_EQ(WithoutNewTable(table), "The earlier EPSDATA.TXT stays as it was.");

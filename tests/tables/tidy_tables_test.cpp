@@ -1,4 +1,4 @@
-// The tables for statistics programs: cell by cell, and read by such programs.
+// The tables for statistics programs: checked cell by cell, and read by such programs.
 
 #include "tables/tidy_tables.h"
 
@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 using Row = std::map<std::string, std::string>;
 
-/// Reads a table as RFC 4180 has it.
+/// Reads a table as RFC 4180 defines it.
 std::vector<Row> ReadCsv(const std::string& text) {
   std::vector<std::vector<std::string>> lines(1, {""});
   bool quoted = false;
@@ -158,7 +158,7 @@ TEST(TidyTables, TellOfEveryQuestionSegmentAndEpisode) {
                              "higher_order=3; seconds_07=90; seconds_15=30; seconds_01=0");
   expectRow(episodes[1], "review=; questions=0; offtask=");
 
-  // What a file holds in another form than it should.
+  // Values that a file holds in an unusual form.
   observation.header.identity = {"AB", "-7", "1E3", " 03", "many"};
   observation.header.StartTime = "9:5:1";
   observation.Episodes[0].offtask = -0.0F;
@@ -182,7 +182,7 @@ TEST(TidyTables, HaveACodebookOfTheirVariables) {
   }
 }
 
-/// Makes the three tables of all odd samples.
+/// Makes all three tables from the odd samples.
 void MakeTables(const fs::path& folder) {
   std::ostringstream out;
   std::ostringstream err;
@@ -197,8 +197,8 @@ void MakeTables(const fs::path& folder) {
   }
 }
 
-/// Runs a script that reads the tables in `folder`. What it finds must add up; the sums come from
-/// EPSDATA.TXT, which another program has made.
+/// Runs a script that reads the tables in `folder`. Its sums must match those of EPSDATA.TXT, which
+/// another program has made.
 void ExpectScriptAgrees(const std::string& interpreter, const std::string& script,
                         const fs::path& folder) {
   test::PutFile(folder / "script", script);

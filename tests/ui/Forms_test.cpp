@@ -21,7 +21,7 @@ using namespace test;
 
 class FormsTest : public testing::Test {
  protected:
-  /// The form of this name, if it is loaded.
+  /// The form with this name; null unless it is loaded.
   static QWidget* Form(const char* name) {
     for (QWidget* form : QApplication::topLevelWidgets()) {
       if (form->objectName() == QLatin1String(name)) return form;
@@ -30,7 +30,7 @@ class FormsTest : public testing::Test {
   }
   static bool Shown(const char* name) { return Form(name) && Form(name)->isVisible(); }
 
-  /// Does `work` in the running program, and returns when the program has ended.
+  /// Does `work` in the running program and waits until the program has ended.
   static void RunUntilTheEnd(const std::function<void()>& work) {
     QTimer::singleShot(0, work);
     QApplication::exec();
@@ -88,7 +88,7 @@ TEST_F(FormsTest, KeepWhatIsNotSavedWhenTheSystemEndsTheProgram) {
       Settle();
       Find(*Form("frmClassEdit"), "txtEpisodeName")->setFocus();
       Keys("!");
-      end();  // nothing is asked
+      end();  // without a question
     });
     forms_.Close(Screen::episodeEditor);
     Settle();
@@ -118,7 +118,8 @@ TEST_F(FormsTest, LeadFromTheMenuThroughTheEpisodeEditorToTheEnd) {
     EXPECT_EQ(Form("frmSplash"), nullptr);
     ASSERT_TRUE(Shown("frmClassEdit"));
 
-    // The question editor begins with the episode shown, and what is done there is one step back.
+    // The question editor opens on the episode shown. What is done there becomes a single undo
+    // step.
     Keys("{Down}{Alt+E}");
     EXPECT_FALSE(Shown("frmClassEdit"));
     ASSERT_TRUE(Shown("frmQA"));
@@ -135,7 +136,7 @@ TEST_F(FormsTest, LeadFromTheMenuThroughTheEpisodeEditorToTheEnd) {
     EXPECT_EQ(label("Label10"), "Small group and pairwork: 1 Question(s)");
     Keys("{Ctrl+Z}");
     EXPECT_FALSE(Form("frmClassEdit")->isWindowModified());
-    // The reports, and the ways between them.
+    // The reports, and how they lead to each other.
     const std::pair<const char*, const char*> moves[] = {
         {"{Alt+C}", "frmQuestionStats"}, {"{Alt+E}", "frmQA"},
         {"{Alt+R}", "frmQuestionStats"}, {"{Alt+M}", "frmClassEdit"},

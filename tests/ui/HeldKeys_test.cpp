@@ -12,8 +12,8 @@
 namespace orvex {
 namespace {
 
-/// How many presses come through to a control of a key that is held down as the display sends it: a
-/// press, and then releases and presses in pairs of one time. Qt flags the pairs only when it sees
+/// How many presses of a held key reach a control. The display sends one press, then pairs of a
+/// release and a press with the same timestamp. Qt flags these pairs as repeats only when it sees
 /// both at once.
 template <typename Control>
 int Hold(int key, Qt::KeyboardModifiers modifiers, bool flagged) {
@@ -46,7 +46,7 @@ TEST(HeldKeys, WhatDoesSomethingCountsOnceHoweverLongItIsHeld) {
     EXPECT_EQ(Hold<QLineEdit>(Qt::Key_F7, Qt::NoModifier, flagged), 2);
     EXPECT_EQ(Hold<CommandButton>(Qt::Key_Space, Qt::NoModifier, flagged), 2);
     EXPECT_EQ(Hold<QRadioButton>(Qt::Key_2, Qt::NoModifier, flagged), 2);
-    // Moving and typing repeat as everywhere.
+    // Keys that move or type repeat as usual.
     EXPECT_EQ(Hold<QLineEdit>(Qt::Key_A, Qt::NoModifier, flagged), 5);
     EXPECT_EQ(Hold<CommandButton>(Qt::Key_Down, Qt::NoModifier, flagged), 5);
   }

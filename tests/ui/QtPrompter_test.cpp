@@ -17,7 +17,7 @@ namespace {
 
 using namespace test;
 
-/// Does `work` with the dialog that opens next.
+/// Does `work` in the next dialog that opens.
 template <typename Dialog>
 void InTheNext(std::function<void(Dialog&)> work) {
   QTimer::singleShot(0, [work = std::move(work)] {
@@ -96,7 +96,7 @@ TEST(QtPrompter, SavesUnderAnotherNameAndReplacesOnlyWhenToldTo) {
 
   InTheNext<QFileDialog>([](QFileDialog& dialog) {
     InTheNext<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::No)->click(); });
-    Keys("\n");  // the name that is proposed, which is taken
+    Keys("\n");  // the suggested name, which is taken
     EXPECT_TRUE(dialog.isVisible());
     dialog.reject();
   });

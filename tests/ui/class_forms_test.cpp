@@ -1,4 +1,4 @@
-// The two forms on which a class is observed: what the keyboard and the mouse do on them.
+// The two forms for observing a class: what the keyboard and the mouse do on them.
 
 #include <gtest/gtest.h>
 
@@ -21,8 +21,8 @@ const std::string kEntry = "Act\tr {Alt+S}q ";
 
 class ClassForms : public testing::Test, protected Desk {
  protected:
-  /// A new class, in which the observer has pressed `keys` on the live form and then `entryKeys` on
-  /// the question entry, if that was opened. What was asked was answered with Yes.
+  /// Starts a new class and presses `keys` on the live form, then `entryKeys` on the question entry
+  /// if that has opened. All questions are answered with Yes.
   QWidget& Begin(const std::string& keys, const std::string& entryKeys = "") {
     prompter.cancelsDialogs = true;
     entry_.reset();
@@ -60,7 +60,7 @@ class ClassForms : public testing::Test, protected Desk {
     Box(box)->selectAll();
     Keys(keys);
   }
-  /// Takes an estimate as soon as one of question/answer is pending.
+  /// Waits for a pending estimate of a question/answer segment and takes it.
   void TakeEstimate() {
     for (; live_->Live().Running().schedule.OfftaskPending() == 0; clock.Advance(1)) {
       live_->Live().Estimates().Tick();
@@ -280,7 +280,7 @@ TEST_F(ClassForms, CloseOnlyBeforeTheFirstKeyOrAfterTheEnd) {
     prompter.Expect("Have you finished Matrices?", Answer::yes);
     form.close();
     EXPECT_EQ(screens.Take().back(), "end");
-    std::filesystem::remove_all(folder / "EPS");  // the next class has the same numbers
+    std::filesystem::remove_all(folder / "EPS");  // the next class will have the same numbers
   }
   Begin("Act\t ");
   Revise("txtClassNum", "x");

@@ -1,4 +1,4 @@
-// The dialogs of a class, and what the keyboard does in them.
+// The dialogs of a class, and how the keyboard works in them.
 
 #include <gtest/gtest.h>
 
@@ -29,7 +29,7 @@ namespace {
 
 using namespace test;
 
-/// Presses `keys` in the dialog that opens next, and does `then` if it is still open.
+/// Presses `keys` in the next dialog that opens, then calls `then` if it is still open.
 void PressInTheNext(const std::string& keys, std::function<void(QDialog&)> then = {}) {
   QTimer::singleShot(0, [keys, then = std::move(then)] {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
@@ -54,7 +54,7 @@ TEST(OfftaskForm, TakesAnEstimateWithEnterFromBoxToBox) {
       {"5{Alt+S}", false, "5", "25"},
       {"5{Esc}", false, "5", "25"},
       {"x{Esc}", false, "0", "25"},
-      {"x\n{Alt+O}", true, "0", "25"},  // "0" is back and the focus in it; the next try holds
+      {"x\n{Alt+O}", true, "0", "25"},  // "0" and the focus come back; the second try works
       {"\t0\n{Alt+O}", true, "0", "25"},
   };
   for (const auto& [keys, accepted, offtask, students] : cases) {
@@ -83,7 +83,7 @@ TEST(AdjustForm, SetsTheSecondsWithSliderOrNumber) {
   const std::tuple<const char*, std::optional<int>> cases[] = {
       {"{Right}{Right}\n\n", 92}, {"{PgUp} {Alt+O}", 99},         {"{Home}\n ", 0},
       {"\t120\n\n", 120},         {"{End}{Alt+C}", std::nullopt}, {"{End}{Esc}", std::nullopt},
-      {"\t{End}9\n\n", 180},  // 909 is too many
+      {"\t{End}9\n\n", 180},  // 909 would be too many
   };
   for (const auto& [keys, seconds] : cases) {
     SCOPED_TRACE(keys);
@@ -98,14 +98,14 @@ TEST(AdjustForm, SetsTheSecondsWithSliderOrNumber) {
 }
 
 TEST(FieldNoteForm, KeepsWhatIsTypedUnlessItIsCancelled) {
-  const std::string notes = "One\r\nTwo\nlines";  // a lone line feed is none of ours
+  const std::string notes = "One\r\nTwo\nlines";  // the program never writes a lone line feed
   const std::tuple<const char*, std::optional<std::string>> cases[] = {
       {"{Alt+S}", notes},
       {"!\n?{Alt+S}", "One\r\nTwo\r\nlines!\r\n?"},
       {"{Alt+Z}!{Backspace}{Alt+S}", "One\r\nTwo\r\nlines"},
       {"!\t ", "One\r\nTwo\r\nlines!"},
       {"!{Alt+C}", std::nullopt},
-      {"{Esc}", std::nullopt},  // nothing is changed: nothing to ask
+      {"{Esc}", std::nullopt},  // nothing has changed, so nothing is asked
   };
   for (const auto& [keys, expected] : cases) {
     SCOPED_TRACE(keys);
@@ -115,7 +115,7 @@ TEST(FieldNoteForm, KeepsWhatIsTypedUnlessItIsCancelled) {
   PressInTheNext("!{Alt+S}");
   EXPECT_EQ(QtPrompter().AskNotes({.notes = "a\u00A0b"}), "a\u00A0b!")
       << "a no-break space is none to change";
-  // Also by the window's frame.
+  // Closing the window does the same.
   PressInTheNext("!", [](QDialog& dialog) { dialog.close(); });
   EXPECT_EQ(QtPrompter().AskNotes({.notes = "A"}), "A!");
 }
@@ -141,12 +141,12 @@ TEST(FieldNoteForm, AsksWhatEscapeMeansForWhatWasTyped) {
     EXPECT_EQ(typed, told);
     EXPECT_EQ(prompter.asked.at(0).defaultAnswer, Answer::yes) << "Enter loses nothing";
   }
-  // What was typed before the program ended counts as typed.
+  // Text typed before the program ended counts as typed.
   PressInTheNext("?{Alt+S}");
   EXPECT_EQ(QtPrompter().AskNotes({.notes = "A", .draft = "A\r\nB"}), "A\r\nB?");
 }
 
-/// What is edited in a line of many pieces is what was edited, whatever it was.
+/// Editing a line that is shown in several pieces has the same result as editing any other.
 TEST(FieldNoteForm, TakesEditsOfALongLineAsOfAnyOther) {
   NotesBox box;
   QString notes;
@@ -158,7 +158,7 @@ TEST(FieldNoteForm, TakesEditsOfALongLineAsOfAnyOther) {
   EXPECT_FALSE(box.document()->isModified() || box.document()->isUndoAvailable());
 
   const QTextBlock second = box.document()->findBlockByNumber(1);
-  const qsizetype at = second.position() - 1;  // one break is before it
+  const qsizetype at = second.position() - 1;  // without the break before it
   const auto to = [&](int position) {
     QTextCursor cursor = box.textCursor();
     cursor.setPosition(position);
@@ -177,7 +177,7 @@ TEST(FieldNoteForm, TakesEditsOfALongLineAsOfAnyOther) {
     box.undo();
     EXPECT_EQ(box.Notes(), notes) << key;
   }
-  // All of it, cut and put back twice.
+  // Cut everything, and paste it twice.
   box.selectAll();
   box.cut();
   EXPECT_EQ(box.Notes(), QString());

@@ -9,10 +9,10 @@
 
 namespace orvex::test {
 
-/// One operation on a file: the numbers and lists of its arguments, and a text among them.
+/// One operation on a file: its numeric arguments, and a text if it has one.
 struct EditOperation {
   std::string name;
-  std::vector<std::vector<int>> arguments;  ///< a plain number is a list of one
+  std::vector<std::vector<int>> arguments;  ///< a single number is a list of one
   std::string text;
 };
 
@@ -21,13 +21,13 @@ struct EditSequence {
   std::vector<EditOperation> operations;
 };
 
-/// Reads edits/operations.json, whose texts have no escapes.
+/// Reads edits/operations.json, whose texts contain no escapes.
 inline std::vector<EditSequence> ReadEditSequences(const std::string& path) {
   std::ifstream file(path);
   const std::string json(std::istreambuf_iterator<char>(file), {});
   std::vector<EditSequence> sequences;
   std::string key;
-  int depth = 0;  // of the brackets inside a list of arguments
+  int depth = 0;  // of brackets within a list of arguments
   for (std::size_t at = 0; at < json.size(); ++at) {
     const char c = json[at];
     auto* operation = sequences.empty() || sequences.back().operations.empty()

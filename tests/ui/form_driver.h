@@ -11,7 +11,7 @@
 
 namespace orvex::test {
 
-/// The control of `form` with this objectName, which must be there.
+/// The control of `form` with this objectName, which must exist.
 template <typename Control = QWidget>
 Control* Find(const QWidget& form, const char* name) {
   auto* control = form.findChild<Control*>(QLatin1String(name));
@@ -19,7 +19,7 @@ Control* Find(const QWidget& form, const char* name) {
   return control;
 }
 
-/// The objectName of the control that has the focus.
+/// The objectName of the focused control.
 inline std::string FocusedName() {
   const QWidget* focused = QApplication::focusWidget();
   return focused ? focused->objectName().toStdString() : "nothing";
@@ -29,7 +29,7 @@ inline void Click(QWidget* control) {
   QTest::mouseClick(control, Qt::LeftButton);
 }
 
-/// Shows `form` as the window in use.
+/// Shows `form` and makes it the active window.
 inline void Activate(QWidget& form) {
   form.show();
   form.activateWindow();

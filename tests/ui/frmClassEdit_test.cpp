@@ -21,7 +21,7 @@ namespace {
 
 using namespace test;
 
-/// What a form may take of 1366 x 768 at 200 %.
+/// The space available to a form on a screen of 1366 x 768 at 200 %.
 constexpr QSize kSmallestScreen(667, 344);
 
 Episode EpisodeOf(const char* description, std::vector<SegmentData> segments,
@@ -62,7 +62,8 @@ class frmClassEditTest : public testing::Test, protected Desk {
   std::string Text(const char* label) const { return The<QLabel>(label)->text().toStdString(); }
   void GoTo(const char* name) { The(name)->setFocus(); }
 
-  /// "Warm-up 10 20 30 40 50 | Macbeth 60 70 | End 80": the episodes with their segments' times.
+  /// All episodes with the times of their segments: "Warm-up 10 20 30 40 50 | Macbeth 60 70 | End
+  /// 80".
   std::string Episodes() const {
     std::string all;
     for (const Episode& episode : program.Episodes) {
@@ -74,7 +75,7 @@ class frmClassEditTest : public testing::Test, protected Desk {
     return all;
   }
 
-  /// The middle of what is seen of a row, which the list is scrolled to.
+  /// Scrolls to a row and returns the middle of its visible part.
   static QPoint Middle(RowList* list, int row) {
     list->scrollTo(list->model()->index(row - 1, 0));
     const QRect place = list->visualRect(list->model()->index(row - 1, 0));
@@ -99,7 +100,7 @@ class frmClassEditTest : public testing::Test, protected Desk {
     QTest::mouseClick(episodes->viewport(), Qt::LeftButton, keys,
                       episodes->viewport()->mapFromGlobal(Middle(episodes, row)));
   }
-  /// Presses the button on a segment and goes with it to a row of a list.
+  /// Presses the mouse button on a segment and moves to a row of a list.
   void DragTo(int segment, const char* list, int row) {
     Mouse(QEvent::MouseButtonPress, Middle(The<RowList>("listViewSg"), segment));
     const QPoint target = Middle(The<RowList>(list), row);
@@ -113,7 +114,7 @@ class frmClassEditTest : public testing::Test, protected Desk {
     DragTo(segment, list, row);
     Drop(list, row);
   }
-  /// Does an operation of the samples.
+  /// Performs one operation of the samples.
   void Perform(const EditOperation& operation) {
     const auto& arguments = operation.arguments;
     const auto number = [&arguments](std::size_t i) { return arguments.at(i).at(0); };
@@ -266,9 +267,9 @@ TEST_F(frmClassEditTest, KeysMoveMergeSplitAndTakeItBack) {
 TEST_F(frmClassEditTest, CutSegmentsArePastedByKeys) {
   struct Case {
     const char* episode;  ///< keys in the list of episodes
-    const char* cut;      ///< then in that of the segments
-    const char* onto;     ///< then in that of the episodes again
-    const char* before;   ///< and in that of the segments
+    const char* cut;      ///< then in the list of segments
+    const char* onto;     ///< then in the list of episodes again
+    const char* before;   ///< and in the list of segments
     const char* episodes;
   };
   const Case cases[] = {
@@ -333,14 +334,14 @@ TEST_F(frmClassEditTest, TheMouseDragsSegments) {
     EXPECT_EQ(Episodes(), c.episodes);
     EXPECT_FALSE(IsMarked(c.list, std::min(c.row, 2)));
   }
-  // Escape gives up, and keys that would change the lists wait.
+  // Escape cancels a drag, and keys that would change the lists do nothing until it ends.
   Open();
   ClickSegment(2);
   DragTo(2, "listViewEp", 2);
   Keys("{Ctrl+X}{Escape}");
   Drop("listViewEp", 2);
   EXPECT_EQ(Episodes(), "Warm-up 10 20 30 40 50 | Macbeth 60 70 | End 80");
-  // A click on one of several selected rows selects it alone; it is no drag.
+  // A click on one of several selected rows is not a drag; it selects just that row.
   ClickSegment(4, Qt::ShiftModifier);
   ClickSegment(3);
   EXPECT_EQ(The<RowList>("listViewSg")->SelectedRows(), std::vector{3});
@@ -373,7 +374,7 @@ TEST_F(frmClassEditTest, ABoxKeepsCaretAndSelectionWhileAnotherWindowIsUsed) {
   const auto lookAway = [this] {
     QWidget other;
     test::Activate(other);
-    form_->Refresh();  // as its timer does
+    form_->Refresh();  // like the form's timer
     other.hide();
     test::Activate(*form_);
   };
@@ -417,7 +418,7 @@ TEST_F(frmClassEditTest, EachActivityShowsItsCodes) {
     ASSERT_EQ(The("codingStack")->geometry(), place) << activity;
   }
   const auto segment = [this] { return program.Episodes[0].segments[0]; };
-  Keys("{Ctrl+Z}");  // back to 16
+  Keys("{Ctrl+Z}");  // back to activity 16
   EXPECT_EQ(segment().activityNum, 16);
   GoTo("cmbSrc");
   EXPECT_EQ(The<QComboBox>("cmbSrc")->currentText(), QStringLiteral("no coding"));

@@ -1,4 +1,4 @@
-// Making the tables from the main menu, watched.
+// Making the tables from the main menu while the user watches.
 
 #include "ui/forms/frmListOfFiles.h"
 
@@ -17,7 +17,7 @@ namespace {
 
 using namespace test;
 
-/// A list of `count` files, each of which is there unless it is number `missing`.
+/// A list of `count` files, all of which exist except number `missing`.
 struct ListDesk : Desk {
   ListDesk(int count, const std::string& extension, int missing = 0) {
     const std::string bytes = FileBytes(TestData("class/17-17-7" + extension));
@@ -35,7 +35,7 @@ struct ListDesk : Desk {
   }
 };
 
-/// Lets the form work until it is finished.
+/// Waits until the form has finished.
 void Await(QSignalSpy& finished) {
   if (finished.isEmpty()) finished.wait(60000);
   EXPECT_EQ(finished.count(), 1);
@@ -50,7 +50,7 @@ TEST(ListOfFilesForm, HighlightsTheFileInWorkAndEndsTheProgram) {
   EXPECT_EQ(form.windowTitle(), QLatin1String("File list"));
   EXPECT_EQ(files->count(), 2000);
   EXPECT_EQ(files->currentItem()->text(), QLatin1String("5-12-1.eps"));
-  // The form lives between the files: what is shown moves with the work.
+  // The form responds between files, so that what is shown keeps up with the work.
   std::vector<int> shown = {0};
   QObject::connect(files, &QListWidget::currentRowChanged, &form, [&](int row) {
     EXPECT_GT(row, shown.back());

@@ -32,7 +32,7 @@ class MatricesForm : public testing::Test, protected Desk {
   std::string Shown(const char* label) const {
     return Find<QLabel>(*form_, label)->text().toStdString();
   }
-  /// The button shown as selected; -1 for none.
+  /// The position of the selected button; -1 for none.
   int Rating(int statement) const {
     int selected = -1;
     const QString name = QStringLiteral("Option%1_%2").arg(statement);
@@ -53,7 +53,7 @@ TEST_F(MatricesForm, IsFilledInFromTheKeyboardAlone) {
   Keys(" {Down}{Down} {End} portfolio\n");
   EXPECT_EQ(FocusedName(), "Check2_0");
   Keys("i \n{Up} \nr \n{End} \n ");
-  // Statement 3 has no value 3, and 5 no "N/A"; 25 is the last.
+  // Statement 3 has no value 3, and 5 has no "N/A"; 25 is the last one.
   Keys("\n123n0n1{Up}100");
   EXPECT_EQ(FocusedName(), "Option8_0") << "on the next page";
   Keys("01230123n1231{Up}{Delete}\n2{Down}3");
@@ -122,7 +122,7 @@ TEST_F(MatricesForm, TabPassesEachGroupAndEachStatementOnce) {
     } while (FocusedName() != start && way.size() < 1000);
     return way;
   };
-  // As little room as there is on a small screen at twice the size.
+  // The room on a small screen at twice the size.
   form_->resize(683, 364);
   Settle();
   for (const char* area : {"listsArea", "engagementArea"}) {

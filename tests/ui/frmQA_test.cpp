@@ -22,7 +22,7 @@ namespace {
 
 using namespace test;
 
-/// What a form may take of 1366 x 768 at 200 %.
+/// The space available to a form on a screen of 1366 x 768 at 200 %.
 constexpr QSize kSmallestScreen(667, 344);
 
 const questionInfo kTeacher = test::Asked("Why?", {"T", "Y", "A", "N", "R", "Ben", "N", "", "U"});
@@ -33,8 +33,8 @@ class frmQATest : public testing::Test, protected Desk {
  protected:
   frmQATest() { OpenLog(); }
 
-  /// Opens the form on an episode with these questions, with the last one shown. An empty one goes
-  /// before it.
+  /// Opens the form on an episode with these questions, showing the last one. An empty episode
+  /// comes before it.
   void Open(const std::vector<questionInfo>& questions, bool proofMode = false) {
     form_.reset();
     program.Episodes.assign(2, {});
@@ -58,7 +58,7 @@ class frmQATest : public testing::Test, protected Desk {
     const auto* model = The<QListView>("lVwQ")->model();
     return model->index(i - 1, 0).data().toString().toStdString();
   }
-  /// Puts the focus where a click would.
+  /// Focuses the control as a click would.
   void GoTo(const std::string& name) { The(name)->setFocus(); }
 
   LiveObservation live_{services};
@@ -94,7 +94,7 @@ TEST_F(frmQATest, KeysWalkTheListAndShowEachQuestion) {
     EXPECT_EQ(Row(shown), std::to_string(shown) + ". " + Text("txtQuestion"));
     EXPECT_EQ(FocusedName(), "lVwQ");
   }
-  // What is dropped or inserted from the keyboard is followed by the list.
+  // The list follows when the keyboard drops or inserts a question.
   Keys("{Alt+P}{Alt+I}New\n{Alt+Z}?");
   EXPECT_EQ(Questions()[17].question, "New?");
   EXPECT_EQ(Row(18), "#. New?");

@@ -23,7 +23,7 @@
 
 namespace orvex::test {
 
-/// The keys that do something in `form` as it is: those of its buttons, actions and other
+/// The keys that work in `form` in its current state: those of its buttons, actions and other
 /// shortcuts.
 inline QList<QKeySequence> KeysOf(const QWidget& form) {
   QList<QKeySequence> keys;
@@ -42,7 +42,8 @@ inline QList<QKeySequence> KeysOf(const QWidget& form) {
   return keys;
 }
 
-/// Two controls of one key would take turns in having the focus, and the key would press neither.
+/// Expects no key to belong to two controls: they would take turns having the focus, and the key
+/// would press neither.
 inline void ExpectAKeyForEachControl() {
   for (const QWidget* form : QApplication::topLevelWidgets()) {
     if (!form->isVisible() || qobject_cast<const QFileDialog*>(form)) continue;  // Qt's own
@@ -55,8 +56,8 @@ inline void ExpectAKeyForEachControl() {
   }
 }
 
-/// Lets the program do what it has put off. When the window in use is gone, the one that is left
-/// comes to the front, as a window manager does it. No form may then have a key twice.
+/// Lets the program do its deferred work. When the active window has gone, brings the remaining one
+/// to the front, as a window manager would. Expects no form to use a key twice.
 inline void Settle() {
   QCoreApplication::processEvents();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -68,8 +69,9 @@ inline void Settle() {
   QCoreApplication::processEvents();
 }
 
-/// Presses the keys of `script` where the focus is: '\n' is Enter, '\t' Tab, a name in braces any
-/// other key ("{Alt+S}", "{Up}"), and every other character is typed.
+/// Presses the keys of `script` in the focused control: '
+/// ' is Enter, '\t' is Tab, braces name any other key ("{Alt+S}", "{Up}"), and all other characters
+/// are typed.
 inline void Keys(const std::string& script) {
   const QString keys = QString::fromStdString(script);
   for (qsizetype at = 0; at < keys.size(); ++at) {
@@ -95,7 +97,7 @@ inline void Keys(const std::string& script) {
   }
 }
 
-/// Lets every timer of the forms come round once.
+/// Fires every timer of the forms once.
 inline void TickForms() {
   for (const QWidget* form : QApplication::topLevelWidgets()) {
     for (QTimer* timer : form->findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly)) {
@@ -105,7 +107,7 @@ inline void TickForms() {
   }
 }
 
-/// The buttons of `form` that can be pressed, in their order, and their captions.
+/// The buttons of `form` that can be pressed, in their order.
 inline std::vector<QPushButton*> ButtonsOf(const QWidget& form) {
   std::vector<QPushButton*> offered;
   for (QPushButton* button : form.findChildren<QPushButton*>()) {
@@ -121,19 +123,19 @@ inline std::string CaptionsOf(const QWidget& form) {
   return captions;
 }
 
-/// The key that presses `button`; "" for none.
+/// The key that presses `button`; "" if there is none.
 inline std::string KeyOf(const QPushButton& button) {
   const std::string key = button.shortcut().toString().toStdString();
   return key.empty() ? button.property("otherKey").toString().toStdString() : key;
 }
 
-/// What the buttons that are confirmed ask.
+/// The questions of the buttons that ask for confirmation.
 inline const std::map<std::string, std::string> kQuestions = {{"{Alt+S}", "Start New Segment?"},
                                                               {"{Alt+P}", "Start New Episode?"},
                                                               {"{Alt+E}", "Verify END OF CLASS"}};
 
-/// Tries each button that the form has after `open`: Enter on it presses nothing, its mnemonic
-/// presses it from where the focus was.
+/// Tests each button that the form has after `open`: Enter must not press it, and its key must
+/// press it from wherever the focus was.
 inline void TryButtons(ScriptedPrompter& prompter, const std::function<QWidget&()>& open,
                        bool confirmed = true) {
   for (std::size_t i = 0; i < ButtonsOf(open()).size(); ++i) {

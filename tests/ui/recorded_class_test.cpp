@@ -1,5 +1,5 @@
-// Whole classes, played from the main menu to the end on the real forms with the keyboard alone.
-// The files they must leave were written by hand from the format and the steps below.
+// Whole classes, played on the real forms from the main menu to the end, with the keyboard alone.
+// The expected files were written by hand from the format and the steps below.
 
 #include <gtest/gtest.h>
 
@@ -20,7 +20,8 @@ using namespace test;
 struct Asked {
   std::string text;
   Answer answer;
-  std::optional<Answer> surveyFinished = {};  ///< what the end of the class asks next
+  std::optional<Answer> surveyFinished =
+      {};  ///< answers the question that may follow at the end of a class
 };
 const Asked kSegment = {"Start New Segment?", Answer::yes};
 const Asked kEpisode = {"Start New Episode?", Answer::yes};
@@ -31,7 +32,7 @@ Asked Declined(const Asked& asked) {
   return {asked.text, asked.answer == Answer::ok ? Answer::cancel : Answer::no};
 }
 
-/// What the observer enters in a dialog that opens.
+/// What the observer enters into a dialog when it opens.
 struct Entered {
   std::optional<OfftaskPrompt> estimate = {};
   std::optional<int> seconds = {};
@@ -41,19 +42,19 @@ Entered Estimate(const char* offtask, const char* students) {
   return {.estimate = OfftaskPrompt{.offtask = offtask, .students = students}};
 }
 
-/// One thing that the observer does.
+/// One action of the observer.
 struct Step {
-  const char* time;  ///< when; "" for the time of the step before
+  const char* time;  ///< when it happens; "" for the time of the previous step
   std::string keys;
-  const char* focus;  ///< where the focus is then
+  const char* focus;  ///< where the focus is afterwards
   std::optional<Asked> asked = {};
-  Entered entered = {};     ///< a dialog that it is not said for is cancelled
-  const char* clocks = "";  ///< what the clocks show before the keys
+  Entered entered = {};     ///< dialogs without an entry are cancelled
+  const char* clocks = "";  ///< what the clocks show before the keys are pressed
 };
 
 class RecordedClass : public testing::Test {
  protected:
-  /// Plays the steps in the running program, which must end with the last one.
+  /// Plays the steps in the running program. The last one must end it.
   void Play(const std::vector<Step>& steps) {
     desk_.prompter.cancelsDialogs = true;
     QTimer::singleShot(0, [&] {
@@ -92,13 +93,13 @@ class RecordedClass : public testing::Test {
     EXPECT_EQ(FocusedName(), step.focus);
   }
 
-  /// Moves the clock on to `time`, today or tomorrow.
+  /// Advances the clock to `time`, today or tomorrow.
   void SetTime(const char* time) {
     const QTime then = QTime::fromString(QLatin1String(time), Qt::ISODateWithMs);
     const double ahead = then.msecsSinceStartOfDay() / 1000.0 - desk_.clock.SecondsSinceMidnight();
     desk_.clock.Advance(ahead < 0 ? ahead + 86400 : ahead);
     TickForms();
-    TickForms();  // what one form copies from the other
+    TickForms();  // one form copies from the other
   }
 
   static std::string Clocks() {
@@ -138,7 +139,7 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"", "{Alt+N}M. \"Zé\"\n007\n 12\n3\n25\n", "Command1"},
       {"09:01:00", "\n", "txtEpisodeName"},
 
-      // A question/answer segment begun and abandoned; another activity, revised.
+      // A question/answer segment that is begun and abandoned; another activity, revised.
       {"09:01:10", "Whole class\t", "Option0_0"},
       {"09:01:20", "q ", text},
       {"", "Whe\n{Alt+A}", text},
@@ -148,7 +149,7 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"09:01:50", "d ", "Option0_0", Declined(kRevise)},
       {"09:02:00", "d ", "Option0_1", kRevise},
 
-      // The header: one student more, then class 13, then another student.
+      // The header: one more student, then class 13, then another student.
       {"09:02:30", "{Backtab}{Backtab}26{Up}{Up}{Up}{Backspace}3\n", "txtObservNum", overwrite},
       {"09:03:00", "\n\n{Backspace}7\n", "txtSchoolNum"},
       {"09:04:30", "{Alt+S}l ", "Option0_3", kSegment},
@@ -178,7 +179,7 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"", "{Alt+S}", text, Declined(kSegment)},
       {"09:14:00", "{Alt+S}", "Option0_4", kSegment},
 
-      // A segment that turns out to be an episode.
+      // A segment that turns out to be an episode of its own.
       {"", "d ", "Option0_5"},
       {"", "{Alt+A}who is \"brave\"?{Alt+O}", "Option0_5"},
       {"09:16:00", "{Alt+T}", "txtEpisodeName"},
@@ -190,7 +191,7 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"", "{Alt+P}", "Option5_1", Declined(kEpisode)},
       {"09:25:02", "{Alt+P}", "txtEpisodeName", kEpisode},
 
-      // An episode that turns out to be a segment.
+      // An episode that turns out to be only a segment.
       {"09:25:10", "Too early\t", "Option0_0"},
       {"09:25:15", "g ", "Option0_10"},
       {"09:26:00", "{Alt+T}", "txtEpisodeName"},
@@ -206,7 +207,7 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"09:34:02", "{Alt+S}c ", "Option0_2", kSegment},
       {"09:35:02", "{Alt+P}", "txtEpisodeName", kEpisode},
 
-      // The activities with codes of their own.
+      // The activities that have codes of their own.
       {"09:35:10", "Grammar – “who” or “whom”\t", "Option0_0"},
       {"09:35:15", "t ", "Option0_12"},
       {"09:38:02", "{Alt+S}", "Option0_12", kSegment},
@@ -231,7 +232,7 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"", "{Alt+P}", "Command11_0", kEpisode},
       {"09:50:32", "n", "txtEpisodeName"},
 
-      // The students ask.
+      // Students ask questions.
       {"09:50:40", "Students ask\t", "Option0_0"},
       {"09:50:45", "q ", text},
       {"09:52:00", "Is it long?\ns\nn\nA\nIs it due?\ns\nn\nB\n", text},
@@ -248,7 +249,7 @@ TEST_F(RecordedClass, LeavesTheFilesOfAMorning) {
       {"10:00:00", "{Alt+E}", "Option0_0", Declined(kEnd)},
       {"", "{Alt+E}", "Command7", {{kEnd.text, Answer::yes, Answer::no}}},
 
-      // The survey is filled in when the class is stored already.
+      // The survey is filled in after the class has been stored.
       {"10:02:00", "{Alt+M}", "Check1_0"},
       {"", " {Up} other things{Ctrl+PgDown}12n{Down}3", "Option6_0"},
       {"", "{Alt+R}", "Command7"},

@@ -38,8 +38,8 @@ using namespace test;
 
 const Identity kIdentity = {"AB", "7", "12", "3", "25"};
 
-/// A quarter of an hour in which every third question is a student's, every fifth gets no response
-/// and every twentieth is of higher level.
+/// A quarter of an hour of questions. Every third is a student's, every fifth gets no response, and
+/// every twentieth is of a higher level.
 Episode Lesson(int questions) {
   Episode episode;
   episode.segments.emplace_back().SetData(kQuestionAnswer, 900);
@@ -94,7 +94,7 @@ TEST(QuestionStatsForm, KeepsTheProportionsOfItsBars) {
     EXPECT_EQ(student->x(), teacher->x() + teacher->width());
     EXPECT_EQ(student->x() + student->width(), whole);
     EXPECT_NEAR(Find<QLabel>(form, "NoRespT_0")->width(), whole / 5.0, 1);
-    // The teacher's answered questions, in yellow behind the others.
+    // The teacher's answered questions are drawn in yellow behind the nonresponses.
     const QImage bar = Find(form, "NoRespT")->grab().toImage();
     EXPECT_EQ(bar.pixelColor(whole / 2, 4), QColor(255, 255, 0));
     EXPECT_NE(bar.pixelColor(whole / 10, 10), QColor(255, 255, 0));
@@ -164,7 +164,7 @@ TEST(TimeSummaryForm, ShowsItsTablesWhole) {
   EXPECT_EQ(FromQt(QApplication::clipboard()->text()), TextOf(Times()));
 }
 
-/// The first column of pixels of `row` that is clearly darker than its ground.
+/// The first column of pixels in `row` that is clearly darker than the background.
 int FirstInk(QLabel& row) {
   const QImage image = row.grab().toImage().convertToFormat(QImage::Format_Grayscale8);
   const int ground = qGray(image.pixel(image.width() - 1, 0));
@@ -184,7 +184,7 @@ TEST(QuestionPlotForm, ScrollsItsRowsAndKeepsTheirHeadings) {
   Settle();
   auto* ruler = Find<QLabel>(form, "Label2_17");
   const double cell = (ruler->width() - 1) / 600.0;
-  // The twentieth question is the first of higher level; the third is the first student's.
+  // Question 20 is the first of a higher level; question 3 is the first by a student.
   EXPECT_NEAR(FirstInk(*Find<QLabel>(form, "Label2_0")), 19 * cell, 2);
   EXPECT_NEAR(FirstInk(*Find<QLabel>(form, "Label2_7")), 2 * cell, 2);
   EXPECT_NEAR(FirstInk(*Find<QLabel>(form, "Label2_10")), 4 * cell, 2);
@@ -225,7 +225,7 @@ TEST(ReportForms, ShowHowTheyWillLookOnPaper) {
   frmQuestionPlot plot(Plot(5), Origin(), Printing{desk.prompter, desk.storage});
   for (QWidget* form : std::initializer_list<QWidget*>{&statistics, &times, &plot}) {
     for (const char* key : {"{Alt+P}", "{Ctrl+P}"}) {
-      // "&Print" of the statistics shares its letter with "Q &Plot".
+      // In the statistics, "&Print" shares its letter with "Q &Plot".
       if (form == &statistics && std::string(key) == "{Alt+P}") continue;
       Activate(*form);
       bool shown = false;
@@ -243,7 +243,7 @@ TEST(ReportForms, ShowHowTheyWillLookOnPaper) {
 
 class PaperTest : public testing::Test {
  protected:
-  /// Prints into a PDF file and reads it back as `pdftotext` does with `mode`.
+  /// Prints into a PDF file and returns its text, as `pdftotext` extracts it with option `mode`.
   QString Printed(const PrintedReport& report, const char* mode) {
     const QString file = QString::fromStdString(Pdf().string());
     QPrinter printer(QPrinter::HighResolution);
@@ -317,7 +317,8 @@ TEST_F(PaperTest, SaysWhatTheFormsSay) {
 TEST_F(PaperTest, WrapsALongPlotAndKeepsItsColumnsUnderTheRuler) {
   const QuestionPlot plot = Plot(600);
   const QString text = Printed(PrintedPlot(plot, Origin()), "-bbox");
-  // Words with their places: a row of a band begins with its heading or letter, left of the plot.
+  // Words with their positions: each row of a band starts with a heading or letter left of the
+  // plot.
   static const QRegularExpression word(QStringLiteral(
       "<page|<word xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\" xMax=\"([0-9.]+)\"[^>]*>([^<]*)</word>"));
   struct Word {
@@ -352,7 +353,7 @@ TEST_F(PaperTest, WrapsALongPlotAndKeepsItsColumnsUnderTheRuler) {
       return found.text == QLatin1String(number);
     })) << number;
   }
-  // Each run of marks stands where its questions stand on the ruler of its band.
+  // Each run of marks lines up with its questions on the ruler of its band.
   std::map<char16_t, int> marks;
   for (const Word& found : words) {
     const char16_t mark = found.text.at(0).unicode();
