@@ -14,7 +14,7 @@ std::string ObserverText(const EpsHeader& header);
 /// "7-12-3 Episode 2", the heading of a report on one episode; episodes count from 1.
 std::string EpisodeTitle(const Identity& identity, int episode);
 
-/// Where an episode comes from, for its reports on paper: there is no form behind them to tell.
+/// What identifies an episode in its printed reports, where no form shows it.
 struct EpisodeOrigin {
   std::string date;
   std::string observer;

@@ -29,7 +29,7 @@ struct TableKind {
 /// Called with a warning about a file that could be read.
 using WarnOf = std::function<void(const std::filesystem::path& file, const std::string& warning)>;
 
-/// Who hears the warnings of EPSDATA.TXT and SURDATA.TXT. Either may be empty.
+/// Receivers of the warnings while EPSDATA.TXT or SURDATA.TXT is made. Either may be empty.
 struct TableWarnings {
   WarnOf ofReading = {};  ///< for earlier versions and repairs
   WarnOf ofNames = {};    ///< for names that disagree with the identity line
@@ -69,7 +69,7 @@ class TableExport {
 
   /// Moves the table with its rows so far into place. Returns false and keeps an earlier table
   /// when bad files have left no rows for a new one. Throws FileError, also keeping the earlier
-  /// table. Nothing on the disk changes before this is called.
+  /// table. Without a commit, an earlier table stays as it is.
   bool Commit();
 
  private:
@@ -91,8 +91,8 @@ class TableExport {
 /// Throws FileError when `table` is the list itself, which it would replace.
 void RequireNotTheList(const std::filesystem::path& table, const std::filesystem::path& list);
 
-/// Tells the user what is there when no new table was stored: "The earlier EPSDATA.TXT stays as
-/// it was."
+/// A sentence that says what is there when no new table was stored: "The earlier EPSDATA.TXT stays
+/// as it was."
 std::string WithoutNewTable(const std::filesystem::path& table);
 
 }  // namespace orvex

@@ -16,7 +16,8 @@ namespace {
 
 constexpr std::array<int, 3> kSignals = {SIGTERM, SIGHUP, SIGINT};
 
-/// A handler may do next to nothing, but write: the event loop reads the other end.
+/// The pipe through which a signal handler reaches the event loop; a handler can safely do little
+/// more than write.
 int ends[2] = {-1, -1};
 
 void Tell(int /*signal*/) {
@@ -40,7 +41,7 @@ EndOfSession::EndOfSession(std::function<void()> keep, std::function<void()> end
   });
   struct sigaction action = {};
   action.sa_handler = Tell;
-  // Whoever asks twice need not wait for the disk.
+  // A second signal kills the program at once, without waiting for the disk.
   action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
   for (const int signal : kSignals) ::sigaction(signal, &action, nullptr);
 }

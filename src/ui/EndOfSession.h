@@ -5,16 +5,17 @@
 
 namespace orvex {
 
-/// Hears when the system wants the program to end: by SIGTERM, SIGHUP or SIGINT, or with the user's
-/// session. Nobody is asked anything then. There is one of these at most.
+/// Notices when the system wants the program to end: by SIGTERM, SIGHUP or SIGINT, or because the
+/// user's session ends. The program then ends without questions. Only one instance may exist.
 class EndOfSession : public QObject {
  public:
-  /// `keep` brings what is not saved into the system's hands; `end` ends the program in order.
+  /// `keep` passes unsaved work on to the system; `end` ends the program in the usual way.
   EndOfSession(std::function<void()> keep, std::function<void()> end);
   ~EndOfSession() override;
 
  protected:
-  /// Ends the program where its windows would be closed, with a question each.
+  /// Ends the program on a quit event, which would otherwise close its windows, each with a
+  /// question.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

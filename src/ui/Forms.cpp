@@ -104,7 +104,7 @@ Forms::Forms(Program& program, SessionLog& log, RecoveryFile& recovery, Storage&
                                                           *this,   programFolder_} {
   QApplication::setQuitOnLastWindowClosed(false);
   QObject::connect(qApp, &QApplication::lastWindowClosed, &ending_, [this] { EndProgram(); });
-  // Whatever an event has changed is kept before the program waits for the next one.
+  // Keep every change before the program waits for the next event.
   QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
                    &ending_, [this] {
                      if (auto* live = Get<frmClassAct>()) live->Live().Keep();
@@ -264,8 +264,8 @@ void Forms::KeepAll() {
 
 void Forms::EndProgram() {
   isEnding_ = true;
-  // Leaving the event loops, also those of boxes that are open, lets every operation return. The
-  // forms and the log then go in the order in which whoever made them lets go of them.
+  // Exiting all event loops, including those of open boxes, lets every running operation return.
+  // After that the forms and the log are destroyed by their owners, in the usual order.
   QMetaObject::invokeMethod(
       &ending_, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
 }

@@ -15,8 +15,8 @@ namespace orvex {
 
 class frmClassAct;
 
-/// The forms of the program, each built when it is first shown. When the user closes the last one,
-/// the program ends.
+/// The forms of the program. Each is built when first shown. The program ends when the user closes
+/// the last one.
 class Forms : public Screens {
  public:
   Forms(Program& program, SessionLog& log, RecoveryFile& recovery, Storage& storage,
@@ -37,9 +37,9 @@ class Forms : public Screens {
   bool ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) override;
   void ShowFieldNotes(const std::filesystem::path& file, Kept kept) override;
 
-  /// Has what is not stored or saved kept as it is, and waits until the system has it.
+  /// Keeps all unsaved work and waits until the system has it.
   void KeepAll();
-  /// The program ends, or is to end before its event loop has begun.
+  /// True once the program is ending, even if its event loop has not started yet.
   bool IsEnding() const { return isEnding_; }
 
  private:

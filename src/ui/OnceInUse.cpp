@@ -19,7 +19,7 @@ void OnceInUse(QObject& context, std::function<void()> act) {
     wait->deleteLater();
     act();
   });
-  // Not within the event itself: a question would run its own loop there.
+  // Do not act within the event itself, as a question would run an event loop there.
   QObject::connect(qApp, &QGuiApplication::focusWindowChanged, wait, [wait](const QWindow* window) {
     if (window != nullptr && wait->isActive()) wait->start(0);
   });

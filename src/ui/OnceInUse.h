@@ -6,8 +6,9 @@ class QObject;
 
 namespace orvex {
 
-/// Runs `act` once a window of the program is in use, so that a question stands over it. Where no
-/// window manager says so, a moment later all the same. Not when `context` has gone by then.
+/// Runs `act` once a window of the program is active, so that a question appears in front of it. If
+/// the window manager reports no active window, runs it after a short wait. Does nothing if
+/// `context` is destroyed first.
 void OnceInUse(QObject& context, std::function<void()> act);
 
 }  // namespace orvex

@@ -9,11 +9,11 @@
 namespace orvex {
 namespace {
 
-// Hundredths, cut off: in single precision the last millisecond of the day would be 86400.
+// Times are cut to hundredths: a float would round the last millisecond of the day to 86400.
 constexpr std::int64_t kHundredths = 100;
 constexpr std::int64_t kHundredthsPerDay = 24 * 60 * 60 * kHundredths;
 
-/// Hundredths of a second since the system was started, sleep included.
+/// Hundredths of a second since the system started, including sleep.
 std::int64_t SystemCount() {
   constexpr std::int64_t kNanosecondsPerHundredth = 10'000'000;
   timespec count = {};

@@ -4,8 +4,8 @@
 
 namespace orvex {
 
-/// The local time of this machine when the clock was made, and what has passed since then by the
-/// count that the system never sets, not even while it sleeps.
+/// Starts from the machine's local time and then counts on its own, unaffected by changes to the
+/// system's clock and by sleep.
 class QtClock : public Clock {
  public:
   QtClock();
@@ -16,7 +16,7 @@ class QtClock : public Clock {
   std::int64_t UnixSeconds() const override;
 
  private:
-  std::int64_t midnight_;  ///< on the system's count, in hundredths of a second
+  std::int64_t midnight_;  ///< midnight on the system's counter, in hundredths of a second
 };
 
 }  // namespace orvex

@@ -24,10 +24,10 @@
 namespace orvex {
 namespace {
 
-constexpr int kInputWidth = 480;  // a path is long
+constexpr int kInputWidth = 480;  // wide enough for a path
 
-/// The window to be asked in front of: the one in use, or any that is shown while the user works
-/// with another program.
+/// The window to ask in front of: the active one or, while the user works in another program, any
+/// visible one.
 QWidget* ParentWindow() {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
   if (QWidget* active = QApplication::activeWindow()) return active;
@@ -37,7 +37,7 @@ QWidget* ParentWindow() {
   return nullptr;
 }
 
-/// Runs `dialog`. Its end is never taken for the end of the last form, also while no form is shown.
+/// Runs `dialog`. Closing it never counts as closing the last form, even when no form is shown.
 int Run(QDialog& dialog) {
   dialog.setAttribute(Qt::WA_QuitOnClose, false);
   FitToScreen(dialog);
@@ -74,7 +74,7 @@ QMessageBox::StandardButton ButtonOf(Answer answer) {
   return QMessageBox::Ok;
 }
 
-/// What it means to close the box without pressing a button.
+/// The answer given by closing the box without pressing a button.
 Answer Refusal(Buttons buttons) {
   switch (buttons) {
     case Buttons::ok:
@@ -94,8 +94,9 @@ QMessageBox::Icon IconOf(const Message& message) {
   return message.buttons == Buttons::ok ? QMessageBox::Information : QMessageBox::Question;
 }
 
-/// Qt lets a letter alone press a button of a box. What has captions of its own drops something or
-/// comes unasked, in the middle of typing: there it takes Alt.
+/// Stops plain letters from pressing the buttons of a box, as Qt would let them. Boxes with
+/// captions of their own either discard something or appear unasked while the user is typing;
+/// there, a button needs Alt.
 class PlainLettersPressNothing : public QObject {
  public:
   using QObject::QObject;
@@ -109,7 +110,7 @@ class PlainLettersPressNothing : public QObject {
 
 /// Lets the user choose a file in `dialog`.
 ChosenFile Choose(QFileDialog& dialog, const FilePrompt& prompt) {
-  // Qt's own dialog, because a platform's does not tell which folder it ended in.
+  // Use Qt's own dialog: a native one does not tell which folder the user ended in.
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setNameFilter(NameFilter(ToQt(prompt.filter)));
   const QString folder = ToQt(prompt.folder.string());
@@ -121,7 +122,7 @@ ChosenFile Choose(QFileDialog& dialog, const FilePrompt& prompt) {
   return {.path = path, .folder = path.parent_path()};
 }
 
-/// The folder that is chosen becomes the text of `dialog`, which stays open.
+/// Adds a button that lets the user pick a folder as the text of `dialog`, which stays open.
 void AddBrowseButton(QInputDialog& dialog) {
   auto* buttons = dialog.findChild<QDialogButtonBox*>();
   QPushButton* browse =
@@ -140,7 +141,7 @@ Answer QtPrompter::Ask(const Message& message) {
   QMessageBox box(IconOf(message), ToQt(message.title), ToQt(message.text),
                   ButtonsOf(message.buttons), ParentWindow());
   box.setInformativeText(ToQt(message.details));
-  // A file name is shown as it is, also one that looks like markup.
+  // Show file names literally, even if they look like markup.
   for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
   for (const auto& [answer, caption] : message.captions) {
     if (QAbstractButton* button = box.button(ButtonOf(answer))) button->setText(ToQt(caption));
@@ -149,7 +150,7 @@ Answer QtPrompter::Ask(const Message& message) {
   box.setDefaultButton(ButtonOf(message.defaultAnswer));
   const Answer dismissed = message.dismissed.value_or(Refusal(message.buttons));
   if (!box.standardButtons().testFlag(ButtonOf(dismissed))) {
-    box.addButton(ButtonOf(dismissed))->hide();  // only for Escape and the window's frame
+    box.addButton(ButtonOf(dismissed))->hide();  // stands for Escape and closing the window
   }
   box.setEscapeButton(ButtonOf(dismissed));
   const int pressed = Run(box);
@@ -165,7 +166,7 @@ std::optional<std::string> QtPrompter::AskText(const TextPrompt& prompt) {
   dialog.setWindowTitle(ToQt(prompt.title));
   dialog.setLabelText(ToQt(prompt.text));
   dialog.setTextValue(ToQt(prompt.defaultText));
-  dialog.resize(kInputWidth, dialog.sizeHint().height());  // which makes its controls
+  dialog.resize(kInputWidth, dialog.sizeHint().height());  // also creates the dialog's controls
   if (prompt.isFolder) AddBrowseButton(dialog);
   if (Run(dialog) != QDialog::Accepted) return std::nullopt;
   return FromQt(dialog.textValue());
@@ -238,7 +239,7 @@ ChosenFile QtPrompter::AskSaveFile(const FilePrompt& prompt) {
   QFileDialog dialog(ParentWindow());
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
-  // A name without an extension gets the filter's before the dialog looks whether it is there.
+  // Adds the extension before the dialog checks whether the file exists.
   dialog.setDefaultSuffix(ToQt(prompt.filter).section(QLatin1Char('.'), -1).toLower());
   return Choose(dialog, prompt);
 }

@@ -8,7 +8,7 @@ class QWidget;
 
 namespace orvex {
 
-/// Asks with modal boxes in front of the form that is in use.
+/// Asks with modal boxes in front of the active form.
 class QtPrompter : public Prompter {
  public:
   Answer Ask(const Message& message) override;
@@ -24,7 +24,7 @@ class QtPrompter : public Prompter {
   std::optional<UnfinishedChoice> AskUnfinished(const std::vector<UnfinishedItem>& items) override;
 };
 
-/// Qt's spelling of a filter: "EPS files (*.EPS)|*.EPS" becomes "EPS files (*.EPS *.eps)".
+/// A filter in Qt's notation: "EPS files (*.EPS)|*.EPS" becomes "EPS files (*.EPS *.eps)".
 QString NameFilter(const QString& filter);
 
 }  // namespace orvex

@@ -7,8 +7,8 @@
 
 namespace orvex {
 
-/// Shows a text that may be longer than its box. A new one is read from its start by whoever is not
-/// typing in it; caret and selection stay as long as the text does.
+/// Shows a text that may be longer than its box. A new text shows its start, unless the user is
+/// typing in the box. An unchanged text keeps its caret and selection.
 inline void ReadFromStart(QLineEdit* box, const std::string& text) {
   const QString before = box->text();
   ShowText(box, text);

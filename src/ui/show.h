@@ -16,7 +16,7 @@
 
 namespace orvex {
 
-/// Shows `text` in a label, button or box, which is left alone when it shows it already: its caret
+/// Shows `text` in a label, button or box. Does nothing if it is shown already, so that the caret
 /// and selection stay.
 template <typename Control>
 void ShowText(Control* control, const QString& text) {
@@ -27,7 +27,8 @@ void ShowText(Control* control, const std::string& text) {
   ShowText(control, ToQt(Shortened(text)));
 }
 
-/// Qt cuts what is longer, and one key would then replace all of the text by its start.
+/// True when `text` fits into a box. Qt would cut a longer text, and one key press would then
+/// replace the whole text with what is left.
 inline bool FitsBox(const std::string& text) {
   constexpr std::size_t kMost = 32767;
   constexpr std::size_t kMostBytesEach = 3;
@@ -35,7 +36,7 @@ inline bool FitsBox(const std::string& text) {
                                   static_cast<std::size_t>(ToQt(text).size()) <= kMost);
 }
 
-/// Leaves a text alone that does not fit its box: there it is shown shortened.
+/// Makes a box read-only while its text does not fit; it then shows a shortened version.
 inline void ProtectLongText(QLineEdit* box, bool fits) {
   constexpr const char* kProtected = "protectsLongText";
   if (box->property(kProtected).toBool() != fits) return;
@@ -46,8 +47,7 @@ inline void ProtectLongText(QLineEdit* box, bool fits) {
                              "ShowText", "Too long to be edited here. The text stays as it is."));
 }
 
-/// A box whose text the logic has changed while it was typed: its caret keeps its distance from the
-/// end.
+/// Shows `text` in a box that the user may be typing in. The caret keeps its distance from the end.
 inline void ShowText(QLineEdit* box, const std::string& text) {
   const bool fits = FitsBox(text);
   ProtectLongText(box, fits);
@@ -62,20 +62,21 @@ inline void ShowText(QComboBox* box, const std::string& text) {
   const QString shown = ToQt(text);
   if (box->currentText() == shown) return;
   const QSignalBlocker notTyped(box);
-  // A text that is none of the entries stands before the first one, where the Down key finds it.
+  // A text that is not in the list counts as the row before the first, so that Down leads to the
+  // first.
   box->setCurrentIndex(box->findText(shown, Qt::MatchExactly | Qt::MatchCaseSensitive));
   box->setEditText(shown);
 }
 
-/// Gives `box` the focus, and puts its caret where it belongs.
+/// Gives `box` the focus and places its caret.
 inline void FocusBox(QLineEdit* box, Caret caret) {
   box->setFocus(Qt::OtherFocusReason);
   if (caret == Caret::atEnd) box->setCursorPosition(static_cast<int>(box->text().size()));
   if (caret == Caret::selectAll) box->selectAll();
 }
 
-/// Gives `control` the focus as Tab would, and lets it be seen: the style marks only a focus that
-/// the keyboard has brought to its window.
+/// Focuses `control` as Tab would. The attribute makes the style show the focus even if the mouse
+/// brought it to the window.
 inline void FocusVisibly(QWidget* control) {
   control->window()->setAttribute(Qt::WA_KeyboardFocusChange);
   control->setFocus(Qt::TabFocusReason);

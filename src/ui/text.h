@@ -6,7 +6,7 @@
 
 namespace orvex {
 
-/// The texts of the core are UTF-8; these two are where they change hands.
+/// Converts between the core's UTF-8 and Qt's strings.
 inline QString ToQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }

@@ -232,7 +232,7 @@ TEST_F(EpisodeEditorTest, WhatWouldNotFitIntoTheFileIsRefused) {
   editor.SelectSegments({1});
   refuses("No more than 32767 segments" + end, [&] { editor.MoveSegments(3); });
 
-  // An episode that loses its last segment also gives its questions away.
+  // An episode that loses its last segment is removed, and its questions move along.
   episodes[0].segments.resize(1);
   episodes[1].segments.resize(1);
   editor.Activate();

@@ -186,7 +186,7 @@ class RecordedDisk : public Storage {
   const std::filesystem::path folder_;
   std::mutex mutex_;
   Names names_;     ///< what any power cut leaves
-  Names nameable_;  ///< what the system shows, without the folders that were made since
+  Names nameable_;  ///< what the system shows, without folders made since
   std::vector<Change> changes_;
   std::map<int, std::pair<std::string, std::shared_ptr<File>>> open_;
   std::map<Image, std::size_t> images_;

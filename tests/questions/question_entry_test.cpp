@@ -51,9 +51,8 @@ struct Observer : Desk {
     NewLogText();
     Keys(keys);
   }
-  /// Types `keys`: '
-  /// ' is Enter, '^' Up, '@6' a click into box 6; '-', '+' and '!' press "&Last", "&Ditto" and
-  /// "Scr&ap"; '<' and '>' undo and redo.
+  /// Types `keys`: '\n' is Enter, '^' Up, '@6' a click into box 6; '-', '+' and '!' press "&Last",
+  /// "&Ditto" and "Scr&ap"; '<' and '>' undo and redo.
   void Keys(std::string_view keys) {
     for (std::size_t i = 0; i < keys.size(); ++i) {
       if (keys[i] == '\n') {

@@ -45,7 +45,7 @@ void ReplaceWhile(int failing, int error, bool exists) {
     told = failure.what();
   }
   const int rename = exists ? 8 : 9;
-  const bool notPrivate = !exists && failing == 2;  // a new file may do without
+  const bool notPrivate = !exists && failing == 2;  // a new file need not be private
   const bool replaced = failing > rename || notPrivate;
   // A folder without read permission cannot be synced, which is forgiven. The last call closes it.
   const bool forgiven = replaced && (notPrivate || error == EACCES || failing >= rename + 3);

@@ -23,8 +23,7 @@ struct BadSample {
   std::vector<std::string> messages;  ///< what the user is told, in order
 };
 
-/// Reads bad/manifest.json, which has one value per line and "
-/// " as its only escape.
+/// Reads bad/manifest.json, which has one value per line and "\n" as its only escape.
 inline std::vector<BadSample> BadSamples(const std::string& extension) {
   std::vector<BadSample> samples;
   std::ifstream manifest(SamplesFolder() / "bad" / "manifest.json");

@@ -69,9 +69,8 @@ inline void Settle() {
   QCoreApplication::processEvents();
 }
 
-/// Presses the keys of `script` in the focused control: '
-/// ' is Enter, '\t' is Tab, braces name any other key ("{Alt+S}", "{Up}"), and all other characters
-/// are typed.
+/// Presses the keys of `script` in the focused control: '\n' is Enter, '\t' is Tab, braces
+/// name any other key ("{Alt+S}", "{Up}"), and all other characters are typed.
 inline void Keys(const std::string& script) {
   const QString keys = QString::fromStdString(script);
   for (qsizetype at = 0; at < keys.size(); ++at) {

@@ -20,8 +20,7 @@ using namespace test;
 struct Asked {
   std::string text;
   Answer answer;
-  std::optional<Answer> surveyFinished =
-      {};  ///< answers the question that may follow at the end of a class
+  std::optional<Answer> surveyFinished = {};  ///< answers a second question, at the end of a class
 };
 const Asked kSegment = {"Start New Segment?", Answer::yes};
 const Asked kEpisode = {"Start New Episode?", Answer::yes};

@@ -19,7 +19,7 @@ CodingPanel::CodingPanel(Ui::frmClassAct& ui, LiveObservation& live, std::functi
     : QObject(parent), ui_(ui), live_(live), chosen_(std::move(chosen)) {
   BuildChoices();
   ConnectCombos();
-  // What is hidden keeps its place, so that nothing under the observer's eyes moves.
+  // Hidden controls keep their places, so that nothing moves while the observer is looking.
   for (QWidget* child : ui.Frame1->findChildren<QWidget*>()) KeepPlace(child);
 }
 

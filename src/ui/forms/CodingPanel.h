@@ -22,7 +22,7 @@ class CodingPanel : public QObject {
   Q_OBJECT
 
  public:
-  /// `chosen` runs after each choice.
+  /// Calls `chosen` after each choice.
   CodingPanel(Ui::frmClassAct& ui, LiveObservation& live, std::function<void()> chosen,
               QObject* parent);
 

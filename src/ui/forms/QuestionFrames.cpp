@@ -15,8 +15,7 @@
 namespace orvex {
 namespace {
 
-/// Gives `box` the width of the widest caption it may have, so that a caption that blinks moves
-/// nothing.
+/// Makes `box` wide enough for all its captions, so that nothing moves when the caption blinks.
 void ReserveCaptions(QGroupBox* box, std::initializer_list<std::string_view> captions) {
   const QString shown = box->title();
   box->ensurePolished();
@@ -32,8 +31,8 @@ void ReserveCaptions(QGroupBox* box, std::initializer_list<std::string_view> cap
 QuestionFrames::QuestionFrames(Ui::frmQA& ui, QuestionEditor& editor, std::function<void()> chosen,
                                QObject* parent)
     : QObject(parent), editor_(editor), chosen_(std::move(chosen)) {
-  // What is hidden keeps its place, so that nothing under the user's eyes moves; also what is in a
-  // frame: before it is first shown, the frame would be taken for an empty one.
+  // Hidden controls keep their places, so that nothing moves while the user is looking. This
+  // includes the contents of frames: a frame not shown yet would otherwise count as empty.
   for (QWidget* child : ui.scrollContents->findChildren<QWidget*>()) KeepPlace(child);
   Add(ui.FrSource, {ui.OptSrc_0, ui.OptSrc_1});
   Add(ui.FrResponse, {ui.OptResp_0, ui.OptResp_1});

@@ -22,15 +22,16 @@ class QuestionFrames : public QObject {
   Q_OBJECT
 
  public:
-  /// `chosen` runs after each choice of an option.
+  /// Calls `chosen` after each choice of an option.
   QuestionFrames(Ui::frmQA& ui, QuestionEditor& editor, std::function<void()> chosen,
                  QObject* parent);
 
   void RefreshOptions();
   void RefreshCaptions();
-  /// Shows and enables the frames that are available, or hides and disables those that are not.
+  /// Shows and enables the available frames if `available`, and otherwise hides and disables the
+  /// rest.
   void RefreshStates(bool available);
-  /// Gives the options of `dimension` the focus.
+  /// Focuses the options of `dimension`.
   void Focus(Dimension dimension);
   QWidget* FrameOf(Dimension dimension) const;
 

@@ -21,7 +21,8 @@
 namespace orvex {
 namespace {
 
-/// The keys that the box of the duration knows besides the digits: those that change no text.
+/// True for the keys that leave the text of the duration unchanged, such as those that move the
+/// caret.
 bool IsForMoving(const QKeyEvent& key) {
   switch (key.key()) {
     case Qt::Key_Tab:
@@ -39,7 +40,7 @@ bool IsForMoving(const QKeyEvent& key) {
 bool IsTypedInto(const QKeyEvent& key) {
   const QString text = key.text();
   if (key.matches(QKeySequence::Paste) || key.matches(QKeySequence::Cut)) return false;
-  if (text.isEmpty() && key.key() != Qt::Key_Delete) return true;  // types nothing
+  if (text.isEmpty() && key.key() != Qt::Key_Delete) return true;  // such a key types nothing
   return IsForMoving(key) || (text.size() == 1 && IsDurationKey(text.at(0).unicode()));
 }
 
@@ -47,7 +48,7 @@ void Fill(QComboBox* list, std::span<const std::string_view> rows) {
   const QSignalBlocker notChosen(list);
   list->clear();
   for (const std::string_view row : rows) list->addItem(ToQt(row));
-  // Rows longer than the box are read in the list that it opens.
+  // Rows too long for the box can be read in the list it opens.
   QAbstractItemView* opened = list->view();
   opened->setMinimumWidth(opened->sizeHintForColumn(0) +
                           opened->verticalScrollBar()->sizeHint().width());
@@ -122,7 +123,7 @@ ChoiceGroup* SegmentCodingPanel::Pair(QRadioButton* first, QRadioButton* second,
 }
 
 void SegmentCodingPanel::Arrange() {
-  // The pages that are not shown yet would have to wait for their fonts.
+  // Pages not shown yet would not have their final fonts.
   for (QWidget* child : ui_.scrollContents->findChildren<QWidget*>()) child->ensurePolished();
   // One column of labels for all groups of codes, wide enough for as many segments as there are.
   int width = ui_.Label13->fontMetrics().horizontalAdvance(tr("Duration of segment 00:"));
@@ -167,7 +168,8 @@ void SegmentCodingPanel::Refresh() {
   preparation_->ShowSelected(coding.preparation);
 }
 
-/// The groups of codes take turns in one place, so that nothing around them moves.
+/// Shows the group of codes for the activity. All groups use the same place, so nothing around them
+/// moves.
 void SegmentCodingPanel::RefreshPage(const SegmentCodingView& coding) {
   QWidget* page = ui_.pageNone;
   if (coding.showsAbout) page = ui_.pageAbout;

@@ -20,17 +20,17 @@ class ChoiceGroup;
 class EpisodeEditor;
 struct SegmentCodingView;
 
-/// The part of the episode editor's form that codes the segment shown: its duration, its activity
-/// and what codes the activity has.
+/// The part of the episode editor's form that codes the current segment: its duration, its
+/// activity, and the codes of that activity.
 class SegmentCodingPanel : public QObject {
   Q_OBJECT
 
  public:
-  /// `changed` runs after each change.
+  /// Calls `changed` after each change.
   SegmentCodingPanel(Ui::frmClassEdit& ui, EpisodeEditor& editor, std::function<void()> changed,
                      QObject* parent);
 
-  /// Gives the controls their fixed places, once the form has its fonts.
+  /// Fixes the places of the controls. Call it once the form has its fonts.
   void Arrange();
   void Refresh();
   /// What a key does in one of the controls. True when it is done with.

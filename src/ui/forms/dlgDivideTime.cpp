@@ -9,7 +9,7 @@ namespace orvex {
 dlgDivideTime::dlgDivideTime(int totalSeconds, QWidget* parent)
     : QDialog(parent), divide_(totalSeconds), ui_(std::make_unique<Ui::dlgDivideTime>()) {
   ui_->setupUi(this);
-  // It follows the second one: it must not look as if it took a number itself.
+  // This box only follows the second one, so it must not look as if it accepted input.
   QPalette plain = ui_->txtFirstSg->palette();
   plain.setBrush(QPalette::Base, plain.window());
   plain.setBrush(QPalette::Text, plain.windowText());

@@ -11,7 +11,7 @@ class dlgDivideTime;
 
 namespace orvex {
 
-/// Divides the time of a segment between two.
+/// Divides the time of a segment between two segments.
 class dlgDivideTime : public QDialog {
   Q_OBJECT
 
@@ -20,7 +20,7 @@ class dlgDivideTime : public QDialog {
   ~dlgDivideTime() override;
 
   int SecondSeconds() const { return divide_.SecondSeconds(); }
-  /// Copies what the dialog's logic says is shown into the controls.
+  /// Updates the controls from the dialog's logic.
   void Refresh();
 
  private:

@@ -33,7 +33,7 @@ std::optional<std::string> dlgFieldNote::Notes() const {
 }
 
 std::string dlgFieldNote::Text() const {
-  // What the box cannot show as it is stays as it is while nobody edits it.
+  // The box cannot show every text exactly; notes that nobody edited must stay as they were.
   return ui_->Text1->document()->isModified() ? FromQt(ui_->Text1->Notes()) : prompt_.notes;
 }
 

@@ -13,8 +13,8 @@ class dlgFieldNote;
 
 namespace orvex {
 
-/// Edits field notes. The window's frame keeps what was typed as "&Save" does; "&Cancel" drops it,
-/// and Escape asks which.
+/// Edits field notes. Closing the window keeps the typed text, like "&Save"; "&Cancel" discards it;
+/// Escape asks.
 class dlgFieldNote : public QDialog {
   Q_OBJECT
 
@@ -22,11 +22,11 @@ class dlgFieldNote : public QDialog {
   dlgFieldNote(const NotesPrompt& prompt, Prompter& prompter, QWidget* parent = nullptr);
   ~dlgFieldNote() override;
 
-  /// The notes as edited, or nothing when they were cancelled or the dialog was not closed.
+  /// The edited notes; nothing when they were cancelled or the dialog is still open.
   std::optional<std::string> Notes() const;
 
   void setVisible(bool visible) override;
-  /// The window's frame.
+  /// Closing the window saves.
   void reject() override { accept(); }
 
  protected:

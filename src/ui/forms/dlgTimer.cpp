@@ -60,7 +60,7 @@ void dlgTimer::Refresh() {
 
 bool dlgTimer::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
-  // Any key will do, also one that would press the button or move the focus.
+  // Any key works, even one that would press the button or move the focus.
   keyPressEvent(static_cast<QKeyEvent*>(event));
   return true;
 }

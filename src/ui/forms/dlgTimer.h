@@ -14,7 +14,7 @@ namespace orvex {
 
 class Clock;
 
-/// The stopwatch. Whenever it is opened, it begins afresh.
+/// The stopwatch. It starts from zero each time it is opened.
 class dlgTimer : public QDialog {
   Q_OBJECT
 
@@ -22,7 +22,7 @@ class dlgTimer : public QDialog {
   explicit dlgTimer(const Clock& clock, QWidget* parent = nullptr);
   ~dlgTimer() override;
 
-  /// Copies what the stopwatch says is shown into the controls.
+  /// Updates the controls from the stopwatch.
   void Refresh();
 
  protected:

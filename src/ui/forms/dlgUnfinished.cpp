@@ -42,7 +42,8 @@ void dlgUnfinished::AddRows() {
   }
 }
 
-/// The place takes what the others leave: a long path loses its middle.
+/// The last column, the place, gets the width that the others leave; a long path is elided in the
+/// middle.
 void dlgUnfinished::FitColumns() {
   ui_->lstUnfinished->setTextElideMode(Qt::ElideMiddle);
   QHeaderView* header = ui_->lstUnfinished->header();

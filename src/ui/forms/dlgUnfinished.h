@@ -12,8 +12,8 @@ class dlgUnfinished;
 
 namespace orvex {
 
-/// Offers several things that were not finished in one list. The buttons say what can be done with
-/// the row that the keyboard is on; Enter does what is likeliest with it.
+/// Offers several unfinished things in one list. The buttons apply to the current row; Enter does
+/// what is most likely wanted for it.
 class dlgUnfinished : public QDialog {
   Q_OBJECT
 
@@ -21,7 +21,7 @@ class dlgUnfinished : public QDialog {
   explicit dlgUnfinished(const std::vector<UnfinishedItem>& items, QWidget* parent = nullptr);
   ~dlgUnfinished() override;
 
-  /// What was chosen, once the dialog was accepted.
+  /// The user's choice, once the dialog has been accepted.
   const UnfinishedChoice& Choice() const { return choice_; }
 
  private:

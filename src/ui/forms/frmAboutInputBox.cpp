@@ -27,7 +27,7 @@ void frmAboutInputBox::Refresh() {
 
 void frmAboutInputBox::setVisible(bool visible) {
   QDialog::setVisible(visible);
-  // Only now: a dialog that is being shown selects the text of the box with the focus.
+  // Only now, because a dialog selects the text of its focused box while it is being shown.
   if (visible) FocusBox(ui_->txtAboutData, Caret::atEnd);
 }
 

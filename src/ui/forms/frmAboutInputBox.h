@@ -11,7 +11,7 @@ namespace orvex {
 
 class LiveObservation;
 
-/// Takes what the running activity is about. Leaving it in any way keeps the text.
+/// Asks what the running activity is about. The text is kept however the user leaves.
 class frmAboutInputBox : public QDialog {
   Q_OBJECT
 
@@ -19,7 +19,7 @@ class frmAboutInputBox : public QDialog {
   explicit frmAboutInputBox(LiveObservation& live, QWidget* parent = nullptr);
   ~frmAboutInputBox() override;
 
-  /// Copies what the observation says is shown into the controls.
+  /// Updates the controls from the observation.
   void Refresh();
   void setVisible(bool visible) override;
 

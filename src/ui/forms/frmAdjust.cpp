@@ -30,11 +30,11 @@ frmAdjust::frmAdjust(const SecondsPrompt& prompt, QWidget* parent)
       new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), ui_->Text1));
 
   connect(ui_->Slider1, &QSlider::valueChanged, this, [this](int seconds) {
-    // While the number is typed, the slider follows it, and not the other way round.
+    // While the user types, the slider follows the box and not the other way round.
     if (!ui_->Text1->hasFocus()) ui_->Text1->setText(QString::number(seconds));
   });
   connect(ui_->Text1, &QLineEdit::textEdited, this, [this](const QString& text) {
-    // Too large a number is the largest there is; the box says so when it is left.
+    // A number that is too large moves the slider to its end; the box corrects itself when left.
     if (!text.isEmpty()) ui_->Slider1->setValue(text.toInt());
   });
   connect(ui_->cmdOK, &QPushButton::clicked, this, &QDialog::accept);

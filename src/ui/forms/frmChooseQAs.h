@@ -12,7 +12,7 @@ class frmChooseQAs;
 
 namespace orvex {
 
-/// Divides the questions of an episode between two.
+/// Divides the questions of an episode between two episodes.
 class frmChooseQAs : public QDialog {
   Q_OBJECT
 
@@ -22,7 +22,7 @@ class frmChooseQAs : public QDialog {
 
   /// The numbers of the questions for the second episode.
   std::vector<int> SecondNumbers() const { return chooser_.SecondNumbers(); }
-  /// Copies what the dialog's logic says is shown into the controls.
+  /// Updates the controls from the dialog's logic.
   void Refresh();
 
  private:

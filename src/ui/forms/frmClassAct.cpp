@@ -143,7 +143,7 @@ void frmClassAct::StartTimers() {
                            [this] { offtaskTick_.Run([this] { live_.Estimates().Tick(); }); });
 }
 
-/// What is hidden keeps its place, so that nothing under the observer's eyes moves.
+/// Makes hidden controls keep their places, so that nothing moves while the observer is looking.
 void frmClassAct::KeepPlaces() {
   for (QWidget* child :
        std::initializer_list<QWidget*>{ui_->cmdStartNewEp, ui_->cmdStartNewSg, ui_->cmdStartNewQASg,
@@ -160,7 +160,8 @@ void frmClassAct::KeepPlaces() {
 
 void frmClassAct::Refresh() {
   RefreshTexts();
-  // Before anything is hidden: Qt would send the focus of a hidden button to a box of its choice.
+  // Move the focus before hiding anything: Qt would pass the focus of a hidden button to an
+  // arbitrary box.
   TakeFocusWish();
   RefreshClocks();
   coding_->Refresh();

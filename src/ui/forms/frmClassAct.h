@@ -24,19 +24,19 @@ namespace orvex {
 class BoxFocus;
 class CodingPanel;
 
-/// The form on which a class is observed: it divides the class into episodes and segments.
+/// The form for observing a class, which divides it into episodes and segments.
 class frmClassAct : public QWidget {
   Q_OBJECT
 
  public:
-  /// On a new class, or on one that is taken up again.
+  /// Starts a new class, or continues one that is taken up again.
   explicit frmClassAct(const Services& services, const RunningClass* takenUp = nullptr);
   ~frmClassAct() override;
 
   LiveObservation& Live() { return live_; }
   const SessionClocks& Clocks() const { return clocks_; }
 
-  /// Copies what the observation says is shown into the controls.
+  /// Updates the controls from the observation.
   void Refresh();
 
  protected:

@@ -68,7 +68,8 @@ void frmClassEdit::AddKeepTrouble() {
 }
 
 void frmClassEdit::ConnectLists() {
-  // A key selects a row before it goes there: the list is not to be called back in between.
+  // A key changes the selection before the current row. Refreshing the whole list in between would
+  // disturb that.
   RowList* episodes = ui_->listViewEp;
   RowList* segments = ui_->listViewSg;
   connect(episodes, &RowList::Chosen, this, [this](int row) {
@@ -179,7 +180,7 @@ void frmClassEdit::ConnectBoxes() {
   }
 }
 
-/// The menu of a box, with the editor's undo and redo in the place of the box's own.
+/// Shows the context menu of a box, with the editor's undo and redo replacing the box's own.
 void frmClassEdit::ShowMenu(QLineEdit& box, const QPoint& position) {
   const std::unique_ptr<QMenu> menu(box.createStandardContextMenu());
   for (QAction* own : menu->actions().first(2)) menu->removeAction(own);
@@ -263,8 +264,8 @@ QPushButton* frmClassEdit::ButtonUnder(const QWidget* list, const QKeyEvent& key
   const QKeySequence pressed(key.keyCombination());
   for (QPushButton* button : {episodes ? ui_->cmdSplitEp : ui_->cmdSplitSg,
                               episodes ? ui_->cmdMergeEp : ui_->cmdMergeSg}) {
-    // Where nothing can be merged, the key is not for the other list; to split an episode, though,
-    // one stands in the list of its segments.
+    // In a list that cannot merge, its key must not reach the other list's button. A disabled split
+    // does give way: splitting an episode starts from the list of segments.
     const bool answers =
         button->isEnabled() || button == ui_->cmdMergeEp || button == ui_->cmdMergeSg;
     if (answers && QKeySequence::mnemonic(button->text()) == pressed) return button;
@@ -273,7 +274,7 @@ QPushButton* frmClassEdit::ButtonUnder(const QWidget* list, const QKeyEvent& key
 }
 
 void frmClassEdit::showEvent(QShowEvent* event) {
-  // Only now every control has its font.
+  // The fonts are only known now.
   coding_->Arrange();
   ui_->scrollArea->setMinimumWidth(ui_->scrollContents->minimumSizeHint().width() +
                                    ui_->scrollArea->verticalScrollBar()->sizeHint().width());
@@ -283,8 +284,8 @@ void frmClassEdit::showEvent(QShowEvent* event) {
 
 void frmClassEdit::closeEvent(QCloseEvent* event) {
   editor_.Quit();
-  event->ignore();  // the form goes when the program ends
-  // Whoever goes on with another file does not begin on "Quit".
+  event->ignore();  // the form closes when the program ends
+  // If the user continues with another file, the focus should not be on "Quit".
   ui_->listViewEp->setFocus();
   Refresh();
 }

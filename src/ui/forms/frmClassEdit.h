@@ -32,7 +32,7 @@ class frmClassEdit : public QWidget {
   ~frmClassEdit() override;
 
   EpisodeEditor& Editor() { return editor_; }
-  /// Copies what the editor says is shown into the controls.
+  /// Updates the controls from the editor.
   void Refresh();
 
  protected:
@@ -46,7 +46,8 @@ class frmClassEdit : public QWidget {
   void ConnectButtons();
   void ConnectBoxes();
   void StartTimer();
-  /// Does `work` on `keys`, anywhere in the form or only in one of its controls.
+  /// Makes `keys` run `work`: anywhere in the form if `where` is the form, else only in that
+  /// control.
   QAction* AddKeys(QList<QKeySequence> keys, QWidget* where, std::function<void()> work);
   QPushButton* ButtonUnder(const QWidget* list, const QKeyEvent& key) const;
   void ShowMenu(QLineEdit& box, const QPoint& position);
@@ -63,7 +64,7 @@ class frmClassEdit : public QWidget {
   QAction* undo_ = nullptr;
   QAction* redo_ = nullptr;
   dlgTimer* timer_ = nullptr;
-  std::unique_ptr<BoxFocus> boxFocus_;  // last: it must not see the form go down
+  std::unique_ptr<BoxFocus> boxFocus_;  // last, so it is destroyed first
 };
 
 }  // namespace orvex

@@ -19,13 +19,13 @@ namespace {
 
 using Command = QuestionEntry::Command;
 
-/// The box got the focus by hand, not because a window came to the front or the logic asked for it.
+/// True when the user moved the focus, rather than a window change or the logic.
 bool IsByHand(Qt::FocusReason reason) {
   return reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
          reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
 }
 
-/// The end of what brings one into a box: it has the focus, or has been clicked into.
+/// True for the events that complete the way into a box: it has received the focus or a click.
 bool Leads(const QEvent& event) {
   return event.type() == QEvent::FocusIn || event.type() == QEvent::MouseButtonRelease;
 }
@@ -36,7 +36,7 @@ frmEnterQA::frmEnterQA(const Services& services, LiveObservation& live, const Se
                        QWidget* parent)
     : QWidget(parent), entry_(services, live, clocks), ui_(std::make_unique<Ui::frmEnterQA>()) {
   ui_->setupUi(this);
-  // What is hidden keeps its place, so that nothing under the observer's eyes moves.
+  // Hidden controls keep their places, so that nothing moves while the observer is looking.
   for (QWidget* child : ui_->codesPage->findChildren<QWidget*>()) KeepPlace(child);
   KeepPlace(ui_->cmdOfftaskActive);
   ShowAsWarning(ui_->lblLogTrouble);
@@ -109,7 +109,7 @@ void frmEnterQA::ConnectButtons() {
     connect(button.button, &QPushButton::clicked, this, [this, command = button.command] {
       const std::size_t steps = entry_.StepsTaken();
       entry_.Click(command);
-      // What the button has done is undone first.
+      // The next undo must undo what the button did, not older typing.
       if (entry_.StepsTaken() != steps) ForgetTyping(ui_->txtQuestion);
       Refresh();
     });
@@ -147,8 +147,8 @@ void frmEnterQA::Refresh() {
   RefreshTexts();
   RefreshClocks();
   ui_->pages->setCurrentWidget(entry_.AsksReview() ? ui_->reviewPage : ui_->codesPage);
-  // The focus moves between the two: Qt would send the focus of a control that goes to a box of its
-  // own choice, and a control that is not there yet cannot take it.
+  // The focus must move in between: Qt would pass the focus of a control that is hidden first to an
+  // arbitrary box, and a control that is not shown yet cannot take it.
   RefreshStates(true);
   TakeFocusWish();
   RefreshStates(false);
@@ -183,7 +183,8 @@ void frmEnterQA::RefreshClocks() {
   ShowOfftask(entry_.Offtask(), ui_->lblOfftask, ui_->cmdOfftaskActive);
 }
 
-/// Shows and enables what is available, or hides and disables what is not.
+/// Shows and enables the available controls if `available`, and otherwise hides and disables the
+/// rest.
 void frmEnterQA::RefreshStates(bool available) {
   if (entry_.AsksReview() != available) ui_->txtQuestion->setEnabled(available);
   for (const Field& field : Fields()) {
@@ -247,8 +248,7 @@ bool frmEnterQA::TakeKey(const QWidget* control, const QKeyEvent& key) {
   return true;
 }
 
-/// Undoes or redoes a step. False when the box that has the focus has something of its own to undo
-/// or redo.
+/// Undoes or redoes a step. False when the focused box can undo or redo some typing itself.
 bool frmEnterQA::TakeStep(const QLineEdit* box, Way way) {
   if (box && HasOwnStep(*box, way)) return false;
   entry_.TakeStep(way);
@@ -256,7 +256,7 @@ bool frmEnterQA::TakeStep(const QLineEdit* box, Way way) {
   return true;
 }
 
-/// On the two answers their letter alone will do.
+/// Answers the review question by its plain letter, Y or N. False for other keys.
 bool frmEnterQA::AnswerReview(int key) {
   if (key == Qt::Key_Y) ui_->Command11_0->click();
   if (key == Qt::Key_N) ui_->Command11_1->click();

@@ -20,7 +20,7 @@ class frmEnterQA;
 
 namespace orvex {
 
-/// The form on which questions are typed and coded while a question/answer segment runs.
+/// The form for typing and coding questions while a question/answer segment runs.
 class frmEnterQA : public QWidget {
   Q_OBJECT
 
@@ -30,7 +30,7 @@ class frmEnterQA : public QWidget {
   ~frmEnterQA() override;
 
   QuestionEntry& Entry() { return entry_; }
-  /// Copies what the entry says is shown into the controls.
+  /// Updates the controls from the question entry.
   void Refresh();
 
  protected:
@@ -39,7 +39,7 @@ class frmEnterQA : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  /// A code field and its label.
+  /// A box for a code, and its label.
   struct Field {
     Dimension dimension;
     QLineEdit* box;

@@ -18,7 +18,7 @@ namespace orvex {
 
 class BoxFocus;
 
-/// The set-up form, which identifies the observation that is to start.
+/// The set-up form, which identifies the observation to be started.
 class frmInput1 : public QWidget {
   Q_OBJECT
 
@@ -26,7 +26,7 @@ class frmInput1 : public QWidget {
   explicit frmInput1(const Services& services, QWidget* parent = nullptr);
   ~frmInput1() override;
 
-  /// Copies what the set-up says is shown into the controls.
+  /// Updates the controls from the set-up.
   void Refresh();
 
  private:
@@ -44,7 +44,7 @@ class frmInput1 : public QWidget {
   std::unique_ptr<Ui::frmInput1> ui_;
   std::array<Box, kHeaderBoxes.size()> boxes_;
   QTimer* timer1_;
-  std::unique_ptr<BoxFocus> boxFocus_;  // last: it must not see the form go down
+  std::unique_ptr<BoxFocus> boxFocus_;  // last, so it is destroyed first
 };
 
 }  // namespace orvex

@@ -26,7 +26,7 @@ frmListOfFiles::frmListOfFiles(const Services& services, ExportKind kind,
   QStringList names;
   for (std::size_t i = 0; i < export_.Count(); ++i) names.append(ToQt(export_.NameOf(i)));
   ui_->lstFiles->addItems(names);
-  // An empty list is done as soon as it is begun.
+  // An empty list counts as finished from the start.
   ui_->prgFiles->setMaximum(std::max(1, static_cast<int>(export_.Count())));
   connect(ui_->cmdStop, &QPushButton::clicked, this, [this] {
     export_.Stop();
@@ -49,7 +49,7 @@ void frmListOfFiles::Tick() {
     while (export_.Working() && sinceShown.elapsed() < kBetweenRefreshes) export_.Work();
     return Refresh();
   }
-  work_.stop();  // a message box lets timers go on
+  work_.stop();  // timers keep running while a message box is open
   export_.Finish();
   Q_EMIT Finished();
 }
@@ -63,7 +63,7 @@ void frmListOfFiles::Refresh() {
 }
 
 void frmListOfFiles::closeEvent(QCloseEvent* event) {
-  event->ignore();  // the form goes when the user has been told
+  event->ignore();  // the form closes once the user has been told
   export_.Stop();
   Refresh();
 }

@@ -13,7 +13,7 @@ class frmListOfFiles;
 namespace orvex {
 
 /// Joins the files of a list into EPSDATA.TXT or, as `frmListOfFilesSUR`, into SURDATA.TXT, and
-/// shows how far it is.
+/// shows the progress.
 class frmListOfFiles : public QWidget {
   Q_OBJECT
 
@@ -25,7 +25,7 @@ class frmListOfFiles : public QWidget {
   void Refresh();
 
  Q_SIGNALS:
-  /// The work is over, the user has been told, and the form is to be closed.
+  /// The work is done and the user has been told; the form should be closed.
   void Finished();
 
  protected:

@@ -24,7 +24,7 @@ namespace orvex {
 namespace {
 
 constexpr int kSecond = 1000;
-/// How much of its neighbours is in sight beside the statement that has the focus.
+/// How many pixels of the neighbouring statements stay visible around the focused one.
 constexpr int kLookAhead = 48;
 
 }  // namespace
@@ -130,7 +130,7 @@ void frmMatrices::ConnectButtons() {
                       }});
 }
 
-/// The keys that turn the pages wherever the focus is.
+/// Adds the keys that turn the pages from anywhere in the form.
 void frmMatrices::AddPageKeys() {
   const auto key = [this](const QKeySequence& keys, int step) {
     connect(new QShortcut(keys, this), &QShortcut::activated, this,
@@ -152,7 +152,7 @@ void frmMatrices::StartTimer() {
   timer->start(kSecond);
 }
 
-/// Leads to the statement, on its page. Before the first and past the last there is nothing.
+/// Moves to a statement and its page. Stops at the first and the last statement.
 void frmMatrices::GoTo(int statement) {
   const auto index = static_cast<std::size_t>(std::clamp(statement, 0, kStatements - 1));
   ui_->pages->setCurrentWidget(PageOf(ScaleOf(index)).page);
@@ -163,7 +163,7 @@ void frmMatrices::TurnPage(int step) {
   const int count = ui_->pages->count();
   ui_->pages->setCurrentIndex((ui_->pages->currentIndex() + step + count) % count);
   const QWidget* page = ui_->pages->currentWidget();
-  // The page knows the control it was left from.
+  // A page remembers which control had the focus.
   if (QWidget* control = page->focusWidget())
     FocusVisibly(control);
   else if (page == ui_->listsPage)
@@ -181,7 +181,8 @@ void frmMatrices::Refresh() {
   RefreshOfftask();
 }
 
-/// What the keys do on the page, where the answers were just saved, or that they are in danger.
+/// Shows the keys of the page or, instead, where the answers were just saved or why they are not
+/// safe.
 void frmMatrices::RefreshHint() {
   const bool lists = ui_->pages->currentWidget() == ui_->listsPage;
   const QString keys =
@@ -213,7 +214,7 @@ void frmMatrices::RefreshOfftask() {
 
 void frmMatrices::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  // The keys are at work from the start; the focus is to be seen.
+  // Show the focus from the start, since the keys work from the start.
   setAttribute(Qt::WA_KeyboardFocusChange);
 }
 

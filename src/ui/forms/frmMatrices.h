@@ -29,10 +29,10 @@ class frmMatrices : public QWidget {
   frmMatrices(const Services& services, LoadedSurvey loaded, QWidget* parent = nullptr);
   ~frmMatrices() override;
 
-  /// The form that is shown again when this one is left during the class.
+  /// Sets the form to show again when the user leaves this one during the class.
   void SetCaller(SurveyCaller caller) { form_.SetCaller(caller); }
   SurveyForm& Form() { return form_; }
-  /// Copies the answers and what else is shown into the controls.
+  /// Updates the controls from the survey.
   void Refresh();
 
  protected:
@@ -40,7 +40,7 @@ class frmMatrices : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  /// A page of statements and where it stands.
+  /// A page of statements, its scroll area, and the contents of that area.
   struct Page {
     QWidget* page;
     QScrollArea* area;
@@ -61,7 +61,7 @@ class frmMatrices : public QWidget {
   void RefreshOfftask();
 
   SurveyForm form_;
-  std::optional<OfftaskIndicator> offtask_;  ///< during the class
+  std::optional<OfftaskIndicator> offtask_;  ///< only during a class
   std::unique_ptr<Ui::frmMatrices> ui_;
   std::array<StatementRow*, kStatements> rows_{};
 };

@@ -74,7 +74,7 @@ void frmOfftask::setVisible(bool visible) {
 void frmOfftask::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
   if (event->type() != QEvent::ActivationChange || std::exchange(opened_, true)) return;
-  // The box that gets the focus with the window takes the selection from the others.
+  // The focused box deselects the others when the window becomes active, so wait for that.
   QTimer::singleShot(0, this, [this] {
     if (!ui_->Text3->hasFocus()) ui_->Text3->selectAll();
   });
@@ -85,7 +85,7 @@ void frmOfftask::accept() {
 }
 
 void frmOfftask::reject() {
-  // A text that is no number is not kept for the next time.
+  // Text that is not a number must not be kept for the next time.
   boxFocus_->CheckCurrent();
   QDialog::reject();
 }

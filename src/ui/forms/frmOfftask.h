@@ -14,21 +14,21 @@ namespace orvex {
 
 class BoxFocus;
 
-/// Takes an off-task estimate.
+/// The dialog for an off-task estimate.
 class frmOfftask : public QDialog {
   Q_OBJECT
 
  public:
-  /// Works on the texts of `prompt`.
+  /// Edits the texts of `prompt`.
   explicit frmOfftask(OfftaskPrompt& prompt, QWidget* parent = nullptr);
   ~frmOfftask() override;
 
-  /// Copies what the dialog's logic says is shown into the controls.
+  /// Updates the controls from the dialog's logic.
   void Refresh();
   void setVisible(bool visible) override;
-  /// OK; only with two numbers.
+  /// OK; needs two valid numbers.
   void accept() override;
-  /// Skip, also by the window's frame.
+  /// Skip, or closing the window.
   void reject() override;
 
  protected:
@@ -43,7 +43,7 @@ class frmOfftask : public QDialog {
   OfftaskDialog dialog_;
   bool opened_ = false;
   std::unique_ptr<Ui::frmOfftask> ui_;
-  std::unique_ptr<BoxFocus> boxFocus_;  // last: it must not see the dialog go down
+  std::unique_ptr<BoxFocus> boxFocus_;  // last, so it is destroyed first
 };
 
 }  // namespace orvex

@@ -159,8 +159,8 @@ void frmQA::Refresh() {
   RefreshList();
   RefreshTexts();
   frames_->RefreshCaptions();
-  // The focus moves between the two: Qt would send the focus of a control that goes to a box of its
-  // own choice, and a control that is not there yet cannot take it.
+  // The focus must move in between: Qt would pass the focus of a control that is hidden first to an
+  // arbitrary box, and a control that is not shown yet cannot take it.
   RefreshStates(true);
   if (isVisible()) TakeFocusWish();
   RefreshStates(false);
@@ -200,7 +200,8 @@ void frmQA::RefreshClocks() {
   ShowOfftask(*editor_.Offtask(), ui_->lblOfftask, ui_->cmdOfftaskActive);
 }
 
-/// Shows and enables what is available, or hides and disables what is not.
+/// Shows and enables the available controls if `available`, and otherwise hides and disables the
+/// rest.
 void frmQA::RefreshStates(bool available) {
   if (editor_.HasEpisode() == available) {
     ui_->Combo1->setEnabled(available);
@@ -256,7 +257,7 @@ void frmQA::showEvent(QShowEvent* event) {
   ShowGap();
 }
 
-/// In proof mode, brings what the question lacks into sight.
+/// In proof mode, scrolls to what the question lacks.
 void frmQA::ShowGap() {
   if (const auto gap = editor_.FirstGap())
     ui_->scrollArea->ensureWidgetVisible(frames_->FrameOf(*gap));
@@ -267,7 +268,7 @@ void frmQA::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
 }
 
-/// Where the off-task prompt has no room beside the clocks, it gets a line of its own.
+/// Gives the off-task prompt a line of its own when it does not fit beside the clocks.
 void frmQA::ArrangeClocks() {
   const bool narrow = ui_->FrTimerNOfftask->width() < clocksWidth_;
   ui_->clockLayout->setDirection(narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
@@ -276,7 +277,7 @@ void frmQA::ArrangeClocks() {
 void frmQA::closeEvent(QCloseEvent* event) {
   boxFocus_->CheckCurrent();
   editor_.Do(Command::leave);
-  event->ignore();  // the form goes when the logic closes it
+  event->ignore();  // the form closes when the logic says so
 }
 
 }  // namespace orvex

@@ -19,18 +19,18 @@ class BoxFocus;
 class QuestionFrames;
 class QuestionRows;
 
-/// The form on which the questions of an observation are corrected.
+/// The form for correcting the questions of an observation.
 class frmQA : public QWidget {
   Q_OBJECT
 
  public:
-  /// `live` and `clocks` are those of the class in progress; null without one.
+  /// `live` and `clocks` belong to the class in progress; null without one.
   frmQA(const Services& services, const QuestionEditorStart& start, LiveObservation* live,
         const SessionClocks* clocks, QWidget* parent = nullptr);
   ~frmQA() override;
 
   QuestionEditor& Editor() { return editor_; }
-  /// Copies what the editor says is shown into the controls.
+  /// Updates the controls from the editor.
   void Refresh();
 
  protected:
@@ -41,7 +41,7 @@ class frmQA : public QWidget {
  private:
   using Buttons = std::array<std::pair<QuestionEditor::Command, QPushButton*>, 9>;
 
-  /// All but that of the off-task prompt, which the clock shows.
+  /// All buttons with their commands, except the one for off-task estimates.
   Buttons EditButtons() const;
   void ConnectList();
   void ConnectBoxes();
@@ -60,10 +60,10 @@ class frmQA : public QWidget {
   QuestionEditor editor_;
   std::unique_ptr<Ui::frmQA> ui_;
   QuestionRows* rows_;
-  int clocksWidth_ = 0;       // of the clocks and the off-task prompt in one line
-  bool listFollows_ = false;  // the list is being set, not chosen from
+  int clocksWidth_ = 0;       // the width of the clocks and the off-task prompt side by side
+  bool listFollows_ = false;  // the list is being set; do not take it as a choice
   QuestionFrames* frames_ = nullptr;
-  std::unique_ptr<BoxFocus> boxFocus_;  // last: it must not see the form go down
+  std::unique_ptr<BoxFocus> boxFocus_;  // last, so it is destroyed first
 };
 
 }  // namespace orvex

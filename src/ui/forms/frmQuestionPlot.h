@@ -23,7 +23,7 @@ class frmQuestionPlot : public QWidget {
                   QWidget* parent = nullptr);
   ~frmQuestionPlot() override;
 
-  /// The form shows what it was made with.
+  /// Nothing to do: the form never changes.
   void Refresh() {}
 
  Q_SIGNALS:

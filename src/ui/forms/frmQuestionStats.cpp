@@ -85,12 +85,12 @@ void frmQuestionStats::ShowLegend() {
 
 void frmQuestionStats::Refresh() {
   if (statistics_.message.empty() || std::exchange(told_, true)) return;
-  // When whoever opened the form has gone: the message is about this one.
+  // Wait until the opening form has gone, because the message is about this one.
   QTimer::singleShot(0, this, [this] { prompter_.Tell(statistics_.message); });
 }
 
 void frmQuestionStats::closeEvent(QCloseEvent* event) {
-  event->ignore();  // the form goes when it is closed on its signal
+  event->ignore();  // the owner closes the form on its signal
   Q_EMIT Menu();
 }
 

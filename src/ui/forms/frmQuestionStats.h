@@ -18,16 +18,16 @@ class frmQuestionStats : public QWidget {
   Q_OBJECT
 
  public:
-  /// `origin` goes to paper only.
+  /// `origin` is only printed.
   frmQuestionStats(QuestionStatistics statistics, const EpisodeOrigin& origin,
                    const Printing& printing, QWidget* parent = nullptr);
   ~frmQuestionStats() override;
 
-  /// Tells the user, once the form is to be seen, what kept it from being filled.
+  /// Once the form is visible, tells the user if the statistics are incomplete.
   void Refresh();
 
  Q_SIGNALS:
-  /// The form is left, by its button or otherwise, and is to be closed.
+  /// The user leaves the form, which should be closed.
   void Menu();
   void EditQuestions();
   void Plot();

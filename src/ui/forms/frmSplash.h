@@ -20,7 +20,7 @@ class frmSplash : public QWidget {
   explicit frmSplash(const Services& services, QWidget* parent = nullptr);
   ~frmSplash() override;
 
-  /// Copies what the menu says is shown into the controls.
+  /// Updates the controls from the menu.
   void Refresh();
 
  private:

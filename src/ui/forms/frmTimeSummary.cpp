@@ -53,7 +53,7 @@ void frmTimeSummary::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
 }
 
-/// Where the tables have no room beside each other, they all stand beneath each other.
+/// Puts the tables side by side or, when there is no room, one beneath the other.
 void frmTimeSummary::ArrangeTables() {
   int left = 0;
   for (const ReportTable* table : {ui_->ListView1, ui_->ListView3, ui_->ListView4}) {
@@ -64,12 +64,12 @@ void frmTimeSummary::ArrangeTables() {
   const QMargins margins = layout()->contentsMargins();
   const bool narrow = width() - margins.left() - margins.right() < needed;
   ui_->tablesLayout->setDirection(narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-  // The scroll area asks for the room they take now, not for what they took before.
+  // Makes the scroll area use the new size at once.
   ui_->contentsLayout->activate();
 }
 
 void frmTimeSummary::closeEvent(QCloseEvent* event) {
-  event->ignore();  // the form goes when it is closed on its signal
+  event->ignore();  // the owner closes the form on its signal
   Q_EMIT Menu();
 }
 

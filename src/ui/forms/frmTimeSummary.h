@@ -12,7 +12,7 @@ class frmTimeSummary;
 
 namespace orvex {
 
-/// How long a class spent in what.
+/// How long a class spent on each activity.
 class frmTimeSummary : public QWidget {
   Q_OBJECT
 
@@ -20,11 +20,11 @@ class frmTimeSummary : public QWidget {
   frmTimeSummary(const TimeSummary& summary, const Printing& printing, QWidget* parent = nullptr);
   ~frmTimeSummary() override;
 
-  /// The form shows what it was made with.
+  /// Nothing to do: the form never changes.
   void Refresh() {}
 
  Q_SIGNALS:
-  /// The form is left, by its button or otherwise, and is to be closed.
+  /// The user leaves the form, which should be closed.
   void Menu();
 
  protected:

@@ -50,7 +50,7 @@ class StatementRow : public QWidget {
   QToolButton* takeBack_ = nullptr;
   ChoiceGroup* choices_ = nullptr;
   int rating_;
-  bool current_ = false;  ///< it has the focus
+  bool current_ = false;  ///< the row has the focus
 };
 
 }  // namespace orvex
