@@ -17,7 +17,7 @@
 namespace orvex {
 namespace {
 
-/// True when the file has been deleted: what is written to it then is lost without an error.
+/// True when the file has been deleted. Anything written to it then is lost without an error.
 bool HasNoName(int descriptor) {
   struct stat status = {};
   return ::fstat(descriptor, &status) == 0 && status.st_nlink == 0;
@@ -25,8 +25,8 @@ bool HasNoName(int descriptor) {
 
 }  // namespace
 
-/// The file that is written to. It is closed when nobody has it any more: neither the log nor a
-/// sync that takes its time.
+/// The file being written. It closes when neither the log nor a sync in progress needs it any
+/// longer.
 class AppendLog::OpenFile {
  public:
   OpenFile(Storage& storage, int descriptor) : storage_(storage), descriptor_(descriptor) {}
@@ -37,22 +37,22 @@ class AppendLog::OpenFile {
   OpenFile& operator=(const OpenFile&) = delete;
 
   int Descriptor() const { return descriptor_; }
-  /// The `errno` of the first sync that failed, or 0. The system reports a lost page once; a later
-  /// sync that goes well does not bring it back.
+  /// The `errno` of the first sync that failed, or 0. The system reports a lost page only once, and
+  /// a later sync that succeeds does not bring the page back.
   int Failure() const { return failure_; }
 
-  /// Something has been written, which a `Sync` is to come for.
+  /// Notes that something has been written which a `Sync` has yet to bring to the disk.
   void Expect() { due_ = true; }
-  /// Syncs what no other has come for, and the names in `folders`.
+  /// Syncs what was written, unless another `Sync` already has, and the names in `folders`.
   void Sync(const std::vector<std::filesystem::path>& folders) {
     if (due_.exchange(false)) {
       Note(Uninterrupted([this] { return storage_.SyncData(descriptor_); }));
     }
     for (const auto& folder : folders) Note(SyncFolder(storage_, folder));
   }
-  /// Returns the `errno`, or 0.
+  /// Returns 0, or the `errno` of a failure.
   int Close() {
-    // An interrupted close has closed the file.
+    // A close that is interrupted has still closed the file.
     return storage_.Close(std::exchange(descriptor_, -1)) == 0 || errno == EINTR ? 0 : errno;
   }
 
@@ -73,7 +73,7 @@ AppendLog::~AppendLog() {
   try {
     Close();
   } catch (...) {
-    // Whoever wanted to hear of it has closed the log.
+    // A caller who needs to know about errors calls Close() first.
   }
 }
 
@@ -86,7 +86,7 @@ void AppendLog::TakeUp(const std::filesystem::path& path) {
   OpenWith(path, std::filesystem::exists(path, unreadable) ? ReadFile(path) : "");
 }
 
-/// Without the `content` that is there already, the file is emptied.
+/// `content` is what the file already holds. Without it, the file is emptied.
 void AppendLog::OpenWith(const std::filesystem::path& path, std::optional<std::string> content) {
   const std::lock_guard lock(mutex_);
   if (IsOpen()) WriteOutAndSync();
@@ -99,11 +99,11 @@ void AppendLog::OpenWith(const std::filesystem::path& path, std::optional<std::s
   if (::fstat(descriptor, &status) != 0) throw FileError(path, errno);
   if (!S_ISREG(status.st_mode)) throw FileError(path, "not a regular file");
   std::filesystem::path name = path;
-  // Last, so that whatever fails leaves the old content.
+  // Truncate last, so that a failure before this leaves the old content in place.
   if (!content && Uninterrupted([&] { return storage_.Truncate(descriptor, 0); }) != 0) {
     throw FileError(path, errno);
   }
-  if (IsOpen()) Release();  // all of it is on the disk by now, whatever the closing reports
+  if (IsOpen()) Release();  // everything is on the disk by now, whatever closing reports
   file_ = std::move(file);
   path_ = std::move(name);
   text_ = std::move(content).value_or("");
@@ -133,7 +133,7 @@ void AppendLog::LetThrough(std::size_t end) {
   WriteOut();
 }
 
-/// As much of the text as may have gone out.
+/// The part of the text that may be written: all of it, or what has been let through.
 std::string_view AppendLog::Due() const {
   return std::string_view(text_).substr(0, held_ ? allowed_ : text_.size());
 }
@@ -155,7 +155,7 @@ void AppendLog::Retry() {
   }
 }
 
-/// Hands what waits to the system.
+/// Writes out what is waiting.
 void AppendLog::WriteOut() {
   if (!unreliable_) cause_.clear();
   const std::string_view waiting = Due().substr(written_);
@@ -169,13 +169,13 @@ void AppendLog::WriteOut() {
   if (count > 0) SyncSoon();
 }
 
-/// Has what is written by now synced as soon as the disk allows, and the names in `folders`.
+/// Has everything written so far, and the names in `folders`, synced in the background.
 void AppendLog::SyncSoon(std::vector<std::filesystem::path> folders) {
   file_->Expect();
   writer_.Do([file = file_, folders = std::move(folders)] { file->Sync(folders); });
 }
 
-/// Waits until everything is synced. False when this, or a sync before, has failed.
+/// Waits until everything is synced. False when this sync or an earlier one has failed.
 bool AppendLog::Sync() {
   SyncSoon();
   writer_.Await();
@@ -187,10 +187,10 @@ void AppendLog::GiveUpOnFile(std::string cause) {
   unreliable_ = true;
 }
 
-/// Writes the whole text anew, durably, and opens the file to go on behind it.
+/// Writes the whole text anew, durably, and opens the file to append to it.
 AppendLog::PutBack AppendLog::PutBackFile(Storage& storage, const std::filesystem::path& path,
                                           const std::string& text) try {
-  // Where its folders have gone, so has the file; that they are there again is on the disk first.
+  // The folders may have gone with the file: make and sync them before the file itself.
   const std::filesystem::path folder = path.parent_path();
   if (MakeClassFolders(storage, folder) != 0 || SyncClassFolders(storage, folder) != 0) {
     throw FileError(path, errno);
@@ -207,7 +207,8 @@ AppendLog::PutBack AppendLog::PutBackFile(Storage& storage, const std::filesyste
   return {.file = nullptr, .size = 0, .cause = error.what()};
 }
 
-/// Goes on with the file that has been put back. What came in the meantime waits again.
+/// Continues with the file that has been put back. Entries added in the meantime wait to be
+/// written.
 void AppendLog::TakePutBack() {
   PutBack result = putBack_.get();
   if (!result.file) {
@@ -256,7 +257,7 @@ void AppendLog::Close() {
   if (const int cause = Release(); cause != 0) throw FileError(path_, cause);
 }
 
-/// Brings the whole text to the disk, whatever is held back. Throws FileError.
+/// Brings the whole text to the disk, including entries that are held back. Throws FileError.
 void AppendLog::WriteOutAndSync() {
   held_ = false;
   Retry();
@@ -268,7 +269,7 @@ void AppendLog::WriteOutAndSync() {
   if (!cause_.empty()) throw FileError(path_, cause_);
 }
 
-/// Gives the file up, and what was wrong with it. Returns the `errno` of the closing, or 0.
+/// Closes the file and forgets what was wrong with it. Returns the `errno` of closing it, or 0.
 int AppendLog::Release() {
   writer_.Await();
   unreliable_ = false;

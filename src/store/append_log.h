@@ -16,13 +16,13 @@ namespace orvex {
 
 class Storage;
 
-/// A text file that grows by whole entries. Each entry is handed to the system in one write before
-/// `Append` returns; a background writer that owns nothing but the descriptor syncs it at once, as
-/// fast as the disk allows. The whole text since `Open` is kept in memory: an entry that cannot be
-/// written goes out with the next, and a file that can no longer be relied on (a write failed
-/// though the disk is not full, a sync failed, its stick was pulled out, it was deleted) is put
-/// back whole, with the folders of its class. One thread works with it; only `LetThrough` may come
-/// from another.
+/// A text file that grows by whole entries. `Append` hands each entry to the system in one write
+/// before it returns; a background writer, which owns nothing but the descriptor, syncs it as soon
+/// as the disk allows. The whole text since `Open` stays in memory. An entry that cannot be written
+/// goes out with the next one. A file that can no longer be relied on (a write failed although the
+/// disk is not full, a sync failed, its stick was pulled out, it was deleted) is put back whole,
+/// together with its class folders. Use it from one thread; only `LetThrough` may be called from
+/// another.
 class AppendLog {
  public:
   explicit AppendLog(Storage& storage);
@@ -30,55 +30,56 @@ class AppendLog {
   AppendLog(const AppendLog&) = delete;
   AppendLog& operator=(const AppendLog&) = delete;
 
-  /// Opens `path` empty, replacing what was there; a log open before is written out, synced and
-  /// closed. Throws FileError, also for anything that is not a regular file; a file at `path` then
-  /// keeps its content, and a log open before stays open. That its name, or its folder's, did not
-  /// reach the disk turns up later, as a trouble.
+  /// Opens `path` empty, replacing what was there. A log that is already open is first written out,
+  /// synced and closed. Throws FileError, also when `path` is not a regular file; a file at `path`
+  /// then keeps its content, and the log that was open stays open. If the file's name, or its
+  /// folder's, does not reach the disk, `Trouble` reports it later.
   void Open(const std::filesystem::path& path);
-  /// Opens `path` as it is, or empty when there is none, to go on behind what it holds.
+  /// Opens `path` to append to what it holds, or empty when there is no such file. Otherwise like
+  /// `Open`.
   void TakeUp(const std::filesystem::path& path);
   bool IsOpen() const { return file_ != nullptr; }
   const std::filesystem::path& Path() const { return path_; }
 
-  /// Adds an entry, line ends included. A failure is no exception but a trouble: what could not be
-  /// written waits in memory.
+  /// Adds an entry, line ends included. A failed write does not throw: what could not be written
+  /// waits in memory, and `Trouble` says why.
   void Append(std::string_view entry);
 
-  /// From now on entries wait in memory until they are let through.
+  /// From now on, entries wait in memory until they are let through.
   void HoldEntries();
-  /// Lets the entries go out that stand before `end`, an `End` of before. For any thread.
+  /// Lets out the entries before `end`, a value that `End` returned earlier. For any thread.
   void LetThrough(std::size_t end);
-  /// Where the text ends by now.
+  /// The length of the text so far, in bytes.
   std::size_t End() const { return text_.size(); }
 
-  /// Tries again to write what waits in memory. A file that cannot be relied on is put back behind
-  /// the scenes; what comes of that shows with a later entry or retry.
+  /// Tries again to write what waits in memory. A file that cannot be relied on is put back in the
+  /// background; a later `Append` or `Retry` picks up the result.
   void Retry();
-  /// Waits for a file that is being put back.
+  /// Waits until a file that is being put back is there again, or could not be put back.
   void Settle();
-  /// Waits until what went out is on the disk, or has failed.
+  /// Waits until everything written out is on the disk, or has failed to get there.
   void AwaitSynced();
 
-  /// Why the last write failed, or something written did not reach the disk, "<path>: <cause>";
-  /// empty while all is well. What did not reach the disk stays a trouble until the whole text has
-  /// been written anew.
+  /// "<path>: <cause>": why the last write failed, or why something written did not reach the disk.
+  /// Empty while all is well. What did not reach the disk remains a trouble until the whole text
+  /// has been written anew.
   std::string Trouble() const;
 
-  /// Moves the file to `path`, over a file that is there, and goes on appending to it. Throws
-  /// FileError; the log then stays as it is. That the move itself did not reach the disk turns up
-  /// later, as a trouble.
+  /// Moves the file to `path`, replacing any file there, and continues appending to it. Throws
+  /// FileError; the log then stays as it is. If the move itself does not reach the disk, `Trouble`
+  /// reports it later.
   void MoveTo(const std::filesystem::path& path);
 
-  /// Writes what waits, syncs and closes; what a sync has lost is written anew first. Throws
-  /// FileError when something did not reach the disk; the log then stays open and can be closed
-  /// again. Only when the closing itself reports an error, the log is closed all the same.
+  /// Writes out what is waiting, syncs and closes. What a sync has lost is written anew first.
+  /// Throws FileError when something did not reach the disk; the log then stays open and can be
+  /// closed again. Only an error from closing itself leaves the log closed.
   void Close();
 
  private:
   class OpenFile;
 
   void OpenWith(const std::filesystem::path& path, std::optional<std::string> content);
-  /// What came of putting a file back: opened at its end, or why it is not.
+  /// The result of putting a file back: the reopened file, or why there is none.
   struct PutBack {
     std::shared_ptr<OpenFile> file;
     std::size_t size = 0;
@@ -97,13 +98,13 @@ class AppendLog {
   int Release();
 
   Storage& storage_;
-  mutable std::recursive_mutex mutex_;  ///< for what `LetThrough` reads or changes
+  mutable std::recursive_mutex mutex_;  ///< guards what `LetThrough` reads or changes
   std::filesystem::path path_;
   std::shared_ptr<OpenFile> file_;
-  std::string text_;              ///< all since `Open`
-  std::size_t written_ = 0;       ///< how much of it has gone out
+  std::string text_;              ///< everything since `Open`
+  std::size_t written_ = 0;       ///< how many bytes of it have been written out
   bool held_ = false;             ///< entries wait to be let through
-  std::size_t allowed_ = 0;       ///< how much may go out then
+  std::size_t allowed_ = 0;       ///< how many bytes may be written out while they wait
   bool unreliable_ = false;       ///< the file must be put back
   std::string cause_;             ///< why the last attempt failed; empty when it went well
   std::future<PutBack> putBack_;  ///< while the file is being put back

@@ -34,7 +34,7 @@ void BackgroundWriter::Run() {
   for (;;) {
     changed_.wait(lock, [this] { return ends_ || !jobs_.empty(); });
     if (jobs_.empty()) return;
-    auto job = std::move(jobs_.front());  // what it leaves behind says that it is under way
+    auto job = std::move(jobs_.front());  // the empty job left in front shows that one is running
     lock.unlock();
     job();
     job = {};

@@ -10,17 +10,17 @@
 
 namespace orvex {
 
-/// A thread that does one job after the other, so that nobody waits for a slow disk. Where only the
-/// newest of a series counts, its owner holds that one and the job takes it, if it is still there.
+/// A thread that does jobs one after the other, so that nobody waits for a slow disk. When only the
+/// newest of a series matters, the owner holds that one, and the job takes it if it is still there.
 class BackgroundWriter {
  public:
   BackgroundWriter() : thread_([this] { Run(); }) {}
-  /// What was handed over is done.
+  /// Does all remaining jobs first.
   ~BackgroundWriter();
   BackgroundWriter(const BackgroundWriter&) = delete;
   BackgroundWriter& operator=(const BackgroundWriter&) = delete;
 
-  /// Has `job` done after those before it. Its result can be waited for, or ignored.
+  /// Queues `job` behind the earlier ones. Its result can be awaited or ignored.
   template <typename Job>
   auto Do(Job job) {
     std::packaged_task<std::invoke_result_t<Job&>()> task(std::move(job));
@@ -28,9 +28,9 @@ class BackgroundWriter {
     Add(std::packaged_task<void()>(std::move(task)));
     return result;
   }
-  /// Waits until everything handed over is done.
+  /// Waits until all queued jobs are done.
   void Await();
-  /// Nothing is left to do.
+  /// True when no job is waiting or running.
   bool IsIdle() const;
 
  private:
@@ -39,9 +39,9 @@ class BackgroundWriter {
 
   mutable std::mutex mutex_;
   std::condition_variable changed_;
-  std::deque<std::packaged_task<void()>> jobs_;  ///< the first until it is done
+  std::deque<std::packaged_task<void()>> jobs_;  ///< a job stays in front until it is done
   bool ends_ = false;
-  std::thread thread_;  // last: it uses all the others
+  std::thread thread_;  // last: it uses all other members
 };
 
 }  // namespace orvex

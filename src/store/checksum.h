@@ -5,7 +5,7 @@
 
 namespace orvex {
 
-/// A number that tells contents apart: no change of a single byte goes unseen.
+/// A checksum of `bytes`. It always detects a change of a single byte.
 std::uint64_t Checksum(std::string_view bytes);
 
 }  // namespace orvex

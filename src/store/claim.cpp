@@ -20,13 +20,14 @@ fs::path LockPath(fs::path path) {
   return path.replace_extension(".lock");
 }
 
-/// False when somebody else has the lock. What cannot be locked counts as got.
+/// False when somebody else holds the lock. True also for a file that cannot be locked at all.
 bool TryLock(int descriptor) {
   return Uninterrupted([&] { return ::flock(descriptor, LOCK_EX | LOCK_NB); }) == 0 ||
          errno != EWOULDBLOCK;
 }
 
-/// False when the file has been removed since it was opened: a lock on it keeps nobody out.
+/// False when the file has been removed since it was opened: a lock on it no longer keeps anybody
+/// out.
 bool IsStillAt(const fs::path& path, int descriptor) {
   struct stat opened = {};
   struct stat named = {};
@@ -42,7 +43,7 @@ Claim::Claim(fs::path path) : path_(std::move(path)) {
   do {
     GiveUp();
     descriptor_ = Uninterrupted([&] { return ::open(lock.c_str(), kFlags, 0666); });
-    // Where nobody can write, nobody can change what is kept either.
+    // Where nothing can be written, nobody can change what is kept, so no lock is needed.
     if (descriptor_ < 0 && (errno == EROFS || errno == EACCES)) return;
     if (descriptor_ < 0) throw FileError(lock, errno);
     if (!TryLock(descriptor_)) {
@@ -66,12 +67,12 @@ void Claim::Renew() try {
   Claim again(path_);
   std::swap(descriptor_, again.descriptor_);
 } catch (const FileError&) {
-  // Nothing is worse than it was.
+  // Without a new lock, things are no worse than before.
 }
 
 void Claim::GiveUp() {
   if (descriptor_ < 0) return;
-  // Removed while it is still locked: whoever opens it from here on makes a new one.
+  // Remove the file while it is still locked: anybody who opens it from here on makes a new one.
   const fs::path lock = LockPath(path_);
   if (IsStillAt(lock, descriptor_)) ::unlink(lock.c_str());
   ::close(std::exchange(descriptor_, -1));

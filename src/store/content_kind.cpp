@@ -10,7 +10,7 @@ namespace orvex {
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
-/// How much of a text is looked at: the beginning tells.
+/// How many bytes of a text most checks look at: the beginning is enough.
 constexpr std::size_t kBeginning = 4096;
 
 std::string_view FirstLine(std::string_view text) {
@@ -21,14 +21,15 @@ bool Holds(std::string_view text, std::string_view part) {
   return text.find(part) != kNone;
 }
 
-/// With its byte order mark, which is none in UTF-8, or with the zeros between its letters.
+/// True for a byte order mark of UTF-16, which Decode takes for two letters of Windows-1252, or for
+/// zeros between the letters.
 bool IsUtf16(std::string_view text) {
   if (text.starts_with("\u00FF\u00FE") || text.starts_with("\u00FE\u00FF")) return true;
   return text.size() > 3 && ((text[0] == '\0' && text[2] == '\0' && text[1] != '\0') ||
                              (text[1] == '\0' && text[3] == '\0' && text[0] != '\0'));
 }
 
-/// Packages, the binary files before them, rich text and PDF.
+/// True for zipped office documents, older binary ones, rich text and PDF.
 bool IsDocument(std::string_view text) {
   constexpr std::array<std::string_view, 4> kStarts = {"PK\x03\x04", "\u00D0\u00CF\u0011\u00E0",
                                                        "{\\rtf", "%PDF-"};
@@ -42,7 +43,7 @@ bool IsWebPage(std::string_view text) {
          (text[start + 1] == '!' || text[start + 1] == '?' || (text[start + 1] | 0x20) == 'h');
 }
 
-/// "5-12-3", which may have a folder before it.
+/// True for a name such as "5-12-3", with or without a folder before it.
 bool IsName(std::string_view line) {
   const std::size_t last = line.find_last_not_of("0123456789-");
   const std::string_view name = last == kNone ? line : line.substr(last + 1);
@@ -63,12 +64,13 @@ bool IsList(std::string_view text) {
   return any;
 }
 
-/// A CR at the end of the file may be half a line end.
+/// True when lines end with CR alone. A CR at the very end does not count: it may be half of a CR
+/// LF.
 bool EndsOfCr(std::string_view text) {
   return text.substr(0, text.size() - 1).find('\r') != kNone && !Holds(text, "\n");
 }
 
-/// Control characters that no text has.
+/// True when there are control characters that no text has.
 bool IsBinary(std::string_view text) {
   constexpr std::string_view kOfTexts = "\t\n\v\f\r\x1A\x1B";
   return std::ranges::any_of(text, [&](char c) {
@@ -76,7 +78,7 @@ bool IsBinary(std::string_view text) {
   });
 }
 
-/// By the banner; by a heading of the file where it has none.
+/// Goes by the banner or, in a file without one, by a heading.
 ContentKind KindOfOurs(std::string_view text) {
   const std::string_view banner = FirstLine(text);
   if (Holds(banner, "Orvex")) {
@@ -95,7 +97,7 @@ ContentKind KindOfOurs(std::string_view text) {
   return Holds(text, "*** EPISODE ") ? ContentKind::episodes : ContentKind::other;
 }
 
-/// "this is a survey file".
+/// The words for a kind, to follow "this is".
 std::string_view NameOf(ContentKind kind) {
   switch (kind) {
     case ContentKind::episodes:
@@ -133,13 +135,13 @@ std::string IsNot(ContentKind kind, ContentKind wanted) {
   return what + std::string(NameOf(wanted));
 }
 
-/// The second half of a survey's double heading may begin behind an LF alone.
+/// True at the line break within a survey's double heading, which may be an LF alone.
 bool IsDoubleHeading(std::string_view text, std::size_t end) {
   return text[end] == '\n' && text.substr(end + 1).starts_with("INFORMATIONAL:");
 }
 
-/// "; line 5 ends with LF alone, others with CR LF": the first line that ends in another way than
-/// the lines of such a file do.
+/// "; line 5 ends with LF alone, others end with CR LF": names the first line that ends differently
+/// from the other lines of the file. Empty when there is none.
 std::string MixedEnds(std::string_view text) {
   const bool crLf = Holds(text, "\r\n");
   for (std::size_t at = text.find_first_of("\r\n"); at != kNone && at + 1 < text.size();

@@ -6,31 +6,31 @@
 
 namespace orvex {
 
-/// What a file holds, by its content.
+/// The kind of a file, judged by its content.
 enum class ContentKind {
   episodes,
   survey,
   sessionLog,
   keptClass,
-  list,
-  document,  ///< of an office program: a package or a format of its own
+  list,      ///< every line names an observation
+  document,  ///< an office document, rich text or PDF
   webPage,
   utf16,
-  endsOfCr,  ///< whose lines end with CR alone
+  endsOfCr,  ///< a text whose lines end with CR alone
   empty,
   binary,
   other,
 };
 
-/// The kind of a text as Decode gives it.
+/// The kind of a text that Decode has returned.
 ContentKind KindOfContent(std::string_view text);
 
-/// Throws when `text`, which is to be a list, is a file of another kind: it is taken for one where
-/// every line is a name.
+/// Throws FormatError when `text`, which should be a list of files, is clearly a file of another
+/// kind.
 void RequireList(std::string_view text);
 
-/// Throws what is to be told of `text`, which was to be of the kind `wanted`, when `error` was met
-/// in reading it: that it is of another kind; otherwise `error`, with what may have led to it.
+/// Throws the FormatError to report when reading `text` as a file of the kind `wanted` met `error`:
+/// that it is a file of another kind, or else `error` with a likely cause added.
 [[noreturn]] void FailAs(ContentKind wanted, std::string_view text, const FormatError& error);
 
 }  // namespace orvex

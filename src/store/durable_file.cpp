@@ -24,10 +24,10 @@ namespace fs = std::filesystem;
 
 constexpr mode_t kModeBits = 07777;
 constexpr mode_t kPrivate = 0600;
-constexpr mode_t kAsTheUserLikes = 0666;  // the system takes the user's mask off
+constexpr mode_t kAsTheUserLikes = 0666;  // the system applies the user's umask
 constexpr std::size_t kMostBytes = std::size_t{512} * 1024 * 1024;
 
-/// What `path` stands for once its links are followed; the last one may point at nothing yet.
+/// Follows symbolic links from `path`. The last one may point to a file that does not exist yet.
 fs::path FollowLinks(const fs::path& path) {
   constexpr int kMostLinks = 40;
   fs::path target = path;
@@ -41,11 +41,11 @@ fs::path FollowLinks(const fs::path& path) {
   return target;
 }
 
-/// Gives a file the owner of `old`, as far as the user may: at least the group, where that is
-/// allowed. False with `errno` set when it fails for another reason.
+/// Gives the new file the owner and group of `old` as far as the user may, or at least the group.
+/// False, with `errno` set, when that fails for any reason but a missing permission.
 bool TakeOver(Storage& storage, int descriptor, const struct stat& made, const struct stat& old) {
   if (made.st_uid == old.st_uid && made.st_gid == old.st_gid) return true;
-  // EINVAL: an identity that this mount or container has no number for.
+  // EINVAL means that this mount or container has no number for the owner or group.
   const auto give = [&](uid_t owner) {
     return Uninterrupted([&] { return storage.SetOwner(descriptor, owner, old.st_gid); }) == 0;
   };
@@ -56,8 +56,8 @@ bool TakeOver(Storage& storage, int descriptor, const struct stat& made, const s
   return give(kSameOwner) || refused();
 }
 
-/// Why a file must not be replaced, as a value of `errno`; 0 when it may be. A rename would replace
-/// one that somebody has protected, and root could write it, too.
+/// Why a file must not be replaced, as a value of `errno`; 0 when it may be. Without this check, a
+/// rename would replace a file that somebody has protected, and root could write to it as well.
 int ProtectionOf(const fs::path& target, const struct stat& file) {
   constexpr mode_t kAnybodyWrites = 0222;
   if ((file.st_mode & kAnybodyWrites) == 0) return EACCES;
@@ -119,11 +119,11 @@ void FileReplacement::Write(std::string_view bytes) {
 
 void FileReplacement::BringToDisk() {
   if (exists_) Require(TakeOver(storage_, descriptor_, made_, old_));
-  // A stick's file system has one mode for all files and refuses to be given it.
+  // The file system of a stick has one mode for all files and refuses to set even that.
   const mode_t wanted = (exists_ ? old_.st_mode : made_.st_mode) & kModeBits;
   if (mode_ != wanted) Require(SetMode(wanted));
   Require(Uninterrupted([&] { return storage_.Sync(descriptor_); }) == 0);
-  // An interrupted close has closed the file, and the data is on the disk by then.
+  // A close that is interrupted has still closed the file, and its data is already on the disk.
   Require(storage_.Close(std::exchange(descriptor_, -1)) == 0 || errno == EINTR);
 }
 
@@ -154,8 +154,8 @@ void RequireReplaceable(const fs::path& path) {
 
 namespace {
 
-/// Reads up to `most` bytes of a regular file; longer files are cut off there. One that is larger
-/// than `largest` is an error.
+/// Reads a regular file, but no more than `most` bytes of it. A file larger than `largest` is an
+/// error.
 std::string ReadUpTo(const fs::path& path, std::size_t most, std::uintmax_t largest, Links links) {
   // Without O_NONBLOCK a named pipe would hold up the open itself.
   const int flags =
@@ -172,11 +172,11 @@ std::string ReadUpTo(const fs::path& path, std::size_t most, std::uintmax_t larg
   if (S_ISDIR(status.st_mode)) throw FileError(path, EISDIR);
   if (!S_ISREG(status.st_mode)) throw FileError(path, "not a regular file");
 
-  // A damaged directory entry, or a file with holes, may claim any size: no memory is asked for
-  // before that is ruled out.
+  // A damaged directory entry, or a file with holes, may claim any size. Rule that out before
+  // allocating memory.
   if (static_cast<std::uintmax_t>(status.st_size) > largest) throw FileError(path, EFBIG);
 
-  // One byte more than the file has now, to see its end.
+  // One byte more than the file has now, to notice its end.
   std::string bytes(std::min(static_cast<std::size_t>(status.st_size) + 1, most), '\0');
   std::size_t size = 0;
   while (size < most) {
@@ -209,7 +209,7 @@ void EnsureFolder(Storage& storage, const fs::path& folder) {
     std::error_code ignored;
     if (!fs::is_directory(folder, ignored)) throw FileError(folder, cause);
   }
-  // Also for a folder that exists: nobody may have synced it yet.
+  // Sync also a folder that already existed: perhaps nobody has done so yet.
   if (SyncFolder(storage, folder.parent_path()) != 0) throw FileError(folder, errno);
 }
 

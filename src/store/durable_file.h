@@ -11,21 +11,21 @@ namespace orvex {
 
 class Storage;
 
-/// Replaces the file at `path`, or creates it, so that at every moment either the old or the new
-/// content is on the disk, whole. A symbolic link stays a link: its target is replaced. An existing
-/// file keeps its owner, as far as the user may give it, and its mode. Throws FileError; the old
-/// file is then untouched, except when the very last step fails, the sync of the folder: the new
-/// content is in place then, but a power cut might still bring the old one back. What killed
-/// programs left in the folder a day ago is cleared.
+/// Replaces or creates the file at `path` so that at every moment the disk holds either the old or
+/// the new content, whole. A symbolic link stays a link: its target is replaced. An existing file
+/// keeps its mode and, as far as the user may set it, its owner. Throws FileError; the old file is
+/// then untouched, unless only the very last step failed, syncing the folder: then the new content
+/// is in place, but a power cut might still bring the old one back. Also removes what killed
+/// programs left in the folder more than a day ago.
 void ReplaceFile(Storage& storage, const std::filesystem::path& path, std::string_view bytes);
 
-/// Throws FileError when the file at `path`, or the folder it lies in, is write-protected, so that
-/// it could not be replaced.
+/// Throws FileError when the file at `path` could not be replaced: it does not exist, or it or its
+/// folder is write-protected.
 void RequireReplaceable(const std::filesystem::path& path);
 
-/// Replaces a file by a content that comes piece by piece: it gathers in a file of its own beside
-/// the one at `path` and takes its place with `Commit`. Until then, and without it, the old file
-/// stays. All throw FileError.
+/// Replaces a file by content that comes piece by piece. The content gathers in a temporary beside
+/// the file, which takes the file's place with `Commit`. Until then, or without it, the old file
+/// stays. All functions throw FileError.
 class FileReplacement {
  public:
   FileReplacement(Storage& storage, std::filesystem::path path);
@@ -34,12 +34,12 @@ class FileReplacement {
   FileReplacement& operator=(const FileReplacement&) = delete;
 
   void Write(std::string_view bytes);
-  /// All of the content is on the disk then, still in its own file.
+  /// Brings the whole content to the disk, still in the temporary. Ends the writing.
   void BringToDisk();
   void Commit();
-  /// Where the file lies, links followed.
+  /// The folder of `Target`.
   std::filesystem::path Folder() const { return target_.parent_path(); }
-  /// What it takes the place of: `path`, its links followed.
+  /// The file to replace: `path` with its links followed.
   const std::filesystem::path& Target() const { return target_; }
 
  private:
@@ -49,26 +49,26 @@ class FileReplacement {
   void Discard();
 
   Storage& storage_;
-  std::filesystem::path path_;       ///< as it was asked for
-  std::filesystem::path target_;     ///< what it stands for
+  std::filesystem::path path_;       ///< as the caller gave it
+  std::filesystem::path target_;     ///< with links followed
   std::filesystem::path temporary_;  ///< empty once it has taken its place
   int descriptor_ = -1;
   bool exists_ = false;
-  struct stat old_ = {};   ///< of the old file, if there is one
-  struct stat made_ = {};  ///< of the temporary
-  mode_t mode_ = 0;        ///< the temporary's
+  struct stat old_ = {};   ///< status of the old file, if there is one
+  struct stat made_ = {};  ///< status of the temporary
+  mode_t mode_ = 0;        ///< mode of the temporary
 };
 
 enum class Links { areFollowed, areRefused };
 
-/// The bytes of a file. Throws FileError; a folder, anything else that is not a regular file, and
-/// a file of more than 512 MiB is an error.
+/// The bytes of a file. Throws FileError, also for a folder, for anything else that is not a
+/// regular file, and for a file larger than 512 MiB.
 std::string ReadFile(const std::filesystem::path& path, Links links = Links::areFollowed);
-/// The same, but no more than the first `most` bytes of a file of any size.
+/// The first `most` bytes of a regular file of any size, or all of it. Throws FileError.
 std::string ReadFileStart(const std::filesystem::path& path, std::size_t most);
 
-/// Creates `folder` when it does not exist; its parent must. That it exists is on the disk then.
-/// Throws FileError.
+/// Creates `folder` unless it exists; its parent must exist. On return, the folder's name is on the
+/// disk. Throws FileError.
 void EnsureFolder(Storage& storage, const std::filesystem::path& folder);
 
 }  // namespace orvex

@@ -24,13 +24,13 @@ constexpr std::string_view kQuestion = "the text of a question";
 constexpr std::string_view kLetter = "a code letter";
 constexpr std::string_view kSpell = "the length of a dialogic spell";
 
-/// A text of a file between quotes, on one line and not too long for a message.
+/// A text from a file between quotes, on one line and not too long for a message.
 std::string InQuotes(std::string_view text) {
   constexpr std::size_t kMostBytes = 60;
   std::string line = OneLine(text);
   if (line.size() > kMostBytes) {
     std::size_t end = kMostBytes;
-    while ((static_cast<unsigned char>(line[end]) & 0xC0U) == 0x80U) --end;  // a whole character
+    while ((static_cast<unsigned char>(line[end]) & 0xC0U) == 0x80U) --end;  // whole characters
     line.replace(end, std::string::npos, "...");
   }
   return "\"" + line + "\"";
@@ -50,7 +50,7 @@ bool AreEqualLetters(std::string_view a, std::string_view b) {
   });
 }
 
-/// A question's line taken apart.
+/// The parts of a question's line.
 struct QuestionLine {
   explicit QuestionLine(std::string_view line) : text(line) {
     constexpr std::string_view kClose = "----->)";
@@ -84,7 +84,7 @@ struct TracedFile : EpsReadEvents {
   }
 
   DecodedText file;
-  bool marked;  ///< by a byte order mark
+  bool marked;  ///< begins with a byte order mark
   std::vector<ReadField> fields;
   std::string_view textAfter;  ///< text after the last question, and the line where it begins
   int lineAfter = 0;
@@ -107,8 +107,8 @@ class Comparison {
  private:
   using Fields = std::vector<ReadField>;
 
-  /// Both files have the same fields in the same order, but for a few that the one states and the
-  /// other does not.
+  /// Both files have the same fields in the same order, except for a few that only one of them
+  /// states.
   void CompareFields() {
     auto field = old_.fields.begin();
     auto rewritten = new_.fields.begin();
@@ -121,11 +121,11 @@ class Comparison {
     }
   }
 
-  /// Goes on to the next fields of the same kind.
+  /// Moves both on to the next fields of the same kind.
   void Synchronize(Fields::iterator& field, Fields::iterator& rewritten) {
-    constexpr std::ptrdiff_t kMost = 8;  // no record states more than that
+    constexpr std::ptrdiff_t kMost = 8;  // no record has more optional fields than that
     if (rewritten->what == kBanner) TellForm(kBanner);
-    // How many spells there are has been compared.
+    // Skip the lengths of spells: the number of spells has already been compared.
     const auto isSpell = [](const ReadField& one) { return one.what == kSpell; };
     field = std::find_if_not(field, old_.fields.end(), isSpell);
     rewritten = std::find_if_not(rewritten, new_.fields.end(), isSpell);
@@ -160,7 +160,7 @@ class Comparison {
     TellChange(field.position, field.what, field.value, rewritten.value);
   }
 
-  /// One that says no more than ours.
+  /// True for a heading that says no more than the one this program writes.
   static bool IsHeading(std::string_view line) {
     return line.find_first_not_of("* ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789") == kNone;
   }
@@ -225,7 +225,7 @@ class Comparison {
   TracedFile old_;
   TracedFile new_;
   EpsDifferences found_;
-  std::size_t counted_ = 0;  ///< up to where the line ends are counted
+  std::size_t counted_ = 0;  ///< how far line ends have been counted
   int line_ = 1;
 };
 

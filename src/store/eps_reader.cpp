@@ -22,8 +22,8 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-/// True when a file's first line names a version before this program's. A line without a version
-/// counts as a file of today.
+/// True when a file's first line names a version earlier than this program's. A line without a
+/// version counts as current.
 bool IsOfEarlierVersion(std::string_view banner) {
   constexpr std::string_view kProgram = "Orvex";
   const std::size_t program = banner.find(kProgram);
@@ -37,14 +37,14 @@ bool IsOfEarlierVersion(std::string_view banner) {
 
 constexpr std::string_view kMarkerOpen = "(<-----";
 
-/// Where a question was asked, as its marker says.
+/// Where a question was asked, according to its marker.
 struct Marker {
-  std::size_t position = kNone;  ///< where it stands in the question's line, if there is a good one
+  std::size_t position = kNone;  ///< where it begins in the line; kNone when there is no valid one
   std::int16_t ep = 0;
   std::int16_t sg = 0;
 };
 
-/// Nothing when a number does not fit 16 bits.
+/// The last marker in a question's line. Nothing when one of its numbers does not fit 16 bits.
 std::optional<Marker> FindMarker(std::string_view line) {
   constexpr std::string_view kClose = "----->)";
   std::size_t open = line.rfind(kMarkerOpen.front());
@@ -66,7 +66,7 @@ std::optional<Marker> FindMarker(std::string_view line) {
   return Marker{open, *shortEp, *shortSg};
 }
 
-/// What a file states of an episode's questions.
+/// What a file states about an episode's questions.
 struct Summary {
   int questions = 0;
   QuestionCounts counts;
@@ -94,7 +94,7 @@ class EpsReader {
   }
 
  private:
-  /// Returns the number of episodes.
+  /// Reads the header. Returns the number of episodes.
   int ReadHeader() {
     EpsHeader& header = observation_.header;
     Identity& identity = header.identity;
@@ -177,9 +177,9 @@ class EpsReader {
   }
 
   void ReadQuestions(Episode& episode, int count) {
-    // The file may state any count: no more are made room for than it has bytes.
+    // The file may state any count: never reserve room for more than its bytes can hold.
     constexpr std::size_t kLineEnds = 3;
-    constexpr std::size_t kLeastBytes = kLineEnds + kLetteredDimensions.size() - 1;  // and commas
+    constexpr std::size_t kLeastBytes = kLineEnds + kLetteredDimensions.size() - 1;  // with commas
     const auto stated = static_cast<std::size_t>(std::max(count, 0));
     episode.questions.reserve(std::min(stated, fields_.UnreadBytes() / kLeastBytes));
     for (int q = 1; q <= count; ++q) ReadQuestion(episode);

@@ -8,8 +8,8 @@
 
 namespace orvex {
 
-/// What the reader takes from an episode file, field by field. It points into `file`. Throws as
-/// ParseEps does.
+/// The fields and lines that the reader takes from an episode file, in order. They point into
+/// `file`. Throws as ParseEps does.
 std::vector<ReadField> TraceEps(const DecodedText& file, EpsReadEvents& events);
 
 }  // namespace orvex

@@ -27,12 +27,12 @@ class EpsText {
     text_ += piece;
     return *this;
   }
-  /// A text somebody typed. A line break in it would break the file.
+  /// A text that somebody typed. It is put on one line, as a line break would break the file.
   EpsText& Typed(std::string_view text) {
     const bool broken = text.find_first_of("\r\n") != std::string_view::npos;
     return broken ? *this << OneLine(text) : *this << text;
   }
-  /// A text between double quotes, which it cannot hold itself.
+  /// A text between double quotes. Double quotes within it become single ones.
   EpsText& Quoted(std::string text) {
     std::replace(text.begin(), text.end(), '"', '\'');
     return (*this << "\"").Typed(text) << "\"";
@@ -43,15 +43,16 @@ class EpsText {
     const bool blanks = line.starts_with(' ') || line.ends_with(' ');
     return blanks || line.find(',') != std::string::npos ? Quoted(line) : *this << line;
   }
-  /// The same with the blanks around it as they are, which reading drops.
+  /// A text that is read back as one field. Blanks around it are written, although reading drops
+  /// them.
   EpsText& Given(std::string_view text) {
     return text.find(',') == std::string_view::npos ? Typed(text) : Field(text);
   }
   /// A number with nothing around it.
   EpsText& Joined(std::int64_t number) { return *this << Digits(number); }
-  /// The same for seconds, as whole ones.
+  /// Seconds, rounded to a whole number, with nothing around them.
   EpsText& Joined(double seconds) { return *this << WholeSecondsText(seconds); }
-  /// A number with a blank for the missing sign, and one behind.
+  /// A number with a blank before it, unless it is negative, and a blank after it.
   EpsText& Item(std::int64_t number) { return AsItem(number < 0, Digits(number)); }
   EpsText& Item(double seconds) {
     const std::string digits = WholeSecondsText(seconds);
@@ -167,7 +168,7 @@ void WriteQuestion(EpsText& out, const questionInfo& question, std::int64_t epis
   out.EndLine();
 }
 
-/// True when the codes that come before the name are the first ones.
+/// True when every dimension before the respondent's name has code 0.
 bool AllDefault(const questionInfo& question) {
   return std::ranges::all_of(kDimensions, [&question](Dimension dimension) {
     return dimension >= Dimension::respondName || question.codes[dimension] == 0;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-/// Ends the lines of a text without any CR LF as this system does.
+/// Turns LF into CR LF in a text that has no CR LF at all.
 std::string WithLineEnds(const std::string& text) {
   if (text.find(kLineEnd) != std::string::npos) return text;
   std::string lines;

@@ -9,24 +9,24 @@ namespace orvex {
 
 class Storage;
 
-/// For dialogs that choose a field-notes file.
+/// The filter of dialogs that choose a field-notes file.
 inline constexpr const char* kNteFilter = "NOTE files (*.NTE)|*.NTE";
 
-/// Field notes: lines separated by CR LF.
+/// Field notes. CR LF separates their lines.
 struct FieldNotes {
   std::string text;
-  Encoding encoding = Encoding::utf8;  ///< how the file was spelled, and is spelled again
+  Encoding encoding = Encoding::utf8;  ///< how the file was encoded, and is written again
 };
 
-/// Reads the bytes of a field-notes file; the line end after the last line is not part of the
+/// Reads the bytes of a field-notes file. The line end after the last line is not part of the
 /// notes.
 FieldNotes ParseFieldNotes(std::string bytes);
-/// The same from a file. Throws FileError.
+/// Reads a field-notes file. Throws FileError.
 FieldNotes ReadFieldNotes(const std::filesystem::path& path);
 
-/// The bytes of a field-notes file: the notes and one line end.
+/// The bytes of a field-notes file: the notes and a final line end.
 std::string FormatFieldNotes(const FieldNotes& notes);
-/// Replaces the file at `path`. Throws FileError; the old file then stays.
+/// Replaces the file at `path` as ReplaceFile does. Throws FileError.
 void WriteFieldNotes(Storage& storage, const std::filesystem::path& path, const FieldNotes& notes);
 
 }  // namespace orvex

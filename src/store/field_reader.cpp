@@ -38,7 +38,7 @@ int FieldReader::LineOf(std::string_view part) const {
 }
 
 std::string_view FieldReader::UnreadText() const {
-  // An old system may have marked the end of the file by Ctrl+Z.
+  // An old system may have marked the end of the file with Ctrl+Z.
   const std::size_t start = text_.find_first_not_of(" \t\r\n\x1A", position_);
   return text_.substr(std::min(start, text_.size()));
 }
@@ -55,12 +55,12 @@ void FieldReader::Fail(const std::string& expected, std::string_view found) cons
   } else {
     text += named.empty() ? ", found nothing" : ", found " + PrintableInQuotes(named);
   }
-  // What is alone on its line is the line.
+  // A field that is alone on its line is reported as the line.
   const bool alone = field_ == 1 && nextField_ == 1;
   throw FormatError(FilePlace{LineNumber(), alone ? 0 : field_}, text + UnclosedQuote());
 }
 
-/// A quote that takes in no comma does no harm.
+/// Remembers the first unclosed quote that takes in a comma. Any other does no harm.
 void FieldReader::NoteUnclosedQuote() {
   if (unclosedField_ > 0 || found_.find(',') == kNone) return;
   unclosedStart_ = fieldStart_;

@@ -18,7 +18,7 @@ class FileError : public std::runtime_error {
       : std::runtime_error(Printable(path.native()) + ": " + cause),
         path_(std::move(path)),
         cause_(std::move(cause)) {}
-  /// The cause is what `error`, a value of `errno`, stands for.
+  /// Takes the cause from `error`, a value of `errno`.
   FileError(std::filesystem::path path, int error)
       : FileError(std::move(path), std::generic_category().message(error)) {}
 

@@ -6,10 +6,10 @@
 
 namespace orvex {
 
-/// Where in a file, counted from 1.
+/// A place in a file, counted from 1.
 struct FilePlace {
   int line = 1;
-  int field = 0;  ///< of the line; 0 for the line as a whole
+  int field = 0;  ///< within the line; 0 for the line as a whole
 
   /// "line 3, field 4".
   std::string Text() const {
@@ -23,7 +23,7 @@ class FormatError : public std::runtime_error {
   /// `expected` is a noun phrase.
   FormatError(int line, const std::string& expected)
       : FormatError(FilePlace{line}, "expected " + expected) {}
-  /// `text` is all that is said of the place.
+  /// `text` is the message without the place.
   FormatError(FilePlace place, std::string text)
       : std::runtime_error(place.Text() + ": " + text), place_(place), text_(std::move(text)) {}
 

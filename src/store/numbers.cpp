@@ -14,7 +14,7 @@
 namespace orvex {
 namespace {
 
-/// A number as d.ddd x 10^exponent: no zeros at the end, no digits at all for zero.
+/// A number as d.ddd x 10^exponent. `digits` has no zeros at the end, and is empty for zero.
 struct Decimal {
   bool negative = false;
   std::string digits;
@@ -37,7 +37,8 @@ Decimal Parts(std::string_view text) {
   return decimal.digits.empty() ? Decimal{} : decimal;
 }
 
-/// What no file can hold becomes the nearest thing it can.
+/// The value itself, or the nearest that a file can hold: 0 for NaN, the largest number for
+/// infinity.
 template <typename Value>
 Value Finite(Value value) {
   if (std::isnan(value)) return 0;
@@ -58,7 +59,7 @@ Decimal DecimalOf(double value) {
   return Parts({text.data(), end.ptr});
 }
 
-/// Keeps the first `count` digits, a half rounded away from zero.
+/// Rounds to the first `count` digits, with a half away from zero.
 void Round(Decimal& decimal, int count) {
   if (count >= static_cast<int>(decimal.digits.size())) return;
   if (count < 0) {
@@ -80,11 +81,11 @@ void Round(Decimal& decimal, int count) {
   if (decimal.digits.empty()) decimal = {};
 }
 
-/// How a number is to look.
+/// How to write a number.
 struct Pattern {
   std::size_t whole = 0;     ///< fewest digits before the point
-  bool point = false;        ///< the point stands even when nothing follows it
-  std::size_t decimals = 0;  ///< fewest digits behind the point
+  bool point = false;        ///< write the point even when nothing follows it
+  std::size_t decimals = 0;  ///< fewest digits after the point
   int mostDecimals = 0;
   bool exponent = false;
 };
@@ -146,20 +147,20 @@ constexpr bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-/// What reading a number of a file comes to.
+/// The result of scanning a number in a file.
 struct Scanned {
-  bool number = false;  ///< the whole text is one
+  bool number = false;  ///< the whole text is a number
   bool inRange = false;
   double value = 0;
 };
 
 Scanned Scan(std::string_view text) {
-  // from_chars knows no plus sign, but "inf" and "nan".
+  // from_chars rejects a plus sign but accepts "inf" and "nan"; here it is the other way round.
   const bool plus = text.starts_with('+');
   const std::size_t start = plus || text.starts_with('-') ? 1 : 0;
   if (start == text.size() || (text[start] != '.' && !IsDigit(text[start]))) return {};
   if (plus) text.remove_prefix(1);
-  // Nearly every number of a file is a short whole one.
+  // Nearly every number in a file is short and whole, so try that first.
   int whole = 0;
   const auto simple = std::from_chars(text.data(), text.data() + text.size(), whole);
   if (simple.ec == std::errc{} && simple.ptr == text.data() + text.size()) {
@@ -180,14 +181,14 @@ bool IsFraction(std::string_view number) {
     std::string_view text = number.substr(e + 1);
     if (text.starts_with('+')) text.remove_prefix(1);
     const auto read = std::from_chars(text.data(), text.data() + text.size(), exponent);
-    // Larger than any run of digits can make up for.
+    // An exponent this large outweighs any run of digits.
     if (read.ec != std::errc{}) return text.starts_with('-');
   }
   const std::string_view digits = number.substr(0, e);
   const std::size_t first = digits.find_first_of("123456789");
   if (first == std::string_view::npos) return true;
   const std::size_t point = std::min(digits.find('.'), digits.size());
-  // Where the point stands, counted from the first digit that is not 0.
+  // The position of the point, counted from the first digit that is not 0.
   const std::int64_t place = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first);
   return (place < 0 ? place + 1 : place) + exponent <= 0;
 }

@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// "2026-03-02 0945", by the clock on the wall; "" for a file that cannot be asked.
+/// " 2026-03-02 0945", in local time; "" when the file's time cannot be read.
 std::string TimeOfLastChange(const fs::path& path) {
   struct stat status = {};
   std::tm local = {};
@@ -29,8 +29,8 @@ bool IsThere(const fs::path& path) {
   return fs::exists(fs::symlink_status(path, unreadable));
 }
 
-/// Renames a file, and before it the class as it was observed, which an edited one has beside it.
-/// Returns 0; or `errno`, and both have the names they had.
+/// Renames a file and, before it, the class as observed that lies beside an edited file. Returns 0,
+/// or an `errno`; both files then have the names they had before.
 int Rename(Storage& storage, const fs::path& from, const fs::path& to) {
   const fs::path observed = ObservedPath(from);
   const fs::path moved = ObservedPath(to);
@@ -77,7 +77,7 @@ std::string ReplaceOwn(Storage& storage, const fs::path& path, std::string_view 
   file.BringToDisk();
   std::string name = KeepOlder(storage, file.Target());
   try {
-    // A power cut must not bring the second change without the first.
+    // After a power cut, the new file must not be in place without the older one's new name.
     if (!name.empty() && SyncFolder(storage, file.Folder()) != 0) throw FileError(path, errno);
     file.Commit();
   } catch (const FileError&) {

@@ -10,7 +10,7 @@
 namespace orvex {
 namespace {
 
-constexpr std::size_t kLongestPath = 4096;  // what the system takes for one, its end included
+constexpr std::size_t kLongestPath = 4096;  // the system's limit, with the terminating zero
 
 }  // namespace
 

@@ -7,18 +7,19 @@
 namespace orvex {
 namespace {
 
-/// Control characters, line separators, and marks that turn the direction of a text.
+/// True for control characters, line separators, and marks that change the direction of text.
 constexpr bool Steers(char32_t c) {
   return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x061C || c == 0x200E || c == 0x200F ||
          (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
 }
 
-/// Takes off the first character of `rest`, or the byte that is none; true when it may be shown.
+/// Takes the first character off `rest`, or the first byte when it is not a character. True when it
+/// may be shown.
 bool TakeShowable(std::string_view& rest) {
   const auto byte = static_cast<unsigned char>(rest.front());
   const char32_t character = TakeCharacter(rest);
   if (character != kNotUtf8) return !Steers(character);
-  // A terminal that does not speak UTF-8 takes such a byte for what it is in Latin-1.
+  // A terminal without UTF-8 takes such a byte for the Latin-1 character.
   rest.remove_prefix(1);
   return !Steers(byte);
 }

@@ -5,11 +5,11 @@
 
 namespace orvex {
 
-/// A text of a file or of the command line for a terminal: what could steer the terminal, or turn
-/// the direction of what follows, stands as its bytes, "\x1B".
+/// Makes a text from a file or the command line safe to show in a terminal. Anything that could
+/// steer the terminal, or change the direction of the text after it, appears as its bytes: "\x1B".
 std::string Printable(std::string_view text);
 
-/// The same between quotes, and no longer than a message has room for.
+/// The text between quotes, made safe as by Printable and cut to 40 characters.
 std::string PrintableInQuotes(std::string_view text);
 
 }  // namespace orvex

@@ -13,8 +13,8 @@
 
 namespace orvex {
 
-/// Writes values as lines "name=value". A type is described once, by a function that hands its
-/// members to an archive; RecordReader is the archive that reads them back in the same order.
+/// Writes values as lines "name=value". Each type is described once, by a function that hands its
+/// members to an archive. RecordReader is the archive that reads them back, in the same order.
 class RecordWriter {
  public:
   explicit RecordWriter(std::string& out) : out_(out) {}
@@ -74,7 +74,7 @@ class RecordReader {
     if (text.size() != size || text.find_first_not_of("01") != text.npos) Fail(name);
     bits = std::bitset<size>(std::string(text));
   }
-  /// However many are stated, no more are made than the text has lines for.
+  /// Whatever count the text states, no more items are made than the text has lines.
   template <typename Value, typename Item>
   void List(std::string_view name, std::vector<Value>& values, Item item) {
     std::size_t count = 0;
@@ -91,9 +91,9 @@ class RecordReader {
   }
 
   bool AtEnd() const { return fields_.UnreadBytes() == 0; }
-  /// Throws unless everything has been read.
+  /// Throws FormatError unless everything has been read.
   void End() const;
-  /// Says that the last line read does not hold a good `what`.
+  /// Throws FormatError: the line read last has no valid value for `what`.
   [[noreturn]] void Fail(std::string_view what) const;
 
  private:
@@ -105,7 +105,7 @@ class RecordReader {
     const auto [stop, error] = std::from_chars(rest_.data(), end, value);
     if (error != std::errc() || stop == end || *stop != ' ') Fail(name);
     if constexpr (std::floating_point<Value>) {
-      if (!(value - value == 0)) Fail(name);  // neither infinite nor no number at all
+      if (!(value - value == 0)) Fail(name);  // rejects infinity and NaN
     }
     rest_.remove_prefix(static_cast<std::size_t>(stop - rest_.data()) + 1);
   }

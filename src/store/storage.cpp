@@ -11,7 +11,8 @@
 namespace orvex {
 namespace {
 
-/// True for what says that a folder cannot be synced here, not that syncing it went wrong.
+/// True for an error which says that a folder cannot be synced here at all, not that syncing it
+/// failed.
 bool CannotBeSynced(int error) {
   constexpr std::array kRefusals = {EINVAL, EACCES, EPERM, ENOSYS, ENOTSUP, EOPNOTSUPP};
   return std::ranges::find(kRefusals, error) != kRefusals.end();

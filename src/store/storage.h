@@ -10,8 +10,8 @@
 
 namespace orvex {
 
-/// The system calls that change the disk, each returning what the call returns, with `errno` set.
-/// Everything that writes goes through one of these, so that a test can make each of them fail.
+/// The system calls that change the disk. Each returns what the call returns, with `errno` set.
+/// Everything that writes goes through them, so that a test can make each of them fail.
 class Storage {
  public:
   virtual ~Storage() = default;
@@ -28,9 +28,9 @@ class Storage {
   virtual int Truncate(int descriptor, off_t size);
 };
 
-/// The result of a system call, made again for as long as a signal interrupts it: to be put around
-/// every call on a descriptor, and every open. A close must not be made again (the descriptor is
-/// gone), and calls on names are not interrupted.
+/// The result of a system call, which is repeated for as long as a signal interrupts it. Put this
+/// around every open and every call on a descriptor except a close: that must not be repeated, as
+/// the descriptor is gone. Calls on names are never interrupted.
 template <typename Call>
 auto Uninterrupted(Call call) {
   auto result = call();
@@ -38,27 +38,29 @@ auto Uninterrupted(Call call) {
   return result;
 }
 
-/// Writes `bytes`, going on after short writes. Returns how many went out; when these are not all,
-/// `errno` tells why.
+/// Writes `bytes`, continuing after short writes. Returns how many were written; when not all were,
+/// `errno` says why.
 std::size_t WriteAll(Storage& storage, int descriptor, std::string_view bytes);
 
-/// True for an `errno` that deleting other files cures: what was written to stays as good as ever.
+/// True for an `errno` that deleting other files can cure. The file that was being written can
+/// still be relied on.
 bool IsFullDisk(int error);
 
-/// Brings the names in `folder` to the disk: 0, or -1 with `errno` set. Where a folder cannot be
-/// synced at all (the file system knows no such thing, or the user may not read the folder), it
-/// counts as done.
+/// Brings the names in `folder` to the disk. Returns 0, or -1 with `errno` set. A folder that
+/// cannot be synced at all (the file system does not support it, or the user may not read the
+/// folder) counts as synced.
 int SyncFolder(Storage& storage, const std::filesystem::path& folder);
 
-/// Makes what is missing of the folder of a class and of the two it lies in, its school's and its
-/// kind's. The data folder above them is never made: where it has gone, so has its disk. Nothing
-/// waits for the disk: see SyncClassFolders. Returns 0, or -1 with `errno` set.
+/// Creates what is missing of a class's folder and of the two folders above it, the school's and
+/// the kind's. The data folder above those is never created: where it has gone, so has its disk.
+/// Does not wait for the disk (see SyncClassFolders). Returns 0, or -1 with `errno` set.
 int MakeClassFolders(Storage& storage, const std::filesystem::path& folder);
 
-/// The folder of a class and those whose names lead to it, the innermost first.
+/// The folder of a class and the three folders above it, up to the data folder, innermost first.
 std::vector<std::filesystem::path> ClassFolders(const std::filesystem::path& folder);
 
-/// Brings the names in a folder of a class to the disk, and its own: SyncFolder for ClassFolders.
+/// Calls SyncFolder for all ClassFolders, so that a class's files can be found after a power cut.
+/// Returns 0, or -1 with `errno` set.
 int SyncClassFolders(Storage& storage, const std::filesystem::path& folder);
 
 }  // namespace orvex

@@ -20,7 +20,7 @@ constexpr std::string_view kPrefix = ".orvex-";
 constexpr std::string_view kSuffix = ".tmp";
 constexpr std::chrono::hours kLongAgo(24);
 
-/// The process that a temporary is named after; 0 for any other name.
+/// The process whose number a temporary's name holds; 0 for any other name.
 pid_t ProcessOf(std::string_view name) {
   if (!name.starts_with(kPrefix) || !name.ends_with(kSuffix)) return 0;
   name.remove_prefix(kPrefix.size());

@@ -50,7 +50,7 @@ class SurReader {
         IdentityText(fields_.Field("the observation number"), "the observation number");
   }
 
-  /// The file is saved under its numbers again, so they must be such as name a file.
+  /// The file will be saved under these numbers, so they must be able to name a file.
   std::string IdentityText(std::string_view field, const char* what) const {
     const auto number = ParseNumber(field);
     const auto whole = number ? ToInt16(*number) : std::nullopt;
@@ -58,8 +58,8 @@ class SurReader {
     return std::to_string(*whole);
   }
 
-  /// The whole number that `field`, a number of whatever size, stands for, if it is from 0 to below
-  /// `end`.
+  /// Reads `field`, a number of any size, as a whole number from 0 to below `end`. Throws
+  /// FormatError for any other.
   std::size_t NumberBelow(std::string_view field, std::size_t end, const char* what) const {
     const auto number = ParseNumber(field);
     const auto whole = number ? ToInt16(*number) : std::nullopt;
@@ -104,7 +104,7 @@ class SurReader {
 
   FieldReader fields_;
   SurFile file_;
-  std::string_view heading_;  ///< the one read last
+  std::string_view heading_;  ///< the heading read last
 };
 
 }  // namespace

@@ -10,7 +10,8 @@
 namespace orvex {
 namespace {
 
-/// What Windows-1252 makes of the bytes 80 to 9F; all others are the character of their number.
+/// The characters of the bytes 80 to 9F in Windows-1252. Any other byte is the character of its own
+/// number.
 constexpr std::array<char16_t, 32> kWindows1252 = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -20,7 +21,7 @@ constexpr unsigned char Byte(char c) {
   return static_cast<unsigned char>(c);
 }
 
-/// How many characters at the start of `text` are ASCII, roughly: a multiple of eight.
+/// How many characters at the start of `text` are ASCII, rounded down to a multiple of eight.
 std::size_t AsciiBlocks(std::string_view text) {
   constexpr std::uint64_t kHighBits = 0x8080808080808080;
   std::size_t count = 0;
@@ -136,7 +137,7 @@ DecodedText Decode(std::string bytes) {
 std::string Encode(std::string text, Encoding encoding) {
   if (encoding == Encoding::windows1252) {
     auto bytes = ToWindows1252(text);
-    // Bytes that look like UTF-8 would be read as other characters.
+    // Bytes that happen to be valid UTF-8 would be read back as other characters.
     if (bytes && (*bytes == text || !IsUtf8(*bytes))) return *std::move(bytes);
   }
   return text;
