@@ -11,38 +11,38 @@
 
 namespace orvex {
 
-/// A sub-code as it is stored and named.
+/// A sub-code: how it is named, stored and entered.
 struct SubCodeScheme {
   SubCode code;
-  std::string_view name;      ///< of its variable
-  std::string_view label;     ///< of its variable, in words
-  std::string_view expected;  ///< what a file that breaks off there lacks
+  std::string_view name;      ///< the name of its variable in the tables
+  std::string_view label;     ///< the variable's label
+  std::string_view expected;  ///< the words for it in an error about a file
   std::int16_t SegmentData::*stored;
   std::span<const std::string_view> values;  ///< what the codes from 0 on stand for
-  bool typed = false;  ///< during the class it is typed in a list, and counts to the letter
+  bool typed = false;  ///< in class it is typed into a list, and only an exact value counts
 };
 
-/// The blocks that the activities stand in when the time of a class is summed up.
+/// The groups of activities in the summary of a class's time.
 enum class ActivityGroup { management, directInstruction, seatwork, tests };
 inline constexpr std::size_t kActivityGroupCount = 4;
 
-/// What off-task estimates are filed under, in the order of the averages in an episode file.
+/// The kinds of off-task estimates, in the order of their averages in an episode file.
 inline constexpr std::array<int, 7> kOfftaskCategories = {1, 2, 3, 4, 5, 7, 8};
 inline constexpr int kNoEstimates = 6;
 
-/// The cadences: how many minutes lie between two estimates while an activity goes on.
+/// The cadences: the minutes between two estimates while an activity goes on.
 inline constexpr float kUsualCadence = 2;
 inline constexpr float kQuestionAnswerCadence = 5;
 
-/// What is known of an activity.
+/// All that is known of an activity.
 struct Activity {
   int number;
   std::string_view name;
   std::string_view shortName;  ///< on the button that returns to it from question/answer
   ActivityGroup group;
-  int estimateKind = kNoEstimates;         ///< what its off-task estimates are filed under
-  float cadence = 0;                       ///< 0: they are asked for at its end only
-  bool carriesAbout = false;               ///< a text says what it was about
+  int estimateKind = kNoEstimates;         ///< the kind of its off-task estimates
+  float cadence = 0;                       ///< in minutes; 0: estimates only at its end
+  bool carriesAbout = false;               ///< its segments have a text on what they were about
   std::span<const SubCode> subCodes = {};  ///< in the order in which they are stored
 
   constexpr bool TakesEstimates() const { return estimateKind != kNoEstimates; }
@@ -95,7 +95,7 @@ constexpr const SubCodeScheme& SchemeOf(SubCode code) {
   return kSubCodes[static_cast<std::size_t>(code)];
 }
 
-/// The number of an activity where there is none.
+/// The number that stands for no activity.
 inline constexpr int kNoActivity = 0;
 inline constexpr int kQuestionAnswer = 5;
 
@@ -176,26 +176,26 @@ constexpr bool IsActivity(int number) {
   return number >= 1 && number <= kActivityCount;
 }
 
-/// The activity of a number; one of no name that carries nothing for any other number.
+/// The activity with this number. For any other number, one that has no name and carries nothing.
 const Activity& ActivityOf(int number);
 
 /// True when segments of the activity carry the code.
 bool Carries(int activity, SubCode code);
-/// The code of the activity that is stored as its sub-category; null where it has none.
+/// The code that the activity stores as its sub-category; null when it has none.
 const SubCodeScheme* SubCategoryOf(int activity);
-/// The place of the averages of the activity's estimates in an episode file.
+/// The position of the activity's estimates in kOfftaskCategories; nothing when it takes none.
 std::optional<std::size_t> OfftaskPosition(int activity);
 
-/// The number as text; "" for none.
+/// The number as text; "" for kNoActivity.
 std::string ActivityDigits(int activity);
-/// The activity's name; a number that has none stands for itself.
+/// The activity's name; the number itself when there is none.
 std::string ActivityName(int activity);
-/// The name as the caption of a button, as the session log has it: an ampersand is doubled.
+/// The name as a button's caption and the session log have it: each ampersand is doubled.
 std::string ActivityCaption(int activity);
 
-/// The seconds spent in each activity; activity n stands at position n - 1.
+/// The seconds spent in each activity; activity n is at position n - 1.
 using ActivityTimes = std::array<double, kActivityCount>;
-/// Adds up the segments. Those of no activity count nowhere.
+/// Adds the durations of the segments to `times`. Segments without a known activity do not count.
 void AddTimes(std::span<const SegmentData> segments, ActivityTimes& times);
 
 }  // namespace orvex

@@ -15,14 +15,15 @@ struct Date {
 class Clock {
  public:
   virtual ~Clock() = default;
-  /// Seconds since midnight, at least 0 and below 86400, exact to a hundredth of a second or so.
-  /// Runs evenly from one midnight to the next, whatever the system's clock is set to meanwhile:
-  /// what is measured with it is never too long or too short by an hour.
+  /// Seconds since midnight, at least 0 and below 86400, exact to about a hundredth of a second.
+  /// Runs evenly from one midnight to the next even when the system's clock is set: a duration
+  /// measured with it is never an hour too long or too short.
   virtual float SecondsSinceMidnight() const = 0;
-  /// Seconds since midnight as the clock on the wall has it; the same unless it has been set.
+  /// Seconds since midnight by the clock on the wall. Differs from SecondsSinceMidnight only after
+  /// the system's clock has been set.
   virtual float WallSeconds() const { return SecondsSinceMidnight(); }
   virtual Date Today() const = 0;
-  /// Seconds since 1970, by the system's clock: how long ago another run of the program was.
+  /// Seconds since 1970 by the system's clock, to tell how long ago another run of the program was.
   virtual std::int64_t UnixSeconds() const = 0;
 
   /// The time of day on the wall as "hh:mm:ss".

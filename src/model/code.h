@@ -4,7 +4,7 @@
 
 namespace orvex {
 
-/// Every integer code uses this for "not coded".
+/// The value of an integer code that means "not coded".
 inline constexpr std::int16_t kUncoded = -1;
 
 }  // namespace orvex

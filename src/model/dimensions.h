@@ -32,7 +32,7 @@ enum class AskedFor {
   answeredOrStudent,
 };
 
-/// All that is known of a dimension. The letter at position k stands for the code k; a dimension
+/// All that is known of a dimension. The letter at position k stands for code k. A dimension
 /// without letters is coded by a text.
 struct DimensionScheme {
   Dimension dimension;
@@ -40,17 +40,17 @@ struct DimensionScheme {
   std::string_view variable;  ///< its name in the tables
   std::string_view logName;   ///< its name in the session log
   std::string_view label;
-  std::size_t blanks;                   ///< as wide as the label, about
+  std::size_t blanks;                   ///< how many blanks are about as wide as the label
   std::string_view tableLabel = label;  ///< its label in the codebook of the tables
   std::string_view letters = {};
-  std::array<std::string_view, 3> meanings = {};  ///< of the letters
-  std::string_view defaultLetter = {};  ///< what leaving the field without a valid letter writes
-  std::string_view normalLetter = {};   ///< the letter of a normal question; "" where any is
+  std::array<std::string_view, 3> meanings = {};  ///< what the letters stand for
+  std::string_view defaultLetter = {};  ///< stored when the field is left without a valid letter
+  std::string_view normalLetter = {};   ///< the letter of a normal question; "" when any will do
   std::string_view entryCaption;        ///< the caption on the live question entry form
   AskedFor asked;
   bool anyOtherIsSecond = false;  ///< any code but 0 and kUncoded counts as the second letter
 
-  /// Blanks for a label that blinks.
+  /// Blanks to show in place of the label while it blinks.
   constexpr std::string_view Blank() const {
     constexpr std::string_view kBlanks = "                                          ";
     return kBlanks.substr(0, blanks);
@@ -58,7 +58,7 @@ struct DimensionScheme {
   constexpr bool HasLetters() const { return !letters.empty(); }
 };
 
-/// The dimensions' scheme, each at its place.
+/// The schemes of the dimensions, in the order of `Dimension`.
 inline constexpr auto kDimensionSchemes = std::to_array<DimensionScheme>({
     {.dimension = Dimension::source,
      .field = "Source",
@@ -158,7 +158,7 @@ inline constexpr auto kDimensionSchemes = std::to_array<DimensionScheme>({
     {.dimension = Dimension::elaborated,
      .field = "elaborated",
      .variable = "elaborated",
-     .logName = "COG",  // a second time: so the line has always been written
+     .logName = "COG",  // COG again: the line has always been written this way
      .label = "Elaborated/Unelaborated",
      .blanks = 36,
      .letters = "EU",

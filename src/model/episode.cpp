@@ -33,7 +33,7 @@ float AverageOf(const std::vector<float>& values) {
 }
 
 std::vector<DialogicSpell> FindDialogicSpells(const std::vector<questionInfo>& questions) {
-  constexpr int kRun = 3;  // so many in a row begin a spell, and end it
+  constexpr int kRun = 3;  // this many in a row begin a spell, or end it
   std::vector<DialogicSpell> spells;
   bool inSpell = false;
   int studentRun = 0;

@@ -25,18 +25,19 @@ struct Episode {
 
 using EpisodeList = std::vector<Episode>;
 
-/// "Discussion: 12 Question(s)": an episode's first activity, as a caption, and how many questions
-/// it holds; " (Review Session)" follows where it was one and `withReview` is set. Nothing for an
-/// episode without segments; an activity without a name shows its number.
+/// "Discussion: 12 Question(s)": an episode's first activity, as a caption, and its number of
+/// questions. With `withReview`, " (Review Session)" follows if it was one. Empty for an episode
+/// without segments; an activity without a name shows its number.
 std::string ActivityLabel(const Episode& episode, bool withReview = true);
 
-/// True when some episode holds a question.
+/// True when any episode has a question.
 bool AnyQuestions(const EpisodeList& episodes);
 
-/// The mean as a single, added up in double precision; 0 when there are no values.
+/// The mean of `values`, added up in double precision; 0 when there are none.
 float AverageOf(const std::vector<float>& values);
 
-/// A stretch of an episode in which students ask: its first and last question, counted from 1.
+/// A stretch of an episode in which students ask the questions: its first and last question,
+/// counted from 1.
 struct DialogicSpell {
   int first = 0;
   int last = 0;
@@ -46,8 +47,9 @@ struct DialogicSpell {
 };
 
 /// The dialogic spells of an episode's questions. A spell begins with the first of three questions
-/// in a row that are not the teacher's (an uncoded Source counts so) and ends just before the first
-/// of three teacher questions in a row; teacher questions that trail at the end are cut off.
+/// in a row that are not the teacher's (an uncoded Source counts as not the teacher's) and ends
+/// just before the first of three teacher questions in a row. Teacher questions at the very end are
+/// left out.
 std::vector<DialogicSpell> FindDialogicSpells(const std::vector<questionInfo>& questions);
 
 }  // namespace orvex

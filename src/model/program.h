@@ -31,7 +31,7 @@ struct Identity {
   std::string ClassId() const { return SchoolNum + "-" + ClassNum + "-" + ObservNum; }
 };
 
-/// The three numbers that name an observation, in their order.
+/// The three numbers that name an observation, in order.
 inline constexpr std::array kIdentityNumbers = {&Identity::SchoolNum, &Identity::ClassNum,
                                                 &Identity::ObservNum};
 

@@ -8,7 +8,7 @@
 
 namespace orvex {
 
-/// What is said of each dimension: a letter, and the name for `respondName`.
+/// A text for each dimension: the letter of its code, or the name for `respondName`.
 using DimensionTexts = PerDimension<std::string_view>;
 
 inline constexpr PerDimension<std::int16_t> kNoCodes = [] {
@@ -20,16 +20,16 @@ inline constexpr PerDimension<std::int16_t> kNoCodes = [] {
 /// One coded question: its text, its codes, who answered it, and where it was asked.
 struct questionInfo {
   std::string question;
-  /// Those of the dimensions with letters; the others stay uncoded here.
+  /// The codes of the dimensions with letters; any other stays uncoded here.
   PerDimension<std::int16_t> codes = kNoCodes;
   std::string respondName;
   std::int16_t iEpQ = 0;  ///< number of the episode it was asked in
   std::int16_t iSgQ = 0;  ///< number of the segment, within its episode, it was asked in
-  bool bSkip = false;     ///< left out by the question editor and the question chooser
+  bool bSkip = false;     ///< kept with a running class; nothing else reads or sets it
 
   bool operator==(const questionInfo&) const = default;
 
-  /// Takes the codes and `respondName` of `other`; its `question` too with `withText`.
+  /// Takes over the codes and `respondName` of `other` and, with `withText`, its `question`.
   /// `iEpQ`, `iSgQ` and `bSkip` stay.
   void Copy(const questionInfo& other, bool withText = true);
 
@@ -45,7 +45,7 @@ struct questionInfo {
   bool AsksFor(Dimension dimension) const { return IsAskedFor(dimension, strSrc(), strRspns()); }
   bool IsCoded(Dimension dimension) const;
 
-  /// The letter of the code, "" where it has none; the name for `respondName`.
+  /// The letter of the dimension's code, "" if there is none; for `respondName`, the name.
   std::string_view Text(Dimension dimension) const;
   DimensionTexts Texts() const;
 
@@ -59,7 +59,7 @@ struct questionInfo {
   std::string_view strTResp() const { return Text(Dimension::tResponse); }
   std::string_view strElab() const { return Text(Dimension::elaborated); }
 
-  /// Sets every field but `bSkip`; letters count in either case, any other text is uncoded.
+  /// Sets every field but `bSkip`. Letters count in either case; any other text means uncoded.
   void SetValue(std::string_view text, const DimensionTexts& coded, std::int16_t episode,
                 std::int16_t segment);
 };

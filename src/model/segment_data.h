@@ -8,7 +8,7 @@
 
 namespace orvex {
 
-/// What some activities are coded on besides.
+/// The further codes that some activities carry.
 enum class SubCode {
   writing,
   groupWork,
@@ -21,8 +21,8 @@ enum class SubCode {
 };
 inline constexpr std::size_t kSubCodeCount = 8;
 
-/// A period of one activity within an episode. Codes that its activity does not carry have the
-/// values they begin with, unless it was of another activity before.
+/// A period of one activity within an episode. Codes that its activity does not carry have their
+/// initial values, unless the segment had another activity before.
 struct SegmentData {
   std::int16_t activityNum = 0;
   float duration = 0;     ///< whole seconds
@@ -36,8 +36,8 @@ struct SegmentData {
 
   bool operator==(const SegmentData&) const = default;
 
-  /// Makes it a segment of `activity` that has no codes yet. `seconds` is rounded to whole
-  /// seconds, a half to the even neighbour; a negative one (the segment ran past midnight) first
+  /// Makes this a segment of `activity` that has no codes yet. `seconds` is rounded to whole
+  /// seconds, a half to the even neighbour; a negative value (the segment ran past midnight) first
   /// has a day added.
   void SetData(std::int16_t activity, float seconds);
 };

@@ -13,9 +13,9 @@ namespace orvex {
 inline constexpr int kCheckGroups = 6;
 inline constexpr int kMostItems = 19;
 inline constexpr int kStatements = 25;
-/// The statements 1 to 7 form the instructional scale, the others that of student engagement.
+/// Statements 1 to 7 form the instructional scale, the others the student engagement scale.
 inline constexpr int kInstructionalStatements = 7;
-/// The item of the first group that has a free text.
+/// The item of the first group that has a free text: "other:".
 inline constexpr std::size_t kOtherItem = 9;
 
 /// An observer's answers about a whole lesson.

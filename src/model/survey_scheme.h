@@ -11,18 +11,19 @@ namespace orvex {
 
 /// A group of check boxes.
 struct SurveyGroup {
-  std::string_view heading;  ///< how a survey file spells it
-  std::string_view caption;  ///< how the form spells it
+  std::string_view heading;  ///< as a survey file has it
+  std::string_view caption;  ///< as the form has it
   std::span<const std::string_view> items;
 };
 const std::array<SurveyGroup, kCheckGroups>& SurveyGroups();
 
-/// What the form writes over the last three groups, of which the first carries it in the file.
+/// The form's heading for the last three groups. In a survey file it is part of the first one's
+/// heading.
 inline constexpr std::string_view kTypesOfWriting = "Today's types of writing include:";
 inline constexpr int kTypesOfWritingGroup = 3;
 
-/// A statement to be rated. Its buttons show the values 0 to `highest`; one more, before them,
-/// shows that the statement does not apply.
+/// A statement to rate. Its buttons show the values 0 to `highest`; with `notApplicable`, one more
+/// before them shows that the statement does not apply.
 struct SurveyStatement {
   std::string_view text;
   std::string_view legend;  ///< what its values mean
@@ -46,7 +47,7 @@ inline constexpr std::array<SurveyScale, 2> kSurveyScales = {{
     {"Student Engagement Scale", kInstructionalStatements, kStatements - kInstructionalStatements},
 }};
 
-/// How a survey spells what does not apply, or has not been rated.
+/// The text for a statement that does not apply, or has not been rated.
 inline constexpr std::string_view kNotApplicable = "N/A";
 
 }  // namespace orvex

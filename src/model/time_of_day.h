@@ -7,19 +7,19 @@ namespace orvex {
 
 inline constexpr float kSecondsPerDay = 86400.0F;
 
-/// Rounds to a whole number, a half to the even neighbour.
+/// Rounds to a whole number, with a half to the even neighbour.
 double RoundHalfEven(double x);
 
-/// The seconds from `start` to `now`, two times of day; past midnight when `now` is the earlier
-/// one.
+/// The seconds from `start` to `now`, two times of day. If `now` is the earlier one, midnight lies
+/// between them.
 float SecondsSince(float start, float now);
 
-/// `seconds` as a whole number, a half to the even neighbour; a day is added first to a negative
-/// one.
+/// `seconds` rounded to a whole number, a half to the even neighbour. A negative value first has a
+/// day added.
 float WholeSeconds(float seconds);
 
-/// The difference `x` of two readings of the clock as a 32-bit number, rounded and wrapped past
-/// midnight as by `WholeSeconds`; nothing for a value that does not fit.
+/// The difference `x` of two readings of the clock, rounded and wrapped past midnight as by
+/// `WholeSeconds`; nothing when it does not fit 32 bits.
 std::optional<std::int32_t> SecondsOfDay(float x);
 
 }  // namespace orvex

@@ -20,7 +20,7 @@ int FindUncodedQuestion(const EpisodeList& episodes, int& ep, int& q) {
   const int count = static_cast<int>(episodes.size());
   int episode = ep < 1 || ep > count ? 1 : ep;
   int question = std::max(q, 1);
-  // The first episode comes round once more, for the questions before the start.
+  // The episode where the search starts comes round once more, for the questions before the start.
   for (int round = 0; count > 0 && round <= count; ++round) {
     const auto& questions = episodes[static_cast<std::size_t>(episode - 1)].questions;
     for (; question <= static_cast<int>(questions.size()); ++question) {

@@ -16,9 +16,9 @@ struct MissingCodes {
 MissingCodes FindMissingCodes(const questionInfo& question);
 
 /// Searches for the next question that is not fully coded, in reading order from question `q` of
-/// episode `ep` (both counted from 1) round to the start. Found: `ep` and `q` name it, and the
-/// result is 1. None: `ep` and `q` stay, and the result is -1. An episode number out of range
-/// counts as 1, a question number below 1 as 1.
+/// episode `ep` (both counted from 1), starting over after the last. If there is one, `ep` and `q`
+/// name it and the result is 1. Otherwise both stay and the result is -1. An episode number out of
+/// range counts as 1, and so does a question number below 1.
 int FindUncodedQuestion(const EpisodeList& episodes, int& ep, int& q);
 
 }  // namespace orvex

@@ -33,7 +33,7 @@ std::string PlainText(std::string_view caption) {
 }
 
 std::string WholeSecondsText(double seconds) {
-  std::array<char, 320> digits{};  // the largest double has 309
+  std::array<char, 320> digits{};  // the largest double has 309 digits
   // Adding 0 takes the sign off a negative zero.
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(),
                                  RoundHalfEven(seconds) + 0.0, std::chars_format::fixed, 0);

@@ -6,23 +6,23 @@
 
 namespace orvex {
 
-/// What a count counts: "1 file", "2 files".
+/// A count and what it counts: "1 file", "2 files".
 inline std::string Counted(std::size_t count, const std::string& what) {
   return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-/// `text`, or its start with an ellipsis where it is longer than any list or caption can show. No
-/// character is cut in two.
+/// `text`, or its start with an ellipsis if it is longer than any list or caption can show. Never
+/// cuts a character in two.
 std::string Shortened(std::string_view text);
 
-/// A caption as plain text: in captions, "&&" stands for one ampersand.
+/// The plain text of a caption, in which "&&" stands for one ampersand.
 std::string PlainText(std::string_view caption);
 
-// Numbers of seconds are rounded to whole ones, a half to the even neighbour.
+// All of these round the seconds to a whole number, with a half to the even neighbour.
 
-/// A number of seconds, without an exponent at any size.
+/// The number of seconds, never with an exponent.
 std::string WholeSecondsText(double seconds);
-/// "2:05": minutes and seconds.
+/// Minutes and seconds: "2:05".
 std::string FormatMinSec(double seconds);
 /// "2 minutes, 5 seconds", "1 minute, 1 second", "0 second".
 std::string DurationInWords(double seconds);
