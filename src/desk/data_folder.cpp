@@ -25,7 +25,7 @@ Answer AskAboutMissing(Prompter& prompter, const fs::path& missing) {
                                     {Answer::no, "Use the &program's folder"}}});
 }
 
-/// The folder that the user wants instead of `missing`; empty to be asked again.
+/// The folder that the user wants instead of `missing`; empty when the user must be asked again.
 fs::path FolderFor(const Services& services, Answer answer, const fs::path& missing) {
   if (answer == Answer::no) return services.programFolder;
   if (answer == Answer::yes) return services.prompter.AskFolder(missing.parent_path());

@@ -8,23 +8,21 @@
 
 namespace orvex {
 
-/// The folder that the options file names, as it is written there; nothing when there is no such
-/// folder.
+/// The folder that the options file names, as written there. Nothing when there is no such folder.
 std::optional<std::string> StoredDataPath(const std::filesystem::path& programFolder);
 
-/// The folder in which the next class goes, and a word about it when it is not the one of the
-/// options file.
+/// Says which folder the next class goes into and, if that is not the usual one, which one is.
 std::string DataFolderText(const Services& services);
 
-/// The folder that is wanted and not there: the data folder itself or, at start-up, the one of the
-/// options file, for which the program folder stands in. Nothing while all is well.
+/// The folder that is wanted but missing: the data folder itself or, at start-up, the folder of the
+/// options file when the program folder stands in for it. Nothing while all is well.
 std::optional<std::filesystem::path> MissingDataFolder(const Services& services, bool atStartUp);
 
-/// A class is to be started: has the user settle where, as long as the folder that is wanted is
-/// missing. False, when the class is not to be started.
+/// To be called before a class is started. If the wanted folder is missing, asks the user where the
+/// class should go. False when the class should not be started.
 bool SettleDataFolder(const Services& services, bool atStartUp);
 
-/// Makes `folder` and those above it that are not there. Throws FileError.
+/// Creates `folder` and any missing folders above it. Throws FileError.
 void EnsureFolders(Storage& storage, const std::filesystem::path& folder);
 
 }  // namespace orvex

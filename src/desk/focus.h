@@ -5,10 +5,10 @@
 
 namespace orvex {
 
-/// Where the caret stands in a box that gets the focus.
+/// Where the caret goes in a box that gets the focus.
 enum class Caret { stay, atEnd, selectAll };
 
-/// A wish of the logic that a control should get the focus. The form takes it when it refreshes.
+/// The logic's wish that a control should get the focus. The form takes it when it refreshes.
 template <typename Control>
 class FocusWish {
  public:

@@ -8,8 +8,8 @@
 
 namespace orvex {
 
-/// Runs what a timer does. An error ends this tick only: the user is told which timer it was, and
-/// the next tick runs normally. While the user has yet to read it, the timer rests.
+/// Runs the work of a timer. An error ends only this tick: the user is told which timer failed, and
+/// the next tick runs normally. The timer rests while that message is open.
 class GuardedTick {
  public:
   GuardedTick(Prompter& prompter, std::string timer)

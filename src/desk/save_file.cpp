@@ -33,13 +33,14 @@ Message QuestionOfChange(const FileToSave& file, const std::string& which) {
   return message;
 }
 
-/// Another place for a file that belongs at `path`; empty when none was chosen.
+/// Lets the user choose another place for a file that belongs at `path`. Empty when none was
+/// chosen.
 fs::path AskPlace(Prompter& prompter, const FileToSave& file, const fs::path& path) {
   const FilePrompt prompt = {
       .folder = path.parent_path(), .filter = file.filter, .defaultName = path.filename().string()};
   fs::path place = prompter.AskSaveFile(prompt).path;
   if (place.empty()) return place;
-  // The dialog has asked about the file itself only.
+  // The dialog has only asked about replacing the file itself.
   for (const std::string& extension : file.companions) {
     const fs::path beside = Beside(place, extension);
     std::error_code unknown;
@@ -54,8 +55,8 @@ fs::path AskPlace(Prompter& prompter, const FileToSave& file, const fs::path& pa
   return place;
 }
 
-/// Where to try next; empty when the user gives up. To leave the dialog for another place is to
-/// come back to the question.
+/// Where to try next; empty when the user gives up. Cancelling the choice of another place leads
+/// back to the question.
 fs::path AskWhatNext(Prompter& prompter, const FileToSave& file, const fs::path& path,
                      const Message& question) {
   for (;;) {
@@ -87,7 +88,8 @@ fs::path SaveFile(Prompter& prompter, const FileToSave& file,
 }
 
 fs::path Beside(const fs::path& path, const std::string& extension) {
-  // Any other ending stays: the notes of a class that was named "x.nte" must not replace it.
+  // Any other extension stays: the notes of an episode file named "x.nte" must not replace that
+  // file.
   const bool known = path.extension() == ".eps" || path.extension() == ".EPS";
   fs::path beside = known ? path.parent_path() / path.stem() : path;
   return beside += extension;

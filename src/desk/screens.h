@@ -22,16 +22,17 @@ enum class Screen {
   listOfFiles,
 };
 
-/// Who opened the question editor, and is shown again when it closes.
+/// The form that opened the question editor and is shown again when the editor closes.
 enum class EditorCaller { liveObservation, questionEntry, episodeEditor, statistics };
 
-/// Who opened the survey during the class, and is shown again when it is left.
+/// The form that opened the survey during the class and is shown again when the survey is left.
 enum class SurveyCaller { liveObservation, questionEntry };
 
-/// The two tables that are made from the main menu.
+/// The two tables that can be made from the main menu.
 enum class ExportKind { epsData, surData };
 
-/// What becomes of the changes that are kept of a file, when it is opened.
+/// What happens, when a file is opened, to changes that are kept of it: the user is asked, or they
+/// are taken up at once.
 enum class Kept { areOffered, areTakenUp };
 
 /// How the logic moves between forms without knowing them.
@@ -39,35 +40,35 @@ class Screens {
  public:
   virtual ~Screens() = default;
 
-  /// Brings the form to the front, loading it if it is not loaded. The reports are about what the
-  /// episode editor shows; the plot goes back to the form that was on the screen. `aboutText` is
-  /// modal: the call returns when it is hidden again.
+  /// Brings the form to the front, loading it if necessary. The reports are about what the episode
+  /// editor shows; the plot returns to the form that was on the screen. `aboutText` is modal: the
+  /// call returns when it is hidden again.
   virtual void Show(Screen screen) = 0;
-  /// Takes the form off the screen; it stays loaded and its timers go on.
+  /// Takes the form off the screen. It stays loaded, and its timers go on.
   virtual void Hide(Screen screen) = 0;
-  /// Unloads the form. An operation may close the form it was called from: the form goes after the
+  /// Unloads the form. An operation may close the form it was called from: the form goes once the
   /// operation has returned.
   virtual void Close(Screen screen) = 0;
-  /// Closes every form and file in order and ends the program, after the running operation has
+  /// Closes all forms and files in order and ends the program, once the running operation has
   /// returned.
   virtual void EndProgram() = 0;
 
   /// Loads the question editor for `caller` and shows it. In proof mode it begins with the question
-  /// that the program's `ProofEp` and `ProofQ` name.
+  /// at the program's `ProofEp` and `ProofQ`.
   virtual void ShowQuestionEditor(EditorCaller caller, bool proofMode) = 0;
-  /// Shows the forms of a class that was not ended; its observation is in memory.
+  /// Shows the forms of a class that is taken up again. Its observation is already in memory.
   virtual void ShowTakenUpClass(const RunningClass& running) = 0;
   /// Shows the survey of the running class.
   virtual void ShowSurvey(SurveyCaller caller) = 0;
-  /// Joins the files that `list` names into a table, and shows how far it is.
+  /// Joins the files that `list` names into a table and shows the progress.
   virtual void ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) = 0;
-  /// Loads the survey form from a survey file and shows it. False, when the user has been told that
-  /// the file could not be read, or leaves it for later.
+  /// Loads the survey form with a survey file and shows it. False when the file could not be read
+  /// (the user has been told) or the user leaves it for later.
   virtual bool ShowSurveyFile(const std::filesystem::path& file, Kept kept) = 0;
-  /// Loads the episode editor with an episode file and shows it. False, when the user has been told
-  /// that the file could not be opened, or leaves it for later.
+  /// Loads the episode editor with an episode file and shows it. False when the file could not be
+  /// opened (the user has been told) or the user leaves it for later.
   virtual bool ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) = 0;
-  /// Edits a field-notes file in the dialog of the notes, and returns when that is left.
+  /// Edits a field-notes file in the notes dialog. Returns when the dialog is closed.
   virtual void ShowFieldNotes(const std::filesystem::path& file, Kept kept) = 0;
 };
 

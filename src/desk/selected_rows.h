@@ -6,8 +6,8 @@
 
 namespace orvex {
 
-/// What is selected in a list of `count` rows when the user selects `rows`, which count from 1:
-/// each of them once, in ascending order.
+/// The rows selected in a list of `count` rows: `rows` in ascending order, without repeats and
+/// numbers the list does not have. Rows count from 1.
 inline std::vector<int> SelectedRows(std::vector<int> rows, std::size_t count) {
   std::ranges::sort(rows);
   const auto doubled = std::ranges::unique(rows);

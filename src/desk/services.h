@@ -21,10 +21,10 @@ struct Services {
   const Clock& clock;
   Prompter& prompter;
   Screens& screens;
-  /// Where the options file lies, and what else the program itself remembers.
+  /// Holds the options file, and whatever else the program itself remembers.
   const std::filesystem::path& programFolder;
 
-  /// The same with the observation, and the data folder, of another program state.
+  /// The same services for another program state, with its own observation and data folder.
   Services With(Program& other) const {
     return {other, log, recovery, storage, clock, prompter, screens, programFolder};
   }

@@ -107,7 +107,7 @@ void FileKeeper::Drop() {
   try {
     recovery_.Remove();
   } catch (const FileError&) {
-    // What stays says the same as the file, or is offered once more.
+    // A recovery file that stays matches the saved file, or is offered once more.
   }
 }
 

@@ -26,8 +26,8 @@
 namespace orvex {
 namespace {
 
-// One description per type, for writing and for reading: a field that is missing here is missing in
-// both, and its test fails.
+// Each type is described once, for both writing and reading. A field that is missing here is
+// missing in both, and its test fails.
 
 void Visit(auto& archive, auto& moment) requires requires {
   moment.unixSeconds;
@@ -97,7 +97,7 @@ void Visit(auto& archive, auto& program) requires requires {
   archive.List("Episodes", program.Episodes, [&](auto& episode) { Visit(archive, episode); });
 }
 
-/// The panels that an activity opens follow from it; they are written, and not taken over.
+/// The panels follow from the activity. They are written, but ignored when read.
 void VisitCoding(auto& archive, auto& coding, int activity) {
   bool about = ActivityOf(activity).carriesAbout;
   bool presentation = Carries(activity, SubCode::groupSolo);
@@ -114,7 +114,7 @@ void VisitCoding(auto& archive, auto& coding, int activity) {
   static_assert(kSubCodeCount == 8, "a new code is visited with the later fields");
 }
 
-/// An activity is kept as decimal text, none as an empty one.
+/// An activity is kept as decimal text, and as an empty text when there is none.
 void VisitActivity(auto& archive, std::string_view name, auto& activity) {
   std::string digits = ActivityDigits(activity);
   archive.Text(name, digits);
@@ -130,7 +130,7 @@ constexpr int kAbandoned = -1;
 constexpr int kAwaited = 0;
 constexpr int kLastEstimateKind = 8;
 
-/// How far the choice of the activity is, as it is kept: where it is made, as the kind of the
+/// The choice of the activity as the number that is kept: once it is made, the kind of the
 /// activity's estimates.
 int StateOf(const RunningClass& running) {
   if (running.choice == ActivityChoice::abandoned) return kAbandoned;
@@ -169,7 +169,7 @@ void Visit(auto& archive, auto& draft) requires requires {
   EntryFields::Visit(archive, draft.fields);
 }
 
-/// The way back from what was done to questions.
+/// A step of the question history: what a question was like before or after a change.
 void Visit(auto& archive, auto& step) requires requires {
   step.present;
 }
@@ -214,7 +214,7 @@ void Visit(auto& archive, auto& running) requires requires {
   archive.Numbers("questionsBefore", running.questionsBefore);
 }
 
-/// What earlier versions did not keep.
+/// The fields that earlier versions did not keep.
 void VisitLaterFields(auto& archive, auto& running) {
   archive.Text("token", running.token);
   for (auto& typed : running.typedNumbers) {
@@ -226,8 +226,8 @@ void VisitLaterFields(auto& archive, auto& running) {
                    [&](auto& text) { archive.Text("draftNotes", text); });
 }
 
-// What was read is checked for all that the program takes for granted, and its texts are made the
-// one line that the other files have for them.
+// What was read is checked for everything that the program takes for granted. Texts that other
+// files hold on one line are put on one line.
 
 bool AreGood(const Survey& survey) {
   for (std::size_t i = 0; i < survey.ratings.size(); ++i) {
@@ -329,7 +329,7 @@ KeptClass ParseKept(const std::string& content) {
   Visit(reader, kept.moment);
   Visit(reader, kept.program);
   Visit(reader, kept.running);
-  // A class that an earlier version has kept ends here.
+  // A class that an earlier version kept ends here.
   if (!reader.AtEnd()) VisitLaterFields(reader, kept.running);
   reader.End();
   if (!IsGood(kept)) reader.Fail("a class that could have run so");
@@ -339,7 +339,8 @@ KeptClass ParseKept(const std::string& content) {
 
 namespace {
 
-/// The log bears the number that was accepted last. Where there is none, what is kept does.
+/// Gives the class the numbers of its log, which were accepted last. Without a log, those in the
+/// name of its recovery file count.
 void SettleIdentity(KeptClass& kept, const std::filesystem::path& path) {
   Identity& identity = kept.program.identity;
   Identity named = identity;

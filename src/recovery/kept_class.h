@@ -15,42 +15,43 @@ struct KeptMoment {
   std::string dateText;            ///< "mm-dd-yyyy"
   std::string timeText;            ///< "hh:mm:ss"
   float secondsSinceMidnight = 0;  ///< by the clock of the class
-  std::int64_t unixSeconds = 0;    ///< since 1970, wherever clocks were set to
+  std::int64_t unixSeconds = 0;    ///< since 1970, by the system's clock
 };
 
-/// A class as it was kept while it ran: all that is needed to go on with it, or to store it.
+/// A class as it was kept while it ran: everything that is needed to go on with it, or to store it.
 struct KeptClass {
-  Program program;  ///< the observation, its identity and estimates; no folder
+  Program program;  ///< the observation, its identity and its estimates, but no data folder
   RunningClass running;
   KeptMoment moment;
-  std::uint64_t number = 0;  ///< the number of this content, to go on counting from
+  std::uint64_t number = 0;  ///< this content's number, to continue counting from
 
-  /// The running segment, in so far as it has an activity, has been ended: the class was about to
-  /// be stored.
+  /// True when the running segment has been ended and is among its episode's segments: the class
+  /// was about to be stored.
   bool SegmentEnded() const;
   /// The number of questions in all episodes.
   std::size_t Questions() const;
 };
 
-/// The lines of a kept class that change with it, and those that change with time.
+/// The lines of a kept class that change with the class, and those that change with time.
 std::string FormatRunning(const Program& program, const RunningClass& running);
 std::string FormatMoment(const KeptMoment& moment);
 
-/// Reads what FormatMoment and FormatRunning wrote, one behind the other. Throws FormatError, also
+/// Reads the lines of FormatMoment, followed by those of FormatRunning. Throws FormatError, also
 /// for values that no class can have.
 KeptClass ParseKept(const std::string& content);
-/// The same from the recovery file at `path`. The identity is the one that the class's log bears,
-/// also where the class was just being renamed. Throws FileError as well.
+/// Reads the class that is kept at `path`. Its identity is the one that its log is named after,
+/// even if the class was just being renamed. Throws FileError and FormatError.
 KeptClass ReadKeptClass(const std::filesystem::path& path);
 
-/// Has the running class kept in the recovery file whenever it has changed, and what was logged of
-/// it written behind that: whenever the program ends, the class has all that its log has.
+/// Keeps the running class in the recovery file whenever it has changed, and lets its log entries
+/// be written only after that. However the program ends, the kept class has everything that its log
+/// has.
 class ClassKeeper {
  public:
-  /// Hands the class over if it is not the one handed over last. Even then once in ten seconds, so
-  /// that it is known until when the class ran.
+  /// Hands the class over if it has changed since the last time, and otherwise once in ten seconds,
+  /// so that it is known until when the class ran.
   void Keep(const Services& services, const RunningClass& running);
-  /// True once the class was handed over.
+  /// True once the class has been handed over.
   bool HasBegun() const { return !kept_.empty(); }
 
  private:
@@ -60,7 +61,8 @@ class ClassKeeper {
   std::int64_t keptAt_ = 0;  ///< in seconds since 1970
 };
 
-/// All of the class is stored: removes what was kept of it while it ran.
+/// Removes what was kept of the class while it ran. To be called when all of it is stored. Tells
+/// the user if that fails.
 void ForgetKept(const Services& services);
 
 }  // namespace orvex

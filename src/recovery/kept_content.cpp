@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view kSeal = "seal=";
 constexpr std::string_view kLineEnd = "\r\n";
 
-/// The path that a file on its way to its place will have there.
+/// The final path of a file that may still be on its way there, with a number as its extension.
 fs::path PlaceOf(const fs::path& file) {
   const std::string number = file.extension().string();
   const bool onItsWay =
@@ -32,7 +32,7 @@ fs::path PlaceOf(const fs::path& file) {
   return onItsWay ? fs::path(file).replace_extension() : file;
 }
 
-/// What is in `folder`, as far as it can be read.
+/// The entries of `folder`, as far as they can be read.
 std::vector<fs::path> EntriesOf(const fs::path& folder) {
   std::vector<fs::path> entries;
   std::error_code unreadable;

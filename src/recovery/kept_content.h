@@ -10,40 +10,41 @@
 
 namespace orvex {
 
-/// How the files of a RecoveryFile end.
+/// The extension of recovery files.
 inline constexpr const char* kRecoveryExtension = ".recovery";
 
-/// A content that a RecoveryFile kept.
+/// A content that a RecoveryFile has kept.
 struct KeptContent {
   std::string content;
-  std::uint64_t number = 0;  ///< counts up with every content of a class
+  std::uint64_t number = 0;  ///< counts up with each content that is kept
 };
 
-/// `content` as it stands in a file: sealed with its number and a checksum.
+/// The bytes of a file that keeps `content`, sealed with its number and a checksum.
 std::string Sealed(std::string content, std::uint64_t number);
-/// The way back. Throws FormatError when the seal is missing or broken.
+/// The content and number in `bytes`, which Sealed has made. Throws FormatError when the seal is
+/// missing or broken.
 KeptContent Unsealed(const std::string& bytes);
 
-/// Where a class is kept while it runs, beside its log.
+/// The path at which a running class is kept, beside its log.
 std::filesystem::path RecoveryPath(const std::filesystem::path& dataPath, const Identity& identity);
 
-/// The files that hold what is kept at `path`: itself, and those on their way to its place. A
-/// RecoveryFile makes no links: what one points to counts as nothing.
+/// The files that hold what is kept at `path`: the one at the path itself, and those still on their
+/// way there.
 std::vector<std::filesystem::path> FilesKeptAt(const std::filesystem::path& path);
-/// True when something is kept at `path`, whole or damaged. What a killed program left half written
-/// on its way counts as nothing.
+/// True when something is kept at `path`, whole or damaged. A file that a killed program left half
+/// written on its way there does not count, nor does a link: a RecoveryFile makes none.
 bool IsKeptAt(const std::filesystem::path& path);
-/// The same, and no running program works with it.
+/// True when something is kept at `path` and no running program is working with it.
 bool IsUnfinishedAt(const std::filesystem::path& path);
-/// True when a file of anything that is kept lies in `folder` itself.
+/// True when `folder` itself holds any file in which something is kept.
 bool IsAnythingKeptIn(const std::filesystem::path& folder);
-/// The paths at which something is kept in `folder` itself, in their order.
+/// The paths in `folder` itself at which something is kept, in order.
 std::vector<std::filesystem::path> KeptPathsIn(const std::filesystem::path& folder);
-/// The paths at which something is kept in the folders of the classes of schools beneath `folder`,
-/// in their order.
+/// The paths at which something is kept in the class folders beneath `folder`, folder/school/class,
+/// in order.
 std::vector<std::filesystem::path> KeptPaths(const std::filesystem::path& folder);
-/// The newest whole content kept at `path`. When none is whole, throws the FileError or FormatError
-/// of the file in the place itself.
+/// The newest whole content kept at `path`. When there is none, throws the FileError or FormatError
+/// of the first of its files.
 KeptContent ReadKept(const std::filesystem::path& path);
 
 }  // namespace orvex

@@ -24,7 +24,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// True when the content `number` is the newest that is kept at `path`, and whole.
+/// True when the newest whole content kept at `path` has this `number`.
 bool IsNewest(const fs::path& path, std::uint64_t number) try {
   return ReadKept(path).number == number;
 } catch (const std::runtime_error&) {
@@ -33,8 +33,8 @@ bool IsNewest(const fs::path& path, std::uint64_t number) try {
 
 }  // namespace
 
-/// What is kept at a path, and on its way there: one writer brings contents into the system's
-/// hands, the other to the disk. They own nothing but bytes, names and descriptors.
+/// What is kept at a path, or on its way there. One writer hands contents to the system, the other
+/// brings them to the disk. The writers own nothing but bytes, names and descriptors.
 class RecoveryFile::Kept {
  public:
   using SharedClaim = std::shared_ptr<Claim>;
@@ -68,7 +68,8 @@ class RecoveryFile::Kept {
     return error_;
   }
 
-  /// What was kept last is written to its new place at once: nobody may hand over another soon.
+  /// Writes the last content to its new place at once: it may be long before another is handed
+  /// over.
   void MoveTo(SharedClaim claim) {
     {
       const std::lock_guard lock(mutex_);
@@ -78,8 +79,8 @@ class RecoveryFile::Kept {
     WriteSoon();
   }
 
-  /// Back to a former path that is not yet given up. False when `path` is none; then nothing stands
-  /// in the way of its claim any more.
+  /// Moves back to a former path that has not been given up yet. False when `path` is not such a
+  /// path; nothing then stands in the way of claiming it.
   bool MoveBack(const fs::path& path) {
     {
       const std::lock_guard lock(mutex_);
@@ -93,7 +94,7 @@ class RecoveryFile::Kept {
         return true;
       }
     }
-    const std::lock_guard givenUp(givingUp_);  // perhaps that path
+    const std::lock_guard givenUp(givingUp_);  // wait: it may be this path that is being given up
     return false;
   }
 
@@ -113,7 +114,8 @@ class RecoveryFile::Kept {
     then();
   }
 
-  /// Removes what is kept. Nothing is under way any more. Returns the first `errno`, or 0.
+  /// Removes what is kept. To be called when nothing is under way any more. Returns the first
+  /// `errno`, or 0.
   int Remove() {
     former_.push_back({std::move(claim_), number_});
     int error = 0;
@@ -122,14 +124,14 @@ class RecoveryFile::Kept {
   }
 
  private:
-  /// A content in the system's hands, on its way to the disk.
+  /// A content that the system has, on its way to the disk.
   struct Written {
     fs::path temporary;
     fs::path target;
     std::uint64_t number = 0;
     int descriptor = -1;
   };
-  /// A path that the class has left after the content `number`. A later one replaces what is there.
+  /// A path that was left after the content `number`. Any later content replaces what is there.
   struct FormerPath {
     SharedClaim claim;
     std::uint64_t number = 0;
@@ -186,7 +188,7 @@ class RecoveryFile::Kept {
     lock.lock();
     if (error != 0) {
       error_ = error;
-      stuck_ = written.temporary;  // it may be the newest there is: it stays until the next one
+      stuck_ = written.temporary;  // perhaps the newest there is: it stays until the next one
       return;
     }
     std::vector<FormerPath> replaced;
@@ -197,13 +199,13 @@ class RecoveryFile::Kept {
     });
     Lock givingUp(givingUp_);
     lock.unlock();
-    int untold = 0;  // what stays there is older than what is kept
+    int untold = 0;  // not reported: what stays there is older than what is kept
     const std::vector<fs::path> folders = GiveUp(replaced, untold);
     givingUp.unlock();
     Sync(folders, untold);
   }
 
-  /// A new file that nobody has put there: what has its name, also a link, gives way.
+  /// Creates a new file at `path`. Anything already there, even a link, is removed first.
   int OpenTemporary(const fs::path& path) {
     constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     const auto open = [&] {
@@ -223,7 +225,7 @@ class RecoveryFile::Kept {
     if (!waiting_ && !last_.empty()) waiting_ = last_;
   }
 
-  /// Returns the `errno` of what went wrong, or 0.
+  /// Syncs the content and moves it to its place. Returns 0, or the `errno` of what went wrong.
   int BringToItsPlace(const Written& written) {
     const bool done = Uninterrupted([&] { return storage_.Sync(written.descriptor); }) == 0 &&
                       storage_.Rename(written.temporary.c_str(), written.target.c_str()) == 0 &&
@@ -231,7 +233,7 @@ class RecoveryFile::Kept {
     return done ? 0 : errno;
   }
 
-  /// Brings the new name in `folder` to the disk, and the first time the folder's own.
+  /// Brings the new name in `folder` to the disk and, the first time, also the folder's own name.
   int SyncName(const fs::path& folder) {
     Lock lock(mutex_);
     const bool known = std::exchange(named_, folder) == folder;
@@ -253,8 +255,8 @@ class RecoveryFile::Kept {
     storage_.Unlink(written.temporary.c_str());
   }
 
-  /// Gives the paths up with what is kept there. Returns their folders, which are to be synced, and
-  /// in `error` the first `errno`, if that is still 0.
+  /// Gives up the paths and removes what is kept there. Returns their folders, which the caller
+  /// must sync, and sets `error` to the first `errno` if it is still 0.
   std::vector<fs::path> GiveUp(std::vector<FormerPath>& paths, int& error) {
     std::vector<fs::path> folders;
     for (const auto& [claim, number] : paths) {
@@ -278,16 +280,17 @@ class RecoveryFile::Kept {
   SharedClaim claim_;
   std::vector<FormerPath> former_;
   std::uint64_t number_;
-  std::optional<std::string> waiting_;  ///< to be written
-  std::string last_;                    ///< what was written last
-  std::optional<Written> written_;      ///< to be stored
-  fs::path stuck_;                      ///< what could not be stored last
+  std::optional<std::string> waiting_;  ///< not written yet
+  std::string last_;                    ///< the content written last
+  std::optional<Written> written_;      ///< not stored yet
+  fs::path stuck_;                      ///< the temporary that could not be stored last
   fs::path named_;                      ///< the folder whose own name is on the disk
-  std::function<void()> then_;          ///< once all is written
+  std::function<void()> then_;          ///< called once everything is written
   int error_ = 0;
-  bool full_ = false;    ///< the disk was too full for what was to be written last
+  bool full_ = false;    ///< the disk was too full for the last content
   std::mutex givingUp_;  ///< held while former paths are given up
-  // Last, as they use all the others: the writer ends first and leaves what it wrote to the storer.
+  // Last, as they use all other members. The writer is destroyed first and leaves what it wrote to
+  // the storer.
   BackgroundWriter storer_;
   BackgroundWriter writer_;
 };

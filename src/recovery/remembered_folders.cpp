@@ -21,7 +21,7 @@ constexpr std::size_t kMost = 32;
 constexpr std::size_t kMostBytes = std::size_t{256} * 1024;
 constexpr std::string_view kLineEnd = "\r\n";
 
-/// One spelling for a folder, wherever the program was started.
+/// The one spelling of a folder, whatever folder the program was started in.
 fs::path Spelled(const fs::path& folder) {
   std::error_code unknown;
   fs::path spelled = fs::absolute(folder, unknown).lexically_normal();
@@ -34,7 +34,8 @@ bool IsSettled(const fs::path& folder) {
          KeptPaths(BakFolder(folder)).empty();
 }
 
-/// Leaves out what is too much, from the oldest on; the newest has only just come.
+/// Drops folders until the rest fit: first those where nothing is kept, the oldest of them first.
+/// The newest always stays, as it has only just been added.
 void MakeRoom(std::vector<fs::path>& folders) {
   while (folders.size() > kMost) {
     const auto settled = std::find_if(folders.rbegin(), std::prev(folders.rend()), IsSettled);

@@ -6,7 +6,7 @@
 namespace orvex {
 namespace {
 
-/// What to do with which; nothing, when all are left.
+/// Asks what to do with which item. Nothing when all are left for later.
 std::optional<UnfinishedChoice> Ask(Prompter& prompter, const std::vector<Unfinished>& all) {
   if (all.size() == 1) {
     return UnfinishedChoice{.item = 0, .answer = prompter.Ask(all[0].item.question)};

@@ -32,13 +32,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A class as it lies on the disk.
+/// A class that was found, and the path it is kept at.
 struct Found {
   fs::path path;
   KeptClass kept;
 };
 
-/// Nothing, when the class cannot be read: `causes` then says why.
+/// Reads the class kept at `path`. When that fails, returns nothing and adds the reason to
+/// `causes`.
 std::optional<Found> Read(const fs::path& path, std::string& causes) {
   try {
     return Found{.path = path, .kept = ReadKeptClass(path)};
@@ -50,7 +51,7 @@ std::optional<Found> Read(const fs::path& path, std::string& causes) {
   return std::nullopt;
 }
 
-/// The classes kept at `paths`, as far as they can be read.
+/// Reads the classes kept at `paths`, and tells the user about those that cannot be read.
 std::vector<Found> ReadAll(const Services& services, const std::vector<fs::path>& paths) {
   std::vector<Found> all;
   std::string causes;
@@ -64,7 +65,8 @@ std::vector<Found> ReadAll(const Services& services, const std::vector<fs::path>
   return all;
 }
 
-/// What is kept of the same class as `found` under the numbers that it has got since.
+/// The newer copy of the class `found`, under the numbers that the class has got since; null when
+/// there is none.
 const Found* LaterTwin(const std::vector<Found>& all, const Found& found) {
   const auto twin = std::ranges::find_if(all, [&](const Found& other) {
     return !found.kept.running.token.empty() &&
@@ -75,8 +77,8 @@ const Found* LaterTwin(const std::vector<Found>& all, const Found& found) {
   return twin == all.end() ? nullptr : &*twin;
 }
 
-/// Removes what is kept at `path` of a class that is kept as `later`, too. Its log, if it has not
-/// been renamed yet, goes on as that one's.
+/// Removes what is kept at `path` of a class that is also kept at `later`. Its log, if not renamed
+/// yet, gets the name that belongs to `later`.
 void DropTwin(const Services& services, const fs::path& path, const fs::path& later) {
   const auto log = [](fs::path kept) { return kept.replace_extension(".bak"); };
   std::error_code unknown;
@@ -87,7 +89,8 @@ void DropTwin(const Services& services, const fs::path& path, const fs::path& la
   SyncFolder(services.storage, path.parent_path());
 }
 
-/// A program that was ended while it renamed a class leaves the class twice: the newer one stays.
+/// A program that ended while it was renaming a class leaves the class twice: only the newer copy
+/// stays. Classes that another program has claimed are left out, too.
 void DropTwins(const Services& services, std::vector<Found>& all) {
   const std::vector<Found> found = all;
   std::erase_if(all, [&](const Found& one) {
@@ -95,14 +98,15 @@ void DropTwins(const Services& services, std::vector<Found>& all) {
     if (later && !IsClaimed(one.path)) DropTwin(services, one.path, later->path);
     return later || IsClaimed(one.path);
   });
-  // The one that stays bears the number that its log has now.
+  // Read those that stay again: each takes its numbers from its log, which may just have been
+  // renamed.
   for (Found& one : all) {
     std::string causes;
     if (auto again = Read(one.path, causes)) one = *std::move(again);
   }
 }
 
-/// Where classes may be kept: the data folder comes first, and none twice.
+/// The folders in which classes may be kept: the data folder first, and none twice.
 std::vector<fs::path> FoldersToLookIn(const Services& services) {
   std::vector<fs::path> folders = RememberedFolders(services.programFolder);
   folders.insert(folders.begin(), services.program.DataPath);
@@ -116,7 +120,7 @@ std::vector<fs::path> FoldersToLookIn(const Services& services) {
   return found;
 }
 
-/// How long ago the class was kept last, in seconds. A clock that has been set back counts as none.
+/// How long ago the class was last kept, in seconds; 0 if the clock has been set back since.
 std::int64_t Gap(const Services& services, const KeptClass& kept) {
   return std::max<std::int64_t>(0, services.clock.UnixSeconds() - kept.moment.unixSeconds);
 }
@@ -159,12 +163,13 @@ UnfinishedItem ItemOf(const Services& services, const Found& found) {
           .question = Question(services, found, what)};
 }
 
-/// Opens what a running class needs. Throws FileError; the class is then kept as it was.
+/// Opens the files that a running class needs. Throws FileError; what is kept of the class is then
+/// as before.
 void ReopenFiles(const Services& services, const KeptClass& kept, const fs::path& path) {
   services.recovery.TakeUp(path, kept.number);
   if (kept.program.ClassStored) return;  // its log is complete
   try {
-    // It may just have been renamed: what is kept then follows the log.
+    // If the class was just being renamed, what is kept of it follows the log.
     const fs::path folder = DataFolderOf(path);
     services.recovery.MoveTo(RecoveryPath(folder, kept.program.identity));
     services.log.File().TakeUp(BakPath(folder, kept.program.identity));
@@ -183,7 +188,7 @@ bool TakeUp(const Services& services, KeptClass kept, const fs::path& path) {
     services.prompter.Tell("The class could not be taken up again.", error.what());
     return false;
   }
-  // The time since then counts: the segment has gone on all the while.
+  // The time since then counts: the segment has been going on all the while.
   kept.running.ShiftTimes(services.clock.SecondsSinceMidnight() - kept.moment.secondsSinceMidnight -
                           static_cast<float>(Gap(services, kept)));
   kept.program.DataPath = DataFolderOf(path);
@@ -193,8 +198,8 @@ bool TakeUp(const Services& services, KeptClass kept, const fs::path& path) {
   return true;
 }
 
-/// Ends the running segment and its episode at the moment when the class was kept last. Notes that
-/// were being typed are notes.
+/// Ends the running segment and its episode at the moment when the class was last kept. Field notes
+/// that were being typed count as entered.
 void EndLastEpisode(KeptClass& kept) {
   Episode& episode = kept.program.Episodes.back();
   RunningClass& running = kept.running;
@@ -206,7 +211,8 @@ void EndLastEpisode(KeptClass& kept) {
   if (!episode.questions.empty()) episode.offtask = AverageOf(running.offtaskEstimates);
 }
 
-/// Stores the question that was being entered. Returns what to tell of it; "" when there was none.
+/// Stores the question that was being entered. Returns what to tell the user about it; "" when
+/// there was none.
 std::string StoreDraft(KeptClass& kept) {
   std::vector<questionInfo>& questions = kept.program.Episodes.back().questions;
   if (kept.running.draft.IsEmpty() || questions.size() == kMostNumber) return "";
@@ -238,7 +244,7 @@ bool StoreEpisodes(const Services& services, KeptClass& kept) {
   return true;
 }
 
-/// A survey that nobody has filled in takes no other's place.
+/// Stores the survey, except that one nobody has filled in never replaces an existing file.
 bool StoreItsSurvey(const Services& services, KeptClass& kept) {
   Identity& identity = kept.program.identity;
   std::error_code unknown;
@@ -252,7 +258,7 @@ bool StoreItsSurvey(const Services& services, KeptClass& kept) {
 }  // namespace
 
 bool CloseKeptClass(const Services& desk, KeptClass kept, const fs::path& path) {
-  // Its files belong to the folder that it was observed in, whichever is in use now.
+  // Its files belong in the data folder where it was observed, whichever folder is in use now.
   kept.program.DataPath = DataFolderOf(path);
   const Services services = desk.With(kept.program);
   try {

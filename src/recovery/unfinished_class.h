@@ -10,19 +10,19 @@ namespace orvex {
 
 struct KeptClass;
 
-/// The classes that were not ended and do not run in another Orvex: to take up, to close into their
-/// files as they stand, or to leave for later. They are looked for in the data folder
-/// and in every folder that is remembered. The user is told of those that cannot be read.
+/// The classes that were not ended and are not running in another Orvex. Each can be taken up,
+/// closed into its files as it stands, or left for later. Searches the data folder and every
+/// remembered folder. Tells the user about classes that cannot be read.
 std::vector<Unfinished> UnfinishedClasses(const Services& services);
 
-/// The same for the class kept at `path`, if there is one.
+/// The unfinished class kept at `path`, in a list of one; an empty list when there is none.
 std::vector<Unfinished> UnfinishedClassAt(const Services& services,
                                           const std::filesystem::path& path);
 
-/// Stores a class that was not ended as it stands: the running segment as long as it is known to
-/// have lasted, the question that was being entered (of which the user is told), the notes, and the
-/// survey as far as it was filled in. What is kept at `path` goes when all of that is stored. False
-/// when the user gave up.
+/// Closes a class that was not ended by storing it as it stands: the running segment up to when the
+/// class was last kept, the question that was being entered (the user is told about it), the notes,
+/// and the survey as far as it was filled in. Removes what is kept at `path` once all of that is
+/// stored. False when the class could not be closed, or the user gave up.
 bool CloseKeptClass(const Services& desk, KeptClass kept, const std::filesystem::path& path);
 
 }  // namespace orvex

@@ -21,16 +21,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Changes that are kept of a file.
+/// A file that was found, and the changes that are kept of it.
 struct Found {
   fs::path file;
   KeptChanges changes;
-  /// What has happened to the file since it was changed, as a paragraph of a question; "" when it
-  /// is as it was.
+  /// What has happened to the file since the changes were made, as a paragraph for a question; ""
+  /// when the file is unchanged.
   std::string since;
 };
 
-/// Nothing when the file is gone, or cannot be read.
+/// The bytes of `file`; nothing when it is gone or cannot be read.
 std::optional<std::string> BytesOf(const fs::path& file) {
   try {
     return ReadFile(file);
@@ -53,8 +53,8 @@ void Remove(const Services& services, const fs::path& file, const KeptChanges& c
   kept.Remove();
 }
 
-/// The changes that are kept beside `file`, unless they are another Orvex's or nothing: what was
-/// saved before the program ended is no longer kept. The user is told when they cannot be read.
+/// The unsaved changes kept beside `file`, unless another Orvex is working with them. Changes that
+/// turn out to be saved already are removed. Tells the user when the changes cannot be read.
 std::optional<Found> Find(const Services& services, const fs::path& file) {
   const fs::path path = RecoveryPathBeside(file);
   if (!IsUnfinishedAt(path)) return std::nullopt;
@@ -76,7 +76,7 @@ std::optional<Found> Find(const Services& services, const fs::path& file) {
   return std::nullopt;
 }
 
-/// Asks whether they are to be taken up, discarded (No), or left for later.
+/// The question whether to take the changes up (Yes), discard them (No) or leave them (Cancel).
 Message Question(const Found& found) {
   const KeptChanges& changes = found.changes;
   return {.text = found.file.filename().string() + " was changed on " + changes.dateText + " at " +
@@ -88,7 +88,7 @@ Message Question(const Found& found) {
                        {Answer::cancel, "&Leave them for later"}}};
 }
 
-/// False, when the user has been told why they stay.
+/// False when the changes stay and the user has been told why.
 bool Discard(const Services& services, const Found& found) {
   try {
     Remove(services, found.file, found.changes);
@@ -111,7 +111,8 @@ bool IsFieldNotes(const fs::path& file) {
   return HasExtension(file, ".nte", ".NTE");
 }
 
-/// The files beside which something is kept: a class is kept beside no file of these kinds.
+/// The episode, survey and field-notes files beside which something is kept. What is kept of a
+/// class lies beside none of these.
 std::vector<fs::path> FilesWithChanges(const Services& services) {
   std::vector<fs::path> kept;
   for (const char* kind : {"EPS", "NTE", "SUR"}) {
@@ -129,13 +130,13 @@ std::vector<fs::path> FilesWithChanges(const Services& services) {
   return kept;
 }
 
-/// True when the form of `file` takes the menu's place.
+/// True when the form for `file` takes the menu's place.
 bool TakeUp(const Services& services, const fs::path& file) {
   if (IsFieldNotes(file)) {
     services.screens.ShowFieldNotes(file, Kept::areTakenUp);
     return false;
   }
-  // A survey is saved in the data folder.
+  // A survey is saved in the data folder, so the folder of the file must become that.
   const fs::path before = std::exchange(services.program.DataPath, file.parent_path());
   const bool shown = IsSurvey(file) ? services.screens.ShowSurveyFile(file, Kept::areTakenUp)
                                     : services.screens.ShowEpisodeEditor(file, Kept::areTakenUp);

@@ -26,7 +26,7 @@ void EditFieldNotes(const Services& services, const std::filesystem::path& path,
   try {
     bytes = takenUp.FileBytes(path);
   } catch (const FileError& error) {
-    // Half the notes in the dialog would be half a file once they are saved.
+    // Never show half the notes: saving them would lose the other half.
     services.prompter.Tell("The field notes could not be read.", error.what());
     return;
   }

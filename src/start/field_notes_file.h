@@ -7,10 +7,10 @@
 
 namespace orvex {
 
-/// The main menu's command: lets the user choose a field-notes file, edit it and store it again.
+/// The main menu's command: lets the user choose a field-notes file and edit it.
 void EditChosenNotes(const Services& services);
-/// Lets the user edit the field notes at `path` and store them again. Changes that were not saved
-/// are in the dialog, when the user takes them up.
+/// Lets the user edit the field notes at `path` and save them. Unsaved changes appear in the dialog
+/// when they are taken up.
 void EditFieldNotes(const Services& services, const std::filesystem::path& path,
                     Kept kept = Kept::areOffered);
 

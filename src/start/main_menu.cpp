@@ -48,7 +48,8 @@ void MainMenu::EditSurvey() {
   EditChosenSurvey(services_);
 }
 
-/// False, when the user wants another folder than this one, which is not there.
+/// True when `folder` exists. If it does not, asks the user whether to create it or use it anyway;
+/// false when neither is wanted, or creating it fails.
 bool MainMenu::IsWanted(const std::string& folder) {
   std::error_code unreadable;
   if (std::filesystem::is_directory(folder, unreadable)) return true;

@@ -6,10 +6,10 @@
 
 namespace orvex {
 
-/// The hub between the activities, and the first thing that is shown.
+/// The hub between the activities, and the first form shown.
 class MainMenu {
  public:
-  /// Takes the time from which the class counts as started.
+  /// Records the time from which the class counts as started.
   explicit MainMenu(const Services& services);
 
   /// "Orvex 4.10".
@@ -18,18 +18,18 @@ class MainMenu {
   std::string Copyright() const { return "Copyright \u00A9 2026 The Orvex developers"; }
   const std::string& DateText() const { return dateText_; }
   const std::string& TimeText() const { return timeText_; }
-  /// In which folder the next class goes.
+  /// Says which folder the next class goes into.
   std::string DataFolder() const;
 
-  /// Once a second.
+  /// To be called once a second.
   void Tick();
 
-  /// Shows the set-up form, once it is settled in which folder the class goes.
+  /// Shows the set-up form, once it is settled which folder the class goes into.
   void NewObservation();
-  /// Edits a survey file.
+  /// Lets the user choose a survey file and edit it.
   void EditSurvey();
-  /// Asks for another data folder and remembers it for the next start. One that is not there is
-  /// told, and can be made.
+  /// Asks for another data folder and remembers it for the next start. If there is no such folder,
+  /// the user is told and can have it created.
   void ChangeDataPath();
   /// Lets the user choose a field-notes file and edit it.
   void EditFieldNotes();

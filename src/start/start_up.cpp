@@ -22,7 +22,7 @@ fs::path ProgramFolder(Storage& storage, const Installation& installation) {
   try {
     EnsureFolders(storage, installation.userFolder);
   } catch (const FileError&) {
-    // Nothing is lost yet. Whoever wants to store something there will be told.
+    // Nothing is lost yet. The user is told once something is to be stored there.
   }
   return installation.userFolder;
 }

@@ -14,19 +14,19 @@ namespace orvex {
 
 /// A survey file that has been read.
 struct LoadedSurvey {
-  LoadedSurvey(SurFile read) : file(std::move(read)) {}  // NOLINT: a file is all there need be
+  LoadedSurvey(SurFile read) : file(std::move(read)) {}  // NOLINT: a file alone is enough
 
   SurFile file;
   std::unique_ptr<FileKeeper> keeper;
-  bool isTakenUp = false;  ///< the answers are no longer as the file holds them
+  bool isTakenUp = false;  ///< the answers are unsaved changes, not what the file holds
 };
 
-/// The main menu's command: lets the user choose a survey file and shows the survey form on it in
-/// place of the menu, which stays when the file cannot be read. False when no file was chosen.
+/// The main menu's command: lets the user choose a survey file and shows it in the survey form in
+/// place of the menu. The menu stays when the file cannot be read. False when no file was chosen.
 bool EditChosenSurvey(const Services& services);
 
-/// Reads a survey file, or takes up changes to it that were not saved. Nothing, when the user has
-/// been told that it could not be read, or leaves it for later.
+/// Reads a survey file, or takes up unsaved changes to it. Nothing when that failed (the user has
+/// been told) or the user leaves the file for later.
 std::optional<LoadedSurvey> LoadSurvey(const Services& services, const std::filesystem::path& path,
                                        Kept kept = Kept::areOffered);
 

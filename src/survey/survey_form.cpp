@@ -78,7 +78,8 @@ void SurveyForm::ReturnToCaller() {
 
 void SurveyForm::Quit() {
   if (!OnFile()) return;
-  // To leave the question open is to stay, and what could not be written stays on the form.
+  // Closing the box unanswered means staying. So does a failed save: the answers are only in the
+  // form.
   const Answer save = services_.prompter.Ask({.text = "Save changes?",
                                               .buttons = Buttons::yesNo,
                                               .defaultAnswer = Answer::yes,
@@ -89,7 +90,7 @@ void SurveyForm::Quit() {
                                                .defaultAnswer = Answer::no}) == Answer::yes;
   if (keeper_) keeper_->Drop();
   if (another) {
-    // The menu comes before this form goes: some form is always on the screen.
+    // Show the menu before this form closes: some form is always on the screen.
     services_.screens.Show(Screen::mainMenu);
     services_.screens.Close(Screen::survey);
     if (EditChosenSurvey(services_)) return;
@@ -104,8 +105,8 @@ bool SurveyForm::Save() {
       services_.prompter,
       {.failure = "The survey could not be written.", .path = path_, .filter = kSurFilter},
       [this, &older](const std::filesystem::path& path) {
-        // A survey is saved under its numbers: where the file it was opened from has
-        // another name, somebody else's survey may lie there.
+        // The survey is saved under its numbers. If the file it was opened from has another name, a
+        // different survey may lie there.
         std::error_code unknown;
         const bool isOwn = !keeper_ || std::filesystem::equivalent(keeper_->Path(), path, unknown);
         older = ReplaceOwn(services_.storage, path, FormatSur(*file_), isOwn);

@@ -15,7 +15,7 @@
 
 namespace orvex {
 
-/// The survey as it is filled in: during a class, whose end stores it, or on a survey file.
+/// The survey form: during a class, which stores the survey when it ends, or on a survey file.
 class SurveyForm {
  public:
   /// Takes the answers as they have become.
@@ -29,42 +29,41 @@ class SurveyForm {
   SurveyForm& operator=(const SurveyForm&) = delete;
 
   bool OnFile() const { return file_.has_value(); }
-  /// The form that is shown again when this one is left during the class.
+  /// Sets the form that is shown again when this one is left during the class.
   void SetCaller(SurveyCaller caller) { caller_ = caller; }
 
   const Survey& Answers() const { return answers_; }
   void SetCheck(std::size_t group, std::size_t item, bool checked);
-  /// Selects a button of the statement; kUncoded leaves it open again.
+  /// Selects a button of the statement. kUncoded clears the selection.
   void Rate(std::size_t statement, int button);
-  /// Types into the box of "other:", which takes a text only while that item is checked.
+  /// Sets the text of "other:". Does nothing unless that item is checked.
   void TypeOther(std::string text);
   bool OtherEnabled() const { return answers_.checks[0].test(kOtherItem); }
 
-  /// How many statements have not been rated, of one scale or of both.
+  /// How many statements have not been rated, in one scale or in both.
   int Open(const SurveyScale& scale) const;
   int Open() const;
 
-  /// Where the answers were saved, as long as they have not changed since.
+  /// Says where the answers were saved; empty once they have changed since.
   const std::string& SavedText() const { return savedText_; }
 
-  /// Why the changes to a file cannot be kept until they are saved; empty while all is well.
+  /// Why unsaved changes to the file cannot be kept; empty while all is well.
   std::string KeepTrouble() const { return keeper_ ? keeper_->Trouble() : ""; }
-  /// Waits until what is to be kept is on the disk, or has failed.
+  /// Waits until the changes to keep are on the disk, or have failed to get there.
   void AwaitKept() {
     if (keeper_) keeper_->AwaitStored();
   }
 
-  /// "Class ID 5-12-3", of the class or the file.
+  /// "Class ID 5-12-3", for the class or the file.
   std::string ClassIdText() const;
 
-  /// During the class: goes back to the caller and writes nothing.
+  /// During the class: returns to the caller without writing anything.
   void ReturnToCaller();
-  /// On a file: writes it. False when it could not be written and the user has given up for now.
+  /// On a file: saves it. False when it could not be written and the user has given up for now.
   bool Save();
-  /// On a file: asks whether to save, and whether to go on with another; otherwise the program
-  /// ends.
+  /// On a file: asks whether to save, then whether to edit another file; if not, ends the program.
   void Quit();
-  /// The user closes the window, which means the way out of the form; it goes by itself.
+  /// Leaves the form as its own button does. For when the user closes the window.
   void Leave() { OnFile() ? Quit() : ReturnToCaller(); }
 
  private:
