@@ -1,5 +1,5 @@
-// How long the question entry form takes over one key, with an episode as full as a long class and
-// a slow disk.
+// Measures how long the question entry form takes to handle a key, with as many questions in the
+// episode as a long class has and with a slow disk.
 
 #include <benchmark/benchmark.h>
 
@@ -27,7 +27,7 @@
 namespace orvex {
 namespace {
 
-/// A disk that takes a twentieth of a second for everything that it is to keep for good.
+/// A disk that takes a twentieth of a second for every sync.
 class SlowStorage : public Storage {
  public:
   int Sync(int descriptor) override {
@@ -48,10 +48,10 @@ void Press(QWidget* box, int key, const QString& text = {}) {
   QCoreApplication::sendEvent(box, &press);
   QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
   QCoreApplication::sendEvent(box, &release);
-  QCoreApplication::processEvents();  // what the key has changed is painted
+  QCoreApplication::processEvents();  // paints what the key has changed
 }
 
-/// The longest of the times that a benchmark has measured.
+/// The longest time that a benchmark has measured.
 class Longest {
  public:
   void Begin() { begin_ = std::chrono::steady_clock::now(); }
@@ -100,7 +100,7 @@ struct Entry {
   frmEnterQA form{services, live.Live(), live.Clocks()};
 };
 
-/// One key, with what it has changed handed over to be kept.
+/// One key, including handing the changed class over to be kept.
 void TypingALetter(benchmark::State& state) {
   Entry entry(static_cast<int>(state.range(0)));
   auto* text = entry.Box("txtQuestion");
@@ -122,7 +122,7 @@ void TypingALetter(benchmark::State& state) {
   state.counters["recovery_bytes"] = static_cast<double>(
       QFileInfo(entry.folder.filePath(QStringLiteral("7-12-3.recovery"))).size());
 }
-/// The same from the handing over to the moment when nothing but a failing system could lose it.
+/// From handing the class over to the moment when only a failure of the system could lose it.
 void KeepingAClass(benchmark::State& state) {
   Entry entry(static_cast<int>(state.range(0)));
   Longest keeping;

@@ -1,4 +1,4 @@
-// Reads and writes a large observation, beside reading the same bytes line by line.
+// Reads and writes a large observation, compared with reading the same bytes line by line.
 
 #include <benchmark/benchmark.h>
 #include <unistd.h>
@@ -19,7 +19,7 @@ struct NoEvents : EpsReadEvents {
   void FirstSegmentRepaired(int) override {}
 };
 
-/// 100 episodes of ten segments with 60 questions each.
+/// 100 episodes with ten segments and 60 questions each.
 EpsObservation LargeObservation() {
   constexpr std::array kQuestions = {"What does Atticus mean when he says that, and to whom?",
                                      "Why?", "Is this going to be on the test?",
@@ -53,7 +53,7 @@ EpsObservation LargeObservation() {
   return large;
 }
 
-/// The observation in a file of its own, removed at the end.
+/// The observation in a file of its own, which is removed at the end.
 class LargeFile {
  public:
   LargeFile()

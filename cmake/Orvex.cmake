@@ -9,7 +9,7 @@ target_compile_options(orvex_warnings INTERFACE
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(orvex_warnings INTERFACE
     -Wduplicated-cond -Wduplicated-branches -Wlogical-op
-    # GCC 12 sees overlaps in optimised std::string code that are not there (GCC bug 105651).
+    # GCC 12 warns of overlaps in optimised std::string code that do not exist (GCC bug 105651).
     -Wno-restrict)
 endif()
 
@@ -27,7 +27,7 @@ if(ORVEX_SANITIZERS)
   add_link_options(-fsanitize=address,undefined)
 endif()
 if(ORVEX_FUZZERS)
-  # A number of a file that is too large for the integer it is turned into counts as well.
+  # Also report a number from a file that is too large for the integer it is converted to.
   add_compile_options(-fsanitize=fuzzer-no-link,float-cast-overflow)
 endif()
 

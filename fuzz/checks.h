@@ -10,9 +10,9 @@
 
 namespace orvex::fuzz {
 
-/// Each check feeds one reader with `bytes`, whatever they are, and holds it to what it promises.
-/// It returns the file that comes of writing again what was read, or nothing when the reader
-/// refused the bytes as it should. A promise that is not kept throws Broken.
+/// Each check gives `bytes`, whatever they are, to one reader and verifies what that reader
+/// promises. Returns the file that results from writing again what was read, or nothing when the
+/// reader refused the bytes as it should. Throws Broken when a promise is not kept.
 using Check = std::optional<std::string>(std::string_view bytes);
 
 Check CheckEps;
@@ -34,7 +34,7 @@ inline void Require(bool kept, const char* promise) {
   if (!kept) throw Broken(std::string("broken promise: ") + promise);
 }
 
-/// What `read` makes of `bytes`; nothing when it refuses them. It then names the place.
+/// The result of `read`; nothing when it refuses `bytes` with an error that names a place in them.
 template <typename Read>
 auto Accepted(std::string_view bytes, Read read) -> std::optional<decltype(read(bytes))> try {
   return read(bytes);

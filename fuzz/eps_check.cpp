@@ -15,7 +15,7 @@ EpsObservation Parse(std::string_view bytes) {
   return ParseEps(std::string(bytes), events);
 }
 
-/// A single as it comes back: with the digits that are written.
+/// A single as it is read back from the digits that are written.
 float SingleAgain(float value) {
   return static_cast<float>(ParseNumber(PrintDigits(value)).value());
 }
@@ -31,7 +31,7 @@ SegmentData SegmentAgain(const SegmentData& segment) {
   return again;
 }
 
-/// What comes back of an observation that is written.
+/// An observation as it should be read back after it was written.
 EpsObservation Again(EpsObservation observation) {
   std::ranges::transform(observation.header.ActivityOfftask,
                          observation.header.ActivityOfftask.begin(), SingleAgain);
@@ -50,7 +50,8 @@ EpsObservation Again(EpsObservation observation) {
   return observation;
 }
 
-/// Fields stand on one line, and some between double quotes, which they cannot hold then.
+/// An observation whose fields are on one line and without double quotes, which those that are
+/// written between quotes cannot hold.
 EpsObservation WithPlainFields(EpsObservation observation) {
   EpsHeader& header = observation.header;
   Identity& identity = header.identity;

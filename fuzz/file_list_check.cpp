@@ -5,18 +5,18 @@
 namespace orvex::fuzz {
 namespace {
 
-/// A list of the same names on the same lines.
+/// A list with the same names on the same lines.
 std::string Written(const std::vector<ListedFile>& files) {
   std::string text;
   int line = 1;
   for (const ListedFile& file : files) {
     for (; line < file.line; ++line) text += "\r\n";
-    text += " " + file.name;  // a name may begin with what would be taken for a byte order mark
+    text += " " + file.name;  // a name may begin with what looks like a byte order mark
   }
   return text;
 }
 
-/// The three numbers of a name are parts of it, in their order.
+/// Checks that the three numbers of a name are parts of it, in order.
 void CheckNumbersOf(const std::string& name) {
   FileNumbers numbers;
   if (ProblemOf(name, [&] { numbers = NumbersOf(name); })) return;
@@ -35,7 +35,7 @@ std::optional<std::string> CheckFileList(std::string_view bytes) {
   const std::string written = Written(files);
   const auto again =
       Accepted(written, [](std::string_view text) { return ParseFileList(std::string(text)); });
-  if (!again) return std::nullopt;  // what looks like another file without the blanks before it
+  if (!again) return std::nullopt;  // with other blanks, it may look like another kind of file
   Require(std::ranges::equal(files, *again,
                              [](const ListedFile& one, const ListedFile& other) {
                                return one.line == other.line && one.name == other.name;

@@ -8,7 +8,7 @@
 namespace orvex::fuzz {
 namespace {
 
-/// The C library's opinion: nothing for what is not a plain number.
+/// The value according to the C library; nothing for what is not a plain number.
 std::optional<double> Strtod(const std::string& text) {
   if (text.empty() || text.find_first_not_of("0123456789.+-eE") != std::string::npos) {
     return std::nullopt;
@@ -48,7 +48,7 @@ void CheckSingle(float value) {
 
 }  // namespace
 
-/// Takes `bytes` as the text of a number, and as the bits of one.
+/// Takes `bytes` both as the text of a number and as the bits of one.
 std::optional<std::string> CheckNumbers(std::string_view bytes) {
   const std::string text(bytes);
   CheckText(text);

@@ -20,7 +20,7 @@ KeptContent Unseal(std::string_view bytes) {
 }  // namespace
 
 std::optional<std::string> CheckKeptClass(std::string_view bytes) {
-  // The samples are sealed, which no file that is made up would be.
+  // The samples end with a seal, which a made-up file would never match, so leave it out.
   bytes = bytes.substr(0, bytes.rfind("seal="));
   const auto kept = Accepted(bytes, Parse);
   if (!kept) return std::nullopt;

@@ -12,7 +12,7 @@
 namespace orvex::fuzz {
 namespace {
 
-/// Reads as the export does, which takes the stated counts and makes a row of each episode.
+/// Reads as the export does: with the counts that the file states, and a row for each episode.
 class Rows : public ReadingWithWarnings {
  public:
   Rows() : ReadingWithWarnings(nullptr) {}
@@ -25,7 +25,7 @@ class Rows : public ReadingWithWarnings {
   std::string text;
 };
 
-/// The reports of an observation that people read.
+/// The reports of an observation as the user reads them.
 std::string ReportsOf(const EpsObservation& observation) {
   std::string text = TextOf(MakeTimeSummary(observation.header, observation.Episodes));
   int number = 0;
@@ -38,7 +38,7 @@ std::string ReportsOf(const EpsObservation& observation) {
   return text;
 }
 
-/// The rows that the tables for statistics programs have of it.
+/// The observation's rows in the tables for statistics programs.
 std::string TablesOf(const EpsObservation& observation) {
   std::string rows;
   for (const auto table : {TidyTable::questions, TidyTable::segments, TidyTable::episodes}) {
@@ -53,7 +53,7 @@ std::ptrdiff_t Lines(std::string_view text) {
 
 }  // namespace
 
-/// Whatever an episode file holds can be reported. What is returned is the rows of the export.
+/// Checks that whatever an episode file holds can be reported. Returns the rows of the export.
 std::optional<std::string> CheckReports(std::string_view bytes) {
   Rows rows;
   const auto observation =

@@ -11,7 +11,7 @@ std::optional<std::string> CheckTextEncoding(std::string_view bytes) {
   const std::string written = Encode(decoded.text, decoded.encoding);
   Require(bytes.ends_with(written), "every byte survives");
   Require(Decode(written).text == decoded.text, "a text comes back as it was");
-  // A text of any file may get into one of the other encoding.
+  // Text from any file may end up in a file of the other encoding.
   Require(Decode(Encode(decoded.text, Encoding::windows1252)).text == decoded.text,
           "a text comes back from a file that was Windows-1252");
   const std::string line = OneLine(decoded.text);

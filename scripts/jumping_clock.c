@@ -1,6 +1,6 @@
-/* Loaded in front of a program, this gives it a clock that stands still at what a file says: two
- * numbers, the seconds since 1970 and the seconds since the system's start. The clock by which the
- * program's timers run stays the true one. */
+/* Preloaded into a program, this gives it a clock that stands still at the time in a file: two
+ * numbers, the seconds since 1970 and the seconds since the system's start. The clock that drives
+ * the program's timers stays the real one. */
 #define _GNU_SOURCE
 #include <stdio.h>
 #include <stdlib.h>
