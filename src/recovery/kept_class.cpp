@@ -128,7 +128,8 @@ void VisitActivity(auto& archive, std::string_view name, auto& activity) {
 
 constexpr int kAbandoned = -1;
 constexpr int kAwaited = 0;
-constexpr int kLastEstimateKind = 8;
+constexpr int kLastEstimateKind =
+    std::ranges::max(kActivities, {}, &Activity::estimateKind).estimateKind;
 
 /// The choice of the activity as the number that is kept: once it is made, the kind of the
 /// activity's estimates.

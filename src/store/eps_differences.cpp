@@ -5,10 +5,12 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 #include <string_view>
 #include <utility>
 
+#include "model/dimensions.h"
 #include "model/wording.h"
 #include "store/eps_trace.h"
 #include "store/numbers.h"
@@ -123,7 +125,8 @@ class Comparison {
 
   /// Moves both on to the next fields of the same kind.
   void Synchronize(Fields::iterator& field, Fields::iterator& rewritten) {
-    constexpr std::ptrdiff_t kMost = 8;  // no record has more optional fields than that
+    // No record has more fields that may be left out than a question has codes.
+    constexpr auto kMost = std::ssize(kLetteredDimensions);
     if (rewritten->what == kBanner) TellForm(kBanner);
     // Skip the lengths of spells: the number of spells has already been compared.
     const auto isSpell = [](const ReadField& one) { return one.what == kSpell; };

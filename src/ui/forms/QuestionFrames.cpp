@@ -2,8 +2,10 @@
 
 #include <QGroupBox>
 #include <algorithm>
+#include <array>
 #include <initializer_list>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 #include "questions/question_editor.h"
@@ -34,15 +36,21 @@ QuestionFrames::QuestionFrames(Ui::frmQA& ui, QuestionEditor& editor, std::funct
   // Hidden controls keep their places, so that nothing moves while the user is looking. This
   // includes the contents of frames: a frame not shown yet would otherwise count as empty.
   for (QWidget* child : ui.scrollContents->findChildren<QWidget*>()) KeepPlace(child);
-  Add(ui.FrSource, {ui.OptSrc_0, ui.OptSrc_1});
-  Add(ui.FrResponse, {ui.OptResp_0, ui.OptResp_1});
-  Add(ui.FrAuth, {ui.OptAuth_0, ui.OptAuth_1});
-  Add(ui.FrUptake, {ui.OptUptake_0, ui.OptUptake_1, ui.OptUptake_2});
-  Add(ui.FrCogLvl, {ui.OptCogLvl_0, ui.OptCogLvl_1});
-  Add(ui.FrRespondName, {});
-  Add(ui.FrOnePartOfMulti, {ui.OptOnePartOf_0, ui.OptOnePartOf_1});
-  Add(ui.FrTReponse, {ui.OptTResp_0, ui.OptTResp_1, ui.OptTResp_2});
-  Add(ui.FrElabUnelab, {ui.OptElabUn_0, ui.OptElabUn_1});
+  using Options = std::vector<QRadioButton*>;
+  const auto frames = std::to_array<std::pair<QGroupBox*, Options>>({
+      {ui.FrSource, {ui.OptSrc_0, ui.OptSrc_1}},
+      {ui.FrResponse, {ui.OptResp_0, ui.OptResp_1}},
+      {ui.FrAuth, {ui.OptAuth_0, ui.OptAuth_1}},
+      {ui.FrUptake, {ui.OptUptake_0, ui.OptUptake_1, ui.OptUptake_2}},
+      {ui.FrCogLvl, {ui.OptCogLvl_0, ui.OptCogLvl_1}},
+      {ui.FrRespondName, {}},
+      {ui.FrOnePartOfMulti, {ui.OptOnePartOf_0, ui.OptOnePartOf_1}},
+      {ui.FrTReponse, {ui.OptTResp_0, ui.OptTResp_1, ui.OptTResp_2}},
+      {ui.FrElabUnelab, {ui.OptElabUn_0, ui.OptElabUn_1}},
+  });
+  static_assert(std::tuple_size_v<decltype(frames)> == kDimensionCount,
+                "each dimension needs its frame, in the order of the scheme");
+  for (const auto& [box, options] : frames) Add(box, options);
 }
 
 void QuestionFrames::Focus(Dimension dimension) {

@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <initializer_list>
 #include <string>
+#include <tuple>
 
 #include "ui/keys/FormKeys.h"
 #include "ui/keys/UndoKeys.h"
@@ -51,15 +52,18 @@ frmEnterQA::frmEnterQA(const Services& services, LiveObservation& live, const Se
 frmEnterQA::~frmEnterQA() = default;
 
 std::array<frmEnterQA::Field, kDimensionCount> frmEnterQA::Fields() const {
-  return {{{Dimension::source, ui_->Text1, ui_->Label1},
-           {Dimension::response, ui_->Text2, ui_->Label2},
-           {Dimension::authenticity, ui_->Text3, ui_->Label3},
-           {Dimension::uptake, ui_->Text4, ui_->Label4},
-           {Dimension::cognitive, ui_->Text5, ui_->Label5},
-           {Dimension::respondName, ui_->Text6, ui_->Label6},
-           {Dimension::onePartOfMulti, ui_->Text7, ui_->Label7},
-           {Dimension::tResponse, ui_->Text8, ui_->Label8},
-           {Dimension::elaborated, ui_->Text9, ui_->Label9}}};
+  const auto fields = std::to_array<Field>({{Dimension::source, ui_->Text1, ui_->Label1},
+                                            {Dimension::response, ui_->Text2, ui_->Label2},
+                                            {Dimension::authenticity, ui_->Text3, ui_->Label3},
+                                            {Dimension::uptake, ui_->Text4, ui_->Label4},
+                                            {Dimension::cognitive, ui_->Text5, ui_->Label5},
+                                            {Dimension::respondName, ui_->Text6, ui_->Label6},
+                                            {Dimension::onePartOfMulti, ui_->Text7, ui_->Label7},
+                                            {Dimension::tResponse, ui_->Text8, ui_->Label8},
+                                            {Dimension::elaborated, ui_->Text9, ui_->Label9}});
+  static_assert(std::tuple_size_v<decltype(fields)> == kDimensionCount,
+                "each dimension needs its box and label");
+  return fields;
 }
 
 std::array<frmEnterQA::Button, QuestionEntry::kCommands> frmEnterQA::Buttons() const {

@@ -55,8 +55,11 @@ void frmListOfFiles::Tick() {
 }
 
 void frmListOfFiles::Refresh() {
-  ui_->lstFiles->setCurrentRow(static_cast<int>(std::min(export_.InWork(), export_.Count() - 1)));
   const bool none = export_.Count() == 0;
+  if (!none) {
+    const std::size_t row = std::min(export_.InWork(), export_.Count() - 1);
+    ui_->lstFiles->setCurrentRow(static_cast<int>(row));
+  }
   ui_->prgFiles->setValue(none ? 1 : static_cast<int>(export_.Done()));
   ShowText(ui_->lblCount, export_.CountText());
   ui_->cmdStop->setEnabled(export_.Working());
