@@ -4,6 +4,7 @@
 
 #include "desk/prompter.h"
 #include "model/program.h"
+#include "model/texts.h"
 #include "store/durable_file.h"
 #include "store/options_file.h"
 
@@ -18,11 +19,11 @@ bool IsFolder(const fs::path& path) {
 }
 
 Answer AskAboutMissing(Prompter& prompter, const fs::path& missing) {
-  return prompter.Ask({.text = "The data folder is not there:\n\n" + missing.string(),
+  return prompter.Ask({.text = Say(Text::dataFolderMissing, {missing.string()}),
                        .buttons = Buttons::okYesNoCancel,
-                       .captions = {{Answer::ok, "&Try again"},
-                                    {Answer::yes, "C&hoose..."},
-                                    {Answer::no, "Use the &program's folder"}}});
+                       .captions = {{Answer::ok, Say(Text::tryAgain)},
+                                    {Answer::yes, Say(Text::chooseFolder)},
+                                    {Answer::no, Say(Text::useProgramFolder)}}});
 }
 
 /// The folder that the user wants instead of `missing`; empty when the user must be asked again.
@@ -44,11 +45,10 @@ std::string DataFolderText(const Services& services) {
   const fs::path& folder = services.program.DataPath;
   const std::string stored = ReadOptionsFile(services.programFolder).value_or("");
   const fs::path usual = stored.empty() ? services.programFolder : fs::path(stored);
-  std::string text = "Data folder: " + folder.string();
   std::error_code unknown;
   const bool isUsual = folder == usual || fs::equivalent(folder, usual, unknown);
-  if (!isUsual) text += "  (not the usual one, " + usual.string() + ")";
-  return text;
+  return isUsual ? Say(Text::dataFolder, {folder.string()})
+                 : Say(Text::unusualDataFolder, {folder.string(), usual.string()});
 }
 
 std::optional<fs::path> MissingDataFolder(const Services& services, bool atStartUp) {

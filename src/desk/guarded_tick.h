@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "desk/prompter.h"
+#include "model/texts.h"
 
 namespace orvex {
 
@@ -22,8 +23,7 @@ class GuardedTick {
       std::forward<Work>(work)();
     } catch (const std::exception& error) {
       telling_ = true;
-      prompter_.Tell("An error ocurred in " + timer_ + ". Please contact the developer.",
-                     error.what());
+      prompter_.Tell(Say(Text::errorInTimer, {timer_}), error.what());
       telling_ = false;
     }
   }

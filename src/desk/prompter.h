@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "model/texts.h"
+
 namespace orvex {
 
 struct Episode;
@@ -22,7 +24,7 @@ struct Message {
   Buttons buttons = Buttons::ok;
   Answer defaultAnswer = Answer::ok;
   std::string details = {};  ///< the place or the cause, shown under the text; may be empty
-  std::string title = "Orvex";
+  std::string title = Say(Text::boxTitle);
   /// The answer when the box is closed without pressing a button. By default Cancel where there is
   /// one, otherwise No.
   std::optional<Answer> dismissed = {};

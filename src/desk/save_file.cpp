@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "desk/prompter.h"
+#include "model/texts.h"
 #include "store/durable_file.h"
 #include "store/file_error.h"
 
@@ -16,20 +17,20 @@ Message Question(const FileToSave& file, const std::string& why) {
   Message message = {.text = file.failure, .details = why};
   if (file.filter.empty()) {
     message.buttons = Buttons::okCancel;
-    message.captions = {{Answer::ok, "&Try again"}};
+    message.captions = {{Answer::ok, Say(Text::tryAgain)}};
   } else {
     message.buttons = Buttons::yesNoCancel;
     message.defaultAnswer = Answer::yes;
-    message.captions = {{Answer::yes, "&Try again"}, {Answer::no, "Save &elsewhere..."}};
+    message.captions = {{Answer::yes, Say(Text::tryAgain)}, {Answer::no, Say(Text::saveElsewhere)}};
   }
   return message;
 }
 
 Message QuestionOfChange(const FileToSave& file, const std::string& which) {
   Message message = Question(file, which);
-  message.text = file.changed;
+  message.text = Say(Text::fileChanged);
   message.defaultAnswer = Answer::cancel;
-  message.captions[0].second = "&Replace it";
+  message.captions[0].second = Say(Text::replaceIt);
   return message;
 }
 
@@ -45,7 +46,7 @@ fs::path AskPlace(Prompter& prompter, const FileToSave& file, const fs::path& pa
     const fs::path beside = Beside(place, extension);
     std::error_code unknown;
     if (!fs::exists(beside, unknown)) continue;
-    if (prompter.Ask({.text = beside.filename().string() + " already exists. Replace it?",
+    if (prompter.Ask({.text = Say(Text::askReplace, {beside.filename().string()}),
                       .buttons = Buttons::yesNo,
                       .defaultAnswer = Answer::no,
                       .details = beside.string()}) != Answer::yes) {
@@ -101,8 +102,7 @@ void TellProtection(Prompter& prompter, const std::filesystem::path& path) {
   try {
     RequireReplaceable(path);
   } catch (const FileError& error) {
-    prompter.Tell("This file is write-protected. Changes can only be saved elsewhere.",
-                  error.what());
+    prompter.Tell(Say(Text::writeProtected), error.what());
   }
 }
 

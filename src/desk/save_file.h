@@ -18,8 +18,6 @@ struct FileToSave {
   /// The extensions of the files that go with this one when it is saved in another place (see
   /// Beside).
   std::vector<std::string> companions = {};
-  /// What the user is told when `save` throws FileChanged.
-  std::string changed = "The file was changed by another program.";
 };
 
 /// Saves a file with `save`, which throws an exception when that fails. The user is told why, and

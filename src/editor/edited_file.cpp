@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "desk/save_file.h"
+#include "model/texts.h"
 #include "store/durable_file.h"
 #include "store/file_error.h"
 #include "store/older_file.h"
@@ -18,7 +19,7 @@ std::string ReadAgain(const fs::path& path) {
   try {
     return ReadFile(path);
   } catch (const FileError& error) {
-    throw FileError(path, "it can no longer be read: " + error.Cause());
+    throw FileError(path, Say(Text::noLongerReadable, {error.Cause()}));
   }
 }
 
@@ -35,17 +36,16 @@ EditedFile::EditedFile(fs::path path, EpsHeader header, std::string bytes,
 bool EditedFile::Save(const Services& services, const EpisodeList& episodes) {
   const std::string bytes = FormatEps(header_, episodes);
   std::optional<std::string> givenUp;
-  const fs::path saved =
-      SaveFile(services.prompter,
-               {.failure = "The file could not be saved.", .path = path_, .filter = kEpsFilter},
-               [&](const fs::path& path) {
-                 // The dialog for saving has asked already whether another file may be replaced.
-                 if (path == path_) {
-                   RequireUnchanged(bytes, givenUp);
-                   KeepAsObserved(services.storage);
-                 }
-                 ReplaceFile(services.storage, path, bytes);
-               });
+  const fs::path saved = SaveFile(
+      services.prompter, {.failure = Say(Text::fileNotSaved), .path = path_, .filter = kEpsFilter},
+      [&](const fs::path& path) {
+        // The dialog for saving has asked already whether another file may be replaced.
+        if (path == path_) {
+          RequireUnchanged(bytes, givenUp);
+          KeepAsObserved(services.storage);
+        }
+        ReplaceFile(services.storage, path, bytes);
+      });
   if (saved.empty()) return false;
   path_ = saved;
   bytes_ = bytes;

@@ -9,6 +9,7 @@
 #include "editor/segment_recoding.h"
 #include "model/activities.h"
 #include "model/program.h"
+#include "model/texts.h"
 #include "store/text_encoding.h"
 
 namespace orvex {
@@ -136,14 +137,14 @@ void EpisodeEditor::TypeDescription(std::string_view text) {
   Episode* const episode = FindEpisode();
   if (!episode) return;
   episode->Descript = OneLine(text);
-  RecordHere("Edit description", Typing::goesOn);
+  RecordHere(Text::editDescription, Typing::goesOn);
 }
 
 void EpisodeEditor::TypeAbout(std::string_view text) {
   SegmentData* const segment = FindSegment();
   if (!segment || !ActivityOf(segment->activityNum).carriesAbout) return;
   segment->aboutdata = OneLine(text);
-  RecordHere("Edit about text", Typing::goesOn);
+  RecordHere(Text::editAbout, Typing::goesOn);
 }
 
 void EpisodeEditor::TypeSegmentDuration(std::string_view text) {
@@ -151,7 +152,7 @@ void EpisodeEditor::TypeSegmentDuration(std::string_view text) {
   if (!segment) return;
   typedDuration_ = text;
   SetSegmentDuration(*segment, text);
-  RecordHere("Change duration", Typing::goesOn);
+  RecordHere(Text::changeDuration, Typing::goesOn);
 }
 
 void EpisodeEditor::LeaveBox() {
@@ -163,7 +164,7 @@ void EpisodeEditor::ChooseActivity(int position) {
   SegmentData* const segment = FindSegment();
   if (segment && IsActivity(position + 1)) {
     RecodeSegment(*segment, position + 1);
-    RecordHere("Change activity");
+    RecordHere(Text::changeActivity);
   }
   if (selection_.segment == 1) saysReview_ = true;
 }
@@ -175,10 +176,10 @@ void EpisodeEditor::Recode(SubCode code, int position) {
 
 /// Records what has been changed of the current episode or segment, as one step with what was typed
 /// before in the same box.
-void EpisodeEditor::RecordHere(const char* name, Typing typing) {
+void EpisodeEditor::RecordHere(Text name, Typing typing) {
   const Place place = selection_.Current();
-  history_.Record(Episodes(), {.name = name, .before = place, .after = place},
-                  typing == Typing::goesOn ? name : "");
+  history_.Record(Episodes(), {.name = Say(name), .before = place, .after = place},
+                  typing == Typing::goesOn ? Say(name) : "");
 }
 
 // Structure.
@@ -202,14 +203,14 @@ void EpisodeEditor::SplitSegment() {
   const auto next = TryEdit([&](EpisodeList& episodes) {
     return orvex::SplitSegment(episodes, selection_.Current(), *seconds);
   });
-  Restructured("Split segment", next, Refill::segments);
+  Restructured(Text::splitSegment, next, Refill::segments);
 }
 
 void EpisodeEditor::MergeSegments() {
   const auto next = TryEdit([this](EpisodeList& episodes) {
     return orvex::MergeSegments(episodes, selection_.episode, selection_.segments);
   });
-  Restructured("Merge segments", next, Refill::segments);
+  Restructured(Text::mergeSegments, next, Refill::segments);
 }
 
 void EpisodeEditor::SplitEpisode() {
@@ -227,14 +228,14 @@ void EpisodeEditor::SplitEpisode() {
   const auto next = TryEdit([&](EpisodeList& episodes) {
     return orvex::SplitEpisode(episodes, selection_.episode, segments, std::move(questions));
   });
-  Restructured("Split episode", next, Refill::episodes);
+  Restructured(Text::splitEpisode, next, Refill::episodes);
 }
 
 void EpisodeEditor::MergeEpisodes() {
   const auto next = TryEdit([this](EpisodeList& episodes) {
     return orvex::MergeEpisodes(episodes, selection_.episodes);
   });
-  Restructured("Merge episodes", next, Refill::episodes);
+  Restructured(Text::mergeEpisodes, next, Refill::episodes);
 }
 
 void EpisodeEditor::MoveSegments(int toEpisode) {
@@ -242,7 +243,7 @@ void EpisodeEditor::MoveSegments(int toEpisode) {
   const auto next = TryEdit([this, toEpisode](EpisodeList& episodes) {
     return orvex::MoveSegments(episodes, selection_.episode, selection_.segments, toEpisode);
   });
-  Restructured("Move segments", next,
+  Restructured(Text::moveSegments, next,
                Episodes().size() == count ? Refill::segments : Refill::episodes);
 }
 
@@ -250,7 +251,7 @@ void EpisodeEditor::ReorderSegments(int target) {
   if (target == selection_.segment) return;
   const auto next =
       orvex::ReorderSegments(Episodes(), selection_.episode, selection_.segments, target);
-  Restructured("Reorder segments", next, Refill::segments);
+  Restructured(Text::reorderSegments, next, Refill::segments);
 }
 
 void EpisodeEditor::Cut() {
@@ -262,7 +263,7 @@ void EpisodeEditor::PasteOntoEpisode(int episode) {
   if (!cut_ || !receiving) return;
   const int end = static_cast<int>(receiving->segments.size()) + 1;
   if (episode == cut_->episode) {
-    Restructured("Paste segments",
+    Restructured(Text::pasteSegments,
                  InsertSegments(Episodes(), episode, cut_->segments, {episode, end}),
                  Refill::segments);
     return;
@@ -275,7 +276,7 @@ void EpisodeEditor::PasteOntoEpisode(int episode) {
   });
   if (!next) return;
   if (laterEpisode && Episodes().size() < count) --pasted.episode;
-  Restructured("Paste segments", pasted, Refill::episodes);
+  Restructured(Text::pasteSegments, pasted, Refill::episodes);
 }
 
 void EpisodeEditor::PasteBeforeSegment(int segment) {
@@ -283,13 +284,12 @@ void EpisodeEditor::PasteBeforeSegment(int segment) {
   const auto next = TryEdit([this, segment](EpisodeList& episodes) {
     return InsertSegments(episodes, cut_->episode, cut_->segments, {selection_.episode, segment});
   });
-  Restructured("Paste segments", next, Refill::episodes);
+  Restructured(Text::pasteSegments, next, Refill::episodes);
 }
 
 /// Shows and records what a change of structure has made of the episodes; without `next` there was
 /// none. The lists are filled anew, both or that of the segments.
-void EpisodeEditor::Restructured(const char* name, const std::optional<Place>& next,
-                                 Refill refill) {
+void EpisodeEditor::Restructured(Text name, const std::optional<Place>& next, Refill refill) {
   if (!next) return;
   const Place before = selection_.Current();
   cut_.reset();
@@ -299,7 +299,7 @@ void EpisodeEditor::Restructured(const char* name, const std::optional<Place>& n
     SelectNoSegment();
     if (next->segment >= 1) SelectSegment(next->segment);
   }
-  history_.Record(Episodes(), {.name = name, .before = before, .after = selection_.Current()});
+  history_.Record(Episodes(), {.name = Say(name), .before = before, .after = selection_.Current()});
 }
 
 // The steps back and forth.
@@ -325,7 +325,7 @@ void EpisodeEditor::TakeStep(Way way) {
 
 /// Whatever else works on the same episodes.
 void EpisodeEditor::RecordOutsideChanges() {
-  RecordHere("Edit questions");
+  RecordHere(Text::editQuestions);
 }
 
 void EpisodeEditor::RecordQuestionChange(const QuestionChange& change) {
@@ -343,8 +343,7 @@ const EditStep* EpisodeEditor::NextStepOfQuestions(Way way) const {
 
 std::string EpisodeEditor::NextQuestionStep(Way way) const {
   const EditStep* const step = NextStepOfQuestions(way);
-  const char* verb = way == Way::undo ? "undoes \"" : "redoes \"";
-  return step ? verb + step->name + "\"" : "";
+  return step ? Say(way == Way::undo ? Text::undoes : Text::redoes, {step->name}) : "";
 }
 
 std::optional<QuestionPlace> EpisodeEditor::TakeQuestionStep(Way way) {
@@ -412,14 +411,14 @@ void EpisodeEditor::ShowReport(Screen report) {
 void EpisodeEditor::Quit() {
   LeaveBox();
   const Answer save =
-      services_.prompter.Ask({.text = "Save Data?",
+      services_.prompter.Ask({.text = Say(Text::askSaveData),
                               .buttons = Buttons::yesNo,
                               .defaultAnswer = Modified() ? Answer::yes : Answer::no,
                               .dismissed = Answer::cancel});
   // To leave the question open is to stay, and who wanted to save and could not is not made to lose
   // the changes.
   if (save == Answer::cancel || (save == Answer::yes && !Save())) return;
-  const Answer another = services_.prompter.Ask({.text = "Edit Another File?",
+  const Answer another = services_.prompter.Ask({.text = Say(Text::askAnotherFile),
                                                  .buttons = Buttons::yesNo,
                                                  .defaultAnswer = Answer::no,
                                                  .dismissed = Answer::cancel});

@@ -16,6 +16,7 @@
 #include "editor/segment_coding_view.h"
 #include "model/episode.h"
 #include "model/segment_data.h"
+#include "model/texts.h"
 #include "questions/question_steps.h"
 
 namespace orvex {
@@ -125,9 +126,9 @@ class EpisodeEditor : private QuestionSteps {
   template <typename Edit>
   std::optional<Place> TryEdit(Edit edit);
   enum class Refill { segments, episodes };
-  void Restructured(const char* name, const std::optional<Place>& next, Refill refill);
+  void Restructured(Text name, const std::optional<Place>& next, Refill refill);
   enum class Typing { none, goesOn };
-  void RecordHere(const char* name, Typing typing = Typing::none);
+  void RecordHere(Text name, Typing typing = Typing::none);
   void RecordOutsideChanges();
   const EditStep* NextStep(Way way) const;
   const EditStep* NextStepOfQuestions(Way way) const;

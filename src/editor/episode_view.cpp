@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "model/activities.h"
+#include "model/texts.h"
 #include "model/wording.h"
 
 namespace orvex {
@@ -13,8 +14,8 @@ std::string SegmentRow(std::size_t number, const SegmentData& segment) {
 }
 
 /// "0 Segment", "1 Segment", "2 Segments".
-std::string CountText(std::size_t count, const std::string& what) {
-  return std::to_string(count) + " " + what + (count > 1 ? "s" : "");
+std::string CountText(std::size_t count, Text atMostOne, Text several) {
+  return Say(count > 1 ? several : atMostOne, {count});
 }
 
 }  // namespace
@@ -25,19 +26,19 @@ EpisodeView ViewOf(const EpisodeList& episodes, Place current, bool saysReview) 
   const Episode& episode = found ? *found : none;
   const SegmentData* const segment = ItemAt(episode.segments, current.segment);
   EpisodeView view;
-  view.total = "Total: " + CountText(episodes.size(), "Episode");
+  view.total = CountText(episodes.size(), Text::totalEpisode, Text::totalEpisodes);
   view.hasEpisode = found != nullptr;
   view.hasSegment = segment != nullptr;
   view.hasQuestions = !episode.questions.empty();
   view.description = episode.Descript;
   view.activity = ActivityLabel(episode, saysReview);
-  view.spells = std::to_string(FindDialogicSpells(episode.questions).size()) + " dialogic spell(s)";
+  view.spells = Say(Text::spells, {FindDialogicSpells(episode.questions).size()});
   view.duration = DurationInWords(episode.duration());
-  view.segmentCount = CountText(episode.segments.size(), "Segment");
-  view.segmentDurationLabel = "N/A";
-  view.segmentDuration = "N/A";
+  view.segmentCount = CountText(episode.segments.size(), Text::segmentCount, Text::segmentsCount);
+  view.segmentDurationLabel = Say(Text::notAvailable);
+  view.segmentDuration = Say(Text::notAvailable);
   if (segment) {
-    view.segmentDurationLabel = "Duration of segment " + std::to_string(current.segment) + ":";
+    view.segmentDurationLabel = Say(Text::durationOfSegment, {current.segment});
     view.segmentDuration = WholeSecondsText(static_cast<double>(segment->duration));
   }
   return view;
@@ -73,8 +74,8 @@ PossibleEdits PossibleEditsOf(const EpisodeList& episodes, const ListSelection& 
   possible.splitEpisode = isOneEpisode && episode && episode->segments.size() >= 2;
   possible.mergeEpisodes = !isOneEpisode;
   if (isOneSegment && segment) {
-    possible.splitSegmentHint =
-        "Splits segment " + SegmentRow(static_cast<std::size_t>(selection.segment), *segment);
+    possible.splitSegmentHint = Say(
+        Text::splitsSegment, {SegmentRow(static_cast<std::size_t>(selection.segment), *segment)});
   }
   return possible;
 }

@@ -8,6 +8,7 @@
 #include "desk/prompter.h"
 #include "desk/save_file.h"
 #include "editor/save_warning.h"
+#include "model/texts.h"
 #include "recovery/unfinished_file.h"
 #include "store/checksum.h"
 #include "store/eps_differences.h"
@@ -26,7 +27,7 @@ class ReadingAloud : public EpsReadEvents {
   explicit ReadingAloud(Prompter& prompter) : prompter_(prompter) {}
 
   bool ContinueWithEarlierVersion() override {
-    return prompter_.AskOkCancel(std::string(kEarlierVersionText) + " Continue anyway?");
+    return prompter_.AskOkCancel(Say(Text::askEarlierVersion, {kEarlierVersionText}));
   }
   void FirstSegmentRepaired(int ep) override {
     prompter_.Tell(RepairedText(ep));
@@ -70,10 +71,11 @@ LoadOutcome LoadEpisodes(const Services& services, const fs::path& path, Kept ke
   try {
     outcome.loaded.emplace(Read(services, path, takenUp));
   } catch (const FileError& error) {
-    services.prompter.Tell("The file could not be read.", error.what());
+    services.prompter.Tell(Say(Text::fileUnreadable), error.what());
   } catch (const FormatError& error) {
-    services.prompter.Tell(takenUp.changes ? kChangesUnreadable : "Invalid file format.",
-                           Printable(path.native()) + ": " + error.what());
+    services.prompter.Tell(
+        Say(takenUp.changes ? Text::changesUnreadable : Text::invalidEpisodeFile),
+        Printable(path.native()) + ": " + error.what());
     outcome.programEnds = !takenUp.changes;
   } catch (const ReadingDeclined&) {
     outcome.programEnds = true;

@@ -11,6 +11,7 @@
 
 #include "model/activities.h"
 #include "model/limits.h"
+#include "model/texts.h"
 #include "model/time_of_day.h"
 #include "store/numbers.h"
 
@@ -57,15 +58,13 @@ void PutIn(std::vector<T>& list, int position, std::vector<T> items) {
 }
 
 /// A file states counts of at most 16 bits.
-void RequireFits(std::size_t count, const char* what, const char* in) {
-  if (count <= kMostNumber) return;
-  throw DoesNotFit("No more than " + std::to_string(kMostNumber) + " " + what + " fit into " + in +
-                   ". Nothing has been changed.");
+void RequireFits(std::size_t count, Text refusal) {
+  if (count > kMostNumber) throw DoesNotFit(Say(refusal, {kMostNumber}));
 }
 
 void RequireFits(const Episode& episode, std::size_t moreSegments, std::size_t moreQuestions) {
-  RequireFits(episode.segments.size() + moreSegments, "segments", "one episode");
-  RequireFits(episode.questions.size() + moreQuestions, "questions", "one episode");
+  RequireFits(episode.segments.size() + moreSegments, Text::tooManySegments);
+  RequireFits(episode.questions.size() + moreQuestions, Text::tooManyQuestions);
 }
 
 /// The sum of `values`, which a file must be able to state as a single.
@@ -74,7 +73,7 @@ float SumThatFits(const Positions& positions, Value value) {
   float sum = 0;
   for (const int position : positions) sum += value(position);
   if (std::isfinite(sum)) return sum;
-  throw DoesNotFit("The numbers are too large to be added up. Nothing has been changed.");
+  throw DoesNotFit(Say(Text::numbersTooLarge));
 }
 
 template <typename T>
@@ -194,7 +193,7 @@ std::optional<Place> SplitEpisode(EpisodeList& episodes, int episode, const Posi
   if (segments.size() == e->segments.size()) return std::nullopt;
   std::ranges::sort(questions);
   if (!questions.empty() && !AreThere(questions, e->questions.size())) return std::nullopt;
-  RequireFits(episodes.size() + 1, "episodes", "one observation");
+  RequireFits(episodes.size() + 1, Text::tooManyEpisodes);
   Episode second;
   second.Descript = e->Descript;
   second.segments = TakeOut(e->segments, segments);

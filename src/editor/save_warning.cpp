@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "model/texts.h"
 #include "model/version.h"
-#include "model/wording.h"
 #include "store/eps_differences.h"
 
 namespace orvex {
@@ -24,10 +24,11 @@ std::string PlacesOf(const EpsDifferences& differences) {
   const std::size_t shown = std::min(all.size(), kMost);
   std::string lines;
   for (std::size_t i = 0; i < shown; ++i) {
-    lines += "\nLine " + std::to_string(all[i].line) + ": " + all[i].text;
+    lines += Say(Text::placeDropped, {all[i].line, all[i].text});
   }
-  if (shown < all.size()) lines += "\nAnd " + Counted(all.size() - shown, "place") + " more";
-  if (!differences.form.empty()) lines += "\nAlso: " + Joined(differences.form);
+  if (shown < all.size())
+    lines += Say(Text::morePlaces, {Counted(all.size() - shown, Text::onePlace, Text::places)});
+  if (!differences.form.empty()) lines += Say(Text::formDropped, {Joined(differences.form)});
   return lines;
 }
 
@@ -37,13 +38,11 @@ std::optional<Message> SaveWarning(const EpsDifferences& differences,
                                    const std::filesystem::path& path) {
   const std::size_t places = differences.contents.size();
   if (places > 0) {
-    return Message{.text = "A save would drop or change what this file holds in " +
-                           Counted(places, "place") + ".",
+    return Message{.text = Say(Text::saveDrops, {Counted(places, Text::onePlace, Text::places)}),
                    .details = path.string() + PlacesOf(differences)};
   }
   if (differences.None() || differences.OnlyBanner()) return std::nullopt;
-  return Message{.text = "A save writes this file in the form of Orvex " + VersionText() + " (" +
-                         Joined(differences.form) + "). What it holds stays as it is."};
+  return Message{.text = Say(Text::saveRewrites, {VersionText(), Joined(differences.form)})};
 }
 
 }  // namespace orvex

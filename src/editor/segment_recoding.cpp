@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "model/activities.h"
+#include "model/texts.h"
 
 namespace orvex {
 namespace {
@@ -22,24 +23,24 @@ std::int16_t Unchosen(SubCode code) {
 
 }  // namespace
 
-const char* RecodingName(SubCode code) {
+Text RecodingName(SubCode code) {
   switch (code) {
     case SubCode::writing:
     case SubCode::groupWork:
-      return "Change subcategory";
+      return Text::changeSubcategory;
     case SubCode::groupSolo:
-      return "Change group or solo";
+      return Text::changeGroupSolo;
     case SubCode::preparation:
-      return "Change preparation";
+      return Text::changePreparation;
     case SubCode::organization:
     case SubCode::seatworkOrganization:
-      return "Change organization";
+      return Text::changeOrganization;
     case SubCode::seatworkSource:
-      return "Change source";
+      return Text::changeSource;
     case SubCode::seatworkLevel:
-      return "Change cognitive level";
+      break;
   }
-  return "";
+  return Text::changeLevel;
 }
 
 bool Recode(SegmentData& segment, SubCode code, int position) {

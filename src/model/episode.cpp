@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "model/activities.h"
+#include "model/texts.h"
 
 namespace orvex {
 
@@ -16,9 +17,9 @@ double Episode::duration() const {
 
 std::string ActivityLabel(const Episode& episode, bool withReview) {
   if (episode.segments.empty()) return "";
-  return ActivityCaption(episode.segments.front().activityNum) + ": " +
-         std::to_string(episode.nQAs()) + " Question(s)" +
-         (withReview && episode.bReview == "Y" ? " (Review Session)" : "");
+  const bool saysReview = withReview && episode.bReview == "Y";
+  return Say(saysReview ? Text::reviewLabel : Text::activityLabel,
+             {ActivityCaption(episode.segments.front().activityNum), episode.nQAs()});
 }
 
 bool AnyQuestions(const EpisodeList& episodes) {

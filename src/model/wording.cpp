@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "model/clock.h"
+#include "model/texts.h"
 #include "model/time_of_day.h"
 
 namespace orvex {
@@ -51,13 +52,12 @@ std::string DurationInWords(double seconds) {
   const double whole = RoundHalfEven(seconds);
   const double minutes = std::trunc(whole / kMinute);
   const double rest = whole - minutes * kMinute;
-  std::string words;
-  if (minutes > 1) {
-    words = WholeSecondsText(minutes) + " minutes, ";
-  } else if (minutes == 1) {
-    words = "1 minute, ";
+  const std::string words =
+      Say(rest < 2 ? Text::oneSecond : Text::seconds, {WholeSecondsText(rest)});
+  if (minutes >= 1) {
+    return Say(minutes == 1 ? Text::oneMinute : Text::minutes, {WholeSecondsText(minutes), words});
   }
-  return words + WholeSecondsText(rest) + (rest < 2 ? " second" : " seconds");
+  return words;
 }
 
 }  // namespace orvex

@@ -6,7 +6,7 @@
 
 namespace orvex {
 
-/// A count and what it counts: "1 file", "2 files".
+/// A count and what it counts, where nothing is translated: "1 file", "2 files".
 inline std::string Counted(std::size_t count, const std::string& what) {
   return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }

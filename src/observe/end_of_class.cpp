@@ -4,6 +4,7 @@
 #include "desk/screens.h"
 #include "model/clock.h"
 #include "model/program.h"
+#include "model/texts.h"
 #include "recovery/kept_class.h"
 #include "running/store_class.h"
 #include "store/session_log.h"
@@ -17,8 +18,7 @@ bool StoreEpisodes(const Services& services, RunningClass& running) {
                       .StartTime = program.StartTimeText,
                       .ActivityOfftask = program.AverageOfftask()};
   const bool stored =
-      StoreClass(services, "The data files could not be written. The class is still in memory.",
-                 header, program.Episodes, running);
+      StoreClass(services, Say(Text::dataStillInMemory), header, program.Episodes, running);
   program.identity = header.identity;
   return stored;
 }
@@ -27,9 +27,7 @@ void CompleteLog(const Services& services) {
   AppendLog& log = services.log.File();
   services.log.LogBlankLine();
   services.log.LogOff();
-  SaveFile(services.prompter,
-           {.failure = "The class is stored, but the session log could not be completed.",
-            .path = log.Path()},
+  SaveFile(services.prompter, {.failure = Say(Text::logNotCompleted), .path = log.Path()},
            [&log](const std::filesystem::path&) { log.Close(); });
 }
 

@@ -9,6 +9,7 @@
 #include "desk/screens.h"
 #include "model/clock.h"
 #include "model/limits.h"
+#include "model/texts.h"
 #include "observe/end_of_class.h"
 #include "store/numbers.h"
 #include "store/session_log.h"
@@ -20,7 +21,7 @@ namespace {
 using Kind = LiveObservation::Control::Kind;
 
 std::string CaptionAt(const Clock& clock) {
-  return "Class Activity Menu - File opened at " + clock.TimeText();
+  return Say(Text::liveCaption, {clock.TimeText()});
 }
 
 }  // namespace
@@ -130,7 +131,8 @@ void LiveObservation::TypeAbout(const std::string& text) {
 void LiveObservation::ChooseActivity(int activity) {
   if (!IsActivity(activity) || activity == run_.ChosenActivity()) return;
   const bool revises = !run_.AwaitsActivity();
-  if (revises && !services_.prompter.AskOkCancel("Revise activity # ?")) return FocusCurActivity();
+  if (revises && !services_.prompter.AskOkCancel(Say(Text::askReviseActivity)))
+    return FocusCurActivity();
   run_.ChooseActivity(activity, episodes_, Now());
   if (revises) {
     services_.log.LogRevisedActivity(run_.curEpisode, run_.curSegment, run_.curActivity);
@@ -156,7 +158,7 @@ void LiveObservation::AbandonQuestionAnswer() {
 // Segments.
 
 void LiveObservation::AskToStartSegment() {
-  if (!Allowed().segment || !services_.prompter.AskYesNo("Start New Segment?")) return;
+  if (!Allowed().segment || !services_.prompter.AskYesNo(Say(Text::askNewSegment))) return;
   run_.skipEstimate = false;
   StartSegment();
   services_.screens.Show(Screen::liveObservation);
@@ -191,7 +193,7 @@ void LiveObservation::LogSegmentEnd(float now) {
 // Episodes.
 
 void LiveObservation::AskToStartEpisode() {
-  if (Allowed().episode && services_.prompter.AskYesNo("Start New Episode?")) StartEpisode();
+  if (Allowed().episode && services_.prompter.AskYesNo(Say(Text::askNewEpisode))) StartEpisode();
 }
 
 void LiveObservation::StartEpisode(std::optional<bool> wasReview) {
@@ -312,7 +314,7 @@ void LiveObservation::EndClass() {
   if (!run_.awaitsSurvey) {
     if (!MayEnd() || !StoreOrGoOn()) return;
     // An Enter too many must not close the class without its survey.
-    run_.awaitsSurvey = services_.prompter.Ask({.text = "Have you finished Matrices?",
+    run_.awaitsSurvey = services_.prompter.Ask({.text = Say(Text::askMatrices),
                                                 .buttons = Buttons::yesNo,
                                                 .defaultAnswer = Answer::no}) != Answer::yes;
     if (run_.awaitsSurvey) return focus_.Set({.kind = Kind::survey}, Caret::stay);
@@ -322,7 +324,7 @@ void LiveObservation::EndClass() {
 
 bool LiveObservation::MayEnd() {
   return run_.curActivity != kNoActivity && HeaderNamesFiles() &&
-         services_.prompter.Ask({.text = "Verify END OF CLASS",
+         services_.prompter.Ask({.text = Say(Text::askEndOfClass),
                                  .buttons = Buttons::yesNo,
                                  .defaultAnswer = Answer::no}) == Answer::yes;
 }
@@ -332,7 +334,7 @@ bool LiveObservation::MayEnd() {
 bool LiveObservation::HeaderNamesFiles() {
   for (const HeaderBox box : kNumberBoxes) {
     if (IdentityNumber(header_.Text(box))) continue;
-    services_.prompter.Tell("School, class and observation must be numbers from 0 to 32767.");
+    services_.prompter.Tell(Say(Text::numbersNeeded));
     focus_.Set({.kind = Kind::header, .box = box}, Caret::selectAll);
     return false;
   }

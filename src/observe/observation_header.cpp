@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "desk/prompter.h"
+#include "model/texts.h"
 #include "recovery/kept_content.h"
 #include "recovery/recovery_file.h"
 #include "store/file_error.h"
@@ -40,7 +41,7 @@ void ObservationHeader::Type(HeaderBox box, const std::string& text) {
 }
 
 std::string ObservationHeader::ClassIdText() const {
-  return "Class ID  " + AsTyped(identity_, typed_).ClassId();
+  return Say(Text::liveClassId, {AsTyped(identity_, typed_).ClassId()});
 }
 
 std::optional<HeaderBox> ObservationHeader::Disagreeing() const {
@@ -116,7 +117,7 @@ bool ObservationHeader::RenameSessionLog() {
       RenameFiles(renamed);
     }
   } catch (const FileError& error) {
-    services_.prompter.Tell("The session log could not be renamed.", error.what());
+    services_.prompter.Tell(Say(Text::logNotRenamed), error.what());
     return false;
   }
   Accept(renamed);
@@ -128,10 +129,9 @@ bool ObservationHeader::MayTake(const std::filesystem::path& log) const {
   std::error_code unreadable;
   if (!std::filesystem::exists(log, unreadable)) return true;
   const std::string name = log.filename().string();
-  return services_.prompter.Ask({.text = name + " already exists. Overwrite it?",
+  return services_.prompter.Ask({.text = Say(Text::askOverwriteLog, {name}),
                                  .buttons = Buttons::okCancel,
-                                 .details = "It is kept as \"" + OlderName(log) + "\"."}) ==
-         Answer::ok;
+                                 .details = Say(Text::logKeptAs, {OlderName(log)})}) == Answer::ok;
 }
 
 void ObservationHeader::RenameFiles(const Identity& renamed) {

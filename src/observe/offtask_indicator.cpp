@@ -1,6 +1,7 @@
 #include "observe/offtask_indicator.h"
 
 #include "model/clock.h"
+#include "model/texts.h"
 #include "observe/live_observation.h"
 
 namespace orvex {
@@ -26,7 +27,7 @@ int OfftaskIndicator::Pending() const {
 std::string OfftaskIndicator::CountdownText() const {
   const OfftaskSchedule& schedule = live_.Running().schedule;
   if (schedule.OfftaskPending() >= 1 || schedule.OfftaskCountdown() < 1) return "";
-  return "Offtask in     :            00 : " + TwoDigits(schedule.OfftaskCountdown());
+  return Say(Text::offtaskCountdown, {TwoDigits(schedule.OfftaskCountdown())});
 }
 
 }  // namespace orvex

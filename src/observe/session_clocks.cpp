@@ -5,6 +5,7 @@
 
 #include "desk/elapsed_time.h"
 #include "model/clock.h"
+#include "model/texts.h"
 #include "model/time_of_day.h"
 #include "observe/live_observation.h"
 #include "recovery/recovery_file.h"
@@ -20,22 +21,20 @@ SessionClocks::SessionClocks(const Services& services, LiveObservation& live)
       offtask_(live) {}
 
 std::string SessionClocks::EpisodeCaption() const {
-  return "Episode " + std::to_string(live_.Running().curEpisode) + " Time: ";
+  return Say(Text::episodeTime, {live_.Running().curEpisode});
 }
 
 std::string SessionClocks::SegmentCaption() const {
-  return "Segment " + std::to_string(live_.Running().curSegment) + " Time: ";
+  return Say(Text::segmentTime, {live_.Running().curSegment});
 }
 
 std::string SessionClocks::LogTrouble() const {
-  const std::pair<const char*, std::string> files[] = {
-      {"session log", services_.log.File().Trouble()},
-      {"recovery file", services_.recovery.Trouble()},
+  const std::pair<Text, std::string> troubles[] = {
+      {Text::logTrouble, services_.log.File().Trouble()},
+      {Text::recoveryTrouble, services_.recovery.Trouble()},
   };
-  for (const auto& [name, trouble] : files) {
-    if (trouble.empty()) continue;
-    return std::string("Trouble with the ") + name + " (" + trouble +
-           "). What it lacks is kept and tried again.";
+  for (const auto& [text, trouble] : troubles) {
+    if (!trouble.empty()) return Say(text, {trouble});
   }
   return "";
 }

@@ -6,6 +6,7 @@
 #include "desk/prompter.h"
 #include "desk/screens.h"
 #include "model/program.h"
+#include "model/texts.h"
 #include "recovery/kept_content.h"
 #include "recovery/recovery_file.h"
 #include "recovery/remembered_folders.h"
@@ -99,9 +100,7 @@ void SetUp::CheckForEpisodeFile() {
   std::error_code unreadable;
   const bool exists =
       std::filesystem::exists(EpsPath(services_.program.DataPath, identity_), unreadable);
-  warning_ = exists ? "WARNING: " + identity_.ClassId() +
-                          ".eps already exits!\nIt is kept under the time of its last change."
-                    : "";
+  warning_ = exists ? Say(Text::episodeFileExists, {identity_.ClassId()}) : "";
 }
 
 /// True when a class of these numbers was not ended: that one is offered instead of a new one,
@@ -131,7 +130,7 @@ void SetUp::Start() {
     services_.log.File().Open(logPath);
   } catch (const FileError& error) {
     services_.recovery.Leave();
-    services_.prompter.Tell("The session log could not be opened.", error.what());
+    services_.prompter.Tell(Say(Text::logNotOpened), error.what());
     return;
   }
   TellOfOlder(services_.prompter, {older});

@@ -3,18 +3,19 @@
 #include <cmath>
 
 #include "model/clock.h"
+#include "model/texts.h"
 #include "model/time_of_day.h"
 
 namespace orvex {
 
 std::string Stopwatch::SecondsSince(float start) const {
   const float seconds = clock_->SecondsSinceMidnight() - start;
-  return std::to_string(std::lround(RoundHalfEven(static_cast<double>(seconds)))) + " sec.";
+  return Say(Text::watchSeconds, {std::lround(RoundHalfEven(static_cast<double>(seconds)))});
 }
 
 void Stopwatch::Start() {
   if (started_) {
-    previousText_ = "PREVIOUS TIME SEGMENT = " + SecondsSince(lapStart_);
+    previousText_ = Say(Text::watchPrevious, {SecondsSince(lapStart_)});
   } else {
     totalStart_ = clock_->SecondsSinceMidnight();
     started_ = true;
@@ -23,8 +24,8 @@ void Stopwatch::Start() {
 }
 
 void Stopwatch::Tick() {
-  elapsedText_ = "Time elapsed: " + SecondsSince(lapStart_);
-  totalText_ = "Total time: " + SecondsSince(totalStart_);
+  elapsedText_ = Say(Text::watchElapsed, {SecondsSince(lapStart_)});
+  totalText_ = Say(Text::watchTotal, {SecondsSince(totalStart_)});
 }
 
 }  // namespace orvex

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "model/texts.h"
+
 namespace orvex {
 
 class Clock;
@@ -30,9 +32,9 @@ class Stopwatch {
   bool started_ = false;
   float lapStart_ = 0;
   float totalStart_ = 0;
-  std::string elapsedText_ = "Time elapsed: ";
-  std::string totalText_ = "Total time: ";
-  std::string previousText_ = "PREVIOUS TIME SEGMENT = ";
+  std::string elapsedText_ = Say(Text::watchElapsed, {""});
+  std::string totalText_ = Say(Text::watchTotal, {""});
+  std::string previousText_ = Say(Text::watchPrevious, {""});
 };
 
 }  // namespace orvex

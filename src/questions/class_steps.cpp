@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "model/program.h"
+#include "model/texts.h"
 #include "observe/live_observation.h"
 #include "store/session_log.h"
 
@@ -84,11 +85,13 @@ const questionInfo& ClassSteps::At(const QuestionPlace& place) const {
 
 std::string ClassSteps::Text(const QuestionStep& step, Way way) const {
   if (step.place.question == 0) {
-    return way == Way::undo ? "brings what you were typing back" : "takes what you are typing away";
+    return Say(way == Way::undo ? Text::bringsTypingBack : Text::takesTypingAway);
   }
-  const std::string question = "question " + Name(step.place, " of episode ");
-  if (step.Revises()) return "changes " + question + (way == Way::undo ? " back" : " again");
-  return step.present ? "takes " + question + " away" : "brings " + question + " back";
+  const std::string name = Name(step.place, Say(Text::ofEpisode));
+  if (step.Revises()) {
+    return Say(way == Way::undo ? Text::changesQuestionBack : Text::changesQuestionAgain, {name});
+  }
+  return Say(step.present ? Text::takesQuestionAway : Text::bringsQuestionBack, {name});
 }
 
 /// The number of a question, the one being entered included, and of which episode it is, unless of

@@ -8,10 +8,11 @@
 #include "desk/proof.h"
 #include "model/limits.h"
 #include "model/program.h"
+#include "model/texts.h"
 #include "model/validation.h"
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
-#include "questions/question_room.h"
+#include "questions/question_entry.h"
 #include "start/field_notes_file.h"
 #include "store/numbers.h"
 #include "store/session_log.h"
@@ -56,8 +57,8 @@ Control QuestionEditor::WhereToGoOn() const {
 // What the form shows.
 
 std::string QuestionEditor::Title() const {
-  const std::string title = "Question Editor";
-  return live_ ? title + " -- " + live_->Header().ClassIdText() : title;
+  return live_ ? Say(Text::liveEditorTitle, {live_->Header().ClassIdText()})
+               : Say(Text::editorTitle);
 }
 
 int QuestionEditor::EpisodeCount() const {
@@ -78,10 +79,10 @@ const std::string& QuestionEditor::QuestionText(int i) const {
 
 QuestionView QuestionEditor::View() const {
   QuestionView view;
-  view.caption = "Question #" + std::to_string(curQ_);
-  view.caption += inserted_ ? ":" : " of " + std::to_string(QuestionCount()) + ":";
+  view.caption = inserted_ ? Say(Text::questionNumber, {curQ_})
+                           : Say(Text::questionOfSeveral, {curQ_, QuestionCount()});
   view.segment = segmentText_;
-  view.heading = SourceIs("S") ? "TEACHER RESPONSE" : "TEACHER EVAL./FOLLOWUP";
+  view.heading = Say(SourceIs("S") ? Text::teacherResponse : Text::teacherEvalShort);
   if (HasEpisode()) view.description = SelectedEpisode().Descript;
   if (!CanEdit()) return view;
   const questionInfo& question = CurrentQuestion();
@@ -103,7 +104,7 @@ FrameView QuestionEditor::Frame(Dimension dimension) const {
   const int code = question.codes[dimension];
   if (IsCodeOf(dimension, code)) frame.option = code;
   const bool coded = isName ? !question.respondName.empty() : frame.option >= 0;
-  if (isName && !SourceIs("T")) frame.caption = "Who asks question?";
+  if (isName && !SourceIs("T")) frame.caption = Say(Text::whoAsks);
   if (captionPhase_ && CanEdit() && !coded) frame.caption = scheme.Blank();
   return frame;
 }
@@ -293,14 +294,14 @@ Screen QuestionEditor::CallersScreen() const {
 /// Changes the question shown, where there is one. What is typed in the same box of the same
 /// question on and on is one step.
 template <typename Change>
-void QuestionEditor::Revise(const char* name, bool typing, Change change) {
+void QuestionEditor::Revise(Text name, bool typing, Change change) {
   if (!CanEdit()) return;
   questionInfo before = CurrentQuestion();
   change(CurrentQuestion());
   if (CurrentQuestion() == before) return;
   const std::string place = std::to_string(selEp_) + " " + std::to_string(curQ_);
-  Record({.name = name,
-          .typing = typing ? name + (" " + place) : "",
+  Record({.name = Say(name),
+          .typing = typing ? Say(name) + (" " + place) : "",
           .place = {selEp_, curQ_},
           .present = true,
           .before = std::move(before)});
@@ -315,7 +316,7 @@ void QuestionEditor::Record(QuestionChange change) {
 
 void QuestionEditor::ChooseOption(Dimension dimension, int option) {
   if (IsCodeOf(dimension, option)) {
-    Revise("Code question", false, [&](questionInfo& question) {
+    Revise(Text::codeQuestion, false, [&](questionInfo& question) {
       question.codes[dimension] = static_cast<std::int16_t>(option);
     });
   }
@@ -323,12 +324,12 @@ void QuestionEditor::ChooseOption(Dimension dimension, int option) {
 }
 
 void QuestionEditor::TypeQuestion(std::string_view text) {
-  Revise("Type question", true,
+  Revise(Text::typeQuestion, true,
          [text](questionInfo& question) { question.question = OneLine(text); });
 }
 
 void QuestionEditor::TypeRespondName(std::string_view text) {
-  Revise("Type name", true,
+  Revise(Text::typeName, true,
          [text](questionInfo& question) { question.respondName = OneLine(text); });
 }
 
@@ -348,7 +349,8 @@ void QuestionEditor::StepSegment(int steps) {
 }
 
 void QuestionEditor::SetSegment(std::int16_t number) {
-  Revise("Type segment number", true, [number](questionInfo& question) { question.iSgQ = number; });
+  Revise(Text::typeSegmentNumber, true,
+         [number](questionInfo& question) { question.iSgQ = number; });
 }
 
 void QuestionEditor::LeaveSegment() {
@@ -358,8 +360,8 @@ void QuestionEditor::LeaveSegment() {
 void QuestionEditor::TypeDescription(std::string_view text) {
   if (!HasEpisode()) return;
   SelectedEpisode().Descript = OneLine(text);
-  Record({.name = "Type description",
-          .typing = "Type description " + std::to_string(selEp_),
+  Record({.name = Say(Text::typeDescription),
+          .typing = Say(Text::typeDescription) + (" " + std::to_string(selEp_)),
           .place = {selEp_, curQ_}});
 }
 
@@ -379,12 +381,13 @@ void QuestionEditor::Insert(int position) {
   ShowQuestion(position);
   focus_.Set(Control::question);
   inserted_ = true;
-  Record({.name = "Insert question", .place = {selEp_, position}, .present = true});
+  Record({.name = Say(Text::insertQuestion), .place = {selEp_, position}, .present = true});
 }
 
 void QuestionEditor::Drop() {
-  QuestionChange change = {
-      .name = "Drop question", .place = {selEp_, curQ_}, .before = std::move(CurrentQuestion())};
+  QuestionChange change = {.name = Say(Text::dropQuestion),
+                           .place = {selEp_, curQ_},
+                           .before = std::move(CurrentQuestion())};
   std::vector<questionInfo>& questions = SelectedEpisode().questions;
   questions.erase(questions.begin() + (curQ_ - 1));
   ShowPlace(change.place);
@@ -394,14 +397,14 @@ void QuestionEditor::Drop() {
 }
 
 void QuestionEditor::Ditto() {
-  const Answer answer = services_.prompter.Ask({.text = "Duplicate coding only?",
+  const Answer answer = services_.prompter.Ask({.text = Say(Text::askDuplicateCoding),
                                                 .buttons = Buttons::yesNoCancel,
                                                 .defaultAnswer = Answer::yes,
-                                                .title = "Ditto"});
+                                                .title = Say(Text::ditto)});
   if (answer != Answer::cancel) {
     const questionInfo& previous =
         SelectedEpisode().questions.at(static_cast<std::size_t>(curQ_ - 2));
-    Revise("Ditto", false,
+    Revise(Text::ditto, false,
            [&](questionInfo& question) { question.Copy(previous, answer == Answer::no); });
     ShowQuestion(curQ_);
   }
@@ -410,7 +413,7 @@ void QuestionEditor::Ditto() {
 
 void QuestionEditor::MakeNormal() {
   if (!CanEdit()) return;
-  Revise("Normal question", false, [](questionInfo& question) { question.SetNormal(); });
+  Revise(Text::normalQuestion, false, [](questionInfo& question) { question.SetNormal(); });
   ShowQuestion(curQ_);
   focus_.Set(Control::respondName);
 }
@@ -419,7 +422,7 @@ void QuestionEditor::MakeNormal() {
 
 std::string QuestionEditor::NextStep(Way way) const {
   if (rowNumbers_.NextIsRenumbering(way, StepsTaken())) {
-    return way == Way::undo ? "brings the old row numbers back" : "numbers the rows again";
+    return Say(way == Way::undo ? Text::bringsRowNumbersBack : Text::numbersRowsAgain);
   }
   return steps_ ? steps_->NextQuestionStep(way) : "";
 }

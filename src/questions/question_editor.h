@@ -12,6 +12,7 @@
 #include "desk/screens.h"
 #include "desk/services.h"
 #include "model/episode.h"
+#include "model/texts.h"
 #include "observe/offtask_indicator.h"
 #include "questions/class_steps.h"
 #include "questions/question_steps.h"
@@ -148,7 +149,7 @@ class QuestionEditor {
 
   std::size_t StepsTaken() const { return steps_ ? steps_->StepsTaken() : 0; }
   template <typename Change>
-  void Revise(const char* name, bool typing, Change change);
+  void Revise(Text name, bool typing, Change change);
   void Record(QuestionChange change);
   Control WhereToGoOn() const;
   void ShowQuestion(int i);

@@ -7,11 +7,12 @@
 #include "desk/prompter.h"
 #include "desk/proof.h"
 #include "desk/screens.h"
+#include "model/limits.h"
 #include "model/program.h"
+#include "model/texts.h"
 #include "model/validation.h"
 #include "observe/live_observation.h"
 #include "observe/session_clocks.h"
-#include "questions/question_room.h"
 #include "store/session_log.h"
 #include "store/text_encoding.h"
 
@@ -28,6 +29,12 @@ int ActivityToOffer(int previous) {
 }
 
 }  // namespace
+
+bool HasRoomForQuestion(const std::vector<questionInfo>& questions, Prompter& prompter) {
+  if (questions.size() < kMostNumber) return true;
+  prompter.Tell(Say(Text::episodeIsFull, {kMostNumber}));
+  return false;
+}
 
 QuestionEntry::QuestionEntry(const Services& services, LiveObservation& live,
                              const SessionClocks& liveClocks)
@@ -58,9 +65,10 @@ bool QuestionEntry::IsCoding() const {
 
 std::string QuestionEntry::FrameCaption() const {
   const std::vector<questionInfo>& questions = questions_.Filed();
-  const std::string caption = "Question #" + std::to_string(questions.size() + 1) + ":";
-  if (questions.empty() || !IsBlank(questions.back().question)) return caption;
-  return caption + " (" + std::to_string(questions.size()) + " is empty)";
+  const std::size_t count = questions.size();
+  const bool followsEmpty = count > 0 && IsBlank(questions.back().question);
+  return followsEmpty ? Say(Text::questionAfterEmpty, {count + 1, count})
+                      : Say(Text::questionNumber, {count + 1});
 }
 
 bool QuestionEntry::Enabled(Command command) const {
@@ -293,7 +301,7 @@ void QuestionEntry::ReturnToPreviousActivity() {
 }
 
 void QuestionEntry::StartSegment() {
-  if (!services_.prompter.AskYesNo("Start New Segment?")) {
+  if (!services_.prompter.AskYesNo(Say(Text::askNewSegment))) {
     MoveTo(kText);
     return;
   }
@@ -303,7 +311,7 @@ void QuestionEntry::StartSegment() {
 }
 
 void QuestionEntry::AskReview() {
-  if (!services_.prompter.AskYesNo("Start New Episode?")) {
+  if (!services_.prompter.AskYesNo(Say(Text::askNewEpisode))) {
     MoveTo(kText);
     return;
   }

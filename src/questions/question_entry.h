@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "desk/focus.h"
 #include "desk/guarded_tick.h"
@@ -20,6 +21,9 @@ namespace orvex {
 class LiveObservation;
 class LiveQuestions;
 class SessionClocks;
+
+/// True when an episode that holds `questions` can take one more; otherwise the user is told.
+bool HasRoomForQuestion(const std::vector<questionInfo>& questions, Prompter& prompter);
 
 /// Where the observer types and codes the questions of a question/answer segment. One lives from
 /// the start of the segment until the live observation form takes over again.

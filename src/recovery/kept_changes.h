@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "desk/services.h"
+#include "model/texts.h"
 #include "recovery/recovery_file.h"
 
 namespace orvex {
@@ -70,7 +71,7 @@ class FileKeeper {
 
 /// The message that is shown while changes cannot be kept.
 inline std::string NotKeptText(const std::string& trouble) {
-  return "What is changed is not kept before it is saved: " + trouble;
+  return Say(Text::changesNotKept, {trouble});
 }
 
 }  // namespace orvex

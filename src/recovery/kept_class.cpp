@@ -13,6 +13,7 @@
 #include "model/clock.h"
 #include "model/limits.h"
 #include "model/survey_scheme.h"
+#include "model/texts.h"
 #include "recovery/kept_content.h"
 #include "recovery/recovery_file.h"
 #include "running/header_box.h"
@@ -393,10 +394,7 @@ void ForgetKept(const Services& services) {
   try {
     services.recovery.Remove();
   } catch (const FileError& error) {
-    services.prompter.Tell(
-        "The class is stored, but its recovery file could not be removed. The class will be "
-        "offered again.",
-        error.what());
+    services.prompter.Tell(Say(Text::keptClassNotRemoved), error.what());
   }
 }
 

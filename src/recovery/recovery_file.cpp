@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/texts.h"
 #include "recovery/kept_content.h"
 #include "store/background_writer.h"
 #include "store/claim.h"
@@ -302,7 +303,7 @@ RecoveryFile::~RecoveryFile() = default;
 std::shared_ptr<Claim> RecoveryFile::FreshClaim(const fs::path& path) {
   auto claim = std::make_shared<Claim>(path);
   if (IsKeptAt(path)) {
-    throw FileError(path, "keeps a class that was not ended");
+    throw FileError(path, Say(Text::keepsClass));
   }
   return claim;
 }
@@ -314,7 +315,7 @@ void RecoveryFile::Begin(const fs::path& path) {
 void RecoveryFile::TakeUp(const fs::path& path, std::uint64_t number) {
   auto claim = std::make_shared<Claim>(path);
   if (!IsNewest(path, number)) {
-    throw FileError(path, "changed by another Orvex in the meantime");
+    throw FileError(path, Say(Text::changedMeanwhile));
   }
   kept_ = std::make_unique<Kept>(storage_, std::move(claim), number);
 }

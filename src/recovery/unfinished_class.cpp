@@ -13,8 +13,8 @@
 #include "model/clock.h"
 #include "model/limits.h"
 #include "model/program.h"
+#include "model/texts.h"
 #include "model/time_of_day.h"
-#include "model/wording.h"
 #include "recovery/kept_class.h"
 #include "recovery/kept_content.h"
 #include "recovery/recovery_file.h"
@@ -59,8 +59,7 @@ std::vector<Found> ReadAll(const Services& services, const std::vector<fs::path>
     if (auto found = Read(path, causes)) all.push_back(*std::move(found));
   }
   if (!causes.empty()) {
-    services.prompter.Tell("A class that was not ended cannot be read. Its file is left as it is.",
-                           causes);
+    services.prompter.Tell(Say(Text::classUnreadable), causes);
   }
   return all;
 }
@@ -126,37 +125,38 @@ std::int64_t Gap(const Services& services, const KeptClass& kept) {
 }
 
 std::string Amount(const KeptClass& kept) {
-  return Counted(kept.program.Episodes.size(), "episode") + ", " +
-         Counted(kept.Questions(), "question");
+  return Say(Text::classAmount,
+             {Counted(kept.program.Episodes.size(), Text::oneEpisode, Text::episodes),
+              Counted(kept.Questions(), Text::oneQuestion, Text::questions)});
 }
 
 std::string Times(const KeptClass& kept) {
-  return kept.program.StartTimeText + " to " + kept.moment.timeText;
+  return Say(Text::classTimes, {kept.program.StartTimeText, kept.moment.timeText});
 }
 
 Message Question(const Services& services, const Found& found, const std::string& what) {
   const KeptClass& kept = found.kept;
   const bool stored = kept.program.ClassStored;
   constexpr std::int64_t kStillThatLesson = 2 * 60 * 60;
-  std::string text = what + ".\n\nIt was observed from " + Times(kept) + ": " + Amount(kept) + ".";
+  std::string text = what + ".\n\n" + Say(Text::classObserved, {Times(kept), Amount(kept)});
   const fs::path folder = DataFolderOf(found.path);
   std::error_code unknown;
   if (!fs::equivalent(folder, services.program.DataPath, unknown)) {
-    text += "\n\nIt lies in the data folder " + folder.string() + ".";
+    text += "\n\n" + Say(Text::classFolder, {folder.string()});
   }
   return {.text = std::move(text),
           .buttons = Buttons::yesNoCancel,
           .defaultAnswer = Gap(services, kept) < kStillThatLesson ? Answer::yes : Answer::cancel,
-          .captions = {{Answer::yes, stored ? "&Fill in the survey" : "&Go on observing"},
-                       {Answer::no, stored ? "&Close it without" : "&Close it as it stands"},
-                       {Answer::cancel, "&Leave it for later"}}};
+          .captions = {{Answer::yes, Say(stored ? Text::fillInSurvey : Text::goOnObserving)},
+                       {Answer::no, Say(stored ? Text::closeWithoutSurvey : Text::closeClass)},
+                       {Answer::cancel, Say(Text::leaveClass)}}};
 }
 
 UnfinishedItem ItemOf(const Services& services, const Found& found) {
   const KeptClass& kept = found.kept;
   const std::string what =
-      "Class " + kept.program.identity.ClassId() + " of " + kept.moment.dateText +
-      (kept.program.ClassStored ? " is stored, but its survey is not" : " was not ended");
+      Say(kept.program.ClassStored ? Text::surveyNotStored : Text::classNotEnded,
+          {kept.program.identity.ClassId(), kept.moment.dateText});
   return {.what = what,
           .extent = Times(kept) + ", " + Amount(kept),
           .place = DataFolderOf(found.path).string(),
@@ -185,7 +185,7 @@ bool TakeUp(const Services& services, KeptClass kept, const fs::path& path) {
   try {
     ReopenFiles(services, kept, path);
   } catch (const FileError& error) {
-    services.prompter.Tell("The class could not be taken up again.", error.what());
+    services.prompter.Tell(Say(Text::classNotTakenUp), error.what());
     return false;
   }
   // The time since then counts: the segment has been going on all the while.
@@ -218,9 +218,7 @@ std::string StoreDraft(KeptClass& kept) {
   if (kept.running.draft.IsEmpty() || questions.size() == kMostNumber) return "";
   questions.push_back(kept.running.DraftAsStored());
   kept.running.draft = {};
-  return "The question that was being entered is stored as question " +
-         std::to_string(questions.size()) + " of episode " +
-         std::to_string(kept.running.curEpisode) + ", with the codes that it had.";
+  return Say(Text::draftStored, {questions.size(), kept.running.curEpisode});
 }
 
 bool StoreEpisodes(const Services& services, KeptClass& kept) {
@@ -231,8 +229,8 @@ bool StoreEpisodes(const Services& services, KeptClass& kept) {
                       .ObservDate = kept.moment.dateText,
                       .StartTime = program.StartTimeText,
                       .ActivityOfftask = program.AverageOfftask()};
-  const bool stored = StoreClass(services, "The data files could not be written.", header,
-                                 program.Episodes, kept.running);
+  const bool stored =
+      StoreClass(services, Say(Text::dataNotWritten), header, program.Episodes, kept.running);
   program.identity = header.identity;
   if (!stored) return false;
   // From here on only the survey is missing, also when that is left for later.
@@ -264,7 +262,7 @@ bool CloseKeptClass(const Services& desk, KeptClass kept, const fs::path& path) 
   try {
     services.recovery.TakeUp(path, kept.number);
   } catch (const FileError& error) {
-    services.prompter.Tell("The class could not be closed.", error.what());
+    services.prompter.Tell(Say(Text::classNotClosed), error.what());
     return false;
   }
   const bool stored =

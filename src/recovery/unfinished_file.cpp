@@ -7,6 +7,7 @@
 
 #include "desk/prompter.h"
 #include "model/program.h"
+#include "model/texts.h"
 #include "recovery/kept_content.h"
 #include "recovery/recovery_file.h"
 #include "recovery/remembered_folders.h"
@@ -43,8 +44,8 @@ std::string ChangeOf(const fs::path& file, const std::optional<std::string>& byt
                      std::uint64_t base) {
   if (bytes && Checksum(*bytes) == base) return "";
   std::error_code unknown;
-  if (!fs::exists(file, unknown)) return "\n\nThe file itself is gone since then.";
-  return "\n\nThe file itself has been changed by another program since then.";
+  if (!fs::exists(file, unknown)) return std::string("\n\n") + Say(Text::fileGone);
+  return std::string("\n\n") + Say(Text::fileChangedSince);
 }
 
 void Remove(const Services& services, const fs::path& file, const KeptChanges& changes) {
@@ -72,20 +73,21 @@ std::optional<Found> Find(const Services& services, const fs::path& file) {
   } catch (const FormatError& error) {
     cause = path.string() + ": " + error.what();
   }
-  services.prompter.Tell(kChangesUnreadable, cause);
+  services.prompter.Tell(Say(Text::changesUnreadable), cause);
   return std::nullopt;
 }
 
 /// The question whether to take the changes up (Yes), discard them (No) or leave them (Cancel).
 Message Question(const Found& found) {
   const KeptChanges& changes = found.changes;
-  return {.text = found.file.filename().string() + " was changed on " + changes.dateText + " at " +
-                  changes.timeText + ", and the changes were not saved." + found.since,
+  return {.text = Say(Text::changesNotSaved,
+                      {found.file.filename().string(), changes.dateText, changes.timeText}) +
+                  found.since,
           .buttons = Buttons::yesNoCancel,
           .defaultAnswer = Answer::yes,
-          .captions = {{Answer::yes, "&Take them up"},
-                       {Answer::no, "&Discard them"},
-                       {Answer::cancel, "&Leave them for later"}}};
+          .captions = {{Answer::yes, Say(Text::takeUpChanges)},
+                       {Answer::no, Say(Text::discardChanges)},
+                       {Answer::cancel, Say(Text::leaveChanges)}}};
 }
 
 /// False when the changes stay and the user has been told why.
@@ -94,7 +96,7 @@ bool Discard(const Services& services, const Found& found) {
     Remove(services, found.file, found.changes);
     return true;
   } catch (const FileError& error) {
-    services.prompter.Tell("The changes could not be discarded.", error.what());
+    services.prompter.Tell(Say(Text::changesNotDiscarded), error.what());
     return false;
   }
 }
@@ -150,8 +152,8 @@ bool TakeUp(const Services& services, const fs::path& file) {
 
 Unfinished Offered(const Services& services, const Found& found) {
   return {
-      .item = {.what = found.file.filename().string() + " has changes that were not saved",
-               .extent = "changed on " + found.changes.dateText + " at " + found.changes.timeText +
+      .item = {.what = Say(Text::hasChanges, {found.file.filename().string()}),
+               .extent = Say(Text::changedAt, {found.changes.dateText, found.changes.timeText}) +
                          (found.since.empty() ? "" : "." + OneLine(found.since)),
                .place = found.file.parent_path().string(),
                .question = Question(found)},

@@ -12,10 +12,6 @@
 
 namespace orvex {
 
-/// What the user is told about changes that cannot be taken up.
-inline constexpr const char* kChangesUnreadable =
-    "Changes that were not saved cannot be read. Their file is left as it is.";
-
 /// The files with unsaved changes from an earlier run that are not open in another Orvex. The
 /// changes can be taken up in the file's form, discarded, or left for later. Searches the data
 /// folder and every remembered folder. Tells the user about changes that cannot be read.

@@ -1,17 +1,19 @@
 #include "reports/episode_origin.h"
 
+#include "model/texts.h"
+
 namespace orvex {
 
 std::string DateText(const EpsHeader& header) {
-  return "Date of Observation: " + header.ObservDate;
+  return Say(Text::dateOfObservation, {header.ObservDate});
 }
 
 std::string ObserverText(const EpsHeader& header) {
-  return "Observer: " + header.identity.Initials;
+  return Say(Text::observer, {header.identity.Initials});
 }
 
 std::string EpisodeTitle(const Identity& identity, int episode) {
-  return identity.ClassId() + " Episode " + std::to_string(episode);
+  return Say(Text::episodeTitle, {identity.ClassId(), episode});
 }
 
 std::string EpisodeOrigin::Text() const {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "model/texts.h"
 #include "reports/episode_origin.h"
 
 namespace orvex {
@@ -121,7 +122,7 @@ QuestionPlot MakeQuestionPlot(const Identity& identity, int number, const Episod
   QuestionPlot plot;
   plot.title = EpisodeTitle(identity, number);
   plot.questions = episode.nQAs();
-  plot.totalText = "Total Number of Questions: " + std::to_string(plot.questions);
+  plot.totalText = Say(Text::plotTotal, {plot.questions});
   std::string& spells = plot.PlotRows[kSpellRow];
   spells = SpellRow(FindDialogicSpells(episode.questions));
   plot.columns = std::max(plot.questions, static_cast<int>(spells.size()));

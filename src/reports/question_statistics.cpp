@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "model/texts.h"
 #include "reports/episode_origin.h"
 #include "store/numbers.h"
 
@@ -155,7 +156,7 @@ BarSegment RestOfNonresponses(const CodeCounts& counts) {
 }
 
 std::string PaceText(double questionsPerMinute) {
-  return "(questions per minute) " + FormatPattern(questionsPerMinute, "0.##");
+  return Say(Text::pace, {FormatPattern(questionsPerMinute, "0.##")});
 }
 
 }  // namespace
@@ -197,7 +198,7 @@ QuestionStatistics MakeQuestionStatistics(const Identity& identity, int number,
     statistics.rows[i].heading = rules[i].emptyHeading;
     statistics.rows[i].bar.resize(rules[i].segments.size());
   }
-  row(StatisticsLine::authenticTeacher).count = "N/A";
+  row(StatisticsLine::authenticTeacher).count = Say(Text::notAvailable);
   row(StatisticsLine::nonresponse).bar.resize(2);
   if (episode.questions.empty()) return statistics;
 
@@ -212,7 +213,7 @@ QuestionStatistics MakeQuestionStatistics(const Identity& identity, int number,
   }
   row(StatisticsLine::nonresponse).bar.push_back(RestOfNonresponses(counts));
   if (episode.duration() == 0) {
-    statistics.message = "Questions need to be cleaned up first.";
+    statistics.message = Say(Text::cleanUpFirst);
     return statistics;
   }
   statistics.questionsPerMinute = counts.Total * kSecondsPerMinute / episode.duration();

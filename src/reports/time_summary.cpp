@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "model/texts.h"
 #include "model/time_of_day.h"
 #include "model/wording.h"
 #include "reports/episode_origin.h"
@@ -40,8 +41,8 @@ TimeSummary MakeTimeSummary(const EpsHeader& header, const EpisodeList& episodes
   const Identity& identity = header.identity;
   TimeSummary summary;
   summary.classId = identity.ClassId();
-  summary.title = "Time Summary for School " + identity.SchoolNum + ", Class " + identity.ClassNum +
-                  ", Observation " + identity.ObservNum;
+  summary.title =
+      Say(Text::timeSummaryTitle, {identity.SchoolNum, identity.ClassNum, identity.ObservNum});
   summary.date = DateText(header);
   summary.observer = ObserverText(header);
   for (std::size_t i = 0; i < kHeadings.size(); ++i) summary.blocks[i].heading = kHeadings[i];

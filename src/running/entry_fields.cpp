@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/texts.h"
 #include "store/text_encoding.h"
 
 namespace orvex {
@@ -13,12 +14,12 @@ DimensionTexts EntryFields::Texts() const {
 }
 
 std::string_view EntryFields::Caption(Dimension field) const {
-  if (field == Dimension::respondName && studentAsks_) return "Who asks question?";
+  if (field == Dimension::respondName && studentAsks_) return Say(Text::whoAsks);
   return SchemeOf(field).entryCaption;
 }
 
 std::string_view EntryFields::Heading() const {
-  return studentAsks_ ? "TEACHER RESPONSE" : "TEACHER EVALUATION/FOLLOWUP";
+  return Say(studentAsks_ ? Text::teacherResponse : Text::teacherEvaluation);
 }
 
 std::optional<Dimension> EntryFields::NextVisible(std::optional<Dimension> from) const {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "model/texts.h"
+
 namespace orvex {
 namespace {
 
@@ -14,7 +16,7 @@ std::int16_t PositionIn(std::span<const std::string_view> names, std::string_vie
 }  // namespace
 
 void SegmentCoding::ResetForNewSegment() {
-  ResetCodes("no coding");
+  ResetCodes(Say(Text::codingOfNewSegment));
   about.clear();
 }
 

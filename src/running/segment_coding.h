@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "model/activities.h"
+#include "model/texts.h"
 
 namespace orvex {
 
@@ -26,7 +27,7 @@ struct SegmentCoding {
   const std::string& Typed(SubCode code) const { return typed[static_cast<std::size_t>(code)]; }
 
   /// Takes every code back: another activity is chosen for the segment.
-  void ResetForNewActivity() { ResetCodes("No coding"); }
+  void ResetForNewActivity() { ResetCodes(Say(Text::codingOfNewActivity)); }
   /// Everything as it stands when a segment starts.
   void ResetForNewSegment();
 

@@ -5,6 +5,7 @@
 #include "desk/prompter.h"
 #include "desk/save_file.h"
 #include "model/program.h"
+#include "model/texts.h"
 #include "store/checksum.h"
 #include "store/durable_file.h"
 #include "store/field_notes.h"
@@ -80,7 +81,7 @@ bool StoreSurvey(const Services& services, Identity& identity, RunningClass& run
   OwnFiles files(services);
   const fs::path saved = SaveFile(
       services.prompter,
-      {.failure = "The survey could not be written.",
+      {.failure = Say(Text::surveyNotWritten),
        .path = elsewhere.empty() ? usual : Beside(elsewhere, ".sur"),
        .filter = kSurFilter},
       [&](const fs::path& path) {
@@ -97,8 +98,7 @@ bool StoreNotes(const Services& services, RunningClass& running) {
   const fs::path usual = NtePath(dataPath, identity);
   OwnFiles files(services);
   const fs::path saved = SaveFile(
-      services.prompter,
-      {.failure = "The field notes could not be saved.", .path = usual, .filter = kNteFilter},
+      services.prompter, {.failure = Say(Text::notesNotSaved), .path = usual, .filter = kNteFilter},
       [&](const fs::path& path) {
         const fs::path nte =
             path == usual ? MakeNtePath(services.storage, dataPath, identity) : path;
@@ -112,8 +112,7 @@ void TellOfOlder(Prompter& prompter, const std::vector<std::string>& names) {
   for (const std::string& name : names) {
     if (!name.empty()) list += "\n" + name;
   }
-  if (list.empty()) return;
-  prompter.Tell("There was another class of these numbers. What was there is kept as\n" + list);
+  if (!list.empty()) prompter.Tell(Say(Text::olderKept, {list}));
 }
 
 }  // namespace orvex

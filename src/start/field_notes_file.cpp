@@ -8,6 +8,7 @@
 #include "desk/choose_file.h"
 #include "desk/prompter.h"
 #include "desk/save_file.h"
+#include "model/texts.h"
 #include "recovery/unfinished_file.h"
 #include "store/field_notes.h"
 #include "store/file_error.h"
@@ -27,7 +28,7 @@ void EditFieldNotes(const Services& services, const std::filesystem::path& path,
     bytes = takenUp.FileBytes(path);
   } catch (const FileError& error) {
     // Never show half the notes: saving them would lose the other half.
-    services.prompter.Tell("The field notes could not be read.", error.what());
+    services.prompter.Tell(Say(Text::notesUnreadable), error.what());
     return;
   }
   TellProtection(services.prompter, path);
@@ -42,12 +43,12 @@ void EditFieldNotes(const Services& services, const std::filesystem::path& path,
   };
   while (auto edited = services.prompter.AskNotes(prompt)) {
     notes.text = *edited;
-    const std::filesystem::path saved = SaveFile(
-        services.prompter,
-        {.failure = "The field notes could not be saved.", .path = path, .filter = kNteFilter},
-        [&](const std::filesystem::path& place) {
-          WriteFieldNotes(services.storage, place, notes);
-        });
+    const std::filesystem::path saved =
+        SaveFile(services.prompter,
+                 {.failure = Say(Text::notesNotSaved), .path = path, .filter = kNteFilter},
+                 [&](const std::filesystem::path& place) {
+                   WriteFieldNotes(services.storage, place, notes);
+                 });
     if (!saved.empty()) return keeper.Drop();
     // What could not be saved goes back into the dialog.
     prompt.draft = std::move(edited);

@@ -10,6 +10,7 @@
 #include "desk/screens.h"
 #include "model/clock.h"
 #include "model/program.h"
+#include "model/texts.h"
 #include "model/version.h"
 #include "start/field_notes_file.h"
 #include "store/file_error.h"
@@ -27,7 +28,7 @@ MainMenu::MainMenu(const Services& services)
 }
 
 std::string MainMenu::ProductName() const {
-  return "Orvex " + VersionText();
+  return Say(Text::productName, {VersionText()});
 }
 
 void MainMenu::Tick() {
@@ -53,25 +54,26 @@ void MainMenu::EditSurvey() {
 bool MainMenu::IsWanted(const std::string& folder) {
   std::error_code unreadable;
   if (std::filesystem::is_directory(folder, unreadable)) return true;
-  const Answer answer = services_.prompter.Ask(
-      {.text = "There is no folder " + folder + ".",
-       .buttons = Buttons::yesNoCancel,
-       .defaultAnswer = Answer::yes,
-       .captions = {{Answer::yes, "&Make it"}, {Answer::no, "&Use it all the same"}}});
+  const Answer answer =
+      services_.prompter.Ask({.text = Say(Text::askMakeFolder, {folder}),
+                              .buttons = Buttons::yesNoCancel,
+                              .defaultAnswer = Answer::yes,
+                              .captions = {{Answer::yes, Say(Text::makeFolder)},
+                                           {Answer::no, Say(Text::useFolderAnyway)}}});
   if (answer != Answer::yes) return answer == Answer::no;
   try {
     EnsureFolders(services_.storage, folder);
     return true;
   } catch (const FileError& error) {
-    services_.prompter.Tell("The folder could not be made.", error.what());
+    services_.prompter.Tell(Say(Text::folderNotMade), error.what());
     return false;
   }
 }
 
 void MainMenu::ChangeDataPath() {
   TextPrompt prompt = {
-      .text = "Enter a new path",
-      .title = "Default path",
+      .text = Say(Text::askDataPath),
+      .title = Say(Text::dataPathTitle),
       .defaultText =
           StoredDataPath(services_.programFolder).value_or(services_.program.DataPath.string()),
       .isFolder = true};
@@ -83,8 +85,7 @@ void MainMenu::ChangeDataPath() {
   } while (!IsWanted(folder));
   services_.program.DataPath = folder;
   SaveFile(services_.prompter,
-           {.failure = "The data folder could not be stored.",
-            .path = OptionsPath(services_.programFolder)},
+           {.failure = Say(Text::dataPathNotStored), .path = OptionsPath(services_.programFolder)},
            [&](const std::filesystem::path&) {
              WriteOptionsFile(services_.storage, services_.programFolder, folder);
            });

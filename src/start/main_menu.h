@@ -3,6 +3,7 @@
 #include <string>
 
 #include "desk/services.h"
+#include "model/texts.h"
 
 namespace orvex {
 
@@ -14,8 +15,8 @@ class MainMenu {
 
   /// "Orvex 4.10".
   std::string ProductName() const;
-  std::string CompanyProduct() const { return "In-class analysis of classroom discourse"; }
-  std::string Copyright() const { return "Copyright \u00A9 2026 The Orvex developers"; }
+  std::string CompanyProduct() const { return Say(Text::companyProduct); }
+  std::string Copyright() const { return Say(Text::copyright); }
   const std::string& DateText() const { return dateText_; }
   const std::string& TimeText() const { return timeText_; }
   /// Says which folder the next class goes into.

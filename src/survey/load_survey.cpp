@@ -6,6 +6,7 @@
 #include "desk/prompter.h"
 #include "desk/save_file.h"
 #include "desk/screens.h"
+#include "model/texts.h"
 #include "recovery/unfinished_file.h"
 #include "store/file_error.h"
 #include "store/format_error.h"
@@ -15,7 +16,7 @@ namespace orvex {
 namespace {
 
 void TellUnreadable(const Services& services, const std::string& why) {
-  services.prompter.Tell("Invalid file format", why);
+  services.prompter.Tell(Say(Text::invalidFormat), why);
 }
 
 }  // namespace

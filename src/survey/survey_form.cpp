@@ -7,6 +7,7 @@
 #include "desk/prompter.h"
 #include "desk/save_file.h"
 #include "model/program.h"
+#include "model/texts.h"
 #include "store/older_file.h"
 #include "store/paths.h"
 #include "survey/load_survey.h"
@@ -67,7 +68,7 @@ int SurveyForm::Open() const {
 
 std::string SurveyForm::ClassIdText() const {
   const Identity& identity = file_ ? file_->identity : services_.program.identity;
-  return "Class ID " + identity.ClassId();
+  return Say(Text::surveyClassId, {identity.ClassId()});
 }
 
 void SurveyForm::ReturnToCaller() {
@@ -80,12 +81,12 @@ void SurveyForm::Quit() {
   if (!OnFile()) return;
   // Closing the box unanswered means staying. So does a failed save: the answers are only in the
   // form.
-  const Answer save = services_.prompter.Ask({.text = "Save changes?",
+  const Answer save = services_.prompter.Ask({.text = Say(Text::askSaveChanges),
                                               .buttons = Buttons::yesNo,
                                               .defaultAnswer = Answer::yes,
                                               .dismissed = Answer::cancel});
   if (save == Answer::cancel || (save == Answer::yes && !Save())) return;
-  const bool another = services_.prompter.Ask({.text = "Edit Another File?",
+  const bool another = services_.prompter.Ask({.text = Say(Text::askAnotherFile),
                                                .buttons = Buttons::yesNo,
                                                .defaultAnswer = Answer::no}) == Answer::yes;
   if (keeper_) keeper_->Drop();
@@ -103,7 +104,7 @@ bool SurveyForm::Save() {
   std::string older;
   const std::filesystem::path saved = SaveFile(
       services_.prompter,
-      {.failure = "The survey could not be written.", .path = path_, .filter = kSurFilter},
+      {.failure = Say(Text::surveyNotWritten), .path = path_, .filter = kSurFilter},
       [this, &older](const std::filesystem::path& path) {
         // The survey is saved under its numbers. If the file it was opened from has another name, a
         // different survey may lie there.
@@ -115,8 +116,8 @@ bool SurveyForm::Save() {
   path_ = saved;
   saved_ = answers_;
   if (keeper_) keeper_->Saved(path_, FormatSur(*file_));
-  savedText_ = "Saved as " + saved.string();
-  if (!older.empty()) savedText_ += "; what was there is kept as " + older;
+  savedText_ = older.empty() ? Say(Text::savedAs, {saved.string()})
+                             : Say(Text::savedAsWithOlder, {saved.string(), older});
   return true;
 }
 

@@ -6,20 +6,14 @@
 #include "desk/prompter.h"
 #include "desk/save_file.h"
 #include "desk/screens.h"
-#include "model/wording.h"
+#include "model/texts.h"
 #include "store/file_error.h"
 #include "store/printable_text.h"
 
 namespace orvex {
-namespace {
-
-constexpr const char* kTxtFilter = "TXT files (*.TXT)|*.TXT";
-
-}  // namespace
-
 std::filesystem::path ChooseListFile(const Services& services, ExportKind kind) {
   return ChooseFile(
-      services, kTxtFilter,
+      services, Say(Text::txtFiles),
       kind == ExportKind::epsData ? R"(n:\disc\varnel\eps)" : R"(n:\disc\varnel\sur)");
 }
 
@@ -37,21 +31,20 @@ ExportForm::ExportForm(const Services& services, ExportKind kind,
       list_{listFile, {}},
       table_(list_.Folder() / kind_.fileName) {
   if (const auto problem = ProblemOf(listFile, [&] { list_ = ReadFileList(listFile); })) {
-    failure_ = {"The list of files could not be read.", problem->Text()};
+    failure_ = {Say(Text::listUnreadable), problem->Text()};
   }
   for (const Repeat& repeat : RepeatsIn(list_)) {
-    warnings_.push_back("Line " + std::to_string(repeat.line) + " of the list: " + repeat.text +
-                        ".");
+    warnings_.push_back(Say(Text::repeatInList, {repeat.line, repeat.text}));
   }
 }
 
 /// Collects only the warnings about file names: they cast doubt on whose rows these are.
 /// Repairs and earlier versions pass silently.
 TableKind ExportForm::KindThatWarns(ExportKind kind) {
-  return TableOf(kind,
-                 {.ofReading = {}, .ofNames = [this](const auto& file, const auto& warning) {
-                    warnings_.push_back(Printable(file.filename().native()) + ": " + warning + ".");
-                  }});
+  return TableOf(kind, {.ofReading = {}, .ofNames = [this](const auto& file, const auto& warning) {
+                          warnings_.push_back(Say(Text::fileWarning,
+                                                  {Printable(file.filename().native()), warning}));
+                        }});
 }
 
 std::string ExportForm::WarningsText() const {
@@ -61,7 +54,7 @@ std::string ExportForm::WarningsText() const {
     text += (i > 0 ? "\n" : "") + warnings_[i];
   }
   if (warnings_.size() > kMost) {
-    text += "\nand " + std::to_string(warnings_.size() - kMost) + " more";
+    text += "\n" + Say(Text::moreWarnings, {warnings_.size() - kMost});
   }
   return text;
 }
@@ -75,7 +68,7 @@ std::size_t ExportForm::InWork() const {
 }
 
 std::string ExportForm::CountText() const {
-  return std::to_string(Done()) + " of " + Counted(Count(), "file");
+  return Say(Text::filesDone, {Done(), Counted(Count(), Text::oneFile, Text::files)});
 }
 
 bool ExportForm::Working() const {
@@ -118,36 +111,42 @@ void ExportForm::Finish() {
   if (stopped_) return GoBack(Stopped());
   if (failure_) return GoBack(*failure_);
   bool stored = false;
-  const std::filesystem::path saved = SaveFile(
-      services_.prompter,
-      {.failure = kind_.fileName + " could not be written.", .path = table_, .filter = kTxtFilter},
-      [&](const std::filesystem::path& table) { stored = Store(table); });
+  const std::filesystem::path saved =
+      SaveFile(services_.prompter,
+               {.failure = Say(Text::tableNotWritten, {kind_.fileName}),
+                .path = table_,
+                .filter = Say(Text::txtFiles)},
+               [&](const std::filesystem::path& table) { stored = Store(table); });
   if (saved.empty()) return services_.screens.Show(Screen::mainMenu);
   if (problem_) return GoBack(Ended(stored));
   services_.prompter.Tell(
-      kind_.fileName.substr(0, kind_.fileName.find('.')) + " file has been created.",
+      Say(Text::tableCreated, {kind_.fileName.substr(0, kind_.fileName.find('.'))}),
       WarningsText());
   services_.screens.EndProgram();
 }
 
 ExportForm::Failure ExportForm::Stopped() const {
   const ListedFile& next = list_.files[Done()];
-  return {"The export was stopped.", "It had come to line " + std::to_string(next.line) + " of " +
-                                         list_.path.filename().string() + ": " + NameOf(Done()) +
-                                         ".\n" + WithoutNewTable(table_)};
+  return {Say(Text::exportStopped),
+          Say(Text::stoppedAt, {next.line, list_.path.filename().string(), NameOf(Done()),
+                                WithoutNewTable(table_)})};
 }
 
 ExportForm::Failure ExportForm::Ended(bool stored) const {
-  std::string place = "Line " + std::to_string(problem_->listLine) + " of " +
-                      list_.path.filename().string() + ": " +
-                      Printable(problem_->file.filename().native());
-  if (problem_->line > 0) place += ", line " + std::to_string(problem_->line);
-  const std::string rows = Counted(export_->Rows(), "row") + " written so far.";
   const bool elsewhere = table_.parent_path() != list_.Folder();
   const std::string table = (elsewhere ? table_ : table_.filename()).string();
-  return {problem_->line > 0 ? "Invalid file format" : "A file of the list could not be exported.",
-          place + ": " + problem_->text + ".\n" +
-              (stored ? table + " holds the " + rows : WithoutNewTable(table_))};
+  const std::string rows = Counted(export_->Rows(), Text::oneRow, Text::rows);
+  const std::string outcome =
+      stored ? Say(Text::rowsWritten, {table, rows}) : WithoutNewTable(table_);
+  const std::string list = list_.path.filename().string();
+  const std::string file = Printable(problem_->file.filename().native());
+  if (problem_->line > 0) {
+    return {Say(Text::invalidFormat),
+            Say(Text::problemAtLine,
+                {problem_->listLine, list, file, problem_->line, problem_->text, outcome})};
+  }
+  return {Say(Text::fileNotExported),
+          Say(Text::problemAt, {problem_->listLine, list, file, problem_->text, outcome})};
 }
 
 void ExportForm::GoBack(const Failure& failure) {

@@ -78,7 +78,7 @@ void frmClassAct::WatchFocus() {
       if (control == edit) live_.EnterHeader(box);
     }
   };
-  const auto left = [this](const QWidget* leaving) {
+  const auto tryLeave = [this](const QWidget* leaving) {
     bool mayLeave = true;
     if (leaving == ui_->txtEpisodeName) live_.LeaveDescription();
     for (const auto& [box, edit] : Boxes()) {
@@ -87,7 +87,7 @@ void frmClassAct::WatchFocus() {
     Refresh();
     return mayLeave;
   };
-  boxFocus_ = std::make_unique<BoxFocus>(this, std::move(boxes), entered, left);
+  boxFocus_ = std::make_unique<BoxFocus>(this, std::move(boxes), entered, tryLeave);
 }
 
 void frmClassAct::ConnectButtons() {

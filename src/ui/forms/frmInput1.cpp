@@ -40,7 +40,7 @@ frmInput1::frmInput1(const Services& services, QWidget* parent)
                       }});
   std::vector<QWidget*> boxes;
   for (const Box& box : boxes_) boxes.push_back(box.edit);
-  const auto left = [this](const QWidget* leaving) {
+  const auto tryLeave = [this](const QWidget* leaving) {
     bool mayLeave = true;
     for (const Box& box : boxes_) {
       if (leaving == box.edit) mayLeave = setUp_.Leave(box.name);
@@ -49,7 +49,7 @@ frmInput1::frmInput1(const Services& services, QWidget* parent)
     return mayLeave;
   };
   boxFocus_ = std::make_unique<BoxFocus>(
-      this, std::move(boxes), [](QWidget*) {}, left);
+      this, std::move(boxes), [](QWidget*) {}, tryLeave);
   connect(timer1_, &QTimer::timeout, this, &frmInput1::Refresh);
   timer1_->start(kTenthOfASecond);
   Refresh();

@@ -124,7 +124,7 @@ void frmQA::WatchFocus() {
   const auto entered = [this](const QWidget* control) {
     if (control == ui_->Text1) editor_.EnterDescription();
   };
-  const auto left = [this](const QWidget* control) {
+  const auto tryLeave = [this](const QWidget* control) {
     if (control == ui_->Text1) editor_.LeaveDescription();
     if (control == ui_->UpDown1) editor_.LeaveSegment();
     editor_.LeaveBox();
@@ -133,7 +133,7 @@ void frmQA::WatchFocus() {
   };
   const std::vector<QWidget*> boxes = {ui_->Text1, ui_->UpDown1, ui_->txtQuestion,
                                        ui_->txtRespondName};
-  boxFocus_ = std::make_unique<BoxFocus>(this, boxes, entered, left);
+  boxFocus_ = std::make_unique<BoxFocus>(this, boxes, entered, tryLeave);
 }
 
 void frmQA::StartTimers() {

@@ -7,8 +7,11 @@
 
 namespace orvex {
 
-BoxFocus::BoxFocus(QWidget* form, std::vector<QWidget*> boxes, Entered entered, Left left)
-    : form_(form), boxes_(std::move(boxes)), entered_(std::move(entered)), left_(std::move(left)) {
+BoxFocus::BoxFocus(QWidget* form, std::vector<QWidget*> boxes, Entered entered, TryLeave tryLeave)
+    : form_(form),
+      boxes_(std::move(boxes)),
+      entered_(std::move(entered)),
+      tryLeave_(std::move(tryLeave)) {
   // Runs after the focus has arrived, so that a box can take it back.
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* to) {
     if (to && to->window() == form_ && to != current_ && !leaving_) FocusMoved(to);
@@ -27,7 +30,7 @@ void BoxFocus::FocusMoved(QWidget* to) {
 bool BoxFocus::Leave() {
   if (!current_) return true;
   leaving_ = true;
-  const bool mayLeave = left_(current_);
+  const bool mayLeave = tryLeave_(current_);
   leaving_ = false;
   return mayLeave;
 }

@@ -16,10 +16,10 @@ class BoxFocus : public QObject {
 
  public:
   using Entered = std::function<void(QWidget*)>;
-  /// Returns false when the box must keep the focus, after giving it back.
-  using Left = std::function<bool(QWidget*)>;
+  /// Leaves the box. Returns false when it must keep the focus, after giving it back.
+  using TryLeave = std::function<bool(QWidget*)>;
 
-  BoxFocus(QWidget* form, std::vector<QWidget*> boxes, Entered entered, Left left);
+  BoxFocus(QWidget* form, std::vector<QWidget*> boxes, Entered entered, TryLeave tryLeave);
 
   /// Checks the focused box as if the user left it. False when it refuses.
   bool CheckCurrent();
@@ -31,7 +31,7 @@ class BoxFocus : public QObject {
   QWidget* form_;
   std::vector<QWidget*> boxes_;
   Entered entered_;
-  Left left_;
+  TryLeave tryLeave_;
   QWidget* current_ = nullptr;
   bool leaving_ = false;
 };

@@ -1,0 +1,295 @@
+#include "model/texts.h"
+
+#include <array>
+
+namespace orvex {
+namespace {
+
+struct Row {
+  Text id;
+  const char* text;
+};
+
+constexpr std::size_t kCount = static_cast<std::size_t>(Text::count);
+
+/// A translation replaces the right column. "%1", "%2" and so on stand for what is filled in.
+///
+/// Some texts are misspelt, oddly spaced or spelt in two ways ("An error ocurred in", "already
+/// exits!", "Class ID  ", "Offtask in     :", "Orvex 4.10", "Function overflow.", "no coding" and
+/// "No coding", "Invalid file format" with a full stop and without). They are fixed: others compare
+/// with them. The same is true of the captions in reports/time_summary.
+constexpr std::array<Row, kCount> kTexts = {{
+    // The program, and what several rooms say.
+    {Text::boxTitle, "Orvex"},
+    {Text::productName, "Orvex %1"},
+    {Text::companyProduct, "In-class analysis of classroom discourse"},
+    {Text::copyright, "Copyright \u00A9 2026 The Orvex developers"},
+    {Text::notAvailable, "N/A"},
+    {Text::askNewSegment, "Start New Segment?"},
+    {Text::askNewEpisode, "Start New Episode?"},
+    {Text::askAnotherFile, "Edit Another File?"},
+    {Text::everythingCoded, "Everything coded; no invalid codes found"},
+    {Text::functionOverflow, "Function overflow. Contact Dovrin."},
+    {Text::errorInTimer, "An error ocurred in %1. Please contact the developer."},
+    {Text::invalidFormat, "Invalid file format"},
+    {Text::surveyNotWritten, "The survey could not be written."},
+    {Text::notesNotSaved, "The field notes could not be saved."},
+    {Text::whoAsks, "Who asks question?"},
+    {Text::teacherResponse, "TEACHER RESPONSE"},
+
+    // Counts: of one, and of none or several.
+    {Text::oneEpisode, "%1 episode"},
+    {Text::episodes, "%1 episodes"},
+    {Text::oneQuestion, "%1 question"},
+    {Text::questions, "%1 questions"},
+    {Text::oneFile, "%1 file"},
+    {Text::files, "%1 files"},
+    {Text::onePlace, "%1 place"},
+    {Text::places, "%1 places"},
+    {Text::oneRow, "%1 row"},
+    {Text::rows, "%1 rows"},
+
+    // Durations, and the activity of an episode.
+    {Text::oneMinute, "%1 minute, %2"},
+    {Text::minutes, "%1 minutes, %2"},
+    {Text::oneSecond, "%1 second"},
+    {Text::seconds, "%1 seconds"},
+    {Text::activityLabel, "%1: %2 Question(s)"},
+    {Text::reviewLabel, "%1: %2 Question(s) (Review Session)"},
+
+    // The data folder, and saving.
+    {Text::dataFolderMissing, "The data folder is not there:\n\n%1"},
+    {Text::tryAgain, "&Try again"},
+    {Text::chooseFolder, "C&hoose..."},
+    {Text::useProgramFolder, "Use the &program's folder"},
+    {Text::dataFolder, "Data folder: %1"},
+    {Text::unusualDataFolder, "Data folder: %1  (not the usual one, %2)"},
+    {Text::saveElsewhere, "Save &elsewhere..."},
+    {Text::replaceIt, "&Replace it"},
+    {Text::askReplace, "%1 already exists. Replace it?"},
+    {Text::fileChanged, "The file was changed by another program."},
+    {Text::writeProtected, "This file is write-protected. Changes can only be saved elsewhere."},
+
+    // A running class.
+    {Text::teacherEvaluation, "TEACHER EVALUATION/FOLLOWUP"},
+    {Text::codingOfNewSegment, "no coding"},
+    {Text::codingOfNewActivity, "No coding"},
+    {Text::olderKept, "There was another class of these numbers. What was there is kept as\n%1"},
+
+    // What was not stored.
+    {Text::changesUnreadable,
+     "Changes that were not saved cannot be read. Their file is left as it is."},
+    {Text::changesNotKept, "What is changed is not kept before it is saved: %1"},
+    {Text::fileGone, "The file itself is gone since then."},
+    {Text::fileChangedSince, "The file itself has been changed by another program since then."},
+    {Text::changesNotSaved, "%1 was changed on %2 at %3, and the changes were not saved."},
+    {Text::hasChanges, "%1 has changes that were not saved"},
+    {Text::changedAt, "changed on %1 at %2"},
+    {Text::takeUpChanges, "&Take them up"},
+    {Text::discardChanges, "&Discard them"},
+    {Text::leaveChanges, "&Leave them for later"},
+    {Text::changesNotDiscarded, "The changes could not be discarded."},
+    {Text::classUnreadable,
+     "A class that was not ended cannot be read. Its file is left as it is."},
+    {Text::classNotEnded, "Class %1 of %2 was not ended"},
+    {Text::surveyNotStored, "Class %1 of %2 is stored, but its survey is not"},
+    {Text::classTimes, "%1 to %2"},
+    {Text::classAmount, "%1, %2"},
+    {Text::classObserved, "It was observed from %1: %2."},
+    {Text::classFolder, "It lies in the data folder %1."},
+    {Text::goOnObserving, "&Go on observing"},
+    {Text::fillInSurvey, "&Fill in the survey"},
+    {Text::closeClass, "&Close it as it stands"},
+    {Text::closeWithoutSurvey, "&Close it without"},
+    {Text::leaveClass, "&Leave it for later"},
+    {Text::classNotTakenUp, "The class could not be taken up again."},
+    {Text::classNotClosed, "The class could not be closed."},
+    {Text::draftStored,
+     "The question that was being entered is stored as question %1 of episode %2, with the codes "
+     "that it had."},
+    {Text::dataNotWritten, "The data files could not be written."},
+    {Text::keptClassNotRemoved,
+     "The class is stored, but its recovery file could not be removed. The class will be offered "
+     "again."},
+    {Text::keepsClass, "keeps a class that was not ended"},
+    {Text::changedMeanwhile, "changed by another Orvex in the meantime"},
+
+    // The survey.
+    {Text::surveyClassId, "Class ID %1"},
+    {Text::askSaveChanges, "Save changes?"},
+    {Text::savedAs, "Saved as %1"},
+    {Text::savedAsWithOlder, "Saved as %1; what was there is kept as %2"},
+
+    // The main menu.
+    {Text::notesUnreadable, "The field notes could not be read."},
+    {Text::askMakeFolder, "There is no folder %1."},
+    {Text::makeFolder, "&Make it"},
+    {Text::useFolderAnyway, "&Use it all the same"},
+    {Text::folderNotMade, "The folder could not be made."},
+    {Text::askDataPath, "Enter a new path"},
+    {Text::dataPathTitle, "Default path"},
+    {Text::dataPathNotStored, "The data folder could not be stored."},
+
+    // The live observation.
+    {Text::episodeFileExists,
+     "WARNING: %1.eps already exits!\nIt is kept under the time of its last change."},
+    {Text::logNotOpened, "The session log could not be opened."},
+    {Text::logNotRenamed, "The session log could not be renamed."},
+    {Text::logNotCompleted, "The class is stored, but the session log could not be completed."},
+    {Text::askOverwriteLog, "%1 already exists. Overwrite it?"},
+    {Text::logKeptAs, "It is kept as \"%1\"."},
+    {Text::liveClassId, "Class ID  %1"},
+    {Text::liveCaption, "Class Activity Menu - File opened at %1"},
+    {Text::episodeTime, "Episode %1 Time: "},
+    {Text::segmentTime, "Segment %1 Time: "},
+    {Text::logTrouble, "Trouble with the session log (%1). What it lacks is kept and tried again."},
+    {Text::recoveryTrouble,
+     "Trouble with the recovery file (%1). What it lacks is kept and tried again."},
+    {Text::offtaskCountdown, "Offtask in     :            00 : %1"},
+    {Text::watchSeconds, "%1 sec."},
+    {Text::watchElapsed, "Time elapsed: %1"},
+    {Text::watchTotal, "Total time: %1"},
+    {Text::watchPrevious, "PREVIOUS TIME SEGMENT = %1"},
+    {Text::askReviseActivity, "Revise activity # ?"},
+    {Text::askMatrices, "Have you finished Matrices?"},
+    {Text::askEndOfClass, "Verify END OF CLASS"},
+    {Text::numbersNeeded, "School, class and observation must be numbers from 0 to 32767."},
+    {Text::dataStillInMemory, "The data files could not be written. The class is still in memory."},
+
+    // The questions, and what undo and redo do to them.
+    {Text::questionNumber, "Question #%1:"},
+    {Text::questionAfterEmpty, "Question #%1: (%2 is empty)"},
+    {Text::questionOfSeveral, "Question #%1 of %2:"},
+    {Text::episodeIsFull, "An episode holds at most %1 questions. Start a new episode."},
+    {Text::editorTitle, "Question Editor"},
+    {Text::liveEditorTitle, "Question Editor -- %1"},
+    {Text::teacherEvalShort, "TEACHER EVAL./FOLLOWUP"},
+    {Text::askDuplicateCoding, "Duplicate coding only?"},
+    {Text::ditto, "Ditto"},
+    {Text::codeQuestion, "Code question"},
+    {Text::typeQuestion, "Type question"},
+    {Text::typeName, "Type name"},
+    {Text::typeSegmentNumber, "Type segment number"},
+    {Text::typeDescription, "Type description"},
+    {Text::insertQuestion, "Insert question"},
+    {Text::dropQuestion, "Drop question"},
+    {Text::normalQuestion, "Normal question"},
+    {Text::bringsRowNumbersBack, "brings the old row numbers back"},
+    {Text::numbersRowsAgain, "numbers the rows again"},
+    {Text::bringsTypingBack, "brings what you were typing back"},
+    {Text::takesTypingAway, "takes what you are typing away"},
+    {Text::bringsQuestionBack, "brings question %1 back"},
+    {Text::takesQuestionAway, "takes question %1 away"},
+    {Text::changesQuestionBack, "changes question %1 back"},
+    {Text::changesQuestionAgain, "changes question %1 again"},
+    {Text::ofEpisode, " of episode "},
+
+    // The episode editor, and the names of its steps.
+    {Text::fileUnreadable, "The file could not be read."},
+    {Text::fileNotSaved, "The file could not be saved."},
+    {Text::noLongerReadable, "it can no longer be read: %1"},
+    {Text::invalidEpisodeFile, "Invalid file format."},
+    {Text::askEarlierVersion, "%1 Continue anyway?"},
+    {Text::askSaveData, "Save Data?"},
+    {Text::saveDrops, "A save would drop or change what this file holds in %1."},
+    {Text::placeDropped, "\nLine %1: %2"},
+    {Text::morePlaces, "\nAnd %1 more"},
+    {Text::formDropped, "\nAlso: %1"},
+    {Text::saveRewrites,
+     "A save writes this file in the form of Orvex %1 (%2). What it holds stays as it is."},
+    {Text::tooManySegments,
+     "No more than %1 segments fit into one episode. Nothing has been changed."},
+    {Text::tooManyQuestions,
+     "No more than %1 questions fit into one episode. Nothing has been changed."},
+    {Text::tooManyEpisodes,
+     "No more than %1 episodes fit into one observation. Nothing has been changed."},
+    {Text::numbersTooLarge, "The numbers are too large to be added up. Nothing has been changed."},
+    {Text::totalEpisode, "Total: %1 Episode"},
+    {Text::totalEpisodes, "Total: %1 Episodes"},
+    {Text::segmentCount, "%1 Segment"},
+    {Text::segmentsCount, "%1 Segments"},
+    {Text::spells, "%1 dialogic spell(s)"},
+    {Text::durationOfSegment, "Duration of segment %1:"},
+    {Text::splitsSegment, "Splits segment %1"},
+    {Text::undoes, "undoes \"%1\""},
+    {Text::redoes, "redoes \"%1\""},
+    {Text::editDescription, "Edit description"},
+    {Text::editAbout, "Edit about text"},
+    {Text::editQuestions, "Edit questions"},
+    {Text::changeDuration, "Change duration"},
+    {Text::changeActivity, "Change activity"},
+    {Text::changeSubcategory, "Change subcategory"},
+    {Text::changeGroupSolo, "Change group or solo"},
+    {Text::changePreparation, "Change preparation"},
+    {Text::changeOrganization, "Change organization"},
+    {Text::changeSource, "Change source"},
+    {Text::changeLevel, "Change cognitive level"},
+    {Text::splitSegment, "Split segment"},
+    {Text::mergeSegments, "Merge segments"},
+    {Text::splitEpisode, "Split episode"},
+    {Text::mergeEpisodes, "Merge episodes"},
+    {Text::moveSegments, "Move segments"},
+    {Text::reorderSegments, "Reorder segments"},
+    {Text::pasteSegments, "Paste segments"},
+
+    // The reports.
+    {Text::dateOfObservation, "Date of Observation: %1"},
+    {Text::observer, "Observer: %1"},
+    {Text::episodeTitle, "%1 Episode %2"},
+    {Text::timeSummaryTitle, "Time Summary for School %1, Class %2, Observation %3"},
+    {Text::plotTotal, "Total Number of Questions: %1"},
+    {Text::pace, "(questions per minute) %1"},
+    {Text::cleanUpFirst, "Questions need to be cleaned up first."},
+
+    // The export of tables.
+    {Text::txtFiles, "TXT files (*.TXT)|*.TXT"},
+    {Text::listUnreadable, "The list of files could not be read."},
+    {Text::repeatInList, "Line %1 of the list: %2."},
+    {Text::fileWarning, "%1: %2."},
+    {Text::moreWarnings, "and %1 more"},
+    {Text::filesDone, "%1 of %2"},
+    {Text::tableNotWritten, "%1 could not be written."},
+    {Text::tableCreated, "%1 file has been created."},
+    {Text::exportStopped, "The export was stopped."},
+    {Text::stoppedAt, "It had come to line %1 of %2: %3.\n%4"},
+    {Text::fileNotExported, "A file of the list could not be exported."},
+    {Text::problemAt, "Line %1 of %2: %3: %4.\n%5"},
+    {Text::problemAtLine, "Line %1 of %2: %3, line %4: %5.\n%6"},
+    {Text::rowsWritten, "%1 holds the %2 written so far."},
+}};
+
+constexpr bool IsInOrder() {
+  for (std::size_t i = 0; i < kCount; ++i) {
+    if (kTexts[i].id != static_cast<Text>(i) || kTexts[i].text == nullptr) return false;
+  }
+  return true;
+}
+static_assert(IsInOrder(), "the table has a row for each text, in the order of Text");
+
+}  // namespace
+
+const char* Say(Text id) {
+  return kTexts[static_cast<std::size_t>(id)].text;
+}
+
+std::string Say(Text id, std::initializer_list<Filling> values) {
+  // What has been filled in is not looked at again: a name may hold a "%2" of its own.
+  std::string said;
+  for (std::string_view rest = Say(id); !rest.empty(); rest.remove_prefix(1)) {
+    const bool isPlace = rest[0] == '%' && rest.size() > 1 && rest[1] >= '1' && rest[1] <= '9';
+    const std::size_t place = isPlace ? static_cast<std::size_t>(rest[1] - '1') : values.size();
+    if (place < values.size()) {
+      said += values.begin()[place].text;
+      rest.remove_prefix(1);
+    } else {
+      said += rest[0];
+    }
+  }
+  return said;
+}
+
+std::string Counted(std::size_t count, Text one, Text several) {
+  return Say(count == 1 ? one : several, {count});
+}
+
+}  // namespace orvex
