@@ -10,8 +10,7 @@ namespace orvex {
 /// numbers the list does not have. Rows count from 1.
 inline std::vector<int> SelectedRows(std::vector<int> rows, std::size_t count) {
   std::ranges::sort(rows);
-  const auto doubled = std::ranges::unique(rows);
-  rows.erase(doubled.begin(), doubled.end());
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
   const int last = static_cast<int>(count);
   std::erase_if(rows, [last](int row) { return row < 1 || row > last; });
   return rows;

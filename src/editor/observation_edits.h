@@ -43,7 +43,7 @@ std::optional<Place> InsertSegments(EpisodeList& episodes, int from, const Posit
                                     Place before);
 
 /// Cuts the last `secondSeconds` off a segment, as a new one of the same coding directly behind.
-std::optional<Place> SplitSegment(EpisodeList& episodes, Place segment, int secondSeconds);
+std::optional<Place> SplitSegment(EpisodeList& episodes, Place place, int secondSeconds);
 /// Joins segments into the first of them, which keeps its coding and gets all their time.
 std::optional<Place> MergeSegments(EpisodeList& episodes, int episode, const Positions& segments);
 

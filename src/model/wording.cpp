@@ -52,8 +52,7 @@ std::string DurationInWords(double seconds) {
   const double whole = RoundHalfEven(seconds);
   const double minutes = std::trunc(whole / kMinute);
   const double rest = whole - minutes * kMinute;
-  const std::string words =
-      Say(rest < 2 ? Text::oneSecond : Text::seconds, {WholeSecondsText(rest)});
+  std::string words = Say(rest < 2 ? Text::oneSecond : Text::seconds, {WholeSecondsText(rest)});
   if (minutes >= 1) {
     return Say(minutes == 1 ? Text::oneMinute : Text::minutes, {WholeSecondsText(minutes), words});
   }

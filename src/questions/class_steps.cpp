@@ -98,8 +98,7 @@ std::string ClassSteps::Text(const QuestionStep& step, Way way) const {
 /// the running one.
 std::string ClassSteps::Name(const QuestionPlace& place, const char* ofEpisode) const {
   const std::size_t next = live_.Questions().Filed().size() + 1;
-  const std::string number =
-      place.question == 0 ? std::to_string(next) : std::to_string(place.question);
+  std::string number = place.question == 0 ? std::to_string(next) : std::to_string(place.question);
   if (place.episode == live_.Running().curEpisode) return number;
   return number + ofEpisode + std::to_string(place.episode);
 }

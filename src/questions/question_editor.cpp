@@ -307,7 +307,7 @@ void QuestionEditor::Revise(Text name, bool typing, Change change) {
           .before = std::move(before)});
 }
 
-void QuestionEditor::Record(QuestionChange change) {
+void QuestionEditor::Record(const QuestionChange& change) {
   rowNumbers_.ForgetUndone();
   if (steps_) steps_->RecordQuestionChange(change);
 }
@@ -393,7 +393,7 @@ void QuestionEditor::Drop() {
   ShowPlace(change.place);
   // Only now: the renumbering follows with the next question that is shown.
   rowNumbers_.Remove(change.place.question, StepsTaken());
-  Record(std::move(change));
+  Record(change);
 }
 
 void QuestionEditor::Ditto() {

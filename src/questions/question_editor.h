@@ -150,7 +150,7 @@ class QuestionEditor {
   std::size_t StepsTaken() const { return steps_ ? steps_->StepsTaken() : 0; }
   template <typename Change>
   void Revise(Text name, bool typing, Change change);
-  void Record(QuestionChange change);
+  void Record(const QuestionChange& change);
   Control WhereToGoOn() const;
   void ShowQuestion(int i);
   void ShowPlace(const QuestionPlace& place);

@@ -41,8 +41,8 @@ class RowNumbers {
     bool lag = false;
   };
   struct Change {
-    std::size_t steps;
-    bool renumbering;
+    std::size_t steps = 0;
+    bool renumbering = false;
     Numbering other;  ///< before it, or after it once it has been undone
   };
 

@@ -28,7 +28,7 @@ constexpr std::string_view kLineEnd = "\r\n";
 fs::path PlaceOf(const fs::path& file) {
   const std::string number = file.extension().string();
   const bool onItsWay =
-      number.size() > 1 && number.find_first_not_of("0123456789", 1) == number.npos;
+      number.size() > 1 && number.find_first_not_of("0123456789", 1) == std::string::npos;
   return onItsWay ? fs::path(file).replace_extension() : file;
 }
 
@@ -60,7 +60,7 @@ std::string Sealed(std::string content, std::uint64_t number) {
 
 KeptContent Unsealed(const std::string& bytes) {
   const std::size_t seal = bytes.rfind(kSeal);
-  if (seal != bytes.npos) {
+  if (seal != std::string::npos) {
     KeptContent kept;
     const char* number = bytes.data() + seal + kSeal.size();
     std::from_chars(number, bytes.data() + bytes.size(), kept.number);

@@ -105,7 +105,7 @@ class RecoveryFile::Kept {
     storer_.Await();
   }
 
-  void WhenWritten(std::function<void()> then) {
+  void WhenWritten(const std::function<void()>& then) {
     {
       const std::lock_guard lock(mutex_);
       const bool isWritten = writer_.IsIdle() && !full_;
@@ -329,8 +329,8 @@ void RecoveryFile::Keep(std::string content) {
   if (kept_) kept_->Keep(std::move(content));
 }
 
-void RecoveryFile::WhenWritten(std::function<void()> then) {
-  kept_ ? kept_->WhenWritten(std::move(then)) : then();
+void RecoveryFile::WhenWritten(const std::function<void()>& then) {
+  kept_ ? kept_->WhenWritten(then) : then();
 }
 
 void RecoveryFile::Retry() {

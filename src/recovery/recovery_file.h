@@ -43,7 +43,7 @@ class RecoveryFile {
   /// Calls `then` once the system has everything that was handed over, or cannot be given it for
   /// any reason but a full disk: at once, or later from another thread. Replaces an earlier `then`
   /// that has not been called yet.
-  void WhenWritten(std::function<void()> then);
+  void WhenWritten(const std::function<void()>& then);
   /// Tries again to keep a content that could not be kept.
   void Retry();
   /// Why the last content could not be kept, "<path>: <cause>"; empty while all is well.

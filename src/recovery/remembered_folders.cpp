@@ -54,9 +54,10 @@ std::vector<fs::path> RememberedFolders(const fs::path& programFolder) try {
   const std::string bytes = ReadFileStart(RememberedFoldersPath(programFolder), kMostBytes);
   std::vector<fs::path> folders;
   std::string_view rest = bytes;
-  for (auto end = rest.find(kLineEnd); end != rest.npos; end = rest.find(kLineEnd)) {
+  for (auto end = rest.find(kLineEnd); end != std::string_view::npos; end = rest.find(kLineEnd)) {
     const std::string_view line = rest.substr(0, end);
-    if (line.starts_with('/') && line.find('\0') == line.npos) folders.emplace_back(line);
+    if (line.starts_with('/') && line.find('\0') == std::string_view::npos)
+      folders.emplace_back(line);
     rest.remove_prefix(end + kLineEnd.size());
   }
   return folders;

@@ -12,6 +12,7 @@ std::optional<UnfinishedChoice> Ask(Prompter& prompter, const std::vector<Unfini
     return UnfinishedChoice{.item = 0, .answer = prompter.Ask(all[0].item.question)};
   }
   std::vector<UnfinishedItem> items;
+  items.reserve(all.size());
   for (const Unfinished& unfinished : all) items.push_back(unfinished.item);
   return prompter.AskUnfinished(items);
 }

@@ -74,7 +74,7 @@ class EpsText {
   }
 
   std::string text_;
-  std::array<char, 20> digits_;
+  std::array<char, 20> digits_{};
 };
 
 void WriteHeader(EpsText& out, const EpsHeader& header, std::size_t episodes) {

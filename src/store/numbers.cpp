@@ -46,14 +46,14 @@ Value Finite(Value value) {
 }
 
 Decimal DecimalOf(float value) {
-  std::array<char, 32> text;
+  std::array<char, 32> text{};
   const auto end = std::to_chars(text.data(), text.data() + text.size(), Finite(value),
                                  std::chars_format::scientific, 6);
   return Parts({text.data(), end.ptr});
 }
 
 Decimal DecimalOf(double value) {
-  std::array<char, 32> text;
+  std::array<char, 32> text{};
   const auto end = std::to_chars(text.data(), text.data() + text.size(), Finite(value),
                                  std::chars_format::scientific);
   return Parts({text.data(), end.ptr});

@@ -53,7 +53,8 @@ std::string OlderName(const fs::path& path) {
   const std::string extension = path.extension().string();
   std::string name = stem + extension;
   for (int number = 2; IsThere(path.parent_path() / name); ++number) {
-    name = stem + " " + std::to_string(number) + extension;
+    name = stem;
+    name.append(" ").append(std::to_string(number)).append(extension);
   }
   return name;
 }

@@ -2,6 +2,7 @@
 
 #include <bitset>
 #include <charconv>
+#include <cmath>
 #include <concepts>
 #include <cstddef>
 #include <optional>
@@ -71,7 +72,7 @@ class RecordReader {
   template <std::size_t size>
   void Bits(std::string_view name, std::bitset<size>& bits) {
     const std::string_view text = Value(name);
-    if (text.size() != size || text.find_first_not_of("01") != text.npos) Fail(name);
+    if (text.size() != size || text.find_first_not_of("01") != std::string_view::npos) Fail(name);
     bits = std::bitset<size>(std::string(text));
   }
   /// Whatever count the text states, no more items are made than the text has lines.
@@ -105,7 +106,7 @@ class RecordReader {
     const auto [stop, error] = std::from_chars(rest_.data(), end, value);
     if (error != std::errc() || stop == end || *stop != ' ') Fail(name);
     if constexpr (std::floating_point<Value>) {
-      if (!(value - value == 0)) Fail(name);  // rejects infinity and NaN
+      if (!std::isfinite(value)) Fail(name);
     }
     rest_.remove_prefix(static_cast<std::size_t>(stop - rest_.data()) + 1);
   }

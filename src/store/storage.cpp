@@ -1,12 +1,12 @@
 #include "store/storage.h"
 
 #include <fcntl.h>
-#include <stdio.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 
 namespace orvex {
 namespace {

@@ -1,11 +1,11 @@
 #include "store/stray_temporaries.h"
 
-#include <signal.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <charconv>
 #include <chrono>
+#include <csignal>
 #include <string_view>
 #include <system_error>
 

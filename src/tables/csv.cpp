@@ -111,12 +111,12 @@ std::string IsoDate(std::string_view date) {
   if (!numbers) return "";
   const auto& [month, day, year] = *numbers;
   using namespace std::chrono;
-  const year_month_day day_{std::chrono::year(year),
-                            std::chrono::month(static_cast<unsigned>(month)),
-                            std::chrono::day(static_cast<unsigned>(day))};
+  const year_month_day asDate{std::chrono::year(year),
+                              std::chrono::month(static_cast<unsigned>(month)),
+                              std::chrono::day(static_cast<unsigned>(day))};
   constexpr int kFirstYear = 1000;  // fewer digits would leave the century open
   constexpr int kLastYear = 9999;
-  if (!day_.ok() || year < kFirstYear || year > kLastYear) return "";
+  if (!asDate.ok() || year < kFirstYear || year > kLastYear) return "";
   return std::to_string(year) + "-" + TwoDigits(month) + "-" + TwoDigits(day);
 }
 

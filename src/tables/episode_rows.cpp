@@ -62,7 +62,7 @@ std::optional<std::size_t> CellOf(const SegmentData& segment) {
 }
 
 void AppendNumber(std::int64_t number, std::string& text) {
-  std::array<char, 20> digits;
+  std::array<char, 20> digits{};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
   text.append(digits.data(), end.ptr);
 }

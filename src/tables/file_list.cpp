@@ -78,11 +78,12 @@ FileList ReadFileList(const fs::path& path) {
 }
 
 fs::path WithExtension(const fs::path& base, std::string_view extension) {
-  const fs::path usual = fs::path(base).concat(extension);
+  fs::path usual = fs::path(base).concat(extension);
   std::error_code unknown;
   if (fs::exists(usual, unknown)) return usual;
-  const fs::path other = fs::path(base).concat(UpperCase(extension));
-  return fs::exists(other, unknown) ? other : usual;
+  fs::path other = fs::path(base).concat(UpperCase(extension));
+  if (fs::exists(other, unknown)) return other;
+  return usual;
 }
 
 bool HasExtension(const fs::path& name, std::string_view extension) {

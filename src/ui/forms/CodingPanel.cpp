@@ -1,6 +1,7 @@
 #include "ui/forms/CodingPanel.h"
 
 #include <QComboBox>
+#include <QRadioButton>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -23,6 +24,17 @@ CodingPanel::CodingPanel(Ui::frmClassAct& ui, LiveObservation& live, std::functi
   for (QWidget* child : ui.Frame1->findChildren<QWidget*>()) KeepPlace(child);
 }
 
+/// The buttons of the activities, in the order of their numbers, with the captions of the scheme.
+std::vector<QRadioButton*> CodingPanel::ActivityButtons() const {
+  std::vector<QRadioButton*> buttons;
+  for (const Activity& activity : kActivities) {
+    const QString name = QStringLiteral("Option0_%1").arg(activity.number - 1);
+    buttons.push_back(ui_.Frame1->findChild<QRadioButton*>(name));
+    buttons.back()->setText(ToQt(ActivityCaption(activity.number)));
+  }
+  return buttons;
+}
+
 void CodingPanel::BuildChoices() {
   const auto group = [this](std::vector<QRadioButton*> buttons, auto choose) {
     auto* choices = new ChoiceGroup(std::move(buttons), this);
@@ -37,11 +49,8 @@ void CodingPanel::BuildChoices() {
                         live.ChooseCode(of, static_cast<std::int16_t>(position));
                       })});
   };
-  activities_ = group(
-      {ui_.Option0_0, ui_.Option0_1, ui_.Option0_2, ui_.Option0_3, ui_.Option0_4, ui_.Option0_5,
-       ui_.Option0_6, ui_.Option0_7, ui_.Option0_8, ui_.Option0_9, ui_.Option0_10, ui_.Option0_11,
-       ui_.Option0_12, ui_.Option0_13, ui_.Option0_14, ui_.Option0_15, ui_.Option0_16},
-      [this](int position) { live_.ChooseActivity(position + 1); });
+  activities_ =
+      group(ActivityButtons(), [this](int position) { live_.ChooseActivity(position + 1); });
   codes(SubCode::writing, {ui_.Option1_0, ui_.Option1_1});
   codes(SubCode::groupWork,
         {ui_.Option2_0, ui_.Option2_1, ui_.Option2_2, ui_.Option2_3, ui_.Option2_4});

@@ -8,6 +8,7 @@
 
 class QComboBox;
 class QLabel;
+class QRadioButton;
 namespace Ui {
 class frmClassAct;
 }
@@ -30,6 +31,7 @@ class CodingPanel : public QObject {
   void FocusActivity(int activity);
 
  private:
+  std::vector<QRadioButton*> ActivityButtons() const;
   void BuildChoices();
   void ConnectCombos();
 
