@@ -8,7 +8,8 @@
 #include <fstream>
 #include <string>
 
-#include "store/eps_file.h"
+#include "store/eps_reader.h"
+#include "store/eps_writer.h"
 #include "store/storage.h"
 
 namespace orvex {

@@ -3,7 +3,8 @@
 
 #include "fuzz/checks.h"
 #include "model/time_of_day.h"
-#include "store/eps_file.h"
+#include "store/eps_reader.h"
+#include "store/eps_writer.h"
 #include "store/numbers.h"
 #include "tables/episode_rows.h"
 

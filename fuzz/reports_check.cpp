@@ -4,6 +4,7 @@
 #include "reports/question_plot.h"
 #include "reports/question_statistics.h"
 #include "reports/time_summary.h"
+#include "store/eps_reader.h"
 #include "store/text_encoding.h"
 #include "tables/episode_rows.h"
 #include "tables/observation_json.h"

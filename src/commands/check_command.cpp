@@ -59,7 +59,7 @@ void CheckSurvey(const std::string& file, const Survey& answers, const Console& 
   for (std::size_t i = 0; i < answers.ratings.size(); ++i) {
     if (answers.ratings[i] != kUncoded) continue;
     ++tally.open;
-    console.out << file << ": not rated: " << PlainText(SurveyStatements()[i].text) << "\n";
+    console.out << file << ": not rated: " << SurveyStatements()[i].text << "\n";
   }
 }
 

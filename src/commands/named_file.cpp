@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "store/eps_reader.h"
 #include "tables/episode_rows.h"
 
 namespace orvex {

@@ -6,6 +6,7 @@
 #include "desk/save_file.h"
 #include "model/texts.h"
 #include "store/durable_file.h"
+#include "store/eps_writer.h"
 #include "store/file_error.h"
 #include "store/older_file.h"
 

@@ -78,7 +78,7 @@ class EpisodeEditor : private QuestionSteps {
   /// What undo or redo would do: "Split segment". Empty for nothing.
   std::string StepName(Way way) const;
   void TakeStep(Way way);
-  /// The same steps for the question editor, be it opened from here or from the statistics.
+  /// The editor's undo steps, for the question editor opened from here or from the statistics.
   QuestionSteps& Steps() { return *this; }
 
   /// Has the changes that are not saved kept as they are. To be called whenever something may have

@@ -42,7 +42,7 @@ class Joined {
     return equal;
   }
 
-  /// The same at the end, but no more than `most`.
+  /// How many items are equal at the end of both, up to `most`.
   std::size_t EqualAtEnd(const std::vector<Item>& other, std::size_t most) const {
     std::size_t equal = 0;
     for (auto episode = episodes_.rbegin(); episode != episodes_.rend(); ++episode) {

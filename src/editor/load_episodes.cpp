@@ -12,6 +12,7 @@
 #include "recovery/unfinished_file.h"
 #include "store/checksum.h"
 #include "store/eps_differences.h"
+#include "store/eps_reader.h"
 #include "store/file_error.h"
 #include "store/format_error.h"
 #include "store/printable_text.h"

@@ -113,8 +113,8 @@ std::optional<Place> ReorderSegments(EpisodeList& episodes, int episode, const P
   return Place{episode, first};
 }
 
-/// The same within an episode, whose end is the place after its last segment. The segments need not
-/// lie together; nothing happens where they stand there already, or before one of themselves.
+/// Moves segments of an episode to before another one, or behind its last. They need not lie
+/// together. Nothing happens when they stand there already, or when the other one is among them.
 static std::optional<Place> GatherSegments(EpisodeList& episodes, const Positions& segments,
                                            Place before) {
   std::vector<SegmentData>& all = At(episodes, before.episode)->segments;

@@ -19,7 +19,7 @@ std::string ActivityLabel(const Episode& episode, bool withReview) {
   if (episode.segments.empty()) return "";
   const bool saysReview = withReview && episode.bReview == "Y";
   return Say(saysReview ? Text::reviewLabel : Text::activityLabel,
-             {ActivityCaption(episode.segments.front().activityNum), episode.nQAs()});
+             {ActivityName(episode.segments.front().activityNum), episode.nQAs()});
 }
 
 bool AnyQuestions(const EpisodeList& episodes) {

@@ -17,7 +17,6 @@ class Stopwatch {
   void Start();
   /// As if it had never been started.
   void Reset() { *this = Stopwatch(*clock_); }
-  bool Started() const { return started_; }
   /// Once a second while it runs.
   void Tick();
 

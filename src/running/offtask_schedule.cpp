@@ -34,9 +34,8 @@ bool OfftaskSchedule::IsBehind(float seconds, float cadence) const {
   return running_ && cadence * nextEstimateIndex_ * kMinute <= seconds;
 }
 
-void OfftaskSchedule::Tick(float now, float segmentStart, bool questionAnswer) {
+void OfftaskSchedule::Tick(float now, float segmentStart, float cadence) {
   if (!running_) return;
-  const float cadence = questionAnswer ? kQuestionAnswerCadence : kUsualCadence;
   const float due = (cadence * nextEstimateIndex_ - 1) * kMinute;
   if (due <= SecondsSince(segmentStart, now)) {
     countdownStart_ = now;

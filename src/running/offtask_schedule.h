@@ -15,16 +15,16 @@ class OfftaskSchedule {
   /// Starts it anew within a segment that has run for `seconds`; `cadence` in minutes.
   void Start(float seconds, float cadence);
 
-  /// The same where it had fallen behind; what is pending stays so.
+  /// Starts it anew after it has fallen behind. What is pending stays pending.
   void Restart(float seconds, float cadence);
-  /// True when the next estimate should have been pending by now: nobody asked the schedule.
+  /// True when the next estimate should be pending by now, but no tick has made it so.
   bool IsBehind(float seconds, float cadence) const;
 
   /// True while it is to be asked every 500 ms.
   bool Running() const { return running_; }
   /// Every 500 ms while it runs, in a segment that started at `segmentStart`. Both times are
   /// readings of the clock.
-  void Tick(float now, float segmentStart, bool questionAnswer);
+  void Tick(float now, float segmentStart, float cadence);
 
   /// An estimate was made or skipped.
   void TakeEstimate();

@@ -173,7 +173,8 @@ void RunningClass::StartSchedule(float now) {
 }
 
 void RunningClass::TickSchedule(float now) {
-  schedule.Tick(now, segmentStart, curActivity == kQuestionAnswer);
+  const float cadence = ActivityOf(curActivity).cadence;
+  if (cadence > 0) schedule.Tick(now, segmentStart, cadence);
 }
 
 void RunningClass::RecordEstimate(float proportion, EstimatesByCategory& estimates) {

@@ -8,6 +8,7 @@
 #include "model/texts.h"
 #include "store/checksum.h"
 #include "store/durable_file.h"
+#include "store/eps_writer.h"
 #include "store/field_notes.h"
 #include "store/file_error.h"
 #include "store/older_file.h"

@@ -17,12 +17,12 @@ namespace orvex {
 class Storage;
 
 /// A text file that grows by whole entries. `Append` hands each entry to the system in one write
-/// before it returns; a background writer, which owns nothing but the descriptor, syncs it as soon
-/// as the disk allows. The whole text since `Open` stays in memory. An entry that cannot be written
-/// goes out with the next one. A file that can no longer be relied on (a write failed although the
-/// disk is not full, a sync failed, its stick was pulled out, it was deleted) is put back whole,
-/// together with its class folders. Use it from one thread; only `LetThrough` may be called from
-/// another.
+/// before it returns, unless entries are held; a background writer, which owns nothing but the
+/// descriptor, syncs it as soon as the disk allows. The whole text since `Open` stays in memory. An
+/// entry that cannot be written goes out with the next one. A file that can no longer be relied on
+/// (a write failed although the disk is not full, a sync failed, its stick was pulled out, it was
+/// deleted) is put back whole, together with its class folders. Use it from one thread; only
+/// `LetThrough` may be called from another.
 class AppendLog {
  public:
   explicit AppendLog(Storage& storage);

@@ -12,7 +12,9 @@
 
 #include "model/dimensions.h"
 #include "model/wording.h"
+#include "store/eps_reader.h"
 #include "store/eps_trace.h"
+#include "store/eps_writer.h"
 #include "store/numbers.h"
 #include "store/text_encoding.h"
 

@@ -11,8 +11,6 @@
 
 namespace orvex {
 
-class Storage;
-
 /// The filter of dialogs that choose an episode file.
 inline constexpr const char* kEpsFilter = "EPS files (*.EPS)|*.EPS";
 
@@ -47,56 +45,5 @@ inline constexpr std::array kQuestionCounts = {
     &QuestionCounts::teacher,          &QuestionCounts::student,
     &QuestionCounts::unanswered,       &QuestionCounts::uptakeTest,
     &QuestionCounts::allDefault};
-
-/// The messages for a file of an earlier version, for a first segment of episode `ep` that needs a
-/// repair, and for one that has been repaired.
-inline constexpr const char* kEarlierVersionText =
-    "EPS file created by an earlier version of ORVEX.";
-std::string InconsistentText(int ep);
-std::string RepairedText(int ep);
-
-/// What the reader reports while it reads.
-class EpsReadEvents {
- public:
-  virtual ~EpsReadEvents() = default;
-  /// The file is from an earlier version of the program. Return false to give up reading.
-  virtual bool ContinueWithEarlierVersion() = 0;
-  /// The first segment of episode `ep` had a different activity from the episode's; it has been
-  /// repaired.
-  virtual void FirstSegmentRepaired(int ep) = 0;
-
-  /// The header announces `count` episodes. For those who take the episodes one by one.
-  virtual void EpisodesToCome(int /*count*/) {}
-  /// Whether the question counts that the file states are wanted. They must then fit 16 bits.
-  virtual bool WantsCounts() const { return false; }
-  /// Episode `ep` has been read, up to its last question. `stated` are the counts that the file
-  /// states, if they are wanted.
-  virtual void EpisodeRead(int /*ep*/, const Episode& /*episode*/,
-                           const QuestionCounts& /*stated*/) {}
-  /// Everything that the file announces has been read, but there is more `text`, which begins in
-  /// `line`.
-  virtual void TextAfterLastQuestion(int /*line*/, std::string_view /*text*/) {}
-};
-
-/// The reader was told not to go on with a file of an earlier version.
-struct ReadingDeclined {};
-
-/// Reads the bytes of an episode file. Throws FormatError, or ReadingDeclined.
-EpsObservation ParseEps(std::string bytes, EpsReadEvents& events);
-/// Reads an episode file. Throws FileError, FormatError or ReadingDeclined.
-EpsObservation ReadEpsFile(const std::filesystem::path& path, EpsReadEvents& events);
-
-/// The bytes of an observation's episode file.
-std::string FormatEps(const EpsHeader& header, const EpisodeList& episodes);
-/// Replaces the file at `path` as ReplaceFile does. Throws FileError.
-void WriteEpsFile(Storage& storage, const std::filesystem::path& path, const EpsHeader& header,
-                  const EpisodeList& episodes);
-
-/// The question counts of `episode`, as its file states them.
-QuestionCounts EpisodeQuestionCounts(const Episode& episode);
-
-/// Cuts the last marker "(<----- ep ; seg ----->)", and all that follows it, off `text` and stores
-/// its numbers. Without a valid marker, all three stay. False when a number does not fit 16 bits.
-bool ParseQuestionMarker(std::string& text, std::int16_t& ep, std::int16_t& seg);
 
 }  // namespace orvex

@@ -1,3 +1,5 @@
+#include "store/eps_reader.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -11,7 +13,6 @@
 #include "model/version.h"
 #include "store/content_kind.h"
 #include "store/durable_file.h"
-#include "store/eps_file.h"
 #include "store/eps_trace.h"
 #include "store/field_reader.h"
 #include "store/format_error.h"

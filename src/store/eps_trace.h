@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "store/eps_file.h"
+#include "store/eps_reader.h"
 #include "store/field_reader.h"
 #include "store/text_encoding.h"
 

@@ -1,3 +1,5 @@
+#include "store/eps_writer.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -10,7 +12,6 @@
 #include "model/version.h"
 #include "model/wording.h"
 #include "store/durable_file.h"
-#include "store/eps_file.h"
 #include "store/numbers.h"
 
 namespace orvex {
@@ -168,11 +169,12 @@ void WriteQuestion(EpsText& out, const questionInfo& question, std::int64_t epis
   out.EndLine();
 }
 
-/// True when every dimension before the respondent's name has code 0.
+/// True when the codes that this count is about are all 0.
 bool AllDefault(const questionInfo& question) {
-  return std::ranges::all_of(kDimensions, [&question](Dimension dimension) {
-    return dimension >= Dimension::respondName || question.codes[dimension] == 0;
-  });
+  using enum Dimension;
+  return std::ranges::all_of(
+      std::array{source, response, authenticity, uptake, cognitive},
+      [&question](Dimension dimension) { return question.codes[dimension] == 0; });
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "model/wording.h"
+#include "store/eps_reader.h"
 #include "store/file_error.h"
 #include "store/numbers.h"
 

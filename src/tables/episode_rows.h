@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "model/episode.h"
-#include "store/eps_file.h"
+#include "store/eps_reader.h"
 #include "tables/file_list.h"
 
 namespace orvex {

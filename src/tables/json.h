@@ -24,7 +24,6 @@ class Json {
   Json& Number(float number);
   /// A number of seconds, as a whole one.
   Json& Seconds(double seconds);
-  Json& Bool(bool value) { return Literal(value ? "true" : "false"); }
   Json& Null() { return Literal("null"); }
   /// `literal` is JSON already.
   Json& Literal(std::string_view literal);

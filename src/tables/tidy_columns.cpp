@@ -9,6 +9,7 @@
 
 #include "model/clock.h"
 #include "model/validation.h"
+#include "store/eps_writer.h"
 #include "store/numbers.h"
 #include "tables/csv.h"
 

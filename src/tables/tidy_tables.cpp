@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "store/eps_reader.h"
 #include "tables/csv.h"
 #include "tables/episode_rows.h"
 #include "tables/tidy_columns.h"

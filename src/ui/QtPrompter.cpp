@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QStringList>
 
+#include "ui/AccessKeys.h"
 #include "ui/forms/dlgDivideTime.h"
 #include "ui/forms/dlgFieldNote.h"
 #include "ui/forms/dlgUnfinished.h"
@@ -144,7 +145,8 @@ Answer QtPrompter::Ask(const Message& message) {
   // Show file names literally, even if they look like markup.
   for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
   for (const auto& [answer, caption] : message.captions) {
-    if (QAbstractButton* button = box.button(ButtonOf(answer))) button->setText(ToQt(caption));
+    if (QAbstractButton* button = box.button(ButtonOf(answer)))
+      button->setText(WithAccessKey(caption));
   }
   if (!message.captions.empty()) box.installEventFilter(new PlainLettersPressNothing(&box));
   box.setDefaultButton(ButtonOf(message.defaultAnswer));

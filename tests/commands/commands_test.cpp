@@ -14,7 +14,7 @@
 #include "commands/older_report.h"
 #include "commands/report_command.h"
 #include "commands/table_command.h"
-#include "store/eps_file.h"
+#include "store/eps_writer.h"
 #include "store/printable_text.h"
 #include "store/storage.h"
 #include "support/sample_manifest.h"

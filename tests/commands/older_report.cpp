@@ -204,7 +204,8 @@ QJsonObject OlderEpisode(const QJsonObject& report, const QJsonValue& row, const
   const float mean = offtask.isNull() ? episode.offtask : static_cast<float>(offtask.toDouble());
   return {{"description", At(row, "description")},
           {"review", At(row, "review").toString()},
-          {"label", Text(ActivityLabel(episode))},
+          // As a caption, in which an ampersand is doubled.
+          {"label", Text(ActivityLabel(episode)).replace(u'&', QStringLiteral("&&"))},
           {"duration", At(row, "seconds")},
           {"durationWords", Text(DurationInWords(At(row, "seconds").toDouble()))},
           {"segments", segments},

@@ -7,7 +7,8 @@
 
 #include "editor/episode_editor.h"
 #include "editor/load_episodes.h"
-#include "store/eps_file.h"
+#include "store/eps_reader.h"
+#include "store/eps_writer.h"
 #include "support/desk.h"
 
 namespace orvex::test {

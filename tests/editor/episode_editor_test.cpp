@@ -48,7 +48,7 @@ TEST_F(EpisodeEditorTest, ShowsTheFileTheEpisodeAndTheSegment) {
   EXPECT_EQ(editor.SegmentRows(), (Rows{"1. Procedures & directions", "2. Supervised/Monitoring",
                                         "3. Student presentation"}));
   EXPECT_EQ(editor.View().spells, "1 dialogic spell(s)");
-  const std::string first = "Procedures && directions: 6 Question(s)";
+  const std::string first = "Procedures & directions: 6 Question(s)";
   const std::string times = "|2 minutes, 5 seconds|3 Segments|Duration of segment ";
   EXPECT_EQ(shown(), first + " (Review Session)" + times + "1:|60");
   editor.ShowSegment(2);
@@ -249,7 +249,7 @@ TEST_F(EpisodeEditorTest, QuestionsEditedElsewhereAreOneStep) {
   episodes[0].questions.pop_back();
   episodes[0].Descript = "Start";
   editor.Activate();
-  EXPECT_EQ(editor.View().activity, "Procedures && directions: 5 Question(s)");
+  EXPECT_EQ(editor.View().activity, "Procedures & directions: 5 Question(s)");
   EXPECT_EQ(editor.StepName(Way::undo), "Edit questions");
   editor.TakeStep(Way::undo);
   EXPECT_EQ(episodes[0].nQAs(), 6);

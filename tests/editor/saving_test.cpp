@@ -8,6 +8,8 @@
 #include "editor/load_episodes.h"
 #include "editor/save_warning.h"
 #include "store/eps_differences.h"
+#include "store/eps_reader.h"
+#include "store/eps_writer.h"
 #include "support/sample_manifest.h"
 #include "support/save_faults.h"
 

@@ -12,7 +12,7 @@
 #include "recovery/kept_class.h"
 #include "recovery/kept_content.h"
 #include "recovery/remembered_folders.h"
-#include "store/eps_file.h"
+#include "store/eps_reader.h"
 #include "store/older_file.h"
 #include "store/storage.h"
 #include "support/desk.h"

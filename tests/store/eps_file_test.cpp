@@ -1,8 +1,8 @@
-#include "store/eps_file.h"
-
 #include <gtest/gtest.h>
 
 #include "store/eps_differences.h"
+#include "store/eps_reader.h"
+#include "store/eps_writer.h"
 #include "store/format_error.h"
 #include "support/sample_manifest.h"
 #include "support/test_folder.h"

@@ -42,8 +42,8 @@ class SavingPrompter : public ScriptedPrompter {
 
   Answer Ask(const Message& message) override {
     if (message.captions.empty()) return message.buttons == Buttons::ok ? Answer::ok : Answer::yes;
-    if (message.captions[0].second == "&Replace it") return Answer::yes;
-    EXPECT_EQ(message.captions[0].second, "&Try again");
+    if (message.captions[0].second == "Replace it") return Answer::yes;
+    EXPECT_EQ(message.captions[0].second, "Try again");
     EXPECT_EQ(message.captions[0].first, message.defaultAnswer);
     told.push_back(message.details);
     if (whileAsked) whileAsked();

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <chrono>
 
+#include "store/eps_writer.h"
 #include "store/file_error.h"
 #include "store/storage.h"
 #include "support/sample_manifest.h"

@@ -9,7 +9,7 @@
 #include <sstream>
 
 #include "commands/table_command.h"
-#include "store/eps_file.h"
+#include "store/eps_writer.h"
 #include "store/storage.h"
 #include "support/sample_manifest.h"
 #include "support/test_folder.h"

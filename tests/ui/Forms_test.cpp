@@ -98,6 +98,18 @@ TEST_F(FormsTest, KeepWhatIsNotSavedWhenTheSystemEndsTheProgram) {
   }
 }
 
+TEST_F(FormsTest, SayOfAnOpenedFileWhetherItsFirstEpisodeWasReview) {
+  const auto path = desk_.folder / "11-4-2.eps";
+  PutFile(path, FileBytes(TestData("class") / "11-4-2.eps"));
+  RunUntilTheEnd([&] {
+    ASSERT_TRUE(forms_.ShowEpisodeEditor(path, Kept::areOffered));
+    Settle();
+    EXPECT_EQ(Find<QLabel>(*Form("frmClassEdit"), "Label10")->text(),
+              QStringLiteral("Question/Answer: 13 Question(s) (Review Session)"));
+    forms_.EndProgram();
+  });
+}
+
 TEST_F(FormsTest, LeadFromTheMenuThroughTheEpisodeEditorToTheEnd) {
   const auto file = [this](const char* name) {
     const auto path = desk_.folder / name;

@@ -60,7 +60,7 @@ TEST(QtPrompter, LetsNoLetterAlonePressAButtonOfItsOwn) {
   const Message message = {.text = "Changes were not saved.",
                            .buttons = Buttons::yesNoCancel,
                            .defaultAnswer = Answer::yes,
-                           .captions = {{Answer::yes, "&Take them up"}, {Answer::no, "&Discard"}}};
+                           .captions = {{Answer::yes, "Take them up"}, {Answer::no, "Discard"}}};
   for (const auto& [keys, answer] : {std::pair{"d\n", Answer::yes}, {"{Alt+D}", Answer::no}}) {
     InTheNext<QMessageBox>([keys = keys](QMessageBox&) { Keys(keys); });
     EXPECT_EQ(QtPrompter().Ask(message), answer);
@@ -110,11 +110,11 @@ TEST(QtPrompter, OffersSeveralUnfinishedThingsByTheKeyboard) {
     made.what = what;
     made.question.defaultAnswer = likeliest;
     made.question.captions = {
-        {Answer::yes, "&Go on"}, {Answer::no, close}, {Answer::cancel, "&Leave it"}};
+        {Answer::yes, "Go on"}, {Answer::no, close}, {Answer::cancel, "Leave it"}};
     return made;
   };
-  const std::vector<UnfinishedItem> items = {item("a class", Answer::yes, "&Close it"),
-                                             item("a file", Answer::cancel, "&Discard")};
+  const std::vector<UnfinishedItem> items = {item("a class", Answer::yes, "Close it"),
+                                             item("a file", Answer::cancel, "Discard")};
   const std::tuple<const char*, std::size_t, Answer> cases[] = {
       {"\n", 0, Answer::yes},
       {"{Down}\n", 1, Answer::cancel},

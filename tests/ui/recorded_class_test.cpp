@@ -7,7 +7,7 @@
 #include <QLabel>
 #include <optional>
 
-#include "store/eps_file.h"
+#include "store/eps_reader.h"
 #include "support/desk.h"
 #include "ui/Forms.h"
 #include "ui/keys.h"

@@ -8,6 +8,7 @@
 #include <array>
 #include <utility>
 
+#include "ui/AccessKeys.h"
 #include "ui/show.h"
 #include "ui_dlgUnfinished.h"
 
@@ -70,7 +71,7 @@ void dlgUnfinished::ShowButtons() {
                               std::pair{Answer::cancel, ui_->cmdLater}};
   for (const auto& [answer, button] : buttons) {
     for (const auto& [captioned, caption] : question.captions) {
-      if (captioned == answer) ShowText(button, caption);
+      if (captioned == answer) ShowText(button, WithAccessKey(caption));
     }
     if (answer == question.defaultAnswer) button->setDefault(true);
   }

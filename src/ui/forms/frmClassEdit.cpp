@@ -221,7 +221,7 @@ void frmClassEdit::RefreshTexts() {
   ShowText(ui_->Label12, view.total);
   ReadFromStart(ui_->txtEpisodeName, view.description);
   ui_->txtEpisodeName->setEnabled(view.hasEpisode);
-  ShowText(ui_->Label10, PlainText(view.activity));
+  ShowText(ui_->Label10, view.activity);
   ShowText(ui_->Label1, view.duration);
   ShowText(ui_->Label2, view.segmentCount);
   ShowText(ui_->lblDSpells, view.spells);
@@ -278,7 +278,8 @@ void frmClassEdit::showEvent(QShowEvent* event) {
   coding_->Arrange();
   ui_->scrollArea->setMinimumWidth(ui_->scrollContents->minimumSizeHint().width() +
                                    ui_->scrollArea->verticalScrollBar()->sizeHint().width());
-  if (!event->spontaneous()) editor_.Activate();
+  // Other forms may have changed the episodes when the form comes back.
+  if (!event->spontaneous() && std::exchange(hasBeenShown_, true)) editor_.Activate();
   QWidget::showEvent(event);
 }
 
