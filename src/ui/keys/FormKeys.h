@@ -14,7 +14,9 @@ inline bool IsEnter(const QKeyEvent& key) {
   return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
 
-/// The keyboard rules that hold in every form:
+/// The keyboard rules of the forms. Only two dialogs do without them: the stopwatch, where every
+/// key means something of its own, and the list of unfinished work, where Enter presses the default
+/// button.
 /// Enter presses no button and moves on where the form says where to; only in a box of several
 /// lines it ends a line. Alt and a letter are for a button: where no button takes them, they do not
 /// type the letter. A control that gets the focus is scrolled into sight. Over a list that nobody
