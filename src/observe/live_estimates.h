@@ -7,18 +7,17 @@ namespace orvex {
 
 class ObservationHeader;
 
-/// The off-task estimates of a class in progress: when they are asked for, and what becomes of
-/// them.
+/// Asks for the off-task estimates of a class in progress, and records and logs them.
 class LiveEstimates {
  public:
   LiveEstimates(const Services& services, RunningClass& running, ObservationHeader& header)
       : services_(services), running_(running), header_(header) {}
 
-  /// Every 500 ms while the schedule runs.
+  /// To be called every 500 ms while the schedule runs.
   void Tick();
-  /// Asks for the estimate that is pending; made or skipped, it is pending no longer.
+  /// Asks for a pending estimate. Even if skipped, it is no longer pending.
   void TakePending();
-  /// Asks for an estimate, whatever is pending.
+  /// Asks for an estimate, even if none is pending.
   void Ask();
 
  private:

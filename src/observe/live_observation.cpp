@@ -55,7 +55,7 @@ LiveObservation::LiveObservation(const Services& services, RunningClass running)
   run_.TakeUp(episodes_, Now());
   FocusCurActivity();
   EnterDescription();
-  // A number that was half typed is not the class's yet: it waits for its observer.
+  // A half-typed number has not been accepted yet, so let the observer finish it.
   if (const auto box = header_.Disagreeing()) {
     focus_.Set({.kind = Kind::header, .box = *box}, Caret::selectAll);
   }
@@ -176,7 +176,7 @@ void LiveObservation::StartSegment() {
   const float now = Now();
   LogSegmentEnd(now);
   run_.StartSegment(episodes_, now);
-  // The button just used is gone now; the next thing the observer does is to choose the activity.
+  // The button just used is now gone, and the observer's next step is to choose the activity.
   FocusCurActivity();
 }
 
@@ -259,14 +259,13 @@ void LiveObservation::CorrectTime() {
   const int preset = std::min(elapsed, maximum);
   const auto seconds = services_.prompter.AskSeconds({.maximum = maximum, .seconds = preset});
   if (!seconds) return;
-  // The segment has gone on while the dialog was open: a number that nobody has changed moves
-  // nothing.
+  // The segment went on while the dialog was open, so an unchanged number must not move anything.
   const float moved =
       *seconds == preset ? 0.0F : run_.CorrectTime(Now(), static_cast<float>(*seconds));
   services_.log.LogAdjustTime(run_.curEpisode, run_.curSegment, moved);
 }
 
-// What has forms of its own.
+// Other forms and dialogs.
 
 void LiveObservation::OpenAbout() {
   services_.screens.Show(Screen::aboutText);
@@ -300,7 +299,7 @@ void LiveObservation::EditFieldNotes() {
     services_.log.LogFieldNote(run_.curEpisode, run_.curSegment, *notes);
     run_.fieldNotes = *notes;
   }
-  // When the program ends meanwhile, what was typed stays a draft.
+  // If the program ends while the dialog is open, the typed text stays a draft.
   if (notes || run_.draftNotes == run_.fieldNotes) run_.draftNotes.reset();
 }
 
@@ -313,7 +312,7 @@ void LiveObservation::EndClass() {
   }
   if (!run_.awaitsSurvey) {
     if (!MayEnd() || !StoreOrGoOn()) return;
-    // An Enter too many must not close the class without its survey.
+    // One Enter too many must not end the program before the survey is filled in.
     run_.awaitsSurvey = services_.prompter.Ask({.text = Say(Text::askMatrices),
                                                 .buttons = Buttons::yesNo,
                                                 .defaultAnswer = Answer::no}) != Answer::yes;
@@ -329,8 +328,8 @@ bool LiveObservation::MayEnd() {
                                  .defaultAnswer = Answer::no}) == Answer::yes;
 }
 
-/// False, with the focus on the box, while one of the numbers that name the files is no number, or
-/// not the one that the log has.
+/// True when the numbers that name the files are valid and agree with the log. Otherwise moves the
+/// focus to the box that is wrong.
 bool LiveObservation::HeaderNamesFiles() {
   for (const HeaderBox box : kNumberBoxes) {
     if (IdentityNumber(header_.Text(box))) continue;
@@ -342,7 +341,7 @@ bool LiveObservation::HeaderNamesFiles() {
   return !box || LeaveHeader(*box);
 }
 
-/// Ends the last episode and stores the class. False when it could not be stored, and goes on.
+/// Ends the last episode and stores the class. If that fails, the class goes on; returns false.
 bool LiveObservation::StoreOrGoOn() {
   AskFinalEstimate();
   const float now = Now();
@@ -361,7 +360,7 @@ bool LiveObservation::StoreOrGoOn() {
 
 bool LiveObservation::RequestClose() {
   if (run_.nothingEntered) return LeaveWithNotes(services_, run_);
-  // Once the class is stored the window may go, but the survey goes to its file first.
+  // EndClass stores what is still missing, and the survey too, before it closes the window itself.
   if (Allowed().end) EndClass();
   return false;
 }

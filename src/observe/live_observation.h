@@ -15,11 +15,11 @@
 
 namespace orvex {
 
-/// The class under observation: asks the observer, logs, and lets the running class go on
-/// accordingly. The end of the class stores it all.
+/// The class under observation: asks the observer, writes the log, updates the running class and
+/// stores everything at the end of the class.
 class LiveObservation {
  public:
-  /// The controls that the logic gives the focus to. An activity button is meant by its number.
+  /// The controls that the logic can focus. `activity` is the number of an activity's button.
   struct Control {
     enum class Kind { header, description, activity, survey };
     Kind kind;
@@ -30,10 +30,10 @@ class LiveObservation {
   };
   using Focus = FocusWish<Control>;
 
-  /// Starts episode 1, segment 1 now. The log is open.
+  /// Starts episode 1, segment 1 now. The log must be open.
   explicit LiveObservation(const Services& services);
-  /// Goes on with a class whose observation is in memory. The log is open, unless the class is
-  /// stored.
+  /// Continues a class that is taken up; its observation is already in memory. The log must be open
+  /// unless the class is stored.
   LiveObservation(const Services& services, RunningClass running);
   LiveObservation(const LiveObservation&) = delete;
   LiveObservation& operator=(const LiveObservation&) = delete;
@@ -46,11 +46,11 @@ class LiveObservation {
   LiveEstimates& Estimates() { return estimates_; }
   LiveQuestions& Questions() { return questions_; }
   const LiveQuestions& Questions() const { return questions_; }
-  /// Has the class kept as it is. To be called whenever something may have changed, and now and
-  /// then: nothing happens while all is as it was.
+  /// Has the class kept as it is now, once there is something worth keeping. Call it whenever
+  /// something may have changed; it does nothing if nothing has.
   void Keep();
 
-  // What the form shows.
+  // State shown by the form.
   const std::string& Caption() const { return caption_; }
   AllowedActions Allowed() const { return run_.Allowed(episodes_); }
   bool ClassStored() const { return services_.program.ClassStored; }
@@ -64,43 +64,43 @@ class LiveObservation {
   void HeaderEnterOrDown(HeaderBox box);
   void HeaderUp(HeaderBox box);
   void TypeDescription(const std::string& text);
-  /// A key was typed in the description: the activities become visible.
+  /// Call it for a key typed in the description. Makes the activities visible.
   void KeyInDescription();
   void EnterDescription() { savedDescription_ = CurrentEpisode().Descript; }
   void LeaveDescription();
   void TypeAbout(const std::string& text);
-  /// Chooses the activity of the segment. Another one than it has is asked about first.
+  /// Chooses the activity of the segment. Asks first before replacing one already chosen.
   void ChooseActivity(int activity);
   void ChooseCode(SubCode of, std::int16_t code) { run_.coding.Chosen(of) = code; }
   void TypeCode(SubCode of, const std::string& text) { run_.coding.Typed(of) = text; }
 
   // Segments and episodes.
-  /// Starts the next segment or episode once the observer has agreed.
+  /// Start the next segment or episode once the observer agrees.
   void AskToStartSegment();
   void AskToStartEpisode();
   void StartSegment();
-  /// `wasReview` is what the observer says of the episode that ends, where that is asked.
+  /// `wasReview` says whether the ending episode was a review, if the observer was asked.
   void StartEpisode(std::optional<bool> wasReview = std::nullopt);
-  /// Starts a segment of question/answer.
+  /// Starts a question/answer segment.
   void StartQuestionAnswer();
-  /// Gives the segment up as question/answer, for another activity.
+  /// Gives up question/answer for the segment, so that another activity can be chosen.
   void AbandonQuestionAnswer();
-  /// Makes an episode of the running segment, or a segment of the running episode.
+  /// Turns the running segment into an episode, or the running episode into a segment.
   void Convert();
-  /// Asks how long ago the segment began, and moves both start times accordingly.
+  /// Asks how long the segment has been running, and moves the segment and episode starts to match.
   void CorrectTime();
-  /// Ends the class or, once it is stored, leaves it.
+  /// Ends the class, or leaves it once it is stored.
   void EndClass();
-  /// The window is asked to close. True when it may.
+  /// Handles a request to close the window. True when it may close.
   bool RequestClose();
 
-  // What has forms of its own.
+  // Other forms and dialogs.
   void OpenAbout();
   void ReviewQuestions();
   void ProofQuestions();
   void OpenSurvey();
   void EditFieldNotes();
-  /// Takes what the observer has filled in of the survey.
+  /// Stores the answers that the observer has given so far.
   void FillSurvey(const Survey& answers) { run_.survey = answers; }
 
  private:

@@ -94,21 +94,21 @@ bool ObservationHeader::LeaveStudents() {
 
 bool ObservationHeader::LeaveNumber(HeaderBox box) {
   if (Text(box).empty()) {
-    // A file name with a missing part would be nobody's: the box gets back what the log is named
-    // by.
+    // A file name needs all its numbers, so restore the one in the name of the log.
     Type(box, HeaderText(identity_, box));
     return false;
   }
-  // A box that agrees with the log is always left, whatever another one was declined.
+  // A box that agrees with the log can always be left, even if another one was declined.
   if (Text(box) == HeaderText(identity_, box) || RenameSessionLog()) return true;
   if (box != HeaderBox::observNum) Type(box, "");
   return false;
 }
 
-/// The log and what is kept of the class take the numbers of the boxes, which are then accepted.
+/// Renames the log and the recovery file to the numbers in the boxes, and accepts these. False when
+/// the observer declined or renaming failed.
 bool ObservationHeader::RenameSessionLog() {
   const Identity renamed = AsTyped(identity_, typed_);
-  // While one number is being corrected, the others name no file.
+  // While another number is still being corrected, there is no file name to change to.
   if (!IsNamed(renamed)) return true;
   try {
     const std::filesystem::path log = BakPath(services_.program.DataPath, renamed);
@@ -124,7 +124,7 @@ bool ObservationHeader::RenameSessionLog() {
   return true;
 }
 
-/// The log of another class is not lost: it is kept beside the one that takes its name.
+/// Asks before the name of an existing log is taken. That log is not lost: it is kept beside.
 bool ObservationHeader::MayTake(const std::filesystem::path& log) const {
   std::error_code unreadable;
   if (!std::filesystem::exists(log, unreadable)) return true;

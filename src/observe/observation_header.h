@@ -13,27 +13,26 @@ namespace orvex {
 /// when they change; a changed number of students is logged.
 class ObservationHeader {
  public:
-  /// What is typed over the numbers goes into `typed`, which outlives the header, until it is
-  /// accepted.
+  /// `typed` holds the numbers being typed until they are accepted. It must outlive the header.
   ObservationHeader(const Services& services, TypedNumbers& typed);
 
   const std::string& Text(HeaderBox box) const;
   void Type(HeaderBox box, const std::string& text);
-  /// "Class ID  7-12-3".
+  /// The class ID as the form shows it: "Class ID  7-12-3".
   std::string ClassIdText() const;
 
   /// The box that Enter or Down moves to, and the one that Up moves to.
   static HeaderBox Next(HeaderBox box);
   static HeaderBox Previous(HeaderBox box);
 
-  /// An off-task estimate was made with another number of students than the box says.
+  /// Sets and logs the number of students, after an estimate was made with another one.
   void CorrectStudents(const std::string& text);
 
   void Enter(HeaderBox box);
-  /// The box loses the focus. False when it must get it back: a number that is declined is asked
-  /// about again until the box and the log agree.
+  /// Call it when the box loses the focus. False when the box must get the focus back. The
+  /// observer cannot leave a declined number until the box and the log agree.
   bool Leave(HeaderBox box);
-  /// The box whose text is not the number that was accepted; nothing when all of them agree.
+  /// The first box whose text is not the accepted number; empty when all agree.
   std::optional<HeaderBox> Disagreeing() const;
 
  private:
@@ -47,7 +46,7 @@ class ObservationHeader {
   Services services_;
   Identity& identity_;
   TypedNumbers& typed_;
-  std::string lastStudents_;  ///< the last number there was
+  std::string lastStudents_;  ///< the last accepted number, restored when the box is left empty
   bool studentsVisited_ = false;
   std::optional<std::string> rememberedStudents_;
 };

@@ -9,7 +9,7 @@
 namespace orvex {
 namespace {
 
-/// A number that a single can hold.
+/// True for a number that fits a single-precision float.
 bool IsSingle(const std::string& text) {
   const auto number = TypedNumber(text);
   return number && std::abs(*number) <= static_cast<double>(std::numeric_limits<float>::max());

@@ -7,20 +7,20 @@
 
 namespace orvex {
 
-/// The dialog for an off-task estimate: how many students are off task, of how many.
+/// The dialog for an off-task estimate: the number of students off task and of those present.
 class OfftaskDialog {
  public:
   enum class Control { offtask, students, ok };
   using Focus = FocusWish<Control>;
 
-  /// Works on the texts of `prompt`.
+  /// Edits the texts of `prompt`, which must outlive the dialog.
   explicit OfftaskDialog(OfftaskPrompt& prompt) : prompt_(prompt) {}
 
   const std::string& Text(Control box) const;
   void Type(Control box, const std::string& text);
-  /// The box gets the focus.
+  /// Call it when the box gets the focus.
   void Enter(Control box);
-  /// The box loses the focus. False when it gets its earlier text back and must keep the focus.
+  /// The box loses the focus. False if it is restored to its earlier text and must keep the focus.
   bool Leave(Control box);
   void EnterOrDown(Control box);
   void Up(Control box);
@@ -34,7 +34,7 @@ class OfftaskDialog {
   Focus focus_;
 };
 
-/// Students off task by students present, as a single. Both texts of `estimate` are numbers.
+/// Students off task divided by students present. Both texts of `estimate` must be numbers.
 float ProportionOf(const OfftaskPrompt& estimate);
 
 }  // namespace orvex

@@ -6,22 +6,22 @@ namespace orvex {
 
 class LiveObservation;
 
-/// The off-task prompt of a form: the countdown to the next estimate, and the button that blinks
+/// The off-task prompt of a form: the countdown to the next estimate, and a button that blinks
 /// while estimates are pending.
 class OfftaskIndicator {
  public:
   explicit OfftaskIndicator(LiveObservation& live) : live_(live) {}
 
-  /// Once a second.
+  /// To be called once a second.
   void Tick();
-  /// The next tick shows the button again if more estimates are pending.
+  /// Asks for a pending estimate. If more are pending, the next tick shows the button again.
   void TakeEstimate();
 
-  /// Whatever ends the schedule takes the button with it at once.
+  /// False as soon as nothing is pending, even before the next tick.
   bool ButtonVisible() const;
-  /// In every other second the button is blank.
+  /// True every other second, to make the button blink.
   bool ButtonBlank() const { return blank_; }
-  /// How many estimates are pending.
+  /// The number of pending estimates.
   int Pending() const;
   std::string CountdownText() const;
 

@@ -10,13 +10,13 @@ namespace orvex {
 
 class LiveObservation;
 
-/// The three running clocks of a class with their captions, and the live form's off-task prompt.
-/// The forms that take the live form's place show the same clocks.
+/// The three running clocks of a class, the captions of two, and the live form's off-task prompt.
+/// Forms shown in place of the live form use the same clocks.
 class SessionClocks {
  public:
   SessionClocks(const Services& services, LiveObservation& live);
 
-  /// Once a second.
+  /// To be called once a second.
   void Tick();
 
   /// "Episode 2 Time: " and "Segment 5 Time: ".
@@ -25,8 +25,8 @@ class SessionClocks {
   const std::string& EpisodeTime() const { return episodeTime_; }
   const std::string& SegmentTime() const { return segmentTime_; }
   const std::string& TimeOfDay() const { return timeOfDay_; }
-  /// What to tell the observer while the log or the recovery file cannot be written; "" while they
-  /// can.
+  /// The message for the observer while the log or the recovery file cannot be written; ""
+  /// otherwise.
   std::string LogTrouble() const;
   OfftaskIndicator& Offtask() { return offtask_; }
   const OfftaskIndicator& Offtask() const { return offtask_; }

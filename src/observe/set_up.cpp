@@ -103,8 +103,8 @@ void SetUp::CheckForEpisodeFile() {
   warning_ = exists ? Say(Text::episodeFileExists, {identity_.ClassId()}) : "";
 }
 
-/// True when a class of these numbers was not ended: that one is offered instead of a new one,
-/// which would take the place of its log.
+/// Offers an unfinished class with these numbers, if there is one, because a new class would
+/// replace its log. True if there was one; then no new class starts.
 bool SetUp::OfferUnfinishedClass() {
   const auto path = RecoveryPath(services_.program.DataPath, identity_);
   if (!IsUnfinishedAt(path)) return false;

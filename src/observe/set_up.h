@@ -10,7 +10,7 @@
 
 namespace orvex {
 
-/// Identifies an observation before it starts, and opens its session log.
+/// The form for the numbers and initials of an observation before it starts. Opens its log.
 class SetUp {
  public:
   enum class Control { initials, schoolNum, classNum, observNum, numStudents, start };
@@ -21,23 +21,23 @@ class SetUp {
 
   const std::string& Text(HeaderBox box) const;
   void Type(HeaderBox box, const std::string& text);
-  /// That an episode file of this name is there already; "" when it is not.
+  /// The warning that an episode file of this name already exists; "" if it does not.
   const std::string& Warning() const { return warning_; }
-  /// In which folder the class goes.
+  /// The text that says in which folder the class is stored.
   const std::string& DataFolder() const { return dataFolder_; }
-  /// True when the four numbers are numbers and at least one student is present.
+  /// True when all four numbers are valid and at least one student is present.
   bool CanStart() const;
 
   void EnterOrDown(HeaderBox box);
   void Up(HeaderBox box);
-  /// Down on the Reset button.
+  /// Handles Down on the Reset button.
   void DownOnReset();
-  /// The box loses the focus: a text that is no number is emptied and the focus comes back; the
-  /// result is then false.
+  /// Call it when the box loses the focus. If its text is not valid, clears the text, moves the
+  /// focus back and returns false.
   bool Leave(HeaderBox box);
   void Reset();
-  /// Opens the log and the live observation, once there is a data folder. When the log cannot be
-  /// opened the user is told, and the form stays.
+  /// Opens the log and the live observation, once there is a data folder. If the log cannot be
+  /// opened, tells the user and stays on the form.
   void Start();
 
   std::optional<Focus::Target> TakeFocus() { return focus_.Take(); }
@@ -52,7 +52,7 @@ class SetUp {
   std::string warning_;
   std::string dataFolder_;
   Focus focus_;
-  BackgroundWriter writer_;  ///< brings to the disk that the folder is remembered
+  BackgroundWriter writer_;  ///< writes down the data folder so that it is remembered
 };
 
 }  // namespace orvex

@@ -8,16 +8,16 @@ namespace orvex {
 
 class Clock;
 
-/// A stopwatch with laps. It knows no midnight: a lap across it counts backwards.
+/// A stopwatch with laps. It does not handle midnight: after it, the times are negative.
 class Stopwatch {
  public:
   explicit Stopwatch(const Clock& clock) : clock_(&clock) {}
 
-  /// Starts it; once it runs, ends a lap and begins the next.
+  /// Starts the stopwatch. If it is already running, ends a lap and begins the next.
   void Start();
-  /// As if it had never been started.
+  /// Returns to the state before the first start.
   void Reset() { *this = Stopwatch(*clock_); }
-  /// Once a second while it runs.
+  /// To be called once a second while the stopwatch runs.
   void Tick();
 
   const std::string& ElapsedText() const { return elapsedText_; }

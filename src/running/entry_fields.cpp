@@ -51,7 +51,7 @@ bool EntryFields::Leave(Dimension field) {
   const DimensionScheme& scheme = SchemeOf(field);
   if (scheme.HasLetters() && Letter(field).empty()) Type(field, scheme.defaultLetter);
 
-  // The heading is there once a response has laid all fields out.
+  // The heading is visible once a response has laid out all fields.
   if (!Holds(Dimension::response, "N")) return headingVisible_ && !NextVisible(field);
   if (field == Dimension::response) {
     if (Holds(Dimension::source, "T")) return true;
@@ -74,8 +74,8 @@ void EntryFields::ShowFirstFields() {
 
 void EntryFields::FillNormalCodes() {
   for (const Dimension field : kDimensions) {
-    // Like the other codes, Source and Response change only where they differ: a question that is
-    // laid out already keeps its layout.
+    // Typing a letter again would lay the fields out anew; a question that already has the normal
+    // letter keeps its layout.
     const std::string_view normal = SchemeOf(field).normalLetter;
     if (Text(field) != normal) Type(field, normal);
   }

@@ -8,9 +8,9 @@
 
 namespace orvex {
 
-/// The code fields of the live question entry, one for each dimension: what is typed in each, and
-/// which of them are shown, as Source and Response ask for. A label goes with its field. A field
-/// that is hidden keeps its content unless the layout empties it, and that content counts like any
+/// The code fields of the live question entry, one per dimension: the text in each, and which ones
+/// are visible, depending on Source and Response. A field is shown or hidden together with its
+/// label. A hidden field keeps its text unless the layout clears it, and that text counts like any
 /// other.
 class EntryFields {
  public:
@@ -20,26 +20,26 @@ class EntryFields {
   /// True when nothing is typed in any field.
   bool AreEmpty() const;
   std::string_view Caption(Dimension field) const;
-  /// The heading over the last codes.
+  /// Whether the heading over the last codes is visible.
   bool HeadingVisible() const { return headingVisible_; }
   std::string_view Heading() const;
 
-  /// The visible field after `from`, or the first one without `from`; and the one before it.
+  /// The visible field after `from` (the first one without `from`), and the one before it.
   std::optional<Dimension> NextVisible(std::optional<Dimension> from) const;
   std::optional<Dimension> PreviousVisible(Dimension from) const;
 
-  /// Takes what was typed. Source and Response are reduced to their letter, and every typing in
-  /// them, also of the letter they hold, lays the fields out anew.
+  /// Stores the text of a field. Source and Response keep only their letter, and typing it lays the
+  /// fields out anew, even if the letter stays the same.
   void Type(Dimension field, std::string_view text);
-  /// Enter or Down in `field`: puts the default where no letter of the field stands. True when the
-  /// question is complete with it.
+  /// Handles Enter or Down in `field`: a field without a valid letter gets its default. True when
+  /// that completes the question.
   bool Leave(Dimension field);
 
   void HideCodeFields();
   void ShowFirstFields();
   void FillNormalCodes();
 
-  /// Hands the whole state of `fields` to `archive`, which may read or change it.
+  /// Passes the whole state of `fields` to `archive`, which may read or change it.
   template <typename Archive, typename Fields>
   static void Visit(Archive& archive, Fields& fields) {
     for (auto& field : fields.fields_.values) {
@@ -75,16 +75,16 @@ class EntryFields {
 
   PerDimension<Field> fields_;
   bool headingVisible_ = false;
-  bool studentAsks_ = false;  ///< the captions are those of a student question
+  bool studentAsks_ = false;  ///< show the captions of a student question
 };
 
-/// The question that is being entered: its text and its codes.
+/// The question being entered: its text and its codes.
 struct QuestionDraft {
   std::string question;
   EntryFields fields;
 
   bool IsEmpty() const { return question.empty() && fields.AreEmpty(); }
-  /// True when `other` can take its place and nothing typed is lost.
+  /// True when `other` can replace it without losing anything typed.
   bool IsBeginningOf(const QuestionDraft& other) const {
     return fields.AreEmpty() && (question.empty() || question == other.question);
   }

@@ -17,7 +17,7 @@ inline constexpr HeaderRound kHeaderBoxes = {HeaderBox::initials, HeaderBox::sch
                                              HeaderBox::classNum, HeaderBox::observNum,
                                              HeaderBox::numStudents};
 
-/// The box that comes `steps` after `box` when Enter goes round the boxes in the order of `round`.
+/// The box `steps` after `box` in the order of `round`, starting over after the last one.
 HeaderBox BoxAfter(const HeaderRound& round, HeaderBox box, std::size_t steps);
 inline HeaderBox NextBox(const HeaderRound& round, HeaderBox box) {
   return BoxAfter(round, box, 1);
@@ -26,22 +26,23 @@ inline HeaderBox PreviousBox(const HeaderRound& round, HeaderBox box) {
   return BoxAfter(round, box, round.size() - 1);
 }
 
-/// The text of a box.
+/// The text that `identity` has for a box.
 std::string& HeaderText(Identity& identity, HeaderBox box);
 const std::string& HeaderText(const Identity& identity, HeaderBox box);
 
-/// Stores what was typed: one line, without the double quotes that would end the initials early.
+/// Stores the text of a box as one line. Double quotes in the initials become single ones, because
+/// in a file they would end the initials early.
 void TypeHeaderText(Identity& identity, HeaderBox box, const std::string& text);
 
-/// True when the box holds nothing, or what it is there for: the initials any text, the others a
-/// number in their range.
+/// True when the box is empty or its text is valid: any text for the initials, a number within its
+/// range for the others.
 bool HoldsValidText(const Identity& identity, HeaderBox box);
 
 /// The boxes that name the class, in the order of TypedNumbers.
 inline constexpr std::array kNumberBoxes = {HeaderBox::schoolNum, HeaderBox::classNum,
                                             HeaderBox::observNum};
-/// The place of a box among them; nothing for the others.
+/// The index of `box` in kNumberBoxes; empty if it is not one of them.
 std::optional<std::size_t> NumberIndex(HeaderBox box);
-/// What the boxes say: the identity, and what is being typed over its numbers.
+/// The identity as the boxes show it: its accepted numbers replaced by those being typed.
 Identity AsTyped(Identity identity, const TypedNumbers& typed);
 }  // namespace orvex

@@ -6,36 +6,37 @@
 
 namespace orvex {
 
-/// When off-task estimates fall due within a segment. A minute before each one a countdown begins;
-/// at its end one more estimate is pending.
+/// Decides when off-task estimates fall due within a segment. A countdown begins one minute before
+/// each; when it ends, one more estimate is pending.
 class OfftaskSchedule {
  public:
-  /// Stops the schedule: nothing counts down, and nothing is pending.
+  /// Stops the schedule, its countdown included, and drops all pending estimates.
   void Stop();
-  /// Starts it anew within a segment that has run for `seconds`; `cadence` in minutes.
+  /// Starts the schedule anew in a segment that has run for `seconds`. `cadence` is the number of
+  /// minutes between two estimates; the same holds below.
   void Start(float seconds, float cadence);
 
-  /// Starts it anew after it has fallen behind. What is pending stays pending.
+  /// Starts the schedule anew after it has fallen behind. Pending estimates stay pending.
   void Restart(float seconds, float cadence);
-  /// True when the next estimate should be pending by now, but no tick has made it so.
+  /// True when the next estimate should already be pending, but no tick has made it so.
   bool IsBehind(float seconds, float cadence) const;
 
-  /// True while it is to be asked every 500 ms.
+  /// True while Tick is to be called.
   bool Running() const { return running_; }
-  /// Every 500 ms while it runs, in a segment that started at `segmentStart`. Both times are
-  /// readings of the clock.
+  /// To be called every 500 ms while the schedule runs. `now` and `segmentStart`, the start of the
+  /// segment, are seconds since midnight.
   void Tick(float now, float segmentStart, float cadence);
 
-  /// An estimate was made or skipped.
+  /// Removes one pending estimate, which was made or skipped.
   void TakeEstimate();
 
-  /// Seconds until the next estimate is pending; 0 when none is near.
+  /// Seconds until the next estimate is pending; 0 while no countdown runs.
   std::int32_t OfftaskCountdown() const { return countdown_; }
   std::int32_t OfftaskPending() const { return pending_; }
 
-  /// The clock that it works by has been moved by `seconds`.
+  /// Moves the stored time by `seconds`, after the clock itself was moved by that much.
   void ShiftTimes(float seconds) { countdownStart_ += seconds; }
-  /// Hands the whole state of `schedule` to `archive`, which may read or change it.
+  /// Passes the whole state of `schedule` to `archive`, which may read or change it.
   template <typename Archive, typename Schedule>
   static void Visit(Archive& archive, Schedule& schedule) {
     archive.Numbers("schedule", schedule.running_, schedule.nextEstimateIndex_,

@@ -8,7 +8,7 @@
 namespace orvex {
 namespace {
 
-/// True when the step is about no question of the episodes, or its place is there.
+/// True when the step's place exists in `episodes`, or the step concerns no question of theirs.
 bool HasPlace(const QuestionStep& step, const EpisodeList& episodes) {
   const auto [number, position] = step.place;
   if (position == 0) return true;
@@ -51,7 +51,7 @@ void QuestionHistory::Record(QuestionStep step, const EpisodeList& episodes) {
   const questionInfo& now = episodes.at(static_cast<std::size_t>(place.episode - 1))
                                 .questions.at(static_cast<std::size_t>(place.question - 1));
   if (done_.back().question != now) return;
-  // All that was typed has been taken back by hand.
+  // The user has retyped the original by hand, so there is nothing left to undo.
   done_.pop_back();
   typingGoesOn_ = false;
 }

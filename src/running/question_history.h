@@ -10,10 +10,10 @@
 
 namespace orvex {
 
-/// Back to how it was, or forth again.
+/// The direction in which a step of the history is taken.
 enum class Way { undo, redo };
 
-/// A question's episode and its position there, both counted from 1. Position 0 stands for none.
+/// A question's episode and its position there, both counted from 1. Question 0 means none.
 struct QuestionPlace {
   int episode = 0;
   int question = 0;
@@ -21,15 +21,15 @@ struct QuestionPlace {
   bool operator==(const QuestionPlace&) const = default;
 };
 
-/// A change of a question that can be undone and redone. Either exchanges what the step holds for
-/// what the class holds, so that whatever goes is there to come back.
+/// A change to a question that can be undone and redone. Both work the same way: they swap what the
+/// step holds with what the class holds, so the next swap brings it back.
 struct QuestionStep {
   QuestionPlace place;
-  bool present = false;  ///< a question stands at the place, and goes
-  /// The question that comes to the place, and the one to enter that comes for the one entered now.
+  bool present = false;  ///< the step removes or replaces a question at `place`
+  /// The question that the step puts at `place`, and the draft that replaces the current one.
   std::optional<questionInfo> question = {};
   std::optional<QuestionDraft> draft = {};
-  /// Changes in a row with the same one are one step; "" for a step of its own.
+  /// Consecutive changes with the same text here form one step; "" always starts a new step.
   std::string typing = {};
 
   bool Brings() const { return question && !present; }
@@ -37,30 +37,30 @@ struct QuestionStep {
   bool Revises() const { return present && question; }
 };
 
-/// What can be brought back of the questions of a running class, and what was taken back.
+/// The changes to the questions of a running class that can be undone, and the undone ones.
 class QuestionHistory {
  public:
-  /// Takes a change that has been made. What had been undone can then no longer be redone.
+  /// Adds a change that has just been made. Undone steps can then no longer be redone.
   void Record(QuestionStep step, const EpisodeList& episodes);
 
-  /// The step that `Take` takes next; null for none. What there is no room for has to wait: a
-  /// question while the episode is full, a draft while another one is being typed.
+  /// The step that `Take` would take next. Null when there is none or no room for it: a question
+  /// has to wait while the episode is full, a draft while another one is being typed.
   const QuestionStep* Next(Way way, const EpisodeList& episodes, const QuestionDraft& draft) const;
-  /// Undoes or redoes that step, and returns it as it is now; null when there was none.
+  /// Undoes or redoes the next step and returns it as it is afterwards; null when there was none.
   const QuestionStep* Take(Way way, EpisodeList& episodes, QuestionDraft& draft);
   /// How many steps can be undone.
   std::size_t Steps() const { return done_.size(); }
 
-  /// What is typed from here on is a step of its own.
+  /// Ends the current step of typing; further typing starts a new one.
   void EndTyping() { typingGoesOn_ = false; }
 
   void ForgetUndone() { undone_.clear(); }
-  /// Keeps only the steps in which whole questions come and go.
+  /// Drops the steps that revise a question; those that add or remove a whole one stay.
   void ForgetRevisions();
   void ForgetDrafts();
   void ForgetEpisode(int episode);
 
-  /// Hands the steps of `history` to `archive`, each through `visit`.
+  /// Passes the steps of `history` to `archive`, each through `visit`.
   template <typename Archive, typename History, typename VisitStep>
   static void Visit(Archive& archive, History& history, VisitStep visit) {
     archive.List("done", history.done_, visit);

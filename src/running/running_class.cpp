@@ -86,7 +86,7 @@ void RunningClass::StartSegment(EpisodeList& episodes, float now) {
   segmentStart = now;
 }
 
-/// What an episode that has ended keeps of its end.
+/// Records what an episode takes from its end: its last activity and its off-task mean.
 void RunningClass::CloseEpisode(Episode& episode) {
   episodeActivity = curActivity;
   if (!episode.questions.empty()) episode.offtask = AverageOf(offtaskEstimates);
@@ -141,7 +141,7 @@ void RunningClass::ConvertToSegment(EpisodeList& episodes) {
   curSegment = static_cast<int>(episodes.back().segments.size()) + 1;
   offtaskEstimates = prevOfftaskEstimates;
   episodeStart = prevEpisodeStart;
-  // The running segment keeps the activity it has; what is on the form is what is stored.
+  // A chosen activity stays as it is, so that the class stores what the form shows.
   if (ChosenActivity() == kNoActivity) curActivity = episodeActivity;
   coding.choicesVisible = true;
 }

@@ -19,145 +19,145 @@
 
 namespace orvex {
 
-/// The estimate dialog as it was left by skipping it, and the number of students when it was
-/// loaded.
+/// The estimate dialog, kept with its texts while the observer skips it, and the number of students
+/// when it was first opened.
 struct EstimateDialog {
   OfftaskPrompt prompt;
   std::string studentsBefore;
 };
 
-/// What is being typed in the boxes of the school, class and observation number, in this order,
-/// where that is not the number that was accepted.
+/// The texts in the boxes for the school, class and observation number, in this order; empty where
+/// the box shows the accepted number.
 using TypedNumbers = std::array<std::optional<std::string>, 3>;
 
-/// What a class has last stored in its episode, notes and survey file; 0 for nothing yet. A file
-/// with another content is not, or no longer, its own.
+/// The checksums of what a class last stored in its episode, notes and survey files; 0 before the
+/// first time. A file with any other content does not belong to the class, or no longer does.
 struct StoredContents {
   std::uint64_t episodes = 0;
   std::uint64_t notes = 0;
   std::uint64_t survey = 0;
 };
 
-/// Between segment and episode: the running segment can begin an episode, or its episode can become
-/// a segment of the one before.
+/// The running segment can become the start of a new episode, or its episode can become a segment
+/// of the previous one.
 enum class Conversion { none, toEpisode, toSegment };
 
-/// What the observer can do as the class stands.
+/// What the observer can do at the moment.
 struct AllowedActions {
   bool segment = false;  ///< start the next one
   bool episode = false;  ///< start the next one
   bool review = false;   ///< look at the questions
-  bool proof = false;    ///< look for what the questions lack
+  bool proof = false;    ///< look for questions with missing codes
   bool survey = false;
-  bool end = false;  ///< end the class or, once it is stored, leave it
+  bool end = false;  ///< end the class, or leave it once it is stored
   Conversion conversion = Conversion::none;
 };
 
-/// What the end of an episode replaces, for a class that goes on all the same.
+/// What ending an episode overwrites, so that a class that goes on after all can have it back.
 struct BeforeEnd {
   OfftaskSchedule schedule;
   int episodeActivity = kNoActivity;
   float offtask = 0;
 };
 
-/// Whether the activity of the running segment is chosen. `abandoned`: it was question/answer, was
-/// given up, and another is awaited.
+/// Whether the activity of the running segment is chosen. `abandoned` means that it was
+/// question/answer but was given up, so that another one must be chosen.
 enum class ActivityChoice { awaited, abandoned, made };
 
-/// What is known of a class while it runs, besides the observation that its end stores, and what
-/// can become of it. Times are seconds since midnight.
+/// The state of a class while it runs, apart from the observation that is stored at its end, and
+/// the operations on it. Times are seconds since midnight.
 struct RunningClass {
-  /// One class has one, whatever its numbers are: it is made up when the class begins.
+  /// A random id, generated when the class begins. It stays the same when its numbers change.
   std::string token;
-  /// The numbers in the program's identity are the accepted ones: they name the log and all files.
+  /// Numbers not yet accepted. The accepted ones, which name the files, are in the identity.
   TypedNumbers typedNumbers;
   int curEpisode = 1;
   int curSegment = 1;
   float episodeStart = 0;
   float segmentStart = 0;
   float prevEpisodeStart = 0;
-  /// The question/answer estimates of the running episode, and of the one before it.
+  /// The question/answer estimates of the running episode, and of the previous one.
   std::vector<float> offtaskEstimates;
   std::vector<float> prevOfftaskEstimates;
-  /// The activities of the running segment, of the one before the last choice, and of the last
-  /// segment of the last episode. Until a segment's own is chosen, `curActivity` is the one before.
+  /// The activity of the running segment, the one before the last choice, and the last one of the
+  /// previous episode. Until a new segment's own is chosen, `curActivity` is the one before it.
   int curActivity = kNoActivity;
   int prevActivity = kNoActivity;
   int episodeActivity = kNoActivity;
   ActivityChoice choice = ActivityChoice::awaited;
   bool freshSegment = false;
-  /// Segments end without an estimate: from a question/answer that was started by its own button
-  /// until a segment is started by that for segments.
+  /// Segments end without an estimate. Set when the question/answer button starts a segment, and
+  /// cleared when the segment button does.
   bool skipEstimate = false;
   OfftaskSchedule schedule;
   std::optional<EstimateDialog> estimateDialog;
   SegmentCoding coding;
   std::string fieldNotes;
-  /// What is being typed in the dialog of the field notes.
+  /// The text being typed in the field notes dialog.
   std::optional<std::string> draftNotes;
   Survey survey;
-  /// Where the class is stored, when that is not its usual place; the survey then goes beside it.
+  /// The episode file if the user chose the place for it; the survey then goes beside it.
   std::filesystem::path storedElsewhere;
   StoredContents stored;
-  /// The class is stored and only its survey is not.
+  /// Everything but the survey is stored.
   bool awaitsSurvey = false;
-  /// No key has been typed in a description: there is nothing to store yet.
+  /// No key has been typed in a description, so there is nothing to store yet.
   bool nothingEntered = true;
   QuestionDraft draft;
-  /// How many questions the episode had when the running question/answer began.
+  /// The number of questions in the episode when the running question/answer began.
   int questionsBefore = 0;
   QuestionHistory history;
 
-  /// A class that begins at `now`, with the first segment of its first episode.
+  /// A class that begins at `now` with the first segment of its first episode.
   static RunningClass Begun(float now);
 
-  /// The activity that is chosen for the running segment; kNoActivity while none is.
+  /// The activity chosen for the running segment; kNoActivity until there is one.
   int ChosenActivity() const { return choice == ActivityChoice::made ? curActivity : kNoActivity; }
-  /// True while the next activity is the segment's first, and revises none.
+  /// True while the next choice is the segment's first, so that it revises no other.
   bool AwaitsActivity() const { return curActivity == kNoActivity || freshSegment; }
-  /// True when the end of the segment asks for an estimate.
+  /// True when ending the segment asks for an estimate.
   bool EndsWithEstimate() const {
     return ActivityOf(ChosenActivity()).TakesEstimates() && !skipEstimate;
   }
   bool RoomForSegment() const { return curSegment < kMostNumber; }
   bool RoomForEpisode() const { return curEpisode < kMostNumber; }
-  /// The running segment as it would be stored after `seconds`.
+  /// The running segment as it would be stored with a duration of `seconds`.
   SegmentData Segment(float seconds) const { return coding.Segment(curActivity, seconds); }
-  /// The question that is being entered, as it would be stored now.
+  /// The question being entered, as it would be stored now.
   questionInfo DraftAsStored() const;
   AllowedActions Allowed(const EpisodeList& episodes) const;
 
-  // What becomes of the class. `episodes` are its own, of which the last one runs.
+  // Changes to the class. `episodes` are those of the class; the last one is running.
 
-  /// The segment gets its activity, or another one: what was coded for that is then forgotten.
+  /// Sets or revises the activity of the segment. Revising it resets the segment's codes.
   void ChooseActivity(int activity, const EpisodeList& episodes, float now);
-  /// Gives the segment up as question/answer: it takes its previous activity back and waits for a
-  /// new choice. An episode that has only just begun loses its description.
+  /// Gives up question/answer for the segment, which returns to its previous activity and waits for
+  /// a new choice. In the first segment of an episode, this clears the episode's description.
   void AbandonQuestionAnswer(EpisodeList& episodes);
-  /// Ends the running segment, which becomes a record of its episode, and starts the next one.
+  /// Ends the running segment, adding it to its episode, and starts the next one.
   void StartSegment(EpisodeList& episodes, float now);
-  /// Ends the running segment and its episode, and starts the next one of both.
+  /// Ends the running segment and its episode, and starts the next of each.
   void StartEpisode(EpisodeList& episodes, float now);
-  /// Ends the running segment and its episode.
+  /// Ends the running segment and its episode. The result is for GoOn.
   BeforeEnd EndEpisode(EpisodeList& episodes, float now);
-  /// Takes that back: the segment runs on as if its end had not been asked for.
+  /// Takes EndEpisode back: the segment continues as if it had not ended.
   void GoOn(EpisodeList& episodes, const BeforeEnd& before);
-  /// The running segment becomes the first one of a new episode.
+  /// Makes the running segment the first one of a new episode.
   void ConvertToEpisode(EpisodeList& episodes);
-  /// The running episode becomes the last segment of the one before.
+  /// Makes the running episode the last segment of the previous one.
   void ConvertToSegment(EpisodeList& episodes);
-  /// The class is taken up again at `now`. A segment whose end was about to be stored runs on, and
-  /// the estimates that fell due while nobody was there can no longer be made.
+  /// Continues a class that is taken up again at `now`. A segment whose end was about to be stored
+  /// goes on. Estimates that fell due in the meantime are dropped.
   void TakeUp(EpisodeList& episodes, float now);
-  /// The segment began `seconds` before `now`, and the episode is as much off. Returns by how much
-  /// both starts have moved.
+  /// Sets the start of the segment to `seconds` before `now`, and moves the start of the episode by
+  /// the same amount. Returns that amount in seconds.
   float CorrectTime(float now, float seconds);
-  /// Files an estimate under the kind of the activity, and with the episode if it is one of
+  /// Adds an estimate to those of its kind of activity, and to the episode's own if the activity is
   /// question/answer.
   void RecordEstimate(float proportion, EstimatesByCategory& estimates);
-  /// Every 500 ms while the schedule runs.
+  /// To be called every 500 ms while the schedule runs.
   void TickSchedule(float now);
-  /// Moves every time by `seconds`.
+  /// Moves every stored time by `seconds`.
   void ShiftTimes(float seconds);
 
  private:

@@ -7,7 +7,7 @@
 namespace orvex {
 namespace {
 
-/// The position of `text` in a list, to the letter; kUncoded when it is not there.
+/// The index of the name that equals `text` exactly; kUncoded if there is none.
 std::int16_t PositionIn(std::span<const std::string_view> names, std::string_view text) {
   const auto found = std::ranges::find(names, text);
   return found == names.end() ? kUncoded : static_cast<std::int16_t>(found - names.begin());

@@ -10,12 +10,12 @@
 
 namespace orvex {
 
-/// What the observer has set on the live form for the running segment, whatever its activity.
+/// What the observer has set on the live form for the running segment, for any activity.
 struct SegmentCoding {
-  bool choicesVisible = false;  ///< the activities and what they are coded on are shown
+  bool choicesVisible = false;  ///< show the activities and their sub-codes
 
   std::string about;
-  /// The codes that are chosen, by sub-code, and what is typed where they are typed.
+  /// For each sub-code, the chosen code, or the text if its value is typed.
   std::array<std::int16_t, kSubCodeCount> chosen{};
   std::array<std::string, kSubCodeCount> typed;
 
@@ -26,12 +26,12 @@ struct SegmentCoding {
   std::string& Typed(SubCode code) { return typed[static_cast<std::size_t>(code)]; }
   const std::string& Typed(SubCode code) const { return typed[static_cast<std::size_t>(code)]; }
 
-  /// Takes every code back: another activity is chosen for the segment.
+  /// Resets every code, for a revised activity of the segment.
   void ResetForNewActivity() { ResetCodes(Say(Text::codingOfNewActivity)); }
-  /// Everything as it stands when a segment starts.
+  /// Resets the codes and the text for a segment that starts.
   void ResetForNewSegment();
 
-  /// A segment of `activity` with the codes that it carries.
+  /// A segment of `activity` that lasts `seconds`, with the codes that this activity has.
   SegmentData Segment(int activity, float seconds) const;
 
  private:

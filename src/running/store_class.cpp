@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Replaces the files of a class, and keeps what is not its own.
+/// Replaces the files of a class, keeps those that are not its own, and tells the user at the end.
 class OwnFiles {
  public:
   explicit OwnFiles(const Services& services) : services_(services) {}
@@ -28,7 +28,7 @@ class OwnFiles {
   OwnFiles(const OwnFiles&) = delete;
   OwnFiles& operator=(const OwnFiles&) = delete;
 
-  /// `stored` is the checksum of what the class has stored in such a file last.
+  /// `stored` is the checksum of what the class last stored in this kind of file.
   void Replace(const fs::path& path, const std::string& bytes, std::uint64_t& stored) {
     older_.push_back(ReplaceOwn(services_.storage, path, bytes, IsOwn(path, bytes, stored)));
     stored = Checksum(bytes);

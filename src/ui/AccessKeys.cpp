@@ -9,7 +9,7 @@
 namespace orvex {
 namespace {
 
-/// Captions whose first letter belongs to another button of the same box, and the letter they have.
+/// The access keys of captions whose first letter belongs to another button of the same box.
 constexpr std::array<std::pair<Text, QChar>, 3> kLetters = {
     {{Text::chooseFolder, u'h'}, {Text::useProgramFolder, u'p'}, {Text::saveElsewhere, u'e'}}};
 

@@ -5,7 +5,7 @@
 
 namespace orvex {
 
-/// The caption of a button that answers a question of the core, with its access key.
+/// The caption of a button in a message box, with "&" before the letter that is its access key.
 QString WithAccessKey(const std::string& caption);
 
 }  // namespace orvex

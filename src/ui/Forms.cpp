@@ -32,16 +32,16 @@
 namespace orvex {
 
 struct Forms::Row {
-  /// Makes the form. Without it, the form is loaded by whoever knows what it is about.
+  /// Builds the form. Empty if that takes more than Forms has; a Show function then loads it.
   std::function<LoadedForm(Forms&)> make = {};
-  /// Whose place it takes on the screen: that of the first of these that is loaded.
+  /// The form appears in the place of the first of these that is loaded.
   std::vector<Screen> over = {};
-  /// What goes with it when it closes.
+  /// The forms that close together with it.
   std::vector<Screen> closes = {};
 };
 
 const Forms::Row& Forms::RowOf(Screen screen) {
-  /// Makes the form of a report on what the episode editor shows.
+  /// Builds the form of a report on what the episode editor shows.
   const auto report = [](auto make) {
     return [make](Forms& forms) {
       auto* edit = forms.Get<frmClassEdit>();
@@ -113,7 +113,7 @@ Forms::Forms(Program& program, SessionLog& log, RecoveryFile& recovery, Storage&
 }
 
 Forms::~Forms() {
-  // A form goes before the forms it works with.
+  // Destroy a form before the forms it works with.
   while (!loaded_.empty()) loaded_.erase(std::prev(loaded_.end()));
 }
 
@@ -151,7 +151,7 @@ void Forms::BringToFront(Screen screen) {
   const auto found = loaded_.find(screen);
   if (found == loaded_.end()) return;
   QWidget& form = *found->second.widget;
-  // A copy: what is refreshed may close the form.
+  // A copy, because the refresh may close the form.
   const std::function<void()> refresh = found->second.refresh;
   if (auto* dialog = qobject_cast<QDialog*>(&form)) {
     refresh();
@@ -160,15 +160,15 @@ void Forms::BringToFront(Screen screen) {
   }
   form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
   if (!form.isVisible()) FitToScreen(form);
-  // A form that comes back stands where it stood; only its first place is the window manager's.
-  // Told without the frame, which a hidden window does not have.
+  // A form that comes back appears where it was; the window manager places it only the first time.
+  // The position is without the frame, which a hidden window does not have.
   if (form.windowHandle() && !form.isVisible()) {
     form.windowHandle()->setPosition(form.geometry().topLeft());
   }
   form.show();
   form.raise();
   form.activateWindow();
-  // Last: a focus wish needs a form that can have it.
+  // Refresh last: the form cannot take the focus before it is shown.
   refresh();
 }
 
@@ -187,7 +187,7 @@ void Forms::Close(Screen screen) {
   if (found == loaded_.end()) return;
   for (const Screen along : RowOf(screen).closes) Close(along);
   found->second.widget->hide();
-  // The operation that closes a form may have come from it, and goes on in it.
+  // The form may be closing itself: its code still runs after this returns.
   loaded_.extract(found).mapped().widget.release()->deleteLater();
 }
 
@@ -264,8 +264,8 @@ void Forms::KeepAll() {
 
 void Forms::EndProgram() {
   isEnding_ = true;
-  // Exiting all event loops, including those of open boxes, lets every running operation return.
-  // After that the forms and the log are destroyed by their owners, in the usual order.
+  // Exiting all event loops, including those of open dialogs, lets every running operation return.
+  // After that their owners destroy the forms and the log, in the usual order.
   QMetaObject::invokeMethod(
       &ending_, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
 }

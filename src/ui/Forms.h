@@ -43,10 +43,10 @@ class Forms : public Screens {
   bool IsEnding() const { return isEnding_; }
 
  private:
-  /// What is particular to a form.
+  /// How a form is built and placed, and what closes with it.
   struct Row;
 
-  /// A form, and how it is told to show what is to be seen.
+  /// A form, and the function that refreshes what it shows.
   struct LoadedForm {
     LoadedForm() = default;
     template <typename Form>
@@ -58,20 +58,20 @@ class Forms : public Screens {
   };
 
   static const Row& RowOf(Screen screen);
-  /// The loaded form of this class; null without one.
+  /// The loaded form of class `Form`; null if there is none.
   template <typename Form>
   Form* Get() const;
   frmClassAct& LiveForm();
-  /// Loads `form`, which may be none, in the place of what is loaded there.
+  /// Replaces the form loaded for `screen` with `form`; without a widget, only closes the old one.
   void Load(Screen screen, LoadedForm form);
-  /// Loads the form if it is not loaded and can be built from nothing else.
+  /// Builds the form if it is not loaded and Forms can build it on its own.
   void Load(Screen screen);
   void BringToFront(Screen screen);
 
   std::filesystem::path programFolder_;
   Services services_;
   bool isEnding_ = false;
-  QObject ending_;  // what is asked of it is done after the running operation
+  QObject ending_;  // its destruction ends the connections made here
   std::map<Screen, LoadedForm> loaded_;
 };
 

@@ -15,7 +15,7 @@
 namespace orvex {
 namespace {
 
-/// The episode that `editor` shows; null when there is none.
+/// The episode that `editor` shows; null if there is none.
 const Episode* EditedEpisode(const Services& services, const EpisodeEditor& editor) {
   const EpisodeList& episodes = services.program.Episodes;
   const auto number = static_cast<std::size_t>(editor.CurrentEpisode());

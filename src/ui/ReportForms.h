@@ -12,13 +12,13 @@ class frmQuestionPlot;
 class frmQuestionStats;
 class frmTimeSummary;
 
-/// The forms of the reports on what `editor` shows, with the ways that lead on from them. Those on
-/// an episode are null when there is none.
+/// The forms of the reports on what `editor` shows, with their buttons connected to other forms.
+/// Reports on a single episode are null if there is no episode.
 std::unique_ptr<frmTimeSummary> MakeTimeSummaryForm(const Services& services,
                                                     const EpisodeEditor& editor);
 std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services,
                                                         const EpisodeEditor& editor);
-/// `back` is the form that is shown again when the plot is left.
+/// `back` is the form to show again when the user leaves the plot.
 std::unique_ptr<frmQuestionPlot> MakeQuestionPlotForm(const Services& services,
                                                       const EpisodeEditor& editor, Screen back);
 

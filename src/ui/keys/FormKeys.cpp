@@ -15,20 +15,20 @@
 namespace orvex {
 namespace {
 
-/// Alt and a letter.
+/// True for Alt with a letter, with or without Shift.
 bool IsMnemonic(const QKeyEvent& key) {
   const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::ShiftModifier;
   return modifiers == Qt::AltModifier && !key.text().isEmpty();
 }
 
 void GuardList(QComboBox* list) {
-  list->setFocusPolicy(Qt::StrongFocus);  // not by the wheel
+  list->setFocusPolicy(Qt::StrongFocus);  // so that the wheel does not focus it
   new PressGuard(list);
   if (list->lineEdit()) new PressGuard(list->lineEdit());
 }
 
 void ScrollIntoSight(QWidget* control, Qt::FocusReason reason) {
-  // From under the mouse that is about to press it, a button must not go.
+  // A button must not move away from under the mouse that is about to press it.
   if (reason == Qt::MouseFocusReason && qobject_cast<QAbstractButton*>(control)) return;
   for (QWidget* around = control; !around->isWindow(); around = around->parentWidget()) {
     auto* area = qobject_cast<QScrollArea*>(around);
@@ -66,7 +66,7 @@ bool FormKeys::eventFilter(QObject* watched, QEvent* event) {
   }
 }
 
-/// Whether a key is a shortcut or comes back as a press. True when that is settled.
+/// Decides whether a key is a shortcut or comes back as a press. False leaves that to Qt.
 bool FormKeys::TakeOverride(const QWidget* control, QKeyEvent& key) const {
   const bool isPress = special_.letters && special_.letters(control, key);
   const bool isShortcut = special_.shortcuts && special_.shortcuts(key);

@@ -14,35 +14,35 @@ inline bool IsEnter(const QKeyEvent& key) {
   return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
 
-/// The keyboard rules of the forms. Only two dialogs do without them: the stopwatch, where every
-/// key means something of its own, and the list of unfinished work, where Enter presses the default
+/// The keyboard rules of the forms. Only two dialogs do not use them: the stopwatch, where every
+/// key has its own meaning, and the list of unfinished work, where Enter presses the default
 /// button.
-/// Enter presses no button and moves on where the form says where to; only in a box of several
-/// lines it ends a line. Alt and a letter are for a button: where no button takes them, they do not
-/// type the letter. A control that gets the focus is scrolled into sight. Over a list that nobody
-/// is in, the wheel scrolls the form and chooses nothing, and no press reaches a list that it must
-/// not reach. (The rules of a button are CommandButton's, those of keys held down HeldKeys'.)
+/// Enter presses no button. It moves to the next control if the form names one; only in a box of
+/// several lines does it end a line. Alt with a letter is for buttons: if no button takes it, it
+/// does not type the letter. A control that gets the focus is scrolled into view. Over a list
+/// without the focus, the wheel scrolls the form instead of choosing. PressGuard protects lists
+/// from stale presses. (See CommandButton for the rules of buttons, HeldKeys for keys held down.)
 class FormKeys : public QObject {
  public:
-  /// What is special to a form.
+  /// The exceptions and additions of one form.
   struct Special {
-    /// The buttons that ask something: the focus goes back to where it was before.
+    /// The buttons that ask something: after a click the focus returns to where it was before.
     std::vector<QAbstractButton*> asking = {};
-    /// The buttons that Enter presses all the same: whoever has come there with Enter from box to
-    /// box is done with it, too.
+    /// The buttons that Enter presses after all, so that a user who moves from box to box with
+    /// Enter can also finish with it.
     std::vector<QAbstractButton*> pressedByEnter = {};
-    /// Where Enter leads from a control.
+    /// The control that Enter moves to from `control`.
     std::function<QWidget*(const QWidget* control)> next = {};
-    /// The button that a key presses from within a control, where several have its letter.
+    /// The button that a key presses from within `control`, where several buttons share its letter.
     std::function<QAbstractButton*(const QWidget* control, const QKeyEvent& key)> letters = {};
-    /// The form's shortcuts that no box may take for itself.
+    /// True for the form's shortcuts, which no box may use for itself.
     std::function<bool(const QKeyEvent& key)> shortcuts = {};
-    /// The keys of its own, also Enter. True when the key is done with: nobody else is to have it.
+    /// Handles the form's own keys, which may include Enter. True to stop the key here.
     std::function<bool(const QWidget* control, const QKeyEvent& key)> own = {};
   };
 
-  /// For `form`, which owns it, and all that is in it by now. Made after the clicks of its buttons
-  /// have been connected.
+  /// Applies the rules to `form`, which owns this object, and to all its present children. Create
+  /// it after connecting the clicks of the form's buttons.
   explicit FormKeys(QWidget* form);
   FormKeys(QWidget* form, Special special);
 
