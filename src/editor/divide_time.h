@@ -5,21 +5,21 @@
 
 namespace orvex {
 
-/// The dialog that divides a segment's time: what is typed for the second part, and what is left
-/// for the first.
+/// The state of the dialog that divides a segment's time. The user types the seconds of the second
+/// part; the rest stays with the first.
 class DivideTime {
  public:
   explicit DivideTime(int totalSeconds);
 
-  /// The seconds of the second part that were last accepted.
+  /// The last accepted number of seconds of the second part.
   int SecondSeconds() const { return secondSeconds_; }
   std::string FirstText() const;
   const std::string& SecondText() const { return secondText_; }
 
-  /// Takes what was typed. A text that is no number from 0 to the total gives way to the last
-  /// accepted one.
+  /// Takes what the user typed, rounded to whole seconds. If it is not a number from 0 to the
+  /// total, the last accepted one is shown again.
   void TypeSecond(std::string_view text);
-  /// One second up or down, or several.
+  /// Whether the second part can change by `steps` seconds, up or (negative) down.
   bool CanStep(int steps) const;
   void Step(int steps);
 

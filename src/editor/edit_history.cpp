@@ -33,7 +33,7 @@ bool EditHistory::Record(const EpisodeList& episodes, EditStep step, std::string
   return true;
 }
 
-/// Makes one step of the last one and of what was typed since.
+/// Extends the last step by what has been typed since.
 void EditHistory::TypeOn(const EpisodeList& episodes, const EditStep& step) {
   Step& last = steps_.back();
   TakeBack(last.change, now_);
@@ -41,7 +41,7 @@ void EditHistory::TypeOn(const EpisodeList& episodes, const EditStep& step) {
   last.step.after = step.after;
   Apply(last.change, now_);
   if (!last.change.None()) return;
-  // All that was typed has been taken back by hand.
+  // The user has deleted everything again, so nothing is left to undo.
   steps_.pop_back();
   --done_;
   typing_.clear();

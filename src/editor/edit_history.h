@@ -10,39 +10,39 @@
 
 namespace orvex {
 
-/// One change, as it is undone and redone: what it is called, and what was shown before and after.
+/// One change that can be undone and redone: its name, and the place shown before and after it.
 struct EditStep {
   std::string name;
   Place before;
   Place after;
 };
 
-/// What was done to the episodes since they were read, to go back and forth. A step keeps what it
-/// changed, and no more: a key typed into a question of six thousand costs that question.
+/// The undo and redo history of the episodes since they were read. Each step keeps only what it
+/// changed, so a key typed into one of six thousand questions costs one question, not all of them.
 class EditHistory {
  public:
-  /// Begins anew with `episodes`; `saved` when a file holds them like this.
+  /// Starts over with `episodes`. `saved` says that the file holds exactly these.
   void Start(const EpisodeList& episodes, bool saved);
 
-  /// Takes `episodes` as the next state, unless they are the current one. Steps in a row with the
-  /// same `typing` count as one, unless it is empty. True when there was a change.
+  /// Records `episodes` as the next state. Returns false if they equal the current one. Consecutive
+  /// steps with the same `typing` become one step, unless it is empty.
   bool Record(const EpisodeList& episodes, EditStep step, std::string typing = {});
-  /// What is typed from here on is a step of its own.
+  /// Makes whatever is typed next a new step.
   void EndTyping() { typing_.clear(); }
 
-  /// Counts up with every change of the state.
+  /// Goes up with every change of the state.
   std::size_t Changes() const { return changes_; }
 
-  /// The step that `Undo` or `Redo` takes next; null when there is none.
+  /// The step that `Undo` or `Redo` would take; null if there is none.
   const EditStep* NextUndo() const;
   const EditStep* NextRedo() const;
   /// How many steps can be undone.
   std::size_t Steps() const { return done_; }
-  /// Turn `episodes` into the state before or after. Nothing happens when there is no such step.
+  /// Set `episodes` to the previous or next state, or do nothing if there is none.
   void Undo(EpisodeList& episodes);
   void Redo(EpisodeList& episodes);
 
-  /// The current state is the one in the file from here on.
+  /// Notes that the file now holds the current state.
   void MarkSaved();
   bool IsSaved() const { return isSaved_; }
 
@@ -58,7 +58,7 @@ class EditHistory {
 
   FlatEpisodes now_;         ///< the episodes as they were last recorded
   std::vector<Step> steps_;  ///< oldest first
-  std::size_t done_ = 0;     ///< how many of them have not been undone
+  std::size_t done_ = 0;     ///< how many of `steps_` are not undone
   std::size_t changes_ = 0;
   FlatEpisodes saved_;
   bool everSaved_ = false;

@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What a file holds that was read before.
+/// Reads a file that could be read before. Throws FileError, which says so.
 std::string ReadAgain(const fs::path& path) {
   try {
     return ReadFile(path);
@@ -40,7 +40,7 @@ bool EditedFile::Save(const Services& services, const EpisodeList& episodes) {
   const fs::path saved = SaveFile(
       services.prompter, {.failure = Say(Text::fileNotSaved), .path = path_, .filter = kEpsFilter},
       [&](const fs::path& path) {
-        // The dialog for saving has asked already whether another file may be replaced.
+        // For any other file, the save dialog has already asked whether to replace it.
         if (path == path_) {
           RequireUnchanged(bytes, givenUp);
           KeepAsObserved(services.storage);
@@ -75,16 +75,15 @@ void EditedFile::StopKeeping() {
   keeper_.reset();
 }
 
-/// Throws FileError: without it the file is not to be replaced.
+/// Keeps a copy of the original content unless there is one. Throws FileError; do not save then.
 void EditedFile::KeepAsObserved(Storage& storage) const {
   const fs::path kept = ObservedPath(path_);
   if (observed_ && !fs::exists(fs::symlink_status(kept))) ReplaceFile(storage, kept, *observed_);
 }
 
-/// Throws FileChanged when another program has written the file since, and FileError when it cannot
-/// be read any more. A file that is gone replaces nothing; neither does one that holds what is to
-/// be written. `givenUp` is what has been found there before: asking once is enough for a content
-/// that the user has given up.
+/// Throws FileChanged if another program has changed the file, and FileError if it can no longer be
+/// read. A file that is gone, or already holds `bytes`, is fine. `givenUp` is the foreign content
+/// that the last FileChanged reported: the user has been asked about it and is not asked again.
 void EditedFile::RequireUnchanged(const std::string& bytes,
                                   std::optional<std::string>& givenUp) const {
   std::error_code unknown;

@@ -12,9 +12,8 @@
 
 namespace orvex {
 
-/// The file that the episode editor works on: where it is, what it says of the observation as a
-/// whole, what it held when it was last read or written, and what keeps changes to it until they
-/// are saved.
+/// The file that the episode editor works on: its path, its header, its content when it was last
+/// read or written, and the keeper that protects unsaved changes from being lost.
 class EditedFile {
  public:
   EditedFile(std::filesystem::path path, EpsHeader header, std::string bytes,
@@ -23,24 +22,24 @@ class EditedFile {
   const std::filesystem::path& Path() const { return path_; }
   const EpsHeader& Header() const { return header_; }
 
-  /// What it held is not what the episodes were made from: it is not to be replaced unasked.
+  /// The episodes were not made from the file's content, so ask the user before replacing it.
   void Distrust() { bytes_.clear(); }
 
-  /// Writes the episodes into the file, or, after a failure, where the user wants them: the editor
-  /// then works on that file. False when the user gave up; the old file is whole then. Before it is
-  /// first replaced, what it was opened with is kept beside it, once and for good.
+  /// Writes the episodes to the file. If that fails, the user may choose another file, which the
+  /// editor then works on. Returns false if the user gave up; the old file is then intact. Before
+  /// the file is first replaced, its original content is copied beside it, once and for all.
   bool Save(const Services& services, const EpisodeList& episodes);
 
-  /// Has the episodes kept as they are until they are saved; null when they are as the file holds
-  /// them. Nothing waits for the disk.
+  /// Has the changed episodes kept until they are saved. Pass null if they equal the file's. Does
+  /// not wait for the disk.
   void Keep(const EpisodeList* changed);
-  /// Tries again what could not be kept, where it may have become possible.
+  /// Tries again to keep what could not be kept before.
   void RetryKeeping();
-  /// Waits until what is to be kept is on the disk, or has failed.
+  /// Waits until the changes are kept on the disk, or keeping them has failed.
   void AwaitKept();
-  /// Why the changes cannot be kept; empty while all is well.
+  /// Why the changes cannot be kept; empty if they can.
   std::string KeepTrouble() const { return keeper_ ? keeper_->Trouble() : ""; }
-  /// Gives up what is kept, and keeps nothing from here on.
+  /// Discards what is kept and stops keeping anything.
   void StopKeeping();
 
  private:
@@ -50,7 +49,7 @@ class EditedFile {
   std::filesystem::path path_;
   EpsHeader header_;
   std::string bytes_;
-  /// What the file was opened with, until it is kept.
+  /// The original content, until the first save has kept a copy of it.
   std::optional<std::string> observed_;
   std::unique_ptr<FileKeeper> keeper_;
 };

@@ -23,12 +23,12 @@ EpisodeList& EpisodeEditor::Episodes() const {
   return services_.program.Episodes;
 }
 
-/// The current episode; null when there is none.
+/// The current episode; null if there is none.
 Episode* EpisodeEditor::FindEpisode() const {
   return ItemAt(Episodes(), selection_.episode);
 }
 
-/// Its current segment; null when there is none.
+/// The current segment; null if there is none.
 SegmentData* EpisodeEditor::FindSegment() const {
   Episode* const episode = FindEpisode();
   return episode ? ItemAt(episode->segments, selection_.segment) : nullptr;
@@ -83,14 +83,14 @@ void EpisodeEditor::ShowEpisode(int episode) {
   saysReview_ = true;
 }
 
-/// The list of segments is filled anew: nothing is selected in it, and the first is shown.
+/// After the list of segments was refilled: nothing is selected, and the first one is shown.
 void EpisodeEditor::SelectNoSegment() {
   selection_.segments.clear();
   selection_.segment = ListSelection::kNothing;
   ShowSegment(1);
 }
 
-/// The list of episodes is filled anew: nothing is selected in it, and nothing shown.
+/// After the list of episodes was refilled: nothing is selected, and none is shown.
 void EpisodeEditor::SelectNoEpisode() {
   selection_.episodes.clear();
   selection_.episode = ListSelection::kNothing;
@@ -118,7 +118,7 @@ void EpisodeEditor::SelectSegment(int segment) {
   ShowSegment(segment);
 }
 
-/// Fills both lists anew and shows `place`, or what is nearest to it.
+/// Refills both lists and shows `place`, or the nearest place that exists.
 void EpisodeEditor::ShowPlace(Place place) {
   SelectNoEpisode();
   SelectEpisode(std::min(place.episode, static_cast<int>(Episodes().size())));
@@ -174,8 +174,8 @@ void EpisodeEditor::Recode(SubCode code, int position) {
   if (segment && orvex::Recode(*segment, code, position)) RecordHere(RecodingName(code));
 }
 
-/// Records what has been changed of the current episode or segment, as one step with what was typed
-/// before in the same box.
+/// Records a change of the current episode or segment. With `Typing::goesOn`, it joins the step of
+/// what was typed into the same box before.
 void EpisodeEditor::RecordHere(Text name, Typing typing) {
   const Place place = selection_.Current();
   history_.Record(Episodes(), {.name = Say(name), .before = place, .after = place},
@@ -184,7 +184,7 @@ void EpisodeEditor::RecordHere(Text name, Typing typing) {
 
 // Structure.
 
-/// Changes the structure; nothing when there was no change, or none that fits.
+/// Changes the structure. Returns nothing if nothing changed or the change would not fit.
 template <typename Edit>
 std::optional<Place> EpisodeEditor::TryEdit(Edit edit) {
   try {
@@ -217,7 +217,7 @@ void EpisodeEditor::SplitEpisode() {
   const Episode* const episode = FindEpisode();
   const Positions& segments = selection_.segments;
   if (!episode || selection_.episodes != Positions{selection_.episode}) return;
-  // The questions are only asked for when the episode can be split.
+  // Ask for the questions only if the episode can be split.
   if (segments.empty() || segments.size() == episode->segments.size()) return;
   Positions questions;
   if (!episode->questions.empty()) {
@@ -287,8 +287,8 @@ void EpisodeEditor::PasteBeforeSegment(int segment) {
   Restructured(Text::pasteSegments, next, Refill::episodes);
 }
 
-/// Shows and records what a change of structure has made of the episodes; without `next` there was
-/// none. The lists are filled anew, both or that of the segments.
+/// Shows and records a change of structure. Does nothing without `next`, as then nothing changed.
+/// `refill` says whether both lists are refilled or only that of the segments.
 void EpisodeEditor::Restructured(Text name, const std::optional<Place>& next, Refill refill) {
   if (!next) return;
   const Place before = selection_.Current();
@@ -302,7 +302,7 @@ void EpisodeEditor::Restructured(Text name, const std::optional<Place>& next, Re
   history_.Record(Episodes(), {.name = Say(name), .before = before, .after = selection_.Current()});
 }
 
-// The steps back and forth.
+// Undo and redo.
 
 const EditStep* EpisodeEditor::NextStep(Way way) const {
   return way == Way::undo ? history_.NextUndo() : history_.NextRedo();
@@ -323,7 +323,7 @@ void EpisodeEditor::TakeStep(Way way) {
   ShowPlace(place);
 }
 
-/// Whatever else works on the same episodes.
+/// Records what other forms have changed in the same episodes.
 void EpisodeEditor::RecordOutsideChanges() {
   RecordHere(Text::editQuestions);
 }
@@ -335,7 +335,7 @@ void EpisodeEditor::RecordQuestionChange(const QuestionChange& change) {
                   change.typing);
 }
 
-/// The step that is next, where it is one of the question editor's; null otherwise.
+/// The next step if it is one of the question editor's; null otherwise.
 const EditStep* EpisodeEditor::NextStepOfQuestions(Way way) const {
   const EditStep* const step = NextStep(way);
   return step && step->before.question != 0 ? step : nullptr;
@@ -356,7 +356,7 @@ std::optional<QuestionPlace> EpisodeEditor::TakeQuestionStep(Way way) {
 
 // The file, and the other forms.
 
-/// Begins with the episodes of the file.
+/// Starts editing the episodes just loaded.
 void EpisodeEditor::Start(EpisodeList episodes, bool repaired) {
   services_.program.Episodes = std::move(episodes);
   services_.program.ProofEp = 0;
@@ -415,8 +415,7 @@ void EpisodeEditor::Quit() {
                               .buttons = Buttons::yesNo,
                               .defaultAnswer = Modified() ? Answer::yes : Answer::no,
                               .dismissed = Answer::cancel});
-  // To leave the question open is to stay, and who wanted to save and could not is not made to lose
-  // the changes.
+  // Dismissing the question means staying. If saving fails, stay too, so that no changes are lost.
   if (save == Answer::cancel || (save == Answer::yes && !Save())) return;
   const Answer another = services_.prompter.Ask({.text = Say(Text::askAnotherFile),
                                                  .buttons = Buttons::yesNo,
@@ -432,7 +431,7 @@ void EpisodeEditor::Quit() {
   LoadAnother();
 }
 
-/// Leaves the file: nothing of it is shown while another one is chosen.
+/// Clears everything, so that nothing of the old file shows while the user chooses another.
 void EpisodeEditor::Forget() {
   Episodes().clear();
   history_.Start(Episodes(), true);

@@ -21,9 +21,8 @@
 
 namespace orvex {
 
-/// Corrects the structure and the coding of an observation after class. Everything is changed in
-/// the program's episodes; the file changes when it is saved. Episodes and segments are counted
-/// from 1.
+/// Corrects the structure and the coding of an observation after class. Edits change the program's
+/// episodes; the file changes only when it is saved. Episodes and segments are counted from 1.
 class EpisodeEditor : private QuestionSteps {
  public:
   EpisodeEditor(const Services& services, LoadedEpisodes loaded);
@@ -38,29 +37,29 @@ class EpisodeEditor : private QuestionSteps {
   EpisodeView View() const;
   SegmentCodingView Coding() const;
   PossibleEdits Possible() const;
-  /// True for a segment of the current episode that has been cut.
+  /// True if this segment of the current episode has been cut.
   bool IsCut(int segment) const;
 
-  // Showing. What the user selects comes with Select...; a click on a row shows it as well.
+  // Showing. Select... takes the rows that the user selected; a click on a row also shows it.
   void SelectEpisodes(Positions episodes);
   void SelectSegments(Positions segments);
   void ShowEpisode(int episode);
   void ShowSegment(int segment);
-  /// The question editor or a report gives way to the window again. What was edited there is one
-  /// step to undo.
+  /// Call this when the window returns from the question editor or a report. Edits made there that
+  /// are not yet recorded become one undo step.
   void Activate();
 
-  // Typing. What is typed into one box without leaving it is undone at once.
+  // Typing. Everything typed into a box before leaving it is one undo step.
   void TypeDescription(std::string_view text);
   void TypeAbout(std::string_view text);
   void TypeSegmentDuration(std::string_view text);
   void LeaveBox();
 
-  // Coding the current segment, by the position in a list or pair (see orvex::Recode).
+  // Coding the current segment by a position in a list or pair, from 0 (see orvex::Recode).
   void ChooseActivity(int position);
   void Recode(SubCode code, int position);
 
-  // Structure. The user is asked what there is to ask, and told what does not fit into the file.
+  // Structure. These ask the user as needed, and say if the result would not fit into the file.
   void SplitSegment();
   void MergeSegments();
   void SplitEpisode();
@@ -69,32 +68,32 @@ class EpisodeEditor : private QuestionSteps {
   void MoveSegments(int toEpisode);
   void ReorderSegments(int target);
 
-  /// Marks the selected segments as cut; they stay until they are pasted.
+  /// Marks the selected segments as cut. They stay in place until they are pasted.
   void Cut();
   void CancelCut() { cut_.reset(); }
   void PasteOntoEpisode(int episode);
   void PasteBeforeSegment(int segment);
 
-  /// What undo or redo would do: "Split segment". Empty for nothing.
+  /// The step that undo or redo would take, such as "Split segment"; empty if there is none.
   std::string StepName(Way way) const;
   void TakeStep(Way way);
-  /// The editor's undo steps, for the question editor opened from here or from the statistics.
+  /// The editor's undo steps, shared with a question editor opened from here or the statistics.
   QuestionSteps& Steps() { return *this; }
 
-  /// Has the changes that are not saved kept as they are. To be called whenever something may have
-  /// changed: nothing happens while all is as it was.
+  /// Has the unsaved changes kept. Call it whenever something may have changed; if nothing has, it
+  /// only retries what could not be kept.
   void Keep();
-  /// Waits until what is to be kept is on the disk, or has failed.
+  /// Waits until the changes are kept on the disk, or keeping them has failed.
   void AwaitKept();
-  /// True when the file is saved.
+  /// Returns true if the file has been saved.
   bool Save();
 
   void EditQuestions();
-  /// Shows what is not coded yet in the question editor.
+  /// Opens the question editor at the first question that is not fully coded.
   void Proof();
   void ShowReport(Screen report);
-  /// Asks whether to save, and whether to go on with another file; otherwise the program ends. Also
-  /// what the window is closed with: it goes when the program ends.
+  /// Asks whether to save, and whether to go on with another file; if not, ends the program.
+  /// Closing the window does this too, so the window stays until the program ends.
   void Quit();
 
  private:
@@ -136,12 +135,12 @@ class EpisodeEditor : private QuestionSteps {
   Services services_;
   EditedFile file_;
   EditHistory history_;
-  std::size_t kept_ = 0;  ///< the changes of the history that have been handed over to be kept
+  std::size_t kept_ = 0;  ///< `history_.Changes()` at the last `Keep`
 
   ListSelection selection_;
-  /// What is typed as the current segment's duration, until its box is left.
+  /// What the user is typing as the segment's duration; reset when the box is left.
   std::optional<std::string> typedDuration_;
-  bool saysReview_ = false;  ///< the current episode's activity is followed by it
+  bool saysReview_ = false;  ///< the shown activity also says if the episode was review
   std::optional<CutSegments> cut_;
 };
 

@@ -17,8 +17,8 @@ std::vector<EpisodeHead> HeadsOf(const EpisodeList& episodes) {
   return heads;
 }
 
-/// One of the lists of all episodes, as if it were one list. It is only looked at, not copied: it
-/// may be long, and is looked at with every key.
+/// Views the segments or questions of all episodes as one list. It copies nothing, because the list
+/// may be long and is compared with every key typed.
 template <typename Item>
 class Joined {
  public:
@@ -30,7 +30,7 @@ class Joined {
 
   std::size_t Size() const { return size_; }
 
-  /// How many items at the start are those of `other`.
+  /// How many items are equal at the start of both.
   std::size_t EqualAtStart(const std::vector<Item>& other) const {
     std::size_t equal = 0;
     for (const Episode& episode : episodes_) {
@@ -55,11 +55,11 @@ class Joined {
     return equal;
   }
 
-  /// The items from `first` up to `end`.
+  /// The items from `first` up to, but not including, `end`.
   std::vector<Item> Part(std::size_t first, std::size_t end) const {
     std::vector<Item> part;
     part.reserve(end - first);
-    std::size_t start = 0;  // of the episode's items
+    std::size_t start = 0;  // position of the episode's first item
     for (const Episode& episode : episodes_) {
       const std::vector<Item>& items = episode.*list_;
       for (std::size_t i = std::max(first, start); i < std::min(end, start + items.size()); ++i) {
@@ -76,7 +76,7 @@ class Joined {
   std::size_t size_ = 0;
 };
 
-/// The places from which on and up to which two lists differ.
+/// The change from the first to the last difference between two lists.
 template <typename Item>
 ListChange<Item> ChangeOf(const std::vector<Item>& before, const Joined<Item>& after) {
   const std::size_t start = after.EqualAtStart(before);
@@ -102,7 +102,7 @@ ListChange<EpisodeHead> ChangeOf(const std::vector<EpisodeHead>& before,
           {std::make_move_iterator(firstAfter), std::make_move_iterator(lastAfter)}};
 }
 
-/// Puts `items` where `count` others stand.
+/// Replaces the `count` items from `position` on with `items`.
 template <typename Item>
 void Replace(std::vector<Item>& list, std::size_t position, std::size_t count,
              const std::vector<Item>& items) {

@@ -8,19 +8,19 @@
 
 namespace orvex {
 
-/// An episode without what it consists of.
+/// An episode without its segments and questions.
 struct EpisodeHead {
   std::string Descript;
   std::string bReview;
   float offtask = 0;
-  std::size_t segments = 0;   ///< how many of them are the episode's
-  std::size_t questions = 0;  ///< the same
+  std::size_t segments = 0;   ///< how many the episode has
+  std::size_t questions = 0;  ///< how many the episode has
 
   bool operator==(const EpisodeHead&) const = default;
 };
 
-/// Episodes laid out as three lists, each in the order of the observation. So it stays small what a
-/// change of structure changes: to join two episodes changes their heads only.
+/// Episodes laid out as three lists, each in the order of the observation. This keeps the record of
+/// a change of structure small: joining two neighbors changes only their heads.
 struct FlatEpisodes {
   std::vector<EpisodeHead> heads;
   std::vector<SegmentData> segments;
@@ -32,7 +32,7 @@ struct FlatEpisodes {
 FlatEpisodes Flat(const EpisodeList& episodes);
 EpisodeList Unflattened(const FlatEpisodes& flat);
 
-/// What took the place of what in a list: from `position` on, `after` stands for `before`.
+/// A change in a list: from `position` (counted from 0), `after` has replaced `before`.
 template <typename Item>
 struct ListChange {
   std::size_t position = 0;
@@ -42,7 +42,7 @@ struct ListChange {
   bool None() const { return before.empty() && after.empty(); }
 };
 
-/// What changed in episodes, from the first to the last difference of each list.
+/// What changed in the episodes, from the first to the last difference in each list.
 struct EpisodeChange {
   ListChange<EpisodeHead> heads;
   ListChange<SegmentData> segments;
@@ -52,7 +52,7 @@ struct EpisodeChange {
 };
 
 EpisodeChange ChangeBetween(const FlatEpisodes& before, const EpisodeList& after);
-/// Makes `episodes` what they were after the change, or before it. They must be the others.
+/// Turn the state before the change into the one after it, or the other way round.
 void Apply(const EpisodeChange& change, FlatEpisodes& episodes);
 void TakeBack(const EpisodeChange& change, FlatEpisodes& episodes);
 

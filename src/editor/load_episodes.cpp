@@ -22,7 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Passes what the reader has to say on to the user.
+/// Passes the reader's reports on to the user.
 class ReadingAloud : public EpsReadEvents {
  public:
   explicit ReadingAloud(Prompter& prompter) : prompter_(prompter) {}
@@ -41,13 +41,13 @@ class ReadingAloud : public EpsReadEvents {
   bool repaired_ = false;
 };
 
-/// Tells what a save would drop of the file, or change in it.
+/// Warns the user of what a save would drop or change in the file.
 void TellDifferences(Prompter& prompter, const fs::path& path, const std::string& bytes,
                      const EpsObservation& read) {
   if (const auto message = SaveWarning(DifferencesOf(bytes, read), path)) prompter.Ask(*message);
 }
 
-/// Reads the file at `path`, or the changes to it that are taken up, also when it is gone.
+/// Reads the changes taken up, even if the file is gone; without any, the file at `path`.
 LoadedEpisodes Read(const Services& services, const fs::path& path, const TakenUp& takenUp) {
   const auto& changes = takenUp.changes;
   ReadingAloud events(services.prompter);

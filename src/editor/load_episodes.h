@@ -10,29 +10,29 @@
 
 namespace orvex {
 
-/// An episode file that has been read whole, for the editor to take over.
+/// An episode file that has been read completely, ready for the editor.
 struct LoadedEpisodes {
   EditedFile file;
   EpisodeList episodes;
-  bool repaired = false;  ///< the episodes are no longer as the file holds them
+  bool repaired = false;  ///< the episodes differ from those in the file
 };
 
-/// What came of loading a file.
+/// The result of loading a file.
 struct LoadOutcome {
   std::optional<LoadedEpisodes> loaded;
-  bool programEnds = false;  ///< the file was not one to go on with
+  bool programEnds = false;  ///< the file was invalid, or the user declined it
 };
 
-/// Reads an episode file, asking and telling the user what there is to ask and tell. Changes to it
-/// that were not saved are loaded instead, when the user takes them up.
+/// Reads an episode file, with messages and questions to the user as needed. If unsaved changes to
+/// it are kept and the user takes them up, they are loaded instead.
 LoadOutcome LoadEpisodes(const Services& services, const std::filesystem::path& path,
                          Kept kept = Kept::areOffered);
 
-/// Lets the user choose an episode file, beginning in the data folder. Empty when none was chosen.
+/// Lets the user choose an episode file, starting in the data folder. Empty if none was chosen.
 std::filesystem::path ChooseEpisodeFile(const Services& services);
 
-/// The main menu's command: lets the user choose an episode file and shows the episode editor on it
-/// in place of the menu. False when that did not come about.
+/// The main menu's command: lets the user choose an episode file and replaces the menu with an
+/// episode editor on it. Returns false if no editor was opened.
 bool EditChosenEpisodes(const Services& services);
 
 }  // namespace orvex

@@ -18,7 +18,7 @@
 namespace orvex {
 namespace {
 
-/// True when `positions` name items of a list of `count`, each once, in ascending order.
+/// True if `positions` is not empty, ascending without repeats, and within 1 to `count`.
 bool AreThere(const Positions& positions, std::size_t count) {
   int previous = 0;
   for (const int position : positions) {
@@ -33,7 +33,7 @@ auto At(std::vector<T>& list, int position) {
   return list.begin() + (position - 1);
 }
 
-/// Takes the items at `positions` out of a list, in their order.
+/// Removes the items at `positions` from a list and returns them in order.
 template <typename T>
 std::vector<T> TakeOut(std::vector<T>& list, const Positions& positions) {
   std::vector<T> taken;
@@ -50,14 +50,14 @@ std::vector<T> TakeOut(std::vector<T>& list, const Positions& positions) {
   return taken;
 }
 
-/// Puts items into a list so that the first of them stands at `position`.
+/// Inserts items into a list, the first of them at `position`.
 template <typename T>
 void PutIn(std::vector<T>& list, int position, std::vector<T> items) {
   list.insert(At(list, position), std::make_move_iterator(items.begin()),
               std::make_move_iterator(items.end()));
 }
 
-/// A file states counts of at most 16 bits.
+/// Throws DoesNotFit if `count` exceeds the 16 bits that a file has for it.
 void RequireFits(std::size_t count, Text refusal) {
   if (count > kMostNumber) throw DoesNotFit(Say(refusal, {kMostNumber}));
 }
@@ -67,7 +67,7 @@ void RequireFits(const Episode& episode, std::size_t moreSegments, std::size_t m
   RequireFits(episode.questions.size() + moreQuestions, Text::tooManyQuestions);
 }
 
-/// The sum of `values`, which a file must be able to state as a single.
+/// The sum of `value` over `positions`. Throws DoesNotFit if it is too large for a single.
 template <typename Value>
 float SumThatFits(const Positions& positions, Value value) {
   float sum = 0;
@@ -113,8 +113,8 @@ std::optional<Place> ReorderSegments(EpisodeList& episodes, int episode, const P
   return Place{episode, first};
 }
 
-/// Moves segments of an episode to before another one, or behind its last. They need not lie
-/// together. Nothing happens when they stand there already, or when the other one is among them.
+/// Moves segments, adjacent or not, before another segment of their episode or behind its last.
+/// Does nothing if they are there already, or if that segment is one of them.
 static std::optional<Place> GatherSegments(EpisodeList& episodes, const Positions& segments,
                                            Place before) {
   std::vector<SegmentData>& all = At(episodes, before.episode)->segments;
@@ -151,7 +151,7 @@ std::optional<Place> InsertSegments(EpisodeList& episodes, int from, const Posit
   const bool givingIsGone = episodes.size() < giving;
   const int episode = before.episode - (laterEpisode && givingIsGone ? 1 : 0);
 
-  // They stand at the start or at the end of the episode now, and go on from there.
+  // They are now at the start or end of the episode; move them on from there.
   const int count = static_cast<int>(segments.size());
   const int all = static_cast<int>(At(episodes, episode)->segments.size());
   if (laterEpisode && before.segment == 1) return Place{episode, 1};

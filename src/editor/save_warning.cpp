@@ -17,7 +17,7 @@ std::string Joined(const std::vector<std::string>& texts) {
   return all;
 }
 
-/// A line for each place, as far as a message box has room for them.
+/// One line for each place, up to the number that a message box has room for.
 std::string PlacesOf(const EpsDifferences& differences) {
   constexpr std::size_t kMost = 10;
   const auto& all = differences.contents;

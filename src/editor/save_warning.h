@@ -9,8 +9,8 @@ namespace orvex {
 
 struct EpsDifferences;
 
-/// What is told of the file at `path` that a save would change; nothing when it would not, or only
-/// name another version of the program.
+/// The warning about what a save would change in the file at `path`; nothing if a save would change
+/// nothing, or only the program version that the file names.
 std::optional<Message> SaveWarning(const EpsDifferences& differences,
                                    const std::filesystem::path& path);
 

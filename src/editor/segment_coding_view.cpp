@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::size_t kPair = 2;
 
-/// A code as a position among `count`; a code of another scheme chooses nothing.
+/// A code as a position in a list of `count`; kNoChoice if it lies outside the list.
 int PositionOf(int code, std::size_t count) {
   return code >= 0 && code < static_cast<int>(count) ? code : SegmentCodingView::kNoChoice;
 }

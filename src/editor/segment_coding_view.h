@@ -8,8 +8,8 @@
 
 namespace orvex {
 
-/// What the code area of the episode editor shows of a segment. Positions in lists and in pairs of
-/// options count from 0; kNoChoice leaves a list empty and both options of a pair clear.
+/// What the code area of the episode editor shows for a segment. Positions in lists and pairs of
+/// options count from 0; kNoChoice means that nothing is chosen.
 struct SegmentCodingView {
   static constexpr int kNoChoice = -1;
 
@@ -31,7 +31,7 @@ struct SegmentCodingView {
   int preparation = kNoChoice;
 };
 
-/// The layout of a segment's activity, loaded with the codes that it shows.
+/// The layout for the segment's activity, filled with the segment's codes.
 SegmentCodingView CodingViewOf(const SegmentData& segment);
 
 }  // namespace orvex

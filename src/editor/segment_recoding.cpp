@@ -8,7 +8,7 @@
 namespace orvex {
 namespace {
 
-/// What the code is without a choice.
+/// The value of a code for which nothing is chosen.
 std::int16_t Unchosen(SubCode code) {
   switch (code) {
     case SubCode::seatworkOrganization:

@@ -5,12 +5,12 @@
 
 namespace orvex {
 
-/// What is done to a segment whose code is changed: "Change source".
+/// The name of the undo step that changes `code`, such as "Change source".
 Text RecodingName(SubCode code);
 
-/// Gives the segment the code at `position` of its list or pair, from 0; any other position takes
-/// back what can be taken back. False, and nothing is changed, when the segment's activity does not
-/// carry such a code.
+/// Gives the segment the value at `position` (from 0) of the code's list or pair; any other
+/// position resets the code to its value without a choice. Returns false, and changes nothing, if
+/// the segment's activity does not carry this code.
 bool Recode(SegmentData& segment, SubCode code, int position);
 
 }  // namespace orvex

@@ -12,14 +12,14 @@ struct Row {
 
 constexpr std::size_t kCount = static_cast<std::size_t>(Text::count);
 
-/// A translation replaces the right column. "%1", "%2" and so on stand for what is filled in.
+/// A translation replaces the right column. "%1", "%2" and so on mark where values are filled in.
 ///
 /// Some texts are misspelt, oddly spaced or spelt in two ways ("An error ocurred in", "already
 /// exits!", "Class ID  ", "Offtask in     :", "Orvex 4.10", "Function overflow.", "no coding" and
-/// "No coding", "Invalid file format" with a full stop and without). They are fixed: others compare
-/// with them. The same is true of the captions in reports/time_summary.
+/// "No coding", "Invalid file format" with a full stop and without). Do not correct them: results
+/// are compared with these exact texts. This also goes for the captions in reports/time_summary.
 constexpr std::array<Row, kCount> kTexts = {{
-    // The program, and what several rooms say.
+    // The program itself, and texts used in several places.
     {Text::boxTitle, "Orvex"},
     {Text::productName, "Orvex %1"},
     {Text::companyProduct, "In-class analysis of classroom discourse"},
@@ -37,7 +37,7 @@ constexpr std::array<Row, kCount> kTexts = {{
     {Text::whoAsks, "Who asks question?"},
     {Text::teacherResponse, "TEACHER RESPONSE"},
 
-    // Counts: of one, and of none or several.
+    // Counts, in the singular and the plural.
     {Text::oneEpisode, "%1 episode"},
     {Text::episodes, "%1 episodes"},
     {Text::oneQuestion, "%1 question"},
@@ -76,7 +76,7 @@ constexpr std::array<Row, kCount> kTexts = {{
     {Text::codingOfNewActivity, "No coding"},
     {Text::olderKept, "There was another class of these numbers. What was there is kept as\n%1"},
 
-    // What was not stored.
+    // Changes and classes that were not stored.
     {Text::changesUnreadable,
      "Changes that were not saved cannot be read. Their file is left as it is."},
     {Text::changesNotKept, "What is changed is not kept before it is saved: %1"},
@@ -273,7 +273,7 @@ const char* Say(Text id) {
 }
 
 std::string Say(Text id, std::initializer_list<Filling> values) {
-  // What has been filled in is not looked at again: a name may hold a "%2" of its own.
+  // Values are not searched for places in turn: a name may contain "%2".
   std::string said;
   for (std::string_view rest = Say(id); !rest.empty(); rest.remove_prefix(1)) {
     const bool isPlace = rest[0] == '%' && rest.size() > 1 && rest[1] >= '1' && rest[1] <= '9';

@@ -9,9 +9,9 @@
 
 namespace orvex {
 
-/// The texts that the core says to its user.
+/// The texts that the core shows to the user.
 enum class Text {
-  // The program, and what several rooms say.
+  // The program itself, and texts used in several places.
   boxTitle,
   productName,
   companyProduct,
@@ -29,7 +29,7 @@ enum class Text {
   whoAsks,
   teacherResponse,
 
-  // Counts: of one, and of none or several.
+  // Counts, in the singular and the plural.
   oneEpisode,
   episodes,
   oneQuestion,
@@ -68,7 +68,7 @@ enum class Text {
   codingOfNewActivity,
   olderKept,
 
-  // What was not stored.
+  // Changes and classes that were not stored.
   changesUnreadable,
   changesNotKept,
   fileGone,
@@ -237,10 +237,10 @@ enum class Text {
   problemAtLine,
   rowsWritten,
 
-  count  // how many there are
+  count  // the number of texts
 };
 
-/// What is filled into a text: a name, or a number in digits.
+/// A value to fill into a text: a name, or a number in digits.
 struct Filling {
   Filling(std::string name) : text(std::move(name)) {}
   Filling(std::string_view name) : text(name) {}
@@ -250,12 +250,12 @@ struct Filling {
   std::string text;
 };
 
-/// A text as it is.
+/// The text itself, with nothing filled in.
 const char* Say(Text id);
-/// A text with `values` in the places of its "%1", "%2" and so on.
+/// The text with `values` in place of its "%1", "%2" and so on.
 std::string Say(Text id, std::initializer_list<Filling> values);
 
-/// A count and what it counts: with the text `one` for 1, and `several` for any other count.
+/// A count and what it counts: the text `one` for 1, `several` for any other count.
 std::string Counted(std::size_t count, Text one, Text several);
 
 }  // namespace orvex

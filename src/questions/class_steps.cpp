@@ -10,7 +10,7 @@
 namespace orvex {
 
 void ClassSteps::RecordQuestionChange(const QuestionChange& change) {
-  // The description of an episode is no question.
+  // A change without a question is to an episode's description.
   if (!change.present && !change.before) return;
   live_.Questions().Record({.place = change.place,
                             .present = change.present,
@@ -50,8 +50,8 @@ const QuestionStep* ClassSteps::NextInEntry(Way way) const {
   const QuestionStep* step = live_.Questions().Next(way);
   const bool isSeen = step && step->place.episode == live_.Running().curEpisode && !step->Revises();
   if (!isSeen) return nullptr;
-  // Whoever takes back a letter of the question being typed means no other question: none goes
-  // then, and none comes while it is being coded.
+  // Someone who undoes a letter of the question being typed means no other question. So none is
+  // dropped while one is being typed, and none comes back while one is being coded.
   const QuestionDraft& typed = live_.Questions().Draft();
   const bool isAnother = step->place.question != 0 && !step->draft && !typed.IsEmpty();
   return isAnother && (step->present || !typed.fields.AreEmpty()) ? nullptr : step;
@@ -62,8 +62,8 @@ void ClassSteps::Take(Way way) {
   if (step) Log(*step, way);
 }
 
-/// Says what `step`, just taken, has brought back or taken away. Of what was typed in a box, its
-/// own undo would say nothing, either.
+/// Logs what `step`, just taken, has brought back or taken away. Typing in a box is not logged, as
+/// the box's own undo would not log it either.
 void ClassSteps::Log(const QuestionStep& step, Way way) {
   if (!step.typing.empty()) return;
   const QuestionPlace& place = step.place;
@@ -94,8 +94,8 @@ std::string ClassSteps::Text(const QuestionStep& step, Way way) const {
   return Say(step.present ? Text::takesQuestionAway : Text::bringsQuestionBack, {name});
 }
 
-/// The number of a question, the one being entered included, and of which episode it is, unless of
-/// the running one.
+/// The number of a question, or of the one being entered, and that of its episode unless it is the
+/// running one.
 std::string ClassSteps::Name(const QuestionPlace& place, const char* ofEpisode) const {
   const std::size_t next = live_.Questions().Filed().size() + 1;
   std::string number = place.question == 0 ? std::to_string(next) : std::to_string(place.question);

@@ -9,7 +9,7 @@ namespace orvex {
 
 class LiveObservation;
 
-/// The steps back of a class in progress. What comes back is logged.
+/// Undo and redo for a class in progress. The session log says what a step brings back or drops.
 class ClassSteps : public QuestionSteps {
  public:
   ClassSteps(const Services& services, LiveObservation& live) : services_(services), live_(live) {}
@@ -20,15 +20,15 @@ class ClassSteps : public QuestionSteps {
   std::optional<QuestionPlace> TakeQuestionStep(Way way) override;
   std::size_t StepsTaken() const override;
 
-  // For the question entry, which shows only the running episode's questions as they come and go,
-  // and the one being entered.
+  // For the question entry. It takes only steps that add or drop a question of the running episode,
+  // or change the one being entered.
 
-  /// Keeps the way back from what has become of a question of the running episode, and of what was
-  /// being typed.
+  /// Records that a question of the running episode was added or dropped, along with what was being
+  /// typed then.
   void RecordInEntry(QuestionStep step = {});
-  /// Null when there is none, or none that would be seen.
+  /// The next such step; null if there is none.
   const QuestionStep* NextInEntry(Way way) const;
-  /// What the key of `step` does: "brings question 7 back".
+  /// What taking `step` does, such as "brings question 7 back".
   std::string Text(const QuestionStep& step, Way way) const;
   void Take(Way way);
 

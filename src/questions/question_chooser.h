@@ -10,11 +10,11 @@ namespace orvex {
 
 struct Episode;
 
-/// Divides the questions of an episode between two: they begin in the list of the first episode and
-/// are moved over and back.
+/// Divides the questions of an episode between two episodes. They all start in the first one's list
+/// and can be moved to the second one's and back.
 class QuestionChooser {
  public:
-  /// A list box: its rows, and the positions (from 1, ascending) of those that are selected.
+  /// A list box: its rows, and the positions (from 1, ascending) of the selected ones.
   struct List {
     std::vector<std::string> rows;
     std::vector<int> selected;
@@ -27,11 +27,11 @@ class QuestionChooser {
   const List& First() const { return first_; }
   const List& Second() const { return second_; }
 
-  /// The user selects rows, by their positions in any order.
+  /// Selects rows, by their positions in any order.
   void SelectFirst(std::vector<int> rows) { first_.Select(std::move(rows)); }
   void SelectSecond(std::vector<int> rows) { second_.Select(std::move(rows)); }
 
-  /// The selected rows go to the end of the other list, in their order.
+  /// Move the selected rows, in their order, to the end of the other list.
   void MoveToSecond() { Move(first_, second_); }
   void MoveToFirst() { Move(second_, first_); }
 
@@ -45,7 +45,7 @@ class QuestionChooser {
   List second_;
 };
 
-/// The question number that a row of the chooser begins with: 7 for "07.What is".
+/// The question number at the start of a chooser's row: 7 for "07.What is".
 std::int16_t ListboxItemIndex(std::string_view row);
 
 }  // namespace orvex

@@ -49,7 +49,7 @@ questionInfo& QuestionEditor::CurrentQuestion() const {
   return SelectedEpisode().questions.at(static_cast<std::size_t>(curQ_ - 1));
 }
 
-/// Where the keyboard goes on when it has lost its place.
+/// The control that gets the focus when there is no better one.
 Control QuestionEditor::WhereToGoOn() const {
   return CanEdit() ? Control::question : Control::insertAfter;
 }
@@ -167,7 +167,7 @@ void QuestionEditor::ShowQuestion(int i) {
   ShowSegment();
 }
 
-/// Shows a question of any episode, or the one that is nearest to its place.
+/// Shows the question at `place`, in any episode, or the nearest one that exists.
 void QuestionEditor::ShowPlace(const QuestionPlace& place) {
   if (place.episode != selEp_) ChooseEpisode(place.episode);
   const int count = QuestionCount();
@@ -184,8 +184,8 @@ void QuestionEditor::LayoutFrames() {
   UpdateEditState();
 }
 
-/// What is not derived from the question shown: two commands that an emptied list leaves as they
-/// are, and of which the renumbering follows only here.
+/// Updates the state that is not derived from the current question. Two commands keep their state
+/// when the list becomes empty, and `canRenumber_` changes only here.
 void QuestionEditor::UpdateEditState() {
   if (!CanEdit()) {
     segmentText_.clear();
@@ -250,7 +250,7 @@ void QuestionEditor::ShowNextGap() {
   FocusGap();
 }
 
-/// The keyboard goes on where something is missing.
+/// Focuses the first thing that the current question lacks.
 void QuestionEditor::FocusGap() {
   if (!CanEdit()) return;
   const MissingCodes missing = FindMissingCodes(CurrentQuestion());
@@ -270,7 +270,7 @@ void QuestionEditor::EditFieldNotes() {
   }
 }
 
-/// Shows the caller again and closes the form: the caller is hidden, and no form would be left.
+/// Shows the caller first, since it is hidden and no form would be left, then closes this one.
 void QuestionEditor::Leave() {
   if (live_) live_->Questions().ForgetRevisions();
   services_.screens.Show(CallersScreen());
@@ -291,8 +291,8 @@ Screen QuestionEditor::CallersScreen() const {
   return Screen::liveObservation;
 }
 
-/// Changes the question shown, where there is one. What is typed in the same box of the same
-/// question on and on is one step.
+/// Changes the current question, if there is one. Continued typing in the same box of the same
+/// question is one step.
 template <typename Change>
 void QuestionEditor::Revise(Text name, bool typing, Change change) {
   if (!CanEdit()) return;
@@ -369,7 +369,7 @@ void QuestionEditor::LeaveBox() {
   if (steps_) steps_->EndTyping();
 }
 
-/// A new question is of the segment of the one shown.
+/// The new question gets the segment of the current one.
 void QuestionEditor::Insert(int position) {
   const std::int16_t segment = CanEdit() ? CurrentQuestion().iSgQ : std::int16_t{1};
   std::vector<questionInfo>& questions = SelectedEpisode().questions;
@@ -391,7 +391,7 @@ void QuestionEditor::Drop() {
   std::vector<questionInfo>& questions = SelectedEpisode().questions;
   questions.erase(questions.begin() + (curQ_ - 1));
   ShowPlace(change.place);
-  // Only now: the renumbering follows with the next question that is shown.
+  // Not before ShowPlace: the renumber command is only updated when another question is shown.
   rowNumbers_.Remove(change.place.question, StepsTaken());
   Record(change);
 }
@@ -418,7 +418,7 @@ void QuestionEditor::MakeNormal() {
   focus_.Set(Control::respondName);
 }
 
-// The steps back and forth.
+// Undo and redo.
 
 std::string QuestionEditor::NextStep(Way way) const {
   if (rowNumbers_.NextIsRenumbering(way, StepsTaken())) {

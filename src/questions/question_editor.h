@@ -23,44 +23,44 @@ namespace orvex {
 class LiveObservation;
 class SessionClocks;
 
-/// How the question editor begins.
+/// How the question editor starts.
 struct QuestionEditorStart {
   EditorCaller caller = EditorCaller::liveObservation;
   bool proofMode = false;
-  /// The episode to begin with, for the episode editor and the statistics. A class in progress
-  /// begins with its last one, proof mode with the fault found.
+  /// The episode to start with, for the episode editor and the statistics. A class in progress
+  /// starts with its last episode, and proof mode with the gap found.
   int episode = 1;
 };
 
-/// What is shown of the selected episode and its current question; the boxes of the question are
-/// empty without one.
+/// What the editor shows of the selected episode and its current question. Without a question, the
+/// question's boxes are empty.
 struct QuestionView {
   std::string description;  ///< of the episode
   std::string caption;      ///< "Question #3 of 5:"
   std::string question;
   std::string respondName;
   std::string segment;
-  bool canStepUp = false;  ///< the segment's number
+  bool canStepUp = false;  ///< whether the segment's number can go up
   bool canStepDown = false;
-  std::string_view heading;  ///< over the last codes
-  bool hasHeading = false;   ///< these are asked for
-  bool isNormal = false;     ///< the question is a normal one
+  std::string_view heading;  ///< above the last codes
+  bool hasHeading = false;   ///< whether those codes are asked for
+  bool isNormal = false;     ///< whether it is a normal question
 };
 
-/// What is shown of a dimension of the current question.
+/// What the editor shows of a dimension of the current question.
 struct FrameView {
   bool visible = false;
   std::string_view caption;
-  int option = -1;  ///< the one that shows the code; -1 for none
+  int option = -1;  ///< the option chosen; -1 for none
 };
 
-/// Corrects the questions of an observation: one is shown, with its place in the list of its
-/// episode. Every change is made in the episode itself; there is nothing to save. The steps back
-/// are kept by whoever keeps the observation.
+/// Corrects the questions of an observation. It shows one question and its place in the list of its
+/// episode. Changes go straight to the episode, so there is nothing to save here. Undo and redo are
+/// up to the owner of the observation.
 class QuestionEditor {
  public:
-  /// What the logic gives the focus to; `gap` are the options of the first dimension that the
-  /// question shown lacks.
+  /// The controls that can be given the focus. `gap` means the options of the first dimension that
+  /// the current question lacks.
   enum class Control { question, respondName, insertAfter, gap };
   using Focus = FocusWish<Control>;
 
@@ -68,19 +68,19 @@ class QuestionEditor {
     insertBefore,
     insertAfter,
     drop,
-    ditto,       ///< codes the question as the one before it is
-    makeNormal,  ///< codes it as a normal question
-    renumber,    ///< numbers the rows as the questions stand
-    nextGap,     ///< in proof mode, goes on to the next question that lacks something
+    ditto,       ///< copies the coding of the question before
+    makeNormal,  ///< codes the question as normal
+    renumber,    ///< numbers the rows in their present order
+    nextGap,     ///< in proof mode, shows the next question that lacks something
     leave,
     editFieldNotes,
   };
 
-  /// `live` and `liveClocks` are those of the class in progress; null for the other callers.
+  /// `live` and `liveClocks` belong to the class in progress; null for other callers.
   QuestionEditor(const Services& services, const QuestionEditorStart& start, LiveObservation* live,
                  const SessionClocks* liveClocks);
 
-  /// Who keeps the steps back; during a class, the class does.
+  /// Sets who keeps the undo steps. Not needed during a class, which keeps them itself.
   void KeepStepsWith(QuestionSteps& steps) { steps_ = &steps; }
 
   // What the form shows.
@@ -89,22 +89,22 @@ class QuestionEditor {
   int EpisodeCount() const;
   int SelEp() const { return selEp_; }
   int QuestionCount() const;
-  /// The position of the question shown, from 1; 0 when the episode has none.
+  /// The position of the current question, from 1; 0 if the episode has none.
   int CurQ() const { return curQ_; }
   /// The row of the question at position `i`: "3. What did the author mean".
   std::string RowText(int i) const;
   const std::string& QuestionText(int i) const;
   QuestionView View() const;
   FrameView Frame(Dimension dimension) const;
-  /// In proof mode, the first dimension that the question shown lacks.
+  /// In proof mode, the first dimension that the current question lacks.
   std::optional<Dimension> FirstGap() const;
   bool HasEpisode() const { return selEp_ >= 1; }
-  /// A question is shown, and everything that changes it is enabled.
+  /// True if there is a current question, so that the controls that change it are enabled.
   bool CanEdit() const { return curQ_ >= 1; }
   bool Enabled(Command command) const;
-  /// What the key of undo or redo does: "brings question 7 back"; "" for nothing.
+  /// What undo or redo would do, such as "brings question 7 back"; "" if there is no step.
   std::string NextStep(Way way) const;
-  /// True when what is typed in the description is among the steps.
+  /// True if typing in the description can be undone here.
   bool KeepsDescription() const { return steps_ && !live_; }
 
   /// The clocks and the off-task prompt of the class in progress; null without one.
@@ -112,11 +112,11 @@ class QuestionEditor {
   OfftaskIndicator* Offtask() { return offtask_ ? &*offtask_ : nullptr; }
 
   std::optional<Focus::Target> TakeFocus() { return focus_.Take(); }
-  /// True once after the name was offered for overtyping.
+  /// True once after each time that the name is to be selected for overtyping.
   bool TakeNameSelection();
 
   // Choosing and typing.
-  /// Shows an episode, and loads it again when it is shown already.
+  /// Shows an episode; reloads it if it is already shown.
   void ChooseEpisode(int number);
   void ChooseQuestion(int i);
   void ChooseOption(Dimension dimension, int option);
@@ -124,25 +124,25 @@ class QuestionEditor {
   void TypeRespondName(std::string_view text);
   void TypeSegment(std::string_view text);
   void StepSegment(int steps);
-  /// The box of the segment number is left: it shows the number that is stored.
+  /// Leaves the segment number's box, which then shows the stored number.
   void LeaveSegment();
   void TypeDescription(std::string_view text);
   void EnterDescription();
   void LeaveDescription();
-  /// Any box is left.
+  /// Leaves any box.
   void LeaveBox();
 
-  /// Nothing happens while the command is disabled.
+  /// Does nothing while the command is disabled.
   void Do(Command command);
-  /// Undoes or redoes the last change, and shows the place where it was.
+  /// Undoes or redoes a change and shows where it was made.
   void TakeStep(Way way);
-  /// The 500 ms timer, in proof mode: the captions of uncoded dimensions blink.
+  /// Every 500 ms in proof mode: makes the captions of uncoded dimensions blink.
   void BlinkTick();
-  /// Once a second, during a class.
+  /// Call this once a second during a class.
   void ClockTick();
 
  private:
-  /// The episode and the question shown. Only while HasEpisode, and CanEdit.
+  /// The current episode, which needs HasEpisode, and question, which needs CanEdit.
   Episode& SelectedEpisode() const;
   questionInfo& CurrentQuestion() const;
   bool SourceIs(std::string_view letter) const;
@@ -183,7 +183,7 @@ class QuestionEditor {
   RowNumbers rowNumbers_;
   bool canRenumber_ = false;
   bool canMakeNormal_ = false;
-  /// The question shown has just been inserted: its caption does not say of how many.
+  /// The current question was just inserted; its caption leaves out the count.
   bool inserted_ = false;
   std::string segmentText_;
   std::string oldDescript_;

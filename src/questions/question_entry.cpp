@@ -23,7 +23,7 @@ bool IsBlank(std::string_view text) {
   return text.find_first_not_of(' ') == std::string_view::npos;
 }
 
-/// The activity to offer to return to.
+/// The activity that the observer is offered to return to; kNoActivity for none.
 int ActivityToOffer(int previous) {
   return previous == kQuestionAnswer ? kNoActivity : previous;
 }
@@ -45,7 +45,7 @@ QuestionEntry::QuestionEntry(const Services& services, LiveObservation& live,
       steps_(services, live),
       tick_(services.prompter, "timer4"),
       offtask_(live) {
-  // Within a segment it comes up when the class has been taken up again.
+  // After a class was taken up again, a question may already be half coded.
   IsCoding() ? BeginCoding() : AwaitNext();
 }
 
@@ -75,7 +75,7 @@ bool QuestionEntry::Enabled(Command command) const {
   return enabled_[static_cast<std::size_t>(command)] && HasRoom(command);
 }
 
-/// A copy or a removal needs a question, a new segment or episode a number that is left.
+/// Copying or dropping needs a question; a new segment or episode needs a free number.
 bool QuestionEntry::HasRoom(Command command) const {
   const RunningClass& running = live_.Running();
   switch (command) {
@@ -137,7 +137,7 @@ void QuestionEntry::StartCoding() {
   EnableForCoding();
 }
 
-/// As after the first Enter, on what has been typed before.
+/// Goes on coding what was typed before, as if Enter had just been pressed for the first time.
 void QuestionEntry::BeginCoding() {
   EnableCommands(false);
   EnableForCoding();
@@ -156,7 +156,7 @@ void QuestionEntry::SaveQuestion() {
   if (StoreQuestion(live_.Running().DraftAsStored())) StartOver();
 }
 
-/// False when the episode is full.
+/// Returns false if the episode is full.
 bool QuestionEntry::StoreQuestion(const questionInfo& question) {
   if (!HasRoomForQuestion(questions_.Filed(), services_.prompter)) return false;
   questions_.File(question);
@@ -174,7 +174,7 @@ void QuestionEntry::StartOver() {
   }
 }
 
-/// Idle, whatever has been stored before.
+/// Waits for the next question, with the commands that fit what has been filed so far.
 void QuestionEntry::AwaitNext() {
   if (questions_.SegmentHasQuestions()) return AwaitQuestion();
   AwaitFirstQuestion();
@@ -183,14 +183,14 @@ void QuestionEntry::AwaitNext() {
   Enable(Command::proof);
 }
 
-/// Idle, with questions that have been stored.
+/// Waits for the next question, with all commands but leaving.
 void QuestionEntry::AwaitQuestion() {
   EnableCommands(true);
   Enable(Command::nextOrLeave, false);
   MoveTo(kText);
 }
 
-/// Idle, with no more to do than to begin or to give the segment up.
+/// Waits for the first question: only typing, giving up and correcting the time are possible.
 void QuestionEntry::AwaitFirstQuestion() {
   EnableCommands(false);
   Enable(Command::nextOrLeave);
@@ -264,7 +264,7 @@ void QuestionEntry::FillNormal() {
   MoveTo(Dimension::respondName);
 }
 
-/// The teacher asked the last question again.
+/// Files the last question again, because the teacher has repeated it.
 void QuestionEntry::Ditto() {
   const questionInfo& last = questions_.Filed().back();
   questionInfo copy;
@@ -328,7 +328,7 @@ void QuestionEntry::AnswerReview(bool wasReview) {
   services_.screens.Close(Screen::questionEntry);
 }
 
-/// Drops what is being typed; before the first question the text may stay.
+/// Drops what is being typed. Before the first question, the text stays and only the codes go.
 void QuestionEntry::Scrap() {
   steps_.RecordInEntry();
   if (!questions_.Filed().empty()) return StartOver();
@@ -379,7 +379,7 @@ void QuestionEntry::Activate() {
   if (asksReview_) {
     focus_.Set({.review = true}, Caret::stay);
   } else if (std::exchange(editorOpen_, false)) {
-    // Questions may have come and gone meanwhile.
+    // The question editor may have added or dropped questions.
     steps_.RecordInEntry();
     StartOver();
   } else {

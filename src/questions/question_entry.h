@@ -22,17 +22,17 @@ class LiveObservation;
 class LiveQuestions;
 class SessionClocks;
 
-/// True when an episode that holds `questions` can take one more; otherwise the user is told.
+/// Returns true if an episode with `questions` can take one more; otherwise tells the user.
 bool HasRoomForQuestion(const std::vector<questionInfo>& questions, Prompter& prompter);
 
-/// Where the observer types and codes the questions of a question/answer segment. One lives from
+/// Where the observer types and codes the questions of a question/answer segment. It exists from
 /// the start of the segment until the live observation form takes over again.
 class QuestionEntry {
  public:
-  /// A box: that of a dimension, or of the question's text.
+  /// A dimension's box, or that of the question's text.
   using Box = std::optional<Dimension>;
   static constexpr Box kText = std::nullopt;
-  /// What gets the focus: a box, or the answers to the review question.
+  /// What can have the focus: a box, or the answers to the review question.
   struct Control {
     Box box = kText;
     bool review = false;
@@ -41,13 +41,13 @@ class QuestionEntry {
   };
   using Focus = FocusWish<Control>;
 
-  /// The buttons. Some of them do one thing while a question is coded, and another one else.
+  /// The buttons. Some do one thing while a question is being coded and another at other times.
   enum class Command {
     review,
     proof,
     fillNormalOrSurvey,
     ditto,
-    nextOrLeave,  ///< leaves for the activity before, or gives the segment up
+    nextOrLeave,  ///< the next question, or leaves the segment
     startSegment,
     scrapOrStartEpisode,
     dropLast,
@@ -61,24 +61,24 @@ class QuestionEntry {
   // What the form shows.
   const std::string& Question() const;
   const EntryFields& Fields() const;
-  /// "Question #3:", the number that the next question gets; "Question #3: (2 is empty)" where the
-  /// one before it has no text, which a key too many has stored.
+  /// "Question #3:", with the number of the next question. "Question #3: (2 is empty)" warns that
+  /// the one before has no text, probably stored by a stray key.
   std::string FrameCaption() const;
-  /// True while the codes of a question are asked for.
+  /// True while a question is being coded.
   bool IsCoding() const;
-  /// The activity that the observer can go back to.
+  /// The activity that the observer can return to; kNoActivity for none.
   int OfferedActivity() const { return offeredActivity_; }
   bool Enabled(Command command) const;
-  /// While it is asked, whether the episode was review, nothing else can be done.
+  /// True while asking if the episode was review; nothing else is possible then.
   bool AsksReview() const { return asksReview_; }
   const SessionClocks& Clocks() const { return liveClocks_; }
   const OfftaskIndicator& Offtask() const { return offtask_; }
-  /// What the key of undo or redo does: "brings question 7 back"; "" for nothing.
+  /// What undo or redo would do, such as "brings question 7 back"; "" if there is no step.
   std::string NextStep(Way way) const;
   std::size_t StepsTaken() const { return steps_.StepsTaken(); }
   std::optional<Focus::Target> TakeFocus() { return focus_.Take(); }
 
-  /// How a box that gets the focus holds it: one letter replaces a code, a text is added to.
+  /// The caret in a box that gets the focus: a letter replaces a code but is added to a text.
   static Caret CaretOf(Box box);
 
   // Typing.
@@ -86,23 +86,23 @@ class QuestionEntry {
   void TypeField(Dimension field, std::string_view text);
   void EnterOrDown(Box box);
   void Up(Box box);
-  /// Ctrl+N, and the end of the last field.
+  /// Files the question: for Ctrl+N, and for leaving the last box.
   void SaveQuestion();
-  /// Undoes or redoes what has dropped a question or what was typed of one, or filed a copy.
+  /// Undoes or redoes dropping a question, filing a copy, or typing.
   void TakeStep(Way way);
 
   OfftaskIndicator& Offtask() { return offtask_; }
 
-  /// A click on a button; nothing happens while it is disabled.
+  /// Clicks a button; does nothing while it is disabled.
   void Click(Command command);
-  /// Answers whether the episode was review, and starts the next one.
+  /// Answers whether the episode was review and starts the next one.
   void AnswerReview(bool wasReview);
 
-  /// The form comes to the front.
+  /// Call this when the form comes to the front.
   void Activate();
-  /// The window is asked to close. True when it may.
+  /// Call this when the window is to close. Returns true if it may.
   bool RequestClose();
-  /// Once a second.
+  /// Call this once a second.
   void Tick();
 
  private:
@@ -143,7 +143,7 @@ class QuestionEntry {
   std::array<bool, kCommands> enabled_{};
   int offeredActivity_ = kNoActivity;
   bool asksReview_ = false;
-  bool editorOpen_ = false;  ///< the question editor has taken the form's place
+  bool editorOpen_ = false;  ///< the question editor has replaced the form
   OfftaskIndicator offtask_;
   Focus focus_;
 };

@@ -9,30 +9,30 @@
 
 namespace orvex {
 
-/// The numbers that the rows of the question editor show. They lag behind what is inserted and
-/// dropped until they are renumbered, and they go back and forth with the steps that undo and redo
-/// it. `steps` is always how many steps could be undone before a change.
+/// The numbers shown in the rows of the question editor. After an insertion or removal, the others
+/// keep their numbers until they are renumbered; undo and redo restore earlier numbers. `steps` is
+/// always the number of question steps that could be undone before the change.
 class RowNumbers {
  public:
-  /// Numbers `count` rows from 1 on, and forgets how they were numbered before.
+  /// Numbers `count` rows from 1 and forgets all earlier numberings.
   void Start(std::size_t count);
 
   std::size_t Count() const { return now_.numbers.size(); }
-  /// The row of `question` at a position from 1: its number, or "#" for none yet, and its start.
+  /// The row at a position from 1: its number ("#" if none yet) and the start of `question`.
   std::string RowText(int position, std::string_view question) const;
   bool LagBehind() const { return now_.lag; }
 
   void Insert(int position, std::size_t steps);
   void Remove(int position, std::size_t steps);
   void Renumber(std::size_t steps);
-  /// Something else has been changed: no numbering can be redone any longer.
+  /// Drops the numberings to redo; call it after any other change.
   void ForgetUndone() { undone_.clear(); }
 
-  /// True when a renumbering is what is to be undone or redone next.
+  /// True if the next step to undo or redo is a renumbering.
   bool NextIsRenumbering(Way way, std::size_t steps) const;
-  /// Undoes or redoes it.
+  /// Undoes or redoes the last change of the numbers, which must exist.
   void Take(Way way);
-  /// A step of the questions, of which there are `count` now, has been undone or redone.
+  /// Follows an undone or redone step of the questions, of which there are now `count`.
   void Follow(Way way, std::size_t steps, std::size_t count);
 
  private:
@@ -43,7 +43,7 @@ class RowNumbers {
   struct Change {
     std::size_t steps = 0;
     bool renumbering = false;
-    Numbering other;  ///< before it, or after it once it has been undone
+    Numbering other;  ///< the one before; once undone, the one after
   };
 
   std::vector<Change>& To(Way way) { return way == Way::undo ? done_ : undone_; }

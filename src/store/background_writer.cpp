@@ -34,7 +34,7 @@ void BackgroundWriter::Run() {
   for (;;) {
     changed_.wait(lock, [this] { return ends_ || !jobs_.empty(); });
     if (jobs_.empty()) return;
-    auto job = std::move(jobs_.front());  // the empty job left in front shows that one is running
+    auto job = std::move(jobs_.front());  // an empty job stays in front while this one runs
     lock.unlock();
     job();
     job = {};

@@ -10,12 +10,12 @@
 
 namespace orvex {
 
-/// A thread that does jobs one after the other, so that nobody waits for a slow disk. When only the
-/// newest of a series matters, the owner holds that one, and the job takes it if it is still there.
+/// A thread that runs jobs one after the other, so that nobody waits for a slow disk. If only the
+/// newest of several contents matters, the owner holds it and the job takes it when it runs.
 class BackgroundWriter {
  public:
   BackgroundWriter() : thread_([this] { Run(); }) {}
-  /// Does all remaining jobs first.
+  /// Runs all remaining jobs first.
   ~BackgroundWriter();
   BackgroundWriter(const BackgroundWriter&) = delete;
   BackgroundWriter& operator=(const BackgroundWriter&) = delete;

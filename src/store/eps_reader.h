@@ -9,7 +9,7 @@
 
 namespace orvex {
 
-/// The messages for a file of an earlier version, for a first segment of episode `ep` that needs a
+/// The messages for a file of an earlier version, for a first segment of episode `ep` that needs
 /// repair, and for one that has been repaired.
 inline constexpr const char* kEarlierVersionText =
     "EPS file created by an earlier version of ORVEX.";
@@ -26,20 +26,20 @@ class EpsReadEvents {
   /// repaired.
   virtual void FirstSegmentRepaired(int ep) = 0;
 
-  /// The header announces `count` episodes. For those who take the episodes one by one.
+  /// The header announces `count` episodes. Useful with `EpisodeRead`.
   virtual void EpisodesToCome(int /*count*/) {}
-  /// Whether the question counts that the file states are wanted. They must then fit 16 bits.
+  /// Return true to get the question counts that the file states. They must then fit 16 bits.
   virtual bool WantsCounts() const { return false; }
-  /// Episode `ep` has been read, up to its last question. `stated` are the counts that the file
-  /// states, if they are wanted.
+  /// Episode `ep` has been read, up to its last question. `stated` holds the counts that the file
+  /// states, if WantsCounts.
   virtual void EpisodeRead(int /*ep*/, const Episode& /*episode*/,
                            const QuestionCounts& /*stated*/) {}
-  /// Everything that the file announces has been read, but there is more `text`, which begins in
+  /// Everything that the file announces has been read, but more `text` follows, starting in line
   /// `line`.
   virtual void TextAfterLastQuestion(int /*line*/, std::string_view /*text*/) {}
 };
 
-/// The reader was told not to go on with a file of an earlier version.
+/// Thrown when the caller declines to go on with a file of an earlier version.
 struct ReadingDeclined {};
 
 /// Reads the bytes of an episode file. Throws FormatError, or ReadingDeclined.
@@ -47,8 +47,8 @@ EpsObservation ParseEps(std::string bytes, EpsReadEvents& events);
 /// Reads an episode file. Throws FileError, FormatError or ReadingDeclined.
 EpsObservation ReadEpsFile(const std::filesystem::path& path, EpsReadEvents& events);
 
-/// Cuts the last marker "(<----- ep ; seg ----->)", and all that follows it, off `text` and stores
-/// its numbers. Without a valid marker, all three stay. False when a number does not fit 16 bits.
+/// Cuts the last marker "(<----- ep ; seg ----->)" and everything behind it off `text`, and stores
+/// its numbers. Without a valid marker, changes nothing. False if a number does not fit 16 bits.
 bool ParseQuestionMarker(std::string& text, std::int16_t& ep, std::int16_t& seg);
 
 }  // namespace orvex

@@ -18,14 +18,14 @@
 namespace orvex {
 namespace {
 
-/// Counts up when a member changes its meaning or goes.
+/// Goes up when a member is removed or changes its meaning.
 constexpr std::int64_t kSchema = 1;
 
-/// The groups of the time summary, in the order of `ActivityGroup`.
+/// The names of the time summary's groups, in the order of `ActivityGroup`.
 constexpr std::array<std::string_view, kActivityGroupCount> kGroupNames = {
     "classroom_management", "direct_instruction", "seatwork_and_pairwork", "tests_and_quizzes"};
 
-/// The values of a row as those of an object.
+/// Writes the values of a row as members of an object.
 class JsonCells final : public Cells {
  public:
   explicit JsonCells(Json& json) : json_(json) {}
@@ -64,8 +64,8 @@ void AddObservation(std::string_view file, const EpsHeader& header, Json& json) 
   AddVariables(columns, {.file = file, .header = header, .episode = none, .spells = spells}, json);
 }
 
-/// The rows of a tidy table, which need not say again which observation they are of. `more` adds
-/// further members to a row.
+/// Adds the rows of a tidy table, without the columns that only repeat which observation it is.
+/// `more` adds further members to a row.
 template <typename More>
 void AddRows(TidyTable table, const EpsObservation& observation, Json& json, More more) {
   const auto columns = std::span(ColumnsOf(table)).subspan(kObservationColumns);
@@ -79,7 +79,7 @@ void AddRows(TidyTable table, const EpsObservation& observation, Json& json, Mor
   json.EndArray();
 }
 
-/// What the question lacks, by the names of its variables.
+/// Adds what the question lacks, as the names of variables.
 void AddMissing(const questionInfo& question, Json& json) {
   const MissingCodes missing = FindMissingCodes(question);
   json.Key("missing").BeginArray();

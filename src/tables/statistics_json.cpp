@@ -8,7 +8,7 @@
 namespace orvex {
 namespace {
 
-/// The lines, in the order of `StatisticsLine`.
+/// The names of the lines, in the order of `StatisticsLine`.
 constexpr std::array<std::string_view, kStatisticsLines> kLineNames = {"total",
                                                                        "normal",
                                                                        "source",

@@ -5,8 +5,8 @@
 
 namespace orvex {
 
-/// Adds the member "statistics": an episode's counts, and the lines with their bars, whose places
-/// and lengths are shares of a whole bar. Null for an episode without questions.
+/// Adds the member "statistics": an episode's counts, and the lines with their bars. The bars'
+/// starts and lengths are shares of a whole bar. Null for an episode without questions.
 void AddStatistics(const QuestionStatistics& statistics, Json& json);
 
 }  // namespace orvex

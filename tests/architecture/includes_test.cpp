@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The folders of src, and the other folders that each may include from.
+/// For each folder of src, the other folders that it may include from.
 const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"model", {}},
     {"store", {"model"}},
@@ -37,7 +37,7 @@ const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"app", {"ui", "commands", "tables", "recovery", "start", "desk", "store", "model"}},
 };
 
-/// The folder that `line` includes from; "" unless it is one of ours.
+/// The folder that `line` includes from; "" if it is not one of ours.
 std::string IncludedFolder(std::string_view line) {
   const auto skip = [&line](std::string_view what) {
     line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
@@ -67,7 +67,7 @@ TEST(Architecture, IncludesAreSeenHoweverTheyAreWritten) {
   for (const auto& [line, folder] : cases) EXPECT_EQ(IncludedFolder(line), folder) << line;
 }
 
-/// The type that a line declares without saying what it is; "" for any other line.
+/// The type that a line forward-declares; "" for any other line.
 std::string DeclaredType(std::string_view line) {
   for (const std::string_view keyword : {"class ", "struct "}) {
     if (!line.starts_with(keyword) || !line.ends_with(';')) continue;
@@ -78,7 +78,7 @@ std::string DeclaredType(std::string_view line) {
   return "";
 }
 
-/// The sources of the house with their rooms. A room may have corners: ui/forms/frmQA.cpp is of ui.
+/// All source files, each with its top folder in src: "ui" for ui/forms/frmQA.cpp.
 std::vector<std::pair<fs::path, std::string>> Sources() {
   std::vector<std::pair<fs::path, std::string>> sources;
   const fs::path root = orvex::test::SourceFolder() / "src";
@@ -90,7 +90,7 @@ std::vector<std::pair<fs::path, std::string>> Sources() {
   return sources;
 }
 
-/// What a line defines: "class Clock {" and "struct Date : Day {" define Clock and Date.
+/// The type that a line defines, "" for none: Date for "struct Date : Day {".
 std::string DefinedType(std::string_view line) {
   for (const std::string_view keyword : {"class ", "struct "}) {
     if (!line.starts_with(keyword) || !line.ends_with('{')) continue;
@@ -101,7 +101,7 @@ std::string DefinedType(std::string_view line) {
 }
 
 TEST(Architecture, DeclarationsGoDownwardOnly) {
-  // The desk hands these on without knowing them.
+  // The desk only passes these on, so it may forward-declare them.
   const std::set<std::string> handedOn = {"RecoveryFile", "RunningClass"};
   std::map<std::string, std::string> rooms;
   const auto eachLine = [](const fs::path& path, auto take) {

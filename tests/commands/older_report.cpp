@@ -78,7 +78,7 @@ QJsonValue Numeral(const QJsonValue& number) {
   return QString::number(number.toInt());
 }
 
-/// The rows of a table that belong to an episode.
+/// The rows of `table` that belong to `episode`.
 QJsonArray RowsOf(const QJsonObject& report, const char* table, const QJsonValue& episode) {
   QJsonArray rows;
   for (const QJsonValue row : At(report, table).toArray()) {
@@ -122,7 +122,7 @@ QJsonObject Question(const QJsonValue& row, const questionInfo& asked) {
   }
   return {{"text", At(row, "text")},
           {"name", At(row, "respondent")},
-          // The tables know no segment of the number 0 or less.
+          // The tables leave out segment numbers below 1.
           {"segment", At(row, "segment").toInt(std::min<int>(asked.iSgQ, 0))},
           {"letters", letters}};
 }
@@ -159,7 +159,7 @@ QJsonObject Statistics(const QJsonValue& found, const QuestionStatistics& shown)
   for (const auto& [name, line] : kBars) {
     QJsonArray bar = At(At(found, "lines").toArray()[static_cast<int>(line)], "bar").toArray();
     if (line == Line::nonresponse) {
-      // What is left of this bar was a control of its own.
+      // The second part of this bar used to be a separate control.
       const QJsonValue rest = bar.takeAt(1);
       older["NoRespT1"] = QJsonObject{{"yellow", At(rest, "meaning").toString() == u"no"},
                                       {"caption", Text(shown.Row(line).bar.at(1).caption)}};
@@ -199,12 +199,12 @@ QJsonObject OlderEpisode(const QJsonObject& report, const QJsonValue& row, const
   for (const QJsonValue marks : At(row, "plot").toArray()) {
     plot[QString::number(plot.size())] = marks;
   }
-  // Only an episode with questions has a mean that the tables know.
+  // The tables have a mean only for episodes with questions.
   const QJsonValue offtask = At(row, "offtask");
   const float mean = offtask.isNull() ? episode.offtask : static_cast<float>(offtask.toDouble());
   return {{"description", At(row, "description")},
           {"review", At(row, "review").toString()},
-          // As a caption, in which an ampersand is doubled.
+          // The expected text is a caption, with ampersands doubled.
           {"label", Text(ActivityLabel(episode)).replace(u'&', QStringLiteral("&&"))},
           {"duration", At(row, "seconds")},
           {"durationWords", Text(DurationInWords(At(row, "seconds").toDouble()))},

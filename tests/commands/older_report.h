@@ -6,9 +6,9 @@
 
 namespace orvex::test {
 
-/// What `orvex report --json` says of an observation, in the keys and texts that the samples'
-/// expectations have: names of fields and controls, texts as they are shown, twips. What the JSON
-/// leaves to the reports' texts is taken from them.
+/// Translates the output of `orvex report --json` into the form of the samples' expectations: keys
+/// named after fields and controls, texts as shown, lengths in twips. Takes texts that the JSON
+/// does not contain from the reports on `observation`.
 QJsonObject InOlderKeys(const QJsonObject& report, const EpsObservation& observation);
 
 }  // namespace orvex::test

@@ -12,7 +12,7 @@
 namespace orvex {
 namespace {
 
-/// A class that begins shortly before midnight, played by words of one letter and a number.
+/// A class that starts shortly before midnight and follows a script of letters and numbers.
 struct Played {
   explicit Played(const std::string& script) {
     std::istringstream words(script);
@@ -21,11 +21,11 @@ struct Played {
 
   void Do(char letter, int number) {
     switch (letter) {
-      case '+':  // so many seconds go by
+      case '+':  // the given number of seconds passes
         now += static_cast<float>(number);
         if (now >= kSecondsPerDay) now -= kSecondsPerDay;
         break;
-      case 'd':  // a key in the description
+      case 'd':  // types a description
         episodes.back().Descript = "Poems";
         run.coding.choicesVisible = true;
         run.nothingEntered = false;
@@ -57,20 +57,20 @@ struct Played {
       case '<':
         run.ConvertToSegment(episodes);
         break;
-      case 't':  // the segment began so many seconds ago
+      case 't':  // the segment began this many seconds ago
         run.CorrectTime(now, static_cast<float>(number));
         break;
       case 'q':
         episodes.back().questions.emplace_back();
         break;
-      case 'o':  // an estimate of so many percent
+      case 'o':  // an estimate in percent
         run.RecordEstimate(static_cast<float>(number) / 100, estimates);
         break;
     }
   }
 
-  /// "Ep. 2 Sg. 1 of 4, 40 s 40 s: 1 60, / (1 of 0.5)": what runs with which activity, since when
-  /// the episode and the segment; and of each episode its segments, questions and estimate.
+  /// "Ep. 2 Sg. 1 of 4, 40 s 40 s: 1 60, / (1 of 0.5)": the running segment, its activity, and how
+  /// long episode and segment have run; then each episode's segments, questions and estimate.
   std::string State() const {
     std::ostringstream state;
     state << "Ep. " << run.curEpisode << " Sg. " << run.curSegment << " of " << run.ChosenActivity()
@@ -85,7 +85,7 @@ struct Played {
     }
     return state.str();
   }
-  /// What the observer can do: "segment episode review proof survey end", and how to convert.
+  /// What the observer can do, out of "segment episode review proof survey end" and ">" or "<".
   std::string Allowed() const {
     const AllowedActions allowed = run.Allowed(episodes);
     std::string text;
@@ -114,20 +114,20 @@ TEST(RunningClass, GoesFromSegmentToSegment) {
       {"d a10 +150 s", "Ep. 1 Sg. 2 of 0, 150 s 0 s: 10 150,"},
       {"d a10 +150 s a4 +20 e +5", "Ep. 2 Sg. 1 of 0, 5 s 5 s: 10 150, 4 20, /"},
       {"d a14 +30 a4 +30", "Ep. 1 Sg. 1 of 4, 60 s 60 s:"},
-      // Question/answer that is given up, and what follows it.
+      // A question/answer segment is given up, then what follows.
       {"d a8 +10 s a5 +5 x", "Ep. 1 Sg. 2 of 0, 15 s 5 s: 8 10,"},
       {"d a8 +10 s a5 +5 x a9 +5 s", "Ep. 1 Sg. 3 of 0, 20 s 0 s: 8 10, 9 10,"},
-      // A segment becomes an episode, and is estimated for itself.
+      // A segment becomes an episode with estimates of its own.
       {"d a1 +60 s a4 +30 > +10", "Ep. 2 Sg. 1 of 4, 40 s 40 s: 1 60, /"},
       {"d a5 q o50 o30 +60 s a5 > q o10 e",
        "Ep. 3 Sg. 1 of 0, 0 s 0 s: 5 60, (1 of 0.4) / "
        "5 0, (1 of 0.1) /"},
-      // An episode becomes a segment: what was asked in it goes, what runs in it stays.
+      // An episode becomes a segment: its questions are dropped, but its activity goes on.
       {"d a10 +100 e q +20 <", "Ep. 1 Sg. 2 of 0, 120 s 20 s: 10 100,"},
       {"d a10 +100 e q +20 < a11 +5 s", "Ep. 1 Sg. 3 of 0, 125 s 0 s: 10 100, 11 25,"},
       {"d a5 e d a4 < s", "Ep. 1 Sg. 3 of 0, 0 s 0 s: 5 0, 4 0,"},
       {"d a5 q o50 e d a5 o10 < o30 e", "Ep. 2 Sg. 1 of 0, 0 s 0 s: 5 0, 5 0, (1 of 0.4) /"},
-      // The end is refused, or the program has ended in it.
+      // The end of class is refused, or the program quits during it.
       {"d a5 q o50 +600 E G +60", "Ep. 1 Sg. 1 of 5, 660 s 660 s: (1 of 0)"},
       {"d a3 +600 E U +60 s", "Ep. 1 Sg. 2 of 0, 660 s 0 s: 3 660,"},
       {"d a1 +60 s +90 t120", "Ep. 1 Sg. 2 of 0, 180 s 120 s: 1 60,"},
@@ -153,7 +153,7 @@ TEST(RunningClass, AllowsWhatItsStateHasRoomFor) {
     EXPECT_EQ(Played(script).Allowed(), allowed) << script;
 
   Played full("d a1");
-  full.run.curSegment = 40000;  // what became one of two episodes
+  full.run.curSegment = 40000;  // possible after joining episodes
   EXPECT_EQ(full.Allowed(), "episode review survey end >");
   full.run.curEpisode = 32767;
   EXPECT_EQ(full.Allowed(), "review survey end ");
@@ -189,7 +189,7 @@ TEST(RunningClass, KeepsOfItsCodesWhatItsActivityCarries) {
     if (seatwork && activity != 15) expected.src = 2;
     if (seatwork) expected.coglvl = 1;
     EXPECT_EQ(played.run.Segment(0), expected);
-    // Another activity takes the codes back, and not what the segment is about.
+    // Another activity resets the codes, but not what the segment is about.
     played.Do('a', activity == 16 ? 15 : 16);
     EXPECT_EQ(played.run.Segment(0).fSubCat, kUncoded);
     played.Do('a', 12);

@@ -17,7 +17,7 @@ namespace {
 
 using namespace test;
 
-/// A form with a control of each kind, the last of them out of sight.
+/// A form with one control of each kind; the last one is scrolled out of view.
 class FormKeysTest : public testing::Test {
  protected:
   FormKeysTest() {
@@ -65,7 +65,7 @@ TEST_F(FormKeysTest, HoldInAFormThatSaysNothingOfItsOwn) {
   QScrollBar* bar = area_->verticalScrollBar();
   option_->setFocus();
   EXPECT_GT(bar->value(), 0);
-  // Half in sight, it stays under the mouse that presses it.
+  // A click on a half-visible option must not scroll it away from under the mouse.
   box_->setFocus();
   bar->setValue(option_->y() - area_->viewport()->height() + option_->height() / 2);
   QTest::mouseClick(form_.windowHandle(), Qt::LeftButton, {}, option_->mapTo(&form_, QPoint(8, 4)));
