@@ -222,7 +222,7 @@ void Forms::ShowSurvey(SurveyCaller caller) {
   if (!loaded_.contains(Screen::survey)) {
     Load(Screen::survey, std::make_unique<frmMatrices>(services_, LiveForm().Live(), caller));
   }
-  Get<frmMatrices>()->SetCaller(caller);
+  if (auto* survey = Get<frmMatrices>()) survey->SetCaller(caller);
   BringToFront(Screen::survey);
 }
 
