@@ -24,6 +24,12 @@ std::string CaptionAt(const Clock& clock) {
   return Say(Text::liveCaption, {clock.TimeText()});
 }
 
+/// The question entry takes the live form's place.
+void ShowQuestionEntry(Screens& screens) {
+  screens.Show(Screen::questionEntry);
+  screens.Hide(Screen::liveObservation);
+}
+
 }  // namespace
 
 LiveObservation::LiveObservation(const Services& services)
@@ -64,8 +70,7 @@ LiveObservation::LiveObservation(const Services& services, RunningClass running)
 void LiveObservation::ShowForms() {
   services_.screens.Show(Screen::liveObservation);
   if (run_.awaitsSurvey || run_.ChosenActivity() != kQuestionAnswer) return;
-  services_.screens.Show(Screen::questionEntry);
-  services_.screens.Hide(Screen::liveObservation);
+  ShowQuestionEntry(services_.screens);
 }
 
 void LiveObservation::Keep() {
@@ -141,8 +146,7 @@ void LiveObservation::ChooseActivity(int activity) {
   }
   FocusCurActivity();
   if (activity != kQuestionAnswer) return;
-  services_.screens.Show(Screen::questionEntry);
-  services_.screens.Hide(Screen::liveObservation);
+  ShowQuestionEntry(services_.screens);
 }
 
 void LiveObservation::AbandonQuestionAnswer() {
