@@ -263,7 +263,8 @@ Request ReadWindow(const QStringList& arguments) {
   const QStringList files = parser.Rest();
   if (files.isEmpty()) return OpenWindow{};
   OpenWindow window{PathOf(files[0])};
-  if (KindOf(window.file) == FileKind::other) {
+  const FileKind kind = KindOf(window.file);
+  if (kind == FileKind::other || kind == FileKind::sessionLog) {
     return MistakeIn(
         QString(),
         QStringLiteral("'%1' is neither a command nor an .eps, .sur or .nte file.").arg(files[0]));

@@ -1,6 +1,5 @@
 #include "commands/named_file.h"
 
-#include <algorithm>
 #include <string>
 
 #include "store/eps_reader.h"
@@ -8,10 +7,6 @@
 
 namespace orvex {
 namespace {
-
-char LowerCase(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 /// Calls `read` and returns its result, or writes the problem to `console.err` and returns
 /// nothing.
@@ -30,14 +25,6 @@ Warn WarnOn(const std::filesystem::path& file, const Console& console) {
 }
 
 }  // namespace
-
-FileKind KindOf(const std::filesystem::path& file) {
-  std::string extension = file.extension().string();
-  std::ranges::transform(extension, extension.begin(), LowerCase);
-  if (extension == ".eps") return FileKind::episodes;
-  if (extension == ".sur") return FileKind::survey;
-  return extension == ".nte" ? FileKind::fieldNotes : FileKind::other;
-}
 
 std::optional<EpsObservation> ReadEpisodes(const std::filesystem::path& file,
                                            const Console& console) {

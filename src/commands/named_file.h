@@ -7,13 +7,10 @@
 #include "commands/console.h"
 #include "store/eps_file.h"
 #include "store/sur_file.h"
+#include "study/file_kind.h"
 #include "tables/problem.h"
 
 namespace orvex {
-
-/// The kind of a file, judged by its extension in upper or lower case.
-enum class FileKind { episodes, survey, fieldNotes, other };
-FileKind KindOf(const std::filesystem::path& file);
 
 /// Reads a file named on the command line. Errors and warnings go to `console.err`; returns
 /// nothing when the file could not be read.

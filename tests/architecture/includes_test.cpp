@@ -29,12 +29,13 @@ const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"questions", {"observe", "running", "start", "desk", "store", "model"}},
     {"editor", {"questions", "recovery", "desk", "store", "model"}},
     {"reports", {"store", "model"}},
-    {"tables", {"reports", "desk", "store", "model"}},
-    {"commands", {"tables", "reports", "store", "model"}},
+    {"study", {"reports", "recovery", "desk", "store", "model"}},
+    {"tables", {"study", "reports", "desk", "store", "model"}},
+    {"commands", {"study", "tables", "reports", "store", "model"}},
     {"ui",
-     {"editor", "tables", "reports", "questions", "observe", "running", "start", "survey",
+     {"editor", "study", "tables", "reports", "questions", "observe", "running", "start", "survey",
       "recovery", "desk", "store", "model"}},
-    {"app", {"ui", "commands", "tables", "recovery", "start", "desk", "store", "model"}},
+    {"app", {"ui", "commands", "study", "tables", "recovery", "start", "desk", "store", "model"}},
 };
 
 /// The folder that `line` includes from; "" if it is not one of ours.

@@ -1,0 +1,88 @@
+#include "study/file_kind.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace orvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// How the files of a kind end, and the folder that holds their tree.
+struct KindNames {
+  FileKind kind;
+  std::string_view extension;
+  std::string_view upperExtension;
+  std::string_view folder;
+};
+constexpr std::array<KindNames, 4> kKinds = {{
+    {FileKind::episodes, ".eps", ".EPS", "EPS"},
+    {FileKind::survey, ".sur", ".SUR", "SUR"},
+    {FileKind::fieldNotes, ".nte", ".NTE", "NTE"},
+    {FileKind::sessionLog, ".bak", ".BAK", "BAK"},
+}};
+
+char UpperCase(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+bool EqualsInAnyCase(std::string_view text, std::string_view upper) {
+  if (text.size() != upper.size()) return false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (UpperCase(text[i]) != upper[i]) return false;
+  }
+  return true;
+}
+
+/// The file named `stem` in `folder`, with the extension of `kind`; empty when there is none.
+fs::path FileIn(const fs::path& folder, const fs::path& stem, const KindNames& kind) {
+  for (const std::string_view extension : {kind.extension, kind.upperExtension}) {
+    fs::path file = folder / stem;
+    file += extension;
+    std::error_code unknown;
+    if (fs::is_regular_file(file, unknown)) return file;
+  }
+  return {};
+}
+
+/// The class's folder in the tree of `kind`, for a class's folder in the tree of another kind.
+fs::path FolderInTree(const fs::path& classFolder, const KindNames& kind) {
+  const fs::path tree = classFolder.parent_path().parent_path();
+  if (!IsTreeName(tree.filename())) return {};
+  return tree.parent_path() / kind.folder / classFolder.parent_path().filename() /
+         classFolder.filename();
+}
+
+}  // namespace
+
+FileKind KindOf(const fs::path& file) {
+  const std::string extension = file.extension().string();
+  for (const KindNames& kind : kKinds) {
+    if (EqualsInAnyCase(extension, kind.upperExtension)) return kind.kind;
+  }
+  return FileKind::other;
+}
+
+bool IsTreeName(const fs::path& folderName) {
+  return std::ranges::any_of(kKinds, [&](const KindNames& kind) {
+    return EqualsInAnyCase(folderName.native(), kind.folder);
+  });
+}
+
+fs::path Companion(const fs::path& file, FileKind kind) {
+  for (const KindNames& names : kKinds) {
+    if (names.kind != kind) continue;
+    const fs::path beside = FileIn(file.parent_path(), file.stem(), names);
+    if (!beside.empty()) return beside;
+    // A path from the class's own folder does not say in which tree it is.
+    const fs::path inTree = FolderInTree(fs::absolute(file).parent_path(), names);
+    return inTree.empty() ? fs::path() : FileIn(inTree, file.stem(), names);
+  }
+  return {};
+}
+
+}  // namespace orvex

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <filesystem>
+
+namespace orvex {
+
+/// The kind of a file of an observation, judged by its extension in upper or lower case.
+enum class FileKind { episodes, survey, fieldNotes, sessionLog, other };
+FileKind KindOf(const std::filesystem::path& file);
+
+/// True for the name of the folder that holds the tree of a kind, "EPS", in upper or lower case.
+bool IsTreeName(const std::filesystem::path& folderName);
+
+/// The file of `kind` that belongs to the same observation as `file`: beside it, or, where `file`
+/// is in the tree of its kind ("EPS/5/12/5-12-3.eps"), in the tree of the other
+/// ("BAK/5/12/5-12-3.bak"). Empty when there is none.
+std::filesystem::path Companion(const std::filesystem::path& file, FileKind kind);
+
+}  // namespace orvex

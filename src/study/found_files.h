@@ -1,0 +1,34 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "study/file_kind.h"
+
+namespace orvex {
+
+/// A file of an observation that was found in a folder.
+struct FoundFile {
+  /// What the observation is called: the path from the folder without the extension and without
+  /// the folder of the file's kind ("5/12/5-12-3" for "EPS/5/12/5-12-3.eps"), so that all files of
+  /// an observation have the same name.
+  std::string name;
+  std::filesystem::path path;
+  FileKind kind = FileKind::other;
+};
+
+/// Finds the files of observations in `folder` and in all folders beneath it, in the order of the
+/// numbers in their names: "5-2-10" comes after "5-2-9". Files of one observation follow each other
+/// in the order of FileKind. Folders and links that cannot be read are left out; links to folders
+/// are not followed. `stops` is asked now and then and may end the search early; it may be empty.
+/// Throws FileError when `folder` itself cannot be read.
+std::vector<FoundFile> FindFiles(const std::filesystem::path& folder,
+                                 const std::function<bool()>& stops = {});
+
+/// True when `a` comes before `b` in the order of the numbers in them, other text by its bytes.
+bool ComesBefore(std::string_view a, std::string_view b);
+
+}  // namespace orvex

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "model/activities.h"
+
+namespace orvex {
+
+/// What a session log says that no other file of the observation does.
+struct LogFacts {
+  std::string start;   ///< when the class began, "hh:mm:ss": the time of its first LOG ON
+  bool ended = false;  ///< the log says LOG OFF
+  /// The number of off-task estimates, by position in kOfftaskCategories.
+  std::array<int, kOfftaskCategories.size()> estimates{};
+
+  int Estimates() const;
+};
+
+/// Reads the text of a session log. Takes what it can of any text.
+LogFacts FactsOfLog(std::string bytes);
+/// Reads a session log. Nothing when the file is not there, cannot be read or is no session log.
+std::optional<LogFacts> ReadLogFacts(const std::filesystem::path& path);
+
+}  // namespace orvex

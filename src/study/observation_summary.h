@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+
+#include "model/activities.h"
+#include "model/survey.h"
+#include "reports/question_statistics.h"
+#include "store/eps_file.h"
+
+namespace orvex {
+
+/// An observation in figures: its episodes added up.
+struct ObservationSummary {
+  int episodes = 0;
+  int segments = 0;
+  int spells = 0;      ///< dialogic spells
+  double seconds = 0;  ///< the length of all segments
+  ActivityTimes times{};
+  CodeCounts counts;      ///< of all questions
+  int notFullyCoded = 0;  ///< questions of which something is missing
+  /// The mean proportion of students off task, 0 to 1: the episodes' means, weighted by the
+  /// episodes' lengths. Nothing for a class without questions: an episode has its mean only with
+  /// questions.
+  std::optional<double> offtask;
+};
+ObservationSummary Summarize(const EpisodeList& episodes);
+
+/// The number of statements without a rating.
+int OpenStatements(const Survey& answers);
+
+}  // namespace orvex

@@ -1,0 +1,59 @@
+#include "study/found_files.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "store/file_error.h"
+#include "support/test_folder.h"
+
+namespace orvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+void Touch(const fs::path& file) {
+  fs::create_directories(file.parent_path());
+  std::ofstream(file) << "x";
+}
+
+TEST(FoundFiles, ComeInTheOrderOfTheNumbersUnderOneNameForEachObservation) {
+  const test::TestFolder folder;
+  for (const char* file :
+       {"EPS/5/12/5-12-10.eps", "EPS/5/12/5-12-9.EPS", "EPS/5/2/5-2-1.eps", "SUR/5/12/5-12-9.sur",
+        "BAK/5/12/5-12-9.bak", "EPS/5/12/notes.txt", "EPS/5/12/5-12-9.eps.observed", "4-1-1.eps",
+        "4-1-1.sur", "site/eps/7/1/7-1-1.eps"}) {
+    Touch(folder / file);
+  }
+  std::vector<std::string> found;
+  for (const FoundFile& file : FindFiles(folder.Path())) {
+    found.push_back(file.name + " " + file.path.lexically_relative(folder.Path()).string());
+  }
+  EXPECT_EQ(found, (std::vector<std::string>{
+                       "4-1-1 4-1-1.eps", "4-1-1 4-1-1.sur", "5/2/5-2-1 EPS/5/2/5-2-1.eps",
+                       "5/12/5-12-9 EPS/5/12/5-12-9.EPS", "5/12/5-12-9 SUR/5/12/5-12-9.sur",
+                       "5/12/5-12-9 BAK/5/12/5-12-9.bak", "5/12/5-12-10 EPS/5/12/5-12-10.eps",
+                       "site/7/1/7-1-1 site/eps/7/1/7-1-1.eps"}));
+  EXPECT_THROW(FindFiles(folder / "missing"), FileError);
+}
+
+TEST(FoundFiles, CompanionsLieBesideAFileOrInTheTreeOfTheirKind) {
+  const test::TestFolder folder;
+  for (const char* file : {"EPS/5/12/5-12-9.eps", "BAK/5/12/5-12-9.bak", "SUR/5/12/5-12-9.SUR",
+                           "4-1-1.eps", "4-1-1.NTE"}) {
+    Touch(folder / file);
+  }
+  const fs::path inTree = folder / "EPS/5/12/5-12-9.eps";
+  EXPECT_EQ(Companion(inTree, FileKind::sessionLog), folder / "BAK/5/12/5-12-9.bak");
+  EXPECT_EQ(Companion(inTree, FileKind::survey), folder / "SUR/5/12/5-12-9.SUR");
+  EXPECT_EQ(Companion(inTree, FileKind::fieldNotes), "");
+  EXPECT_EQ(Companion(folder / "SUR/5/12/5-12-9.SUR", FileKind::episodes), inTree);
+  EXPECT_EQ(Companion(folder / "4-1-1.eps", FileKind::fieldNotes), folder / "4-1-1.NTE");
+  EXPECT_EQ(Companion(folder / "4-1-1.eps", FileKind::sessionLog), "");
+}
+
+}  // namespace
+}  // namespace orvex
