@@ -6,7 +6,7 @@
 #include "store/eps_reader.h"
 #include "store/eps_writer.h"
 #include "store/numbers.h"
-#include "tables/episode_rows.h"
+#include "study/reading_with_warnings.h"
 
 namespace orvex::fuzz {
 namespace {

@@ -1,6 +1,6 @@
 #include "fuzz/checks.h"
+#include "study/problem.h"
 #include "tables/file_list.h"
-#include "tables/problem.h"
 
 namespace orvex::fuzz {
 namespace {

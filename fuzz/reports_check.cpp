@@ -6,6 +6,7 @@
 #include "reports/time_summary.h"
 #include "store/eps_reader.h"
 #include "store/text_encoding.h"
+#include "study/reading_with_warnings.h"
 #include "tables/episode_rows.h"
 #include "tables/observation_json.h"
 #include "tables/tidy_tables.h"

@@ -17,7 +17,7 @@
 #include "store/durable_file.h"
 #include "store/session_log.h"
 #include "store/storage.h"
-#include "tables/problem.h"
+#include "study/problem.h"
 #include "ui/EndOfSession.h"
 #include "ui/Forms.h"
 #include "ui/OnceInUse.h"

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "store/eps_reader.h"
-#include "tables/episode_rows.h"
+#include "study/reading_with_warnings.h"
 
 namespace orvex {
 namespace {

@@ -8,7 +8,7 @@
 #include "store/eps_file.h"
 #include "store/sur_file.h"
 #include "study/file_kind.h"
-#include "tables/problem.h"
+#include "study/problem.h"
 
 namespace orvex {
 

@@ -6,8 +6,8 @@
 #include "model/wording.h"
 #include "store/durable_file.h"
 #include "store/printable_text.h"
+#include "study/problem.h"
 #include "tables/file_list.h"
-#include "tables/problem.h"
 #include "tables/table_export.h"
 
 namespace orvex {

@@ -13,6 +13,7 @@
 #include "store/eps_reader.h"
 #include "store/file_error.h"
 #include "store/numbers.h"
+#include "study/reading_with_warnings.h"
 
 namespace orvex {
 namespace {
@@ -105,19 +106,6 @@ class RowsOfFile : public ReadingWithWarnings {
 };
 
 }  // namespace
-
-bool ReadingWithWarnings::ContinueWithEarlierVersion() {
-  if (warn_) warn_(kEarlierVersionText);
-  return true;
-}
-
-void ReadingWithWarnings::FirstSegmentRepaired(int ep) {
-  if (warn_) warn_(InconsistentText(ep) + " The episode's activity is taken.");
-}
-
-void ReadingWithWarnings::TextAfterLastQuestion(int line, std::string_view /*text*/) {
-  if (warn_) warn_("text after the last question, line " + std::to_string(line));
-}
 
 void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episode,
                       const QuestionCounts& stated, std::string& rows) {

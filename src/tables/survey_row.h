@@ -4,7 +4,7 @@
 #include <string>
 
 #include "model/survey.h"
-#include "tables/file_list.h"
+#include "study/file_numbers.h"
 
 namespace orvex {
 

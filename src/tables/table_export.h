@@ -8,8 +8,8 @@
 
 #include "desk/screens.h"
 #include "store/durable_file.h"
+#include "study/problem.h"
 #include "tables/file_list.h"
-#include "tables/problem.h"
 
 namespace orvex {
 

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "store/eps_reader.h"
+#include "study/reading_with_warnings.h"
 #include "tables/csv.h"
-#include "tables/episode_rows.h"
 #include "tables/tidy_columns.h"
 
 namespace orvex {

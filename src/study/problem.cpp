@@ -1,4 +1,4 @@
-#include "tables/problem.h"
+#include "study/problem.h"
 
 #include "store/printable_text.h"
 
