@@ -9,6 +9,7 @@ struct RunningClass;
 /// The forms, by the part they play. A form comes after those it works with.
 enum class Screen {
   mainMenu,
+  study,
   setUp,
   liveObservation,
   aboutText,
@@ -41,8 +42,8 @@ class Screens {
   virtual ~Screens() = default;
 
   /// Brings the form to the front, loading it if necessary. The reports are about what the episode
-  /// editor shows; the plot returns to the form that was on the screen. `aboutText` is modal: the
-  /// call returns when it is hidden again.
+  /// editor shows, or the file that ShowReport was given; the plot returns to the form that was on
+  /// the screen. `aboutText` is modal: the call returns when it is hidden again.
   virtual void Show(Screen screen) = 0;
   /// Takes the form off the screen. It stays loaded, and its timers go on.
   virtual void Hide(Screen screen) = 0;
@@ -52,6 +53,11 @@ class Screens {
   /// Closes all forms and files in order and ends the program, once the running operation has
   /// returned.
   virtual void EndProgram() = 0;
+  /// True while the study is open: whatever is being done with a file was begun there.
+  virtual bool IsStudyOpen() const = 0;
+  /// Ends what was being done with a file. If it was begun in the study, closes its forms and shows
+  /// the study again; otherwise ends the program.
+  virtual void EndActivity() = 0;
 
   /// Loads the question editor for `caller` and shows it. In proof mode it begins with the question
   /// at the program's `ProofEp` and `ProofQ`.
@@ -68,6 +74,17 @@ class Screens {
   /// Loads the episode editor with an episode file and shows it. False when the file could not be
   /// opened (the user has been told) or the user leaves it for later.
   virtual bool ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) = 0;
+  /// Does the same, and shows the question editor above it, with `question` of `episode`, both
+  /// counted from 1. If `question` is 0, it begins as it does from the episode editor.
+  virtual bool ShowQuestion(const std::filesystem::path& file, int episode, int question) = 0;
+  /// Does the same in proof mode, with the first question that is not fully coded.
+  virtual bool ShowFirstGap(const std::filesystem::path& file) = 0;
+  /// Shows a report on an episode file without the episode editor; the reports on a single episode
+  /// are about the first one with questions. False when the file could not be read (the user has
+  /// been told) or has nothing to report.
+  virtual bool ShowReport(const std::filesystem::path& file, Screen report) = 0;
+  /// Shows a session log. Returns when the user closes it.
+  virtual void ShowLog(const std::filesystem::path& file) = 0;
   /// Edits a field-notes file in the notes dialog. Returns when the dialog is closed.
   virtual void ShowFieldNotes(const std::filesystem::path& file, Kept kept) = 0;
 };

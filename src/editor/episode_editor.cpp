@@ -386,18 +386,24 @@ bool EpisodeEditor::Save() {
   return true;
 }
 
+/// Leaves the screen to a form that has just been shown.
+void EpisodeEditor::GiveWay() {
+  hasBeenLeft_ = true;
+  services_.screens.Hide(Screen::episodeEditor);
+}
+
 void EpisodeEditor::EditQuestions() {
   if (!FindEpisode()) return;
   LeaveBox();
   services_.screens.ShowQuestionEditor(EditorCaller::episodeEditor, false);
-  services_.screens.Hide(Screen::episodeEditor);
+  GiveWay();
 }
 
 void EpisodeEditor::Proof() {
   LeaveBox();
   if (!FindNextGap(services_.program, services_.prompter)) return;
   services_.screens.ShowQuestionEditor(EditorCaller::episodeEditor, true);
-  services_.screens.Hide(Screen::episodeEditor);
+  GiveWay();
 }
 
 void EpisodeEditor::ShowReport(Screen report) {
@@ -405,7 +411,7 @@ void EpisodeEditor::ShowReport(Screen report) {
   if (isOfQuestions && !View().hasQuestions) return;
   LeaveBox();
   services_.screens.Show(report);
-  services_.screens.Hide(Screen::episodeEditor);
+  GiveWay();
 }
 
 void EpisodeEditor::Quit() {
@@ -417,16 +423,16 @@ void EpisodeEditor::Quit() {
                               .dismissed = Answer::cancel});
   // Dismissing the question means staying. If saving fails, stay too, so that no changes are lost.
   if (save == Answer::cancel || (save == Answer::yes && !Save())) return;
-  const Answer another = services_.prompter.Ask({.text = Say(Text::askAnotherFile),
-                                                 .buttons = Buttons::yesNo,
-                                                 .defaultAnswer = Answer::no,
-                                                 .dismissed = Answer::cancel});
+  Answer another = Answer::no;
+  if (!services_.screens.IsStudyOpen()) {
+    another = services_.prompter.Ask({.text = Say(Text::askAnotherFile),
+                                      .buttons = Buttons::yesNo,
+                                      .defaultAnswer = Answer::no,
+                                      .dismissed = Answer::cancel});
+  }
   if (another == Answer::cancel) return;
   file_.StopKeeping();
-  if (another != Answer::yes) {
-    services_.screens.EndProgram();
-    return;
-  }
+  if (another != Answer::yes) return services_.screens.EndActivity();
   Forget();
   LoadAnother();
 }
@@ -448,7 +454,7 @@ void EpisodeEditor::LoadAnother() {
       file_ = std::move(outcome.loaded->file);
       return Start(std::move(outcome.loaded->episodes), outcome.loaded->repaired);
     }
-    if (outcome.programEnds) return;
+    if (outcome.isRefused) return;
   }
 }
 

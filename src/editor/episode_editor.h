@@ -48,6 +48,8 @@ class EpisodeEditor : private QuestionSteps {
   /// Call this when the window returns from the question editor or a report. Edits made there that
   /// are not yet recorded become one undo step.
   void Activate();
+  /// True once the question editor or a report has taken the editor's place.
+  bool HasBeenLeft() const { return hasBeenLeft_; }
 
   // Typing. Everything typed into a box before leaving it is one undo step.
   void TypeDescription(std::string_view text);
@@ -93,7 +95,8 @@ class EpisodeEditor : private QuestionSteps {
   void Proof();
   void ShowReport(Screen report);
   /// Asks whether to save, and whether to go on with another file; if not, ends the program.
-  /// Closing the window does this too, so the window stays until the program ends.
+  /// What was opened from the study leads back there instead. Closing the window does this too, so
+  /// the window stays until then.
   void Quit();
 
  private:
@@ -121,6 +124,7 @@ class EpisodeEditor : private QuestionSteps {
   void SelectEpisode(int episode);
   void SelectSegment(int segment);
   void ShowPlace(Place place);
+  void GiveWay();
 
   template <typename Edit>
   std::optional<Place> TryEdit(Edit edit);
@@ -142,6 +146,7 @@ class EpisodeEditor : private QuestionSteps {
   std::optional<std::string> typedDuration_;
   bool saysReview_ = false;  ///< the shown activity also says if the episode was review
   std::optional<CutSegments> cut_;
+  bool hasBeenLeft_ = false;
 };
 
 }  // namespace orvex

@@ -63,26 +63,48 @@ LoadedEpisodes Read(const Services& services, const fs::path& path, const TakenU
   return loaded;
 }
 
+/// Why a file was not read. The user has been told.
+enum class Unread { cannotBeRead, isRefused };
+
+/// Calls `read`, which reads the file at `path`. Nothing if that succeeds.
+template <typename Read>
+std::optional<Unread> TryToRead(const Services& services, const fs::path& path, Text invalid,
+                                Read read) {
+  try {
+    read();
+    return std::nullopt;
+  } catch (const FileError& error) {
+    services.prompter.Tell(Say(Text::fileUnreadable), error.what());
+    return Unread::cannotBeRead;
+  } catch (const FormatError& error) {
+    services.prompter.Tell(Say(invalid), Printable(path.native()) + ": " + error.what());
+  } catch (const ReadingDeclined&) {
+    // The user knows.
+  }
+  return Unread::isRefused;
+}
+
 }  // namespace
 
 LoadOutcome LoadEpisodes(const Services& services, const fs::path& path, Kept kept) {
   LoadOutcome outcome;
   const TakenUp takenUp = TakeUpChanges(services, path, kept);
   if (takenUp.isLeft) return outcome;
-  try {
-    outcome.loaded.emplace(Read(services, path, takenUp));
-  } catch (const FileError& error) {
-    services.prompter.Tell(Say(Text::fileUnreadable), error.what());
-  } catch (const FormatError& error) {
-    services.prompter.Tell(
-        Say(takenUp.changes ? Text::changesUnreadable : Text::invalidEpisodeFile),
-        Printable(path.native()) + ": " + error.what());
-    outcome.programEnds = !takenUp.changes;
-  } catch (const ReadingDeclined&) {
-    outcome.programEnds = true;
-  }
-  if (outcome.programEnds) services.screens.EndProgram();
+  const Text invalid = takenUp.changes ? Text::changesUnreadable : Text::invalidEpisodeFile;
+  const auto unread = TryToRead(services, path, invalid,
+                                [&] { outcome.loaded.emplace(Read(services, path, takenUp)); });
+  outcome.isRefused = unread == Unread::isRefused && !takenUp.changes;
+  if (outcome.isRefused) services.screens.EndActivity();
   return outcome;
+}
+
+std::optional<EpsObservation> ReadForReports(const Services& services, const fs::path& path) {
+  std::optional<EpsObservation> read;
+  TryToRead(services, path, Text::invalidEpisodeFile, [&] {
+    ReadingAloud events(services.prompter);
+    read = ReadEpsFile(path, events);
+  });
+  return read;
 }
 
 fs::path ChooseEpisodeFile(const Services& services) {

@@ -86,7 +86,8 @@ void SurveyForm::Quit() {
                                               .defaultAnswer = Answer::yes,
                                               .dismissed = Answer::cancel});
   if (save == Answer::cancel || (save == Answer::yes && !Save())) return;
-  const bool another = services_.prompter.Ask({.text = Say(Text::askAnotherFile),
+  const bool another = !services_.screens.IsStudyOpen() &&
+                       services_.prompter.Ask({.text = Say(Text::askAnotherFile),
                                                .buttons = Buttons::yesNo,
                                                .defaultAnswer = Answer::no}) == Answer::yes;
   if (keeper_) keeper_->Drop();
@@ -96,7 +97,7 @@ void SurveyForm::Quit() {
     services_.screens.Close(Screen::survey);
     if (EditChosenSurvey(services_)) return;
   }
-  services_.screens.EndProgram();
+  services_.screens.EndActivity();
 }
 
 bool SurveyForm::Save() {

@@ -62,6 +62,7 @@ class SurveyForm {
   /// On a file: saves it. False when it could not be written and the user has given up for now.
   bool Save();
   /// On a file: asks whether to save, then whether to edit another file; if not, ends the program.
+  /// What was opened from the study leads back there instead.
   void Quit();
   /// Leaves the form as its own button does. For when the user closes the window.
   void Leave() { OnFile() ? Quit() : ReturnToCaller(); }

@@ -5,16 +5,21 @@
 #include <QDialog>
 #include <QWindow>
 #include <iterator>
-#include <optional>
 #include <utility>
 #include <vector>
 
+#include "desk/prompter.h"
 #include "editor/edited_file.h"
+#include "editor/load_episodes.h"
+#include "model/program.h"
 #include "recovery/recovery_file.h"
 #include "start/field_notes_file.h"
+#include "store/durable_file.h"
+#include "store/file_error.h"
+#include "store/text_encoding.h"
 #include "survey/load_survey.h"
 #include "ui/OnceInUse.h"
-#include "ui/ReportForms.h"
+#include "ui/forms/dlgLog.h"
 #include "ui/forms/frmAboutInputBox.h"
 #include "ui/forms/frmClassAct.h"
 #include "ui/forms/frmClassEdit.h"
@@ -41,16 +46,16 @@ struct Forms::Row {
 };
 
 const Forms::Row& Forms::RowOf(Screen screen) {
-  /// Builds the form of a report on what the episode editor shows.
   const auto report = [](auto make) {
     return [make](Forms& forms) {
-      auto* edit = forms.Get<frmClassEdit>();
-      return edit ? LoadedForm(make(forms, edit->Editor())) : LoadedForm();
+      const auto subject = forms.Subject();
+      return subject ? LoadedForm(make(forms, *subject)) : LoadedForm();
     };
   };
   static const std::map<Screen, Row> rows = {
       {Screen::mainMenu,
        {.make = [](Forms& forms) { return std::make_unique<frmSplash>(forms.services_); }}},
+      {Screen::study, {}},
       {Screen::setUp,
        {.make = [](Forms& forms) { return std::make_unique<frmInput1>(forms.services_); }}},
       {Screen::liveObservation,
@@ -70,28 +75,28 @@ const Forms::Row& Forms::RowOf(Screen screen) {
               return std::make_unique<frmEnterQA>(forms.services_, live.Live(), live.Clocks());
             },
         .over = {Screen::liveObservation}}},
-      {Screen::episodeEditor, {}},
+      {Screen::episodeEditor, {.over = {Screen::study}}},
       {Screen::timeSummary,
-       {.make = report([](Forms& forms, const EpisodeEditor& editor) {
-          return MakeTimeSummaryForm(forms.services_, editor);
+       {.make = report([](Forms& forms, const ReportSubject& subject) {
+          return MakeTimeSummaryForm(forms.services_, subject);
         }),
-        .over = {Screen::episodeEditor}}},
+        .over = {Screen::episodeEditor, Screen::study}}},
       {Screen::questionStats,
-       {.make = report([](Forms& forms, const EpisodeEditor& editor) {
-          return MakeQuestionStatsForm(forms.services_, editor);
+       {.make = report([](Forms& forms, const ReportSubject& subject) {
+          return MakeQuestionStatsForm(forms.services_, subject);
         }),
-        .over = {Screen::episodeEditor}}},
+        .over = {Screen::episodeEditor, Screen::study}}},
       {Screen::questionPlot,
-       {.make = report([](Forms& forms, const EpisodeEditor& editor) {
+       {.make = report([](Forms& forms, const ReportSubject& subject) {
           const auto* stats = forms.Get<frmQuestionStats>();
           const bool fromStats = stats && stats->isVisible();
-          return MakeQuestionPlotForm(forms.services_, editor,
-                                      fromStats ? Screen::questionStats : Screen::episodeEditor);
+          return MakeQuestionPlotForm(forms.services_, subject,
+                                      fromStats ? Screen::questionStats : subject.back);
         }),
-        .over = {Screen::episodeEditor}}},
+        .over = {Screen::episodeEditor, Screen::study}}},
       {Screen::questionEditor,
        {.over = {Screen::questionEntry, Screen::liveObservation, Screen::episodeEditor}}},
-      {Screen::survey, {.over = {Screen::liveObservation}}},
+      {Screen::survey, {.over = {Screen::liveObservation, Screen::study}}},
       {Screen::listOfFiles, {.over = {Screen::mainMenu}}},
   };
   return rows.at(screen);
@@ -128,6 +133,11 @@ Form* Forms::Get() const {
 frmClassAct& Forms::LiveForm() {
   Load(Screen::liveObservation);
   return *Get<frmClassAct>();
+}
+
+std::optional<ReportSubject> Forms::Subject() const {
+  auto* edit = Get<frmClassEdit>();
+  return edit ? SubjectOf(edit->Editor(), services_.program.Episodes) : reported_;
 }
 
 void Forms::Load(Screen screen, LoadedForm form) {
@@ -242,17 +252,79 @@ bool Forms::ShowSurveyFile(const std::filesystem::path& file, Kept kept) {
   return true;
 }
 
-bool Forms::ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) {
+EpisodeEditor* Forms::LoadEpisodeEditor(const std::filesystem::path& file, Kept kept) {
   LoadOutcome outcome = LoadEpisodes(services_, file, kept);
-  if (!outcome.loaded) return false;
-  Load(Screen::episodeEditor,
-       std::make_unique<frmClassEdit>(services_, std::move(*outcome.loaded)));
+  if (!outcome.loaded) return nullptr;
+  auto form = std::make_unique<frmClassEdit>(services_, std::move(*outcome.loaded));
+  EpisodeEditor& editor = form->Editor();
+  Load(Screen::episodeEditor, std::move(form));
+  return &editor;
+}
+
+void Forms::ShowUnlessLeft(const EpisodeEditor& editor) {
+  if (!editor.HasBeenLeft()) BringToFront(Screen::episodeEditor);
+}
+
+bool Forms::ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) {
+  if (!LoadEpisodeEditor(file, kept)) return false;
   BringToFront(Screen::episodeEditor);
   return true;
 }
 
+bool Forms::ShowQuestion(const std::filesystem::path& file, int episode, int question) {
+  EpisodeEditor* editor = LoadEpisodeEditor(file, Kept::areOffered);
+  if (!editor) return false;
+  editor->ShowEpisode(episode);
+  editor->EditQuestions();
+  ShowUnlessLeft(*editor);
+  if (auto* questions = Get<frmQA>()) {
+    questions->Editor().ChooseQuestion(question);
+    questions->Refresh();
+  }
+  return true;
+}
+
+bool Forms::ShowFirstGap(const std::filesystem::path& file) {
+  EpisodeEditor* editor = LoadEpisodeEditor(file, Kept::areOffered);
+  if (!editor) return false;
+  editor->Proof();
+  ShowUnlessLeft(*editor);
+  return true;
+}
+
+bool Forms::ShowReport(const std::filesystem::path& file, Screen report) {
+  auto read = ReadForReports(services_, file);
+  if (!read) return false;
+  reported_ = SubjectOf(file, *std::move(read));
+  Show(report);
+  return loaded_.contains(report);
+}
+
+void Forms::ShowLog(const std::filesystem::path& file) {
+  try {
+    dlgLog(file.filename().string(), Decode(ReadFile(file)).text, QApplication::activeWindow())
+        .exec();
+  } catch (const FileError& error) {
+    services_.prompter.Tell(Say(Text::fileUnreadable), error.what());
+  }
+}
+
 void Forms::ShowFieldNotes(const std::filesystem::path& file, Kept kept) {
   EditFieldNotes(services_, file, kept);
+}
+
+bool Forms::IsStudyOpen() const {
+  return loaded_.contains(Screen::study);
+}
+
+void Forms::EndActivity() {
+  if (!IsStudyOpen()) return EndProgram();
+  Show(Screen::study);
+  std::vector<Screen> others;
+  for (const auto& [screen, form] : loaded_) {
+    if (screen != Screen::study) others.push_back(screen);
+  }
+  for (const Screen screen : others) Close(screen);
 }
 
 void Forms::KeepAll() {

@@ -6,10 +6,12 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "desk/screens.h"
 #include "desk/services.h"
+#include "ui/ReportForms.h"
 
 namespace orvex {
 
@@ -29,12 +31,18 @@ class Forms : public Screens {
   void Hide(Screen screen) override;
   void Close(Screen screen) override;
   void EndProgram() override;
+  bool IsStudyOpen() const override;
+  void EndActivity() override;
   void ShowQuestionEditor(EditorCaller caller, bool proofMode) override;
   void ShowTakenUpClass(const RunningClass& running) override;
   void ShowSurvey(SurveyCaller caller) override;
   void ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) override;
   bool ShowSurveyFile(const std::filesystem::path& file, Kept kept) override;
   bool ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) override;
+  bool ShowQuestion(const std::filesystem::path& file, int episode, int question) override;
+  bool ShowFirstGap(const std::filesystem::path& file) override;
+  bool ShowReport(const std::filesystem::path& file, Screen report) override;
+  void ShowLog(const std::filesystem::path& file) override;
   void ShowFieldNotes(const std::filesystem::path& file, Kept kept) override;
 
   /// Keeps all unsaved work and waits until the system has it.
@@ -62,6 +70,13 @@ class Forms : public Screens {
   template <typename Form>
   Form* Get() const;
   frmClassAct& LiveForm();
+  /// What the reports are about; nothing when there is nothing to report.
+  std::optional<ReportSubject> Subject() const;
+  /// The editor of `file`, loaded and not yet shown; null when ShowEpisodeEditor would return
+  /// false.
+  EpisodeEditor* LoadEpisodeEditor(const std::filesystem::path& file, Kept kept);
+  /// Shows the episode editor, unless it has given way to another form.
+  void ShowUnlessLeft(const EpisodeEditor& editor);
   /// Replaces the form loaded for `screen` with `form`; without a widget, only closes the old one.
   void Load(Screen screen, LoadedForm form);
   /// Builds the form if it is not loaded and Forms can build it on its own.
@@ -71,7 +86,8 @@ class Forms : public Screens {
   std::filesystem::path programFolder_;
   Services services_;
   bool isEnding_ = false;
-  QObject ending_;  // its destruction ends the connections made here
+  QObject ending_;                         // its destruction ends the connections made here
+  std::optional<ReportSubject> reported_;  ///< the file that ShowReport was given last
   std::map<Screen, LoadedForm> loaded_;
 };
 

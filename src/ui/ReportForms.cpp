@@ -1,9 +1,10 @@
 #include "ui/ReportForms.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <utility>
 
 #include "editor/episode_editor.h"
-#include "model/program.h"
 #include "reports/episode_origin.h"
 #include "reports/question_plot.h"
 #include "reports/question_statistics.h"
@@ -15,10 +16,10 @@
 namespace orvex {
 namespace {
 
-/// The episode that `editor` shows; null if there is none.
-const Episode* EditedEpisode(const Services& services, const EpisodeEditor& editor) {
-  const EpisodeList& episodes = services.program.Episodes;
-  const auto number = static_cast<std::size_t>(editor.CurrentEpisode());
+/// The episode that the reports on a single one are about; null if there is none.
+const Episode* EpisodeOf(const ReportSubject& subject) {
+  const EpisodeList& episodes = subject.observation.Episodes;
+  const auto number = static_cast<std::size_t>(subject.episode);
   return number >= 1 && number <= episodes.size() ? &episodes[number - 1] : nullptr;
 }
 
@@ -26,36 +27,60 @@ Printing PrintingOf(const Services& services) {
   return {services.prompter, services.storage};
 }
 
+/// Lets `leave` of `form`, which is shown as `self`, lead back to `back`.
+template <typename Form, typename Signal>
+void LeadBack(const Services& services, Form* form, Signal leave, Screen self, Screen back) {
+  QObject::connect(form, leave, form, [&screens = services.screens, self, back] {
+    screens.Show(back);
+    screens.Close(self);
+  });
+}
+
 }  // namespace
 
+ReportSubject SubjectOf(const EpisodeEditor& editor, const EpisodeList& episodes) {
+  return {.observation = {editor.File().Header(), episodes}, .episode = editor.CurrentEpisode()};
+}
+
+ReportSubject SubjectOf(const std::filesystem::path& file, EpsObservation observation) {
+  const EpisodeList& episodes = observation.Episodes;
+  const auto asked = std::ranges::find_if(
+      episodes, [](const Episode& episode) { return !episode.questions.empty(); });
+  const auto number = asked == episodes.end() ? 1 : asked - episodes.begin() + 1;
+  return {.observation = std::move(observation),
+          .episode = static_cast<int>(number),
+          .back = Screen::study,
+          .unopened = file};
+}
+
 std::unique_ptr<frmTimeSummary> MakeTimeSummaryForm(const Services& services,
-                                                    const EpisodeEditor& editor) {
+                                                    const ReportSubject& subject) {
+  const EpsObservation& observation = subject.observation;
   auto form = std::make_unique<frmTimeSummary>(
-      MakeTimeSummary(editor.File().Header(), services.program.Episodes), PrintingOf(services));
-  QObject::connect(form.get(), &frmTimeSummary::Menu, form.get(), [&screens = services.screens] {
-    screens.Show(Screen::episodeEditor);
-    screens.Close(Screen::timeSummary);
-  });
+      MakeTimeSummary(observation.header, observation.Episodes), PrintingOf(services));
+  LeadBack(services, form.get(), &frmTimeSummary::Menu, Screen::timeSummary, subject.back);
   return form;
 }
 
 std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services,
-                                                        const EpisodeEditor& editor) {
-  const Episode* episode = EditedEpisode(services, editor);
+                                                        const ReportSubject& subject) {
+  const Episode* episode = EpisodeOf(subject);
   if (!episode) return nullptr;
-  const EpsHeader& header = editor.File().Header();
+  const EpsHeader& header = subject.observation.header;
   auto form = std::make_unique<frmQuestionStats>(
-      MakeQuestionStatistics(header.identity, editor.CurrentEpisode(), *episode),
+      MakeQuestionStatistics(header.identity, subject.episode, *episode),
       OriginOf(header, *episode), PrintingOf(services));
+  LeadBack(services, form.get(), &frmQuestionStats::Menu, Screen::questionStats, subject.back);
   Screens& screens = services.screens;
-  QObject::connect(form.get(), &frmQuestionStats::Menu, form.get(), [&screens] {
-    screens.Show(Screen::episodeEditor);
-    screens.Close(Screen::questionStats);
-  });
-  QObject::connect(form.get(), &frmQuestionStats::EditQuestions, form.get(), [&screens] {
-    screens.ShowQuestionEditor(EditorCaller::statistics, false);
-    screens.Close(Screen::questionStats);
-  });
+  QObject::connect(form.get(), &frmQuestionStats::EditQuestions, form.get(),
+                   [&screens, file = subject.unopened, number = subject.episode] {
+                     if (file.empty()) {
+                       screens.ShowQuestionEditor(EditorCaller::statistics, false);
+                     } else if (!screens.ShowQuestion(file, number, 0)) {
+                       return;
+                     }
+                     screens.Close(Screen::questionStats);
+                   });
   QObject::connect(form.get(), &frmQuestionStats::Plot, form.get(), [&screens] {
     screens.Show(Screen::questionPlot);
     screens.Hide(Screen::questionStats);
@@ -64,18 +89,14 @@ std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services
 }
 
 std::unique_ptr<frmQuestionPlot> MakeQuestionPlotForm(const Services& services,
-                                                      const EpisodeEditor& editor, Screen back) {
-  const Episode* episode = EditedEpisode(services, editor);
+                                                      const ReportSubject& subject, Screen back) {
+  const Episode* episode = EpisodeOf(subject);
   if (!episode) return nullptr;
-  const EpsHeader& header = editor.File().Header();
+  const EpsHeader& header = subject.observation.header;
   auto form = std::make_unique<frmQuestionPlot>(
-      MakeQuestionPlot(header.identity, editor.CurrentEpisode(), *episode),
-      OriginOf(header, *episode), PrintingOf(services));
-  QObject::connect(form.get(), &frmQuestionPlot::Back, form.get(),
-                   [&screens = services.screens, back] {
-                     screens.Show(back);
-                     screens.Close(Screen::questionPlot);
-                   });
+      MakeQuestionPlot(header.identity, subject.episode, *episode), OriginOf(header, *episode),
+      PrintingOf(services));
+  LeadBack(services, form.get(), &frmQuestionPlot::Back, Screen::questionPlot, back);
   return form;
 }
 

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
 
 #include "desk/screens.h"
 #include "desk/services.h"
+#include "model/episode.h"
+#include "store/eps_file.h"
 
 namespace orvex {
 
@@ -12,14 +15,26 @@ class frmQuestionPlot;
 class frmQuestionStats;
 class frmTimeSummary;
 
-/// The forms of the reports on what `editor` shows, with their buttons connected to other forms.
-/// Reports on a single episode are null if there is no episode.
+/// What reports are about, and where their user goes from there.
+struct ReportSubject {
+  EpsObservation observation;
+  int episode = 0;  ///< which one the reports on a single episode are about, from 1
+  Screen back = Screen::episodeEditor;  ///< the form to show again when a report is left
+  std::filesystem::path unopened = {};  ///< the file to edit the questions of, if not open already
+};
+/// What `editor` shows of `episodes`.
+ReportSubject SubjectOf(const EpisodeEditor& editor, const EpisodeList& episodes);
+/// A file of the study, which is not open in the editor, and its first episode with questions.
+ReportSubject SubjectOf(const std::filesystem::path& file, EpsObservation observation);
+
+/// The forms of the reports, with their buttons connected to other forms. Reports on a single
+/// episode are null if there is no episode.
 std::unique_ptr<frmTimeSummary> MakeTimeSummaryForm(const Services& services,
-                                                    const EpisodeEditor& editor);
+                                                    const ReportSubject& subject);
 std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services,
-                                                        const EpisodeEditor& editor);
+                                                        const ReportSubject& subject);
 /// `back` is the form to show again when the user leaves the plot.
 std::unique_ptr<frmQuestionPlot> MakeQuestionPlotForm(const Services& services,
-                                                      const EpisodeEditor& editor, Screen back);
+                                                      const ReportSubject& subject, Screen back);
 
 }  // namespace orvex

@@ -164,6 +164,21 @@ TEST_F(SavingTest, QuittingSavesOnlyWhenToldTo) {
   EXPECT_EQ(editor.View().description, "A");
 }
 
+TEST_F(SavingTest, QuittingLeadsBackToTheStudyWithoutAskingForAnotherFile) {
+  desk.screens.studyIsOpen = true;
+  editor.TypeDescription("A");
+  desk.prompter.Expect("Save Data?", Answer::cancel);
+  editor.Quit();
+  EXPECT_TRUE(desk.screens.Take().empty());
+  desk.prompter.Expect("Save Data?", Answer::yes);
+  editor.Quit();
+  EXPECT_EQ(desk.screens.Take(), Rows{"back to the study"});
+  EXPECT_EQ(EpisodeEditor(desk.services, std::move(*LoadEpisodes(desk.services, desk.file).loaded))
+                .View()
+                .description,
+            "A");
+}
+
 TEST_F(SavingTest, QuittingForAnotherFileBeginsAnew) {
   editor.TypeDescription("A");
   test::ClickSegment(editor, 2);
@@ -252,6 +267,11 @@ TEST(Opening, AnEarlierVersionDeclinedEndsTheProgram) {
   EXPECT_FALSE(LoadEpisodes(desk.services, file).loaded);
   EXPECT_EQ(desk.prompter.asked[0].buttons, Buttons::okCancel);
   EXPECT_EQ(desk.screens.Take(), Rows{"end"});
+  desk.screens.studyIsOpen = true;
+  desk.prompter.Expect("EPS file created by an earlier version of ORVEX. Continue anyway?",
+                       Answer::cancel);
+  EXPECT_FALSE(LoadEpisodes(desk.services, file).loaded);
+  EXPECT_EQ(desk.screens.Take(), Rows{"back to the study"});
 }
 
 TEST(Opening, FromTheMenuTheEditorTakesItsPlace) {

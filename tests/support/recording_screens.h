@@ -17,6 +17,8 @@ class RecordingScreens : public Screens {
   void Hide(Screen screen) override { moves.push_back("hide " + Name(screen)); }
   void Close(Screen screen) override { moves.push_back("close " + Name(screen)); }
   void EndProgram() override { moves.emplace_back("end"); }
+  bool IsStudyOpen() const override { return studyIsOpen; }
+  void EndActivity() override { moves.emplace_back(studyIsOpen ? "back to the study" : "end"); }
   void ShowQuestionEditor(EditorCaller caller, bool proofMode) override {
     moves.push_back("show questionEditor for " + std::to_string(static_cast<int>(caller)) +
                     (proofMode ? " to proof" : ""));
@@ -40,6 +42,22 @@ class RecordingScreens : public Screens {
     moves.push_back("show episode editor for " + file.filename().string());
     return episodeFileIsGood;
   }
+  bool ShowQuestion(const std::filesystem::path& file, int episode, int question) override {
+    moves.push_back("show question " + std::to_string(episode) + "." + std::to_string(question) +
+                    " of " + file.filename().string());
+    return episodeFileIsGood;
+  }
+  bool ShowFirstGap(const std::filesystem::path& file) override {
+    moves.push_back("show the first gap of " + file.filename().string());
+    return episodeFileIsGood;
+  }
+  bool ShowReport(const std::filesystem::path& file, Screen report) override {
+    moves.push_back("show " + Name(report) + " of " + file.filename().string());
+    return episodeFileIsGood;
+  }
+  void ShowLog(const std::filesystem::path& file) override {
+    moves.push_back("show log " + file.filename().string());
+  }
   void ShowFieldNotes(const std::filesystem::path& file, Kept /*kept*/) override {
     moves.push_back("show field notes " + file.filename().string());
   }
@@ -49,15 +67,16 @@ class RecordingScreens : public Screens {
 
   std::vector<std::string> moves;
   std::optional<RunningClass> takenUp;
+  bool studyIsOpen = false;
   bool surveyFileIsGood = true;
   bool episodeFileIsGood = true;
 
  private:
   static std::string Name(Screen screen) {
-    constexpr const char* kNames[] = {"mainMenu",       "setUp",         "liveObservation",
-                                      "aboutText",      "questionEntry", "episodeEditor",
-                                      "timeSummary",    "questionStats", "questionPlot",
-                                      "questionEditor", "survey",        "listOfFiles"};
+    constexpr const char* kNames[] = {
+        "mainMenu",       "study",         "setUp",       "liveObservation", "aboutText",
+        "questionEntry",  "episodeEditor", "timeSummary", "questionStats",   "questionPlot",
+        "questionEditor", "survey",        "listOfFiles"};
     return kNames[static_cast<std::size_t>(screen)];
   }
 };

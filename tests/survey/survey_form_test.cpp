@@ -81,6 +81,17 @@ TEST(SurveyOnAFile, IsSavedUnderItsNumbersInItsSpellingUntilItIsSavedElsewhere) 
   EXPECT_EQ(test::FileBytes(other), FormatSur(file));
 }
 
+TEST(SurveyOnAFile, LeadsBackToTheStudyItWasOpenedFrom) {
+  test::Desk desk;
+  desk.screens.studyIsOpen = true;
+  SurveyForm form(desk.services, Portfolio());
+  for (const Answer save : {Answer::cancel, Answer::yes}) {
+    desk.prompter.Expect("Save changes?", save);
+    form.Quit();
+  }
+  EXPECT_EQ(desk.screens.Take(), Moves{"back to the study"});
+}
+
 TEST(SurveyOnAFile, KeepsWhatLiesUnderItsNumbersWhenItHasAnotherName) {
   test::Desk desk;
   const fs::path misnamed = desk.folder / "9-9-9.sur";

@@ -20,8 +20,10 @@
 #include "support/scripted_prompter.h"
 #include "ui/QtPrompter.h"
 #include "ui/forms/dlgFieldNote.h"
+#include "ui/forms/dlgLog.h"
 #include "ui/forms/dlgTimer.h"
 #include "ui/keys.h"
+#include "ui/text.h"
 #include "ui/widgets/NotesBox.h"
 
 namespace orvex {
@@ -95,6 +97,37 @@ TEST(AdjustForm, SetsTheSecondsWithSliderOrNumber) {
     EXPECT_EQ(Find<QSlider>(dialog, "Slider1")->tickInterval(), 9);
   });
   EXPECT_EQ(QtPrompter().AskSeconds({.maximum = 180, .seconds = 90}), std::nullopt);
+}
+
+TEST(LogForm, FindsATextForwardsAndBackwardsAndAroundTheEnd) {
+  const std::string log = "LOG ON: 09:00:00\r\nEp. 1 Sg. 1\r\nEp. 1 Sg. 2\r\nLOG OFF: 09:41:00";
+  const std::tuple<const char*, int, const char*> cases[] = {
+      {"{Ctrl+F}ep. 1", 17, ""},
+      {"{Ctrl+F}ep. 1\n", 29, ""},
+      {"{Ctrl+F}ep. 1{F3}{F3}", 17, "Again from the start"},
+      {"{Alt+F}log{Shift+F3}", 41, "Again from the end"},
+      {"{Ctrl+F}log\n{Alt+P}", 0, ""},
+      {"{Ctrl+F}LOG OFF", 41, ""},  // with each letter, the first place from where it was
+      {"{Ctrl+F}nothing", 0, "Not found"},
+      {"{Ctrl+F}nothing{Ctrl+F}sg{Alt+N}", 35, ""},
+      {"x{Del}", 0, ""},
+  };
+  for (const auto& [keys, position, outcome] : cases) {
+    SCOPED_TRACE(keys);
+    dlgLog dialog("5-12-3.bak", log);
+    PressInTheNext(keys, [&](const QDialog& open) {
+      const auto* text = Find<NotesBox>(open, "txtLog");
+      EXPECT_EQ(text->textCursor().selectionStart(), position);
+      EXPECT_EQ(Find<QLabel>(open, "lblFound")->text(), QLatin1String(outcome));
+      EXPECT_EQ(FromQt(text->Notes()), log);
+    });
+    dialog.exec();
+  }
+  for (const char* keys : {"{Esc}", "{Alt+C}", "{Ctrl+F}log{Esc}"}) {
+    dlgLog dialog("5-12-3.bak", log);
+    PressInTheNext(keys, [](const QDialog&) { ADD_FAILURE() << "still open"; });
+    dialog.exec();
+  }
 }
 
 TEST(FieldNoteForm, KeepsWhatIsTypedUnlessItIsCancelled) {

@@ -279,7 +279,7 @@ void frmClassEdit::showEvent(QShowEvent* event) {
   ui_->scrollArea->setMinimumWidth(ui_->scrollContents->minimumSizeHint().width() +
                                    ui_->scrollArea->verticalScrollBar()->sizeHint().width());
   // Other forms may have changed the episodes when the form comes back.
-  if (!event->spontaneous() && std::exchange(hasBeenShown_, true)) editor_.Activate();
+  if (!event->spontaneous() && editor_.HasBeenLeft()) editor_.Activate();
   QWidget::showEvent(event);
 }
 

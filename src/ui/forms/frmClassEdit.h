@@ -58,7 +58,6 @@ class frmClassEdit : public QWidget {
 
   const Clock& clock_;
   EpisodeEditor editor_;
-  bool hasBeenShown_ = false;
   std::unique_ptr<Ui::frmClassEdit> ui_;
   SegmentCodingPanel* coding_ = nullptr;
   QLabel* keepTrouble_ = nullptr;
