@@ -7,31 +7,18 @@
 #include "model/texts.h"
 #include "store/durable_file.h"
 #include "store/eps_writer.h"
-#include "store/file_error.h"
 #include "store/older_file.h"
 
 namespace orvex {
-namespace {
 
 namespace fs = std::filesystem;
 
-/// Reads a file that could be read before. Throws FileError, which says so.
-std::string ReadAgain(const fs::path& path) {
-  try {
-    return ReadFile(path);
-  } catch (const FileError& error) {
-    throw FileError(path, Say(Text::noLongerReadable, {error.Cause()}));
-  }
-}
-
-}  // namespace
-
-EditedFile::EditedFile(fs::path path, EpsHeader header, std::string bytes,
+EditedFile::EditedFile(fs::path path, EpsHeader header, std::string bytes, OpenedFile opened,
                        std::unique_ptr<FileKeeper> keeper)
     : path_(std::move(path)),
       header_(std::move(header)),
-      bytes_(std::move(bytes)),
-      observed_(bytes_.empty() ? std::nullopt : std::optional(bytes_)),
+      observed_(bytes.empty() ? std::nullopt : std::optional(std::move(bytes))),
+      opened_(std::move(opened)),
       keeper_(std::move(keeper)) {}
 
 bool EditedFile::Save(const Services& services, const EpisodeList& episodes) {
@@ -42,16 +29,16 @@ bool EditedFile::Save(const Services& services, const EpisodeList& episodes) {
       [&](const fs::path& path) {
         // For any other file, the save dialog has already asked whether to replace it.
         if (path == path_) {
-          RequireUnchanged(bytes, givenUp);
+          opened_.RequireUnchanged(path, bytes, givenUp);
           KeepAsObserved(services.storage);
         }
         ReplaceFile(services.storage, path, bytes);
       });
   if (saved.empty()) return false;
   path_ = saved;
-  bytes_ = bytes;
+  opened_.Saved(bytes);
   observed_.reset();
-  if (keeper_) keeper_->Saved(path_, bytes_);
+  if (keeper_) keeper_->Saved(path_, bytes);
   return true;
 }
 
@@ -78,20 +65,9 @@ void EditedFile::StopKeeping() {
 /// Keeps a copy of the original content unless there is one. Throws FileError; do not save then.
 void EditedFile::KeepAsObserved(Storage& storage) const {
   const fs::path kept = ObservedPath(path_);
-  if (observed_ && !fs::exists(fs::symlink_status(kept))) ReplaceFile(storage, kept, *observed_);
-}
-
-/// Throws FileChanged if another program has changed the file, and FileError if it can no longer be
-/// read. A file that is gone, or already holds `bytes`, is fine. `givenUp` is the foreign content
-/// that the last FileChanged reported: the user has been asked about it and is not asked again.
-void EditedFile::RequireUnchanged(const std::string& bytes,
-                                  std::optional<std::string>& givenUp) const {
   std::error_code unknown;
-  if (!fs::exists(path_, unknown) && !unknown) return;
-  std::string found = ReadAgain(path_);
-  if (found == bytes_ || found == bytes || givenUp == found) return;
-  givenUp = std::move(found);
-  throw FileChanged(path_.string());
+  if (!observed_ || fs::exists(fs::symlink_status(kept, unknown))) return;
+  ReplaceFile(storage, kept, *observed_);
 }
 
 }  // namespace orvex

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "desk/opened_file.h"
 #include "desk/screens.h"
 #include "desk/services.h"
 #include "recovery/kept_changes.h"
@@ -16,14 +17,11 @@ namespace orvex {
 /// read or written, and the keeper that protects unsaved changes from being lost.
 class EditedFile {
  public:
-  EditedFile(std::filesystem::path path, EpsHeader header, std::string bytes,
+  EditedFile(std::filesystem::path path, EpsHeader header, std::string bytes, OpenedFile opened,
              std::unique_ptr<FileKeeper> keeper);
 
   const std::filesystem::path& Path() const { return path_; }
   const EpsHeader& Header() const { return header_; }
-
-  /// The episodes were not made from the file's content, so ask the user before replacing it.
-  void Distrust() { bytes_.clear(); }
 
   /// Writes the episodes to the file. If that fails, the user may choose another file, which the
   /// editor then works on. Returns false if the user gave up; the old file is then intact. Before
@@ -44,13 +42,12 @@ class EditedFile {
 
  private:
   void KeepAsObserved(Storage& storage) const;
-  void RequireUnchanged(const std::string& bytes, std::optional<std::string>& givenUp) const;
 
   std::filesystem::path path_;
   EpsHeader header_;
-  std::string bytes_;
   /// The original content, until the first save has kept a copy of it.
   std::optional<std::string> observed_;
+  OpenedFile opened_;
   std::unique_ptr<FileKeeper> keeper_;
 };
 

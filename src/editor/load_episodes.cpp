@@ -55,12 +55,10 @@ LoadedEpisodes Read(const Services& services, const fs::path& path, const TakenU
   EpsObservation read = ParseEps(changes ? *changes->bytes : bytes, events);
   TellProtection(services.prompter, path);
   if (!changes) TellDifferences(services.prompter, path, bytes, read);
-  LoadedEpisodes loaded = {.file = {path, std::move(read.header), bytes,
-                                    std::make_unique<FileKeeper>(services, path, bytes, changes)},
-                           .episodes = std::move(read.Episodes),
-                           .repaired = events.Repaired() || changes};
-  if (changes && changes->base != Checksum(bytes)) loaded.file.Distrust();
-  return loaded;
+  return {.file = {path, std::move(read.header), bytes, takenUp.Opened(bytes),
+                   std::make_unique<FileKeeper>(services, path, bytes, changes)},
+          .episodes = std::move(read.Episodes),
+          .repaired = events.Repaired() || changes};
 }
 
 /// Why a file was not read. The user has been told.

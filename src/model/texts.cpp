@@ -82,6 +82,7 @@ constexpr std::array<Row, kCount> kTexts = {{
     {Text::changesNotKept, "What is changed is not kept before it is saved: %1"},
     {Text::fileGone, "The file itself is gone since then."},
     {Text::fileChangedSince, "The file itself has been changed by another program since then."},
+    {Text::fileUnreadableNow, "The file itself cannot be read now."},
     {Text::changesNotSaved, "%1 was changed on %2 at %3, and the changes were not saved."},
     {Text::hasChanges, "%1 has changes that were not saved"},
     {Text::changedAt, "changed on %1 at %2"},

@@ -73,6 +73,7 @@ enum class Text {
   changesNotKept,
   fileGone,
   fileChangedSince,
+  fileUnreadableNow,
   changesNotSaved,
   hasChanges,
   changedAt,

@@ -99,29 +99,29 @@ bool ObservationHeader::LeaveNumber(HeaderBox box) {
     return false;
   }
   // A box that agrees with the log can always be left, even if another one was declined.
-  if (Text(box) == HeaderText(identity_, box) || RenameSessionLog()) return true;
-  if (box != HeaderBox::observNum) Type(box, "");
-  return false;
+  if (Text(box) == HeaderText(identity_, box)) return true;
+  const Renaming renaming = RenameSessionLog();
+  if (renaming == Renaming::declined && box != HeaderBox::observNum) Type(box, "");
+  return renaming == Renaming::done;
 }
 
-/// Renames the log and the recovery file to the numbers in the boxes, and accepts these. False when
-/// the observer declined or renaming failed.
-bool ObservationHeader::RenameSessionLog() {
+/// Renames the log and the recovery file to the numbers in the boxes, and accepts these.
+ObservationHeader::Renaming ObservationHeader::RenameSessionLog() {
   const Identity renamed = AsTyped(identity_, typed_);
   // While another number is still being corrected, there is no file name to change to.
-  if (!IsNamed(renamed)) return true;
+  if (!IsNamed(renamed)) return Renaming::done;
   try {
     const std::filesystem::path log = BakPath(services_.program.DataPath, renamed);
     if (services_.log.File().Path().filename() != log.filename()) {
-      if (!MayTake(log)) return false;
+      if (!MayTake(log)) return Renaming::declined;
       RenameFiles(renamed);
     }
   } catch (const FileError& error) {
     services_.prompter.Tell(Say(Text::logNotRenamed), error.what());
-    return false;
+    return Renaming::failed;
   }
   Accept(renamed);
-  return true;
+  return Renaming::done;
 }
 
 /// Asks before the name of an existing log is taken. That log is not lost: it is kept beside.

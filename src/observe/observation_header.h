@@ -38,7 +38,12 @@ class ObservationHeader {
  private:
   bool LeaveStudents();
   bool LeaveNumber(HeaderBox box);
-  bool RenameSessionLog();
+  enum class Renaming {
+    done,
+    declined,  ///< by the observer
+    failed,    ///< on the disk; the numbers stay as typed, to be tried again
+  };
+  Renaming RenameSessionLog();
   void RenameFiles(const Identity& renamed);
   bool MayTake(const std::filesystem::path& log) const;
   void Accept(const Identity& renamed);

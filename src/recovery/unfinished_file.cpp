@@ -44,8 +44,9 @@ std::string ChangeOf(const fs::path& file, const std::optional<std::string>& byt
                      std::uint64_t base) {
   if (bytes && Checksum(*bytes) == base) return "";
   std::error_code unknown;
-  if (!fs::exists(file, unknown)) return std::string("\n\n") + Say(Text::fileGone);
-  return std::string("\n\n") + Say(Text::fileChangedSince);
+  const bool gone = !bytes && !fs::exists(file, unknown);
+  const Text unread = gone ? Text::fileGone : Text::fileUnreadableNow;
+  return std::string("\n\n") + Say(bytes ? Text::fileChangedSince : unread);
 }
 
 void Remove(const Services& services, const fs::path& file, const KeptChanges& changes) {
@@ -174,6 +175,12 @@ std::vector<Unfinished> UnfinishedFiles(const Services& services) {
 std::string TakenUp::FileBytes(const fs::path& file) const {
   std::error_code unknown;
   return changes && !fs::exists(file, unknown) ? "" : ReadFile(file);
+}
+
+OpenedFile TakenUp::Opened(const std::string& bytes) const {
+  OpenedFile opened(bytes);
+  if (changes && changes->base != Checksum(bytes)) opened.Distrust();
+  return opened;
 }
 
 TakenUp TakeUpChanges(const Services& services, const fs::path& file, Kept kept) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "desk/opened_file.h"
 #include "desk/screens.h"
 #include "desk/services.h"
 #include "recovery/kept_changes.h"
@@ -25,6 +26,8 @@ struct TakenUp {
   /// What `file` holds; "" when the file is gone but there are changes to open instead. Throws
   /// FileError.
   std::string FileBytes(const std::filesystem::path& file) const;
+  /// Those bytes, which count as changed if the changes were made to others.
+  OpenedFile Opened(const std::string& bytes) const;
 };
 /// Offers the changes that are kept of `file`, which is about to be opened, or takes them up at
 /// once.

@@ -33,6 +33,7 @@ void EditFieldNotes(const Services& services, const std::filesystem::path& path,
   }
   TellProtection(services.prompter, path);
   FileKeeper keeper(services, path, bytes, takenUp.changes);
+  const OpenedFile opened = takenUp.Opened(bytes);
   FieldNotes notes = ParseFieldNotes(std::move(bytes));
   NotesPrompt prompt = {.notes = notes.text};
   if (takenUp.changes) prompt.draft = ParseFieldNotes(*takenUp.changes->bytes).text;
@@ -43,10 +44,14 @@ void EditFieldNotes(const Services& services, const std::filesystem::path& path,
   };
   while (auto edited = services.prompter.AskNotes(prompt)) {
     notes.text = *edited;
+    std::optional<std::string> givenUp;
     const std::filesystem::path saved =
         SaveFile(services.prompter,
                  {.failure = Say(Text::notesNotSaved), .path = path, .filter = kNteFilter},
                  [&](const std::filesystem::path& place) {
+                   // For any other file, the save dialog has already asked whether to replace it.
+                   if (place == path)
+                     opened.RequireUnchanged(place, FormatFieldNotes(notes), givenUp);
                    WriteFieldNotes(services.storage, place, notes);
                  });
     if (!saved.empty()) return keeper.Drop();

@@ -82,11 +82,12 @@ bool IsBinary(std::string_view text) {
 ContentKind KindOfOurs(std::string_view text) {
   const std::string_view banner = FirstLine(text);
   if (Holds(banner, "Orvex")) {
-    constexpr std::array<std::pair<std::string_view, ContentKind>, 4> kBanners = {{
+    constexpr std::array<std::pair<std::string_view, ContentKind>, 5> kBanners = {{
         {"EPS file", ContentKind::episodes},
         {"SUR file", ContentKind::survey},
         {"BAK file", ContentKind::sessionLog},
         {"Orvex recovery", ContentKind::keptClass},
+        {"Orvex unsaved changes", ContentKind::keptClass},
     }};
     for (const auto& [words, kind] : kBanners) {
       if (Holds(banner, words)) return kind;

@@ -39,6 +39,7 @@ LoadedSurvey Read(const Services& services, const std::filesystem::path& path,
   TellProtection(services.prompter, path);
   loaded.keeper = std::make_unique<FileKeeper>(services, path, bytes, changes);
   loaded.isTakenUp = changes.has_value();
+  loaded.opened = takenUp.Opened(bytes);
   return loaded;
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "desk/opened_file.h"
 #include "desk/screens.h"
 #include "desk/services.h"
 #include "recovery/kept_changes.h"
@@ -17,6 +18,7 @@ struct LoadedSurvey {
   LoadedSurvey(SurFile read) : file(std::move(read)) {}  // NOLINT: a file alone is enough
 
   SurFile file;
+  std::optional<OpenedFile> opened;
   std::unique_ptr<FileKeeper> keeper;
   bool isTakenUp = false;  ///< the answers are unsaved changes, not what the file holds
 };

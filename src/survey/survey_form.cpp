@@ -21,6 +21,7 @@ SurveyForm::SurveyForm(const Services& services, const Survey& answers, Fill fil
 SurveyForm::SurveyForm(const Services& services, LoadedSurvey loaded)
     : services_(services),
       file_(std::move(loaded.file)),
+      opened_(std::move(loaded.opened)),
       keeper_(std::move(loaded.keeper)),
       answers_(file_->answers),
       fill_([this](const Survey& answers) { file_->answers = answers; }) {
@@ -102,21 +103,25 @@ void SurveyForm::Quit() {
 
 bool SurveyForm::Save() {
   if (path_.empty()) path_ = SurPathInFolder(services_.program.DataPath, file_->identity);
+  const std::string bytes = FormatSur(*file_);
   std::string older;
+  std::optional<std::string> givenUp;
   const std::filesystem::path saved = SaveFile(
       services_.prompter,
       {.failure = Say(Text::surveyNotWritten), .path = path_, .filter = kSurFilter},
-      [this, &older](const std::filesystem::path& path) {
+      [&](const std::filesystem::path& path) {
         // The survey is saved under its numbers. If the file it was opened from has another name, a
         // different survey may lie there.
         std::error_code unknown;
         const bool isOwn = !keeper_ || std::filesystem::equivalent(keeper_->Path(), path, unknown);
-        older = ReplaceOwn(services_.storage, path, FormatSur(*file_), isOwn);
+        if (isOwn && keeper_) opened_->RequireUnchanged(path, bytes, givenUp);
+        older = ReplaceOwn(services_.storage, path, bytes, isOwn);
       });
   if (saved.empty()) return false;
   path_ = saved;
   saved_ = answers_;
-  if (keeper_) keeper_->Saved(path_, FormatSur(*file_));
+  opened_.emplace(bytes);
+  if (keeper_) keeper_->Saved(path_, bytes);
   savedText_ = older.empty() ? Say(Text::savedAs, {saved.string()})
                              : Say(Text::savedAsWithOlder, {saved.string(), older});
   return true;

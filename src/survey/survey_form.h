@@ -72,6 +72,7 @@ class SurveyForm {
 
   Services services_;
   std::optional<SurFile> file_;
+  std::optional<OpenedFile> opened_;    ///< the file's content
   std::unique_ptr<FileKeeper> keeper_;  ///< of the file
   std::optional<Survey> saved_;         ///< what the file holds, as far as that is known
   const Survey& answers_;

@@ -125,6 +125,10 @@ TEST_F(KeptChangesTest, OfAFileThatWasChangedSinceAreToldAndReplaceNothingUnaske
   desk.prompter.Expect("The file was changed by another program.", Answer::cancel);
   EXPECT_FALSE(editor->Save());
   EXPECT_EQ(test::FileBytes(desk.file), "theirs");
+  // An emptied file has been changed, too.
+  test::PutFile(desk.file, "");
+  desk.prompter.Expect("The file was changed by another program.", Answer::cancel);
+  EXPECT_FALSE(editor->Save());
 
   fs::remove(desk.file);
   ASSERT_NE(editor = Reopen(Answer::yes, "\n\nThe file itself is gone since then."), nullptr);

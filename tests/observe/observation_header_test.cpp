@@ -87,6 +87,11 @@ TEST_F(HeaderTest, RefusesWhatNamesNoFile) {
   desk.prompter.Expect("The session log could not be renamed.", Answer::ok);
   EXPECT_FALSE(Change(schoolNum, "9"));
   EXPECT_TRUE(std::filesystem::exists(Log("7/12/7-12-3.bak")));
+  // What was typed stays, to be tried again.
+  std::filesystem::remove(desk.folder / "BAK/9");
+  EXPECT_EQ(header.Text(schoolNum), "9");
+  EXPECT_TRUE(header.Leave(schoolNum));
+  EXPECT_TRUE(std::filesystem::exists(Log("9/12/9-12-3.bak")));
 }
 
 }  // namespace

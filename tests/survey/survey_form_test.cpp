@@ -113,6 +113,23 @@ TEST(SurveyOnAFile, KeepsWhatLiesUnderItsNumbersWhenItHasAnotherName) {
   EXPECT_NE(test::FileBytes(another), "another survey");
 }
 
+TEST(SurveyOnAFile, AnotherProgramsChangeIsNotReplacedUnasked) {
+  test::Desk desk;
+  const fs::path path = desk.folder / "5-12-3.sur";
+  test::PutFile(path, FormatSur({.identity = kIdentity, .answers = {}}));
+  SurveyForm form(desk.services, std::move(*LoadSurvey(desk.services, path, Kept::areOffered)));
+  form.Rate(15, 1);
+  EXPECT_TRUE(form.Save());
+  test::PutFile(path, "theirs");
+  form.Rate(15, 2);
+  desk.prompter.Expect("The file was changed by another program.", Answer::cancel);
+  EXPECT_FALSE(form.Save());
+  EXPECT_EQ(test::FileBytes(path), "theirs");
+  desk.prompter.Expect("The file was changed by another program.", Answer::yes);
+  EXPECT_TRUE(form.Save());
+  EXPECT_EQ(test::FileBytes(path), FormatSur({.identity = kIdentity, .answers = form.Answers()}));
+}
+
 struct SurveyFileScene : test::SaveScene {
   explicit SurveyFileScene(bool older) {
     if (older) test::PutFile(desk.folder / "5-12-3.sur", "the old survey\r\n");
