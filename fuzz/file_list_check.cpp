@@ -1,17 +1,18 @@
 #include "fuzz/checks.h"
+#include "study/file_numbers.h"
 #include "study/problem.h"
-#include "tables/file_list.h"
+#include "tables/list_lines.h"
 
 namespace orvex::fuzz {
 namespace {
 
 /// A list with the same names on the same lines.
-std::string Written(const std::vector<ListedFile>& files) {
+std::string Written(const std::vector<ListLine>& lines) {
   std::string text;
-  int line = 1;
-  for (const ListedFile& file : files) {
-    for (; line < file.line; ++line) text += "\r\n";
-    text += " " + file.name;  // a name may begin with what looks like a byte order mark
+  int number = 1;
+  for (const ListLine& line : lines) {
+    for (; number < line.number; ++number) text += "\r\n";
+    text += " " + line.text;  // a name may begin with what looks like a byte order mark
   }
   return text;
 }
@@ -29,19 +30,19 @@ void CheckNumbersOf(const std::string& name) {
 
 std::optional<std::string> CheckFileList(std::string_view bytes) {
   const auto accepted =
-      Accepted(bytes, [](std::string_view text) { return ParseFileList(std::string(text)); });
+      Accepted(bytes, [](std::string_view text) { return ParseList(std::string(text)); });
   if (!accepted) return std::nullopt;
-  const auto& files = *accepted;
-  const std::string written = Written(files);
+  const auto& lines = *accepted;
+  const std::string written = Written(lines);
   const auto again =
-      Accepted(written, [](std::string_view text) { return ParseFileList(std::string(text)); });
+      Accepted(written, [](std::string_view text) { return ParseList(std::string(text)); });
   if (!again) return std::nullopt;  // with other blanks, it may look like another kind of file
-  Require(std::ranges::equal(files, *again,
-                             [](const ListedFile& one, const ListedFile& other) {
-                               return one.line == other.line && one.name == other.name;
+  Require(std::ranges::equal(lines, *again,
+                             [](const ListLine& one, const ListLine& other) {
+                               return one.number == other.number && one.text == other.text;
                              }),
           "a list's names come back on their lines");
-  for (const ListedFile& file : files) CheckNumbersOf(file.name);
+  for (const ListLine& line : lines) CheckNumbersOf(line.text);
   return written;
 }
 

@@ -16,7 +16,7 @@ namespace orvex {
 namespace {
 
 const QString kProgram = QStringLiteral("orvex");
-const QString kFiles = QStringLiteral("FILE...");
+const QString kSources = QStringLiteral("SOURCE...");
 
 /// The bytes of an argument as `ArgumentsOf` made it. Our own texts are ASCII and come out
 /// unchanged.
@@ -92,15 +92,23 @@ class Parser {
 };
 
 QCommandLineOption OutputOption() {
-  return {QStringLiteral("output"), QStringLiteral("Writes into this folder, not the list's."),
-          QStringLiteral("DIR")};
+  return {
+      QStringLiteral("output"),
+      QStringLiteral("Writes into this folder. Otherwise a table goes into the folder that is the "
+                     "source, or that holds the list; from several sources, files and '-' into "
+                     "the current one."),
+      QStringLiteral("DIR")};
 }
 
-void AddListArguments(QCommandLineParser& parser, const QString& kinds, const QString& what) {
-  parser.addPositionalArgument(kinds, what);
+/// Adds the operands that name observations. `files` says which files are taken: "Episode files".
+void AddSources(QCommandLineParser& parser, const QString& files) {
   parser.addPositionalArgument(
-      QStringLiteral("LIST.TXT"),
-      QStringLiteral("Names an observation a line, like 5-12-3. The files lie beside it."));
+      QStringLiteral("SOURCE"),
+      files +
+          QStringLiteral(
+              "; folders, with all that are in them, in the order of the numbers; lists with an "
+              "observation a line, like 5-12-3, whose files lie beside the list; '-' for a list "
+              "from the standard input."));
 }
 
 /// A table and the name it has on the command line.
@@ -115,18 +123,20 @@ std::optional<Table> TableNamed(const QString& name, const std::array<Named<Tabl
   return std::nullopt;
 }
 
-/// Reads the operands of a command that takes the name of a table and a list.
+/// Reads the operands of a command that takes the name of a table, and sources.
 template <typename Command, typename Table, std::size_t count>
-Request WithTableAndList(const QString& command, Parser& parser, Command options,
-                         Table Command::*table, const std::array<Named<Table>, count>& all) {
+Request WithTableAndSources(const QString& command, Parser& parser, Command options,
+                            Table Command::*table, const std::array<Named<Table>, count>& all) {
   const QStringList rest = parser.Rest().mid(1);
-  if (rest.size() != 2) return MistakeIn(command, QStringLiteral("A table and a list are needed."));
+  if (rest.size() < 2) {
+    return MistakeIn(command, QStringLiteral("A table and a source are needed."));
+  }
   const auto named = TableNamed(rest[0], all);
   if (!named) {
     return MistakeIn(command, QStringLiteral("There is no table '%1'.").arg(rest[0]));
   }
   options.*table = *named;
-  options.list = PathOf(rest[1]);
+  options.sources = PathsOf(rest.mid(1));
   return options;
 }
 
@@ -135,12 +145,13 @@ Request ReadExport(const QStringList& arguments) {
       {{"epsdata", ExportKind::epsData}, {"surdata", ExportKind::surData}}};
   const QString command = QStringLiteral("export");
   const QString kinds = QStringLiteral("epsdata|surdata");
-  Parser parser(command, kinds + QStringLiteral(" LIST.TXT"),
-                QStringLiteral("Joins the files of a list into EPSDATA.TXT or SURDATA.TXT.\n"
+  Parser parser(command, kinds + QLatin1Char(' ') + kSources,
+                QStringLiteral("Joins the files of observations into EPSDATA.TXT or SURDATA.TXT.\n"
                                "Exit code: 0 done, 1 done without the files that were skipped,\n"
                                "2 not done, or ended by a bad file after the rows before it."));
-  AddListArguments(parser.Qt(), kinds,
-                   QStringLiteral("From episode files (.eps), or from survey files (.sur)."));
+  parser.Qt().addPositionalArgument(
+      kinds, QStringLiteral("From episode files (.eps), or from survey files (.sur)."));
+  AddSources(parser.Qt(), QStringLiteral("Such files"));
   const QCommandLineOption output = OutputOption();
   const QCommandLineOption keepGoing(
       QStringLiteral("keep-going"),
@@ -150,7 +161,7 @@ Request ReadExport(const QStringList& arguments) {
   ExportCommand options;
   options.output = PathOf(parser.Qt().value(output));
   options.keepGoing = parser.IsSet(keepGoing);
-  return WithTableAndList(command, parser, options, &ExportCommand::kind, kTables);
+  return WithTableAndSources(command, parser, options, &ExportCommand::kind, kTables);
 }
 
 Request ReadTable(const QStringList& arguments) {
@@ -158,13 +169,15 @@ Request ReadTable(const QStringList& arguments) {
                                                         {"segments", TidyTable::segments},
                                                         {"episodes", TidyTable::episodes}}};
   const QString command = QStringLiteral("table");
-  const QString kinds = QStringLiteral("questions|segments|episodes");
-  Parser parser(command, kinds + QStringLiteral(" LIST.TXT"),
-                QStringLiteral("Makes a table for statistics programs from the episode files of a\n"
-                               "list: questions.csv, segments.csv or episodes.csv, a row each.\n"
+  Parser parser(command, QStringLiteral("TABLE ") + kSources,
+                QStringLiteral("Makes a table for statistics programs from episode files:\n"
+                               "questions.csv, segments.csv or episodes.csv, a row each.\n"
                                "Exit code: 0 done, 2 not done, or without files that could not be\n"
                                "read."));
-  AddListArguments(parser.Qt(), kinds, QStringLiteral("What a row stands for."));
+  parser.Qt().addPositionalArgument(
+      QStringLiteral("TABLE"),
+      QStringLiteral("What a row stands for: questions, segments or episodes."));
+  AddSources(parser.Qt(), QStringLiteral("Episode files (.eps)"));
   const QCommandLineOption output = OutputOption();
   const QCommandLineOption codebook(
       QStringLiteral("codebook"),
@@ -174,43 +187,41 @@ Request ReadTable(const QStringList& arguments) {
   TableCommand options;
   options.output = PathOf(parser.Qt().value(output));
   options.codebook = parser.IsSet(codebook);
-  return WithTableAndList(command, parser, options, &TableCommand::table, kTables);
+  return WithTableAndSources(command, parser, options, &TableCommand::table, kTables);
 }
 
 Request ReadCheck(const QStringList& arguments) {
   const QString command = QStringLiteral("check");
   Parser parser(
-      command, kFiles,
+      command, kSources,
       QStringLiteral("Names every question that is not fully coded, with its episode, its\n"
                      "number and the dimensions that are missing, and every statement of\n"
                      "a survey that has not been rated.\n"
                      "Exit code: 0 nothing is missing, 1 something is, 2 a file could not\n"
                      "be read."));
-  parser.Qt().addPositionalArgument(QStringLiteral("FILE"),
-                                    QStringLiteral("Episode (.eps) and survey (.sur) files."));
+  AddSources(parser.Qt(), QStringLiteral("Episode (.eps) and survey (.sur) files"));
   if (auto request = parser.Parse(arguments)) return *request;
-  const QStringList files = parser.Rest().mid(1);
-  if (files.isEmpty()) return MistakeIn(command, QStringLiteral("A file is needed."));
-  return CheckCommand{PathsOf(files)};
+  const QStringList sources = parser.Rest().mid(1);
+  if (sources.isEmpty()) return MistakeIn(command, QStringLiteral("A source is needed."));
+  return CheckCommand{PathsOf(sources)};
 }
 
 Request ReadReport(const QStringList& arguments) {
   const QString command = QStringLiteral("report");
-  Parser parser(command, kFiles,
+  Parser parser(command, kSources,
                 QStringLiteral("Writes the time summary of each file, and the question statistics\n"
                                "and the question plot of each of its episodes.\n"
                                "Exit code: 0 done, 2 a file could not be read."));
-  parser.Qt().addPositionalArgument(QStringLiteral("FILE"),
-                                    QStringLiteral("Episode files (.eps)."));
+  AddSources(parser.Qt(), QStringLiteral("Episode files (.eps)"));
   const QCommandLineOption json(
       QStringLiteral("json"),
       QStringLiteral("For programs: one JSON object a line for each file, with all that was read "
                      "and the survey file beside it."));
   parser.Qt().addOption(json);
   if (auto request = parser.Parse(arguments)) return *request;
-  const QStringList files = parser.Rest().mid(1);
-  if (files.isEmpty()) return MistakeIn(command, QStringLiteral("A file is needed."));
-  return ReportCommand{PathsOf(files), parser.IsSet(json)};
+  const QStringList sources = parser.Rest().mid(1);
+  if (sources.isEmpty()) return MistakeIn(command, QStringLiteral("A source is needed."));
+  return ReportCommand{PathsOf(sources), parser.IsSet(json)};
 }
 
 struct CommandName {
@@ -251,10 +262,11 @@ Request ReadWindow(const QStringList& arguments) {
       QStringLiteral(
           "In-class analysis of classroom discourse.\n\n"
           "Without a command the main menu opens, or the file that is named. Commands:\n"
-          "  export epsdata|surdata LIST.TXT              joins files into one table\n"
-          "  table questions|segments|episodes LIST.TXT   makes a table for statistics\n"
-          "  check FILE...                                tells what is not fully coded\n"
-          "  report FILE...                               time summary, statistics, plots\n"
+          "  export epsdata|surdata SOURCE...              joins files into one table\n"
+          "  table questions|segments|episodes SOURCE...   makes a table for statistics\n"
+          "  check SOURCE...                               tells what is not fully coded\n"
+          "  report SOURCE...                              time summary, statistics, plots\n"
+          "A source is a folder, a file, a list of observations, or '-'.\n"
           "'orvex COMMAND --help' tells more."));
   parser.Qt().addPositionalArgument(QStringLiteral("FILE"),
                                     QStringLiteral("An .eps, .sur or .nte file to be opened."));

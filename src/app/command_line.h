@@ -23,7 +23,7 @@ struct Mistake {
   std::string text;
 };
 struct CheckCommand {
-  std::vector<std::filesystem::path> files;
+  std::vector<std::filesystem::path> sources;
 };
 using Request = std::variant<OpenWindow, ShowText, Mistake, ExportCommand, TableCommand,
                              CheckCommand, ReportCommand>;

@@ -39,7 +39,7 @@ struct Runner {
     console.err << request.text << "\n";
     return kFailed;
   }
-  ExitCode operator()(const CheckCommand& command) { return RunCheck(command.files, console); }
+  ExitCode operator()(const CheckCommand& command) { return RunCheck(command.sources, console); }
   ExitCode operator()(const ReportCommand& command) { return RunReport(command, console); }
   ExitCode operator()(const ExportCommand& command) {
     HoldSignals();

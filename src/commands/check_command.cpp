@@ -3,16 +3,22 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "commands/named_file.h"
+#include "commands/named_sources.h"
 #include "model/dimensions.h"
 #include "model/survey_scheme.h"
 #include "model/validation.h"
 #include "model/wording.h"
 #include "store/printable_text.h"
+#include "study/file_kind.h"
 
 namespace orvex {
 namespace {
+
+/// What can be checked.
+const std::string kEither = WordsFor(FileKind::episodes) + " or " + WordsFor(FileKind::survey);
 
 struct Tally {
   std::size_t observations = 0;  ///< episode files that could be read
@@ -22,6 +28,17 @@ struct Tally {
   std::size_t incomplete = 0;  ///< questions that are not fully coded
   std::size_t statements = 0;
   std::size_t open = 0;  ///< statements without a rating
+
+  Tally& operator+=(const Tally& other) {
+    observations += other.observations;
+    surveys += other.surveys;
+    unread += other.unread;
+    questions += other.questions;
+    incomplete += other.incomplete;
+    statements += other.statements;
+    open += other.open;
+    return *this;
+  }
 };
 
 /// The missing codes by name: "Uptake, Elaborated/Unelaborated".
@@ -63,23 +80,41 @@ void CheckSurvey(const std::string& file, const Survey& answers, const Console& 
   }
 }
 
-void CheckFile(const std::filesystem::path& file, const Console& console, Tally& tally) {
-  const FileKind kind = KindOf(file);
+void CheckFile(const std::filesystem::path& file, FileKind kind, const std::string& place,
+               const Console& console, Tally& tally) {
   bool read = false;
   if (kind == FileKind::episodes) {
-    const auto observation = ReadEpisodes(file, console);
+    const auto observation = ReadEpisodes(file, place, console);
     read = observation.has_value();
     if (read) CheckEpisodes(Printable(file.native()), observation->Episodes, console, tally);
     tally.observations += read;
   } else if (kind == FileKind::survey) {
-    const auto survey = ReadSurvey(file, console);
+    const auto survey = ReadSurvey(file, place, console);
     read = survey.has_value();
     if (read) CheckSurvey(Printable(file.native()), survey->answers, console, tally);
     tally.surveys += read;
   } else {
-    RefuseKind(file, "an episode file (.eps) or a survey file (.sur)", console);
+    Tell({file, 0, "expected an " + kEither}, place, console);
   }
   tally.unread += !read;
+}
+
+/// Checks the file, or all there is of an observation that is named without a file.
+Tally CheckListed(const ListedFile& listed, const std::string& place, const Console& console) {
+  Tally tally;
+  if (listed.kind != FileKind::other) {
+    CheckFile(listed.path, listed.kind, place, console, tally);
+    return tally;
+  }
+  const std::filesystem::path episodes = PathOf(listed, FileKind::episodes);
+  const std::filesystem::path survey = PathOf(listed, FileKind::survey);
+  std::error_code unknown;
+  const bool hasSurvey = std::filesystem::exists(survey, unknown);
+  if (!hasSurvey || std::filesystem::exists(episodes, unknown)) {
+    CheckFile(episodes, FileKind::episodes, place, console, tally);
+  }
+  if (hasSurvey) CheckFile(survey, FileKind::survey, place, console, tally);
+  return tally;
 }
 
 /// The last line of the check. It leaves out kinds of file that were not given.
@@ -99,9 +134,16 @@ std::string TextOf(const Tally& tally) {
 
 }  // namespace
 
-ExitCode RunCheck(const std::vector<std::filesystem::path>& files, const Console& console) {
+ExitCode RunCheck(const std::vector<std::filesystem::path>& sources, const Console& console) {
+  const auto list = ReadSources(sources, console);
+  if (!list || !HasFiles(*list, kEither, console)) return kFailed;
   Tally tally;
-  for (const std::filesystem::path& file : files) CheckFile(file, console, tally);
+  WorkOnFiles(
+      *list, console,
+      [&](const ListedFile& file, const Console& kept) {
+        return CheckListed(file, PlaceOf(file, *list), kept);
+      },
+      [&](const Tally& ofFile) { tally += ofFile; });
   console.out << TextOf(tally) << "\n";
   if (tally.unread > 0) {
     console.err << Counted(tally.unread, "file") << " could not be read\n";

@@ -11,10 +11,11 @@ namespace {
 /// Calls `read` and returns its result, or writes the problem to `console.err` and returns
 /// nothing.
 template <typename Read>
-auto Reading(const std::filesystem::path& file, const Console& console, Read read) {
+auto Reading(const std::filesystem::path& file, const std::string& place, const Console& console,
+             Read read) {
   std::optional<decltype(read())> result;
   if (const auto problem = ProblemOf(file, [&] { result = read(); })) {
-    console.err << problem->Text() << "\n";
+    Tell(*problem, place, console);
   }
   return result;
 }
@@ -27,23 +28,23 @@ Warn WarnOn(const std::filesystem::path& file, const Console& console) {
 }  // namespace
 
 std::optional<EpsObservation> ReadEpisodes(const std::filesystem::path& file,
-                                           const Console& console) {
+                                           const std::string& place, const Console& console) {
   const Warn warn = WarnOn(file, console);
   ReadingWithWarnings events(warn);
-  auto observation = Reading(file, console, [&] { return ReadEpsFile(file, events); });
+  auto observation = Reading(file, place, console, [&] { return ReadEpsFile(file, events); });
   if (observation) WarnOfOtherNumbers(file, observation->header.identity, warn);
   return observation;
 }
 
-std::optional<SurFile> ReadSurvey(const std::filesystem::path& file, const Console& console) {
-  auto survey = Reading(file, console, [&] { return ReadSurFile(file); });
+std::optional<SurFile> ReadSurvey(const std::filesystem::path& file, const std::string& place,
+                                  const Console& console) {
+  auto survey = Reading(file, place, console, [&] { return ReadSurFile(file); });
   if (survey) WarnOfOtherNumbers(file, survey->identity, WarnOn(file, console));
   return survey;
 }
 
-void RefuseKind(const std::filesystem::path& file, const std::string& expected,
-                const Console& console) {
-  console.err << Problem{file, 0, "expected " + expected}.Text() << "\n";
+void Tell(const Problem& problem, const std::string& place, const Console& console) {
+  console.err << problem.Text() << (place.empty() ? "" : " (" + place + ")") << "\n";
 }
 
 }  // namespace orvex

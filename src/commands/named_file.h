@@ -7,20 +7,18 @@
 #include "commands/console.h"
 #include "store/eps_file.h"
 #include "store/sur_file.h"
-#include "study/file_kind.h"
 #include "study/problem.h"
 
 namespace orvex {
 
-/// Reads a file named on the command line. Errors and warnings go to `console.err`; returns
-/// nothing when the file could not be read.
+/// Reads a file. Errors and warnings go to `console.err`; returns nothing when the file could not
+/// be read. `place` says where the file was named: "line 2 of the list", or nothing.
 std::optional<EpsObservation> ReadEpisodes(const std::filesystem::path& file,
-                                           const Console& console);
-std::optional<SurFile> ReadSurvey(const std::filesystem::path& file, const Console& console);
+                                           const std::string& place, const Console& console);
+std::optional<SurFile> ReadSurvey(const std::filesystem::path& file, const std::string& place,
+                                  const Console& console);
 
-/// Writes that the command does not take `file`. `expected` says what it takes: "an episode
-/// file (.eps)".
-void RefuseKind(const std::filesystem::path& file, const std::string& expected,
-                const Console& console);
+/// Writes a problem with a file that was named at `place`.
+void Tell(const Problem& problem, const std::string& place, const Console& console);
 
 }  // namespace orvex

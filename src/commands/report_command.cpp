@@ -1,15 +1,18 @@
 #include "commands/report_command.h"
 
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "commands/named_file.h"
+#include "commands/named_sources.h"
 #include "reports/episode_origin.h"
 #include "reports/question_plot.h"
 #include "reports/question_statistics.h"
 #include "reports/time_summary.h"
 #include "store/printable_text.h"
-#include "tables/file_list.h"
+#include "study/file_kind.h"
 #include "tables/observation_json.h"
 
 namespace orvex {
@@ -43,33 +46,27 @@ std::string ReportText(const EpsObservation& observation) {
   return text;
 }
 
-/// Reads the survey next to an episode file into `survey`, if there is one. False when it
-/// cannot be read.
-bool ReadSurveyBeside(const std::filesystem::path& eps, const Console& console,
-                      std::optional<SurFile>& survey) {
-  const auto file = WithExtension(eps.parent_path() / eps.stem(), ".sur");
-  std::error_code unknown;
-  if (!std::filesystem::exists(file, unknown)) return true;
-  survey = ReadSurvey(file, console);
+/// Reads the survey of an observation into `survey`, if there is one. False when it cannot be read.
+bool ReadSurveyOf(const std::filesystem::path& eps, const Console& console,
+                  std::optional<SurFile>& survey) {
+  const std::filesystem::path file = Companion(eps, FileKind::survey);
+  if (file.empty()) return true;
+  survey = ReadSurvey(file, "", console);
   return survey.has_value();
 }
 
-/// Writes the reports of one file. `place` is printed before the text. False when something
-/// could not be read.
-bool Report(const std::filesystem::path& file, bool json, const std::string& place,
-            const Console& console) {
-  if (KindOf(file) != FileKind::episodes) {
-    RefuseKind(file, "an episode file (.eps)", console);
-    return false;
-  }
-  const auto observation = ReadEpisodes(file, console);
+/// Writes the reports of one file. `heading` is printed before the text. False when something could
+/// not be read.
+bool Report(const std::filesystem::path& file, bool json, const std::string& heading,
+            const std::string& place, const Console& console) {
+  const auto observation = ReadEpisodes(file, place, console);
   if (!observation) return false;
   if (!json) {
-    console.out << place << ReportText(*observation);
+    console.out << heading << ReportText(*observation);
     return true;
   }
   std::optional<SurFile> survey;
-  const bool whole = ReadSurveyBeside(file, console, survey);
+  const bool whole = ReadSurveyOf(file, console, survey);
   console.out << ObservationJson(file, *observation, survey) << "\n";
   return whole;
 }
@@ -77,13 +74,18 @@ bool Report(const std::filesystem::path& file, bool json, const std::string& pla
 }  // namespace
 
 ExitCode RunReport(const ReportCommand& command, const Console& console) {
+  auto sources = ReadSources(command.sources, console);
+  if (!sources) return kFailed;
+  const FileList list = FilesOf(FileKind::episodes, *std::move(sources));
+  if (!HasFiles(list, WordsFor(FileKind::episodes), console)) return kFailed;
   bool whole = true;
-  const bool several = command.files.size() > 1;
-  for (const std::filesystem::path& file : command.files) {
-    std::string place = several ? Printable(file.native()) + ":\n\n" : "";
-    if (&file != &command.files.front()) place.insert(0, "\n\n");
-    whole &= Report(file, command.json, place, console);
-  }
+  const auto report = [&](const ListedFile& file, const Console& kept) {
+    const std::filesystem::path path = PathOf(file, FileKind::episodes);
+    std::string heading = list.files.size() > 1 ? Printable(path.native()) + ":\n\n" : "";
+    if (&file != &list.files.front()) heading.insert(0, "\n\n");
+    return Report(path, command.json, heading, PlaceOf(file, list), kept);
+  };
+  WorkOnFiles(list, console, report, [&](bool ofFile) { whole &= ofFile; });
   return whole ? kDone : kFailed;
 }
 

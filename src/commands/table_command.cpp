@@ -1,13 +1,18 @@
 #include "commands/table_command.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 
+#include "commands/named_file.h"
+#include "commands/named_sources.h"
 #include "model/wording.h"
 #include "store/durable_file.h"
+#include "store/file_error.h"
 #include "store/printable_text.h"
 #include "study/problem.h"
 #include "tables/file_list.h"
+#include "tables/repeats.h"
 #include "tables/table_export.h"
 
 namespace orvex {
@@ -39,35 +44,42 @@ class Progress {
   bool shown_ = false;
 };
 
-std::filesystem::path TableFolder(const std::filesystem::path& list,
-                                  const std::filesystem::path& output) {
-  return output.empty() ? list.parent_path() : output;
-}
-
-/// Writes the warnings about files that could be read.
-WarnOf WarnOn(const Console& console, Progress& progress) {
-  return [&](const std::filesystem::path& file, const std::string& warning) {
-    progress.Clear();
-    console.err << Warning(file, 0, warning).Text() << "\n";
-  };
-}
-
-void WarnOfRepeats(const FileList& list, const Console& console) {
-  for (const Repeat& repeat : RepeatsIn(list)) {
-    console.err << Warning(list.path, repeat.line, repeat.text).Text() << "\n";
+/// Where the tables of `list` go; see ExportCommand::output.
+std::filesystem::path TableFolder(const FileList& list, const std::filesystem::path& output) {
+  if (!output.empty() || list.sources.size() != 1) return output;
+  const Source& source = list.sources.front();
+  switch (source.kind) {
+    case Source::Kind::folder:
+      return source.path;
+    case Source::Kind::list:
+      return source.path.parent_path();
+    case Source::Kind::input:
+    case Source::Kind::file:
+      break;
   }
+  return {};
 }
 
-/// Reads the list at `path` and warns about names that it holds twice.
-FileList ListFor(const std::filesystem::path& path, const Console& console) {
-  FileList list = ReadFileList(path);
-  WarnOfRepeats(list, console);
-  return list;
+/// Reads the sources, keeps the files of `kind`, and warns about observations that come twice.
+/// Nothing when a source could not be read, or a folder has no such file.
+std::optional<FileList> FilesFor(const std::vector<std::filesystem::path>& sources, FileKind kind,
+                                 const Console& console) {
+  auto list = ReadSources(sources, console);
+  if (!list) return std::nullopt;
+  FileList files = FilesOf(kind, *std::move(list));
+  if (!HasFiles(files, WordsFor(kind), console)) return std::nullopt;
+  for (const Repeat& repeat : RepeatsIn(files)) {
+    const ListedFile& file = *repeat.file;
+    const auto& path = file.line > 0 ? files.SourceOf(file).path : file.path;
+    console.err << Warning(path, file.line, repeat.text).Text() << "\n";
+  }
+  return files;
 }
 
 /// Makes a table. `kFailed` when the table was not stored or stops before the end of the list;
 /// `kFound` when bad files were left out.
-ExitCode Make(TableExport& table, const Console& console, Progress& progress) {
+ExitCode Make(TableExport& table, const Console& console) {
+  Progress progress(console);
   std::size_t bad = 0;
   while (!table.Finished()) {
     if (console.interrupted && console.interrupted()) {
@@ -78,9 +90,14 @@ ExitCode Make(TableExport& table, const Console& console, Progress& progress) {
       return kFailed;
     }
     progress.Show(table.Done(), table.Count());
-    if (const auto problem = table.Step()) {
-      progress.Clear();
-      console.err << problem->Text() << "\n";
+    const FileNotes notes = table.Step();
+    if (notes.problem || !notes.warnings.empty()) progress.Clear();
+    for (const FileWarning& warning : notes.warnings) {
+      console.err << Warning(notes.file, 0, warning.text).Text() << "\n";
+    }
+    if (notes.problem) {
+      const FileList& list = table.List();
+      Tell(*notes.problem, PlaceOf(list.files[table.Done() - 1], list), console);
       ++bad;
     }
   }
@@ -100,42 +117,39 @@ ExitCode Make(TableExport& table, const Console& console, Progress& progress) {
   return table.Ended() || table.Files() == 0 ? kFailed : kFound;
 }
 
-/// Runs `command`. Writes the problem and returns `kFailed` when the list cannot be read or the
-/// table cannot be written.
+/// Runs `command`. Writes why and returns `kFailed` when it throws FileError.
 template <typename Command>
-ExitCode RunOnList(const std::filesystem::path& list, const Console& console, Command command) {
-  ExitCode code = kFailed;
-  if (const auto problem = ProblemOf(list, [&] { code = command(); })) {
-    console.err << problem->Text() << "\n";
-    return kFailed;
-  }
-  return code;
+ExitCode Run(const Console& console, Command command) try {
+  return command();
+} catch (const FileError& error) {
+  console.err << error.what() << "\n";
+  return kFailed;
 }
 
 }  // namespace
 
 ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console& console) {
-  return RunOnList(command.list, console, [&] {
-    Progress progress(console);
-    const WarnOf warn = WarnOn(console, progress);
-    const TableKind kind = TableOf(command.kind, {.ofReading = warn, .ofNames = warn});
-    TableExport table(storage, kind, ListFor(command.list, console),
-                      TableFolder(command.list, command.output) / kind.fileName,
+  return Run(console, [&] {
+    const TableKind kind = TableOf(command.kind);
+    auto list = FilesFor(command.sources, kind.files, console);
+    if (!list) return kFailed;
+    const std::filesystem::path path = TableFolder(*list, command.output) / kind.fileName;
+    TableExport table(storage, kind, *std::move(list), path,
                       command.keepGoing ? BadFile::isSkipped : BadFile::endsTheTable);
-    return Make(table, console, progress);
+    return Make(table, console);
   });
 }
 
 ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& console) {
-  return RunOnList(command.list, console, [&] {
-    Progress progress(console);
-    const TableKind kind = TidyTableKind(command.table, WarnOn(console, progress));
-    const std::filesystem::path folder = TableFolder(command.list, command.output);
+  return Run(console, [&] {
+    const TableKind kind = TidyTableKind(command.table);
+    auto list = FilesFor(command.sources, kind.files, console);
+    if (!list) return kFailed;
+    const std::filesystem::path folder = TableFolder(*list, command.output);
     const std::filesystem::path codebook = folder / CodebookFileName(command.table);
-    if (command.codebook) RequireNotTheList(codebook, command.list);
-    TableExport table(storage, kind, ListFor(command.list, console), folder / kind.fileName,
-                      BadFile::isSkipped);
-    const ExitCode code = Make(table, console, progress);
+    if (command.codebook) RequireNoSource(codebook, *list);
+    TableExport table(storage, kind, *std::move(list), folder / kind.fileName, BadFile::isSkipped);
+    const ExitCode code = Make(table, console);
     if (command.codebook && code != kFailed) {
       ReplaceFile(storage, codebook, Codebook(command.table));
       console.out << Printable(codebook.native())

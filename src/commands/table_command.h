@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <vector>
 
 #include "commands/console.h"
 #include "tables/export_form.h"
@@ -13,8 +14,10 @@ class Storage;
 /// `orvex export`: makes EPSDATA.TXT or SURDATA.TXT.
 struct ExportCommand {
   ExportKind kind = ExportKind::epsData;
-  std::filesystem::path list = {};
-  std::filesystem::path output = {};  ///< the folder for the table; empty for the list's folder
+  std::vector<std::filesystem::path> sources = {};  ///< folders, lists, files, "-"
+  /// The folder for the table. If it is empty, the table goes into the folder that is the only
+  /// source, or that of the list that is; otherwise into the current folder.
+  std::filesystem::path output = {};
   bool keepGoing = false;  ///< skip bad files instead of ending the table at the first one
 };
 ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console& console);
@@ -22,7 +25,7 @@ ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console
 /// `orvex table`: makes a tidy table, skipping bad files.
 struct TableCommand {
   TidyTable table = TidyTable::questions;
-  std::filesystem::path list = {};
+  std::vector<std::filesystem::path> sources = {};
   std::filesystem::path output = {};
   bool codebook = false;  ///< also write the codebook, which describes the table's variables
 };

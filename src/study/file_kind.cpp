@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -15,16 +16,23 @@ namespace fs = std::filesystem;
 /// How the files of a kind end, and the folder that holds their tree.
 struct KindNames {
   FileKind kind;
+  std::string_view noun;
   std::string_view extension;
   std::string_view upperExtension;
   std::string_view folder;
 };
 constexpr std::array<KindNames, 4> kKinds = {{
-    {FileKind::episodes, ".eps", ".EPS", "EPS"},
-    {FileKind::survey, ".sur", ".SUR", "SUR"},
-    {FileKind::fieldNotes, ".nte", ".NTE", "NTE"},
-    {FileKind::sessionLog, ".bak", ".BAK", "BAK"},
+    {FileKind::episodes, "episode file", ".eps", ".EPS", "EPS"},
+    {FileKind::survey, "survey file", ".sur", ".SUR", "SUR"},
+    {FileKind::fieldNotes, "field-notes file", ".nte", ".NTE", "NTE"},
+    {FileKind::sessionLog, "session log", ".bak", ".BAK", "BAK"},
 }};
+
+const KindNames& NamesOf(FileKind kind) {
+  const auto* const names = std::ranges::find(kKinds, kind, &KindNames::kind);
+  if (names == kKinds.end()) throw std::logic_error("the kind has no names");
+  return *names;
+}
 
 char UpperCase(char c) {
   return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
@@ -65,6 +73,15 @@ FileKind KindOf(const fs::path& file) {
     if (EqualsInAnyCase(extension, kind.upperExtension)) return kind.kind;
   }
   return FileKind::other;
+}
+
+std::string_view ExtensionOf(FileKind kind) {
+  return NamesOf(kind).extension;
+}
+
+std::string WordsFor(FileKind kind) {
+  const KindNames& names = NamesOf(kind);
+  return std::string(names.noun) + " (" + std::string(names.extension) + ")";
 }
 
 bool IsTreeName(const fs::path& folderName) {

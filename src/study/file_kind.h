@@ -1,12 +1,19 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
+#include <string_view>
 
 namespace orvex {
 
 /// The kind of a file of an observation, judged by its extension in upper or lower case.
 enum class FileKind { episodes, survey, fieldNotes, sessionLog, other };
 FileKind KindOf(const std::filesystem::path& file);
+
+/// How the files of `kind`, which is not `other`, end: ".eps".
+std::string_view ExtensionOf(FileKind kind);
+/// What messages call a file of `kind`: "episode file (.eps)".
+std::string WordsFor(FileKind kind);
 
 /// True for the name of the folder that holds the tree of a kind, "EPS", in upper or lower case.
 bool IsTreeName(const std::filesystem::path& folderName);

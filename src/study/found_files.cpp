@@ -45,21 +45,20 @@ std::strong_ordering CompareNames(std::string_view a, std::string_view b) {
   return order != 0 ? order : a <=> b;  // "05" and "5" have an order, too
 }
 
-/// See FoundFile::name.
-std::string NameOf(const fs::path& fromFolder) {
-  fs::path name;
-  bool kindSeen = false;
-  for (const fs::path& part : fromFolder.parent_path()) {
-    if (!kindSeen && IsTreeName(part)) {
-      kindSeen = true;
-    } else {
-      name /= part;
-    }
-  }
-  return (name / fromFolder.stem()).string();
-}
-
 }  // namespace
+
+std::string ObservationName(const fs::path& file) {
+  const fs::path folder = file.parent_path();
+  auto tree = folder.end();
+  for (auto part = folder.begin(); part != folder.end(); ++part) {
+    if (IsTreeName(*part)) tree = part;
+  }
+  fs::path name;
+  for (auto part = folder.begin(); part != folder.end(); ++part) {
+    if (part != tree && *part != ".") name /= *part;
+  }
+  return (name / file.stem()).string();
+}
 
 bool ComesBefore(std::string_view a, std::string_view b) {
   return CompareNames(a, b) < 0;
@@ -75,7 +74,7 @@ std::vector<FoundFile> FindFiles(const fs::path& folder, const std::function<boo
     const FileKind kind = KindOf(at->path());
     std::error_code unknown;
     if (kind == FileKind::other || !at->is_regular_file(unknown)) continue;
-    found.push_back({NameOf(at->path().lexically_relative(folder)), at->path(), kind});
+    found.push_back({ObservationName(at->path().lexically_relative(folder)), at->path(), kind});
   }
   std::ranges::sort(found, [](const FoundFile& a, const FoundFile& b) {
     const auto order = CompareNames(a.name, b.name);

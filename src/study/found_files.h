@@ -10,12 +10,14 @@
 
 namespace orvex {
 
+/// What the observation of a file is called: the path without the extension and without the folder
+/// of the file's kind ("5/12/5-12-3" for "EPS/5/12/5-12-3.eps"), so that all files of an
+/// observation have the same name.
+std::string ObservationName(const std::filesystem::path& file);
+
 /// A file of an observation that was found in a folder.
 struct FoundFile {
-  /// What the observation is called: the path from the folder without the extension and without
-  /// the folder of the file's kind ("5/12/5-12-3" for "EPS/5/12/5-12-3.eps"), so that all files of
-  /// an observation have the same name.
-  std::string name;
+  std::string name;  ///< ObservationName of the path from the folder
   std::filesystem::path path;
   FileKind kind = FileKind::other;
 };

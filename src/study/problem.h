@@ -14,10 +14,8 @@ struct Problem {
   std::filesystem::path file;
   int line = 0;      ///< the line of `file`; 0 when the problem is not about one line
   std::string text;  ///< "expected the number of segments", or the system's cause
-  int listLine = 0;  ///< the line of the list that names the file; 0 without a list
 
-  /// "5-12-3.eps:7: expected the number of segments (line 2 of the list)", safe to show on a
-  /// terminal.
+  /// "5-12-3.eps:7: expected the number of segments", safe to show on a terminal.
   std::string Text() const;
 };
 

@@ -133,11 +133,11 @@ void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episod
   rows += " \r\n";
 }
 
-void AppendEpisodeRows(const std::filesystem::path& path, const Warn& warn, const Warn& warnOfName,
-                       std::string& rows) {
+void AppendEpisodeRows(const std::filesystem::path& path, FileRows& rows) {
   const FileNumbers numbers = NumbersOf(path);
-  RowsOfFile events(path, numbers, warn, rows);
-  WarnOfOtherNumbers(path, ReadEpsFile(path, events).header.identity, warnOfName);
+  RowsOfFile events(path, numbers, rows.WarnsOf(FileWarning::About::content), rows.text);
+  WarnOfOtherNumbers(path, ReadEpsFile(path, events).header.identity,
+                     rows.WarnsOf(FileWarning::About::name));
 }
 
 }  // namespace orvex

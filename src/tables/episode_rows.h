@@ -6,6 +6,7 @@
 #include "model/episode.h"
 #include "store/eps_file.h"
 #include "study/file_numbers.h"
+#include "tables/file_rows.h"
 
 namespace orvex {
 
@@ -17,10 +18,8 @@ inline constexpr int kMostEpisodes = 100;
 void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episode,
                       const QuestionCounts& stated, std::string& rows);
 
-/// Appends the rows of an episode file. `warnOfName` is called when the identity line and the
-/// file's name disagree about the numbers. Throws FileError and FormatError; the rows of the
-/// episodes read completely before the error are kept.
-void AppendEpisodeRows(const std::filesystem::path& path, const Warn& warn, const Warn& warnOfName,
-                       std::string& rows);
+/// Appends the rows of an episode file. Throws FileError and FormatError; the rows of the episodes
+/// read completely before the error are kept.
+void AppendEpisodeRows(const std::filesystem::path& path, FileRows& rows);
 
 }  // namespace orvex

@@ -1,6 +1,7 @@
 #include "tables/export_form.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "desk/choose_file.h"
 #include "desk/prompter.h"
@@ -9,6 +10,7 @@
 #include "model/texts.h"
 #include "store/file_error.h"
 #include "store/printable_text.h"
+#include "tables/repeats.h"
 
 namespace orvex {
 std::filesystem::path ChooseListFile(const Services& services, ExportKind kind) {
@@ -27,40 +29,38 @@ void ExportChosenList(const Services& services, ExportKind kind) {
 ExportForm::ExportForm(const Services& services, ExportKind kind,
                        const std::filesystem::path& listFile)
     : services_(services),
-      kind_(KindThatWarns(kind)),
-      list_{listFile, {}},
-      table_(list_.Folder() / kind_.fileName) {
-  if (const auto problem = ProblemOf(listFile, [&] { list_ = ReadFileList(listFile); })) {
+      kind_(TableOf(kind)),
+      list_{.sources = {{Source::Kind::list, listFile}}, .files = {}},
+      table_(listFile.parent_path() / kind_.fileName) {
+  if (const auto problem =
+          ProblemOf(listFile, [&] { list_ = FilesOf(kind_.files, ReadFileList(listFile)); })) {
     failure_ = {Say(Text::listUnreadable), problem->Text()};
-  }
-  for (const Repeat& repeat : RepeatsIn(list_)) {
-    warnings_.push_back(Say(Text::repeatInList, {repeat.line, repeat.text}));
   }
 }
 
-/// Collects only the warnings about file names: they cast doubt on whose rows these are.
-/// Repairs and earlier versions pass silently.
-TableKind ExportForm::KindThatWarns(ExportKind kind) {
-  return TableOf(kind, {.ofReading = {}, .ofNames = [this](const auto& file, const auto& warning) {
-                          warnings_.push_back(Say(Text::fileWarning,
-                                                  {Printable(file.filename().native()), warning}));
-                        }});
+const std::filesystem::path& ExportForm::ListPath() const {
+  return list_.sources.front().path;
 }
 
 std::string ExportForm::WarningsText() const {
   constexpr std::size_t kMost = 8;
-  std::string text;
-  for (std::size_t i = 0; i < std::min(warnings_.size(), kMost); ++i) {
-    text += (i > 0 ? "\n" : "") + warnings_[i];
+  std::vector<std::string> warnings;
+  for (const Repeat& repeat : RepeatsIn(list_)) {
+    warnings.push_back(Say(Text::repeatInList, {repeat.file->line, repeat.text}));
   }
-  if (warnings_.size() > kMost) {
-    text += "\n" + Say(Text::moreWarnings, {warnings_.size() - kMost});
+  warnings.insert(warnings.end(), fileWarnings_.begin(), fileWarnings_.end());
+  std::string text;
+  for (std::size_t i = 0; i < std::min(warnings.size(), kMost); ++i) {
+    text += (i > 0 ? "\n" : "") + warnings[i];
+  }
+  if (warnings.size() > kMost) {
+    text += "\n" + Say(Text::moreWarnings, {warnings.size() - kMost});
   }
   return text;
 }
 
 std::string ExportForm::NameOf(std::size_t file) const {
-  return list_.files.at(file).name + kind_.extension;
+  return list_.files.at(file).name + std::string(ExtensionOf(kind_.files));
 }
 
 std::size_t ExportForm::InWork() const {
@@ -76,13 +76,27 @@ bool ExportForm::Working() const {
 }
 
 TableExport& ExportForm::Export() {
-  if (!export_) export_.emplace(services_.storage, kind_, list_, table_, BadFile::endsTheTable);
+  if (!export_) {
+    fileWarnings_.clear();
+    export_.emplace(services_.storage, kind_, list_, table_, BadFile::endsTheTable);
+  }
   return *export_;
+}
+
+void ExportForm::Step() {
+  FileNotes notes = Export().Step();
+  // Only a name that disagrees is worth a word here; repairs and earlier versions pass silently.
+  for (const FileWarning& warning : notes.warnings) {
+    if (warning.about != FileWarning::About::name) continue;
+    fileWarnings_.push_back(
+        Say(Text::fileWarning, {Printable(notes.file.filename().native()), warning.text}));
+  }
+  problem_ = std::move(notes.problem);
 }
 
 void ExportForm::Work() {
   try {
-    problem_ = Export().Step();
+    Step();
   } catch (const FileError&) {
     // Whatever the cause, `Finish` tells the user, who can then do something about it.
     export_.reset();
@@ -95,7 +109,7 @@ void ExportForm::Work() {
 bool ExportForm::Store(const std::filesystem::path& table) try {
   if (table != table_) export_.reset();
   table_ = table;
-  while (!problem_ && Export().Done() < Count()) problem_ = Export().Step();
+  while (!problem_ && Export().Done() < Count()) Step();
   return Export().Commit();
 } catch (...) {
   export_.reset();
@@ -128,25 +142,26 @@ void ExportForm::Finish() {
 ExportForm::Failure ExportForm::Stopped() const {
   const ListedFile& next = list_.files[Done()];
   return {Say(Text::exportStopped),
-          Say(Text::stoppedAt, {next.line, list_.path.filename().string(), NameOf(Done()),
+          Say(Text::stoppedAt, {next.line, ListPath().filename().string(), NameOf(Done()),
                                 WithoutNewTable(table_)})};
 }
 
 ExportForm::Failure ExportForm::Ended(bool stored) const {
-  const bool elsewhere = table_.parent_path() != list_.Folder();
+  const bool elsewhere = table_.parent_path() != ListPath().parent_path();
   const std::string table = (elsewhere ? table_ : table_.filename()).string();
   const std::string rows = Counted(export_->Rows(), Text::oneRow, Text::rows);
   const std::string outcome =
       stored ? Say(Text::rowsWritten, {table, rows}) : WithoutNewTable(table_);
-  const std::string list = list_.path.filename().string();
+  const std::string list = ListPath().filename().string();
+  const int listLine = list_.files[Done() - 1].line;
   const std::string file = Printable(problem_->file.filename().native());
   if (problem_->line > 0) {
-    return {Say(Text::invalidFormat),
-            Say(Text::problemAtLine,
-                {problem_->listLine, list, file, problem_->line, problem_->text, outcome})};
+    return {
+        Say(Text::invalidFormat),
+        Say(Text::problemAtLine, {listLine, list, file, problem_->line, problem_->text, outcome})};
   }
   return {Say(Text::fileNotExported),
-          Say(Text::problemAt, {problem_->listLine, list, file, problem_->text, outcome})};
+          Say(Text::problemAt, {listLine, list, file, problem_->text, outcome})};
 }
 
 void ExportForm::GoBack(const Failure& failure) {

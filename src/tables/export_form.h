@@ -51,12 +51,13 @@ class ExportForm {
     std::string details;
   };
 
+  const std::filesystem::path& ListPath() const;
   TableExport& Export();
+  void Step();
   bool Store(const std::filesystem::path& table);
   Failure Stopped() const;
   Failure Ended(bool stored) const;
   void GoBack(const Failure& failure);
-  TableKind KindThatWarns(ExportKind kind);
   std::string WarningsText() const;
 
   Services services_;
@@ -64,7 +65,7 @@ class ExportForm {
   FileList list_;
   std::filesystem::path table_;
   std::optional<TableExport> export_;
-  std::vector<std::string> warnings_;
+  std::vector<std::string> fileWarnings_;
   std::optional<Failure> failure_;  ///< set when the list could not be read
   std::optional<Problem> problem_;  ///< about the file that ended the table
   bool cannotBeWritten_ = false;

@@ -1,95 +1,130 @@
 #include "tables/file_list.h"
 
-#include <algorithm>
-#include <cstddef>
-#include <map>
 #include <system_error>
+#include <unordered_map>
 #include <utility>
 
-#include "store/content_kind.h"
 #include "store/durable_file.h"
 #include "store/file_error.h"
-#include "store/format_error.h"
 #include "store/printable_text.h"
-#include "store/text_encoding.h"
+#include "study/found_files.h"
+#include "tables/list_lines.h"
 
 namespace orvex {
 namespace {
 
 namespace fs = std::filesystem;
 
-/// Removes blanks at both ends, including the tabs of spreadsheets and the CR of Windows line
-/// ends.
-std::string_view Trimmed(std::string_view line) {
-  constexpr std::string_view kBlank = " \t\r";
-  const std::size_t first = line.find_first_not_of(kBlank);
-  if (first == std::string_view::npos) return {};
-  return line.substr(first, line.find_last_not_of(kBlank) + 1 - first);
+constexpr std::size_t kMostBytes = std::size_t{16} * 1024 * 1024;  // of a list
+
+/// Throws FileError when `bytes`, the start of the list at `path`, are more than a list has.
+void RequireListSize(const fs::path& path, const std::string& bytes) {
+  if (bytes.size() > kMostBytes) {
+    throw FileError(path, "more than 16 MB, which is too large for a list of observations");
+  }
 }
 
-std::string UpperCase(std::string_view text) {
-  std::string upper(text);
-  for (char& c : upper) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+std::string ReadInput(std::istream& input, const fs::path& path) {
+  std::string bytes(kMostBytes + 1, '\0');
+  input.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  if (input.bad()) throw FileError(path, "it could not be read");
+  bytes.resize(static_cast<std::size_t>(input.gcount()));
+  return bytes;
+}
+
+/// Starts `list`'s next source. Returns its number.
+std::size_t NextSource(Source::Kind kind, const fs::path& path, FileList& list) {
+  list.sources.push_back({kind, path});
+  return list.sources.size() - 1;
+}
+
+void AddList(Source::Kind kind, const fs::path& path, std::string bytes, FileList& list) {
+  RequireListSize(path, bytes);
+  const std::size_t source = NextSource(kind, path, list);
+  const fs::path folder = path.parent_path();
+  for (const ListLine& line : ParseList(std::move(bytes))) {
+    const FileKind named = KindOf(line.text);
+    std::string name = named == FileKind::other ? line.text : ObservationName(line.text);
+    list.files.push_back({std::move(name), folder / line.text, named, source, line.number});
   }
-  return upper;
+}
+
+void AddFolder(const fs::path& folder, FileList& list) {
+  const std::size_t source = NextSource(Source::Kind::folder, folder, list);
+  for (FoundFile& found : FindFiles(folder)) {
+    if (found.kind != FileKind::episodes && found.kind != FileKind::survey) continue;
+    list.files.push_back({std::move(found.name), std::move(found.path), found.kind, source});
+  }
 }
 
 }  // namespace
 
-std::vector<ListedFile> ParseFileList(std::string bytes) {
-  const std::string text = Decode(std::move(bytes)).text;
-  RequireList(text);
-  // Zero bytes are a sign of UTF-16, which spreadsheets save as "Unicode text".
-  if (const std::size_t zero = text.find('\0'); zero != std::string::npos) {
-    const auto before = std::string_view(text).substr(0, zero);
-    throw FormatError(static_cast<int>(std::ranges::count(before, '\n')) + 1,
-                      "a text file in UTF-8 or Windows-1252");
-  }
-  std::vector<ListedFile> files;
-  std::string_view rest = text;
-  for (int line = 1; !rest.empty(); ++line) {
-    const std::size_t end = std::min(rest.find('\n'), rest.size());
-    const std::string_view name = Trimmed(rest.substr(0, end));
-    if (!name.empty()) files.push_back({line, std::string(name)});
-    rest.remove_prefix(std::min(end + 1, rest.size()));
-  }
-  return files;
-}
-
 FileList ReadFileList(const fs::path& path) {
-  constexpr std::size_t kMostBytes = std::size_t{16} * 1024 * 1024;
-  std::string bytes = ReadFileStart(path, kMostBytes + 1);
-  if (bytes.size() > kMostBytes) {
-    throw FileError(path, "more than 16 MB, which is too large for a list of observations");
-  }
-  return {path, ParseFileList(std::move(bytes))};
+  FileList list;
+  AddList(Source::Kind::list, path, ReadFileStart(path, kMostBytes + 1), list);
+  return list;
 }
 
-fs::path WithExtension(const fs::path& base, std::string_view extension) {
-  fs::path usual = fs::path(base).concat(extension);
+void AddSource(const fs::path& source, std::istream& input, FileList& list) {
   std::error_code unknown;
-  if (fs::exists(usual, unknown)) return usual;
-  fs::path other = fs::path(base).concat(UpperCase(extension));
-  if (fs::exists(other, unknown)) return other;
-  return usual;
-}
-
-bool HasExtension(const fs::path& name, std::string_view extension) {
-  const fs::path own = name.extension();
-  return own == extension || own == UpperCase(extension);
-}
-
-std::vector<Repeat> RepeatsIn(const FileList& list) {
-  std::vector<Repeat> repeats;
-  std::map<std::string_view, int> lines;
-  for (const ListedFile& file : list.files) {
-    const auto [first, isNew] = lines.try_emplace(file.name, file.line);
-    if (isNew) continue;
-    repeats.push_back({file.line, Printable(file.name) + " is in line " +
-                                      std::to_string(first->second) + " already"});
+  if (source == "-") {
+    AddList(Source::Kind::input, source, ReadInput(input, source), list);
+  } else if (fs::is_directory(source, unknown)) {
+    AddFolder(source, list);
+  } else if (const FileKind kind = KindOf(source); kind != FileKind::other) {
+    const std::size_t number = NextSource(Source::Kind::file, source, list);
+    list.files.push_back({ObservationName(source), source, kind, number});
+  } else {
+    AddList(Source::Kind::list, source, ReadFileStart(source, kMostBytes + 1), list);
   }
-  return repeats;
+}
+
+FileList FilesOf(FileKind kind, FileList list) {
+  std::vector<ListedFile> named = std::exchange(list.files, {});
+  // Where the observations are whose files were named one by one: "find" names all of them.
+  std::unordered_map<std::string, std::size_t> places;
+  for (ListedFile& file : named) {
+    const bool isWanted = file.kind == kind;
+    if (list.SourceOf(file).kind == Source::Kind::folder) {
+      if (isWanted) list.files.push_back(std::move(file));
+      continue;
+    }
+    if (file.kind != FileKind::other) {
+      const auto [place, isNew] = places.try_emplace(ObservationName(file.path), list.files.size());
+      if (!isNew && list.files[place->second].kind != file.kind) {
+        if (isWanted) list.files[place->second] = std::move(file);
+        continue;
+      }
+    }
+    list.files.push_back(std::move(file));
+  }
+  return list;
+}
+
+const Source* EmptyFolder(const FileList& list) {
+  std::vector<bool> hasFiles(list.sources.size());
+  for (const ListedFile& file : list.files) hasFiles[file.source] = true;
+  for (std::size_t i = 0; i < list.sources.size(); ++i) {
+    const Source& source = list.sources[i];
+    if (source.kind == Source::Kind::folder && !hasFiles[i]) return &source;
+  }
+  return nullptr;
+}
+
+fs::path PathOf(const ListedFile& file, FileKind kind) {
+  if (file.kind == kind) return file.path;
+  fs::path usual = file.path;
+  if (file.kind != FileKind::other) usual.replace_extension();
+  usual += ExtensionOf(kind);
+  fs::path found = Companion(usual, kind);
+  return found.empty() ? usual : found;
+}
+
+std::string PlaceOf(const ListedFile& file, const FileList& list) {
+  if (file.line == 0) return "";
+  const Source& source = list.SourceOf(file);
+  return "line " + std::to_string(file.line) + " of " +
+         (list.sources.size() == 1 ? "the list" : Printable(source.path.native()));
 }
 
 }  // namespace orvex

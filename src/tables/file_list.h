@@ -1,47 +1,67 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
+#include <istream>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "study/file_numbers.h"
+#include "study/file_kind.h"
 
 namespace orvex {
 
-/// A line of a list file.
-struct ListedFile {
-  int line = 0;      ///< counted from 1, including empty lines
-  std::string name;  ///< the base name of an observation, "5-12-3"
+/// What names the observations of a table.
+struct Source {
+  enum class Kind {
+    folder,  ///< all files in it and in the folders beneath it
+    list,    ///< a text file with an observation a line
+    input,   ///< such a list, from the standard input
+    file,    ///< an observation's file itself
+  };
+  Kind kind = Kind::list;
+  std::filesystem::path path;
 };
 
-/// A list file: the observations to join into one table. Their files are in the list's folder.
+/// A file that a source names.
+struct ListedFile {
+  /// What tables call the observation: the line of a list, "5-12-3", or ObservationName.
+  std::string name;
+  std::filesystem::path path;       ///< without its extension while `kind` is open
+  FileKind kind = FileKind::other;  ///< `other`: open, the line names the observation alone
+  std::size_t source = 0;           ///< the number of the source, counted from 0
+  int line = 0;  ///< of the list, counted from 1, including empty lines; 0 in other sources
+};
+
+/// The files to join into one table, in their order, and the sources that name them.
 struct FileList {
-  std::filesystem::path path;
+  std::vector<Source> sources;
   std::vector<ListedFile> files;
 
-  std::filesystem::path Folder() const { return path.parent_path(); }
+  const Source& SourceOf(const ListedFile& file) const { return sources[file.source]; }
 };
 
-/// Parses a list file. Trims the names and skips empty lines. Throws FormatError when `bytes`
-/// are not text or belong to another kind of file.
-std::vector<ListedFile> ParseFileList(std::string bytes);
-/// Reads a list file. Throws FormatError, and FileError when the file cannot be read or is too
-/// large for a list.
+/// Reads a list file. The lines of a list name observations, "5-12-3", or their files,
+/// "5-12-3.eps", in the list's folder. Throws FormatError, and FileError when the file cannot be
+/// read or is too large for a list.
 FileList ReadFileList(const std::filesystem::path& path);
 
-/// The path `base` + `extension`, which is in lower case. Uses the upper-case extension when
-/// only that file exists.
-std::filesystem::path WithExtension(const std::filesystem::path& base, std::string_view extension);
+/// Adds the files that `source` names to `list`: a folder, an episode or survey file, a list, or
+/// "-" for a list that is read from `input`, whose lines are relative to the current folder. Throws
+/// FormatError and FileError.
+void AddSource(const std::filesystem::path& source, std::istream& input, FileList& list);
 
-/// True when `name` ends with `extension` in lower or upper case.
-bool HasExtension(const std::filesystem::path& name, std::string_view extension);
+/// The files of `kind`, one for each observation. What a list or the user names stands for its
+/// observation, whatever its kind; only folders may hold observations without such a file.
+FileList FilesOf(FileKind kind, FileList list);
+/// The first folder that has no file in `list`, if there is one.
+const Source* EmptyFolder(const FileList& list);
 
-/// A name that appears in the list again: "17-17-7 is in line 1 already".
-struct Repeat {
-  int line = 0;
-  std::string text;  ///< safe to show on a terminal
-};
-std::vector<Repeat> RepeatsIn(const FileList& list);
+/// The path of the file of `kind` that `file` stands for: the file itself, or the one beside it or
+/// in the tree of its kind; where there is none, the one that should lie beside it.
+std::filesystem::path PathOf(const ListedFile& file, FileKind kind);
+
+/// Where `file` is named: "line 2 of the list", "line 2 of LIST.TXT" among several sources; empty
+/// for one that no list names. Safe to show on a terminal.
+std::string PlaceOf(const ListedFile& file, const FileList& list);
 
 }  // namespace orvex

@@ -20,11 +20,11 @@ void AppendSurveyRow(const FileNumbers& file, const Survey& answers, std::string
   rows += "\r\n";
 }
 
-void AppendSurveyRow(const std::filesystem::path& path, const Warn& warnOfName, std::string& rows) {
+void AppendSurveyRow(const std::filesystem::path& path, FileRows& rows) {
   const FileNumbers numbers = NumbersOf(path);
   const SurFile file = ReadSurFile(path);
-  AppendSurveyRow(numbers, file.answers, rows);
-  WarnOfOtherNumbers(path, file.identity, warnOfName);
+  AppendSurveyRow(numbers, file.answers, rows.text);
+  WarnOfOtherNumbers(path, file.identity, rows.WarnsOf(FileWarning::About::name));
 }
 
 }  // namespace orvex

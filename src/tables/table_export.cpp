@@ -16,83 +16,64 @@ namespace fs = std::filesystem;
 /// How many bytes to collect before writing them.
 constexpr std::size_t kPortion = std::size_t{256} * 1024;
 
-/// `warnOf`, bound to one file.
-Warn Of(const fs::path& file, const WarnOf& warnOf) {
-  return [&file, &warnOf](const std::string& warning) {
-    if (warnOf) warnOf(file, warning);
-  };
-}
-
-TableKind EpsData(const TableWarnings& warnings) {
-  return {.fileName = "EPSDATA.TXT",
-          .extension = ".eps",
-          .header = "",
-          .append = [warnings](const auto& file, const auto&, std::string& rows) {
-            AppendEpisodeRows(file, Of(file, warnings.ofReading), Of(file, warnings.ofNames), rows);
-          }};
-}
-
-TableKind SurData(const TableWarnings& warnings) {
-  return {.fileName = "SURDATA.TXT",
-          .extension = ".sur",
-          .header = "",
-          .append = [warnings](const auto& file, const auto&, std::string& rows) {
-            AppendSurveyRow(file, Of(file, warnings.ofNames), rows);
-          }};
-}
-
-/// Checks that `table` would not replace the list, and removes stray temporary files from its
-/// folder. Returns `table`.
-fs::path Prepared(Storage& storage, fs::path table, const fs::path& list) {
-  RequireNotTheList(table, list);
+/// Checks that `table` would replace no source, and removes stray temporary files from its folder.
+/// Returns `table`.
+fs::path Prepared(Storage& storage, fs::path table, const FileList& list) {
+  RequireNoSource(table, list);
   RemoveStrayTemporaries(storage, table.parent_path());
   return table;
 }
 
-/// Throws a helpful FileError when a line of the list gives a file name, "5-12-3.eps", and not
-/// the name of an observation.
-void RequireBaseName(const fs::path& file, const std::string& name, const std::string& extension) {
-  std::error_code unknown;
-  if (HasExtension(name, extension) && !fs::exists(file, unknown)) {
-    throw FileError(file, "expected the name without \"" + extension + "\" in the list");
-  }
-}
-
 }  // namespace
 
-TableKind TableOf(ExportKind kind, const TableWarnings& warnings) {
-  return kind == ExportKind::epsData ? EpsData(warnings) : SurData(warnings);
+TableKind TableOf(ExportKind kind) {
+  if (kind == ExportKind::epsData) {
+    return {.fileName = "EPSDATA.TXT",
+            .files = FileKind::episodes,
+            .header = "",
+            .append = [](const auto& file, const auto&, FileRows& rows) {
+              AppendEpisodeRows(file, rows);
+            }};
+  }
+  return {
+      .fileName = "SURDATA.TXT",
+      .files = FileKind::survey,
+      .header = "",
+      .append = [](const auto& file, const auto&, FileRows& rows) { AppendSurveyRow(file, rows); }};
 }
 
 TableExport::TableExport(Storage& storage, TableKind kind, FileList list, fs::path table,
                          BadFile badFile)
     : kind_(std::move(kind)),
       list_(std::move(list)),
-      table_(Prepared(storage, std::move(table), list_.path)),
+      table_(Prepared(storage, std::move(table), list_)),
       badFile_(badFile),
       file_(storage, table_),
-      text_(kind_.header) {}
+      text_(kind_.header),
+      reading_(Count(), [this](std::size_t file) { return RowsOf(file); }) {}
 
-std::optional<Problem> TableExport::Step() {
-  const ListedFile& listed = list_.files.at(done_);
-  const fs::path path = WithExtension(list_.Folder() / listed.name, kind_.extension);
-  const std::size_t before = text_.size();
-  std::optional<Problem> problem = ProblemOf(path, [&] {
-    RequireBaseName(path, listed.name, kind_.extension);
-    kind_.append(path, listed.name, text_);
-  });
+FileRows TableExport::RowsOf(std::size_t file) const {
+  const ListedFile& listed = list_.files[file];
+  FileRows rows;
+  rows.notes.file = PathOf(listed, kind_.files);
+  rows.notes.problem =
+      ProblemOf(rows.notes.file, [&] { kind_.append(rows.notes.file, listed.name, rows); });
+  return rows;
+}
+
+FileNotes TableExport::Step() {
+  FileRows rows = reading_.Take().value();
   ++done_;
-  if (problem) {
-    problem->listLine = listed.line;
+  if (rows.notes.problem) {
     ended_ = badFile_ == BadFile::endsTheTable;
-    if (!ended_) text_.resize(before);
-    lastInPart_ = text_.size() > before;
+    if (!ended_) rows.text.clear();
+    lastInPart_ = !rows.text.empty();
   }
-  if (!problem || lastInPart_) ++files_;
-  rows_ += static_cast<std::size_t>(
-      std::count(text_.begin() + static_cast<std::ptrdiff_t>(before), text_.end(), '\n'));
+  if (!rows.notes.problem || lastInPart_) ++files_;
+  rows_ += static_cast<std::size_t>(std::ranges::count(rows.text, '\n'));
+  text_ += rows.text;
   if (text_.size() >= kPortion) WriteOut();
-  return problem;
+  return std::move(rows.notes);
 }
 
 void TableExport::WriteOut() {
@@ -109,10 +90,15 @@ bool TableExport::Commit() {
   return true;
 }
 
-void RequireNotTheList(const fs::path& table, const fs::path& list) {
+void RequireNoSource(const fs::path& table, const FileList& list) {
   std::error_code unknown;
-  if (fs::equivalent(table, list, unknown)) {
-    throw FileError(table, "this is the list, which the table would replace");
+  for (const Source& source : list.sources) {
+    if (source.kind == Source::Kind::list && fs::equivalent(table, source.path, unknown)) {
+      throw FileError(table, "this is the list, which the table would replace");
+    }
+  }
+  if (KindOf(fs::canonical(table, unknown)) != FileKind::other) {
+    throw FileError(table, "this is an observation's file, which the table would replace");
   }
 }
 

@@ -3,13 +3,14 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
-#include <optional>
 #include <string>
 
 #include "desk/screens.h"
 #include "store/durable_file.h"
-#include "study/problem.h"
+#include "study/file_kind.h"
+#include "study/ordered_reading.h"
 #include "tables/file_list.h"
+#include "tables/file_rows.h"
 
 namespace orvex {
 
@@ -17,39 +18,35 @@ class Storage;
 
 /// A kind of table that is joined from many files.
 struct TableKind {
-  std::string fileName;   ///< the table's
-  std::string extension;  ///< of the files it is made from
-  std::string header;     ///< the table's first line with its line end; may be empty
-  /// Appends the rows of a file, including their line ends; `name` is the file's name in the
-  /// list. Throws FileError and FormatError, but never leaves part of a row.
-  std::function<void(const std::filesystem::path& file, const std::string& name, std::string& rows)>
+  std::string fileName;                 ///< the table's
+  FileKind files = FileKind::episodes;  ///< what it is made from
+  std::string header;                   ///< its first line with its line end; may be empty
+  /// Adds the rows of a file, which is called `name` in the list. Throws FileError and FormatError,
+  /// but never leaves part of a row. Is called from several threads at once.
+  std::function<void(const std::filesystem::path& file, const std::string& name, FileRows& rows)>
       append;
 };
 
-/// Called with a warning about a file that could be read.
-using WarnOf = std::function<void(const std::filesystem::path& file, const std::string& warning)>;
-
-/// Receivers of the warnings while EPSDATA.TXT or SURDATA.TXT is made. Either may be empty.
-struct TableWarnings {
-  WarnOf ofReading = {};  ///< for earlier versions and repairs
-  WarnOf ofNames = {};    ///< for names that disagree with the identity line
-};
-TableKind TableOf(ExportKind kind, const TableWarnings& warnings);
+/// EPSDATA.TXT or SURDATA.TXT.
+TableKind TableOf(ExportKind kind);
 
 /// What to do about a missing or broken file: end the table with the rows completed so far, or
 /// leave the file out.
 enum class BadFile { endsTheTable, isSkipped };
 
-/// Makes a table from the files of a list, one file per step. The rows are collected in a
-/// temporary file that replaces an earlier table on commit, so at any moment there is either the
-/// old table or the new one, and never half a row. Holds no more than one file in memory.
+/// Makes a table from the files of a list, one file per step, while further ones are read on all
+/// cores. The rows are collected in a temporary file that replaces an earlier table on commit, so
+/// at any moment there is either the old table or the new one, and never half a row. The memory it
+/// needs does not grow with the number of files.
 class TableExport {
  public:
-  /// Throws FileError when `table` cannot be made, or is the list itself.
+  /// `list` holds files of the table's kind (FilesOf). Throws FileError when `table` cannot be
+  /// made, or would replace a source.
   TableExport(Storage& storage, TableKind kind, FileList list, std::filesystem::path table,
               BadFile badFile);
 
   const std::filesystem::path& Table() const { return table_; }
+  const FileList& List() const { return list_; }
   /// How many files have been processed.
   std::size_t Done() const { return done_; }
   std::size_t Count() const { return list_.files.size(); }
@@ -63,9 +60,8 @@ class TableExport {
   /// True when no file is left, or a bad one has ended the table.
   bool Finished() const { return ended_ || done_ == Count(); }
 
-  /// Processes the next file and returns the problem with it, if any. Throws FileError when the
-  /// table cannot be written.
-  std::optional<Problem> Step();
+  /// Adds the rows of the next file. Throws FileError when the table cannot be written.
+  FileNotes Step();
 
   /// Moves the table with its rows so far into place. Returns false and keeps an earlier table
   /// when bad files have left no rows for a new one. Throws FileError, also keeping the earlier
@@ -73,6 +69,7 @@ class TableExport {
   bool Commit();
 
  private:
+  FileRows RowsOf(std::size_t file) const;
   void WriteOut();
 
   TableKind kind_;
@@ -86,10 +83,12 @@ class TableExport {
   std::size_t files_ = 0;
   bool ended_ = false;
   bool lastInPart_ = false;
+  OrderedReading<FileRows> reading_;  // last: its threads use the kind and the list
 };
 
-/// Throws FileError when `table` is the list itself, which it would replace.
-void RequireNotTheList(const std::filesystem::path& table, const std::filesystem::path& list);
+/// Throws FileError when `table` is one of the lists, or a link to an observation's file, which it
+/// would replace.
+void RequireNoSource(const std::filesystem::path& table, const FileList& list);
 
 /// A sentence that says what is there when no new table was stored: "The earlier EPSDATA.TXT stays
 /// as it was."

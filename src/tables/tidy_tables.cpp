@@ -41,20 +41,16 @@ void AppendTidyRows(TidyTable table, std::string_view file, const EpsObservation
   });
 }
 
-TableKind TidyTableKind(TidyTable table, WarnOf warnOf) {
-  const auto append = [table, warnOf = std::move(warnOf)](const std::filesystem::path& file,
-                                                          const std::string& name,
-                                                          std::string& rows) {
-    const Warn warn = [&](const std::string& warning) {
-      if (warnOf) warnOf(file, warning);
-    };
-    ReadingWithWarnings events(warn);
+TableKind TidyTableKind(TidyTable table) {
+  const auto append = [table](const std::filesystem::path& file, const std::string& name,
+                              FileRows& rows) {
+    ReadingWithWarnings events(rows.WarnsOf(FileWarning::About::content));
     const EpsObservation observation = ReadEpsFile(file, events);
-    AppendTidyRows(table, name, observation, rows);
-    WarnOfOtherNumbers(file, observation.header.identity, warn);
+    AppendTidyRows(table, name, observation, rows.text);
+    WarnOfOtherNumbers(file, observation.header.identity, rows.WarnsOf(FileWarning::About::name));
   };
   return {.fileName = std::string(NameOf(table)) + ".csv",
-          .extension = ".eps",
+          .files = FileKind::episodes,
           .header = Header(table),
           .append = append};
 }

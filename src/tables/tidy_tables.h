@@ -20,7 +20,7 @@ void AppendTidyRows(TidyTable table, std::string_view file, const EpsObservation
                     std::string& rows);
 
 /// The kind of table that joins episode files into "questions.csv" or its siblings.
-TableKind TidyTableKind(TidyTable table, WarnOf warnOf);
+TableKind TidyTableKind(TidyTable table);
 
 /// "questions-codebook.csv", and its text: a row for each variable of the table and for each
 /// value it may have.

@@ -22,16 +22,16 @@ struct Describe {
     const bool hint = r.text.find("\nTry 'orvex") != std::string::npos;
     return hint ? "mistake" : "mistake without a hint";
   }
-  std::string operator()(const CheckCommand& r) const { return "check" + Joined(r.files); }
+  std::string operator()(const CheckCommand& r) const { return "check" + Joined(r.sources); }
   std::string operator()(const ReportCommand& r) const {
-    return (r.json ? "json" : "report") + Joined(r.files);
+    return (r.json ? "json" : "report") + Joined(r.sources);
   }
   std::string operator()(const ExportCommand& r) const {
-    return std::string(r.kind == ExportKind::epsData ? "epsdata " : "surdata ") + r.list.string() +
+    return std::string(r.kind == ExportKind::epsData ? "epsdata" : "surdata") + Joined(r.sources) +
            " to " + r.output.string() + (r.keepGoing ? " keep going" : "");
   }
   std::string operator()(const TableCommand& r) const {
-    return std::string(NameOf(r.table)) + " " + r.list.string() + " to " + r.output.string() +
+    return std::string(NameOf(r.table)) + Joined(r.sources) + " to " + r.output.string() +
            (r.codebook ? " codebook" : "");
   }
 };
@@ -59,13 +59,15 @@ TEST(CommandLine, IsReadAsWhatItAsksFor) {
       {"export --version", "text orvex "},
       {"export LIST.TXT", "mistake"},
       {"export nodata LIST.TXT", "mistake"},
-      {"export epsdata A.TXT B.TXT", "mistake"},
+      {"export epsdata", "mistake"},
+      {"export epsdata A.TXT DATA - b.eps", "epsdata A.TXT DATA - b.eps to "},
       {"export epsdata LIST.TXT --codebook", "mistake"},
       {"export --help", "text Usage:"},
       {"table questions LIST.TXT", "questions LIST.TXT to "},
       {"table segments L.TXT --codebook --output=out", "segments L.TXT to out codebook"},
       {"table --help", "text Usage:"},
       {"check a.eps b.sur", "check a.eps b.sur"},
+      {"check -", "check -"},
       {"check", "mistake"},
       {"check --help", "text Usage:"},
       {"report a.eps", "report a.eps"},

@@ -27,7 +27,8 @@ namespace {
 struct Kept {
   std::ostringstream out;
   std::ostringstream err;
-  Console console{.out = out, .err = err, .interrupted = {}};
+  std::istringstream in;
+  Console console{.out = out, .err = err, .in = in, .interrupted = {}};
 
   /// What was written to `stream` since the last call, with the test's folder removed.
   std::string Take(std::ostringstream& stream, const std::filesystem::path& folder) {
@@ -91,7 +92,7 @@ TEST(Commands, ExportSaysHowItWentInItsExitCode) {
     Kept kept;
     Storage storage;
     test::PutFile(folder / "LIST.TXT", list);
-    EXPECT_EQ(RunExport(ExportCommand{.list = folder / "LIST.TXT",
+    EXPECT_EQ(RunExport(ExportCommand{.sources = {folder / "LIST.TXT"},
                                       .output = folder / "out",
                                       .keepGoing = keepGoing},
                         storage, kept.console),
@@ -106,21 +107,25 @@ TEST(Commands, ExportSaysHowItWentInItsExitCode) {
 
 TEST(Commands, ExportEndsWhenItIsInterruptedAndShowsProgressOnATerminal) {
   const test::TestFolder folder;
-  CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
-  test::PutFile(folder / "LIST.TXT", "17-17-7\n./17-17-7\n././17-17-7\n");
+  for (const std::string name : {"17-17-7.eps", "11-4-2.eps", "22-5-11.eps"}) {
+    CopySample("class/" + name, folder / name);
+  }
+  test::PutFile(folder / "LIST.TXT", "17-17-7\n11-4-2\n22-5-11\n");
   Kept kept;
   Storage storage;
   kept.console.showsProgress = true;
   int asked = 0;
   kept.console.interrupted = [&asked] { return ++asked > 2; };
-  EXPECT_EQ(RunExport(ExportCommand{.list = folder / "LIST.TXT"}, storage, kept.console), kFailed);
+  EXPECT_EQ(RunExport(ExportCommand{.sources = {folder / "LIST.TXT"}}, storage, kept.console),
+            kFailed);
   EXPECT_EQ(kept.Take(kept.out, folder.Path()), "");
   EXPECT_FALSE(std::filesystem::exists(folder / "EPSDATA.TXT"));
   EXPECT_EQ(kept.err.str(),
             "\r0 of 3 files\r1 of 3 files\r\033[K"
             "Interrupted after 2 of 3 files. No EPSDATA.TXT was made.\n");
   Kept none;
-  EXPECT_EQ(RunExport(ExportCommand{.list = folder / "NONE.TXT"}, storage, none.console), kFailed);
+  EXPECT_EQ(RunExport(ExportCommand{.sources = {folder / "NONE.TXT"}}, storage, none.console),
+            kFailed);
   EXPECT_EQ(none.Take(none.err, folder.Path()), "NONE.TXT: No such file or directory\n");
 }
 
@@ -132,7 +137,7 @@ TEST(Commands, TableAndCodebookNeverTakeThePlaceOfTheList) {
   for (const char* name : {"questions.csv", "questions-codebook.csv"}) {
     test::PutFile(folder / name, "17-17-7\n");
     EXPECT_EQ(
-        RunTable(TableCommand{.list = folder / name, .codebook = true}, storage, kept.console),
+        RunTable(TableCommand{.sources = {folder / name}, .codebook = true}, storage, kept.console),
         kFailed);
     EXPECT_EQ(kept.Take(kept.err, folder.Path()),
               name + std::string(": this is the list, which the table would replace\n"));
@@ -180,7 +185,7 @@ TEST(Commands, CheckNamesWhatIsMissingAndGoesOnAfterABadFile) {
   CopySample("bad/noise.sur", folder / "bad.SUR");
 
   Kept kept;
-  EXPECT_EQ(RunCheck({folder / "5-12-3.eps", folder / "bad.SUR", folder / "notes.txt",
+  EXPECT_EQ(RunCheck({folder / "5-12-3.eps", folder / "bad.SUR", folder / "5-12-3.nte",
                       folder / "17-17-7.sur"},
                      kept.console),
             kFailed);
@@ -191,7 +196,7 @@ TEST(Commands, CheckNamesWhatIsMissingAndGoesOnAfterABadFile) {
             "2 files checked: 2 of 3 questions not fully coded, 1 of 25 statements not rated\n");
   const std::string err = kept.Take(kept.err, folder.Path());
   EXPECT_TRUE(err.starts_with("bad.SUR:")) << err;
-  EXPECT_NE(err.find("notes.txt: expected an episode file (.eps) or a survey file (.sur)\n"),
+  EXPECT_NE(err.find("5-12-3.nte: expected an episode file (.eps) or survey file (.sur)\n"),
             std::string::npos);
   EXPECT_TRUE(err.ends_with("2 files could not be read\n"));
 
@@ -247,7 +252,7 @@ TEST(Commands, ReportSaysInJsonWhatAnotherProgramSays) {
       EXPECT_EQ(found[QLatin1String("file")].toString().toStdString(), eps.string());
       EXPECT_EQ(found[QLatin1String("schema")].toInt(), 1);
       Kept reading;
-      const auto observation = ReadEpisodes(eps, reading.console);
+      const auto observation = ReadEpisodes(eps, "", reading.console);
       ASSERT_TRUE(observation);
       ExpectHolds(expected.object(), test::InOlderKeys(found, *observation), "");
       ++files;

@@ -54,10 +54,10 @@ std::vector<Row> ReadCsv(const std::string& text) {
 }
 
 std::vector<Row> Table(TidyTable table, const fs::path& file) {
-  const TableKind kind = TidyTableKind(table, {});
-  std::string text = kind.header;
-  kind.append(file, "a/" + file.stem().string(), text);
-  return ReadCsv(text);
+  const TableKind kind = TidyTableKind(table);
+  FileRows rows;
+  kind.append(file, "a/" + file.stem().string(), rows);
+  return ReadCsv(kind.header + rows.text);
 }
 
 std::string CellOf(const std::string& text) {
@@ -169,7 +169,7 @@ TEST(TidyTables, TellOfEveryQuestionSegmentAndEpisode) {
 
 TEST(TidyTables, HaveACodebookOfTheirVariables) {
   for (const TidyTable table : {TidyTable::questions, TidyTable::segments, TidyTable::episodes}) {
-    const std::string header = TidyTableKind(table, {}).header;
+    const std::string header = TidyTableKind(table).header;
     std::string names;
     for (const Row& row : ReadCsv(Codebook(table))) {
       const std::string& name = row.at("variable");
@@ -190,7 +190,7 @@ void MakeTables(const fs::path& folder) {
   Storage storage;
   for (const TidyTable table : {TidyTable::questions, TidyTable::segments, TidyTable::episodes}) {
     const TableCommand command = {.table = table,
-                                  .list = test::SamplesFolder() / "odd" / "LIST.TXT",
+                                  .sources = {test::SamplesFolder() / "odd" / "LIST.TXT"},
                                   .output = folder,
                                   .codebook = true};
     EXPECT_EQ(RunTable(command, storage, console), kDone) << err.str();

@@ -1,0 +1,46 @@
+#include "tables/list_lines.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+
+#include "store/content_kind.h"
+#include "store/format_error.h"
+#include "store/text_encoding.h"
+
+namespace orvex {
+namespace {
+
+/// Removes blanks at both ends, including the tabs of spreadsheets and the CR of Windows line
+/// ends.
+std::string_view Trimmed(std::string_view line) {
+  constexpr std::string_view kBlank = " \t\r";
+  const std::size_t first = line.find_first_not_of(kBlank);
+  if (first == std::string_view::npos) return {};
+  return line.substr(first, line.find_last_not_of(kBlank) + 1 - first);
+}
+
+}  // namespace
+
+std::vector<ListLine> ParseList(std::string bytes) {
+  const std::string text = Decode(std::move(bytes)).text;
+  RequireList(text);
+  // Zero bytes are a sign of UTF-16, which spreadsheets save as "Unicode text".
+  if (const std::size_t zero = text.find('\0'); zero != std::string::npos) {
+    const auto before = std::string_view(text).substr(0, zero);
+    throw FormatError(static_cast<int>(std::ranges::count(before, '\n')) + 1,
+                      "a text file in UTF-8 or Windows-1252");
+  }
+  std::vector<ListLine> lines;
+  std::string_view rest = text;
+  for (int number = 1; !rest.empty(); ++number) {
+    const std::size_t end = std::min(rest.find('\n'), rest.size());
+    const std::string_view line = Trimmed(rest.substr(0, end));
+    if (!line.empty()) lines.push_back({number, std::string(line)});
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  return lines;
+}
+
+}  // namespace orvex
