@@ -276,7 +276,7 @@ Request ReadWindow(const QStringList& arguments) {
   if (files.isEmpty()) return OpenWindow{};
   OpenWindow window{PathOf(files[0])};
   const FileKind kind = KindOf(window.file);
-  if (kind == FileKind::other || kind == FileKind::sessionLog) {
+  if (kind == FileKind::other || kind == FileKind::sessionLog || kind == FileKind::keptClass) {
     return MistakeIn(
         QString(),
         QStringLiteral("'%1' is neither a command nor an .eps, .sur or .nte file.").arg(files[0]));

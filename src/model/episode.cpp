@@ -15,6 +15,12 @@ double Episode::duration() const {
                          });
 }
 
+const SegmentData* SegmentOf(const Episode& episode, const questionInfo& question) {
+  const int number = question.iSgQ;
+  const bool known = number >= 1 && number <= std::ssize(episode.segments);
+  return known ? &episode.segments[static_cast<std::size_t>(number - 1)] : nullptr;
+}
+
 std::string ActivityLabel(const Episode& episode, bool withReview) {
   if (episode.segments.empty()) return "";
   const bool saysReview = withReview && episode.bReview == "Y";

@@ -25,6 +25,9 @@ struct Episode {
 
 using EpisodeList = std::vector<Episode>;
 
+/// The segment that a question was asked in; null when its number is not one of the episode's.
+const SegmentData* SegmentOf(const Episode& episode, const questionInfo& question);
+
 /// "Discussion: 12 Question(s)": an episode's first activity, as a caption, and its number of
 /// questions. With `withReview`, " (Review Session)" follows if it was one. Empty for an episode
 /// without segments; an activity without a name shows its number.

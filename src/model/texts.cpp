@@ -257,6 +257,35 @@ constexpr std::array<Row, kCount> kTexts = {{
     {Text::problemAt, "Line %1 of %2: %3: %4.\n%5"},
     {Text::problemAtLine, "Line %1 of %2: %3, line %4: %5.\n%6"},
     {Text::rowsWritten, "%1 holds the %2 written so far."},
+
+    // The study.
+    {Text::problemInFile, "%1: %2"},
+    {Text::problemInLine, "%1, line %2: %3"},
+    {Text::numbersDisagree, "%1: %2."},
+    {Text::sameNumbers, "%1 has the same numbers."},
+    {Text::putAside, "An earlier class of the same numbers is put aside as %1."},
+    {Text::putAsideOf, "This is an earlier class of the numbers of %1, put aside."},
+    {Text::classIsRunning, "The class is running."},
+    {Text::classIsLost, "There is a log but no episode file: the class was lost, or is running."},
+    {Text::episodesMissing, "The episode file is missing."},
+    {Text::surveyMissing, "The survey is missing."},
+    {Text::logMissing, "The log is missing."},
+    {Text::secondFile, "%1 is of the same observation, too."},
+    {Text::surveyNone, "none"},
+    {Text::surveyComplete, "complete"},
+    {Text::surveyOpen, "%1 open"},
+    {Text::surveyBroken, "broken"},
+    {Text::yes, "yes"},
+    {Text::oneObservation, "%1 observation"},
+    {Text::observationsShown, "%1 observations"},
+    {Text::observationsOf, "%1 of %2 observations"},
+    {Text::studyTotals,
+     "%1: %2 h %3 min, %4 episodes, %5 questions (%6 not fully coded), %7 dialogic spells, %8 "
+     "without a survey, %9 with problems"},
+    {Text::questionsShown, "%1 of %2 questions"},
+    {Text::readingProgress, "%1 of %2 observations read"},
+    {Text::noSuchCode, "%1 has no code %2. It takes %3, and - where it is not coded."},
+    {Text::noSuchActivity, "There is no activity %1."},
 }};
 
 constexpr bool IsInOrder() {

@@ -238,6 +238,33 @@ enum class Text {
   problemAtLine,
   rowsWritten,
 
+  // The study.
+  problemInFile,
+  problemInLine,
+  numbersDisagree,
+  sameNumbers,
+  putAside,
+  putAsideOf,
+  classIsRunning,
+  classIsLost,
+  episodesMissing,
+  surveyMissing,
+  logMissing,
+  secondFile,
+  surveyNone,
+  surveyComplete,
+  surveyOpen,
+  surveyBroken,
+  yes,
+  oneObservation,
+  observationsShown,
+  observationsOf,
+  studyTotals,
+  questionsShown,
+  readingProgress,
+  noSuchCode,
+  noSuchActivity,
+
   count  // the number of texts
 };
 

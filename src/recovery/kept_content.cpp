@@ -75,6 +75,11 @@ fs::path RecoveryPath(const fs::path& dataPath, const Identity& identity) {
   return BakPath(dataPath, identity).replace_extension(kRecoveryExtension);
 }
 
+fs::path KeptPlaceOf(const fs::path& file) {
+  fs::path place = PlaceOf(file);
+  return place.extension() == kRecoveryExtension ? place : fs::path();
+}
+
 std::vector<fs::path> FilesKeptAt(const fs::path& path) {
   std::vector<fs::path> files = EntriesOf(path.parent_path());
   std::erase_if(files, [&](const fs::path& file) { return PlaceOf(file) != path; });
@@ -99,16 +104,15 @@ bool IsUnfinishedAt(const fs::path& path) {
 }
 
 bool IsAnythingKeptIn(const fs::path& folder) {
-  return std::ranges::any_of(EntriesOf(folder), [](const fs::path& file) {
-    return PlaceOf(file).extension() == kRecoveryExtension;
-  });
+  return std::ranges::any_of(EntriesOf(folder),
+                             [](const fs::path& file) { return !KeptPlaceOf(file).empty(); });
 }
 
 std::vector<fs::path> KeptPathsIn(const fs::path& folder) {
   std::vector<fs::path> paths;
   for (const fs::path& file : EntriesOf(folder)) {
-    fs::path path = PlaceOf(file);
-    if (path.extension() == kRecoveryExtension) paths.push_back(std::move(path));
+    fs::path path = KeptPlaceOf(file);
+    if (!path.empty()) paths.push_back(std::move(path));
   }
   std::ranges::sort(paths);
   paths.erase(std::unique(paths.begin(), paths.end()), paths.end());

@@ -28,6 +28,9 @@ KeptContent Unsealed(const std::string& bytes);
 /// The path at which a running class is kept, beside its log.
 std::filesystem::path RecoveryPath(const std::filesystem::path& dataPath, const Identity& identity);
 
+/// The path at which the recovery file `file` keeps something: `file` itself, or the path that it
+/// was on its way to. Empty for any other file.
+std::filesystem::path KeptPlaceOf(const std::filesystem::path& file);
 /// The files that hold what is kept at `path`: the one at the path itself, and those still on their
 /// way there.
 std::vector<std::filesystem::path> FilesKeptAt(const std::filesystem::path& path);

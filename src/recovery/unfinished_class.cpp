@@ -134,6 +134,12 @@ std::string Times(const KeptClass& kept) {
   return Say(Text::classTimes, {kept.program.StartTimeText, kept.moment.timeText});
 }
 
+/// What is missing of the class.
+std::string StateOf(const KeptClass& kept) {
+  return Say(kept.program.ClassStored ? Text::surveyNotStored : Text::classNotEnded,
+             {kept.program.identity.ClassId(), kept.moment.dateText});
+}
+
 Message Question(const Services& services, const Found& found, const std::string& what) {
   const KeptClass& kept = found.kept;
   const bool stored = kept.program.ClassStored;
@@ -154,9 +160,7 @@ Message Question(const Services& services, const Found& found, const std::string
 
 UnfinishedItem ItemOf(const Services& services, const Found& found) {
   const KeptClass& kept = found.kept;
-  const std::string what =
-      Say(kept.program.ClassStored ? Text::surveyNotStored : Text::classNotEnded,
-          {kept.program.identity.ClassId(), kept.moment.dateText});
+  const std::string what = StateOf(kept);
   return {.what = what,
           .extent = Times(kept) + ", " + Amount(kept),
           .place = DataFolderOf(found.path).string(),
@@ -254,6 +258,10 @@ bool StoreItsSurvey(const Services& services, KeptClass& kept) {
 }
 
 }  // namespace
+
+std::string TextOf(const KeptClass& kept) {
+  return StateOf(kept) + ". " + Say(Text::classObserved, {Times(kept), Amount(kept)});
+}
 
 bool CloseKeptClass(const Services& desk, KeptClass kept, const fs::path& path) {
   // Its files belong in the data folder where it was observed, whichever folder is in use now.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <vector>
 
 #include "desk/services.h"
@@ -18,6 +19,10 @@ std::vector<Unfinished> UnfinishedClasses(const Services& services);
 /// The unfinished class kept at `path`, in a list of one; an empty list when there is none.
 std::vector<Unfinished> UnfinishedClassAt(const Services& services,
                                           const std::filesystem::path& path);
+
+/// What is to be said of a class that was not ended: "Class 5-12-3 of 03-02-2026 was not ended. It
+/// was observed from 09:05:12 to 09:47:10: 3 episodes, 14 questions."
+std::string TextOf(const KeptClass& kept);
 
 /// Closes a class that was not ended by storing it as it stands: the running segment up to when the
 /// class was last kept, the question that was being entered (the user is told about it), the notes,

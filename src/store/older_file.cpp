@@ -2,7 +2,9 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <ctime>
 #include <system_error>
 
@@ -57,6 +59,22 @@ std::string OlderName(const fs::path& path) {
     name.append(" ").append(std::to_string(number)).append(extension);
   }
   return name;
+}
+
+std::string NameBeforeOlder(std::string_view stem) {
+  const auto endsLike = [&](std::string_view shape) {
+    if (stem.size() <= shape.size()) return false;
+    return std::ranges::equal(stem.substr(stem.size() - shape.size()), shape, [](char c, char s) {
+      return s == '0' ? c >= '0' && c <= '9' : c == s;
+    });
+  };
+  constexpr std::string_view kTime = " 0000-00-00 0000";
+  if (!endsLike(kTime)) {
+    const std::size_t number = stem.find_last_not_of("0123456789");
+    if (number == std::string_view::npos || stem[number] != ' ') return "";
+    stem = stem.substr(0, number);
+  }
+  return endsLike(kTime) ? std::string(stem.substr(0, stem.size() - kTime.size())) : "";
 }
 
 std::string KeepOlder(Storage& storage, const fs::path& path) {

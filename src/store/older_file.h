@@ -12,6 +12,10 @@ class Storage;
 /// last change, "5-12-3 2026-03-02 0945.eps", and a number after that if the name is taken.
 std::string OlderName(const std::filesystem::path& path);
 
+/// What a file was called, without its extension, before it got an OlderName: "5-12-3" for
+/// "5-12-3 2026-03-02 0945". Empty for any other name.
+std::string NameBeforeOlder(std::string_view stem);
+
 /// Where the class as observed is kept beside the episode file that its edits are saved in:
 /// "5-12-3.eps.observed".
 std::filesystem::path ObservedPath(std::filesystem::path file);

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "recovery/kept_content.h"
+
 namespace orvex {
 namespace {
 
@@ -72,7 +74,9 @@ FileKind KindOf(const fs::path& file) {
   for (const KindNames& kind : kKinds) {
     if (EqualsInAnyCase(extension, kind.upperExtension)) return kind.kind;
   }
-  return FileKind::other;
+  // The changes of an edited file are kept as "5-12-3.eps.recovery".
+  const fs::path kept = KeptPlaceOf(file).stem();
+  return kept.empty() || kept.has_extension() ? FileKind::other : FileKind::keptClass;
 }
 
 std::string_view ExtensionOf(FileKind kind) {

@@ -1,13 +1,16 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
 
 namespace orvex {
 
-/// The kind of a file of an observation, judged by its extension in upper or lower case.
-enum class FileKind { episodes, survey, fieldNotes, sessionLog, other };
+/// The kind of a file of an observation, judged by its extension in upper or lower case. A kept
+/// class is what a running class leaves beside its log when it was not ended.
+enum class FileKind { episodes, survey, fieldNotes, sessionLog, keptClass, other };
+inline constexpr std::size_t kFileKindCount = 5;  // without `other`
 FileKind KindOf(const std::filesystem::path& file);
 
 /// How the files of `kind`, which is not `other`, end: ".eps".
@@ -20,7 +23,7 @@ bool IsTreeName(const std::filesystem::path& folderName);
 
 /// The file of `kind` that belongs to the same observation as `file`: beside it, or, where `file`
 /// is in the tree of its kind ("EPS/5/12/5-12-3.eps"), in the tree of the other
-/// ("BAK/5/12/5-12-3.bak"). Empty when there is none.
+/// ("BAK/5/12/5-12-3.bak"). Empty when there is none, and for a kept class.
 std::filesystem::path Companion(const std::filesystem::path& file, FileKind kind);
 
 }  // namespace orvex

@@ -1,11 +1,12 @@
 #include "study/found_files.h"
 
 #include <algorithm>
-#include <compare>
 #include <cstddef>
 #include <system_error>
 #include <tuple>
+#include <utility>
 
+#include "recovery/kept_content.h"
 #include "store/file_error.h"
 
 namespace orvex {
@@ -17,38 +18,9 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-/// Takes a number, without its leading zeros, or else one other character off `text`.
-std::string_view TakePart(std::string_view& text) {
-  std::size_t length = 0;
-  while (length < text.size() && IsDigit(text[length])) ++length;
-  std::string_view part = text.substr(0, std::max<std::size_t>(length, 1));
-  text.remove_prefix(part.size());
-  while (part.size() > 1 && part.front() == '0') part.remove_prefix(1);
-  return part;
-}
-
-std::strong_ordering CompareParts(std::string_view a, std::string_view b) {
-  if (IsDigit(a.front()) && IsDigit(b.front()) && a.size() != b.size()) {
-    return a.size() <=> b.size();
-  }
-  return a <=> b;
-}
-
-std::strong_ordering CompareNames(std::string_view a, std::string_view b) {
-  std::string_view restOfA = a;
-  std::string_view restOfB = b;
-  while (!restOfA.empty() && !restOfB.empty()) {
-    const auto order = CompareParts(TakePart(restOfA), TakePart(restOfB));
-    if (order != 0) return order;
-  }
-  const auto order = restOfA.size() <=> restOfB.size();
-  return order != 0 ? order : a <=> b;  // "05" and "5" have an order, too
-}
-
-}  // namespace
-
-std::string ObservationName(const fs::path& file) {
-  const fs::path folder = file.parent_path();
+/// The part of an observation's name that comes from the folder of its file: `folder` without the
+/// folder of a kind.
+fs::path NameOfFolder(const fs::path& folder) {
   auto tree = folder.end();
   for (auto part = folder.begin(); part != folder.end(); ++part) {
     if (IsTreeName(*part)) tree = part;
@@ -57,31 +29,115 @@ std::string ObservationName(const fs::path& file) {
   for (auto part = folder.begin(); part != folder.end(); ++part) {
     if (part != tree && *part != ".") name /= *part;
   }
-  return (name / file.stem()).string();
+  return name;
+}
+
+/// Collects the files of a folder and of those beneath it.
+class Search {
+ public:
+  explicit Search(const std::function<bool()>& stops) : stops_(stops) {}
+
+  /// `fromStart` is the path to `folder` from where the search started. Returns why the folder
+  /// itself cannot be read.
+  std::error_code Enter(const fs::path& folder, const fs::path& fromStart) {
+    const std::string name = (NameOfFolder(fromStart) / "").string();
+    std::error_code error;
+    std::vector<fs::path> folders;
+    for (fs::directory_iterator at(folder, error); at != fs::directory_iterator();
+         at.increment(error)) {
+      if (Stops()) break;
+      std::error_code unknown;
+      if (at->is_directory(unknown)) {
+        if (!at->is_symlink(unknown)) folders.push_back(at->path());
+      } else {
+        Add(*at, name);
+      }
+    }
+    if (error) return error;
+    for (const fs::path& inner : folders) {
+      if (Stops()) break;
+      Enter(inner, fromStart / inner.filename());
+    }
+    return error;
+  }
+
+  std::vector<FoundFile> Sorted() {
+    std::ranges::sort(found_, [](const Keyed& a, const Keyed& b) {
+      return std::tie(a.key, a.file.kind, a.file.path) < std::tie(b.key, b.file.kind, b.file.path);
+    });
+    std::vector<FoundFile> sorted;
+    sorted.reserve(found_.size());
+    for (Keyed& found : found_) {
+      FoundFile& file = found.file;
+      const bool again =
+          file.kind == FileKind::keptClass && !sorted.empty() && sorted.back().path == file.path;
+      if (!again) sorted.push_back(std::move(file));
+    }
+    return sorted;
+  }
+
+ private:
+  struct Keyed {
+    std::string key;
+    FoundFile file;
+  };
+
+  bool Stops() const { return stops_ && stops_(); }
+
+  void Add(const fs::directory_entry& entry, const std::string& name) {
+    const FileKind kind = KindOf(entry.path());
+    std::error_code unknown;
+    if (kind == FileKind::other || !entry.is_regular_file(unknown)) return;
+    fs::path path = kind == FileKind::keptClass ? KeptPlaceOf(entry.path()) : entry.path();
+    std::string whole = name + path.stem().string();
+    std::string key = NameKey(whole);
+    found_.push_back({std::move(key), {std::move(whole), std::move(path), kind}});
+  }
+
+  const std::function<bool()>& stops_;
+  std::vector<Keyed> found_;
+};
+
+}  // namespace
+
+std::string ObservationName(const fs::path& file) {
+  return (NameOfFolder(file.parent_path()) / file.stem()).string();
+}
+
+std::string NameKey(std::string_view name) {
+  // A number becomes a "0", which no other text has after this, the count of its digits and the
+  // digits themselves. Numbers that differ in their leading zeros only are told apart at the end.
+  std::string key;
+  key.reserve(2 * name.size() + 8);
+  for (std::string_view rest = name; !rest.empty();) {
+    std::size_t length = 0;
+    while (length < rest.size() && IsDigit(rest[length])) ++length;
+    if (length == 0) {
+      key += rest.front();
+      rest.remove_prefix(1);
+      continue;
+    }
+    std::string_view digits = rest.substr(0, length);
+    rest.remove_prefix(length);
+    while (digits.size() > 1 && digits.front() == '0') digits.remove_prefix(1);
+    key += '0';
+    key += static_cast<char>(std::min<std::size_t>(digits.size(), 255));
+    key += digits;
+  }
+  key += '\0';
+  key += name;
+  return key;
 }
 
 bool ComesBefore(std::string_view a, std::string_view b) {
-  return CompareNames(a, b) < 0;
+  return NameKey(a) < NameKey(b);
 }
 
 std::vector<FoundFile> FindFiles(const fs::path& folder, const std::function<bool()>& stops) {
-  std::error_code error;
-  fs::recursive_directory_iterator at(folder, fs::directory_options::skip_permission_denied, error);
+  Search search(stops);
+  const std::error_code error = search.Enter(folder, "");
   if (error) throw FileError(folder, error.value());
-  std::vector<FoundFile> found;
-  for (; at != fs::recursive_directory_iterator(); at.increment(error)) {
-    if (error || (stops && stops())) break;
-    const FileKind kind = KindOf(at->path());
-    std::error_code unknown;
-    if (kind == FileKind::other || !at->is_regular_file(unknown)) continue;
-    found.push_back({ObservationName(at->path().lexically_relative(folder)), at->path(), kind});
-  }
-  std::ranges::sort(found, [](const FoundFile& a, const FoundFile& b) {
-    const auto order = CompareNames(a.name, b.name);
-    if (order != 0) return order < 0;
-    return std::tie(a.kind, a.path) < std::tie(b.kind, b.path);
-  });
-  return found;
+  return search.Sorted();
 }
 
 }  // namespace orvex

@@ -25,11 +25,14 @@ struct FoundFile {
 /// Finds the files of observations in `folder` and in all folders beneath it, in the order of the
 /// numbers in their names: "5-2-10" comes after "5-2-9". Files of one observation follow each other
 /// in the order of FileKind. Folders and links that cannot be read are left out; links to folders
-/// are not followed. `stops` is asked now and then and may end the search early; it may be empty.
-/// Throws FileError when `folder` itself cannot be read.
+/// are not followed. A kept class is found once, at the path at which it is kept. `stops` is asked
+/// now and then and may end the search early; it may be empty. Throws FileError when `folder`
+/// itself cannot be read.
 std::vector<FoundFile> FindFiles(const std::filesystem::path& folder,
                                  const std::function<bool()>& stops = {});
 
+/// A text whose bytes are in the order in which ComesBefore has the names, to compare many of them.
+std::string NameKey(std::string_view name);
 /// True when `a` comes before `b` in the order of the numbers in them, other text by its bytes.
 bool ComesBefore(std::string_view a, std::string_view b);
 

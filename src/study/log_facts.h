@@ -12,8 +12,10 @@ namespace orvex {
 
 /// What a session log says that no other file of the observation does.
 struct LogFacts {
-  std::string start;   ///< when the class began, "hh:mm:ss": the time of its first LOG ON
-  bool ended = false;  ///< the log says LOG OFF
+  std::string initials;  ///< the observer's
+  std::string date;      ///< "mm-dd-yyyy"; the log has two digits of the year
+  std::string start;     ///< when the class began, "hh:mm:ss": the time of its first LOG ON
+  bool ended = false;    ///< the log says LOG OFF
   /// The number of off-task estimates, by position in kOfftaskCategories.
   std::array<int, kOfftaskCategories.size()> estimates{};
 
@@ -24,5 +26,7 @@ struct LogFacts {
 LogFacts FactsOfLog(std::string bytes);
 /// Reads a session log. Nothing when the file is not there, cannot be read or is no session log.
 std::optional<LogFacts> ReadLogFacts(const std::filesystem::path& path);
+/// Reads no more of a session log than says who began it and when.
+std::optional<LogFacts> ReadLogStart(const std::filesystem::path& path);
 
 }  // namespace orvex

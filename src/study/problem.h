@@ -17,6 +17,8 @@ struct Problem {
 
   /// "5-12-3.eps:7: expected the number of segments", safe to show on a terminal.
   std::string Text() const;
+  /// "5-12-3.eps, line 7: expected the number of segments.", for a window.
+  std::string Sentence() const;
 };
 
 /// A warning about a file that could be read.

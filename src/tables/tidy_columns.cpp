@@ -82,12 +82,9 @@ void WriteCount(const TidyRow& row, int, Cells& cells) {
   cells.Number(std::int64_t{EpisodeQuestionCounts(row.episode).*member});
 }
 
-/// The segment that a question was asked in; null when its number is not one of the episode's.
+/// The segment that the question was asked in; null when it is not known.
 const SegmentData* SegmentOf(const TidyRow& row) {
-  const int number = row.question->iSgQ;
-  const auto& segments = row.episode.segments;
-  const bool known = number >= 1 && number <= std::ssize(segments);
-  return known ? &segments[static_cast<std::size_t>(number - 1)] : nullptr;
+  return SegmentOf(row.episode, *row.question);
 }
 
 void WriteNumber(const TidyRow& row, int, Cells& cells) {

@@ -18,6 +18,8 @@ TEST(LogFacts, StartAndEstimatesComeFromTheLogButNotFromFieldNotes) {
       "OFFTASK: 0 [ 0 / 25 ] Act # 16 Unsupervised 10:25:45\r\n"
       "LOG ON: 10:40:00     28 Students\r\n");
   EXPECT_EQ(facts.start, "09:05:12");
+  EXPECT_EQ(facts.initials, "AB");
+  EXPECT_EQ(facts.date, "03-14-2001");
   EXPECT_FALSE(facts.ended);
   EXPECT_EQ(facts.estimates, (std::array<int, 7>{0, 0, 0, 1, 1, 0, 0}));
   EXPECT_TRUE(FactsOfLog("LOG OFF: 11:00:00").ended);

@@ -1,0 +1,67 @@
+#include "study/observation_files.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "study/found_files.h"
+
+namespace orvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// True when `folder` is in the tree of a kind, so that files of the other kinds are outside it.
+bool IsInTree(const fs::path& folder) {
+  const fs::path whole = fs::absolute(folder);
+  return std::any_of(whole.begin(), whole.end(), IsTreeName);
+}
+
+/// Adds the files that the search in the tree of one kind could not find.
+void AddCompanions(ObservationFiles& files) {
+  const auto first =
+      std::ranges::find_if(files.paths, [](const auto& path) { return !path.empty(); });
+  for (std::size_t kind = 0; kind < files.paths.size(); ++kind) {
+    if (!files.paths[kind].empty()) continue;
+    files.paths[kind] = Companion(*first, static_cast<FileKind>(kind)).string();
+  }
+}
+
+}  // namespace
+
+std::vector<ObservationFiles> FindObservations(const fs::path& folder,
+                                               const std::function<bool()>& stops) {
+  std::vector<ObservationFiles> observations;
+  std::vector<ObservationFiles> seconds;
+  for (FoundFile& file : FindFiles(folder, stops)) {
+    if (observations.empty() || observations.back().name != file.name) {
+      std::string key = NameKey(file.name);
+      observations.push_back({std::move(file.name), std::move(key), {}, {}});
+    }
+    std::string& path = observations.back().paths[static_cast<std::size_t>(file.kind)];
+    if (path.empty()) {
+      path = file.path.string();
+    } else if (file.kind == FileKind::episodes) {
+      std::string name = file.path.lexically_relative(folder).string();
+      std::string key = NameKey(name);
+      seconds.push_back({std::move(name), std::move(key), {file.path.string()}, {}});
+    } else {
+      observations.back().further.push_back(file.path.string());
+    }
+  }
+  if (IsInTree(folder)) {
+    for (ObservationFiles& files : observations) AddCompanions(files);
+  }
+  if (!seconds.empty()) {
+    std::ranges::move(seconds, std::back_inserter(observations));
+    std::ranges::sort(observations, {}, &ObservationFiles::key);
+  }
+  return observations;
+}
+
+ObservationStamps StampsOf(const ObservationFiles& files) {
+  ObservationStamps stamps;
+  std::ranges::transform(files.paths, stamps.begin(), StampOf);
+  return stamps;
+}
+
+}  // namespace orvex

@@ -1,0 +1,262 @@
+#include "study/study.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "model/texts.h"
+#include "store/older_file.h"
+#include "store/paths.h"
+#include "study/found_files.h"
+#include "study/grouped_number.h"
+
+namespace orvex {
+namespace {
+
+/// How many changes a tick takes over, so that it never takes long.
+constexpr std::size_t kMostAtOnce = 1000;
+
+/// The numbers of an observation as a text, where one of its files says them; else "".
+std::string NumbersIn(const StudyRow& row) {
+  if (!row.summary && !row.openStatements) return "";
+  Identity identity = row.identity;
+  NormaliseNumbers(identity);
+  return IsNamed(identity) ? identity.ClassId() : "";
+}
+
+/// The text as one cell of tab-separated lines.
+std::string AsCell(std::string text) {
+  std::ranges::replace_if(
+      text, [](char c) { return c == '\t' || c == '\r' || c == '\n'; }, ' ');
+  return text;
+}
+
+}  // namespace
+
+struct Study::Entry {
+  const std::string* key = nullptr;  ///< its own in `entries_`
+  StudyRow row;
+  std::size_t ownProblems = 0;  ///< the first of the row's; the others are told of twins
+  std::string numbers;          ///< see NumbersIn
+  StudySortKey sortKey;
+  std::string searched;
+  bool isTouched = false;
+  bool isDropped = false;
+
+  bool IsPutAside() const { return !NameBeforeOlder(row.name).empty(); }
+};
+
+Study::Study(std::filesystem::path folder) : folder_(std::move(folder)), reader_(folder_) {}
+
+Study::~Study() = default;
+
+bool Study::Tick() {
+  std::vector<StudyChange> changes = reader_.Take(kMostAtOnce);
+  if (changes.empty()) return false;
+  for (StudyChange& change : changes) TakeOver(std::move(change));
+  for (const std::string& numbers : touchedNumbers_) TellOfTwins(numbers);
+  touchedNumbers_.clear();
+  questions_.Arrange();
+  Merge();
+  return true;
+}
+
+void Study::AwaitQuiet() {
+  while (reader_.Await()) Tick();
+}
+
+std::string Study::ProgressText() const {
+  return Say(Text::readingProgress, {Grouped(Read()), Grouped(Found())});
+}
+
+void Study::TakeOver(StudyChange change) {
+  if (change.read) {
+    Put(change.key, *std::move(change.read));
+  } else {
+    Drop(change.key);
+  }
+}
+
+void Study::Put(const std::string& key, ReadObservation read) {
+  const auto [at, isNew] = entries_.try_emplace(key);
+  if (isNew) at->second = std::make_unique<Entry>();
+  Entry& entry = *at->second;
+  entry.key = &at->first;
+  entry.row = std::move(read.row);
+  entry.ownProblems = entry.row.problems.size();
+  SetNumbers(entry, NumbersIn(entry.row));
+  if (read.questions)
+    questions_.Put(key, entry.row, *std::move(read.questions));
+  else
+    questions_.Drop(key);
+  Touch(entry);
+}
+
+void Study::Drop(const std::string& key) {
+  const auto at = entries_.find(key);
+  if (at == entries_.end()) return;
+  SetNumbers(*at->second, "");
+  questions_.Drop(key);
+  at->second->isDropped = true;
+  dropped_.push_back(std::move(at->second));
+  entries_.erase(at);
+}
+
+void Study::SetNumbers(Entry& entry, std::string numbers) {
+  if (entry.numbers != numbers) {
+    if (const auto old = byNumbers_.find(entry.numbers); old != byNumbers_.end()) {
+      std::erase(old->second, &entry);
+      touchedNumbers_.insert(old->first);
+      if (old->second.empty()) byNumbers_.erase(old);
+    }
+    entry.numbers = std::move(numbers);
+    if (!entry.numbers.empty()) byNumbers_[entry.numbers].push_back(&entry);
+  }
+  touchedNumbers_.insert(entry.numbers);
+}
+
+/// Tells each of the observations of these numbers of another one.
+void Study::TellOfTwins(const std::string& numbers) {
+  const auto found = byNumbers_.find(numbers);
+  if (found == byNumbers_.end()) return;
+  for (Entry* entry : found->second) {
+    const auto twin = std::ranges::find_if(found->second, [&](Entry* one) { return one != entry; });
+    std::vector<std::string> problems = entry->row.problems;
+    problems.resize(entry->ownProblems);
+    if (twin != found->second.end() && !entry->IsPutAside()) {
+      problems.push_back(
+          Say((*twin)->IsPutAside() ? Text::putAside : Text::sameNumbers, {(*twin)->row.name}));
+    }
+    if (problems == entry->row.problems) continue;
+    entry->row.problems = std::move(problems);
+    Touch(*entry);
+  }
+}
+
+void Study::Touch(Entry& entry) {
+  if (!std::exchange(entry.isTouched, true)) touched_.push_back(&entry);
+}
+
+/// Puts what was touched where it belongs now, and takes out what was dropped.
+void Study::Merge() {
+  const StudyFilterTest filter(filter_);
+  const auto isMoved = [](const Entry* entry) { return entry->isTouched || entry->isDropped; };
+  const auto isBefore = [this](const Entry* a, const Entry* b) { return IsBefore(a, b); };
+  const auto mergeInto = [&](std::vector<Entry*>& rows, auto wanted) {
+    std::erase_if(rows, isMoved);
+    const auto old = static_cast<std::ptrdiff_t>(rows.size());
+    std::ranges::copy_if(touched_, std::back_inserter(rows), wanted);
+    std::inplace_merge(rows.begin(), rows.begin() + old, rows.end(), isBefore);
+  };
+  std::erase_if(touched_, [](const Entry* entry) { return entry->isDropped; });
+  for (Entry* entry : touched_) {
+    entry->sortKey = SortKeyOf(entry->row, sortedBy_);
+    entry->searched = SearchedText(entry->row);
+  }
+  std::ranges::sort(touched_, isBefore);
+  mergeInto(ordered_, [](const Entry*) { return true; });
+  mergeInto(shown_, [&](const Entry* entry) { return filter.Passes(entry->row, entry->searched); });
+  for (Entry* entry : touched_) entry->isTouched = false;
+  touched_.clear();
+  dropped_.clear();
+}
+
+bool Study::IsBefore(const Entry* a, const Entry* b) const {
+  if (ComesBefore(a->sortKey, b->sortKey, descending_)) return true;
+  if (ComesBefore(b->sortKey, a->sortKey, descending_)) return false;
+  return *a->key < *b->key;
+}
+
+const StudyRow& Study::Row(std::size_t position) const {
+  return shown_[position]->row;
+}
+
+std::optional<std::size_t> Study::Find(const std::string& name) const {
+  const auto entry = entries_.find(NameKey(name));
+  if (entry == entries_.end()) return std::nullopt;
+  const auto at = std::ranges::find(shown_, entry->second.get());
+  if (at == shown_.end()) return std::nullopt;
+  return static_cast<std::size_t>(at - shown_.begin());
+}
+
+void Study::SetFilter(StudyFilter filter) {
+  filter_ = std::move(filter);
+  FilterRows();
+}
+
+void Study::SortBy(StudyColumn column, bool descending) {
+  sortedBy_ = column;
+  descending_ = descending;
+  for (Entry* entry : ordered_) entry->sortKey = SortKeyOf(entry->row, column);
+  // In the order of the names first, so that those need not be compared.
+  std::ranges::transform(entries_, ordered_.begin(),
+                         [](const auto& entry) { return entry.second.get(); });
+  std::ranges::stable_sort(ordered_, [this](const Entry* a, const Entry* b) {
+    return ComesBefore(a->sortKey, b->sortKey, descending_);
+  });
+  FilterRows();
+}
+
+/// Chooses the rows that are shown.
+void Study::FilterRows() {
+  const StudyFilterTest filter(filter_);
+  shown_.clear();
+  std::ranges::copy_if(ordered_, std::back_inserter(shown_), [&](const Entry* entry) {
+    return filter.Passes(entry->row, entry->searched);
+  });
+}
+
+StudyTotals Study::Totals() const {
+  StudyTotals totals;
+  totals.observations = shown_.size();
+  totals.all = entries_.size();
+  for (const Entry* entry : shown_) {
+    const StudyRow& row = entry->row;
+    totals.withoutSurvey += !row.openStatements;
+    totals.withProblems += !row.problems.empty();
+    if (!row.summary) continue;
+    totals.seconds += row.summary->seconds;
+    totals.episodes += static_cast<std::size_t>(row.summary->episodes);
+    totals.questions += static_cast<std::size_t>(row.summary->counts.Total);
+    totals.notFullyCoded += static_cast<std::size_t>(row.summary->notFullyCoded);
+    totals.spells += static_cast<std::size_t>(row.summary->spells);
+  }
+  return totals;
+}
+
+std::string Study::TextOf(const std::vector<std::size_t>& positions,
+                          const std::vector<StudyColumn>& columns) const {
+  std::string text;
+  const auto addLine = [&](auto cellOf) {
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (i > 0) text += '\t';
+      text += AsCell(std::string(cellOf(columns[i])));
+    }
+    text += '\n';
+  };
+  addLine([](StudyColumn column) { return SchemeOf(column).heading; });
+  for (const std::size_t position : positions) {
+    addLine([&](StudyColumn column) { return CellOf(Row(position), column); });
+  }
+  return text;
+}
+
+StudyQuestions& Study::Questions() {
+  reader_.WantQuestions();
+  return questions_;
+}
+
+std::string TextOf(const StudyTotals& totals) {
+  constexpr std::size_t kMinute = 60;
+  const bool all = totals.observations == totals.all;
+  const std::string shown =
+      all ? Counted(totals.all, Text::oneObservation, Text::observationsShown)
+          : Say(Text::observationsOf, {Grouped(totals.observations), Grouped(totals.all)});
+  const auto minutes = static_cast<std::size_t>(std::max(totals.seconds, 0.0)) / kMinute;
+  return Say(Text::studyTotals,
+             {shown, Grouped(minutes / kMinute), minutes % kMinute, Grouped(totals.episodes),
+              Grouped(totals.questions), Grouped(totals.notFullyCoded), Grouped(totals.spells),
+              Grouped(totals.withoutSurvey), Grouped(totals.withProblems)});
+}
+
+}  // namespace orvex

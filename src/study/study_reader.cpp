@@ -1,0 +1,172 @@
+#include "study/study_reader.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "store/file_error.h"
+#include "study/ordered_reading.h"
+
+namespace orvex {
+
+StudyReader::StudyReader(std::filesystem::path folder)
+    : folder_(std::move(folder)), thread_([this] { Work(); }) {}
+
+StudyReader::~StudyReader() {
+  {
+    const std::lock_guard lock(mutex_);
+    ends_ = true;
+    calledOff_ = true;
+  }
+  asked_.notify_one();
+  thread_.join();
+}
+
+void StudyReader::LookForChanges() {
+  {
+    const std::lock_guard lock(mutex_);
+    if (isBusy_ || stopped_) return;
+    isAsked_ = true;
+    isBusy_ = true;
+  }
+  asked_.notify_one();
+}
+
+void StudyReader::Stop() {
+  const std::lock_guard lock(mutex_);
+  stopped_ = true;
+  calledOff_ = true;
+}
+
+void StudyReader::Reload() {
+  {
+    const std::lock_guard lock(mutex_);
+    stopped_ = false;
+    anew_ = true;
+    isAsked_ = true;
+    calledOff_ = true;
+    isBusy_ = true;
+    isReading_ = true;
+  }
+  asked_.notify_one();
+}
+
+void StudyReader::WantQuestions() {
+  if (withQuestions_.exchange(true)) return;
+  {
+    const std::lock_guard lock(mutex_);
+    if (stopped_) return;
+    isAsked_ = true;
+    isBusy_ = true;
+    isReading_ = true;
+  }
+  asked_.notify_one();
+}
+
+bool StudyReader::IsStopped() const {
+  const std::lock_guard lock(mutex_);
+  return stopped_;
+}
+
+std::string StudyReader::Trouble() const {
+  const std::lock_guard lock(mutex_);
+  return trouble_;
+}
+
+std::vector<StudyChange> StudyReader::Take(std::size_t most) {
+  const std::lock_guard lock(mutex_);
+  const auto end = changes_.begin() + static_cast<std::ptrdiff_t>(std::min(most, changes_.size()));
+  std::vector<StudyChange> taken(std::make_move_iterator(changes_.begin()),
+                                 std::make_move_iterator(end));
+  changes_.erase(changes_.begin(), end);
+  return taken;
+}
+
+bool StudyReader::Await() {
+  std::unique_lock lock(mutex_);
+  handed_.wait(lock, [this] { return !changes_.empty() || !isBusy_; });
+  return !changes_.empty();
+}
+
+void StudyReader::Work() {
+  std::unique_lock lock(mutex_);
+  for (;;) {
+    asked_.wait(lock, [this] { return isAsked_ || ends_; });
+    if (ends_) return;
+    isAsked_ = false;
+    calledOff_ = stopped_;
+    if (std::exchange(anew_, false)) {
+      for (auto& [key, known] : known_) known.stamps.reset();
+    }
+    lock.unlock();
+    LookAndRead();
+    lock.lock();
+    isBusy_ = isAsked_;
+    isReading_ = isAsked_ && isReading_;
+    if (!isBusy_) handed_.notify_all();
+  }
+}
+
+void StudyReader::LookAndRead() {
+  std::string trouble;
+  try {
+    std::vector<ObservationFiles> found =
+        FindObservations(folder_, [this] { return IsCalledOff(); });
+    if (IsCalledOff()) return;
+    ReadAll(Changed(std::move(found)));
+  } catch (const FileError& error) {
+    trouble = error.what();
+  }
+  const std::lock_guard lock(mutex_);
+  trouble_ = std::move(trouble);
+}
+
+std::vector<ObservationFiles> StudyReader::Changed(std::vector<ObservationFiles> found) {
+  std::vector<ObservationFiles> changed;
+  auto known = known_.begin();
+  const auto dropUpTo = [&](const std::string* key) {
+    while (known != known_.end() && (!key || known->first < *key)) {
+      HandOver({known->first, std::nullopt});
+      known = known_.erase(known);
+    }
+  };
+  for (ObservationFiles& files : found) {
+    if (IsCalledOff()) return {};
+    dropUpTo(&files.key);
+    const bool isKnown = known != known_.end() && known->first == files.key;
+    const bool isSame = isKnown && known->second.stamps == StampsOf(files) &&
+                        known->second.further == files.further &&
+                        (known->second.withQuestions || !withQuestions_);
+    if (!isSame) changed.push_back(std::move(files));
+    if (isKnown) ++known;
+  }
+  dropUpTo(nullptr);
+  return changed;
+}
+
+void StudyReader::ReadAll(const std::vector<ObservationFiles>& changed) {
+  read_ = 0;
+  found_ = changed.size();
+  if (changed.empty()) return;
+  isReading_ = true;
+  const bool withQuestions = withQuestions_;
+  OrderedReading<ReadObservation> reading(
+      changed.size(), [&](std::size_t i) { return ReadTheObservation(changed[i], withQuestions); });
+  for (const ObservationFiles& files : changed) {
+    std::optional<ReadObservation> read = reading.Take();
+    if (!read || IsCalledOff()) return;
+    known_[files.key] = {read->stamps, files.further, withQuestions};
+    ++read_;
+    HandOver({files.key, std::move(read)});
+  }
+}
+
+void StudyReader::HandOver(StudyChange change) {
+  {
+    const std::lock_guard lock(mutex_);
+    changes_.push_back(std::move(change));
+  }
+  handed_.notify_one();
+}
+
+}  // namespace orvex

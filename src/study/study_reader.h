@@ -1,0 +1,97 @@
+#pragma once
+
+#include <atomic>
+#include <condition_variable>
+#include <cstddef>
+#include <deque>
+#include <filesystem>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "study/observation_files.h"
+#include "study/study_row.h"
+
+namespace orvex {
+
+/// What has become of an observation of a study.
+struct StudyChange {
+  std::string key;                      ///< ObservationFiles::key
+  std::optional<ReadObservation> read;  ///< what it holds now; nothing when it is gone
+};
+
+/// Looks for the observations in a folder and reads those that are new or have changed, all of it
+/// in the background.
+class StudyReader {
+ public:
+  /// Begins to look and to read.
+  explicit StudyReader(std::filesystem::path folder);
+  ~StudyReader();
+  StudyReader(const StudyReader&) = delete;
+  StudyReader& operator=(const StudyReader&) = delete;
+
+  /// Looks again, unless that is being done or the reading was stopped.
+  void LookForChanges();
+  /// Ends the reading. What has been read can still be taken.
+  void Stop();
+  /// Reads everything anew, also after Stop.
+  void Reload();
+  /// From now on reads the questions one by one, too, also of what has been read already.
+  void WantQuestions();
+
+  /// True while observations are being looked for the first time, or read.
+  bool IsReading() const { return isReading_; }
+  bool IsStopped() const;
+  /// How many observations there were to read this time, and how many of them have been read.
+  std::size_t Found() const { return found_; }
+  std::size_t Read() const { return read_; }
+  /// Why the folder could not be read the last time; "" when it could.
+  std::string Trouble() const;
+
+  /// Takes up to `most` of the changes, in their order.
+  std::vector<StudyChange> Take(std::size_t most);
+  /// Waits until there is something to take, or nothing more is going to come. False in the second
+  /// case.
+  bool Await();
+
+ private:
+  struct Known {
+    std::optional<ObservationStamps> stamps;  ///< nothing when it is to be read in any case
+    std::vector<std::string> further;
+    bool withQuestions = false;
+  };
+  using KnownByKey = std::map<std::string, Known>;
+
+  void Work();
+  void LookAndRead();
+  /// The observations that are new or have changed. Hands over those that are gone.
+  std::vector<ObservationFiles> Changed(std::vector<ObservationFiles> found);
+  void ReadAll(const std::vector<ObservationFiles>& changed);
+  void HandOver(StudyChange change);
+  bool IsCalledOff() const { return calledOff_; }
+
+  const std::filesystem::path folder_;
+  KnownByKey known_;  // the thread's own
+
+  mutable std::mutex mutex_;
+  std::condition_variable asked_;   ///< the thread is to do something
+  std::condition_variable handed_;  ///< there is something to take, or the thread rests
+  std::deque<StudyChange> changes_;
+  std::string trouble_;
+  bool isAsked_ = true;
+  bool isBusy_ = true;
+  bool anew_ = false;
+  bool stopped_ = false;
+  bool ends_ = false;
+  std::atomic<bool> withQuestions_ = false;
+  std::atomic<bool> calledOff_ = false;  ///< the thread is to end what it does
+  std::atomic<bool> isReading_ = true;
+  std::atomic<std::size_t> found_ = 0;
+  std::atomic<std::size_t> read_ = 0;
+  std::thread thread_;  // last: it uses all other members
+};
+
+}  // namespace orvex
