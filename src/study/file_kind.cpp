@@ -70,12 +70,18 @@ fs::path FolderInTree(const fs::path& classFolder, const KindNames& kind) {
 }  // namespace
 
 FileKind KindOf(const fs::path& file) {
-  const std::string extension = file.extension().string();
+  return KindOfName(file.filename().native());
+}
+
+FileKind KindOfName(std::string_view fileName) {
+  const std::size_t point = fileName.rfind('.');
+  if (point == std::string_view::npos || point == 0) return FileKind::other;
+  const std::string_view extension = fileName.substr(point);
   for (const KindNames& kind : kKinds) {
     if (EqualsInAnyCase(extension, kind.upperExtension)) return kind.kind;
   }
   // The changes of an edited file are kept as "5-12-3.eps.recovery".
-  const fs::path kept = KeptPlaceOf(file).stem();
+  const fs::path kept = KeptPlaceOf(fileName).stem();
   return kept.empty() || kept.has_extension() ? FileKind::other : FileKind::keptClass;
 }
 

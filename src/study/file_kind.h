@@ -12,6 +12,8 @@ namespace orvex {
 enum class FileKind { episodes, survey, fieldNotes, sessionLog, keptClass, other };
 inline constexpr std::size_t kFileKindCount = 5;  // without `other`
 FileKind KindOf(const std::filesystem::path& file);
+/// The same for the name of a file, without its folder.
+FileKind KindOfName(std::string_view fileName);
 
 /// How the files of `kind`, which is not `other`, end: ".eps".
 std::string_view ExtensionOf(FileKind kind);

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <system_error>
 #include <tuple>
 #include <utility>
 
 #include "recovery/kept_content.h"
 #include "store/file_error.h"
+#include "store/folder_entries.h"
 
 namespace orvex {
 namespace {
@@ -32,70 +32,58 @@ fs::path NameOfFolder(const fs::path& folder) {
   return name;
 }
 
+std::string InFolder(const std::string& folder, const std::string& name) {
+  return folder + '/' + name;
+}
+
 /// Collects the files of a folder and of those beneath it.
 class Search {
  public:
   explicit Search(const std::function<bool()>& stops) : stops_(stops) {}
 
-  /// `fromStart` is the path to `folder` from where the search started. Returns why the folder
-  /// itself cannot be read.
-  std::error_code Enter(const fs::path& folder, const fs::path& fromStart) {
+  /// `fromStart` is the path to `folder` from where the search started. Returns 0, or the `errno`
+  /// of why the folder itself cannot be read.
+  int Enter(const std::string& folder, const fs::path& fromStart) {
     const std::string name = (NameOfFolder(fromStart) / "").string();
-    std::error_code error;
-    std::vector<fs::path> folders;
-    for (fs::directory_iterator at(folder, error); at != fs::directory_iterator();
-         at.increment(error)) {
+    std::vector<std::string> folders;
+    const int error = ForEachEntry(folder, [&](std::string_view entry, EntryKind kind) {
+      if (kind == EntryKind::folder) folders.emplace_back(entry);
+      if (kind == EntryKind::file) Add(folder, entry, name);
+      return !Stops();
+    });
+    if (error != 0) return error;
+    for (const std::string& inner : folders) {
       if (Stops()) break;
-      std::error_code unknown;
-      if (at->is_directory(unknown)) {
-        if (!at->is_symlink(unknown)) folders.push_back(at->path());
-      } else {
-        Add(*at, name);
-      }
+      Enter(InFolder(folder, inner), fromStart / inner);
     }
-    if (error) return error;
-    for (const fs::path& inner : folders) {
-      if (Stops()) break;
-      Enter(inner, fromStart / inner.filename());
-    }
-    return error;
+    return 0;
   }
 
   std::vector<FoundFile> Sorted() {
-    std::ranges::sort(found_, [](const Keyed& a, const Keyed& b) {
-      return std::tie(a.key, a.file.kind, a.file.path) < std::tie(b.key, b.file.kind, b.file.path);
+    std::ranges::sort(found_, [](const FoundFile& a, const FoundFile& b) {
+      return std::tie(a.key, a.kind, a.path) < std::tie(b.key, b.kind, b.path);
     });
-    std::vector<FoundFile> sorted;
-    sorted.reserve(found_.size());
-    for (Keyed& found : found_) {
-      FoundFile& file = found.file;
-      const bool again =
-          file.kind == FileKind::keptClass && !sorted.empty() && sorted.back().path == file.path;
-      if (!again) sorted.push_back(std::move(file));
-    }
-    return sorted;
+    // A kept class may have files on their way to the one place.
+    const auto again = std::ranges::unique(found_, {}, &FoundFile::path);
+    found_.erase(again.begin(), again.end());
+    return std::move(found_);
   }
 
  private:
-  struct Keyed {
-    std::string key;
-    FoundFile file;
-  };
-
   bool Stops() const { return stops_ && stops_(); }
 
-  void Add(const fs::directory_entry& entry, const std::string& name) {
-    const FileKind kind = KindOf(entry.path());
-    std::error_code unknown;
-    if (kind == FileKind::other || !entry.is_regular_file(unknown)) return;
-    fs::path path = kind == FileKind::keptClass ? KeptPlaceOf(entry.path()) : entry.path();
-    std::string whole = name + path.stem().string();
+  void Add(const std::string& folder, std::string_view entry, const std::string& name) {
+    const FileKind kind = KindOfName(entry);
+    if (kind == FileKind::other) return;
+    std::string file(entry);
+    if (kind == FileKind::keptClass) file = KeptPlaceOf(file).string();
+    std::string whole = name + file.substr(0, file.rfind('.'));
     std::string key = NameKey(whole);
-    found_.push_back({std::move(key), {std::move(whole), std::move(path), kind}});
+    found_.push_back({std::move(whole), std::move(key), InFolder(folder, file), kind});
   }
 
   const std::function<bool()>& stops_;
-  std::vector<Keyed> found_;
+  std::vector<FoundFile> found_;
 };
 
 }  // namespace
@@ -135,8 +123,10 @@ bool ComesBefore(std::string_view a, std::string_view b) {
 
 std::vector<FoundFile> FindFiles(const fs::path& folder, const std::function<bool()>& stops) {
   Search search(stops);
-  const std::error_code error = search.Enter(folder, "");
-  if (error) throw FileError(folder, error.value());
+  const std::string start = folder.string();
+  const bool endsWithSlash = start.size() > 1 && start.ends_with('/');
+  const int error = search.Enter(endsWithSlash ? start.substr(0, start.size() - 1) : start, "");
+  if (error != 0) throw FileError(folder, error);
   return search.Sorted();
 }
 

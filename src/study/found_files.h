@@ -18,7 +18,8 @@ std::string ObservationName(const std::filesystem::path& file);
 /// A file of an observation that was found in a folder.
 struct FoundFile {
   std::string name;  ///< ObservationName of the path from the folder
-  std::filesystem::path path;
+  std::string key;   ///< NameKey of the name
+  std::string path;
   FileKind kind = FileKind::other;
 };
 

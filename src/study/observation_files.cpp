@@ -34,18 +34,17 @@ std::vector<ObservationFiles> FindObservations(const fs::path& folder,
   std::vector<ObservationFiles> seconds;
   for (FoundFile& file : FindFiles(folder, stops)) {
     if (observations.empty() || observations.back().name != file.name) {
-      std::string key = NameKey(file.name);
-      observations.push_back({std::move(file.name), std::move(key), {}, {}});
+      observations.push_back({std::move(file.name), std::move(file.key), {}, {}});
     }
     std::string& path = observations.back().paths[static_cast<std::size_t>(file.kind)];
     if (path.empty()) {
-      path = file.path.string();
+      path = std::move(file.path);
     } else if (file.kind == FileKind::episodes) {
-      std::string name = file.path.lexically_relative(folder).string();
+      std::string name = fs::path(file.path).lexically_relative(folder).string();
       std::string key = NameKey(name);
-      seconds.push_back({std::move(name), std::move(key), {file.path.string()}, {}});
+      seconds.push_back({std::move(name), std::move(key), {std::move(file.path)}, {}});
     } else {
-      observations.back().further.push_back(file.path.string());
+      observations.back().further.push_back(std::move(file.path));
     }
   }
   if (IsInTree(folder)) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <system_error>
 #include <utility>
 
 #include "model/texts.h"
@@ -14,7 +15,7 @@ namespace orvex {
 namespace {
 
 /// How many changes a tick takes over, so that it never takes long.
-constexpr std::size_t kMostAtOnce = 1000;
+constexpr std::size_t kMostAtOnce = 400;
 
 /// The numbers of an observation as a text, where one of its files says them; else "".
 std::string NumbersIn(const StudyRow& row) {
@@ -22,6 +23,13 @@ std::string NumbersIn(const StudyRow& row) {
   Identity identity = row.identity;
   NormaliseNumbers(identity);
   return IsNamed(identity) ? identity.ClassId() : "";
+}
+
+/// The folder by a path that holds whatever folder the program works in.
+std::filesystem::path Absolute(std::filesystem::path folder) {
+  std::error_code unknown;
+  std::filesystem::path whole = std::filesystem::absolute(folder, unknown);
+  return unknown ? folder : whole;
 }
 
 /// The text as one cell of tab-separated lines.
@@ -41,12 +49,15 @@ struct Study::Entry {
   StudySortKey sortKey;
   std::string searched;
   bool isTouched = false;
+  bool isPlaced = false;  ///< it is in `ordered_`, where its key says
+  bool isShown = false;   ///< and in `shown_`
   bool isDropped = false;
 
   bool IsPutAside() const { return !NameBeforeOlder(row.name).empty(); }
 };
 
-Study::Study(std::filesystem::path folder) : folder_(std::move(folder)), reader_(folder_) {}
+Study::Study(std::filesystem::path folder)
+    : folder_(Absolute(std::move(folder))), reader_(folder_) {}
 
 Study::~Study() = default;
 
@@ -63,6 +74,12 @@ bool Study::Tick() {
 
 void Study::AwaitQuiet() {
   while (reader_.Await()) Tick();
+}
+
+int Study::LookInterval() const {
+  constexpr int kLeast = 2000;
+  constexpr int kObservationsPerMillisecond = 5;
+  return kLeast + static_cast<int>(entries_.size()) / kObservationsPerMillisecond;
 }
 
 std::string Study::ProgressText() const {
@@ -98,6 +115,7 @@ void Study::Drop(const std::string& key) {
   SetNumbers(*at->second, "");
   questions_.Drop(key);
   at->second->isDropped = true;
+  at->second->isPlaced = false;
   dropped_.push_back(std::move(at->second));
   entries_.erase(at);
 }
@@ -140,24 +158,37 @@ void Study::Touch(Entry& entry) {
 /// Puts what was touched where it belongs now, and takes out what was dropped.
 void Study::Merge() {
   const StudyFilterTest filter(filter_);
-  const auto isMoved = [](const Entry* entry) { return entry->isTouched || entry->isDropped; };
-  const auto isBefore = [this](const Entry* a, const Entry* b) { return IsBefore(a, b); };
-  const auto mergeInto = [&](std::vector<Entry*>& rows, auto wanted) {
-    std::erase_if(rows, isMoved);
-    const auto old = static_cast<std::ptrdiff_t>(rows.size());
-    std::ranges::copy_if(touched_, std::back_inserter(rows), wanted);
-    std::inplace_merge(rows.begin(), rows.begin() + old, rows.end(), isBefore);
-  };
-  std::erase_if(touched_, [](const Entry* entry) { return entry->isDropped; });
+  std::vector<Entry*> moved;
+  bool anyLeaves = !dropped_.empty();
   for (Entry* entry : touched_) {
-    entry->sortKey = SortKeyOf(entry->row, sortedBy_);
+    entry->isTouched = false;
+    if (entry->isDropped) continue;
     entry->searched = SearchedText(entry->row);
+    StudySortKey key = SortKeyOf(entry->row, sortedBy_);
+    const bool isShown = filter.Passes(entry->row, entry->searched);
+    if (entry->isPlaced && key == entry->sortKey && isShown == entry->isShown) continue;
+    anyLeaves = anyLeaves || entry->isPlaced;
+    entry->sortKey = std::move(key);
+    entry->isShown = isShown;
+    entry->isPlaced = false;
+    moved.push_back(entry);
   }
-  std::ranges::sort(touched_, isBefore);
-  mergeInto(ordered_, [](const Entry*) { return true; });
-  mergeInto(shown_, [&](const Entry* entry) { return filter.Passes(entry->row, entry->searched); });
-  for (Entry* entry : touched_) entry->isTouched = false;
   touched_.clear();
+  const auto isBefore = [this](const Entry* a, const Entry* b) { return IsBefore(a, b); };
+  std::ranges::sort(moved, isBefore);
+  const auto mergeInto = [&](std::vector<Entry*>& rows, auto isWanted) {
+    if (anyLeaves) std::erase_if(rows, [](const Entry* entry) { return !entry->isPlaced; });
+    const auto old = static_cast<std::ptrdiff_t>(rows.size());
+    std::ranges::copy_if(moved, std::back_inserter(rows), isWanted);
+    const auto added = rows.begin() + old;
+    if (added == rows.end()) return;
+    // Most often all of it comes behind the rest.
+    const auto first = std::upper_bound(rows.begin(), added, *added, isBefore);
+    std::inplace_merge(first, added, rows.end(), isBefore);
+  };
+  mergeInto(ordered_, [](const Entry*) { return true; });
+  mergeInto(shown_, [](const Entry* entry) { return entry->isShown; });
+  for (Entry* entry : moved) entry->isPlaced = true;
   dropped_.clear();
 }
 
@@ -201,9 +232,10 @@ void Study::SortBy(StudyColumn column, bool descending) {
 void Study::FilterRows() {
   const StudyFilterTest filter(filter_);
   shown_.clear();
-  std::ranges::copy_if(ordered_, std::back_inserter(shown_), [&](const Entry* entry) {
-    return filter.Passes(entry->row, entry->searched);
-  });
+  for (Entry* entry : ordered_) {
+    entry->isShown = filter.Passes(entry->row, entry->searched);
+    if (entry->isShown) shown_.push_back(entry);
+  }
 }
 
 StudyTotals Study::Totals() const {
@@ -250,7 +282,8 @@ std::string TextOf(const StudyTotals& totals) {
   constexpr std::size_t kMinute = 60;
   const bool all = totals.observations == totals.all;
   const std::string shown =
-      all ? Counted(totals.all, Text::oneObservation, Text::observationsShown)
+      all ? Say(totals.all == 1 ? Text::oneObservation : Text::observationsShown,
+                {Grouped(totals.all)})
           : Say(Text::observationsOf, {Grouped(totals.observations), Grouped(totals.all)});
   const auto minutes = static_cast<std::size_t>(std::max(totals.seconds, 0.0)) / kMinute;
   return Say(Text::studyTotals,

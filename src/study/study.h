@@ -51,6 +51,8 @@ class Study {
   /// Looks in the background for what has changed on the disk since, unless a look is going on.
   /// To be called every now and then: not every folder tells of changes by itself.
   void LookForChanges() { reader_.LookForChanges(); }
+  /// How many milliseconds to wait between two looks, so that they are a small part of the work.
+  int LookInterval() const;
   /// Ends the reading. What has been read stays; nothing changes any more until Reload.
   void Stop() { reader_.Stop(); }
   /// Reads everything anew. The rows stay until they have been read again.

@@ -83,6 +83,8 @@ struct StudySortKey {
   bool missing = true;
   double number = 0;
   std::string text;
+
+  bool operator==(const StudySortKey&) const = default;
 };
 StudySortKey SortKeyOf(const StudyRow& row, StudyColumn column);
 /// True when `a` comes before `b`.

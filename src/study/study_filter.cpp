@@ -9,7 +9,10 @@ namespace orvex {
 
 std::string SearchedText(const StudyRow& row) {
   std::string text = row.name;
-  for (const StudyColumnScheme& scheme : kStudyColumns) text += '\n' + CellOf(row, scheme.column);
+  for (const StudyColumnScheme& scheme : kStudyColumns) {
+    text += '\n';
+    text += CellOf(row, scheme.column);
+  }
   return Folded(text);
 }
 

@@ -19,31 +19,39 @@ void StudyQuestions::Search(Source& source) const {
 
 void StudyQuestions::Put(const std::string& key, const StudyRow& row, QuestionBlock questions) {
   Drop(key);
-  const auto at = sources_.try_emplace(key, Source{&row, std::move(questions), {}}).first;
+  const auto at = sources_.try_emplace(key, Source{key, &row, std::move(questions), {}}).first;
   all_ += at->second.questions.Count();
   Search(at->second);
-  isArranged_ = false;
+  NoteChange(key);
 }
 
 void StudyQuestions::Drop(const std::string& key) {
   const auto at = sources_.find(key);
   if (at == sources_.end()) return;
   all_ -= at->second.questions.Count();
-  sources_.erase(at);
-  isArranged_ = false;
+  dropped_.push_back(sources_.extract(at));
+  NoteChange(key);
+}
+
+void StudyQuestions::NoteChange(const std::string& key) {
+  if (!changedFrom_ || key < *changedFrom_) changedFrom_ = key;
 }
 
 void StudyQuestions::Arrange() {
-  if (std::exchange(isArranged_, true)) return;
-  shown_.clear();
-  starts_.clear();
-  std::size_t end = 0;
-  for (const auto& [key, source] : sources_) {
+  if (!changedFrom_) return;
+  const std::string from = *std::exchange(changedFrom_, std::nullopt);
+  const auto stay = std::ranges::lower_bound(shown_, from, {}, &Source::key) - shown_.begin();
+  shown_.resize(static_cast<std::size_t>(stay));
+  starts_.resize(shown_.size());
+  std::size_t end = Count();
+  for (auto at = sources_.lower_bound(from); at != sources_.end(); ++at) {
+    const Source& source = at->second;
     if (source.found.empty()) continue;
     end += source.found.size();
     shown_.push_back(&source);
     starts_.push_back(end);
   }
+  dropped_.clear();
 }
 
 void StudyQuestions::SetFilter(std::string filter) {
@@ -55,7 +63,7 @@ void StudyQuestions::SetFilter(std::string filter) {
   OnAllCores(sources.size(), [&](std::size_t first, std::size_t end) {
     for (std::size_t i = first; i < end; ++i) Search(*sources[i]);
   });
-  isArranged_ = false;
+  changedFrom_ = "";
   Arrange();
 }
 

@@ -54,19 +54,24 @@ class StudyQuestions {
 
  private:
   struct Source {
+    std::string key;
     const StudyRow* row;
     QuestionBlock questions;
     std::vector<std::uint32_t> found;  ///< the questions that the search finds
   };
   void Search(Source& source) const;
+  void NoteChange(const std::string& key);
 
-  std::map<std::string, Source> sources_;
+  using Sources = std::map<std::string, Source>;
+
+  Sources sources_;
+  std::vector<Sources::node_type> dropped_;  ///< until `shown_` no longer has them
   std::string filter_;
   QuestionSearch search_;
   std::size_t all_ = 0;
-  bool isArranged_ = true;
-  std::vector<const Source*> shown_;  ///< those in which something was found
-  std::vector<std::size_t> starts_;   ///< the position behind the last question of each
+  std::optional<std::string> changedFrom_;  ///< the first key that Arrange has to look at
+  std::vector<const Source*> shown_;        ///< those in which something was found
+  std::vector<std::size_t> starts_;         ///< the position behind the last question of each
 };
 
 }  // namespace orvex

@@ -28,12 +28,20 @@ TEST(FoundFiles, ComeInTheOrderOfTheNumbersUnderOneNameForEachObservation) {
         "4-1-1.sur", "site/eps/7/1/7-1-1.eps"}) {
     Touch(folder / file);
   }
+  Touch(folder / "BAK/5/2/5-2-1.recovery");
+  Touch(folder / "BAK/5/2/5-2-1.recovery.17");
+  Touch(folder / "EPS/5/2/5-2-1.eps.recovery");  // the changes of an edited file
+  fs::create_symlink(folder / "4-1-1.eps", folder / "3-1-1.eps");
+  fs::create_symlink(folder / "EPS", folder / "linked");
+  fs::create_symlink(folder / "gone.eps", folder / "2-1-1.eps");
   std::vector<std::string> found;
   for (const FoundFile& file : FindFiles(folder.Path())) {
-    found.push_back(file.name + " " + file.path.lexically_relative(folder.Path()).string());
+    found.push_back(file.name + " " +
+                    fs::path(file.path).lexically_relative(folder.Path()).string());
   }
   EXPECT_EQ(found, (std::vector<std::string>{
-                       "4-1-1 4-1-1.eps", "4-1-1 4-1-1.sur", "5/2/5-2-1 EPS/5/2/5-2-1.eps",
+                       "3-1-1 3-1-1.eps", "4-1-1 4-1-1.eps", "4-1-1 4-1-1.sur",
+                       "5/2/5-2-1 EPS/5/2/5-2-1.eps", "5/2/5-2-1 BAK/5/2/5-2-1.recovery",
                        "5/12/5-12-9 EPS/5/12/5-12-9.EPS", "5/12/5-12-9 SUR/5/12/5-12-9.sur",
                        "5/12/5-12-9 BAK/5/12/5-12-9.bak", "5/12/5-12-10 EPS/5/12/5-12-10.eps",
                        "site/7/1/7-1-1 site/eps/7/1/7-1-1.eps"}));
