@@ -23,6 +23,7 @@ Check CheckNumbers;
 Check CheckOptions;
 Check CheckRecoveryFile;
 Check CheckReports;
+Check CheckStudy;
 Check CheckSur;
 Check CheckTextEncoding;
 

@@ -47,6 +47,10 @@ const std::vector<Reader>& Readers() {
       {"list", fuzz::CheckFileList, sample("class/LIST.TXT"), false},
       {"options", fuzz::CheckOptions, "/home/ana/classes\r\n", false},
       {"recovery", fuzz::CheckRecoveryFile, sample("recorded/7-12-3.recovery"), true},
+      {"study", fuzz::CheckStudy,
+       "column=date,80,hidden\r\nsorted_by=notes,descending\r\ntext=source S activity 5\r\n"
+       "only=mine\r\nLOG ON: 09:05:12\r\n\"Zo\u00CB\" cognitive level h",
+       false},
       {"encoding", fuzz::CheckTextEncoding,
        "\xEF\xBB\xBF"
        "caf\u00e9 \u2013 \U0001F600",
