@@ -1,5 +1,6 @@
 # What every target of the project shares: the warnings, the sanitizers, and the two kinds of
-# library. A core library may depend on nothing but other core libraries; this file refuses the rest.
+# library. A core library may depend on nothing but other core libraries and what it names as a library
+# of the system; this file refuses the rest.
 
 add_library(orvex_warnings INTERFACE)
 target_compile_options(orvex_warnings INTERFACE
@@ -31,9 +32,10 @@ if(ORVEX_FUZZERS)
   add_compile_options(-fsanitize=fuzzer-no-link,float-cast-overflow)
 endif()
 
-# orvex_core_library(<folder> [DEPENDS orvex_x ...]): the library of one folder of the core.
+# orvex_core_library(<folder> [DEPENDS orvex_x ...] [SYSTEM x ...]): the library of one folder of the
+# core. SYSTEM names libraries of the system, for formats that only their own library can write.
 function(orvex_core_library folder)
-  cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "DEPENDS;SYSTEM" ${ARGN})
   foreach(dependency IN LISTS ARG_DEPENDS)
     if(NOT dependency MATCHES "^orvex_(model|store|desk|running|recovery|survey|start|observe|questions|editor|reports|study|tables|commands)$")
       message(FATAL_ERROR "orvex_${folder} is core: it may not depend on ${dependency}")
@@ -43,7 +45,7 @@ function(orvex_core_library folder)
        ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
   add_library(orvex_${folder} STATIC ${sources})
   target_include_directories(orvex_${folder} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
-  target_link_libraries(orvex_${folder} PUBLIC ${ARG_DEPENDS} PRIVATE orvex_warnings)
+  target_link_libraries(orvex_${folder} PUBLIC ${ARG_DEPENDS} PRIVATE ${ARG_SYSTEM} orvex_warnings)
   if(ORVEX_TIDY)
     find_program(CLANG_TIDY clang-tidy REQUIRED)
     set_target_properties(orvex_${folder} PROPERTIES CXX_CLANG_TIDY "${CLANG_TIDY};--quiet")

@@ -111,33 +111,16 @@ void AddSources(QCommandLineParser& parser, const QString& files) {
               "from the standard input."));
 }
 
-/// A table and the name it has on the command line.
-template <typename Table>
-using Named = std::pair<const char*, Table>;
+/// Something and the name it has on the command line.
+template <typename Thing>
+using Named = std::pair<const char*, Thing>;
 
-template <typename Table, std::size_t count>
-std::optional<Table> TableNamed(const QString& name, const std::array<Named<Table>, count>& all) {
-  for (const auto& [known, table] : all) {
-    if (name == QLatin1String(known)) return table;
+template <typename Thing, std::size_t count>
+std::optional<Thing> ThingNamed(const QString& name, const std::array<Named<Thing>, count>& all) {
+  for (const auto& [known, thing] : all) {
+    if (name == QLatin1String(known)) return thing;
   }
   return std::nullopt;
-}
-
-/// Reads the operands of a command that takes the name of a table, and sources.
-template <typename Command, typename Table, std::size_t count>
-Request WithTableAndSources(const QString& command, Parser& parser, Command options,
-                            Table Command::*table, const std::array<Named<Table>, count>& all) {
-  const QStringList rest = parser.Rest().mid(1);
-  if (rest.size() < 2) {
-    return MistakeIn(command, QStringLiteral("A table and a source are needed."));
-  }
-  const auto named = TableNamed(rest[0], all);
-  if (!named) {
-    return MistakeIn(command, QStringLiteral("There is no table '%1'.").arg(rest[0]));
-  }
-  options.*table = *named;
-  options.sources = PathsOf(rest.mid(1));
-  return options;
 }
 
 Request ReadExport(const QStringList& arguments) {
@@ -161,33 +144,96 @@ Request ReadExport(const QStringList& arguments) {
   ExportCommand options;
   options.output = PathOf(parser.Qt().value(output));
   options.keepGoing = parser.IsSet(keepGoing);
-  return WithTableAndSources(command, parser, options, &ExportCommand::kind, kTables);
+  const QStringList rest = parser.Rest().mid(1);
+  if (rest.size() < 2) {
+    return MistakeIn(command, QStringLiteral("A table and a source are needed."));
+  }
+  const auto kind = ThingNamed(rest[0], kTables);
+  if (!kind) return MistakeIn(command, QStringLiteral("There is no table '%1'.").arg(rest[0]));
+  options.kind = *kind;
+  options.sources = PathsOf(rest.mid(1));
+  return options;
+}
+
+std::optional<CodebookKind> KindNamed(const QString& name) {
+  constexpr std::array<Named<CodebookKind>, 3> kKinds = {
+      {{"csv", CodebookKind::csv}, {"r", CodebookKind::r}, {"spss", CodebookKind::spss}}};
+  return ThingNamed(name, kKinds);
+}
+
+/// Gives "--codebook" its kind where that is left out, as Qt's options always have a value.
+QStringList WithCodebookKind(QStringList arguments) {
+  for (qsizetype i = 0; i < arguments.size(); ++i) {
+    if (arguments[i] != QLatin1String("--codebook")) continue;
+    const bool named = i + 1 < arguments.size() && KindNamed(arguments[i + 1]);
+    arguments[i] += QLatin1Char('=') + (named ? arguments.takeAt(i + 1) : QStringLiteral("csv"));
+  }
+  return arguments;
+}
+
+/// The tables that `name` stands for: one of them, or all. None for any other name.
+std::vector<TidyTable> TablesNamed(const QString& name) {
+  if (name == QLatin1String("all")) return {kTidyTables.begin(), kTidyTables.end()};
+  for (const TidyTable table : kTidyTables) {
+    if (name.toStdString() == NameOf(table)) return {table};
+  }
+  return {};
 }
 
 Request ReadTable(const QStringList& arguments) {
-  constexpr std::array<Named<TidyTable>, 3> kTables = {{{"questions", TidyTable::questions},
-                                                        {"segments", TidyTable::segments},
-                                                        {"episodes", TidyTable::episodes}}};
   const QString command = QStringLiteral("table");
-  Parser parser(command, QStringLiteral("TABLE ") + kSources,
-                QStringLiteral("Makes a table for statistics programs from episode files:\n"
-                               "questions.csv, segments.csv or episodes.csv, a row each.\n"
+  const QString kinds = QStringLiteral("questions|segments|episodes|observations|survey|all");
+  Parser parser(command, kinds + QLatin1Char(' ') + kSources,
+                QStringLiteral("Makes tables for statistics programs, questions.csv and so on,\n"
+                               "with a row for each question, segment, episode, observation or\n"
+                               "survey; 'all' makes all of them.\n"
                                "Exit code: 0 done, 2 not done, or without files that could not be\n"
                                "read."));
-  parser.Qt().addPositionalArgument(
-      QStringLiteral("TABLE"),
-      QStringLiteral("What a row stands for: questions, segments or episodes."));
-  AddSources(parser.Qt(), QStringLiteral("Episode files (.eps)"));
+  parser.Qt().addPositionalArgument(kinds, QStringLiteral("What a row stands for."));
+  AddSources(parser.Qt(), QStringLiteral("Episode files (.eps), or survey files (.sur)"));
   const QCommandLineOption output = OutputOption();
   const QCommandLineOption codebook(
       QStringLiteral("codebook"),
-      QStringLiteral("Also writes the table of the variables and their values beside it."));
-  parser.Qt().addOptions({output, codebook});
-  if (auto request = parser.Parse(arguments)) return *request;
+      QStringLiteral("Also describes the variables and their values beside each table: as a table "
+                     "(csv, which may be left out), or as a script that reads the table with types "
+                     "and labels into R (r) or SPSS (spss)."),
+      QStringLiteral("csv|r|spss"));
+  const QCommandLineOption format(
+      QStringLiteral("format"),
+      QStringLiteral("With 'all': 'sqlite' makes one database, study.sqlite, of all tables and "
+                     "their codebook. Otherwise files (csv)."),
+      QStringLiteral("csv|sqlite"));
+  parser.Qt().addOptions({output, codebook, format});
+  if (auto request = parser.Parse(WithCodebookKind(arguments))) return *request;
+  const auto mistake = [&](const QString& text) { return MistakeIn(command, text); };
+  const QStringList rest = parser.Rest().mid(1);
+  if (rest.size() < 2) return mistake(QStringLiteral("A table and a source are needed."));
   TableCommand options;
+  options.tables = TablesNamed(rest[0]);
+  if (options.tables.empty())
+    return mistake(QStringLiteral("There is no table '%1'.").arg(rest[0]));
+  options.sources = PathsOf(rest.mid(1));
   options.output = PathOf(parser.Qt().value(output));
-  options.codebook = parser.IsSet(codebook);
-  return WithTableAndSources(command, parser, options, &TableCommand::table, kTables);
+  if (parser.IsSet(codebook)) {
+    const QString kind = parser.Qt().value(codebook);
+    options.codebook = KindNamed(kind);
+    if (!options.codebook) return mistake(QStringLiteral("There is no codebook '%1'.").arg(kind));
+  }
+  if (parser.IsSet(format)) {
+    const QString name = parser.Qt().value(format);
+    options.sqlite = name == QLatin1String("sqlite");
+    if (!options.sqlite && name != QLatin1String("csv")) {
+      return mistake(QStringLiteral("There is no format '%1'.").arg(name));
+    }
+  }
+  if (options.sqlite && options.tables.size() == 1) {
+    return mistake(
+        QStringLiteral("A database holds all tables: say 'all' instead of '%1'.").arg(rest[0]));
+  }
+  if (options.sqlite && options.codebook) {
+    return mistake(QStringLiteral("A database has its codebook in it: leave '--codebook' out."));
+  }
+  return options;
 }
 
 Request ReadCheck(const QStringList& arguments) {
@@ -263,7 +309,7 @@ Request ReadWindow(const QStringList& arguments) {
           "In-class analysis of classroom discourse.\n\n"
           "Without a command the main menu opens, or the file that is named. Commands:\n"
           "  export epsdata|surdata SOURCE...              joins files into one table\n"
-          "  table questions|segments|episodes SOURCE...   makes a table for statistics\n"
+          "  table all|questions|segments|... SOURCE...    makes tables for statistics\n"
           "  check SOURCE...                               tells what is not fully coded\n"
           "  report SOURCE...                              time summary, statistics, plots\n"
           "A source is a folder, a file, a list of observations, or '-'.\n"

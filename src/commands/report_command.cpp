@@ -12,6 +12,7 @@
 #include "reports/question_statistics.h"
 #include "reports/time_summary.h"
 #include "store/printable_text.h"
+#include "store/text_encoding.h"
 #include "study/file_kind.h"
 #include "tables/observation_json.h"
 
@@ -59,15 +60,16 @@ bool ReadSurveyOf(const std::filesystem::path& eps, const Console& console,
 /// not be read.
 bool Report(const std::filesystem::path& file, bool json, const std::string& heading,
             const std::string& place, const Console& console) {
-  const auto observation = ReadEpisodes(file, place, console);
-  if (!observation) return false;
+  ObservationContent files = {.name = Decode(file.string()).text};
+  files.episodes = ReadEpisodes(file, place, console);
+  if (!files.episodes) return false;
   if (!json) {
-    console.out << heading << ReportText(*observation);
+    console.out << heading << ReportText(*files.episodes);
     return true;
   }
-  std::optional<SurFile> survey;
-  const bool whole = ReadSurveyOf(file, console, survey);
-  console.out << ObservationJson(file, *observation, survey) << "\n";
+  const bool whole = ReadSurveyOf(file, console, files.survey);
+  files.log = ReadLogFacts(Companion(file, FileKind::sessionLog));
+  console.out << ObservationJson(files) << "\n";
   return whole;
 }
 

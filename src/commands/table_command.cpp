@@ -1,7 +1,9 @@
 #include "commands/table_command.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "commands/named_file.h"
@@ -13,6 +15,7 @@
 #include "study/problem.h"
 #include "tables/file_list.h"
 #include "tables/repeats.h"
+#include "tables/sqlite_tables.h"
 #include "tables/table_export.h"
 
 namespace orvex {
@@ -60,14 +63,16 @@ std::filesystem::path TableFolder(const FileList& list, const std::filesystem::p
   return {};
 }
 
-/// Reads the sources, keeps the files of `kind`, and warns about observations that come twice.
-/// Nothing when a source could not be read, or a folder has no such file.
-std::optional<FileList> FilesFor(const std::vector<std::filesystem::path>& sources, FileKind kind,
-                                 const Console& console) {
-  auto list = ReadSources(sources, console);
-  if (!list) return std::nullopt;
-  FileList files = FilesOf(kind, *std::move(list));
-  if (!HasFiles(files, WordsFor(kind), console)) return std::nullopt;
+/// What is to be told of the files and the list: all, or nothing again that another table told.
+enum class Notes { areTold, wereTold };
+
+/// The files of `list` that a table of `kind` is made from. Warns about observations that come
+/// twice. Nothing when a folder has no such file.
+std::optional<FileList> FilesToJoin(const TableKind& kind, const FileList& list,
+                                    const Console& console, Notes told = Notes::areTold) {
+  FileList files = FilesFor(kind, list);
+  if (!HasFiles(files, WordsFor(kind.files), console)) return std::nullopt;
+  if (told == Notes::wereTold) return files;
   for (const Repeat& repeat : RepeatsIn(files)) {
     const ListedFile& file = *repeat.file;
     const auto& path = file.line > 0 ? files.SourceOf(file).path : file.path;
@@ -76,9 +81,26 @@ std::optional<FileList> FilesFor(const std::vector<std::filesystem::path>& sourc
   return files;
 }
 
+/// The surveys of `list` as far as there are some.
+FileList SurveysThatAreThere(const FileList& list) {
+  FileList files = FilesOf(FileKind::survey, list);
+  std::error_code unknown;
+  std::erase_if(files.files, [&](const ListedFile& file) {
+    return !std::filesystem::exists(PathOf(file, FileKind::survey), unknown);
+  });
+  return files;
+}
+
+void TellNotes(const FileNotes& notes, const std::string& place, const Console& console) {
+  for (const FileWarning& warning : notes.warnings) {
+    console.err << Warning(notes.file, 0, warning.text).Text() << "\n";
+  }
+  if (notes.problem) Tell(*notes.problem, place, console);
+}
+
 /// Makes a table. `kFailed` when the table was not stored or stops before the end of the list;
 /// `kFound` when bad files were left out.
-ExitCode Make(TableExport& table, const Console& console) {
+ExitCode Make(TableExport& table, const Console& console, Notes told = Notes::areTold) {
   Progress progress(console);
   std::size_t bad = 0;
   while (!table.Finished()) {
@@ -91,15 +113,10 @@ ExitCode Make(TableExport& table, const Console& console) {
     }
     progress.Show(table.Done(), table.Count());
     const FileNotes notes = table.Step();
-    if (notes.problem || !notes.warnings.empty()) progress.Clear();
-    for (const FileWarning& warning : notes.warnings) {
-      console.err << Warning(notes.file, 0, warning.text).Text() << "\n";
-    }
-    if (notes.problem) {
-      const FileList& list = table.List();
-      Tell(*notes.problem, PlaceOf(list.files[table.Done() - 1], list), console);
-      ++bad;
-    }
+    if (notes.problem) ++bad;
+    if (told == Notes::wereTold || (!notes.problem && notes.warnings.empty())) continue;
+    progress.Clear();
+    TellNotes(notes, PlaceOf(table.List().files[table.Done() - 1], table.List()), console);
   }
   progress.Clear();
   if (!table.Commit()) {
@@ -126,15 +143,65 @@ ExitCode Run(const Console& console, Command command) try {
   return kFailed;
 }
 
+/// Makes a tidy table in `folder`, and its codebook.
+ExitCode MakeTidyTable(TidyTable tidy, FileList files, std::optional<CodebookKind> codebook,
+                       const std::filesystem::path& folder, Storage& storage,
+                       const Console& console, Notes told) {
+  const TableKind kind = TidyTableKind(tidy);
+  if (codebook) RequireNoSource(folder / CodebookFileName(tidy, *codebook), files);
+  TableExport table(storage, kind, std::move(files), folder / kind.fileName, BadFile::isSkipped);
+  const ExitCode code = Make(table, console, told);
+  if (codebook && code != kFailed) {
+    const std::filesystem::path path = folder / CodebookFileName(tidy, *codebook);
+    ReplaceFile(storage, path, Codebook(tidy, *codebook, table.Table()));
+    console.out << Printable(path.native()) << ": the variables of the table and their values\n";
+  }
+  return code;
+}
+
+ExitCode MakeDatabase(const FileList& sources, const std::filesystem::path& folder,
+                      Storage& storage, const Console& console) {
+  const TableKind kind = SqliteTableKind();
+  auto files = FilesToJoin(kind, sources, console);
+  if (!files) return kFailed;
+  TableExport table(storage, kind, *std::move(files), folder / kind.fileName, BadFile::isSkipped);
+  return Make(table, console);
+}
+
+/// Makes the tables one after another. A study may be without surveys, so with several tables only
+/// the surveys that are there count.
+ExitCode MakeTidyTables(const TableCommand& command, const FileList& sources,
+                        const std::filesystem::path& folder, Storage& storage,
+                        const Console& console) {
+  ExitCode code = kDone;
+  const bool several = command.tables.size() > 1;
+  Notes told = Notes::areTold;  // of the episode files
+  for (const TidyTable tidy : command.tables) {
+    const TableKind kind = TidyTableKind(tidy);
+    const bool ofSurveys = kind.files == FileKind::survey;
+    auto files = several && ofSurveys ? std::optional(SurveysThatAreThere(sources))
+                                      : FilesToJoin(kind, sources, console, told);
+    if (!files) return kFailed;
+    const ExitCode made =
+        MakeTidyTable(tidy, *std::move(files), command.codebook, folder, storage, console,
+                      ofSurveys ? Notes::areTold : std::exchange(told, Notes::wereTold));
+    code = std::max(code, made);
+    if (console.interrupted && console.interrupted()) return kFailed;
+  }
+  return code;
+}
+
 }  // namespace
 
 ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console& console) {
   return Run(console, [&] {
     const TableKind kind = TableOf(command.kind);
-    auto list = FilesFor(command.sources, kind.files, console);
-    if (!list) return kFailed;
-    const std::filesystem::path path = TableFolder(*list, command.output) / kind.fileName;
-    TableExport table(storage, kind, *std::move(list), path,
+    const auto sources = ReadSources(command.sources, console);
+    if (!sources) return kFailed;
+    auto files = FilesToJoin(kind, *sources, console);
+    if (!files) return kFailed;
+    const std::filesystem::path path = TableFolder(*sources, command.output) / kind.fileName;
+    TableExport table(storage, kind, *std::move(files), path,
                       command.keepGoing ? BadFile::isSkipped : BadFile::endsTheTable);
     return Make(table, console);
   });
@@ -142,19 +209,12 @@ ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console
 
 ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& console) {
   return Run(console, [&] {
-    const TableKind kind = TidyTableKind(command.table);
-    auto list = FilesFor(command.sources, kind.files, console);
-    if (!list) return kFailed;
-    const std::filesystem::path folder = TableFolder(*list, command.output);
-    const std::filesystem::path codebook = folder / CodebookFileName(command.table);
-    if (command.codebook) RequireNoSource(codebook, *list);
-    TableExport table(storage, kind, *std::move(list), folder / kind.fileName, BadFile::isSkipped);
-    const ExitCode code = Make(table, console);
-    if (command.codebook && code != kFailed) {
-      ReplaceFile(storage, codebook, Codebook(command.table));
-      console.out << Printable(codebook.native())
-                  << ": the variables of the table and their values\n";
-    }
+    const auto sources = ReadSources(command.sources, console);
+    if (!sources) return kFailed;
+    const std::filesystem::path folder = TableFolder(*sources, command.output);
+    const ExitCode code = command.sqlite
+                              ? MakeDatabase(*sources, folder, storage, console)
+                              : MakeTidyTables(command, *sources, folder, storage, console);
     return code == kDone ? kDone : kFailed;
   });
 }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <vector>
 
 #include "commands/console.h"
+#include "tables/codebook.h"
 #include "tables/export_form.h"
 #include "tables/tidy_tables.h"
 
@@ -22,12 +24,14 @@ struct ExportCommand {
 };
 ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console& console);
 
-/// `orvex table`: makes a tidy table, skipping bad files.
+/// `orvex table`: makes tidy tables, skipping bad files.
 struct TableCommand {
-  TidyTable table = TidyTable::questions;
+  std::vector<TidyTable> tables = {};
   std::vector<std::filesystem::path> sources = {};
   std::filesystem::path output = {};
-  bool codebook = false;  ///< also write the codebook, which describes the table's variables
+  /// Also write a codebook for each table, which describes its variables.
+  std::optional<CodebookKind> codebook = {};
+  bool sqlite = false;  ///< all tables in one database instead, whatever `tables` says
 };
 ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& console);
 

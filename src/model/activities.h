@@ -24,7 +24,18 @@ struct SubCodeScheme {
 
 /// The groups of activities in the summary of a class's time.
 enum class ActivityGroup { management, directInstruction, seatwork, tests };
-inline constexpr std::size_t kActivityGroupCount = 4;
+struct ActivityGroupScheme {
+  std::string_view name;  ///< as a part of the names of variables
+  std::string_view label;
+};
+/// The groups, in the order of `ActivityGroup`.
+inline constexpr auto kActivityGroups = std::to_array<ActivityGroupScheme>({
+    {"classroom_management", "Classroom management"},
+    {"direct_instruction", "Direct instruction"},
+    {"seatwork_and_pairwork", "Seatwork and pairwork"},
+    {"tests_and_quizzes", "Tests and quizzes"},
+});
+inline constexpr std::size_t kActivityGroupCount = kActivityGroups.size();
 
 /// The kinds of off-task estimates, in the order of their averages in an episode file.
 inline constexpr std::array<int, 7> kOfftaskCategories = {1, 2, 3, 4, 5, 7, 8};

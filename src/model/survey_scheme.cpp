@@ -7,76 +7,88 @@ namespace {
 
 using Text = std::string_view;
 
-constexpr auto kEvaluation = std::to_array<Text>({
-    "responses in discussion",
-    "responses in Q/A",
-    "short term writing assignment (rubric given)",
-    "short term writing assignment (no rubric given)",
-    "short answer/multiple choice worksheet",
-    "review homework assignment",
-    "final presentation of project (ongoing)",
-    "progress on project (ongoing)",
-    "collaboration",
-    "other:",
+constexpr auto kEvaluation = std::to_array<SurveyItem>({
+    {"responses in discussion", "discussion"},
+    {"responses in Q/A", "question_answer"},
+    {"short term writing assignment (rubric given)", "writing_rubric"},
+    {"short term writing assignment (no rubric given)", "writing_no_rubric"},
+    {"short answer/multiple choice worksheet", "worksheet"},
+    {"review homework assignment", "homework_review"},
+    {"final presentation of project (ongoing)", "final_presentation"},
+    {"progress on project (ongoing)", "project_progress"},
+    {"collaboration", "collaboration"},
+    {"other:", "other"},
 });
 static_assert(kEvaluation.size() == kOtherItem + 1);
 
-constexpr auto kMaterials = std::to_array<Text>({
-    "nonfiction",
-    "contemporary fiction",
-    "young adult fiction",
-    "drama",
-    "film",
-    "computers/word processing",
-    "textbook, English",
-    "oral narrative",
-    "other",
-    "canonical literature",
-    "historical literature",
-    "poetry",
-    "music",
-    "art",
-    "multimedia",
-    "newspaper",
-    "reference materials",
-    "magazines",
-    "Internet",
+constexpr auto kMaterials = std::to_array<SurveyItem>({
+    {"nonfiction", "nonfiction"},
+    {"contemporary fiction", "contemporary_fiction"},
+    {"young adult fiction", "young_adult_fiction"},
+    {"drama", "drama"},
+    {"film", "film"},
+    {"computers/word processing", "computers"},
+    {"textbook, English", "textbook"},
+    {"oral narrative", "oral_narrative"},
+    {"other", "other"},
+    {"canonical literature", "canonical_literature"},
+    {"historical literature", "historical_literature"},
+    {"poetry", "poetry"},
+    {"music", "music"},
+    {"art", "art"},
+    {"multimedia", "multimedia"},
+    {"newspaper", "newspaper"},
+    {"reference materials", "reference"},
+    {"magazines", "magazines"},
+    {"Internet", "internet"},
 });
 static_assert(kMaterials.size() == kMostItems);
 
-constexpr auto kWriting = std::to_array<Text>({
-    "multiple choice / fill in the blank",
-    "notetaking / outlining",
-    "copying, dictation, or translation",
-    "short answer",
-    "paragraph length writing",
-    "activities pre-first draft",
-    "first draft",
-    "revising / subsequent drafts",
+constexpr auto kWriting = std::to_array<SurveyItem>({
+    {"multiple choice / fill in the blank", "multiple_choice"},
+    {"notetaking / outlining", "notetaking"},
+    {"copying, dictation, or translation", "copying"},
+    {"short answer", "short_answer"},
+    {"paragraph length writing", "paragraph"},
+    {"activities pre-first draft", "pre_draft"},
+    {"first draft", "first_draft"},
+    {"revising / subsequent drafts", "revising"},
 });
 
-constexpr auto kInformational = std::to_array<Text>({
-    "Record",
-    "Report",
-    "Generalized narrative",
-    "Analysis 1",
-    "Analysis 2",
-    "Theory",
-    "Persuasion",
+constexpr auto kInformational = std::to_array<SurveyItem>({
+    {"Record", "record"},
+    {"Report", "report"},
+    {"Generalized narrative", "narrative"},
+    {"Analysis 1", "analysis_1"},
+    {"Analysis 2", "analysis_2"},
+    {"Theory", "theory"},
+    {"Persuasion", "persuasion"},
 });
 
-constexpr auto kImaginative = std::to_array<Text>({"poems", "others:", "stories"});
+constexpr auto kImaginative = std::to_array<SurveyItem>({
+    {"poems", "poems"},
+    {"others:", "other"},
+    {"stories", "stories"},
+});
 
-constexpr auto kPersonal = std::to_array<Text>({"journal", "letters", "email", "other:"});
+constexpr auto kPersonal = std::to_array<SurveyItem>({
+    {"journal", "journal"},
+    {"letters", "letters"},
+    {"email", "email"},
+    {"other:", "other"},
+});
 
 constexpr std::array<SurveyGroup, kCheckGroups> kGroups = {{
-    {"In today's observation, evaluation for student success is based on:",
+    {"evaluation", "In today's observation, evaluation for student success is based on:",
      "In today's observation, evaluation for student success is based on:", kEvaluation},
-    {"Today 's materials used include:", "Today's materials used include:", kMaterials},
-    {"Today 's writing activities include:", "Today's writing activities include:", kWriting},
-    {"Today 's types of writing include:\nINFORMATIONAL:", "INFORMATIONAL:", kInformational},
-    {"IMAGINATIVE :", "IMAGINATIVE:", kImaginative},
-    {"PERSONAL :", "PERSONAL:", kPersonal},
+    {"materials",
+     "Today 's materials used include:", "Today's materials used include:", kMaterials},
+    {"writing",
+     "Today 's writing activities include:", "Today's writing activities include:", kWriting},
+    {"informational",
+     "Today 's types of writing include:\nINFORMATIONAL:", "INFORMATIONAL:", kInformational},
+    {"imaginative", "IMAGINATIVE :", "IMAGINATIVE:", kImaginative},
+    {"personal", "PERSONAL :", "PERSONAL:", kPersonal},
 }};
 static_assert(std::ranges::all_of(kGroups, [](const SurveyGroup& group) {
   return group.items.size() <= kMostItems;
@@ -114,59 +126,81 @@ constexpr Text kHowMuchFlexibility =
     "( N/A = Can't tell, 0 = Never, 1 = Some flexibility, 2 = A lot of flexibility )";
 
 constexpr std::array<SurveyStatement, kStatements> kAllStatements = {{
-    {"1. How much class time was used to focus and extend student understandings developed "
+    {"s01_understandings",
+     "1. How much class time was used to focus and extend student understandings developed "
      "through writing and reading?",
      kHowMuchOfTheHour},
-    {"2. How much class time was allowed for writing activities such a prewriting, journal "
+    {"s02_writing_time",
+     "2. How much class time was allowed for writing activities such a prewriting, journal "
      "writing, evaluation drafts, peer discussions of drafts, note taking, etc.?",
      kHowMuchOfTheHour},
-    {"3. How much flexibility did the teacher grant students to develop their own "
+    {"s03_flexibility",
+     "3. How much flexibility did the teacher grant students to develop their own "
      "understandings?",
      kHowMuchFlexibility, true, 2},
-    {"4. How much time was devoted to classroom talk in which students developed their own "
+    {"s04_talk_time",
+     "4. How much time was devoted to classroom talk in which students developed their own "
      "understandings and explored their own ideas with peers and teachers?",
      kHowMuchOfTheClass},
-    {"5. Students were allowed to shift classroom discourse in a new direction.", kHowOften},
-    {"6.Connections within lessons: Activities, Q&A, lecture or conversations conducted in "
+    {"s05_shift_discourse",
+     "5. Students were allowed to shift classroom discourse in a new direction.", kHowOften},
+    {"s06_within_lessons",
+     "6.Connections within lessons: Activities, Q&A, lecture or conversations conducted in "
      "today's class seemed to be part of a continuing topic within lessons.",
      kHowMuch},
-    {"7. Connections across lessons: Today's class activities included references connection "
+    {"s07_across_lessons",
+     "7. Connections across lessons: Today's class activities included references connection "
      "back to previous themes and/or to upcoming topics (not tests or upcoming projects). ",
      kHowMuch},
-    {"8. During this observation, students were attentive.", kHowManyStudents},
-    {"9. How many students were prepared with materials and reading and writing assignments.",
+    {"s08_attentive", "8. During this observation, students were attentive.", kHowManyStudents},
+    {"s09_prepared",
+     "9. How many students were prepared with materials and reading and writing assignments.",
      kHowManyStudents},
-    {"10. Students\u2019 questions concerned procedures (assignment length, grade, form, etc.).",
+    {"s10_procedures",
+     "10. Students\u2019 questions concerned procedures (assignment length, grade, form, etc.).",
      kHowManyOfTheQuestions},
-    {"11. Students asked questions and made comments that showed comprehension.",
+    {"s11_comprehension",
+     "11. Students asked questions and made comments that showed comprehension.",
      kHowManyQuestions},
-    {"12. Students asked questions, made comments that showed analysis or evaluation. ",
+    {"s12_analysis",
+     "12. Students asked questions, made comments that showed analysis or evaluation. ",
      kHowManyAnalyses},
-    {"13.Teachers asked questions that required students to analyze or evaluate.",
+    {"s13_teacher_analysis",
+     "13.Teachers asked questions that required students to analyze or evaluate.",
      kHowManyQuestions},
-    {"14. Teachers encouraged students to use others\u2019 questions and comments as a way to "
+    {"s14_build_encouraged",
+     "14. Teachers encouraged students to use others\u2019 questions and comments as a way to "
      "build discussion (verbally or nonverbally).",
      kHowOften},
-    {"15. Students used others\u2019 questions and comments to build discussion.", kHowOften},
-    {"16. When students raised questions and comments (Q&C) reflecting other disciplines, they "
+    {"s15_build_discussion",
+     "15. Students used others\u2019 questions and comments to build discussion.", kHowOften},
+    {"s16_other_disciplines",
+     "16. When students raised questions and comments (Q&C) reflecting other disciplines, they "
      "were incorporated into the discussion.",
      kHowManyIncorporated, true},
-    {"17. Students related class content to personal experiences.", kHowOften},
-    {"18. Students were encouraged to take a position, express opinions or explore personal "
+    {"s17_personal_experiences", "17. Students related class content to personal experiences.",
+     kHowOften},
+    {"s18_take_position",
+     "18. Students were encouraged to take a position, express opinions or explore personal "
      "reactions (verbally or nonverbally).",
      kHowOften},
-    {"19. Students responded to other students or the teachers with challenges, comments, "
+    {"s19_challenges",
+     "19. Students responded to other students or the teachers with challenges, comments, "
      "opinions, etc.",
      kHowOften},
-    {"20. Students challenged the text (e.g., bringing in alternative points of view).", kHowOften},
-    {"21. Students used \"texts\" to support or refute ideas.", kHowOften},
-    {"22. Teachers responded to students with positive affirmation.", kHowOften},
-    {"23. Students showed an awareness of literary conventions (e.g., style, genre, voice).",
+    {"s20_challenge_text",
+     "20. Students challenged the text (e.g., bringing in alternative points of view).", kHowOften},
+    {"s21_use_texts", "21. Students used \"texts\" to support or refute ideas.", kHowOften},
+    {"s22_affirmation", "22. Teachers responded to students with positive affirmation.", kHowOften},
+    {"s23_conventions",
+     "23. Students showed an awareness of literary conventions (e.g., style, genre, voice).",
      kHowOftenLiterature, true},
-    {"24. Students had a choice of topics for reading, writing, and other activities and "
+    {"s24_choice_of_topics",
+     "24. Students had a choice of topics for reading, writing, and other activities and "
      "assignments.",
      kHowMuchOpportunity},
-    {"25. Students had a choice of the form their work would take.", kHowMuchOpportunity},
+    {"s25_choice_of_form", "25. Students had a choice of the form their work would take.",
+     kHowMuchOpportunity},
 }};
 
 }  // namespace
@@ -179,9 +213,25 @@ const std::array<SurveyStatement, kStatements>& SurveyStatements() {
   return kAllStatements;
 }
 
+int SurveyStatement::Value(int button) const {
+  if (!notApplicable) return button;
+  return button == 0 ? kDoesNotApply : button - 1;
+}
+
 std::string SurveyStatement::Caption(int button) const {
-  if (!notApplicable) return std::to_string(button);
-  return button == 0 ? std::string(kNotApplicable) : std::to_string(button - 1);
+  const int value = Value(button);
+  return value == kDoesNotApply ? std::string(kNotApplicable) : std::to_string(value);
+}
+
+std::string_view SurveyStatement::Meaning(int button) const {
+  // A meaning may hold a comma, too.
+  const auto placeOf = [this](int which) {
+    return legend.find((which == 0 ? "( " : ", ") + Caption(which));
+  };
+  const bool isLast = button + 1 == Buttons();
+  const std::size_t first = legend.find_first_not_of("= ", legend.find('=', placeOf(button)));
+  const std::size_t end = isLast ? legend.rfind(')') : placeOf(button + 1);
+  return legend.substr(first, legend.find_last_not_of(' ', end - 1) + 1 - first);
 }
 
 }  // namespace orvex

@@ -34,6 +34,8 @@ class FileReplacement {
   FileReplacement& operator=(const FileReplacement&) = delete;
 
   void Write(std::string_view bytes);
+  /// Where the content gathers, for a library that writes it by itself.
+  const std::filesystem::path& Temporary() const { return temporary_; }
   /// Brings the whole content to the disk, still in the temporary. Ends the writing.
   void BringToDisk();
   void Commit();

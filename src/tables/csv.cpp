@@ -55,8 +55,7 @@ void Csv::Separate() {
 
 void Csv::Text(std::string_view text) {
   Separate();
-  std::string clean(text);
-  std::ranges::replace_if(clean, IsControl, ' ');
+  std::string clean = WithoutControls(text);
   if (BeginsLikeFormula(clean)) clean.insert(0, "'");
   // Some readers drop blanks at the ends of an unquoted cell.
   const bool quoted = clean.find_first_of(",\"") != std::string::npos || clean.starts_with(' ') ||
@@ -80,11 +79,7 @@ void Csv::Number(std::int64_t number) {
 }
 
 void Csv::Number(float number) {
-  if (number == 0) return Code("0");  // a negative zero as well
-  std::array<char, 64> digits{};      // the smallest single has 45 behind its point
-  const auto end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
-  Code({digits.data(), end.ptr});
+  Code(DigitsOf(number));
 }
 
 void Csv::Seconds(double seconds) {
@@ -98,6 +93,20 @@ void Csv::Missing() {
 void Csv::EndLine() {
   text_ += "\r\n";
   begun_ = false;
+}
+
+std::string WithoutControls(std::string_view text) {
+  std::string clean(text);
+  std::ranges::replace_if(clean, IsControl, ' ');
+  return clean;
+}
+
+std::string DigitsOf(float number) {
+  if (number == 0) return "0";    // a negative zero as well
+  std::array<char, 64> digits{};  // the smallest single has 45 behind its point
+  const auto end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
+  return {digits.data(), end.ptr};
 }
 
 std::optional<float> TypedSingle(std::string_view text) {

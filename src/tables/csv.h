@@ -14,8 +14,8 @@ class Csv final : public Cells {
  public:
   explicit Csv(std::string& text) : text_(text) {}
 
-  /// A text that a spreadsheet would run as a formula gets an apostrophe in front; control
-  /// characters, which readers of tables choke on, become blanks. An empty one is an empty cell.
+  /// A text that a spreadsheet would run as a formula gets an apostrophe in front. An empty one is
+  /// an empty cell.
   void Text(std::string_view text) override;
   /// There is nothing in `code` to be quoted.
   void Code(std::string_view code) override;
@@ -32,6 +32,10 @@ class Csv final : public Cells {
   bool begun_ = false;  ///< the current line has a cell already
 };
 
+/// `text` with blanks in place of control characters, which readers of tables choke on.
+std::string WithoutControls(std::string_view text);
+/// The shortest digits of a single, without an exponent.
+std::string DigitsOf(float number);
 /// A number that somebody typed; nothing for any other text, and for one beyond a single.
 std::optional<float> TypedSingle(std::string_view text);
 /// "mm-dd-yyyy" as "yyyy-mm-dd"; empty when it is no date.

@@ -135,9 +135,9 @@ void AppendEpisodeRow(const FileNumbers& file, int number, const Episode& episod
 
 void AppendEpisodeRows(const std::filesystem::path& path, FileRows& rows) {
   const FileNumbers numbers = NumbersOf(path);
-  RowsOfFile events(path, numbers, rows.WarnsOf(FileWarning::About::content), rows.text);
+  RowsOfFile events(path, numbers, rows.notes.WarnsOf(FileWarning::About::content), rows.text);
   WarnOfOtherNumbers(path, ReadEpsFile(path, events).header.identity,
-                     rows.WarnsOf(FileWarning::About::name));
+                     rows.notes.WarnsOf(FileWarning::About::name));
 }
 
 }  // namespace orvex

@@ -1,5 +1,9 @@
 #include "tables/file_list.h"
 
+#include <algorithm>
+#include <iterator>
+#include <set>
+#include <string_view>
 #include <system_error>
 #include <unordered_map>
 #include <utility>
@@ -99,6 +103,19 @@ FileList FilesOf(FileKind kind, FileList list) {
     list.files.push_back(std::move(file));
   }
   return list;
+}
+
+void AddLoneSurveys(const FileList& list, FileList& episodes) {
+  std::set<std::pair<std::size_t, std::string_view>> known;
+  for (const ListedFile& file : episodes.files) known.emplace(file.source, file.name);
+  std::vector<ListedFile> lone;  // what is known points into the others
+  for (const ListedFile& file : list.files) {
+    if (list.SourceOf(file).kind == Source::Kind::folder && file.kind == FileKind::survey &&
+        !known.contains({file.source, file.name})) {
+      lone.push_back(file);
+    }
+  }
+  std::ranges::move(lone, std::back_inserter(episodes.files));
 }
 
 const Source* EmptyFolder(const FileList& list) {

@@ -53,6 +53,9 @@ void AddSource(const std::filesystem::path& source, std::istream& input, FileLis
 /// The files of `kind`, one for each observation. What a list or the user names stands for its
 /// observation, whatever its kind; only folders may hold observations without such a file.
 FileList FilesOf(FileKind kind, FileList list);
+/// Adds to `episodes`, which are the episode files of `list`, the surveys in folders of `list` that
+/// belong to none of them.
+void AddLoneSurveys(const FileList& list, FileList& episodes);
 /// The first folder that has no file in `list`, if there is one.
 const Source* EmptyFolder(const FileList& list);
 

@@ -1,6 +1,5 @@
 #include "tables/observation_json.h"
 
-#include <array>
 #include <cstddef>
 #include <span>
 #include <vector>
@@ -9,7 +8,7 @@
 #include "model/validation.h"
 #include "reports/question_plot.h"
 #include "reports/time_summary.h"
-#include "store/text_encoding.h"
+#include "store/eps_writer.h"
 #include "tables/csv.h"
 #include "tables/json.h"
 #include "tables/statistics_json.h"
@@ -20,10 +19,6 @@ namespace {
 
 /// Goes up when a member is removed or changes its meaning.
 constexpr std::int64_t kSchema = 1;
-
-/// The names of the time summary's groups, in the order of `ActivityGroup`.
-constexpr std::array<std::string_view, kActivityGroupCount> kGroupNames = {
-    "classroom_management", "direct_instruction", "seatwork_and_pairwork", "tests_and_quizzes"};
 
 /// Writes the values of a row as members of an object.
 class JsonCells final : public Cells {
@@ -57,20 +52,18 @@ void AddVariables(std::span<const TidyColumn> columns, const TidyRow& row, Json&
   }
 }
 
-void AddObservation(std::string_view file, const EpsHeader& header, Json& json) {
+void AddObservation(const ObservationContent& observation, Json& json) {
   const auto columns = std::span(ColumnsOf(TidyTable::episodes)).first(kObservationColumns);
-  const Episode none;
-  const std::vector<DialogicSpell> spells;
-  AddVariables(columns, {.file = file, .header = header, .episode = none, .spells = spells}, json);
+  AddVariables(columns, {.files = observation}, json);
 }
 
 /// Adds the rows of a tidy table, without the columns that only repeat which observation it is.
 /// `more` adds further members to a row.
 template <typename More>
-void AddRows(TidyTable table, const EpsObservation& observation, Json& json, More more) {
+void AddRows(TidyTable table, const ObservationContent& observation, Json& json, More more) {
   const auto columns = std::span(ColumnsOf(table)).subspan(kObservationColumns);
   json.Key(NameOf(table)).BeginArray();
-  ForEachRow(table, "", observation, [&](const TidyRow& row) {
+  ForEachRow(table, observation, [&](const TidyRow& row) {
     json.BeginObject();
     AddVariables(columns, row, json);
     more(row);
@@ -108,7 +101,7 @@ void AddTimeSummary(const TimeSummary& summary, Json& json) {
   for (std::size_t group = 0; group < summary.blocks.size(); ++group) {
     for (const TimeSummaryRow& row : summary.blocks[group].rows) {
       json.BeginObject().Key("activity").Number(std::int64_t{row.activity});
-      json.Key("group").Text(kGroupNames[group]).Key("seconds").Seconds(row.seconds);
+      json.Key("group").Text(kActivityGroups[group].name).Key("seconds").Seconds(row.seconds);
       json.Key("offtask");
       row.meanOfftask ? json.Number(*row.meanOfftask) : json.Null();
       json.EndObject();
@@ -148,25 +141,28 @@ void AddSurvey(const SurFile& survey, Json& json) {
 
 }  // namespace
 
-std::string ObservationJson(const std::filesystem::path& file, const EpsObservation& observation,
-                            const std::optional<SurFile>& survey) {
+std::string ObservationJson(const ObservationContent& observation) {
   std::string text;
   Json json(text);
   json.BeginObject().Key("schema").Number(kSchema);
-  AddObservation(Decode(file.string()).text, observation.header, json);
+  AddObservation(observation, json);
   AddRows(TidyTable::episodes, observation, json, [&](const TidyRow& row) {
-    const Identity& identity = row.header.identity;
-    AddSpells(row.spells, json);
-    AddStatistics(MakeQuestionStatistics(identity, row.episodeNumber, row.episode), json);
-    AddPlot(MakeQuestionPlot(identity, row.episodeNumber, row.episode), json);
+    // The earlier name of `default_questions`.
+    json.Key("normal_questions")
+        .Number(std::int64_t{EpisodeQuestionCounts(*row.episode).allDefault});
+    const Identity& identity = row.Header().identity;
+    AddSpells(*row.spells, json);
+    AddStatistics(MakeQuestionStatistics(identity, row.episodeNumber, *row.episode), json);
+    AddPlot(MakeQuestionPlot(identity, row.episodeNumber, *row.episode), json);
   });
   AddRows(TidyTable::segments, observation, json, [](const TidyRow&) {});
   AddRows(TidyTable::questions, observation, json,
           [&](const TidyRow& row) { AddMissing(*row.question, json); });
-  AddTimeSummary(MakeTimeSummary(observation.header, observation.Episodes), json);
+  AddTimeSummary(MakeTimeSummary(observation.episodes->header, observation.episodes->Episodes),
+                 json);
   json.Key("survey");
-  if (survey) {
-    AddSurvey(*survey, json);
+  if (observation.survey) {
+    AddSurvey(*observation.survey, json);
   } else {
     json.Null();
   }

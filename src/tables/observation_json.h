@@ -1,16 +1,13 @@
 #pragma once
 
-#include <filesystem>
-#include <optional>
 #include <string>
 
-#include "store/eps_file.h"
-#include "store/sur_file.h"
+#include "tables/observation_content.h"
 
 namespace orvex {
 
-/// An observation and its reports as a JSON object on one line. `file` appears in it unchanged.
-std::string ObservationJson(const std::filesystem::path& file, const EpsObservation& observation,
-                            const std::optional<SurFile>& survey);
+/// An observation and its reports as a JSON object on one line. `observation.name` is the path of
+/// its episode file, and appears in it unchanged.
+std::string ObservationJson(const ObservationContent& observation);
 
 }  // namespace orvex

@@ -3,7 +3,8 @@
 #include <array>
 #include <cstddef>
 #include <string_view>
-#include <utility>
+
+#include "tables/code_counts.h"
 
 namespace orvex {
 namespace {
@@ -20,27 +21,6 @@ constexpr std::array<std::string_view, kStatisticsLines> kLineNames = {"total",
                                                                        "elaborated",
                                                                        "teacher_response",
                                                                        "related_to_previous"};
-
-constexpr std::array<std::pair<std::string_view, int CodeCounts::*>, 18> kCounts = {{
-    {"total", &CodeCounts::Total},
-    {"normal", &CodeCounts::Normal},
-    {"teacher", &CodeCounts::TeacherQ},
-    {"student", &CodeCounts::StudentQ},
-    {"authentic_teacher", &CodeCounts::AuthTeacher},
-    {"authentic_student", &CodeCounts::AuthStudent},
-    {"no_response", &CodeCounts::NoResponse},
-    {"higher_level", &CodeCounts::HigherLevel},
-    {"related_to_previous", &CodeCounts::RelatedToPrevious},
-    {"answering", &CodeCounts::Answering},
-    {"closing_down", &CodeCounts::ClosingDown},
-    {"opening_up", &CodeCounts::OpeningUp},
-    {"responded", &CodeCounts::Responded},
-    {"uptake_none", &CodeCounts::UptakeNone},
-    {"uptake_test", &CodeCounts::UptakeTest},
-    {"uptake_authentic", &CodeCounts::UptakeAuthentic},
-    {"elaborated", &CodeCounts::Elaborated},
-    {"unelaborated", &CodeCounts::Unelaborated},
-}};
 
 std::string_view NameOf(BarMeaning meaning) {
   switch (meaning) {
@@ -80,8 +60,8 @@ void AddStatistics(const QuestionStatistics& statistics, Json& json) {
     return;
   }
   json.BeginObject().Key("counts").BeginObject();
-  for (const auto& [name, count] : kCounts) {
-    json.Key(name).Number(std::int64_t{statistics.counts.*count});
+  for (const CodeCountScheme& scheme : kCodeCounts) {
+    json.Key(scheme.key).Number(std::int64_t{statistics.counts.*scheme.count});
   }
   json.EndObject().Key("lines").BeginArray();
   for (std::size_t line = 0; line < kLineNames.size(); ++line) {

@@ -24,7 +24,7 @@ void AppendSurveyRow(const std::filesystem::path& path, FileRows& rows) {
   const FileNumbers numbers = NumbersOf(path);
   const SurFile file = ReadSurFile(path);
   AppendSurveyRow(numbers, file.answers, rows.text);
-  WarnOfOtherNumbers(path, file.identity, rows.WarnsOf(FileWarning::About::name));
+  WarnOfOtherNumbers(path, file.identity, rows.notes.WarnsOf(FileWarning::About::name));
 }
 
 }  // namespace orvex

@@ -13,9 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// How many bytes to collect before writing them.
-constexpr std::size_t kPortion = std::size_t{256} * 1024;
-
 /// Checks that `table` would replace no source, and removes stray temporary files from its folder.
 /// Returns `table`.
 fs::path Prepared(Storage& storage, fs::path table, const FileList& list) {
@@ -42,22 +39,29 @@ TableKind TableOf(ExportKind kind) {
       .append = [](const auto& file, const auto&, FileRows& rows) { AppendSurveyRow(file, rows); }};
 }
 
+FileList FilesFor(const TableKind& kind, const FileList& list) {
+  FileList files = FilesOf(kind.files, list);
+  if (kind.takesLoneSurveys) AddLoneSurveys(list, files);
+  return files;
+}
+
 TableExport::TableExport(Storage& storage, TableKind kind, FileList list, fs::path table,
                          BadFile badFile)
     : kind_(std::move(kind)),
       list_(std::move(list)),
       table_(Prepared(storage, std::move(table), list_)),
       badFile_(badFile),
-      file_(storage, table_),
-      text_(kind_.header),
+      file_(kind_.open ? kind_.open(storage, table_)
+                       : std::make_unique<TextTable>(storage, table_, kind_.header)),
       reading_(Count(), [this](std::size_t file) { return RowsOf(file); }) {}
 
 FileRows TableExport::RowsOf(std::size_t file) const {
   const ListedFile& listed = list_.files[file];
   FileRows rows;
   rows.notes.file = PathOf(listed, kind_.files);
-  rows.notes.problem =
+  auto problem =
       ProblemOf(rows.notes.file, [&] { kind_.append(rows.notes.file, listed.name, rows); });
+  if (problem) rows.notes.problem = std::move(problem);
   return rows;
 }
 
@@ -70,23 +74,15 @@ FileNotes TableExport::Step() {
     lastInPart_ = !rows.text.empty();
   }
   if (!rows.notes.problem || lastInPart_) ++files_;
-  rows_ += static_cast<std::size_t>(std::ranges::count(rows.text, '\n'));
-  text_ += rows.text;
-  if (text_.size() >= kPortion) WriteOut();
+  rows_ += file_->Add(rows);
   return std::move(rows.notes);
-}
-
-void TableExport::WriteOut() {
-  file_.Write(text_);
-  text_.clear();
 }
 
 bool TableExport::Commit() {
   const bool filesWereBad = ended_ || files_ < done_;
   std::error_code unknown;
   if (rows_ == 0 && filesWereBad && fs::exists(table_, unknown)) return false;
-  WriteOut();
-  file_.Commit();
+  file_->Commit();
   return true;
 }
 

@@ -3,14 +3,15 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "desk/screens.h"
-#include "store/durable_file.h"
 #include "study/file_kind.h"
 #include "study/ordered_reading.h"
 #include "tables/file_list.h"
 #include "tables/file_rows.h"
+#include "tables/table_file.h"
 
 namespace orvex {
 
@@ -20,15 +21,22 @@ class Storage;
 struct TableKind {
   std::string fileName;                 ///< the table's
   FileKind files = FileKind::episodes;  ///< what it is made from
+  bool takesLoneSurveys = false;        ///< and from surveys without an episode file
   std::string header;                   ///< its first line with its line end; may be empty
   /// Adds the rows of a file, which is called `name` in the list. Throws FileError and FormatError,
   /// but never leaves part of a row. Is called from several threads at once.
   std::function<void(const std::filesystem::path& file, const std::string& name, FileRows& rows)>
       append;
+  /// Makes the table's file; empty for a text.
+  std::function<std::unique_ptr<TableFile>(Storage& storage, const std::filesystem::path& path)>
+      open = {};
 };
 
 /// EPSDATA.TXT or SURDATA.TXT.
 TableKind TableOf(ExportKind kind);
+
+/// The files of `list` that a table of this kind is made from.
+FileList FilesFor(const TableKind& kind, const FileList& list);
 
 /// What to do about a missing or broken file: end the table with the rows completed so far, or
 /// leave the file out.
@@ -40,7 +48,7 @@ enum class BadFile { endsTheTable, isSkipped };
 /// needs does not grow with the number of files.
 class TableExport {
  public:
-  /// `list` holds files of the table's kind (FilesOf). Throws FileError when `table` cannot be
+  /// `list` holds files of the table's kind (FilesFor). Throws FileError when `table` cannot be
   /// made, or would replace a source.
   TableExport(Storage& storage, TableKind kind, FileList list, std::filesystem::path table,
               BadFile badFile);
@@ -70,14 +78,11 @@ class TableExport {
 
  private:
   FileRows RowsOf(std::size_t file) const;
-  void WriteOut();
-
   TableKind kind_;
   FileList list_;
   std::filesystem::path table_;
   BadFile badFile_;
-  FileReplacement file_;
-  std::string text_;  ///< complete rows that have not been written yet
+  std::unique_ptr<TableFile> file_;
   std::size_t done_ = 0;
   std::size_t rows_ = 0;
   std::size_t files_ = 0;

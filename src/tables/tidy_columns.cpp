@@ -10,13 +10,13 @@
 #include "model/clock.h"
 #include "model/validation.h"
 #include "store/eps_writer.h"
-#include "store/numbers.h"
-#include "tables/csv.h"
+#include "tables/observation_columns.h"
+#include "tables/shared_columns.h"
+#include "tables/survey_columns.h"
 
 namespace orvex {
 namespace {
 
-using Columns = std::vector<TidyColumn>;
 using Values = std::vector<ValueLabel>;
 
 Values ValuesOf(SubCode code) {
@@ -61,102 +61,71 @@ Columns DimensionColumns() {
   Columns columns;
   for (const DimensionScheme& scheme : kDimensionSchemes) {
     columns.push_back({std::string(scheme.variable), std::string(scheme.tableLabel),
-                       scheme.HasLetters() ? "code" : "text", WriteDimension,
+                       scheme.HasLetters() ? ColumnType::code : ColumnType::text, WriteDimension,
                        static_cast<int>(scheme.dimension), LetterMeanings(scheme)});
   }
   return columns;
 }
 
-/// Missing when the file has something else than a number there.
-template <std::string Identity::*member>
-void WriteIdentity(const TidyRow& row, int, Cells& cells) {
-  if (const auto number = TypedSingle(row.header.identity.*member)) {
-    cells.Number(*number);
-  } else {
-    cells.Missing();
-  }
-}
-
 template <int QuestionCounts::*member>
 void WriteCount(const TidyRow& row, int, Cells& cells) {
-  cells.Number(std::int64_t{EpisodeQuestionCounts(row.episode).*member});
+  cells.Number(std::int64_t{EpisodeQuestionCounts(*row.episode).*member});
 }
 
 /// The segment that the question was asked in; null when it is not known.
 const SegmentData* SegmentOf(const TidyRow& row) {
-  return SegmentOf(row.episode, *row.question);
+  return SegmentOf(*row.episode, *row.question);
 }
 
 void WriteNumber(const TidyRow& row, int, Cells& cells) {
   cells.Number(std::int64_t{row.number});
 }
 
-Columns ObservationColumns() {
-  return {
-      {"file", "The observation, as the list names it", "text",
-       [](const TidyRow& row, int, Cells& cells) { cells.Text(row.file); }},
-      {"school", "School number", "number", WriteIdentity<&Identity::SchoolNum>},
-      {"class", "Class number", "number", WriteIdentity<&Identity::ClassNum>},
-      {"observation", "Observation number", "number", WriteIdentity<&Identity::ObservNum>},
-      {"students", "Number of students present", "number", WriteIdentity<&Identity::NumStudents>},
-      {"observer", "Initials of the observer", "text",
-       [](const TidyRow& row, int, Cells& cells) { cells.Text(row.header.identity.Initials); }},
-      {"date", "Date of the observation", "date",
-       [](const TidyRow& row, int, Cells& cells) { cells.Code(IsoDate(row.header.ObservDate)); }},
-      {"start_time", "Time at which the class started", "time",
-       [](const TidyRow& row, int, Cells& cells) { cells.Code(IsoTime(row.header.StartTime)); }},
-      {"episode", "Number of the episode in the observation", "number",
-       [](const TidyRow& row, int, Cells& cells) {
-         cells.Number(std::int64_t{row.episodeNumber});
-       }},
-  };
-}
-
-void Append(Columns& columns, Columns more) {
-  std::ranges::move(more, std::back_inserter(columns));
+/// The columns that all tables of parts of an observation begin with.
+Columns EpisodeNumberColumns() {
+  Columns columns = ObservationColumns();
+  Append(columns, {{"episode", "Number of the episode in the observation", ColumnType::wholeNumber,
+                    [](const TidyRow& row, int, Cells& cells) {
+                      cells.Number(std::int64_t{row.episodeNumber});
+                    }}});
+  return columns;
 }
 
 Columns QuestionColumns() {
-  Columns columns = ObservationColumns();
-  Append(columns,
-         {{"question", "Number of the question in the episode", "number", WriteNumber},
-          {"segment", "Number of the segment it was asked in", "number",
-           [](const TidyRow& row, int, Cells& cells) {
-             WriteCode(row.question->iSgQ > 0, row.question->iSgQ, cells);
-           }},
-          {"activity", "Activity of that segment", "code",
-           [](const TidyRow& row, int, Cells& cells) {
-             const SegmentData* segment = SegmentOf(row);
-             WriteCode(segment != nullptr, segment ? segment->activityNum : kUncoded, cells);
-           },
-           0, ActivityValues()},
-          {"text", "Text of the question", "text",
-           [](const TidyRow& row, int, Cells& cells) { cells.Text(row.question->question); }}});
+  Columns columns = EpisodeNumberColumns();
+  Append(
+      columns,
+      {{"question", "Number of the question in the episode", ColumnType::wholeNumber, WriteNumber},
+       {"segment", "Number of the segment it was asked in", ColumnType::wholeNumber,
+        [](const TidyRow& row, int, Cells& cells) {
+          WriteCode(row.question->iSgQ > 0, row.question->iSgQ, cells);
+        }},
+       {"activity", "Activity of that segment", ColumnType::code,
+        [](const TidyRow& row, int, Cells& cells) {
+          const SegmentData* segment = SegmentOf(row);
+          WriteCode(segment != nullptr, segment ? segment->activityNum : kUncoded, cells);
+        },
+        0, ActivityValues()},
+       {"text", "Text of the question", ColumnType::text,
+        [](const TidyRow& row, int, Cells& cells) { cells.Text(row.question->question); }}});
   Append(columns, DimensionColumns());
-  Append(columns,
-         {{"normal",
-           "The codes are those of a normal question",
-           "code",
-           [](const TidyRow& row, int, Cells& cells) {
-             cells.Code(row.question->IsNormal() ? "1" : "0");
-           },
-           0,
-           {{"0", "No"}, {"1", "Yes"}}},
-          {"fully_coded",
-           "Nothing is missing of what must be coded",
-           "code",
-           [](const TidyRow& row, int, Cells& cells) {
-             cells.Code(FindMissingCodes(*row.question).None() ? "1" : "0");
-           },
-           0,
-           {{"0", "No"}, {"1", "Yes"}}},
-          {"dialogic_spell", "Number of the episode's dialogic spell that it belongs to", "number",
-           [](const TidyRow& row, int, Cells& cells) {
-             const auto spell =
-                 std::ranges::lower_bound(row.spells, row.number, {}, &DialogicSpell::last);
-             const auto number = static_cast<std::int16_t>(spell - row.spells.begin() + 1);
-             WriteCode(spell != row.spells.end() && spell->first <= row.number, number, cells);
-           }}});
+  Append(
+      columns,
+      {{"normal", "The codes are those of a normal question", ColumnType::code,
+        [](const TidyRow& row, int, Cells& cells) { WriteYesNo(row.question->IsNormal(), cells); },
+        0, YesNoValues()},
+       {"fully_coded", "Nothing is missing of what must be coded", ColumnType::code,
+        [](const TidyRow& row, int, Cells& cells) {
+          WriteYesNo(FindMissingCodes(*row.question).None(), cells);
+        },
+        0, YesNoValues()},
+       {"dialogic_spell", "Number of the episode's dialogic spell that it belongs to",
+        ColumnType::wholeNumber, [](const TidyRow& row, int, Cells& cells) {
+          const auto spell =
+              std::ranges::lower_bound(*row.spells, row.number, {}, &DialogicSpell::last);
+          const auto number = static_cast<std::int16_t>(spell - row.spells->begin() + 1);
+          WriteCode(spell != row.spells->end() && spell->first <= row.number, number, cells);
+        }}});
   return columns;
 }
 
@@ -166,141 +135,146 @@ void WriteSubCode(const TidyRow& row, int code, Cells& cells) {
 }
 
 Columns SegmentColumns() {
-  Columns columns = ObservationColumns();
+  Columns columns = EpisodeNumberColumns();
   Append(columns,
-         {{"segment", "Number of the segment in the episode", "number", WriteNumber},
-          {"activity", "Activity", "code",
+         {{"segment", "Number of the segment in the episode", ColumnType::wholeNumber, WriteNumber},
+          {"activity", "Activity", ColumnType::code,
            [](const TidyRow& row, int, Cells& cells) {
              cells.Number(std::int64_t{row.segment->activityNum});
            },
            0, ActivityValues()},
-          {"seconds", "Length in seconds", "number",
+          {"seconds", "Length in seconds", ColumnType::wholeNumber,
            [](const TidyRow& row, int, Cells& cells) {
              cells.Seconds(static_cast<double>(row.segment->duration));
            }},
-          {"about", "What the activity was about", "text",
+          {"about", "What the activity was about", ColumnType::text,
            [](const TidyRow& row, int, Cells& cells) { cells.Text(row.segment->aboutdata); }}});
   for (const SubCodeScheme& code : kSubCodes) {
-    columns.push_back({std::string(code.name), std::string(code.label), "code", WriteSubCode,
-                       static_cast<int>(code.code), ValuesOf(code.code)});
+    columns.push_back({std::string(code.name), std::string(code.label), ColumnType::code,
+                       WriteSubCode, static_cast<int>(code.code), ValuesOf(code.code)});
   }
   return columns;
 }
 
 void WriteActivitySeconds(const TidyRow& row, int activity, Cells& cells) {
   ActivityTimes times{};
-  AddTimes(row.episode.segments, times);
+  AddTimes(row.episode->segments, times);
   cells.Seconds(times[static_cast<std::size_t>(activity - 1)]);
 }
 
 Columns EpisodeColumns() {
   using C = QuestionCounts;
-  Columns columns = ObservationColumns();
-  Append(columns,
-         {{"description", "Description of the episode", "text",
-           [](const TidyRow& row, int, Cells& cells) { cells.Text(row.episode.Descript); }},
-          {"review",
-           "Mainly review of previously learned material",
-           "code",
-           [](const TidyRow& row, int, Cells& cells) {
-             const std::string& answer = row.episode.bReview;
-             cells.Code(answer == "Y" || answer == "N" ? answer : "");
-           },
-           0,
-           {{"Y", "Yes"}, {"N", "No"}}},
-          {"seconds", "Length in seconds", "number",
-           [](const TidyRow& row, int, Cells& cells) { cells.Seconds(row.episode.duration()); }},
-          {"segments", "Number of segments", "number",
-           [](const TidyRow& row, int, Cells& cells) {
-             cells.Number(std::int64_t{std::ssize(row.episode.segments)});
-           }},
-          {"questions", "Number of questions", "number",
-           [](const TidyRow& row, int, Cells& cells) {
-             cells.Number(std::int64_t{row.episode.nQAs()});
-           }},
-          {"spells", "Number of dialogic spells", "number",
-           [](const TidyRow& row, int, Cells& cells) {
-             cells.Number(std::int64_t{std::ssize(row.spells)});
-           }},
-          {"offtask", "Mean proportion of students off task; only known with questions", "number",
-           [](const TidyRow& row, int, Cells& cells) {
-             if (row.episode.questions.empty()) {
-               cells.Missing();
-             } else {
-               cells.Number(row.episode.offtask);
-             }
-           }},
-          {"teacher_questions", "Teacher questions", "number", WriteCount<&C::teacher>},
-          {"student_questions", "Student questions", "number", WriteCount<&C::student>},
-          {"authentic_teacher", "Authentic teacher questions", "number",
-           WriteCount<&C::authenticTeacher>},
-          {"authentic_student", "Authentic student questions", "number",
-           WriteCount<&C::authenticStudent>},
-          {"unanswered", "Questions without a response", "number", WriteCount<&C::unanswered>},
-          {"test_uptake", "Questions with test uptake", "number", WriteCount<&C::uptakeTest>},
-          {"normal_questions",
-           "Questions with the normal source, response, authenticity, uptake and cognitive level",
-           "number", WriteCount<&C::allDefault>},
-          {"higher_order", "Higher-order questions", "number",
-           [](const TidyRow& row, int, Cells& cells) {
-             cells.Number(std::int64_t{
-                 std::ranges::count(row.episode.questions, "H", &questionInfo::strCogLev)});
-           }}});
+  Columns columns = EpisodeNumberColumns();
+  Append(
+      columns,
+      {{"description", "Description of the episode", ColumnType::text,
+        [](const TidyRow& row, int, Cells& cells) { cells.Text(row.episode->Descript); }},
+       {"review",
+        "Mainly review of previously learned material",
+        ColumnType::code,
+        [](const TidyRow& row, int, Cells& cells) {
+          const std::string& answer = row.episode->bReview;
+          cells.Code(answer == "Y" || answer == "N" ? answer : "");
+        },
+        0,
+        {{"Y", "Yes"}, {"N", "No"}}},
+       {"seconds", "Length in seconds", ColumnType::wholeNumber,
+        [](const TidyRow& row, int, Cells& cells) { cells.Seconds(row.episode->duration()); }},
+       {"segments", "Number of segments", ColumnType::wholeNumber,
+        [](const TidyRow& row, int, Cells& cells) {
+          cells.Number(std::int64_t{std::ssize(row.episode->segments)});
+        }},
+       {"questions", "Number of questions", ColumnType::wholeNumber,
+        [](const TidyRow& row, int, Cells& cells) {
+          cells.Number(std::int64_t{row.episode->nQAs()});
+        }},
+       {"spells", "Number of dialogic spells", ColumnType::wholeNumber,
+        [](const TidyRow& row, int, Cells& cells) {
+          cells.Number(std::int64_t{std::ssize(*row.spells)});
+        }},
+       {"offtask", OfftaskLabel("only known with questions"), ColumnType::number,
+        [](const TidyRow& row, int, Cells& cells) {
+          if (row.episode->questions.empty()) {
+            cells.Missing();
+          } else {
+            cells.Number(row.episode->offtask);
+          }
+        }},
+       {"teacher_questions", "Teacher questions", ColumnType::wholeNumber, WriteCount<&C::teacher>},
+       {"student_questions", "Student questions", ColumnType::wholeNumber, WriteCount<&C::student>},
+       {"authentic_teacher", "Authentic teacher questions", ColumnType::wholeNumber,
+        WriteCount<&C::authenticTeacher>},
+       {"authentic_student", "Authentic student questions", ColumnType::wholeNumber,
+        WriteCount<&C::authenticStudent>},
+       {"unanswered", "Questions without a response", ColumnType::wholeNumber,
+        WriteCount<&C::unanswered>},
+       {"test_uptake", "Questions with test uptake", ColumnType::wholeNumber,
+        WriteCount<&C::uptakeTest>},
+       {"default_questions",
+        "Questions whose source, response, authenticity, uptake and cognitive level are T, Y, N, N "
+        "and R; `normal` asks for more",
+        ColumnType::wholeNumber, WriteCount<&C::allDefault>},
+       {"higher_order", "Higher-order questions", ColumnType::wholeNumber,
+        [](const TidyRow& row, int, Cells& cells) {
+          cells.Number(std::int64_t{
+              std::ranges::count(row.episode->questions, "H", &questionInfo::strCogLev)});
+        }}});
   for (const Activity& activity : kActivities) {
     columns.push_back({"seconds_" + TwoDigits(activity.number),
-                       "Seconds of " + std::string(activity.name), "number", WriteActivitySeconds,
-                       activity.number});
+                       "Seconds of " + std::string(activity.name), ColumnType::wholeNumber,
+                       WriteActivitySeconds, activity.number});
   }
   return columns;
 }
 
 }  // namespace
 
-const std::vector<TidyColumn>& ColumnsOf(TidyTable table) {
-  static const Columns questions = QuestionColumns();
-  static const Columns segments = SegmentColumns();
-  static const Columns episodes = EpisodeColumns();
-  switch (table) {
-    case TidyTable::questions:
-      return questions;
-    case TidyTable::segments:
-      return segments;
-    case TidyTable::episodes:
+std::string_view NameOf(ColumnType type) {
+  switch (type) {
+    case ColumnType::text:
+      return "text";
+    case ColumnType::wholeNumber:
+    case ColumnType::number:
+      return "number";
+    case ColumnType::date:
+      return "date";
+    case ColumnType::time:
+      return "time";
+    case ColumnType::code:
       break;
   }
-  return episodes;
+  return "code";
 }
 
-void ForEachRow(TidyTable table, std::string_view file, const EpsObservation& observation,
-                const std::function<void(const TidyRow&)>& take) {
-  int episodeNumber = 0;
-  for (const Episode& episode : observation.Episodes) {
-    const auto spells = FindDialogicSpells(episode.questions);
-    TidyRow row = {.file = file,
-                   .header = observation.header,
-                   .episode = episode,
-                   .spells = spells,
-                   .episodeNumber = ++episodeNumber};
-    switch (table) {
-      case TidyTable::questions:
-        for (const questionInfo& question : episode.questions) {
-          row.question = &question;
-          ++row.number;
-          take(row);
-        }
-        break;
-      case TidyTable::segments:
-        for (const SegmentData& segment : episode.segments) {
-          row.segment = &segment;
-          ++row.number;
-          take(row);
-        }
-        break;
-      case TidyTable::episodes:
-        take(row);
-        break;
-    }
+bool TidyColumn::IsNumeric() const {
+  if (type == ColumnType::code)
+    return values.front().value.find_first_not_of("0123456789") == std::string::npos;
+  return type == ColumnType::wholeNumber || type == ColumnType::number;
+}
+
+const Columns& ColumnsOf(TidyTable table) {
+  static const Columns observations = ClassColumns();
+  static const Columns survey = SurveyColumns();
+  static const Columns episodes = EpisodeColumns();
+  static const Columns segments = SegmentColumns();
+  static const Columns questions = QuestionColumns();
+  switch (table) {
+    case TidyTable::observations:
+      return observations;
+    case TidyTable::survey:
+      return survey;
+    case TidyTable::episodes:
+      return episodes;
+    case TidyTable::segments:
+      return segments;
+    case TidyTable::questions:
+      break;
   }
+  return questions;
+}
+
+void WriteRow(TidyTable table, const TidyRow& row, Cells& cells) {
+  for (const TidyColumn& column : ColumnsOf(table)) column.write(row, column.argument, cells);
 }
 
 }  // namespace orvex

@@ -31,8 +31,11 @@ struct Describe {
            " to " + r.output.string() + (r.keepGoing ? " keep going" : "");
   }
   std::string operator()(const TableCommand& r) const {
-    return std::string(NameOf(r.table)) + Joined(r.sources) + " to " + r.output.string() +
-           (r.codebook ? " codebook" : "");
+    std::string text;
+    for (const TidyTable table : r.tables) text += std::string(NameOf(table)) + " ";
+    for (const auto& source : r.sources) text += source.string() + " ";
+    text += "to " + r.output.string() + (r.sqlite ? " in sqlite" : "");
+    return text + (r.codebook ? " with " + CodebookFileName(r.tables[0], *r.codebook) : "");
   }
 };
 
@@ -64,7 +67,19 @@ TEST(CommandLine, IsReadAsWhatItAsksFor) {
       {"export epsdata LIST.TXT --codebook", "mistake"},
       {"export --help", "text Usage:"},
       {"table questions LIST.TXT", "questions LIST.TXT to "},
-      {"table segments L.TXT --codebook --output=out", "segments L.TXT to out codebook"},
+      {"table segments L.TXT --codebook --output=out",
+       "segments L.TXT to out with segments-codebook.csv"},
+      {"--codebook table segments r", "segments r to  with segments-codebook.csv"},
+      {"table survey --codebook r DATA", "survey DATA to  with survey.R"},
+      {"table survey DATA --codebook=spss", "survey DATA to  with survey.sps"},
+      {"table survey DATA --codebook=sas", "mistake"},
+      {"table all A B --format csv", "observations survey episodes segments questions A B to "},
+      {"table all A --format sqlite",
+       "observations survey episodes segments questions A to  in sqlite"},
+      {"table all A --format xml", "mistake"},
+      {"table questions A --format sqlite", "mistake"},
+      {"table all A --format sqlite --codebook r", "mistake"},
+      {"table all", "mistake"},
       {"table --help", "text Usage:"},
       {"check a.eps b.sur", "check a.eps b.sur"},
       {"check -", "check -"},

@@ -136,9 +136,11 @@ TEST(Commands, TableAndCodebookNeverTakeThePlaceOfTheList) {
   Kept kept;
   for (const char* name : {"questions.csv", "questions-codebook.csv"}) {
     test::PutFile(folder / name, "17-17-7\n");
-    EXPECT_EQ(
-        RunTable(TableCommand{.sources = {folder / name}, .codebook = true}, storage, kept.console),
-        kFailed);
+    EXPECT_EQ(RunTable(TableCommand{.tables = {TidyTable::questions},
+                                    .sources = {folder / name},
+                                    .codebook = CodebookKind::csv},
+                       storage, kept.console),
+              kFailed);
     EXPECT_EQ(kept.Take(kept.err, folder.Path()),
               name + std::string(": this is the list, which the table would replace\n"));
     EXPECT_EQ(test::FileBytes(folder / name), "17-17-7\n");

@@ -192,7 +192,7 @@ QJsonObject OlderEpisode(const QJsonObject& report, const QJsonValue& row, const
   }
   QJsonArray counts;
   for (const char* name : {"authentic_teacher", "authentic_student", "teacher_questions",
-                           "student_questions", "unanswered", "test_uptake", "normal_questions"}) {
+                           "student_questions", "unanswered", "test_uptake", "default_questions"}) {
     counts.append(At(row, name));
   }
   QJsonObject plot;

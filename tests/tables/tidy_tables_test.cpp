@@ -13,6 +13,7 @@
 #include "store/storage.h"
 #include "support/sample_manifest.h"
 #include "support/test_folder.h"
+#include "tables/codebook.h"
 #include "tables/csv.h"
 
 namespace orvex {
@@ -168,10 +169,10 @@ TEST(TidyTables, TellOfEveryQuestionSegmentAndEpisode) {
 }
 
 TEST(TidyTables, HaveACodebookOfTheirVariables) {
-  for (const TidyTable table : {TidyTable::questions, TidyTable::segments, TidyTable::episodes}) {
+  for (const TidyTable table : kTidyTables) {
     const std::string header = TidyTableKind(table).header;
     std::string names;
-    for (const Row& row : ReadCsv(Codebook(table))) {
+    for (const Row& row : ReadCsv(Codebook(table, CodebookKind::csv, ""))) {
       const std::string& name = row.at("variable");
       EXPECT_FALSE(row.at("label").empty()) << name;
       EXPECT_EQ(name.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789_"), std::string::npos)
@@ -182,19 +183,17 @@ TEST(TidyTables, HaveACodebookOfTheirVariables) {
   }
 }
 
-/// Makes all three tables from the odd samples.
+/// Makes all tables from the odd samples.
 void MakeTables(const fs::path& folder) {
   std::ostringstream out;
   std::ostringstream err;
   const Console console{.out = out, .err = err, .interrupted = {}};
   Storage storage;
-  for (const TidyTable table : {TidyTable::questions, TidyTable::segments, TidyTable::episodes}) {
-    const TableCommand command = {.table = table,
-                                  .sources = {test::SamplesFolder() / "odd" / "LIST.TXT"},
-                                  .output = folder,
-                                  .codebook = true};
-    EXPECT_EQ(RunTable(command, storage, console), kDone) << err.str();
-  }
+  const TableCommand command = {.tables = {kTidyTables.begin(), kTidyTables.end()},
+                                .sources = {test::SamplesFolder() / "odd" / "LIST.TXT"},
+                                .output = folder,
+                                .codebook = CodebookKind::csv};
+  EXPECT_EQ(RunTable(command, storage, console), kDone) << err.str();
 }
 
 /// Runs a script that reads the tables in `folder`. Its sums must match those of EPSDATA.TXT, which
@@ -223,7 +222,11 @@ TEST(TidyTables, AreReadByPandas) {
   MakeTables(folder.Path());
   ExpectScriptAgrees(python, R"(
 import sys, pandas as pd
-t = {n: pd.read_csv(n + '.csv', keep_default_na=False, na_values=['']) for n in ('questions', 'segments', 'episodes')}
+t = {}
+for n in ('observations', 'survey', 'episodes', 'segments', 'questions'):
+    book = pd.read_csv(n + '-codebook.csv', keep_default_na=False)
+    texts = dict.fromkeys(book.variable[book.type != 'number'], str)
+    t[n] = pd.read_csv(n + '.csv', keep_default_na=False, na_values=[''], dtype=texts)
 old = pd.read_csv(sys.argv[1], header=None)
 q, s, e = t['questions'], t['segments'], t['episodes']
 assert len(e) == len(old), (len(e), len(old))
@@ -231,11 +234,13 @@ assert list(e.episode) == list(old[3])
 assert list(e.seconds_01) == list(old[4])
 assert list(e.teacher_questions) == list(old[31])
 assert list(e.higher_order) == list(old[37])
-assert list(e.normal_questions) == list(old[35])
+assert list(e.default_questions) == list(old[35])
 assert e.seconds.sum() == s.seconds.sum()
 assert e.questions.sum() == len(q) and e.segments.sum() == len(s)
 key = ['file', 'episode']
 assert (q[q.cognitive_level == 'H'].groupby(key).size().sum()) == old[37].sum()
+assert t['observations'].questions.sum() == len(q) and t['observations'].not_fully_coded.sum() == sum(q.fully_coded == '0')
+assert set(t['survey'].s03_flexibility.dropna()) <= set('0129') and len(t['survey']) == len(t['observations'])
 assert pd.to_datetime(e.date, format='%Y-%m-%d').notna().any()
 for n, f in t.items():
     book = pd.read_csv(n + '-codebook.csv', keep_default_na=False, dtype=str)
@@ -252,7 +257,7 @@ TEST(TidyTables, AreReadByR) {
   MakeTables(folder.Path());
   ExpectScriptAgrees("Rscript", R"(
 old <- read.csv(commandArgs(TRUE)[1], header = FALSE)
-read <- function(n) read.csv(paste0(n, ".csv"), na.strings = "", fileEncoding = "UTF-8")
+read <- function(n) read.csv(paste0(n, ".csv"), na.strings = "", encoding = "UTF-8")
 q <- read("questions"); s <- read("segments"); e <- read("episodes")
 stopifnot(nrow(e) == nrow(old), e$episode == old$V4, e$seconds_01 == old$V5,
           e$teacher_questions == old$V32, e$higher_order == old$V38,

@@ -36,7 +36,7 @@ QGroupBox* CheckLists::BuildGroup(int group, int columns) {
   const int count = static_cast<int>(scheme.items.size());
   const int rows = (count + columns - 1) / columns;
   for (int item = 0; item < count; ++item) {
-    auto* box = new QCheckBox(ToQt(scheme.items[static_cast<std::size_t>(item)]));
+    auto* box = new QCheckBox(ToQt(scheme.items[static_cast<std::size_t>(item)].text));
     box->setObjectName(QStringLiteral("Check%1_%2").arg(group + 1).arg(item));
     box->setAccessibleDescription(frame->title());
     items->addWidget(box, item % rows, item / rows);

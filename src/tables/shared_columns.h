@@ -1,0 +1,21 @@
+#pragma once
+
+#include "tables/tidy_columns.h"
+
+namespace orvex {
+
+/// The columns that say which observation a row belongs to, of a table made from episode files and
+/// of the survey's table.
+Columns ObservationColumns();
+Columns SurveyObservationColumns();
+
+/// A yes-or-no code, and what it stands for.
+void WriteYesNo(bool yes, Cells& cells);
+std::vector<ValueLabel> YesNoValues();
+
+/// What is known of the proportions of students off task whose column's label this is.
+std::string OfftaskLabel(std::string_view what);
+
+void Append(Columns& columns, Columns more);
+
+}  // namespace orvex
