@@ -94,9 +94,9 @@ class Parser {
 QCommandLineOption OutputOption() {
   return {
       QStringLiteral("output"),
-      QStringLiteral("Writes into this folder. Otherwise a table goes into the folder that is the "
-                     "source, or that holds the list; from several sources, files and '-' into "
-                     "the current one."),
+      QStringLiteral("Writes into this folder, or with '-' to the standard output. Otherwise a "
+                     "table goes into the folder that is the source, or that holds the list; from "
+                     "several sources, files and '-' into the current one."),
       QStringLiteral("DIR")};
 }
 
@@ -232,6 +232,9 @@ Request ReadTable(const QStringList& arguments) {
   }
   if (options.sqlite && options.codebook) {
     return mistake(QStringLiteral("A database has its codebook in it: leave '--codebook' out."));
+  }
+  if (options.output == kStandardOutput && (options.tables.size() > 1 || options.codebook)) {
+    return mistake(QStringLiteral("The standard output takes one table, without a codebook."));
   }
   return options;
 }

@@ -123,15 +123,26 @@ ExitCode Make(TableExport& table, const Console& console, Notes told = Notes::ar
     console.err << "There are no rows. " << WithoutNewTable(table.Table()) << "\n";
     return kFailed;
   }
-  console.out << Printable(table.Table().native()) << ": " << Counted(table.Rows(), "row")
-              << " from " << Counted(table.Files(), "file")
-              << (table.LastInPart() ? ", the last in part" : "") << "\n";
+  if (!table.Table().empty()) {
+    console.out << Printable(table.Table().native()) << ": " << Counted(table.Rows(), "row")
+                << " from " << Counted(table.Files(), "file")
+                << (table.LastInPart() ? ", the last in part" : "") << "\n";
+  }
   if (table.Done() < table.Count()) {
     console.err << "The table ends there. Files not read: " << table.Count() - table.Done()
                 << ".\n";
   }
   if (bad == 0) return kDone;
   return table.Ended() || table.Files() == 0 ? kFailed : kFound;
+}
+
+TableExport ExportTo(const std::filesystem::path& folder, TableKind kind, FileList files,
+                     BadFile badFile, Storage& storage, const Console& console) {
+  if (folder == kStandardOutput) {
+    return {console.out, std::move(kind), std::move(files), badFile};
+  }
+  std::filesystem::path path = folder / kind.fileName;
+  return {storage, std::move(kind), std::move(files), std::move(path), badFile};
 }
 
 /// Runs `command`. Writes why and returns `kFailed` when it throws FileError.
@@ -149,7 +160,8 @@ ExitCode MakeTidyTable(TidyTable tidy, FileList files, std::optional<CodebookKin
                        const Console& console, Notes told) {
   const TableKind kind = TidyTableKind(tidy);
   if (codebook) RequireNoSource(folder / CodebookFileName(tidy, *codebook), files);
-  TableExport table(storage, kind, std::move(files), folder / kind.fileName, BadFile::isSkipped);
+  TableExport table =
+      ExportTo(folder, kind, std::move(files), BadFile::isSkipped, storage, console);
   const ExitCode code = Make(table, console, told);
   if (codebook && code != kFailed) {
     const std::filesystem::path path = folder / CodebookFileName(tidy, *codebook);
@@ -200,9 +212,9 @@ ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console
     if (!sources) return kFailed;
     auto files = FilesToJoin(kind, *sources, console);
     if (!files) return kFailed;
-    const std::filesystem::path path = TableFolder(*sources, command.output) / kind.fileName;
-    TableExport table(storage, kind, *std::move(files), path,
-                      command.keepGoing ? BadFile::isSkipped : BadFile::endsTheTable);
+    TableExport table =
+        ExportTo(TableFolder(*sources, command.output), kind, *std::move(files),
+                 command.keepGoing ? BadFile::isSkipped : BadFile::endsTheTable, storage, console);
     return Make(table, console);
   });
 }

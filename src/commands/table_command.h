@@ -13,12 +13,16 @@ namespace orvex {
 
 class Storage;
 
+/// The name that stands for the standard output where a folder for a table is named.
+inline constexpr const char* kStandardOutput = "-";
+
 /// `orvex export`: makes EPSDATA.TXT or SURDATA.TXT.
 struct ExportCommand {
   ExportKind kind = ExportKind::epsData;
   std::vector<std::filesystem::path> sources = {};  ///< folders, lists, files, "-"
-  /// The folder for the table. If it is empty, the table goes into the folder that is the only
-  /// source, or that of the list that is; otherwise into the current folder.
+  /// The folder for the table, or kStandardOutput. If it is empty, the table goes into
+  /// the folder that is the only source, or that of the list that is; otherwise into the current
+  /// folder.
   std::filesystem::path output = {};
   bool keepGoing = false;  ///< skip bad files instead of ending the table at the first one
 };

@@ -55,6 +55,13 @@ TableExport::TableExport(Storage& storage, TableKind kind, FileList list, fs::pa
                        : std::make_unique<TextTable>(storage, table_, kind_.header)),
       reading_(Count(), [this](std::size_t file) { return RowsOf(file); }) {}
 
+TableExport::TableExport(std::ostream& stream, TableKind kind, FileList list, BadFile badFile)
+    : kind_(std::move(kind)),
+      list_(std::move(list)),
+      badFile_(badFile),
+      file_(std::make_unique<StreamTable>(stream, kind_.header)),
+      reading_(Count(), [this](std::size_t file) { return RowsOf(file); }) {}
+
 FileRows TableExport::RowsOf(std::size_t file) const {
   const ListedFile& listed = list_.files[file];
   FileRows rows;
@@ -99,6 +106,7 @@ void RequireNoSource(const fs::path& table, const FileList& list) {
 }
 
 std::string WithoutNewTable(const fs::path& table) {
+  if (table.empty()) return "The table ends there.";
   const std::string name = table.filename().string();
   std::error_code unknown;
   return fs::exists(table, unknown) ? "The earlier " + name + " stays as it was."

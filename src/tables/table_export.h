@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <iosfwd>
 #include <memory>
 #include <string>
 
@@ -53,6 +54,10 @@ class TableExport {
   TableExport(Storage& storage, TableKind kind, FileList list, std::filesystem::path table,
               BadFile badFile);
 
+  /// Writes the table to `stream`, from where it cannot be taken back. Only for kinds of text.
+  TableExport(std::ostream& stream, TableKind kind, FileList list, BadFile badFile);
+
+  /// The table's file; empty for a stream.
   const std::filesystem::path& Table() const { return table_; }
   const FileList& List() const { return list_; }
   /// How many files have been processed.
@@ -78,6 +83,7 @@ class TableExport {
 
  private:
   FileRows RowsOf(std::size_t file) const;
+
   TableKind kind_;
   FileList list_;
   std::filesystem::path table_;
@@ -96,7 +102,7 @@ class TableExport {
 void RequireNoSource(const std::filesystem::path& table, const FileList& list);
 
 /// A sentence that says what is there when no new table was stored: "The earlier EPSDATA.TXT stays
-/// as it was."
+/// as it was." `table` may be empty, for a stream.
 std::string WithoutNewTable(const std::filesystem::path& table);
 
 }  // namespace orvex
