@@ -66,19 +66,21 @@ std::filesystem::path TableFolder(const FileList& list, const std::filesystem::p
 /// What is to be told of the files and the list: all, or nothing again that another table told.
 enum class Notes { areTold, wereTold };
 
-/// The files of `list` that a table of `kind` is made from. Warns about observations that come
-/// twice. Nothing when a folder has no such file.
+/// The files of `list` that a table of `kind` is made from. Nothing when a folder has no such file.
 std::optional<FileList> FilesToJoin(const TableKind& kind, const FileList& list,
-                                    const Console& console, Notes told = Notes::areTold) {
+                                    const Console& console) {
   FileList files = FilesFor(kind, list);
   if (!HasFiles(files, WordsFor(kind.files), console)) return std::nullopt;
-  if (told == Notes::wereTold) return files;
-  for (const Repeat& repeat : RepeatsIn(files)) {
+  return files;
+}
+
+/// Warns about observations that come twice.
+void TellRepeats(const FileList& list, const Console& console) {
+  for (const Repeat& repeat : RepeatsIn(list)) {
     const ListedFile& file = *repeat.file;
-    const auto& path = file.line > 0 ? files.SourceOf(file).path : file.path;
+    const auto& path = file.line > 0 ? list.SourceOf(file).path : file.path;
     console.err << Warning(path, file.line, repeat.text).Text() << "\n";
   }
-  return files;
 }
 
 /// The surveys of `list` as far as there are some.
@@ -101,6 +103,7 @@ void TellNotes(const FileNotes& notes, const std::string& place, const Console& 
 /// Makes a table. `kFailed` when the table was not stored or stops before the end of the list;
 /// `kFound` when bad files were left out.
 ExitCode Make(TableExport& table, const Console& console, Notes told = Notes::areTold) {
+  if (told == Notes::areTold) TellRepeats(table.List(), console);  // while the files are read
   Progress progress(console);
   std::size_t bad = 0;
   while (!table.Finished()) {
@@ -192,7 +195,7 @@ ExitCode MakeTidyTables(const TableCommand& command, const FileList& sources,
     const TableKind kind = TidyTableKind(tidy);
     const bool ofSurveys = kind.files == FileKind::survey;
     auto files = several && ofSurveys ? std::optional(SurveysThatAreThere(sources))
-                                      : FilesToJoin(kind, sources, console, told);
+                                      : FilesToJoin(kind, sources, console);
     if (!files) return kFailed;
     const ExitCode made =
         MakeTidyTable(tidy, *std::move(files), command.codebook, folder, storage, console,
