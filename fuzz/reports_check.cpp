@@ -41,11 +41,9 @@ std::string ReportsOf(const EpsObservation& observation) {
 }
 
 /// The observation's rows in the tables for statistics programs.
-std::string TablesOf(const EpsObservation& observation) {
+std::string TablesOf(const ObservationContent& observation) {
   std::string rows;
-  for (const auto table : {TidyTable::questions, TidyTable::segments, TidyTable::episodes}) {
-    AppendTidyRows(table, "5-12-3", observation, rows);
-  }
+  for (const TidyTable table : kTidyTables) AppendTidyRows(table, observation, rows);
   return rows;
 }
 
@@ -58,20 +56,24 @@ std::ptrdiff_t Lines(std::string_view text) {
 /// Checks that whatever an episode file holds can be reported. Returns the rows of the export.
 std::optional<std::string> CheckReports(std::string_view bytes) {
   Rows rows;
-  const auto observation =
+  ObservationContent observation = {.name = "5-12-3.eps"};
+  observation.episodes =
       Accepted(bytes, [&](std::string_view file) { return ParseEps(std::string(file), rows); });
-  if (!observation) return std::nullopt;
-  std::ptrdiff_t records = std::ssize(observation->Episodes);
+  if (!observation.episodes) return std::nullopt;
+  const EpisodeList& episodes = observation.episodes->Episodes;
+  std::ptrdiff_t records = std::ssize(episodes);
   Require(Lines(rows.text) == records, "an episode has one row");
-  for (const Episode& episode : observation->Episodes) {
+  for (const Episode& episode : episodes) {
     records += std::ssize(episode.segments) + std::ssize(episode.questions);
   }
-  const std::string tables = TablesOf(*observation);
-  Require(Lines(tables) == records, "whatever a row holds, it is one line of a table");
-  const std::string json = ObservationJson("5-12-3.eps", *observation, std::nullopt);
+  const std::string tables = TablesOf(observation);
+  constexpr std::ptrdiff_t kRowOfTheClass = 1;
+  Require(Lines(tables) == records + kRowOfTheClass,
+          "whatever a row holds, it is one line of a table");
+  const std::string json = ObservationJson(observation);
   Require(std::ranges::none_of(json, [](char c) { return c >= 0 && c < ' '; }),
           "JSON has no control characters");
-  Require(Decode(ReportsOf(*observation) + tables + json).encoding == Encoding::utf8,
+  Require(Decode(ReportsOf(*observation.episodes) + tables + json).encoding == Encoding::utf8,
           "reports are UTF-8");
   return rows.text;
 }

@@ -9,7 +9,7 @@ namespace orvex {
 
 /// What a file contributes to a table.
 struct FileRows {
-  std::string text;              ///< of a text file: whole rows, with their line ends
+  std::string text;                ///< of a text file: whole rows, with their line ends
   ObservationContent observation;  ///< of a database: what its rows are made of
   FileNotes notes;
 };

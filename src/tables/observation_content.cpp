@@ -6,7 +6,8 @@
 
 namespace orvex {
 
-void ReadEpisodeFile(const std::filesystem::path& file, FileNotes& notes, ObservationContent& files) {
+void ReadEpisodeFile(const std::filesystem::path& file, FileNotes& notes,
+                     ObservationContent& files) {
   ReadingWithWarnings events(notes.WarnsOf(FileWarning::About::content));
   files.episodes = ReadEpsFile(file, events);
   files.log = ReadLogFacts(Companion(file, FileKind::sessionLog));
@@ -14,7 +15,8 @@ void ReadEpisodeFile(const std::filesystem::path& file, FileNotes& notes, Observ
                      notes.WarnsOf(FileWarning::About::name));
 }
 
-void ReadSurveyFile(const std::filesystem::path& file, FileNotes& notes, ObservationContent& files) {
+void ReadSurveyFile(const std::filesystem::path& file, FileNotes& notes,
+                    ObservationContent& files) {
   files.hasSurvey = true;
   files.survey = ReadSurFile(file);
   WarnOfOtherNumbers(file, files.survey->identity, notes.WarnsOf(FileWarning::About::name));

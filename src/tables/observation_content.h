@@ -23,7 +23,8 @@ struct ObservationContent {
 // These read into `files`, note what is doubtful, and throw FileError and FormatError.
 
 /// Reads an episode file, and the session log that belongs to it.
-void ReadEpisodeFile(const std::filesystem::path& file, FileNotes& notes, ObservationContent& files);
+void ReadEpisodeFile(const std::filesystem::path& file, FileNotes& notes,
+                     ObservationContent& files);
 void ReadSurveyFile(const std::filesystem::path& file, FileNotes& notes, ObservationContent& files);
 
 /// Reads the survey that belongs to an episode file, if there is one. One that cannot be read

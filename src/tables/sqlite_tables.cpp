@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
 #include "model/wording.h"
@@ -74,8 +73,7 @@ void ReadObservation(const std::filesystem::path& file, const std::string& name,
   ObservationContent& files = rows.observation;
   files.name = name;
   const std::filesystem::path survey = Companion(file, FileKind::survey);
-  std::error_code unknown;
-  if (survey.empty() || std::filesystem::exists(file, unknown)) {
+  if (survey.empty() || !Companion(file, FileKind::episodes).empty()) {
     rows.notes.problem = ProblemOf(file, [&] { ReadEpisodeFile(file, rows.notes, files); });
   }
   if (survey.empty()) return;

@@ -35,6 +35,14 @@ std::string_view NameOf(TidyTable table) {
   return "questions";
 }
 
+void AppendTidyRows(TidyTable table, const ObservationContent& observation, std::string& rows) {
+  Csv csv(rows);
+  ForEachRow(table, observation, [&](const TidyRow& row) {
+    WriteRow(table, row, csv);
+    csv.EndLine();
+  });
+}
+
 TableKind TidyTableKind(TidyTable table) {
   const bool isOfSurveys = table == TidyTable::survey;
   const auto append = [table, isOfSurveys](const std::filesystem::path& file,
@@ -46,11 +54,7 @@ TableKind TidyTableKind(TidyTable table) {
       ReadEpisodeFile(file, rows.notes, files);
       if (table == TidyTable::observations) ReadSurveyOf(file, rows.notes, files);
     }
-    Csv csv(rows.text);
-    ForEachRow(table, files, [&](const TidyRow& row) {
-      WriteRow(table, row, csv);
-      csv.EndLine();
-    });
+    AppendTidyRows(table, files, rows.text);
   };
   return {.fileName = std::string(NameOf(table)) + ".csv",
           .files = isOfSurveys ? FileKind::survey : FileKind::episodes,

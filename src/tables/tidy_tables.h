@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "tables/observation_content.h"
 #include "tables/table_export.h"
 
 namespace orvex {
@@ -18,6 +19,9 @@ inline constexpr std::array kTidyTables = {TidyTable::observations, TidyTable::s
 
 /// The table's name on the command line and in file names: "questions".
 std::string_view NameOf(TidyTable table);
+
+/// Appends the rows of an observation, with their line ends.
+void AppendTidyRows(TidyTable table, const ObservationContent& observation, std::string& rows);
 
 /// The kind of table that joins episode or survey files into "questions.csv" or its siblings.
 TableKind TidyTableKind(TidyTable table);
