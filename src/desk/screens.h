@@ -1,6 +1,8 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 namespace orvex {
 
@@ -35,6 +37,20 @@ enum class ExportKind { epsData, surData };
 /// What happens, when a file is opened, to changes that are kept of it: the user is asked, or they
 /// are taken up at once.
 enum class Kept { areOffered, areTakenUp };
+
+/// An observation of a study, as tables are made of it.
+struct StudyObservation {
+  std::string name;                ///< what tables call it
+  std::filesystem::path episodes;  ///< its episode file; empty where there is none
+  std::filesystem::path survey;    ///< its survey file; empty where there is none
+};
+
+/// The observations that the study shows, and those that are selected among them.
+struct StudySelection {
+  std::filesystem::path folder;  ///< the study's, where tables go unless another one was chosen
+  std::vector<StudyObservation> shown;
+  std::vector<StudyObservation> selected;
+};
 
 /// How the logic moves between forms without knowing them.
 class Screens {
@@ -85,6 +101,8 @@ class Screens {
   virtual bool ShowReport(const std::filesystem::path& file, Screen report) = 0;
   /// Shows a session log. Returns when the user closes it.
   virtual void ShowLog(const std::filesystem::path& file) = 0;
+  /// Lets the user make tables of observations of the study. Returns when the dialog is closed.
+  virtual void ShowTables(const StudySelection& selection) = 0;
   /// Edits a field-notes file in the notes dialog. Returns when the dialog is closed.
   virtual void ShowFieldNotes(const std::filesystem::path& file, Kept kept) = 0;
 };

@@ -257,6 +257,11 @@ constexpr std::array<Row, kCount> kTexts = {{
     {Text::problemAt, "Line %1 of %2: %3: %4.\n%5"},
     {Text::problemAtLine, "Line %1 of %2: %3, line %4: %5.\n%6"},
     {Text::rowsWritten, "%1 holds the %2 written so far."},
+    {Text::tableWithoutFiles, "%1 was not made: there is no %2."},
+    {Text::tableProgress, "%1: %2 of %3"},
+    {Text::tableMade, "%1: %2 from %3"},
+    {Text::filesLeftOut, "Files that could not be read are left out:"},
+    {Text::filesDoubtful, "Files whose rows are worth a look:"},
 
     // The study.
     {Text::problemInFile, "%1: %2"},

@@ -237,6 +237,11 @@ enum class Text {
   problemAt,
   problemAtLine,
   rowsWritten,
+  tableWithoutFiles,
+  tableProgress,
+  tableMade,
+  filesLeftOut,
+  filesDoubtful,
 
   // The study.
   problemInFile,

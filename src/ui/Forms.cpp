@@ -20,6 +20,7 @@
 #include "survey/load_survey.h"
 #include "ui/OnceInUse.h"
 #include "ui/forms/dlgLog.h"
+#include "ui/forms/dlgTables.h"
 #include "ui/forms/frmAboutInputBox.h"
 #include "ui/forms/frmClassAct.h"
 #include "ui/forms/frmClassEdit.h"
@@ -307,6 +308,10 @@ void Forms::ShowLog(const std::filesystem::path& file) {
   } catch (const FileError& error) {
     services_.prompter.Tell(Say(Text::fileUnreadable), error.what());
   }
+}
+
+void Forms::ShowTables(const StudySelection& selection) {
+  dlgTables(services_, selection, tablesChoice_, QApplication::activeWindow()).exec();
 }
 
 void Forms::ShowFieldNotes(const std::filesystem::path& file, Kept kept) {

@@ -11,6 +11,7 @@
 
 #include "desk/screens.h"
 #include "desk/services.h"
+#include "tables/study_tables.h"
 #include "ui/ReportForms.h"
 
 namespace orvex {
@@ -43,6 +44,7 @@ class Forms : public Screens {
   bool ShowFirstGap(const std::filesystem::path& file) override;
   bool ShowReport(const std::filesystem::path& file, Screen report) override;
   void ShowLog(const std::filesystem::path& file) override;
+  void ShowTables(const StudySelection& selection) override;
   void ShowFieldNotes(const std::filesystem::path& file, Kept kept) override;
 
   /// Keeps all unsaved work and waits until the system has it.
@@ -87,6 +89,7 @@ class Forms : public Screens {
   Services services_;
   bool isEnding_ = false;
   QObject ending_;                         // its destruction ends the connections made here
+  TablesChoice tablesChoice_;              ///< what was chosen last for the tables of a study
   std::optional<ReportSubject> reported_;  ///< the file that ShowReport was given last
   std::map<Screen, LoadedForm> loaded_;
 };

@@ -55,6 +55,10 @@ class RecordingScreens : public Screens {
     moves.push_back("show " + Name(report) + " of " + file.filename().string());
     return episodeFileIsGood;
   }
+  void ShowTables(const StudySelection& selection) override {
+    moves.push_back("show tables of " + std::to_string(selection.selected.size()) + " or " +
+                    std::to_string(selection.shown.size()));
+  }
   void ShowLog(const std::filesystem::path& file) override {
     moves.push_back("show log " + file.filename().string());
   }

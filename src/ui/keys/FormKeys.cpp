@@ -1,10 +1,13 @@
 #include "ui/keys/FormKeys.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QPlainTextEdit>
+#include <QRadioButton>
 #include <QScrollArea>
+#include <QShortcutEvent>
 #include <algorithm>
 #include <utility>
 
@@ -57,6 +60,8 @@ bool FormKeys::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusIn:
       ScrollIntoSight(control, static_cast<QFocusEvent*>(event)->reason());
       return false;
+    case QEvent::Shortcut:
+      return TakeShortcut(control, *static_cast<QShortcutEvent*>(event));
     case QEvent::Wheel:
       if (control->hasFocus() || !qobject_cast<QComboBox*>(control)) return false;
       event->ignore();
@@ -84,6 +89,16 @@ bool FormKeys::TakeKey(QWidget* control, const QKeyEvent& key) const {
   if (special_.shortcuts && special_.shortcuts(key)) return true;
   if (special_.own && special_.own(control, key)) return true;
   return IsEnter(key) && TakeEnter(control);
+}
+
+/// Checks a box or an option at once. Qt would show it pressed for a while first, and a key that
+/// follows quickly would come before the change.
+bool FormKeys::TakeShortcut(QWidget* control, const QShortcutEvent& shortcut) const {
+  const bool isBox = qobject_cast<QCheckBox*>(control) || qobject_cast<QRadioButton*>(control);
+  if (!isBox || shortcut.isAmbiguous()) return false;
+  control->setFocus(Qt::ShortcutFocusReason);
+  static_cast<QAbstractButton*>(control)->click();
+  return true;
 }
 
 bool FormKeys::TakeEnter(QWidget* control) const {

@@ -6,6 +6,7 @@
 #include <vector>
 
 class QAbstractButton;
+class QShortcutEvent;
 class QWidget;
 
 namespace orvex {
@@ -19,9 +20,10 @@ inline bool IsEnter(const QKeyEvent& key) {
 /// button.
 /// Enter presses no button. It moves to the next control if the form names one; only in a box of
 /// several lines does it end a line. Alt with a letter is for buttons: if no button takes it, it
-/// does not type the letter. A control that gets the focus is scrolled into view. Over a list
-/// without the focus, the wheel scrolls the form instead of choosing. PressGuard protects lists
-/// from stale presses. (See CommandButton for the rules of buttons, HeldKeys for keys held down.)
+/// does not type the letter; a check box or an option is checked at once. A control that gets the
+/// focus is scrolled into view. Over a list without the focus, the wheel scrolls the form instead
+/// of choosing. PressGuard protects lists from stale presses. (See CommandButton for the rules of
+/// buttons, HeldKeys for keys held down.)
 class FormKeys : public QObject {
  public:
   /// The exceptions and additions of one form.
@@ -52,6 +54,7 @@ class FormKeys : public QObject {
  private:
   bool TakeOverride(const QWidget* control, QKeyEvent& key) const;
   bool TakeKey(QWidget* control, const QKeyEvent& key) const;
+  bool TakeShortcut(QWidget* control, const QShortcutEvent& shortcut) const;
   bool TakeEnter(QWidget* control) const;
 
   Special special_;
