@@ -60,16 +60,16 @@ bool ReadSurveyOf(const std::filesystem::path& eps, const Console& console,
 /// not be read.
 bool Report(const std::filesystem::path& file, bool json, const std::string& heading,
             const std::string& place, const Console& console) {
-  ObservationContent files = {.name = Decode(file.string()).text};
-  files.episodes = ReadEpisodes(file, place, console);
-  if (!files.episodes) return false;
+  ObservationContent content = {.name = Decode(file.string()).text};
+  content.episodes = ReadEpisodes(file, place, console);
+  if (!content.episodes) return false;
   if (!json) {
-    console.out << heading << ReportText(*files.episodes);
+    console.out << heading << ReportText(*content.episodes);
     return true;
   }
-  const bool whole = ReadSurveyOf(file, console, files.survey);
-  files.log = ReadLogFacts(Companion(file, FileKind::sessionLog));
-  console.out << ObservationJson(files) << "\n";
+  const bool whole = ReadSurveyOf(file, console, content.survey);
+  content.log = ReadLogFacts(Companion(file, FileKind::sessionLog));
+  console.out << ObservationJson(content) << "\n";
   return whole;
 }
 

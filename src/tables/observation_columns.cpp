@@ -103,8 +103,8 @@ void WriteOfftask(const TidyRow& row, int position, Cells& cells) {
 }
 
 void WriteEstimates(const TidyRow& row, int position, Cells& cells) {
-  if (row.files.log) {
-    cells.Number(std::int64_t{row.files.log->estimates[static_cast<std::size_t>(position)]});
+  if (row.content.log) {
+    cells.Number(std::int64_t{row.content.log->estimates[static_cast<std::size_t>(position)]});
   } else {
     cells.Missing();
   }
@@ -161,8 +161,8 @@ Columns EstimateColumns() {
        }}};
   Columns numbers = {{"estimates", "Number of off-task estimates, from the session log",
                       ColumnType::wholeNumber, [](const TidyRow& row, int, Cells& cells) {
-                        if (row.files.log) {
-                          cells.Number(std::int64_t{row.files.log->Estimates()});
+                        if (row.content.log) {
+                          cells.Number(std::int64_t{row.content.log->Estimates()});
                         } else {
                           cells.Missing();
                         }
@@ -184,12 +184,12 @@ Columns EstimateColumns() {
 
 Columns SurveyFileColumns() {
   return {{"survey", "There is a survey", ColumnType::code,
-           [](const TidyRow& row, int, Cells& cells) { WriteYesNo(row.files.hasSurvey, cells); }, 0,
-           YesNoValues()},
+           [](const TidyRow& row, int, Cells& cells) { WriteYesNo(row.content.hasSurvey, cells); },
+           0, YesNoValues()},
           {"statements_open", "Statements of the survey without a rating", ColumnType::wholeNumber,
            [](const TidyRow& row, int, Cells& cells) {
-             if (row.files.survey) {
-               cells.Number(std::int64_t{OpenStatements(row.files.survey->answers)});
+             if (row.content.survey) {
+               cells.Number(std::int64_t{OpenStatements(row.content.survey->answers)});
              } else {
                cells.Missing();
              }

@@ -7,29 +7,36 @@
 namespace orvex {
 
 void ReadEpisodeFile(const std::filesystem::path& file, FileNotes& notes,
-                     ObservationContent& files) {
+                     ObservationContent& content) {
   ReadingWithWarnings events(notes.WarnsOf(FileWarning::About::content));
-  files.episodes = ReadEpsFile(file, events);
-  files.log = ReadLogFacts(Companion(file, FileKind::sessionLog));
-  WarnOfOtherNumbers(file, files.episodes->header.identity,
+  content.episodes = ReadEpsFile(file, events);
+  content.log = ReadLogFacts(Companion(file, FileKind::sessionLog));
+  WarnOfOtherNumbers(file, content.episodes->header.identity,
                      notes.WarnsOf(FileWarning::About::name));
 }
 
 void ReadSurveyFile(const std::filesystem::path& file, FileNotes& notes,
-                    ObservationContent& files) {
-  files.hasSurvey = true;
-  files.survey = ReadSurFile(file);
-  WarnOfOtherNumbers(file, files.survey->identity, notes.WarnsOf(FileWarning::About::name));
+                    ObservationContent& content) {
+  content.hasSurvey = true;
+  content.survey = ReadSurFile(file);
+  WarnOfOtherNumbers(file, content.survey->identity, notes.WarnsOf(FileWarning::About::name));
 }
 
-void ReadSurveyOf(const std::filesystem::path& episodeFile, FileNotes& notes,
-                  ObservationContent& files) {
+std::optional<Problem> ReadSurveyOf(const std::filesystem::path& episodeFile, FileNotes& notes,
+                                    ObservationContent& content) {
   const std::filesystem::path file = Companion(episodeFile, FileKind::survey);
-  if (file.empty()) return;
-  const auto problem = ProblemOf(file, [&] { ReadSurveyFile(file, notes, files); });
-  if (!problem) return;
-  const std::string line = problem->line > 0 ? "line " + std::to_string(problem->line) + ": " : "";
-  notes.WarnsOf(FileWarning::About::content)("the survey is left out: " + line + problem->text);
+  if (file.empty()) return std::nullopt;
+  FileNotes ofSurvey = {.file = file};
+  auto problem = ProblemOf(file, [&] { ReadSurveyFile(file, ofSurvey, content); });
+  for (const FileWarning& warning : ofSurvey.warnings) {
+    notes.warnings.push_back({warning.about, "the survey: " + warning.text});
+  }
+  return problem;
+}
+
+void NoteLeftOut(const Problem& ofSurvey, FileNotes& notes) {
+  const std::string line = ofSurvey.line > 0 ? "line " + std::to_string(ofSurvey.line) + ": " : "";
+  notes.WarnsOf(FileWarning::About::content)("the survey is left out: " + line + ofSurvey.text);
 }
 
 }  // namespace orvex

@@ -13,7 +13,7 @@ namespace orvex {
 
 /// What the files of an observation hold, as far as a table needs them.
 struct ObservationContent {
-  std::string name = {};  ///< what the observation is called in the list of files
+  std::string name = {};  ///< what the observation is called in the list of content
   std::optional<EpsObservation> episodes = {};
   bool hasSurvey = false;  ///< there is a survey file, even if it cannot be read
   std::optional<SurFile> survey = {};
@@ -24,12 +24,15 @@ struct ObservationContent {
 
 /// Reads an episode file, and the session log that belongs to it.
 void ReadEpisodeFile(const std::filesystem::path& file, FileNotes& notes,
-                     ObservationContent& files);
-void ReadSurveyFile(const std::filesystem::path& file, FileNotes& notes, ObservationContent& files);
+                     ObservationContent& content);
+void ReadSurveyFile(const std::filesystem::path& file, FileNotes& notes,
+                    ObservationContent& content);
 
-/// Reads the survey that belongs to an episode file, if there is one. One that cannot be read
-/// is noted, and left out.
-void ReadSurveyOf(const std::filesystem::path& episodeFile, FileNotes& notes,
-                  ObservationContent& files);
+/// Reads the survey that belongs to an episode file, if there is one, and notes what is doubtful in
+/// it with the episode file. Returns why it cannot be read.
+std::optional<Problem> ReadSurveyOf(const std::filesystem::path& episodeFile, FileNotes& notes,
+                                    ObservationContent& content);
+/// Notes that the survey of an episode file is left out, and why.
+void NoteLeftOut(const Problem& ofSurvey, FileNotes& notes);
 
 }  // namespace orvex

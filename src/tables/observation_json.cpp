@@ -54,7 +54,7 @@ void AddVariables(std::span<const TidyColumn> columns, const TidyRow& row, Json&
 
 void AddObservation(const ObservationContent& observation, Json& json) {
   const auto columns = std::span(ColumnsOf(TidyTable::episodes)).first(kObservationColumns);
-  AddVariables(columns, {.files = observation}, json);
+  AddVariables(columns, {.content = observation}, json);
 }
 
 /// Adds the rows of a tidy table, without the columns that only repeat which observation it is.

@@ -25,7 +25,7 @@ void WriteIdentity(const TidyRow& row, int, Cells& cells) {
 
 template <std::string Identity::*member>
 void WriteSurveyIdentity(const TidyRow& row, int, Cells& cells) {
-  WriteTypedNumber(row.files.survey->identity.*member, cells);
+  WriteTypedNumber(row.content.survey->identity.*member, cells);
 }
 
 using Write = decltype(TidyColumn::write);
@@ -33,7 +33,7 @@ using Write = decltype(TidyColumn::write);
 Columns NumbersOfObservation(Write school, Write classNum, Write observation) {
   return {
       {"file", "The observation, as the list or the folder names it", ColumnType::text,
-       [](const TidyRow& row, int, Cells& cells) { cells.Text(row.files.name); }},
+       [](const TidyRow& row, int, Cells& cells) { cells.Text(row.content.name); }},
       {"school", "School number", ColumnType::wholeNumber, school},
       {"class", "Class number", ColumnType::wholeNumber, classNum},
       {"observation", "Observation number", ColumnType::wholeNumber, observation},
@@ -60,7 +60,7 @@ Columns ObservationColumns() {
         [](const TidyRow& row, int, Cells& cells) { cells.Code(IsoTime(row.Header().StartTime)); }},
        {"class_start", "Time at which the class began, from its session log", ColumnType::time,
         [](const TidyRow& row, int, Cells& cells) {
-          cells.Code(row.files.log ? IsoTime(row.files.log->start) : "");
+          cells.Code(row.content.log ? IsoTime(row.content.log->start) : "");
         }}});
   return columns;
 }

@@ -13,7 +13,8 @@ Columns SurveyObservationColumns();
 void WriteYesNo(bool yes, Cells& cells);
 std::vector<ValueLabel> YesNoValues();
 
-/// What is known of the proportions of students off task whose column's label this is.
+/// The label of a mean proportion of students off task, which nobody can tell from one without an
+/// estimate when it is 0. `what` says of what it is the mean.
 std::string OfftaskLabel(std::string_view what);
 
 void Append(Columns& columns, Columns more);

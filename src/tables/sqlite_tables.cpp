@@ -70,15 +70,21 @@ std::string Quoted(std::string_view name) {
 /// Reads what belongs to the episode file at `file`, which need not exist where there is a survey.
 /// What can be read is kept even if another file of the observation cannot.
 void ReadObservation(const std::filesystem::path& file, const std::string& name, FileRows& rows) {
-  ObservationContent& files = rows.observation;
-  files.name = name;
+  ObservationContent& content = rows.observation;
+  content.name = name;
   const std::filesystem::path survey = Companion(file, FileKind::survey);
-  if (survey.empty() || !Companion(file, FileKind::episodes).empty()) {
-    rows.notes.problem = ProblemOf(file, [&] { ReadEpisodeFile(file, rows.notes, files); });
+  if (!survey.empty() && Companion(file, FileKind::episodes).empty()) {
+    rows.notes.file = survey;  // what is told is about this file
+    ReadSurveyFile(survey, rows.notes, content);
+    return;
   }
-  if (survey.empty()) return;
-  if (rows.notes.problem) return ReadSurveyOf(file, rows.notes, files);
-  rows.notes.problem = ProblemOf(survey, [&] { ReadSurveyFile(survey, rows.notes, files); });
+  rows.notes.problem = ProblemOf(file, [&] { ReadEpisodeFile(file, rows.notes, content); });
+  auto ofSurvey = ReadSurveyOf(file, rows.notes, content);
+  if (!rows.notes.problem) {
+    rows.notes.problem = std::move(ofSurvey);
+  } else if (ofSurvey) {
+    NoteLeftOut(*ofSurvey, rows.notes);
+  }
 }
 
 void CreateTable(TidyTable table, SqliteDatabase& database) {
@@ -133,12 +139,12 @@ void SqliteTables::AddCodebook() {
 }
 
 template <typename BindParent>
-std::size_t SqliteTables::AddRows(TidyTable table, const ObservationContent& files,
+std::size_t SqliteTables::AddRows(TidyTable table, const ObservationContent& content,
                                   BindParent bindParent) {
   SqliteStatement& insert = *insert_[static_cast<std::size_t>(table)];
   SqliteCells cells(insert);
   const std::int64_t before = LastId(table);
-  ForEachRow(table, files, [&](const TidyRow& row) {
+  ForEachRow(table, content, [&](const TidyRow& row) {
     insert.Bind(++LastId(table));
     bindParent(row, insert);
     WriteRow(table, row, cells);
@@ -148,21 +154,21 @@ std::size_t SqliteTables::AddRows(TidyTable table, const ObservationContent& fil
 }
 
 std::size_t SqliteTables::Add(const FileRows& rows) {
-  const ObservationContent& files = rows.observation;
+  const ObservationContent& content = rows.observation;
   std::size_t added =
-      AddRows(TidyTable::observations, files, [](const TidyRow&, SqliteStatement&) {});
+      AddRows(TidyTable::observations, content, [](const TidyRow&, SqliteStatement&) {});
   const std::int64_t observation = LastId(TidyTable::observations);
   const auto bindObservation = [&](const TidyRow&, SqliteStatement& insert) {
-    files.episodes ? insert.Bind(observation) : insert.BindNull();
+    content.episodes ? insert.Bind(observation) : insert.BindNull();
   };
-  added += AddRows(TidyTable::survey, files, bindObservation);
+  added += AddRows(TidyTable::survey, content, bindObservation);
   const std::int64_t earlierEpisodes = LastId(TidyTable::episodes);
-  added += AddRows(TidyTable::episodes, files, bindObservation);
+  added += AddRows(TidyTable::episodes, content, bindObservation);
   const auto bindEpisode = [&](const TidyRow& row, SqliteStatement& insert) {
     insert.Bind(earlierEpisodes + row.episodeNumber);
   };
-  added += AddRows(TidyTable::segments, files, bindEpisode);
-  return added + AddRows(TidyTable::questions, files, bindEpisode);
+  added += AddRows(TidyTable::segments, content, bindEpisode);
+  return added + AddRows(TidyTable::questions, content, bindEpisode);
 }
 
 void SqliteTables::Commit() {

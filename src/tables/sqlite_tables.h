@@ -30,7 +30,7 @@ class SqliteTables final : public TableFile {
   /// Adds the rows of a table, and returns how many they are. `bindParent` says which row of
   /// another table a row belongs to.
   template <typename BindParent>
-  std::size_t AddRows(TidyTable table, const ObservationContent& files, BindParent bindParent);
+  std::size_t AddRows(TidyTable table, const ObservationContent& content, BindParent bindParent);
   std::int64_t& LastId(TidyTable table) { return lastIds_[static_cast<std::size_t>(table)]; }
   void AddCodebook();
 

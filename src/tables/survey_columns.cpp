@@ -27,7 +27,7 @@ void WriteItem(const TidyRow& row, int number, Cells& cells) {
   auto item = static_cast<std::size_t>(number);
   std::size_t group = 0;
   while (item >= SurveyGroups()[group].items.size()) item -= SurveyGroups()[group++].items.size();
-  WriteYesNo(row.files.survey->answers.checks[group].test(item), cells);
+  WriteYesNo(row.content.survey->answers.checks[group].test(item), cells);
 }
 
 Columns ItemColumns() {
@@ -44,7 +44,7 @@ Columns ItemColumns() {
 
 void WriteStatement(const TidyRow& row, int number, Cells& cells) {
   const auto statement = static_cast<std::size_t>(number);
-  const std::int16_t rating = row.files.survey->answers.ratings[statement];
+  const std::int16_t rating = row.content.survey->answers.ratings[statement];
   if (rating == kUncoded) {
     cells.Missing();
   } else {
@@ -78,7 +78,7 @@ Columns SurveyColumns() {
   Append(columns, ItemColumns());
   Append(columns, {{ItemName(0, kOtherItem) + "_text", "The text of: " + ItemLabel(0, kOtherItem),
                     ColumnType::text, [](const TidyRow& row, int, Cells& cells) {
-                      cells.Text(row.files.survey->answers.other);
+                      cells.Text(row.content.survey->answers.other);
                     }}});
   Append(columns, StatementColumns());
   return columns;

@@ -21,9 +21,9 @@ void ForEachSegment(TidyRow row, const Take& take) {
   }
 }
 
-void ForEachEpisode(const ObservationContent& files, const Take& take) {
-  TidyRow row = {.files = files};
-  for (const Episode& episode : files.episodes->Episodes) {
+void ForEachEpisode(const ObservationContent& content, const Take& take) {
+  TidyRow row = {.content = content};
+  for (const Episode& episode : content.episodes->Episodes) {
     const auto spells = FindDialogicSpells(episode.questions);
     ++row.episodeNumber;
     row.episode = &episode;
@@ -34,26 +34,26 @@ void ForEachEpisode(const ObservationContent& files, const Take& take) {
 
 }  // namespace
 
-void ForEachRow(TidyTable table, const ObservationContent& files, const Take& take) {
+void ForEachRow(TidyTable table, const ObservationContent& content, const Take& take) {
   if (table == TidyTable::survey) {
-    if (files.survey) take({.files = files});
+    if (content.survey) take({.content = content});
     return;
   }
-  if (!files.episodes) return;
+  if (!content.episodes) return;
   switch (table) {
     case TidyTable::observations: {
-      const ObservationSummary summary = Summarize(files.episodes->Episodes);
-      take({.files = files, .summary = &summary});
+      const ObservationSummary summary = Summarize(content.episodes->Episodes);
+      take({.content = content, .summary = &summary});
       break;
     }
     case TidyTable::episodes:
-      ForEachEpisode(files, take);
+      ForEachEpisode(content, take);
       break;
     case TidyTable::segments:
-      ForEachEpisode(files, [&](const TidyRow& episode) { ForEachSegment(episode, take); });
+      ForEachEpisode(content, [&](const TidyRow& episode) { ForEachSegment(episode, take); });
       break;
     case TidyTable::questions:
-      ForEachEpisode(files, [&](const TidyRow& episode) { ForEachQuestion(episode, take); });
+      ForEachEpisode(content, [&](const TidyRow& episode) { ForEachQuestion(episode, take); });
       break;
     case TidyTable::survey:
       break;

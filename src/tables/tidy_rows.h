@@ -12,7 +12,7 @@ namespace orvex {
 
 /// What a row is about. Anything its table does not cover is null or 0.
 struct TidyRow {
-  const ObservationContent& files;
+  const ObservationContent& content;
   int number = 0;  ///< the number of the question or segment
   int episodeNumber = 0;
   const Episode* episode = nullptr;
@@ -22,12 +22,12 @@ struct TidyRow {
   const ObservationSummary* summary = nullptr;
 
   /// What the episode file says of the observation as a whole.
-  const EpsHeader& Header() const { return files.episodes->header; }
+  const EpsHeader& Header() const { return content.episodes->header; }
 };
 
 /// Hands over the rows of an observation, in their order. They last no longer than the call. There
 /// are none where `files` lacks the file that the table is made from.
-void ForEachRow(TidyTable table, const ObservationContent& files,
+void ForEachRow(TidyTable table, const ObservationContent& content,
                 const std::function<void(const TidyRow&)>& take);
 
 }  // namespace orvex

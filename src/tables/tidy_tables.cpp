@@ -47,14 +47,17 @@ TableKind TidyTableKind(TidyTable table) {
   const bool isOfSurveys = table == TidyTable::survey;
   const auto append = [table, isOfSurveys](const std::filesystem::path& file,
                                            const std::string& name, FileRows& rows) {
-    ObservationContent files = {.name = name};
+    ObservationContent content = {.name = name};
     if (isOfSurveys) {
-      ReadSurveyFile(file, rows.notes, files);
+      ReadSurveyFile(file, rows.notes, content);
     } else {
-      ReadEpisodeFile(file, rows.notes, files);
-      if (table == TidyTable::observations) ReadSurveyOf(file, rows.notes, files);
+      ReadEpisodeFile(file, rows.notes, content);
+      if (table == TidyTable::observations) {
+        const auto problem = ReadSurveyOf(file, rows.notes, content);
+        if (problem) NoteLeftOut(*problem, rows.notes);
+      }
     }
-    AppendTidyRows(table, files, rows.text);
+    AppendTidyRows(table, content, rows.text);
   };
   return {.fileName = std::string(NameOf(table)) + ".csv",
           .files = isOfSurveys ? FileKind::survey : FileKind::episodes,

@@ -7,7 +7,9 @@
 
 #include <cerrno>
 #include <csignal>
+#include <sstream>
 
+#include "commands/table_command.h"
 #include "store/file_error.h"
 #include "support/faulty_storage.h"
 #include "tables/awkward_study.h"
@@ -69,6 +71,44 @@ TEST(SqliteTables, HoldWhatTheFilesSay) {
        "9|Can't tell\n0|Never\n1|Some flexibility\n2|A lot of flexibility\n"},
   };
   for (const auto& [sql, answer] : cases) EXPECT_EQ(Answer(folder, sql), answer) << sql;
+}
+
+TEST(SqliteTables, KeepWhatCanBeReadOfAnObservation) {
+  const test::TestFolder folder;
+  test::PutAwkwardStudy(folder.Path());
+  const std::string eps = test::FileBytes(folder / "5-12-3.eps");
+  const std::string sur = test::FileBytes(folder / "5-12-3.sur");
+  const auto put = [&](const std::string& number, const std::string& episodes,
+                       const std::string& survey) {
+    if (!episodes.empty())
+      test::PutFile(folder / ("DATA/EPS/5/12/5-12-" + number + ".eps"), episodes);
+    if (!survey.empty()) test::PutFile(folder / ("DATA/SUR/5/12/5-12-" + number + ".sur"), survey);
+  };
+  put("1", eps, sur);
+  put("2", eps, "broken");
+  put("3", "broken", sur);
+  put("4", "", sur);
+  put("5", eps, "");
+  std::ostringstream out;
+  std::ostringstream err;
+  Storage storage;
+  EXPECT_EQ(RunTable({.tables = {kTidyTables.begin(), kTidyTables.end()},
+                      .sources = {folder / "DATA"},
+                      .output = folder.Path(),
+                      .sqlite = true},
+                     storage, Console{.out = out, .err = err, .interrupted = {}}),
+            kFailed);
+  for (const char* told :
+       {"/5-12-1.eps: warning: the survey: the identity line says 5-12-3\n", "/5-12-2.sur:1: ",
+        "/5-12-3.eps:1: ", "/5-12-4.sur: warning: the identity line says 5-12-3\n"}) {
+    EXPECT_NE(err.str().find(told), std::string::npos) << err.str();
+  }
+  EXPECT_EQ(Answer(folder, "SELECT file, survey, statements_open FROM observations ORDER BY file"),
+            "5/12/5-12-1|1|22\n5/12/5-12-2|1|NULL\n5/12/5-12-5|0|NULL\n");
+  EXPECT_EQ(Answer(folder,
+                   "SELECT s.file, o.file FROM survey s LEFT JOIN observations o ON o.id = "
+                   "s.observation_id ORDER BY s.file"),
+            "5/12/5-12-1|5/12/5-12-1\n5/12/5-12-3|NULL\n5/12/5-12-4|NULL\n");
 }
 
 TEST(SqliteTables, ReplaceAnEarlierDatabaseAsAWholeOrNotAtAll) {
