@@ -67,9 +67,8 @@ std::filesystem::path TableFolder(const FileList& list, const std::filesystem::p
 enum class Notes { areTold, wereTold };
 
 /// The files of `list` that a table of `kind` is made from. Nothing when a folder has no such file.
-std::optional<FileList> FilesToJoin(const TableKind& kind, const FileList& list,
-                                    const Console& console) {
-  FileList files = FilesFor(kind, list);
+std::optional<FileList> FilesToJoin(const TableKind& kind, FileList list, const Console& console) {
+  FileList files = FilesFor(kind, std::move(list));
   if (!HasFiles(files, WordsFor(kind.files), console)) return std::nullopt;
   return files;
 }
@@ -211,12 +210,13 @@ ExitCode MakeTidyTables(const TableCommand& command, const FileList& sources,
 ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console& console) {
   return Run(console, [&] {
     const TableKind kind = TableOf(command.kind);
-    const auto sources = ReadSources(command.sources, console);
+    auto sources = ReadSources(command.sources, console);
     if (!sources) return kFailed;
-    auto files = FilesToJoin(kind, *sources, console);
+    const std::filesystem::path folder = TableFolder(*sources, command.output);
+    auto files = FilesToJoin(kind, *std::move(sources), console);
     if (!files) return kFailed;
     TableExport table =
-        ExportTo(TableFolder(*sources, command.output), kind, *std::move(files),
+        ExportTo(folder, kind, *std::move(files),
                  command.keepGoing ? BadFile::isSkipped : BadFile::endsTheTable, storage, console);
     return Make(table, console);
   });

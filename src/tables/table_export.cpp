@@ -39,9 +39,10 @@ TableKind TableOf(ExportKind kind) {
       .append = [](const auto& file, const auto&, FileRows& rows) { AppendSurveyRow(file, rows); }};
 }
 
-FileList FilesFor(const TableKind& kind, const FileList& list) {
+FileList FilesFor(const TableKind& kind, FileList list) {
+  if (!kind.takesLoneSurveys) return FilesOf(kind.files, std::move(list));
   FileList files = FilesOf(kind.files, list);
-  if (kind.takesLoneSurveys) AddLoneSurveys(list, files);
+  AddLoneSurveys(list, files);
   return files;
 }
 

@@ -37,7 +37,7 @@ struct TableKind {
 TableKind TableOf(ExportKind kind);
 
 /// The files of `list` that a table of this kind is made from.
-FileList FilesFor(const TableKind& kind, const FileList& list);
+FileList FilesFor(const TableKind& kind, FileList list);
 
 /// What to do about a missing or broken file: end the table with the rows completed so far, or
 /// leave the file out.
