@@ -95,6 +95,11 @@ void MainMenu::EditFieldNotes() {
   EditChosenNotes(services_);
 }
 
+void MainMenu::OpenStudy() {
+  services_.screens.Show(Screen::study);
+  services_.screens.Close(Screen::mainMenu);
+}
+
 void MainMenu::EndProgram() {
   services_.screens.EndProgram();
 }

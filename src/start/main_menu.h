@@ -34,6 +34,8 @@ class MainMenu {
   void ChangeDataPath();
   /// Lets the user choose a field-notes file and edit it.
   void EditFieldNotes();
+  /// Shows the study of the data folder.
+  void OpenStudy();
   void EndProgram();
 
  private:

@@ -1,12 +1,49 @@
 #include "study/study_actions.h"
 
+#include <algorithm>
+#include <array>
+
 #include "desk/screens.h"
 #include "recovery/unfinished.h"
 #include "recovery/unfinished_class.h"
+#include "study/study_row.h"
 
 namespace orvex {
+namespace {
 
 namespace fs = std::filesystem;
+
+/// What opening an observation means, by what is there.
+constexpr std::array kOpening = {StudyAction::takeUpClass, StudyAction::editEpisodes,
+                                 StudyAction::editSurvey, StudyAction::editNotes,
+                                 StudyAction::showLog};
+
+}  // namespace
+
+bool IsPossible(StudyAction action, const StudyRow& row) {
+  const auto isPossible = [&row](StudyAction other) { return IsPossible(other, row); };
+  switch (action) {
+    case StudyAction::open:
+      return std::ranges::any_of(kOpening, isPossible);
+    case StudyAction::takeUpClass:
+      return row.Has(FileKind::keptClass);
+    case StudyAction::editEpisodes:
+      return row.Has(FileKind::episodes);
+    case StudyAction::editSurvey:
+      return row.Has(FileKind::survey);
+    case StudyAction::editNotes:
+      return row.Has(FileKind::fieldNotes);
+    case StudyAction::showLog:
+      return row.Has(FileKind::sessionLog);
+    case StudyAction::showStatistics:
+      return row.summary && row.summary->counts.Total > 0;
+    case StudyAction::showTimeSummary:
+      return row.summary.has_value();
+    case StudyAction::proof:
+      return row.summary && row.summary->notFullyCoded > 0;
+  }
+  return false;
+}
 
 /// Lets a form take the study's place: `show` returns false if there is none to show. The file's
 /// folder becomes the data folder, because a survey is saved there.
@@ -14,44 +51,45 @@ template <typename Show>
 void StudyActions::Open(const fs::path& file, Show show) {
   services_.program = before_;
   services_.program.DataPath = file.parent_path();
-  if (show(services_.screens)) services_.screens.Hide(Screen::study);
+  if (show()) services_.screens.Hide(Screen::study);
 }
 
-void StudyActions::EditEpisodes(const fs::path& eps) {
-  Open(eps, [&](Screens& screens) { return screens.ShowEpisodeEditor(eps, Kept::areOffered); });
+void StudyActions::Do(StudyAction action, const StudyRow& row) {
+  if (!IsPossible(action, row)) return;
+  Screens& screens = services_.screens;
+  const fs::path eps = row.File(FileKind::episodes);
+  const fs::path survey = row.File(FileKind::survey);
+  switch (action) {
+    case StudyAction::open:
+      return Do(*std::ranges::find_if(kOpening,
+                                      [&row](StudyAction other) { return IsPossible(other, row); }),
+                row);
+    case StudyAction::takeUpClass:
+      return OfferClass(row.File(FileKind::keptClass));
+    case StudyAction::editEpisodes:
+      return Open(eps, [&] { return screens.ShowEpisodeEditor(eps, Kept::areOffered); });
+    case StudyAction::editSurvey:
+      return Open(survey, [&] { return screens.ShowSurveyFile(survey, Kept::areOffered); });
+    case StudyAction::editNotes:
+      return screens.ShowFieldNotes(row.File(FileKind::fieldNotes), Kept::areOffered);
+    case StudyAction::showLog:
+      return screens.ShowLog(row.File(FileKind::sessionLog));
+    case StudyAction::showStatistics:
+      return Open(eps, [&] { return screens.ShowReport(eps, Screen::questionStats); });
+    case StudyAction::showTimeSummary:
+      return Open(eps, [&] { return screens.ShowReport(eps, Screen::timeSummary); });
+    case StudyAction::proof:
+      return Open(eps, [&] { return screens.ShowFirstGap(eps); });
+  }
 }
 
 void StudyActions::EditQuestion(const fs::path& eps, int episode, int question) {
-  Open(eps, [&](Screens& screens) { return screens.ShowQuestion(eps, episode, question); });
+  Open(eps, [&] { return services_.screens.ShowQuestion(eps, episode, question); });
 }
 
-void StudyActions::Proof(const fs::path& eps) {
-  Open(eps, [&](Screens& screens) { return screens.ShowFirstGap(eps); });
-}
-
-void StudyActions::ShowStatistics(const fs::path& eps) {
-  Open(eps, [&](Screens& screens) { return screens.ShowReport(eps, Screen::questionStats); });
-}
-
-void StudyActions::ShowTimeSummary(const fs::path& eps) {
-  Open(eps, [&](Screens& screens) { return screens.ShowReport(eps, Screen::timeSummary); });
-}
-
-void StudyActions::EditSurvey(const fs::path& sur) {
-  Open(sur, [&](Screens& screens) { return screens.ShowSurveyFile(sur, Kept::areOffered); });
-}
-
-void StudyActions::EditNotes(const fs::path& nte) {
-  services_.screens.ShowFieldNotes(nte, Kept::areOffered);
-}
-
-void StudyActions::ShowLog(const fs::path& bak) {
-  services_.screens.ShowLog(bak);
-}
-
-void StudyActions::OfferClass(const fs::path& path) {
+void StudyActions::OfferClass(const fs::path& kept) {
   services_.program = before_;
-  if (OfferUnfinished(services_.prompter, UnfinishedClassAt(services_, path))) {
+  if (OfferUnfinished(services_.prompter, UnfinishedClassAt(services_, kept))) {
     services_.screens.Close(Screen::study);
   }
 }

@@ -32,6 +32,7 @@
 #include "ui/forms/frmQuestionPlot.h"
 #include "ui/forms/frmQuestionStats.h"
 #include "ui/forms/frmSplash.h"
+#include "ui/forms/frmStudy.h"
 #include "ui/forms/frmTimeSummary.h"
 #include "ui/widgets/FitToScreen.h"
 
@@ -56,7 +57,9 @@ const Forms::Row& Forms::RowOf(Screen screen) {
   static const std::map<Screen, Row> rows = {
       {Screen::mainMenu,
        {.make = [](Forms& forms) { return std::make_unique<frmSplash>(forms.services_); }}},
-      {Screen::study, {}},
+      {Screen::study,
+       {.make = [](Forms& forms) { return std::make_unique<frmStudy>(forms.services_); },
+        .over = {Screen::mainMenu}}},
       {Screen::setUp,
        {.make = [](Forms& forms) { return std::make_unique<frmInput1>(forms.services_); }}},
       {Screen::liveObservation,

@@ -24,20 +24,24 @@
 namespace orvex::test {
 
 /// The keys that work in `form` in its current state: those of its buttons, actions and other
-/// shortcuts.
+/// shortcuts, without those of dialogs above it.
 inline QList<QKeySequence> KeysOf(const QWidget& form) {
   QList<QKeySequence> keys;
   for (const auto* button : form.findChildren<QAbstractButton*>()) {
-    if (!button->isVisible() || !button->isEnabled()) continue;
+    if (!button->isVisible() || !button->isEnabled() || button->window() != &form) continue;
     keys << button->shortcut() << QKeySequence(button->property("otherKey").toString());
   }
   for (const auto* label : form.findChildren<QLabel*>()) {
-    if (label->isVisible() && label->buddy()) keys << QKeySequence::mnemonic(label->text());
+    if (label->isVisible() && label->buddy() && label->window() == &form)
+      keys << QKeySequence::mnemonic(label->text());
   }
   for (const auto* action : form.actions()) {
     if (action->isEnabled()) keys << action->shortcuts();
   }
-  for (const auto* shortcut : form.findChildren<QShortcut*>()) keys << shortcut->key();
+  for (const auto* shortcut : form.findChildren<QShortcut*>()) {
+    const auto* where = qobject_cast<const QWidget*>(shortcut->parent());
+    if (where && where->window() == &form) keys << shortcut->key();
+  }
   keys.removeAll(QKeySequence());
   return keys;
 }

@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFocusEvent>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QScrollArea>
@@ -47,7 +48,10 @@ FormKeys::FormKeys(QWidget* form, Special special) : QObject(form), special_(std
   for (QComboBox* list : form->findChildren<QComboBox*>()) GuardList(list);
   for (QAbstractButton* button : special_.asking) new FocusReturn(button);
   form->installEventFilter(this);
-  for (QWidget* child : form->findChildren<QWidget*>()) child->installEventFilter(this);
+  for (QWidget* child : form->findChildren<QWidget*>()) {
+    const bool hasOwnKeys = qobject_cast<QMenu*>(child) != nullptr;
+    if (!hasOwnKeys) child->installEventFilter(this);
+  }
 }
 
 bool FormKeys::eventFilter(QObject* watched, QEvent* event) {

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QWidget>
+#include <filesystem>
+#include <memory>
+
+#include "desk/guarded_tick.h"
+#include "desk/services.h"
+#include "study/study.h"
+#include "study/study_actions.h"
+#include "study/study_layout.h"
+
+namespace Ui {
+class frmStudy;
+}
+
+namespace orvex {
+
+class ObservationsPage;
+class QuestionsPage;
+
+/// The study: every observation of a folder at a glance, and every question.
+class frmStudy : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit frmStudy(const Services& services, QWidget* parent = nullptr);
+  /// Stores how the table is arranged, for the next time.
+  ~frmStudy() override;
+
+  void Refresh();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void ConnectButtons();
+  void ConnectKeys();
+  void ConnectPages();
+  void StartTimers();
+  bool TakeKey(const QWidget* control, const QKeyEvent& key);
+  void TurnPage(int step);
+  void OpenFolder(const std::filesystem::path& folder, const StudyLayout& layout);
+  void ChooseFolder();
+  void Tick();
+  void OpenCurrent();
+  void FocusTable();
+  bool ShowsQuestions() const;
+
+  Services services_;
+  StudyActions actions_;
+  GuardedTick tick_;
+  std::unique_ptr<Study> study_;
+  std::unique_ptr<Ui::frmStudy> ui_;
+  ObservationsPage* observations_ = nullptr;
+  QuestionsPage* questions_ = nullptr;
+};
+
+}  // namespace orvex

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QPlainTextEdit>
+#include <QString>
+
+namespace orvex {
+
+/// A few lines that say more of the current row of a table. The text can be selected and scrolled.
+class DetailBox : public QPlainTextEdit {
+  Q_OBJECT
+
+ public:
+  explicit DetailBox(QWidget* parent = nullptr);
+
+  /// Shows `text` from its start. Does nothing if it is shown already.
+  void Show(const QString& text);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+};
+
+}  // namespace orvex
