@@ -6,6 +6,7 @@
 #include "desk/screens.h"
 #include "recovery/unfinished.h"
 #include "recovery/unfinished_class.h"
+#include "study/study.h"
 #include "study/study_row.h"
 
 namespace orvex {
@@ -17,6 +18,12 @@ namespace fs = std::filesystem;
 constexpr std::array kOpening = {StudyAction::takeUpClass, StudyAction::editEpisodes,
                                  StudyAction::editSurvey, StudyAction::editNotes,
                                  StudyAction::showLog};
+
+StudyObservation ForTables(const StudyRow& row) {
+  return {.name = row.name,
+          .episodes = row.File(FileKind::episodes),
+          .survey = row.File(FileKind::survey)};
+}
 
 }  // namespace
 
@@ -92,6 +99,14 @@ void StudyActions::OfferClass(const fs::path& kept) {
   if (OfferUnfinished(services_.prompter, UnfinishedClassAt(services_, kept))) {
     services_.screens.Close(Screen::study);
   }
+}
+
+void StudyActions::MakeTables(const Study& study, const std::vector<std::size_t>& selected) {
+  StudySelection selection = {.folder = study.Folder(), .shown = {}, .selected = {}};
+  for (std::size_t i = 0; i < study.Count(); ++i)
+    selection.shown.push_back(ForTables(study.Row(i)));
+  for (const std::size_t i : selected) selection.selected.push_back(ForTables(study.Row(i)));
+  services_.screens.ShowTables(selection);
 }
 
 void StudyActions::Close() {

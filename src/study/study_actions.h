@@ -1,12 +1,15 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
+#include <vector>
 
 #include "desk/services.h"
 #include "model/program.h"
 
 namespace orvex {
 
+class Study;
 struct StudyRow;
 
 /// What can be done with an observation of a study.
@@ -36,6 +39,8 @@ class StudyActions {
   void Do(StudyAction action, const StudyRow& row);
   /// Opens the question editor above the episode editor; `episode` and `question` count from 1.
   void EditQuestion(const std::filesystem::path& eps, int episode, int question);
+  /// Lets the user make tables of what `study` shows, or of its rows at the positions `selected`.
+  void MakeTables(const Study& study, const std::vector<std::size_t>& selected);
   /// Goes back to the main menu.
   void Close();
 

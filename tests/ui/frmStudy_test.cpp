@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QClipboard>
+#include <QDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -305,6 +306,22 @@ TEST_F(StudyTest, CopiesTheSelectedRowsAsTheyAreShown) {
   EXPECT_TRUE(lines[0].startsWith(QStringLiteral("School\tClass\t")));
   EXPECT_TRUE(lines[1].startsWith(ToQt(Cell(Table(), 0, "School")) + QLatin1Char('\t')));
   EXPECT_TRUE(lines[2].startsWith(ToQt(Cell(Table(), 1, "School")) + QLatin1Char('\t')));
+}
+
+TEST_F(StudyTest, MakesTablesOfWhatIsSelected) {
+  Open();
+  GoTo("22-5-11");
+  Keys("{Shift+Down}");
+  QTimer::singleShot(0, [] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    QString captions;
+    for (const auto* button : dialog->findChildren<QAbstractButton*>()) captions += button->text();
+    EXPECT_TRUE(captions.contains(QStringLiteral("(2)"))) << captions.toStdString();
+    EXPECT_TRUE(captions.contains(QStringLiteral("(46)"))) << captions.toStdString();
+    dialog->reject();
+  });
+  Keys("{Alt+T}");
 }
 
 TEST_F(StudyTest, RemembersItsColumnsOrderAndFilter) {

@@ -122,6 +122,10 @@ void ObservationsPage::Do(StudyAction action) {
   if (const auto row = Current()) do_.Do(action, *row);
 }
 
+void ObservationsPage::MakeTables() {
+  do_.MakeTables(*study_, ui_.tblObservations->SelectedRows());
+}
+
 void ObservationsPage::ShowInFolder() {
   const auto row = Current();
   if (!row) return;

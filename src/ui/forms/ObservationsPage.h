@@ -35,6 +35,8 @@ class ObservationsPage : public QObject {
 
   bool CanOpen() const;
   void Open() { Do(StudyAction::open); }
+  /// Lets the user make tables of what is shown or selected.
+  void MakeTables();
   void FocusFilter();
   void FocusTable();
 

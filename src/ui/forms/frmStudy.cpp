@@ -75,9 +75,10 @@ void frmStudy::ConnectButtons() {
   button(ui_->cmdStop, [this] { study_->Stop(); });
   button(ui_->cmdReload, [this] { study_->Reload(); });
   button(ui_->cmdOpen, [this] { OpenCurrent(); });
+  button(ui_->cmdTables, [this] { observations_->MakeTables(); });
   connect(ui_->cmdClose, &QPushButton::clicked, this, &QWidget::close);
   new FormKeys(this, {.asking = {ui_->cmdStop, ui_->cmdReload, ui_->cmdFolder, ui_->cmdOpen,
-                                 ui_->cmdColumns, ui_->cmdActions},
+                                 ui_->cmdColumns, ui_->cmdActions, ui_->cmdTables},
                       .own = [this](const QWidget* control, const QKeyEvent& key) {
                         return TakeKey(control, key);
                       }});
@@ -171,7 +172,8 @@ bool frmStudy::ShowsQuestions() const {
 void frmStudy::Refresh() {
   const bool reads = study_->IsReading();
   ShowText(ui_->lblFolder, FromQt(tr("Folder: %1").arg(ToQt(study_->Folder().string()))));
-  ShowText(ui_->lblProgress, study_->ProgressText());
+  const bool isUnderWay = reads || study_->IsStopped();
+  ShowText(ui_->lblProgress, isUnderWay ? study_->ProgressText() : "");
   ui_->prgReading->setVisible(reads);
   ui_->prgReading->setMaximum(static_cast<int>(study_->Found()));
   ui_->prgReading->setValue(static_cast<int>(study_->Read()));

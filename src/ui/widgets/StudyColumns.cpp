@@ -1,6 +1,7 @@
 #include "ui/widgets/StudyColumns.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QHeaderView>
 #include <QMenu>
 #include <algorithm>
@@ -91,6 +92,7 @@ void StudyColumns::FillMenu() {
   menu_->clear();
   QMenu* sort = menu_->addMenu(tr("&Sort by"));
   menu_->addSeparator();
+  auto* sorting = new QActionGroup(sort);
   const bool isLast = Shown().size() == 1;
   for (int place = 0; place < headings->count(); ++place) {
     const int section = headings->logicalIndex(place);
@@ -101,6 +103,7 @@ void StudyColumns::FillMenu() {
     QAction* by = sort->addAction(heading, this, [this, section] { SortBy(section); });
     by->setCheckable(true);
     by->setChecked(section == sortedBy_);
+    sorting->addAction(by);
     QAction* shown = menu_->addAction(heading);
     shown->setCheckable(true);
     shown->setChecked(!headings->isSectionHidden(section));

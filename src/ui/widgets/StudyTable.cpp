@@ -13,7 +13,8 @@ namespace orvex {
 namespace {
 
 constexpr int kLeading = 6;   // between the lines of two rows
-constexpr int kPadding = 14;  // around the text of a cell
+constexpr int kPadding = 10;  // around the text of a cell
+constexpr int kSortMark = 8;  // beside a heading
 
 /// Headings that end with an ellipsis where they are too long for their column.
 class Headings : public QHeaderView {
@@ -25,7 +26,7 @@ class Headings : public QHeaderView {
     QHeaderView::initStyleOptionForIndex(option, section);
     const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, option, this);
     option->text = option->fontMetrics.elidedText(option->text, Qt::ElideRight,
-                                                  option->rect.width() - 2 * margin);
+                                                  sectionSize(section) - 2 * margin);
   }
 };
 
@@ -62,7 +63,8 @@ void StudyTable::FitColumns() {
   int column = 0;
   for (const StudyModel::Column& scheme : rows_->Columns()) {
     const int text = scheme.width * fontMetrics().averageCharWidth() + kPadding;
-    const int width = scheme.width > 0 ? text : horizontalHeader()->sectionSizeHint(column);
+    const int heading = fontMetrics().horizontalAdvance(scheme.heading) + kSortMark + kPadding;
+    const int width = scheme.width > 0 ? text : heading;
     setColumnWidth(column++, width);
   }
 }
