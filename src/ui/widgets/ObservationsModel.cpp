@@ -11,7 +11,7 @@ int WidthOf(StudyColumn column) {
   switch (column) {
     case StudyColumn::date:
     case StudyColumn::survey:
-      return 11;
+      return 12;
     case StudyColumn::start:
       return 9;
     case StudyColumn::problems:
