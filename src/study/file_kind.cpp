@@ -19,15 +19,16 @@ namespace fs = std::filesystem;
 struct KindNames {
   FileKind kind;
   std::string_view noun;
-  std::string_view extension;
-  std::string_view upperExtension;
+  /// The first is the usual one. Each is looked for by its name, so there are few: what is looked
+  /// for is often not there, and a disk may be at the other end of a network.
+  std::array<std::string_view, 3> extensions;
   std::string_view folder;
 };
 constexpr std::array<KindNames, 4> kKinds = {{
-    {FileKind::episodes, "episode file", ".eps", ".EPS", "EPS"},
-    {FileKind::survey, "survey file", ".sur", ".SUR", "SUR"},
-    {FileKind::fieldNotes, "field-notes file", ".nte", ".NTE", "NTE"},
-    {FileKind::sessionLog, "session log", ".bak", ".BAK", "BAK"},
+    {FileKind::episodes, "episode file", {".eps", ".EPS", ".Eps"}, "EPS"},
+    {FileKind::survey, "survey file", {".sur", ".SUR", ".Sur"}, "SUR"},
+    {FileKind::fieldNotes, "field-notes file", {".nte", ".NTE", ".Nte"}, "NTE"},
+    {FileKind::sessionLog, "session log", {".bak", ".BAK", ".Bak"}, "BAK"},
 }};
 
 const KindNames& NamesOf(FileKind kind) {
@@ -50,7 +51,7 @@ bool EqualsInAnyCase(std::string_view text, std::string_view upper) {
 
 /// The file named `stem` in `folder`, with the extension of `kind`; empty when there is none.
 fs::path FileIn(const fs::path& folder, const fs::path& stem, const KindNames& kind) {
-  for (const std::string_view extension : {kind.extension, kind.upperExtension}) {
+  for (const std::string_view extension : kind.extensions) {
     fs::path file = folder / stem;
     file += extension;
     std::error_code unknown;
@@ -78,7 +79,7 @@ FileKind KindOfName(std::string_view fileName) {
   if (point == std::string_view::npos || point == 0) return FileKind::other;
   const std::string_view extension = fileName.substr(point);
   for (const KindNames& kind : kKinds) {
-    if (EqualsInAnyCase(extension, kind.upperExtension)) return kind.kind;
+    if (std::ranges::find(kind.extensions, extension) != kind.extensions.end()) return kind.kind;
   }
   // The changes of an edited file are kept as "5-12-3.eps.recovery".
   const fs::path kept = KeptPlaceOf(fileName).stem();
@@ -86,12 +87,12 @@ FileKind KindOfName(std::string_view fileName) {
 }
 
 std::string_view ExtensionOf(FileKind kind) {
-  return NamesOf(kind).extension;
+  return NamesOf(kind).extensions.front();
 }
 
 std::string WordsFor(FileKind kind) {
   const KindNames& names = NamesOf(kind);
-  return std::string(names.noun) + " (" + std::string(names.extension) + ")";
+  return std::string(names.noun) + " (" + std::string(names.extensions.front()) + ")";
 }
 
 bool IsTreeName(const fs::path& folderName) {

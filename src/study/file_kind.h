@@ -7,8 +7,8 @@
 
 namespace orvex {
 
-/// The kind of a file of an observation, judged by its extension in upper or lower case. A kept
-/// class is what a running class leaves beside its log when it was not ended.
+/// The kind of a file of an observation, judged by its extension: ".eps", ".EPS" or ".Eps". A
+/// kept class is what a running class leaves beside its log when it was not ended.
 enum class FileKind { episodes, survey, fieldNotes, sessionLog, keptClass, other };
 inline constexpr std::size_t kFileKindCount = 5;  // without `other`
 FileKind KindOf(const std::filesystem::path& file);
