@@ -149,6 +149,7 @@ ExitCode RunCheck(const std::vector<std::filesystem::path>& sources, const Conso
     console.err << Counted(tally.unread, "file") << " could not be read\n";
     return kFailed;
   }
+  if (!list->unread.empty()) return kFailed;
   return tally.incomplete + tally.open > 0 ? kFound : kDone;
 }
 

@@ -8,11 +8,18 @@ std::optional<FileList> ReadSources(const std::vector<std::filesystem::path>& so
                                     const Console& console) {
   FileList list;
   for (const std::filesystem::path& source : sources) {
-    if (const auto problem = ProblemOf(source, [&] { AddSource(source, console.in, list); })) {
+    const auto problem =
+        ProblemOf(source, [&] { AddSource(source, console.in, list, console.interrupted); });
+    if (console.interrupted && console.interrupted()) {
+      console.err << "Interrupted while the files were looked for. Nothing was written.\n";
+      return std::nullopt;
+    }
+    if (problem) {
       console.err << problem->Text() << "\n";
       return std::nullopt;
     }
   }
+  for (const FileError& folder : list.unread) console.err << folder.what() << "\n";
   return list;
 }
 

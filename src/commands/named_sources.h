@@ -15,7 +15,8 @@
 namespace orvex {
 
 /// Reads what the command line names: folders, lists, files, and "-" for a list on `console.in`.
-/// Nothing when a source could not be read; `console.err` then says why.
+/// Nothing when a source could not be read, or the user wants to stop; `console.err` then says why.
+/// It also names the folders in sources that could not be read.
 std::optional<FileList> ReadSources(const std::vector<std::filesystem::path>& sources,
                                     const Console& console);
 

@@ -80,7 +80,7 @@ ExitCode RunReport(const ReportCommand& command, const Console& console) {
   if (!sources) return kFailed;
   const FileList list = FilesOf(FileKind::episodes, *std::move(sources));
   if (!HasFiles(list, WordsFor(FileKind::episodes), console)) return kFailed;
-  bool whole = true;
+  bool whole = list.unread.empty();
   const auto report = [&](const ListedFile& file, const Console& kept) {
     const std::filesystem::path path = PathOf(file, FileKind::episodes);
     std::string heading = list.files.size() > 1 ? Printable(path.native()) + ":\n\n" : "";

@@ -1,12 +1,12 @@
 #include "study/found_files.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
 #include <tuple>
 #include <utility>
 
 #include "recovery/kept_content.h"
-#include "store/file_error.h"
 #include "store/folder_entries.h"
 
 namespace orvex {
@@ -42,7 +42,7 @@ class Search {
   explicit Search(const std::function<bool()>& stops) : stops_(stops) {}
 
   /// `fromStart` is the path to `folder` from where the search started. Returns 0, or the `errno`
-  /// of why the folder itself cannot be read.
+  /// of why the folder itself cannot be read to its end.
   int Enter(const std::string& folder, const fs::path& fromStart) {
     const std::string name = (NameOfFolder(fromStart) / "").string();
     std::vector<std::string> folders;
@@ -51,22 +51,24 @@ class Search {
       if (kind == EntryKind::file) Add(folder, entry, name);
       return !Stops();
     });
-    if (error != 0) return error;
     for (const std::string& inner : folders) {
       if (Stops()) break;
-      Enter(InFolder(folder, inner), fromStart / inner);
+      const std::string path = InFolder(folder, inner);
+      const int innerError = Enter(path, fromStart / inner);
+      if (innerError != 0 && innerError != ENOENT) unread_.emplace_back(path, innerError);
     }
-    return 0;
+    return error;
   }
 
-  std::vector<FoundFile> Sorted() {
+  FoundFiles Sorted() {
     std::ranges::sort(found_, [](const FoundFile& a, const FoundFile& b) {
       return std::tie(a.key, a.kind, a.path) < std::tie(b.key, b.kind, b.path);
     });
     // A kept class may have files on their way to the one place.
     const auto again = std::ranges::unique(found_, {}, &FoundFile::path);
     found_.erase(again.begin(), again.end());
-    return std::move(found_);
+    std::ranges::sort(unread_, {}, &FileError::Path);
+    return {std::move(found_), std::move(unread_)};
   }
 
  private:
@@ -84,6 +86,7 @@ class Search {
 
   const std::function<bool()>& stops_;
   std::vector<FoundFile> found_;
+  std::vector<FileError> unread_;
 };
 
 }  // namespace
@@ -121,7 +124,7 @@ bool ComesBefore(std::string_view a, std::string_view b) {
   return NameKey(a) < NameKey(b);
 }
 
-std::vector<FoundFile> FindFiles(const fs::path& folder, const std::function<bool()>& stops) {
+FoundFiles FindFiles(const fs::path& folder, const std::function<bool()>& stops) {
   Search search(stops);
   const std::string start = folder.string();
   const bool endsWithSlash = start.size() > 1 && start.ends_with('/');

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "store/file_error.h"
 #include "study/file_kind.h"
 
 namespace orvex {
@@ -23,14 +24,18 @@ struct FoundFile {
   FileKind kind = FileKind::other;
 };
 
+struct FoundFiles {
+  std::vector<FoundFile> files;
+  std::vector<FileError> unread;  ///< the folders that could not be read, or not to their end;
+                                  ///< not those that have gone meanwhile
+};
+
 /// Finds the files of observations in `folder` and in all folders beneath it, in the order of the
 /// numbers in their names: "5-2-10" comes after "5-2-9". Files of one observation follow each other
-/// in the order of FileKind. Folders and links that cannot be read are left out; links to folders
-/// are not followed. A kept class is found once, at the path at which it is kept. `stops` is asked
-/// now and then and may end the search early; it may be empty. Throws FileError when `folder`
-/// itself cannot be read.
-std::vector<FoundFile> FindFiles(const std::filesystem::path& folder,
-                                 const std::function<bool()>& stops = {});
+/// in the order of FileKind. Links to folders are not followed. A kept class is found once, at the
+/// path at which it is kept. `stops` is asked now and then and may end the search early; it may be
+/// empty. Throws FileError when `folder` itself cannot be read.
+FoundFiles FindFiles(const std::filesystem::path& folder, const std::function<bool()>& stops = {});
 
 /// A text whose bytes are in the order in which ComesBefore has the names, to compare many of them.
 std::string NameKey(std::string_view name);

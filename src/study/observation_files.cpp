@@ -28,11 +28,11 @@ void AddCompanions(ObservationFiles& files) {
 
 }  // namespace
 
-std::vector<ObservationFiles> FindObservations(const fs::path& folder,
-                                               const std::function<bool()>& stops) {
+FoundObservations FindObservations(const fs::path& folder, const std::function<bool()>& stops) {
+  FoundFiles found = FindFiles(folder, stops);
   std::vector<ObservationFiles> observations;
   std::vector<ObservationFiles> seconds;
-  for (FoundFile& file : FindFiles(folder, stops)) {
+  for (FoundFile& file : found.files) {
     if (observations.empty() || observations.back().name != file.name) {
       observations.push_back({std::move(file.name), std::move(file.key), {}, {}});
     }
@@ -54,7 +54,7 @@ std::vector<ObservationFiles> FindObservations(const fs::path& folder,
     std::ranges::move(seconds, std::back_inserter(observations));
     std::ranges::sort(observations, {}, &ObservationFiles::key);
   }
-  return observations;
+  return {std::move(observations), std::move(found.unread)};
 }
 
 ObservationStamps StampsOf(const ObservationFiles& files) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "store/file_error.h"
 #include "store/file_stamp.h"
 #include "study/file_kind.h"
 
@@ -24,9 +25,13 @@ struct ObservationFiles {
   const std::string& Path(FileKind kind) const { return paths[static_cast<std::size_t>(kind)]; }
 };
 
+struct FoundObservations {
+  std::vector<ObservationFiles> observations;
+  std::vector<FileError> unread;  ///< see FoundFiles
+};
 /// The observations in `folder`, in the order of their names. Throws as FindFiles does.
-std::vector<ObservationFiles> FindObservations(const std::filesystem::path& folder,
-                                               const std::function<bool()>& stops);
+FoundObservations FindObservations(const std::filesystem::path& folder,
+                                   const std::function<bool()>& stops);
 
 /// In which state the files of an observation were.
 using ObservationStamps = std::array<FileStamp, kFileKindCount>;

@@ -64,7 +64,7 @@ class Study {
   std::size_t Found() const { return reader_.Found(); }
   std::size_t Read() const { return reader_.Read(); }
   std::string ProgressText() const;
-  /// Why the folder could not be read the last time; "" when it could.
+  /// Why the folder, or one beneath it, could not be read the last time; "" when all could.
   std::string Trouble() const { return reader_.Trouble(); }
   /// Waits until everything has been read, and takes it over.
   void AwaitQuiet();

@@ -4,10 +4,22 @@
 #include <iterator>
 #include <utility>
 
+#include "model/texts.h"
 #include "store/file_error.h"
 #include "study/ordered_reading.h"
 
 namespace orvex {
+namespace {
+
+/// Says which folders could not be read: the first of them, and how many there are besides.
+std::string TroubleOf(const std::vector<FileError>& unread) {
+  if (unread.empty()) return "";
+  std::string text = unread.front().what();
+  if (unread.size() > 1) text += "\n" + Say(Text::moreWarnings, {unread.size() - 1});
+  return text;
+}
+
+}  // namespace
 
 StudyReader::StudyReader(std::filesystem::path folder)
     : folder_(std::move(folder)), thread_([this] { Work(); }) {}
@@ -110,10 +122,10 @@ void StudyReader::Work() {
 void StudyReader::LookAndRead() {
   std::string trouble;
   try {
-    std::vector<ObservationFiles> found =
-        FindObservations(folder_, [this] { return IsCalledOff(); });
+    FoundObservations found = FindObservations(folder_, [this] { return IsCalledOff(); });
     if (IsCalledOff()) return;
-    ReadAll(Changed(std::move(found)));
+    trouble = TroubleOf(found.unread);
+    ReadAll(Changed(std::move(found.observations)));
   } catch (const FileError& error) {
     trouble = error.what();
   }

@@ -48,7 +48,7 @@ class StudyReader {
   /// How many observations there were to read this time, and how many of them have been read.
   std::size_t Found() const { return found_; }
   std::size_t Read() const { return read_; }
-  /// Why the folder could not be read the last time; "" when it could.
+  /// Why the folder, or one beneath it, could not be read the last time; "" when all could.
   std::string Trouble() const;
 
   /// Takes up to `most` of the changes, in their order.

@@ -11,6 +11,7 @@
 #include "store/durable_file.h"
 #include "store/file_error.h"
 #include "store/printable_text.h"
+#include "store/text_encoding.h"
 #include "study/found_files.h"
 #include "tables/list_lines.h"
 
@@ -36,29 +37,59 @@ std::string ReadInput(std::istream& input, const fs::path& path) {
   return bytes;
 }
 
+/// Whether tables are made from files of `kind`.
+bool HoldsData(FileKind kind) {
+  return kind == FileKind::episodes || kind == FileKind::survey;
+}
+
 /// Starts `list`'s next source. Returns its number.
 std::size_t NextSource(Source::Kind kind, const fs::path& path, FileList& list) {
   list.sources.push_back({kind, path});
   return list.sources.size() - 1;
 }
 
-void AddList(Source::Kind kind, const fs::path& path, std::string bytes, FileList& list) {
+/// The file that `line` names in `folder`.
+ListedFile FileNamed(const std::string& line, const fs::path& folder) {
+  const FileKind kind = KindOf(line);
+  const std::string name = kind == FileKind::other ? line : ObservationName(line);
+  return {Decode(name).text, folder / line, kind};
+}
+
+bool IsThere(const ListedFile& file) {
+  std::error_code unknown;
+  if (file.kind != FileKind::other) return fs::exists(file.path, unknown);
+  return fs::exists(PathOf(file, FileKind::episodes), unknown) ||
+         fs::exists(PathOf(file, FileKind::survey), unknown);
+}
+
+/// The same for a line of a list, whose text may have other bytes than the file's name.
+ListedFile FileNamed(const ListLine& line, const fs::path& folder) {
+  ListedFile file = FileNamed(line.text, folder);
+  if (line.bytes == line.text || IsThere(file)) return file;
+  ListedFile byBytes = FileNamed(line.bytes, folder);
+  return IsThere(byBytes) ? byBytes : file;
+}
+
+void AddList(Source::Kind kind, const fs::path& path, const std::string& bytes, FileList& list) {
   RequireListSize(path, bytes);
   const std::size_t source = NextSource(kind, path, list);
   const fs::path folder = path.parent_path();
-  for (const ListLine& line : ParseList(std::move(bytes))) {
-    const FileKind named = KindOf(line.text);
-    std::string name = named == FileKind::other ? line.text : ObservationName(line.text);
-    list.files.push_back({std::move(name), folder / line.text, named, source, line.number});
+  for (const ListLine& line : ParseList(bytes)) {
+    ListedFile& file = list.files.emplace_back(FileNamed(line, folder));
+    file.source = source;
+    file.line = line.number;
   }
 }
 
-void AddFolder(const fs::path& folder, FileList& list) {
+void AddFolder(const fs::path& folder, const std::function<bool()>& stops, FileList& list) {
   const std::size_t source = NextSource(Source::Kind::folder, folder, list);
-  for (FoundFile& found : FindFiles(folder)) {
-    if (found.kind != FileKind::episodes && found.kind != FileKind::survey) continue;
-    list.files.push_back({std::move(found.name), std::move(found.path), found.kind, source});
+  FoundFiles all = FindFiles(folder, stops);
+  for (FoundFile& found : all.files) {
+    if (!HoldsData(found.kind)) continue;
+    list.files.push_back(
+        {Decode(std::move(found.name)).text, std::move(found.path), found.kind, source});
   }
+  std::ranges::move(all.unread, std::back_inserter(list.unread));
 }
 
 }  // namespace
@@ -69,15 +100,20 @@ FileList ReadFileList(const fs::path& path) {
   return list;
 }
 
-void AddSource(const fs::path& source, std::istream& input, FileList& list) {
+void AddSource(const fs::path& source, std::istream& input, FileList& list,
+               const std::function<bool()>& stops) {
   std::error_code unknown;
   if (source == "-") {
     AddList(Source::Kind::input, source, ReadInput(input, source), list);
   } else if (fs::is_directory(source, unknown)) {
-    AddFolder(source, list);
+    AddFolder(source, stops, list);
   } else if (const FileKind kind = KindOf(source); kind != FileKind::other) {
+    if (!HoldsData(kind)) {
+      throw FileError(source, "expected an " + WordsFor(FileKind::episodes) + " or " +
+                                  WordsFor(FileKind::survey));
+    }
     const std::size_t number = NextSource(Source::Kind::file, source, list);
-    list.files.push_back({ObservationName(source), source, kind, number});
+    list.files.push_back({Decode(ObservationName(source)).text, source, kind, number});
   } else {
     AddList(Source::Kind::list, source, ReadFileStart(source, kMostBytes + 1), list);
   }

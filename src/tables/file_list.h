@@ -2,10 +2,12 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <istream>
 #include <string>
 #include <vector>
 
+#include "store/file_error.h"
 #include "study/file_kind.h"
 
 namespace orvex {
@@ -24,7 +26,7 @@ struct Source {
 
 /// A file that a source names.
 struct ListedFile {
-  /// What tables call the observation: the line of a list, "5-12-3", or ObservationName.
+  /// What tables call the observation: the line of a list, "5-12-3", or ObservationName. UTF-8.
   std::string name;
   std::filesystem::path path;       ///< without its extension while `kind` is open
   FileKind kind = FileKind::other;  ///< `other`: open, the line names the observation alone
@@ -36,19 +38,22 @@ struct ListedFile {
 struct FileList {
   std::vector<Source> sources;
   std::vector<ListedFile> files;
+  std::vector<FileError> unread = {};  ///< folders in sources that could not be read
 
   const Source& SourceOf(const ListedFile& file) const { return sources[file.source]; }
 };
 
 /// Reads a list file. The lines of a list name observations, "5-12-3", or their files,
-/// "5-12-3.eps", in the list's folder. Throws FormatError, and FileError when the file cannot be
-/// read or is too large for a list.
+/// "5-12-3.eps", in the list's folder. A name that there is only by its very bytes is taken by
+/// these. Throws FormatError, and FileError when the file cannot be read or is too large for a
+/// list.
 FileList ReadFileList(const std::filesystem::path& path);
 
 /// Adds the files that `source` names to `list`: a folder, an episode or survey file, a list, or
-/// "-" for a list that is read from `input`, whose lines are relative to the current folder. Throws
-/// FormatError and FileError.
-void AddSource(const std::filesystem::path& source, std::istream& input, FileList& list);
+/// "-" for a list that is read from `input`, whose lines are relative to the current folder.
+/// `stops` may end the search of a folder early; it may be empty. Throws FormatError and FileError.
+void AddSource(const std::filesystem::path& source, std::istream& input, FileList& list,
+               const std::function<bool()>& stops = {});
 
 /// The files of `kind`, one for each observation. What a list or the user names stands for its
 /// observation, whatever its kind; only folders may hold observations without such a file.

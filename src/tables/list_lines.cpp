@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <string_view>
-#include <utility>
 
 #include "store/content_kind.h"
 #include "store/format_error.h"
@@ -21,10 +20,18 @@ std::string_view Trimmed(std::string_view line) {
   return line.substr(first, line.find_last_not_of(kBlank) + 1 - first);
 }
 
+/// Takes the first line off `text`, with its line end.
+std::string_view TakeLine(std::string_view& text) {
+  const std::size_t end = std::min(text.find('\n'), text.size());
+  const std::string_view line = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return line;
+}
+
 }  // namespace
 
-std::vector<ListLine> ParseList(std::string bytes) {
-  const std::string text = Decode(std::move(bytes)).text;
+std::vector<ListLine> ParseList(const std::string& bytes) {
+  const std::string text = Decode(bytes).text;
   RequireList(text);
   // Zero bytes are a sign of UTF-16, which spreadsheets save as "Unicode text".
   if (const std::size_t zero = text.find('\0'); zero != std::string::npos) {
@@ -34,11 +41,11 @@ std::vector<ListLine> ParseList(std::string bytes) {
   }
   std::vector<ListLine> lines;
   std::string_view rest = text;
+  std::string_view restOfBytes = WithoutByteOrderMark(bytes);
   for (int number = 1; !rest.empty(); ++number) {
-    const std::size_t end = std::min(rest.find('\n'), rest.size());
-    const std::string_view line = Trimmed(rest.substr(0, end));
-    if (!line.empty()) lines.push_back({number, std::string(line)});
-    rest.remove_prefix(std::min(end + 1, rest.size()));
+    const std::string_view line = Trimmed(TakeLine(rest));
+    const std::string_view lineBytes = Trimmed(TakeLine(restOfBytes));
+    if (!line.empty()) lines.push_back({number, std::string(line), std::string(lineBytes)});
   }
   return lines;
 }

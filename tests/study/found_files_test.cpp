@@ -35,7 +35,7 @@ TEST(FoundFiles, ComeInTheOrderOfTheNumbersUnderOneNameForEachObservation) {
   fs::create_symlink(folder / "EPS", folder / "linked");
   fs::create_symlink(folder / "gone.eps", folder / "2-1-1.eps");
   std::vector<std::string> found;
-  for (const FoundFile& file : FindFiles(folder.Path())) {
+  for (const FoundFile& file : FindFiles(folder.Path()).files) {
     found.push_back(file.name + " " +
                     fs::path(file.path).lexically_relative(folder.Path()).string());
   }
@@ -51,7 +51,7 @@ TEST(FoundFiles, ComeInTheOrderOfTheNumbersUnderOneNameForEachObservation) {
 TEST(FoundFiles, CompanionsLieBesideAFileOrInTheTreeOfTheirKind) {
   const test::TestFolder folder;
   for (const char* file : {"EPS/5/12/5-12-9.eps", "BAK/5/12/5-12-9.bak", "SUR/5/12/5-12-9.SUR",
-                           "4-1-1.eps", "4-1-1.NTE"}) {
+                           "4-1-1.eps", "4-1-1.NTE", "4-1-1.Sur"}) {
     Touch(folder / file);
   }
   const fs::path inTree = folder / "EPS/5/12/5-12-9.eps";
@@ -60,6 +60,8 @@ TEST(FoundFiles, CompanionsLieBesideAFileOrInTheTreeOfTheirKind) {
   EXPECT_EQ(Companion(inTree, FileKind::fieldNotes), "");
   EXPECT_EQ(Companion(folder / "SUR/5/12/5-12-9.SUR", FileKind::episodes), inTree);
   EXPECT_EQ(Companion(folder / "4-1-1.eps", FileKind::fieldNotes), folder / "4-1-1.NTE");
+  EXPECT_EQ(Companion(folder / "4-1-1.eps", FileKind::survey), folder / "4-1-1.Sur");
+  EXPECT_EQ(KindOf("4-1-1.Sur"), FileKind::survey);
   EXPECT_EQ(Companion(folder / "4-1-1.eps", FileKind::sessionLog), "");
 }
 

@@ -273,7 +273,7 @@ TEST(Study, CanBeLeftAtAnyMomentWhileFilesChange) {
   }
   Study study(data.Path());
   study.AwaitQuiet();
-  EXPECT_EQ(study.Count(), FindFiles(data.Path()).size());
+  EXPECT_EQ(study.Count(), FindFiles(data.Path()).files.size());
 }
 
 /// How often `part` occurs in the file.

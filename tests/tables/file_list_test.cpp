@@ -136,6 +136,22 @@ TEST(FileList, NamesAFileOfTheWantedKindForEachObservation) {
   }
 }
 
+TEST(FileList, TakesNamesInAnyEncodingAndCallsThemInUtf8) {
+  const std::string latin = "5-12-\xE9";
+  const std::string utf8 = "5-12-\xC3\xA9";
+  const Sources data({latin + ".eps", "utf8/" + utf8 + ".Eps", "utf8/" + utf8 + ".Sur"});
+  test::PutFile(data.folder / "LIST.TXT", latin + "\r\n" + latin + ".eps\nutf8/" + latin);
+  std::string found;
+  const FileList list = data.Read({"LIST.TXT", "", "utf8"});
+  for (const ListedFile& file : FilesOf(FileKind::episodes, list).files) {
+    found += file.name + " " + data.Short(PathOf(file, FileKind::episodes)) + ";";
+  }
+  const std::string latinFile = utf8 + " " + latin + ".eps;";
+  const std::string utf8File = utf8 + " utf8/" + utf8 + ".Eps;";
+  EXPECT_EQ(found,
+            latinFile + latinFile + "utf8/" + utf8File + latinFile + "utf8/" + utf8File + utf8File);
+}
+
 TEST(FileList, SaysWhereAFileIsNamedAndWhichFolderHasNone) {
   const Sources data({"a/5-12-3.eps", "b/5-12-3.sur", "a/notes.txt"});
   test::PutFile(data.folder / "a/LIST.TXT", "5-12-3\n\n5-12-4\n");
