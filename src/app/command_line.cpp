@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "commands/named_file.h"
@@ -61,6 +62,7 @@ class Parser {
   QCommandLineParser& Qt() { return parser_; }
   QStringList Rest() const { return parser_.positionalArguments(); }
   bool IsSet(const QCommandLineOption& option) const { return parser_.isSet(option); }
+  QString Value(const QCommandLineOption& option) const { return parser_.value(option); }
 
   /// Handles what all commands have in common: requests for help or the version, and mistakes.
   /// Returns nothing when the arguments are fine and the command should run.
@@ -98,6 +100,13 @@ QCommandLineOption OutputOption() {
                      "table goes into the folder that is the source, or that holds the list; from "
                      "several sources, files and '-' into the current one."),
       QStringLiteral("DIR")};
+}
+
+/// The mistake of an output without a name, as a script's empty variable makes it.
+std::optional<Request> MistakeInOutput(const QString& command, const Parser& parser,
+                                       const QCommandLineOption& output) {
+  if (!parser.IsSet(output) || !parser.Value(output).isEmpty()) return std::nullopt;
+  return MistakeIn(command, QStringLiteral("--output needs a folder, or '-'."));
 }
 
 /// Adds the operands that name observations. `files` says which files are taken: "Episode files".
@@ -141,8 +150,9 @@ Request ReadExport(const QStringList& arguments) {
       QStringLiteral("Skips a missing or broken file, names it, and goes on."));
   parser.Qt().addOptions({output, keepGoing});
   if (auto request = parser.Parse(arguments)) return *request;
+  if (auto mistake = MistakeInOutput(command, parser, output)) return *mistake;
   ExportCommand options;
-  options.output = PathOf(parser.Qt().value(output));
+  options.output = PathOf(parser.Value(output));
   options.keepGoing = parser.IsSet(keepGoing);
   const QStringList rest = parser.Rest().mid(1);
   if (rest.size() < 2) {
@@ -161,16 +171,6 @@ std::optional<CodebookKind> KindNamed(const QString& name) {
   return ThingNamed(name, kKinds);
 }
 
-/// Gives "--codebook" its kind where that is left out, as Qt's options always have a value.
-QStringList WithCodebookKind(QStringList arguments) {
-  for (qsizetype i = 0; i < arguments.size(); ++i) {
-    if (arguments[i] != QLatin1String("--codebook")) continue;
-    const bool named = i + 1 < arguments.size() && KindNamed(arguments[i + 1]);
-    arguments[i] += QLatin1Char('=') + (named ? arguments.takeAt(i + 1) : QStringLiteral("csv"));
-  }
-  return arguments;
-}
-
 /// The tables that `name` stands for: one of them, or all. None for any other name.
 std::vector<TidyTable> TablesNamed(const QString& name) {
   if (name == QLatin1String("all")) return {kTidyTables.begin(), kTidyTables.end()};
@@ -180,23 +180,42 @@ std::vector<TidyTable> TablesNamed(const QString& name) {
   return {};
 }
 
+/// Gives each "--codebook" its kind where that is left out, as Qt's options always have a value.
+/// The word after it is the kind unless it can be something else of `command`.
+QStringList WithCodebookKinds(const QString& command, QStringList arguments) {
+  const auto isElse = [&](const QString& word) {
+    std::error_code unknown;
+    return word.startsWith(QLatin1Char('-')) || word == command || !TablesNamed(word).empty() ||
+           std::filesystem::exists(PathOf(word), unknown);
+  };
+  for (qsizetype i = 0; i < arguments.size(); ++i) {
+    if (arguments[i] != QLatin1String("--codebook")) continue;
+    const bool named =
+        i + 1 < arguments.size() && (KindNamed(arguments[i + 1]) || !isElse(arguments[i + 1]));
+    arguments[i] += QLatin1Char('=') + (named ? arguments.takeAt(i + 1) : QStringLiteral("csv"));
+  }
+  return arguments;
+}
+
 Request ReadTable(const QStringList& arguments) {
   const QString command = QStringLiteral("table");
-  const QString kinds = QStringLiteral("questions|segments|episodes|observations|survey|all");
+  const QString kinds = QStringLiteral("TABLE");
   Parser parser(command, kinds + QLatin1Char(' ') + kSources,
                 QStringLiteral("Makes tables for statistics programs, questions.csv and so on,\n"
                                "with a row for each question, segment, episode, observation or\n"
                                "survey; 'all' makes all of them.\n"
                                "Exit code: 0 done, 2 not done, or without files that could not be\n"
                                "read."));
-  parser.Qt().addPositionalArgument(kinds, QStringLiteral("What a row stands for."));
+  parser.Qt().addPositionalArgument(kinds, QStringLiteral("What a row stands for: 'questions', "
+                                                          "'segments', 'episodes', 'observations' "
+                                                          "or 'survey'; 'all' makes all tables."));
   AddSources(parser.Qt(), QStringLiteral("Episode files (.eps), or survey files (.sur)"));
   const QCommandLineOption output = OutputOption();
   const QCommandLineOption codebook(
       QStringLiteral("codebook"),
       QStringLiteral("Also describes the variables and their values beside each table: as a table "
                      "(csv, which may be left out), or as a script that reads the table with types "
-                     "and labels into R (r) or SPSS (spss)."),
+                     "and labels into R (r) or SPSS (spss). Can be given several times."),
       QStringLiteral("csv|r|spss"));
   const QCommandLineOption format(
       QStringLiteral("format"),
@@ -204,7 +223,8 @@ Request ReadTable(const QStringList& arguments) {
                      "their codebook. Otherwise files (csv)."),
       QStringLiteral("csv|sqlite"));
   parser.Qt().addOptions({output, codebook, format});
-  if (auto request = parser.Parse(WithCodebookKind(arguments))) return *request;
+  if (auto request = parser.Parse(WithCodebookKinds(command, arguments))) return *request;
+  if (auto mistake = MistakeInOutput(command, parser, output)) return *mistake;
   const auto mistake = [&](const QString& text) { return MistakeIn(command, text); };
   const QStringList rest = parser.Rest().mid(1);
   if (rest.size() < 2) return mistake(QStringLiteral("A table and a source are needed."));
@@ -213,14 +233,14 @@ Request ReadTable(const QStringList& arguments) {
   if (options.tables.empty())
     return mistake(QStringLiteral("There is no table '%1'.").arg(rest[0]));
   options.sources = PathsOf(rest.mid(1));
-  options.output = PathOf(parser.Qt().value(output));
-  if (parser.IsSet(codebook)) {
-    const QString kind = parser.Qt().value(codebook);
-    options.codebook = KindNamed(kind);
-    if (!options.codebook) return mistake(QStringLiteral("There is no codebook '%1'.").arg(kind));
+  options.output = PathOf(parser.Value(output));
+  for (const QString& name : parser.Qt().values(codebook)) {
+    const auto kind = KindNamed(name);
+    if (!kind) return mistake(QStringLiteral("There is no codebook '%1'.").arg(name));
+    options.codebooks.insert(*kind);
   }
   if (parser.IsSet(format)) {
-    const QString name = parser.Qt().value(format);
+    const QString name = parser.Value(format);
     options.sqlite = name == QLatin1String("sqlite");
     if (!options.sqlite && name != QLatin1String("csv")) {
       return mistake(QStringLiteral("There is no format '%1'.").arg(name));
@@ -230,10 +250,11 @@ Request ReadTable(const QStringList& arguments) {
     return mistake(
         QStringLiteral("A database holds all tables: say 'all' instead of '%1'.").arg(rest[0]));
   }
-  if (options.sqlite && options.codebook) {
+  if (options.sqlite && !options.codebooks.empty()) {
     return mistake(QStringLiteral("A database has its codebook in it: leave '--codebook' out."));
   }
-  if (options.output == kStandardOutput && (options.tables.size() > 1 || options.codebook)) {
+  if (options.output == kStandardOutput &&
+      (options.tables.size() > 1 || !options.codebooks.empty())) {
     return mistake(QStringLiteral("The standard output takes one table, without a codebook."));
   }
   return options;

@@ -2,8 +2,12 @@
 
 #include <unistd.h>
 
+#include <array>
+#include <cerrno>
 #include <csignal>
 #include <iostream>
+#include <streambuf>
+#include <system_error>
 
 #include "commands/check_command.h"
 #include "store/storage.h"
@@ -20,11 +24,35 @@ void Interrupt(int) {
 /// Lets the user interrupt a table: it is then abandoned cleanly. Signals that are already
 /// ignored, as under nohup, stay ignored. A closed output pipe does not stop the table.
 void HoldSignals() {
+  struct sigaction hold = {};
+  hold.sa_handler = Interrupt;  // without SA_RESTART: it ends the wait for input
   for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
-    if (std::signal(signal, Interrupt) == SIG_IGN) std::signal(signal, SIG_IGN);
+    struct sigaction before = {};
+    if (::sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN) {
+      ::sigaction(signal, &hold, nullptr);
+    }
   }
   std::signal(SIGPIPE, SIG_IGN);
 }
+
+/// The standard input. Unlike std::cin, it ends when the user interrupts the program.
+class StandardInput final : public std::streambuf {
+ protected:
+  int_type underflow() override {
+    ssize_t count = 0;
+    do {
+      if (interrupted != 0) return traits_type::eof();
+      count = ::read(STDIN_FILENO, bytes_.data(), bytes_.size());
+    } while (count < 0 && errno == EINTR);
+    if (count < 0) throw std::system_error(errno, std::generic_category());  // the stream is bad
+    if (count == 0) return traits_type::eof();
+    setg(bytes_.data(), bytes_.data(), bytes_.data() + count);
+    return traits_type::to_int_type(*gptr());
+  }
+
+ private:
+  std::array<char, 65536> bytes_ = {};
+};
 
 struct Runner {
   const Console& console;
@@ -62,8 +90,11 @@ bool MakesATable(const Request& request) {
 
 int RunCommand(const Request& request) {
   std::ios::sync_with_stdio(false);
+  StandardInput bytes;
+  std::istream input(&bytes);
   const Console console{.out = std::cout,
                         .err = std::cerr,
+                        .in = input,
                         .showsProgress = ::isatty(STDERR_FILENO) != 0,
                         .interrupted = [] { return interrupted != 0; }};
   const ExitCode code = std::visit(Runner{console}, request);

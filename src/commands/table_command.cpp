@@ -1,6 +1,7 @@
 #include "commands/table_command.h"
 
 #include <algorithm>
+#include <memory>
 #include <optional>
 #include <string>
 #include <system_error>
@@ -66,11 +67,17 @@ std::filesystem::path TableFolder(const FileList& list, const std::filesystem::p
 /// What is to be told of the files and the list: all, or nothing again that another table told.
 enum class Notes { areTold, wereTold };
 
-/// The files of `list` that a table of `kind` is made from. Nothing when a folder has no such file.
-std::optional<FileList> FilesToJoin(const TableKind& kind, FileList list, const Console& console) {
+/// The files of `list` that a table of `kind` is made from, in `folder`. Nothing when a folder has
+/// no such file, or all lists are empty: a search that was cut short must not empty a table.
+std::optional<FileList> FilesToJoin(const TableKind& kind, FileList list,
+                                    const std::filesystem::path& folder, const Console& console) {
   FileList files = FilesFor(kind, std::move(list));
   if (!HasFiles(files, WordsFor(kind.files), console)) return std::nullopt;
-  return files;
+  if (!files.files.empty() || folder == kStandardOutput) return files;
+  console.err << Problem{files.sources.front().path, 0, "there is no observation in it"}.Text()
+              << "\n"
+              << WithoutNewTable(folder / kind.fileName) << "\n";
+  return std::nullopt;
 }
 
 /// Warns about observations that come twice.
@@ -99,28 +106,30 @@ void TellNotes(const FileNotes& notes, const std::string& place, const Console& 
   if (notes.problem) Tell(*notes.problem, place, console);
 }
 
-/// Makes a table. `kFailed` when the table was not stored or stops before the end of the list;
-/// `kFound` when bad files were left out.
-ExitCode Make(TableExport& table, const Console& console, Notes told = Notes::areTold) {
+/// Adds the rows of all files. False when the user has stopped it; `console.err` then says so in a
+/// line that has not ended yet.
+bool ReadAll(TableExport& table, const Console& console, Notes told = Notes::areTold) {
   if (told == Notes::areTold) TellRepeats(table.List(), console);  // while the files are read
   Progress progress(console);
-  std::size_t bad = 0;
-  while (!table.Finished()) {
+  for (;;) {
     if (console.interrupted && console.interrupted()) {
       progress.Clear();
       console.err << "Interrupted after " << table.Done() << " of "
-                  << Counted(table.Count(), "file") << ". " << WithoutNewTable(table.Table())
-                  << "\n";
-      return kFailed;
+                  << Counted(table.Count(), "file") << ".";
+      return false;
     }
+    if (table.Finished()) return true;
     progress.Show(table.Done(), table.Count());
     const FileNotes notes = table.Step();
-    if (notes.problem) ++bad;
     if (told == Notes::wereTold || (!notes.problem && notes.warnings.empty())) continue;
     progress.Clear();
     TellNotes(notes, PlaceOf(table.List().files[table.Done() - 1], table.List()), console);
   }
-  progress.Clear();
+}
+
+/// Moves a table into place. `kFailed` when it was not stored or stops before the end of the list;
+/// `kFound` when bad files were left out.
+ExitCode Store(TableExport& table, const Console& console) {
   if (!table.Commit()) {
     console.err << "There are no rows. " << WithoutNewTable(table.Table()) << "\n";
     return kFailed;
@@ -134,17 +143,26 @@ ExitCode Make(TableExport& table, const Console& console, Notes told = Notes::ar
     console.err << "The table ends there. Files not read: " << table.Count() - table.Done()
                 << ".\n";
   }
-  if (bad == 0) return kDone;
+  if (table.Bad() == 0) return kDone;
   return table.Ended() || table.Files() == 0 ? kFailed : kFound;
 }
 
-TableExport ExportTo(const std::filesystem::path& folder, TableKind kind, FileList files,
-                     BadFile badFile, Storage& storage, const Console& console) {
+/// Makes a table that is the only one.
+ExitCode Make(TableExport& table, const Console& console) {
+  if (ReadAll(table, console)) return Store(table, console);
+  console.err << " " << WithoutNewTable(table.Table()) << "\n";
+  return kFailed;
+}
+
+std::unique_ptr<TableExport> ExportTo(const std::filesystem::path& folder, TableKind kind,
+                                      FileList files, BadFile badFile, Storage& storage,
+                                      const Console& console) {
   if (folder == kStandardOutput) {
-    return {console.out, std::move(kind), std::move(files), badFile};
+    return std::make_unique<TableExport>(console.out, std::move(kind), std::move(files), badFile);
   }
   std::filesystem::path path = folder / kind.fileName;
-  return {storage, std::move(kind), std::move(files), std::move(path), badFile};
+  return std::make_unique<TableExport>(storage, std::move(kind), std::move(files), std::move(path),
+                                       badFile);
 }
 
 /// Runs `command`. Writes why and returns `kFailed` when it throws FileError.
@@ -156,53 +174,86 @@ ExitCode Run(const Console& console, Command command) try {
   return kFailed;
 }
 
-/// Makes a tidy table in `folder`, and its codebook.
-ExitCode MakeTidyTable(TidyTable tidy, FileList files, std::optional<CodebookKind> codebook,
-                       const std::filesystem::path& folder, Storage& storage,
-                       const Console& console, Notes told) {
-  const TableKind kind = TidyTableKind(tidy);
-  if (codebook) RequireNoSource(folder / CodebookFileName(tidy, *codebook), files);
-  TableExport table =
-      ExportTo(folder, kind, std::move(files), BadFile::isSkipped, storage, console);
-  const ExitCode code = Make(table, console, told);
-  if (codebook && code != kFailed) {
-    const std::filesystem::path path = folder / CodebookFileName(tidy, *codebook);
-    ReplaceFile(storage, path, Codebook(tidy, *codebook, table.Table()));
+/// A tidy table that has all its rows, but is not in its place yet.
+struct ReadTable {
+  TidyTable tidy;
+  std::unique_ptr<TableExport> table;
+};
+
+/// Writes a codebook of a table that is in its place already.
+ExitCode StoreCodebook(const ReadTable& read, CodebookKind kind, Storage& storage,
+                       const Console& console) {
+  const std::filesystem::path& table = read.table->Table();
+  const std::filesystem::path path = table.parent_path() / CodebookFileName(read.tidy, kind);
+  const ExitCode code = Run(console, [&] {
+    ReplaceFile(storage, path, Codebook(read.tidy, kind, table));
+    return kDone;
+  });
+  if (code == kDone) {
     console.out << Printable(path.native()) << ": the variables of the table and their values\n";
+  } else {
+    console.err << "The table " << table.filename().string() << " is the new one. "
+                << WithoutNewTable(path) << "\n";
   }
   return code;
 }
 
-ExitCode MakeDatabase(const FileList& sources, const std::filesystem::path& folder,
-                      Storage& storage, const Console& console) {
+/// Moves tables into their places, each with its codebooks. One that cannot be stored does not keep
+/// the others from it.
+ExitCode StoreAll(const std::vector<ReadTable>& tables, const std::set<CodebookKind>& codebooks,
+                  Storage& storage, const Console& console) {
+  ExitCode code = kDone;
+  for (const ReadTable& read : tables) {
+    const ExitCode stored = Run(console, [&] { return Store(*read.table, console); });
+    code = std::max(code, stored);
+    if (stored == kFailed) continue;
+    for (const CodebookKind kind : codebooks) {
+      code = std::max(code, StoreCodebook(read, kind, storage, console));
+    }
+  }
+  return code;
+}
+
+ExitCode MakeDatabase(FileList sources, const std::filesystem::path& folder, Storage& storage,
+                      const Console& console) {
   const TableKind kind = SqliteTableKind();
-  auto files = FilesToJoin(kind, sources, console);
+  auto files = FilesToJoin(kind, std::move(sources), folder, console);
   if (!files) return kFailed;
   TableExport table(storage, kind, *std::move(files), folder / kind.fileName, BadFile::isSkipped);
   return Make(table, console);
 }
 
-/// Makes the tables one after another. A study may be without surveys, so with several tables only
-/// the surveys that are there count.
+/// Makes the tables one after another, and moves them into place when all are finished. A study may
+/// be without surveys, so with several tables only the surveys that are there count.
 ExitCode MakeTidyTables(const TableCommand& command, const FileList& sources,
                         const std::filesystem::path& folder, Storage& storage,
                         const Console& console) {
-  ExitCode code = kDone;
+  std::vector<ReadTable> tables;
   const bool several = command.tables.size() > 1;
   Notes told = Notes::areTold;  // of the episode files
   for (const TidyTable tidy : command.tables) {
     const TableKind kind = TidyTableKind(tidy);
     const bool ofSurveys = kind.files == FileKind::survey;
     auto files = several && ofSurveys ? std::optional(SurveysThatAreThere(sources))
-                                      : FilesToJoin(kind, sources, console);
+                                      : FilesToJoin(kind, sources, folder, console);
     if (!files) return kFailed;
-    const ExitCode made =
-        MakeTidyTable(tidy, *std::move(files), command.codebook, folder, storage, console,
-                      ofSurveys ? Notes::areTold : std::exchange(told, Notes::wereTold));
-    code = std::max(code, made);
-    if (console.interrupted && console.interrupted()) return kFailed;
+    for (const CodebookKind codebook : command.codebooks) {
+      RequireNoSource(folder / CodebookFileName(tidy, codebook), *files);
+    }
+    tables.push_back(
+        {tidy, ExportTo(folder, kind, *std::move(files), BadFile::isSkipped, storage, console)});
+    TableExport& table = *tables.back().table;
+    if (!ReadAll(table, console,
+                 ofSurveys ? Notes::areTold : std::exchange(told, Notes::wereTold))) {
+      console.err << " "
+                  << (several ? "All earlier tables stay as they were."
+                              : WithoutNewTable(table.Table()))
+                  << "\n";
+      return kFailed;
+    }
+    table.ForgetList();
   }
-  return code;
+  return StoreAll(tables, command.codebooks, storage, console);
 }
 
 }  // namespace
@@ -212,25 +263,28 @@ ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console
     const TableKind kind = TableOf(command.kind);
     auto sources = ReadSources(command.sources, console);
     if (!sources) return kFailed;
+    const bool isWhole = sources->unread.empty();
     const std::filesystem::path folder = TableFolder(*sources, command.output);
-    auto files = FilesToJoin(kind, *std::move(sources), console);
+    auto files = FilesToJoin(kind, *std::move(sources), folder, console);
     if (!files) return kFailed;
-    TableExport table =
+    const auto table =
         ExportTo(folder, kind, *std::move(files),
                  command.keepGoing ? BadFile::isSkipped : BadFile::endsTheTable, storage, console);
-    return Make(table, console);
+    const ExitCode code = Make(*table, console);
+    return isWhole ? code : kFailed;
   });
 }
 
 ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& console) {
   return Run(console, [&] {
-    const auto sources = ReadSources(command.sources, console);
+    auto sources = ReadSources(command.sources, console);
     if (!sources) return kFailed;
+    const bool isWhole = sources->unread.empty();
     const std::filesystem::path folder = TableFolder(*sources, command.output);
     const ExitCode code = command.sqlite
-                              ? MakeDatabase(*sources, folder, storage, console)
+                              ? MakeDatabase(*std::move(sources), folder, storage, console)
                               : MakeTidyTables(command, *sources, folder, storage, console);
-    return code == kDone ? kDone : kFailed;
+    return code == kDone && isWhole ? kDone : kFailed;
   });
 }
 

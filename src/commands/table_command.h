@@ -1,7 +1,7 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
+#include <set>
 #include <vector>
 
 #include "commands/console.h"
@@ -28,13 +28,14 @@ struct ExportCommand {
 };
 ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console& console);
 
-/// `orvex table`: makes tidy tables, skipping bad files.
+/// `orvex table`: makes tidy tables, skipping bad files. No table takes the place of an earlier one
+/// before all of them are finished.
 struct TableCommand {
   std::vector<TidyTable> tables = {};
   std::vector<std::filesystem::path> sources = {};
   std::filesystem::path output = {};
-  /// Also write a codebook for each table, which describes its variables.
-  std::optional<CodebookKind> codebook = {};
+  /// Also write these codebooks for each table, which describe its variables.
+  std::set<CodebookKind> codebooks = {};
   bool sqlite = false;  ///< all tables in one database instead, whatever `tables` says
 };
 ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& console);

@@ -50,6 +50,7 @@ TableExport::TableExport(Storage& storage, TableKind kind, FileList list, fs::pa
                          BadFile badFile)
     : kind_(std::move(kind)),
       list_(std::move(list)),
+      count_(list_.files.size()),
       table_(Prepared(storage, std::move(table), list_)),
       badFile_(badFile),
       file_(kind_.open ? kind_.open(storage, table_)
@@ -59,6 +60,7 @@ TableExport::TableExport(Storage& storage, TableKind kind, FileList list, fs::pa
 TableExport::TableExport(std::ostream& stream, TableKind kind, FileList list, BadFile badFile)
     : kind_(std::move(kind)),
       list_(std::move(list)),
+      count_(list_.files.size()),
       badFile_(badFile),
       file_(std::make_unique<StreamTable>(stream, kind_.header)),
       reading_(Count(), [this](std::size_t file) { return RowsOf(file); }) {}
@@ -77,6 +79,7 @@ FileNotes TableExport::Step() {
   FileRows rows = reading_.Take().value();
   ++done_;
   if (rows.notes.problem) {
+    ++bad_;
     ended_ = badFile_ == BadFile::endsTheTable;
     if (!ended_) rows.text.clear();
     lastInPart_ = !rows.text.empty();

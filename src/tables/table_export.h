@@ -62,16 +62,21 @@ class TableExport {
   const FileList& List() const { return list_; }
   /// How many files have been processed.
   std::size_t Done() const { return done_; }
-  std::size_t Count() const { return list_.files.size(); }
+  std::size_t Count() const { return count_; }
   /// The number of rows in the table, without its header, and the number of files they come
   /// from.
   std::size_t Rows() const { return rows_; }
   std::size_t Files() const { return files_; }
+  /// How many files had a problem.
+  std::size_t Bad() const { return bad_; }
   /// Whether a bad file has ended the table, and whether some of that file's rows are in it.
   bool Ended() const { return ended_; }
   bool LastInPart() const { return lastInPart_; }
   /// True when no file is left, or a bad one has ended the table.
   bool Finished() const { return ended_ || done_ == Count(); }
+
+  /// Frees the memory of the list, once the table is finished and waits for its commit.
+  void ForgetList() { list_ = {}; }
 
   /// Adds the rows of the next file. Throws FileError when the table cannot be written.
   FileNotes Step();
@@ -86,12 +91,14 @@ class TableExport {
 
   TableKind kind_;
   FileList list_;
+  std::size_t count_;
   std::filesystem::path table_;
   BadFile badFile_;
   std::unique_ptr<TableFile> file_;
   std::size_t done_ = 0;
   std::size_t rows_ = 0;
   std::size_t files_ = 0;
+  std::size_t bad_ = 0;
   bool ended_ = false;
   bool lastInPart_ = false;
   OrderedReading<FileRows> reading_;  // last: its threads use the kind and the list

@@ -35,7 +35,9 @@ struct Describe {
     for (const TidyTable table : r.tables) text += std::string(NameOf(table)) + " ";
     for (const auto& source : r.sources) text += source.string() + " ";
     text += "to " + r.output.string() + (r.sqlite ? " in sqlite" : "");
-    return text + (r.codebook ? " with " + CodebookFileName(r.tables[0], *r.codebook) : "");
+    for (const CodebookKind kind : r.codebooks)
+      text += " with " + CodebookFileName(r.tables[0], kind);
+    return text;
   }
 };
 
@@ -73,6 +75,12 @@ TEST(CommandLine, IsReadAsWhatItAsksFor) {
       {"table survey --codebook r DATA", "survey DATA to  with survey.R"},
       {"table survey DATA --codebook=spss", "survey DATA to  with survey.sps"},
       {"table survey DATA --codebook=sas", "mistake"},
+      {"table survey --codebook sas DATA", "mistake"},
+      {"table survey --codebook /", "survey / to  with survey-codebook.csv"},
+      {"table survey DATA --codebook spss --codebook --codebook r",
+       "survey DATA to  with survey-codebook.csv with survey.R with survey.sps"},
+      {"table survey DATA --output=", "mistake"},
+      {"export epsdata DATA --output=", "mistake"},
       {"table all A B --format csv", "observations survey episodes segments questions A B to "},
       {"table all A --format sqlite",
        "observations survey episodes segments questions A to  in sqlite"},

@@ -192,7 +192,7 @@ void MakeTables(const fs::path& folder) {
   const TableCommand command = {.tables = {kTidyTables.begin(), kTidyTables.end()},
                                 .sources = {test::SamplesFolder() / "odd" / "LIST.TXT"},
                                 .output = folder,
-                                .codebook = CodebookKind::csv};
+                                .codebooks = {CodebookKind::csv}};
   EXPECT_EQ(RunTable(command, storage, console), kDone) << err.str();
 }
 
