@@ -10,19 +10,26 @@ namespace orvex {
 namespace {
 
 /// The beginning of the script, with "TABLE" in place of the table's name. R has no other word for
-/// the place of a script than what `source` and `Rscript` remember of it.
+/// the place of a script than what `source` and `Rscript` (which writes a blank as "~+~") remember
+/// of it; where they remember none, the table is looked for in the working folder.
 constexpr std::string_view kBeginning =
     R"(# Reads TABLE.csv, which lies beside this script, into `TABLE`, with the types and the labels
 # of its variables.
 TABLE <- local({
-  script <- c(rev(unlist(lapply(sys.frames(), function(frame) frame$ofile))),
-              sub("^--file=", "", grep("^--file=", commandArgs(), value = TRUE)), "TABLE.R")[1]
+  sourced <- lapply(rev(sys.frames()), function(frame) {
+    if (is.character(frame$ofile) && !isTRUE(frame$chdir)) frame$ofile
+    else if (!is.null(frame$ofile)) "TABLE.R"
+  })
+  run <- sub("^--file=", "", grep("^--file=", commandArgs(), value = TRUE))
+  script <- c(unlist(sourced), gsub("~+~", " ", run, fixed = TRUE), "TABLE.R")[1]
+  table <- file.path(dirname(script), "TABLE.csv")
+  if (!file.exists(table)) table <- "TABLE.csv"
   # A code that the codebook does not have stands for itself.
   labelled <- function(codes, values, labels) {
     others <- setdiff(codes, c(values, NA))
     factor(codes, levels = c(values, others), labels = c(labels, others))
   }
-  rows <- read.csv(file.path(dirname(script), "TABLE.csv"), na.strings = "", encoding = "UTF-8",
+  rows <- read.csv(table, na.strings = "", encoding = "UTF-8",
                    colClasses = c()";
 
 std::string BeginningFor(std::string_view table) {

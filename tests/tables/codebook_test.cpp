@@ -108,6 +108,21 @@ stopifnot(all(q$text == texts), is.factor(q$source), is.factor(q$activity),
   EXPECT_TRUE(test::Runs(folder / "elsewhere", "Rscript check.R") &&
               test::Runs(folder / "elsewhere", "env LC_ALL=C Rscript check.R"))
       << test::FileBytes(folder / "elsewhere/out");
+
+  // The table lies beside the script, however that is run.
+  ASSERT_TRUE(test::Runs(folder.Path(), "mkdir 'my study' && cp questions.* 'my study'"));
+  for (const char* command : {
+           "cd elsewhere && Rscript '../my study/questions.R'",
+           "Rscript -e \"source('my study/questions.R', chdir = TRUE)\" -e "
+           "'stopifnot(nrow(questions) > 0)'",
+           "cd 'my study' && Rscript -e 'sys.source(\"questions.R\", globalenv())'",
+           "cd 'my study' && Rscript -e 'source(file(\"questions.R\"))'",
+       }) {
+    EXPECT_TRUE(
+        test::Runs(folder.Path(), std::string("rm -f questions.csv && ( ") + command + " )"))
+        << command << "\n"
+        << test::FileBytes(folder / "out");
+  }
 }
 
 TEST(Codebook, IsSyntaxThatPsppReads) {
