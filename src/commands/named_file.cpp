@@ -47,4 +47,13 @@ void Tell(const Problem& problem, const std::string& place, const Console& conso
   console.err << problem.Text() << (place.empty() ? "" : " (" + place + ")") << "\n";
 }
 
+void Tell(const FileNotes& notes, const std::string& place, const Console& console) {
+  for (const FileWarning& warning : notes.warnings) {
+    console.err << Warning(notes.file, 0, warning.text).Text() << "\n";
+  }
+  for (const auto& problem : {notes.problem, notes.surveyProblem}) {
+    if (problem) Tell(*problem, place, console);
+  }
+}
+
 }  // namespace orvex

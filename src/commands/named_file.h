@@ -8,6 +8,7 @@
 #include "store/eps_file.h"
 #include "store/sur_file.h"
 #include "study/problem.h"
+#include "tables/file_notes.h"
 
 namespace orvex {
 
@@ -20,5 +21,7 @@ std::optional<SurFile> ReadSurvey(const std::filesystem::path& file, const std::
 
 /// Writes a problem with a file that was named at `place`.
 void Tell(const Problem& problem, const std::string& place, const Console& console);
+/// Writes the warnings and problems with a file that was named at `place`.
+void Tell(const FileNotes& notes, const std::string& place, const Console& console);
 
 }  // namespace orvex

@@ -1,7 +1,6 @@
 #include "commands/report_command.h"
 
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <utility>
 
@@ -47,15 +46,6 @@ std::string ReportText(const EpsObservation& observation) {
   return text;
 }
 
-/// Reads the survey of an observation into `survey`, if there is one. False when it cannot be read.
-bool ReadSurveyOf(const std::filesystem::path& eps, const Console& console,
-                  std::optional<SurFile>& survey) {
-  const std::filesystem::path file = Companion(eps, FileKind::survey);
-  if (file.empty()) return true;
-  survey = ReadSurvey(file, "", console);
-  return survey.has_value();
-}
-
 /// Writes the reports of one file. `heading` is printed before the text. False when something could
 /// not be read.
 bool Report(const std::filesystem::path& file, bool json, const std::string& heading,
@@ -67,10 +57,12 @@ bool Report(const std::filesystem::path& file, bool json, const std::string& hea
     console.out << heading << ReportText(*content.episodes);
     return true;
   }
-  const bool whole = ReadSurveyOf(file, console, content.survey);
+  FileNotes ofSurvey = {.file = file};
+  ReadSurveyOf(file, ofSurvey, content);
+  Tell(ofSurvey, place, console);
   content.log = ReadLogFacts(Companion(file, FileKind::sessionLog));
   console.out << ObservationJson(content) << "\n";
-  return whole;
+  return !ofSurvey.HaveProblems();
 }
 
 }  // namespace

@@ -99,13 +99,6 @@ FileList SurveysThatAreThere(const FileList& list) {
   return files;
 }
 
-void TellNotes(const FileNotes& notes, const std::string& place, const Console& console) {
-  for (const FileWarning& warning : notes.warnings) {
-    console.err << Warning(notes.file, 0, warning.text).Text() << "\n";
-  }
-  if (notes.problem) Tell(*notes.problem, place, console);
-}
-
 /// Adds the rows of all files. False when the user has stopped it; `console.err` then says so in a
 /// line that has not ended yet.
 bool ReadAll(TableExport& table, const Console& console, Notes told = Notes::areTold) {
@@ -121,9 +114,9 @@ bool ReadAll(TableExport& table, const Console& console, Notes told = Notes::are
     if (table.Finished()) return true;
     progress.Show(table.Done(), table.Count());
     const FileNotes notes = table.Step();
-    if (told == Notes::wereTold || (!notes.problem && notes.warnings.empty())) continue;
+    if (told == Notes::wereTold || notes.Empty()) continue;
     progress.Clear();
-    TellNotes(notes, PlaceOf(table.List().files[table.Done() - 1], table.List()), console);
+    Tell(notes, PlaceOf(table.List().files[table.Done() - 1], table.List()), console);
   }
 }
 

@@ -101,6 +101,12 @@ bool IsTreeName(const fs::path& folderName) {
   });
 }
 
+bool IsInTree(const fs::path& folder) {
+  std::error_code unknown;
+  const fs::path whole = fs::absolute(folder, unknown);
+  return std::any_of(whole.begin(), whole.end(), IsTreeName);
+}
+
 fs::path Companion(const fs::path& file, FileKind kind) {
   for (const KindNames& names : kKinds) {
     if (names.kind != kind) continue;

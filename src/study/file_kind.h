@@ -23,6 +23,9 @@ std::string WordsFor(FileKind kind);
 /// True for the name of the folder that holds the tree of a kind, "EPS", in upper or lower case.
 bool IsTreeName(const std::filesystem::path& folderName);
 
+/// True when `folder` is in the tree of a kind, so that files of the other kinds are outside it.
+bool IsInTree(const std::filesystem::path& folder);
+
 /// The file of `kind` that belongs to the same observation as `file`: beside it, or, where `file`
 /// is in the tree of its kind ("EPS/5/12/5-12-3.eps"), in the tree of the other
 /// ("BAK/5/12/5-12-3.bak"). Empty when there is none, and for a kept class.

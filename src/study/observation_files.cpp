@@ -10,12 +10,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// True when `folder` is in the tree of a kind, so that files of the other kinds are outside it.
-bool IsInTree(const fs::path& folder) {
-  const fs::path whole = fs::absolute(folder);
-  return std::any_of(whole.begin(), whole.end(), IsTreeName);
-}
-
 /// Adds the files that the search in the tree of one kind could not find.
 void AddCompanions(ObservationFiles& files) {
   const auto first =

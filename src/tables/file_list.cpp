@@ -92,6 +92,30 @@ void AddFolder(const fs::path& folder, const std::function<bool()>& stops, FileL
   std::ranges::move(all.unread, std::back_inserter(list.unread));
 }
 
+/// Adds the files of `kind` that the observations of folders in a tree have in another tree.
+void AddFromOtherTrees(FileKind kind, FileList& list) {
+  std::vector<bool> areInTree;  // by source
+  for (const Source& source : list.sources) {
+    areInTree.push_back(source.kind == Source::Kind::folder && IsInTree(source.path));
+  }
+  if (std::ranges::find(areInTree, true) == areInTree.end()) return;
+  std::vector<ListedFile> named = std::exchange(list.files, {});
+  for (auto first = named.begin(); first != named.end();) {
+    const auto end = std::find_if(first, named.end(), [&](const ListedFile& file) {
+      return file.source != first->source || file.name != first->name;
+    });
+    if (areInTree[first->source] &&
+        std::none_of(first, end, [&](const ListedFile& file) { return file.kind == kind; })) {
+      fs::path found = Companion(first->path, kind);
+      if (!found.empty()) {
+        list.files.push_back({first->name, std::move(found), kind, first->source});
+      }
+    }
+    std::move(first, end, std::back_inserter(list.files));
+    first = end;
+  }
+}
+
 }  // namespace
 
 FileList ReadFileList(const fs::path& path) {
@@ -120,6 +144,7 @@ void AddSource(const fs::path& source, std::istream& input, FileList& list,
 }
 
 FileList FilesOf(FileKind kind, FileList list) {
+  AddFromOtherTrees(kind, list);
   std::vector<ListedFile> named = std::exchange(list.files, {});
   // Where the observations are whose files were named one by one: "find" names all of them.
   std::unordered_map<std::string, std::size_t> places;

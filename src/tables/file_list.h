@@ -56,7 +56,8 @@ void AddSource(const std::filesystem::path& source, std::istream& input, FileLis
                const std::function<bool()>& stops = {});
 
 /// The files of `kind`, one for each observation. What a list or the user names stands for its
-/// observation, whatever its kind; only folders may hold observations without such a file.
+/// observation, whatever its kind; only folders may hold observations without such a file. A folder
+/// in the tree of one kind has its observations' files in the trees of the others.
 FileList FilesOf(FileKind kind, FileList list);
 /// Adds to `episodes`, which are the episode files of `list`, the surveys in folders of `list` that
 /// belong to none of them.

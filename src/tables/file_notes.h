@@ -23,7 +23,11 @@ struct FileWarning {
 struct FileNotes {
   std::filesystem::path file;
   std::vector<FileWarning> warnings = {};
-  std::optional<Problem> problem = {};  ///< why there are no rows, or not all
+  std::optional<Problem> problem = {};        ///< why there are no rows, or not all
+  std::optional<Problem> surveyProblem = {};  ///< why they lack the observation's survey
+
+  bool HaveProblems() const { return problem || surveyProblem; }
+  bool Empty() const { return warnings.empty() && !HaveProblems(); }
 
   /// Adds the warnings that it is called with; lasts no longer than these notes.
   Warn WarnsOf(FileWarning::About about) {

@@ -22,21 +22,15 @@ void ReadSurveyFile(const std::filesystem::path& file, FileNotes& notes,
   WarnOfOtherNumbers(file, content.survey->identity, notes.WarnsOf(FileWarning::About::name));
 }
 
-std::optional<Problem> ReadSurveyOf(const std::filesystem::path& episodeFile, FileNotes& notes,
-                                    ObservationContent& content) {
+void ReadSurveyOf(const std::filesystem::path& episodeFile, FileNotes& notes,
+                  ObservationContent& content) {
   const std::filesystem::path file = Companion(episodeFile, FileKind::survey);
-  if (file.empty()) return std::nullopt;
+  if (file.empty()) return;
   FileNotes ofSurvey = {.file = file};
-  auto problem = ProblemOf(file, [&] { ReadSurveyFile(file, ofSurvey, content); });
+  notes.surveyProblem = ProblemOf(file, [&] { ReadSurveyFile(file, ofSurvey, content); });
   for (const FileWarning& warning : ofSurvey.warnings) {
     notes.warnings.push_back({warning.about, "the survey: " + warning.text});
   }
-  return problem;
-}
-
-void NoteLeftOut(const Problem& ofSurvey, FileNotes& notes) {
-  const std::string line = ofSurvey.line > 0 ? "line " + std::to_string(ofSurvey.line) + ": " : "";
-  notes.WarnsOf(FileWarning::About::content)("the survey is left out: " + line + ofSurvey.text);
 }
 
 }  // namespace orvex

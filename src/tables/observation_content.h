@@ -20,7 +20,7 @@ struct ObservationContent {
   std::optional<LogFacts> log = {};
 };
 
-// These read into `files`, note what is doubtful, and throw FileError and FormatError.
+// These read into `content`, note what is doubtful, and throw FileError and FormatError.
 
 /// Reads an episode file, and the session log that belongs to it.
 void ReadEpisodeFile(const std::filesystem::path& file, FileNotes& notes,
@@ -28,11 +28,9 @@ void ReadEpisodeFile(const std::filesystem::path& file, FileNotes& notes,
 void ReadSurveyFile(const std::filesystem::path& file, FileNotes& notes,
                     ObservationContent& content);
 
-/// Reads the survey that belongs to an episode file, if there is one, and notes what is doubtful in
-/// it with the episode file. Returns why it cannot be read.
-std::optional<Problem> ReadSurveyOf(const std::filesystem::path& episodeFile, FileNotes& notes,
-                                    ObservationContent& content);
-/// Notes that the survey of an episode file is left out, and why.
-void NoteLeftOut(const Problem& ofSurvey, FileNotes& notes);
+/// Reads the survey that belongs to an episode file, if there is one. Throws nothing: notes with
+/// the episode file what is doubtful in the survey, or why it cannot be read.
+void ReadSurveyOf(const std::filesystem::path& episodeFile, FileNotes& notes,
+                  ObservationContent& content);
 
 }  // namespace orvex

@@ -79,12 +79,7 @@ void ReadObservation(const std::filesystem::path& file, const std::string& name,
     return;
   }
   rows.notes.problem = ProblemOf(file, [&] { ReadEpisodeFile(file, rows.notes, content); });
-  auto ofSurvey = ReadSurveyOf(file, rows.notes, content);
-  if (!rows.notes.problem) {
-    rows.notes.problem = std::move(ofSurvey);
-  } else if (ofSurvey) {
-    NoteLeftOut(*ofSurvey, rows.notes);
-  }
+  ReadSurveyOf(file, rows.notes, content);
 }
 
 void CreateTable(TidyTable table, SqliteDatabase& database) {

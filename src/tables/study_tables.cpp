@@ -85,7 +85,9 @@ void StudyTables::Note(const FileNotes& notes) {
     std::string sentence = problem.Sentence();
     if (told_.insert(sentence).second) where.push_back(std::move(sentence));
   };
-  if (notes.problem) tell(*notes.problem, problems_);
+  for (const auto& problem : {notes.problem, notes.surveyProblem}) {
+    if (problem) tell(*problem, problems_);
+  }
   for (const FileWarning& warning : notes.warnings) {
     tell({notes.file, 0, warning.text}, warnings_);
   }

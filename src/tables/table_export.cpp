@@ -78,14 +78,15 @@ FileRows TableExport::RowsOf(std::size_t file) const {
 FileNotes TableExport::Step() {
   FileRows rows = reading_.Take().value();
   ++done_;
+  if (rows.notes.HaveProblems()) ++bad_;
   if (rows.notes.problem) {
-    ++bad_;
     ended_ = badFile_ == BadFile::endsTheTable;
     if (!ended_) rows.text.clear();
     lastInPart_ = !rows.text.empty();
   }
-  if (!rows.notes.problem || lastInPart_) ++files_;
-  rows_ += file_->Add(rows);
+  const std::size_t added = file_->Add(rows);
+  if (!rows.notes.problem || added > 0) ++files_;
+  rows_ += added;
   return std::move(rows.notes);
 }
 

@@ -52,10 +52,7 @@ TableKind TidyTableKind(TidyTable table) {
       ReadSurveyFile(file, rows.notes, content);
     } else {
       ReadEpisodeFile(file, rows.notes, content);
-      if (table == TidyTable::observations) {
-        const auto problem = ReadSurveyOf(file, rows.notes, content);
-        if (problem) NoteLeftOut(*problem, rows.notes);
-      }
+      if (table == TidyTable::observations) ReadSurveyOf(file, rows.notes, content);
     }
     AppendTidyRows(table, content, rows.text);
   };

@@ -89,26 +89,74 @@ TEST(SqliteTables, KeepWhatCanBeReadOfAnObservation) {
   put("3", "broken", sur);
   put("4", "", sur);
   put("5", eps, "");
-  std::ostringstream out;
-  std::ostringstream err;
-  Storage storage;
-  EXPECT_EQ(RunTable({.tables = {kTidyTables.begin(), kTidyTables.end()},
-                      .sources = {folder / "DATA"},
-                      .output = folder.Path(),
-                      .sqlite = true},
-                     storage, Console{.out = out, .err = err, .interrupted = {}}),
-            kFailed);
-  for (const char* told :
-       {"/5-12-1.eps: warning: the survey: the identity line says 5-12-3\n", "/5-12-2.sur:1: ",
-        "/5-12-3.eps:1: ", "/5-12-4.sur: warning: the identity line says 5-12-3\n"}) {
-    EXPECT_NE(err.str().find(told), std::string::npos) << err.str();
+  // The surveys of a tree of episode files are in the tree beside it, and the other way round.
+  const std::string whole = "5/12/5-12-1|1|22\n";
+  const std::string broken = "5/12/5-12-2|1|\n";
+  const std::string without = "5/12/5-12-5|0|\n";
+  const std::string told[] = {"/5-12-1.eps: warning: the survey: the identity line says 5-12-3\n",
+                              "/5-12-2.sur:1: ", "/5-12-3.eps:1: ",
+                              "/5-12-4.sur: warning: the identity line says 5-12-3\n"};
+  const struct {
+    const char* source;
+    std::string observations;
+    std::string surveys;
+    std::size_t told;
+  } cases[] = {
+      {"DATA", whole + broken + without, "5/12/5-12-1\n5/12/5-12-3\n5/12/5-12-4\n", 4},
+      {"DATA/EPS", whole + broken + without, "5/12/5-12-1\n5/12/5-12-3\n", 3},
+      {"DATA/SUR", whole + broken, "5/12/5-12-1\n5/12/5-12-3\n5/12/5-12-4\n", 4},
+  };
+  for (const auto& [source, observations, surveys, count] : cases) {
+    for (const bool sqlite : {false, true}) {
+      std::ostringstream out;
+      std::ostringstream err;
+      Storage storage;
+      EXPECT_EQ(RunTable({.tables = {kTidyTables.begin(), kTidyTables.end()},
+                          .sources = {folder / source},
+                          .output = folder.Path(),
+                          .sqlite = sqlite},
+                         storage, Console{.out = out, .err = err, .interrupted = {}}),
+                kFailed);
+      for (std::size_t i = 0; i < count; ++i) {
+        EXPECT_NE(err.str().find(told[i]), std::string::npos) << source << "\n" << err.str();
+      }
+    }
+    for (const std::string in : {"", "_file"}) {
+      const std::string imports = in.empty() ? ""
+                                             : ".import --csv observations.csv observations_file\n"
+                                               ".import --csv survey.csv survey_file\n";
+      EXPECT_EQ(Answer(folder, imports +
+                                   "SELECT file, survey, coalesce(statements_open, '') FROM "
+                                   "observations" +
+                                   in + " ORDER BY file"),
+                observations)
+          << source << in;
+      EXPECT_EQ(Answer(folder, "SELECT file FROM survey" + in + " ORDER BY file"), surveys)
+          << source << in;
+    }
   }
-  EXPECT_EQ(Answer(folder, "SELECT file, survey, statements_open FROM observations ORDER BY file"),
-            "5/12/5-12-1|1|22\n5/12/5-12-2|1|NULL\n5/12/5-12-5|0|NULL\n");
   EXPECT_EQ(Answer(folder,
                    "SELECT s.file, o.file FROM survey s LEFT JOIN observations o ON o.id = "
                    "s.observation_id ORDER BY s.file"),
             "5/12/5-12-1|5/12/5-12-1\n5/12/5-12-3|NULL\n5/12/5-12-4|NULL\n");
+}
+
+TEST(SqliteTables, CountAClassWhoseSurveyIsBrokenAsTheTablesInFilesDo) {
+  const test::TestFolder folder;
+  test::PutAwkwardStudy(folder.Path());
+  test::PutFile(folder / "5-12-3.sur", "broken");
+  for (const bool sqlite : {false, true}) {
+    std::ostringstream out;
+    std::ostringstream err;
+    Storage storage;
+    EXPECT_EQ(
+        RunTable(
+            {.tables = {TidyTable::observations}, .sources = {folder.Path()}, .sqlite = sqlite},
+            storage, Console{.out = out, .err = err, .interrupted = {}}),
+        kFailed);
+    EXPECT_NE(out.str().find(" from 2 files\n"), std::string::npos) << out.str();
+    EXPECT_NE(err.str().find("/5-12-3.sur:1: "), std::string::npos) << err.str();
+  }
 }
 
 TEST(SqliteTables, ReplaceAnEarlierDatabaseAsAWholeOrNotAtAll) {
