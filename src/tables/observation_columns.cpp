@@ -151,7 +151,7 @@ Columns MinuteColumns() {
 Columns EstimateColumns() {
   Columns columns = {
       {"offtask_weighted",
-       OfftaskLabel("the episodes' means weighted by length; missing without questions"),
+       OfftaskLabel("the means of the episodes with questions, weighted by their length"),
        ColumnType::number, [](const TidyRow& row, int, Cells& cells) {
          if (row.summary->offtask) {
            cells.Number(static_cast<float>(*row.summary->offtask));

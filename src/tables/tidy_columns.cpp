@@ -192,7 +192,10 @@ Columns EpisodeColumns() {
         [](const TidyRow& row, int, Cells& cells) {
           cells.Number(std::int64_t{std::ssize(*row.spells)});
         }},
-       {"offtask", OfftaskLabel("only known with questions"), ColumnType::number,
+       {"offtask",
+        OfftaskLabel(
+            "only known with questions; its number of estimates is in the session log alone"),
+        ColumnType::number,
         [](const TidyRow& row, int, Cells& cells) {
           if (row.episode->questions.empty()) {
             cells.Missing();

@@ -110,14 +110,47 @@ TEST_F(JoinedTables, AgreeWithEachOther) {
        ofClass("source = 'S' AND response = 'Y' AND teacher_response = 'O'")},
       {"o.survey", "(SELECT count(*) FROM survey s WHERE s.observation_id = o.id)"},
   };
+  // Singles, which seven digits or so tell apart.
+  std::vector<std::pair<std::string, std::string>> closes = {
+      {"o.questions_per_minute", "60.0 * o.questions / o.seconds"},
+      {"o.offtask_weighted",
+       "(SELECT sum(e.seconds * e.offtask) / sum(e.seconds) FROM episodes e WHERE "
+       "e.observation_id = o.id AND e.questions > 0)"},
+  };
+  const std::tuple<const char*, const char*, const char*> shares[] = {
+      {"student", "source = 'S'", "1"},
+      {"authentic_teacher", "authenticity = 'A'", "source = 'T'"},
+      {"authentic_student", "authenticity = 'A'", "source = 'S'"},
+      {"teacher_higher_order", "cognitive_level = 'H'", "source = 'T'"},
+      {"teacher_unanswered", "response = 'N'", "source = 'T'"},
+      {"uptake", "uptake IN ('T', 'A')", "response = 'Y'"},
+      {"elaborated", "elaborated = 'E'", "response = 'Y'"},
+  };
+  for (const auto& [name, part, whole] : shares) {
+    const std::string ofWhole = ofClass(whole);
+    closes.emplace_back(
+        std::string("o.share_") + name,
+        "1.0 * " + ofClass(std::string(whole) + " AND " + part) + " / nullif(" + ofWhole + ", 0)");
+  }
+  const std::pair<const char*, const char*> groups[] = {
+      {"classroom_management", "1, 2, 3"},
+      {"direct_instruction", "4, 5, 6, 7, 8, 9, 10, 11, 12"},
+      {"seatwork_and_pairwork", "14, 15, 16, 17"},
+      {"tests_and_quizzes", "13"},
+  };
+  for (const auto& [name, activities] : groups) {
+    closes.emplace_back(std::string("60 * o.minutes_") + name,
+                        "(SELECT total(s.seconds) FROM segments s JOIN episodes e ON e.id = "
+                        "s.episode_id WHERE e.observation_id = o.id AND activity IN (" +
+                            std::string(activities) + "))");
+  }
   for (const Activity& activity : kActivities) {
     const std::string seconds = "seconds_" + TwoDigits(activity.number);
     equals.emplace_back("e." + seconds,
                         "(SELECT total(seconds) FROM segments s WHERE s.episode_id "
                         "= e.id AND activity = " +
                             std::to_string(activity.number) + ")");
-    equals.emplace_back("round(o.minutes_" + TwoDigits(activity.number) + " * 60 / 100)",
-                        "round(" + ofEpisodes("e." + seconds) + " / 100)");
+    closes.emplace_back("60 * o.minutes_" + TwoDigits(activity.number), ofEpisodes("e." + seconds));
     constexpr int kLastWithOneCell = 13;
     if (activity.number > kLastWithOneCell) continue;
     equals.emplace_back("e." + seconds, "x.c" + std::to_string(activity.number + 4));
@@ -129,11 +162,20 @@ TEST_F(JoinedTables, AgreeWithEachOther) {
     equals.emplace_back(std::string("e.") + count, "x.c" + std::to_string(column++));
   }
   std::string sql;
-  for (const auto& [one, other] : equals) {
+  const auto tellWhere = [&](const std::string& condition, const std::string& one,
+                             const std::string& other) {
     sql += "SELECT '" + one + "', o.file, " + one + ", " + other +
            " FROM observations o JOIN episodes e ON e.observation_id = o.id JOIN epsdata x ON "
            "x.rowid = e.id WHERE " +
-           one + " IS NOT CAST(" + other + " AS REAL);\n";
+           condition + ";\n";
+  };
+  for (const auto& [one, other] : equals) {
+    tellWhere(one + " IS NOT CAST(" + other + " AS REAL)", one, other);
+  }
+  for (const auto& [one, other] : closes) {
+    tellWhere("(" + one + " IS NULL) <> (" + other + " IS NULL) OR abs(" + one + " - " + other +
+                  ") > 1e-5 * max(1, " + other + ")",
+              one, other);
   }
   EXPECT_EQ(Answer(sql), "");
   EXPECT_EQ(Answer("SELECT count(*) - (SELECT count(*) FROM epsdata) FROM episodes"), "0\n");
