@@ -110,7 +110,7 @@ bool IsInTree(const fs::path& folder) {
 fs::path Companion(const fs::path& file, FileKind kind) {
   for (const KindNames& names : kKinds) {
     if (names.kind != kind) continue;
-    const fs::path beside = FileIn(file.parent_path(), file.stem(), names);
+    fs::path beside = FileIn(file.parent_path(), file.stem(), names);
     if (!beside.empty()) return beside;
     // A path from the class's own folder does not say in which tree it is.
     const fs::path inTree = FolderInTree(fs::absolute(file).parent_path(), names);

@@ -65,8 +65,8 @@ class Search {
       return std::tie(a.key, a.kind, a.path) < std::tie(b.key, b.kind, b.path);
     });
     // A kept class may have files on their way to the one place.
-    const auto again = std::ranges::unique(found_, {}, &FoundFile::path);
-    found_.erase(again.begin(), again.end());
+    const auto samePath = [](const FoundFile& a, const FoundFile& b) { return a.path == b.path; };
+    found_.erase(std::unique(found_.begin(), found_.end(), samePath), found_.end());
     std::ranges::sort(unread_, {}, &FileError::Path);
     return {std::move(found_), std::move(unread_)};
   }

@@ -26,7 +26,7 @@ std::string NumbersIn(const StudyRow& row) {
 }
 
 /// The folder by a path that holds whatever folder the program works in.
-std::filesystem::path Absolute(std::filesystem::path folder) {
+std::filesystem::path Absolute(const std::filesystem::path& folder) {
   std::error_code unknown;
   std::filesystem::path whole = std::filesystem::absolute(folder, unknown);
   return unknown ? folder : whole;

@@ -101,11 +101,12 @@ std::string RScript(TidyTable table) {
   for (const TidyColumn& column : ColumnsOf(table)) {
     const std::string variable = "rows$" + column.name;
     if (column.type == ColumnType::code) {
-      text += "  " + variable + " <- labelled(" + variable + ",\n    " +
-              ListOf(column.values, &ValueLabel::value) + ",\n    " +
-              ListOf(column.values, &ValueLabel::label) + ")\n";
+      text.append("  ").append(variable).append(" <- labelled(").append(variable);
+      text.append(",\n    ").append(ListOf(column.values, &ValueLabel::value));
+      text.append(",\n    ").append(ListOf(column.values, &ValueLabel::label)).append(")\n");
     }
-    text += "  attr(" + variable + ", \"label\") <- " + Quoted(column.label) + "\n";
+    text.append("  attr(").append(variable).append(", \"label\") <- ");
+    text.append(Quoted(column.label)).append("\n");
   }
   return text + "  rows\n})\n";
 }
