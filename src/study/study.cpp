@@ -56,8 +56,8 @@ struct Study::Entry {
   bool IsPutAside() const { return !NameBeforeOlder(row.name).empty(); }
 };
 
-Study::Study(std::filesystem::path folder)
-    : folder_(Absolute(std::move(folder))), reader_(folder_) {}
+Study::Study(const std::filesystem::path& folder)
+    : folder_(Absolute(folder)), reader_(folder_) {}
 
 Study::~Study() = default;
 

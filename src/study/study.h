@@ -39,7 +39,7 @@ std::string TextOf(const StudyTotals& totals);
 /// hold until the next Tick, or until another filter or order is set.
 class Study {
  public:
-  explicit Study(std::filesystem::path folder);
+  explicit Study(const std::filesystem::path& folder);
   ~Study();
   Study(const Study&) = delete;
   Study& operator=(const Study&) = delete;
