@@ -18,93 +18,18 @@
 #include "store/file_error.h"
 #include "store/text_encoding.h"
 #include "survey/load_survey.h"
+#include "ui/FormRow.h"
 #include "ui/OnceInUse.h"
 #include "ui/forms/dlgLog.h"
 #include "ui/forms/dlgTables.h"
-#include "ui/forms/frmAboutInputBox.h"
 #include "ui/forms/frmClassAct.h"
 #include "ui/forms/frmClassEdit.h"
-#include "ui/forms/frmEnterQA.h"
-#include "ui/forms/frmInput1.h"
 #include "ui/forms/frmListOfFiles.h"
 #include "ui/forms/frmMatrices.h"
 #include "ui/forms/frmQA.h"
-#include "ui/forms/frmQuestionPlot.h"
-#include "ui/forms/frmQuestionStats.h"
-#include "ui/forms/frmSplash.h"
-#include "ui/forms/frmStudy.h"
-#include "ui/forms/frmTimeSummary.h"
 #include "ui/widgets/FitToScreen.h"
 
 namespace orvex {
-
-struct Forms::Row {
-  /// Builds the form. Empty if that takes more than Forms has; a Show function then loads it.
-  std::function<LoadedForm(Forms&)> make = {};
-  /// The form appears in the place of the first of these that is loaded.
-  std::vector<Screen> over = {};
-  /// The forms that close together with it.
-  std::vector<Screen> closes = {};
-};
-
-const Forms::Row& Forms::RowOf(Screen screen) {
-  const auto report = [](auto make) {
-    return [make](Forms& forms) {
-      const auto subject = forms.Subject();
-      return subject ? LoadedForm(make(forms, *subject)) : LoadedForm();
-    };
-  };
-  static const std::map<Screen, Row> rows = {
-      {Screen::mainMenu,
-       {.make = [](Forms& forms) { return std::make_unique<frmSplash>(forms.services_); }}},
-      {Screen::study,
-       {.make = [](Forms& forms) { return std::make_unique<frmStudy>(forms.services_); },
-        .over = {Screen::mainMenu}}},
-      {Screen::setUp,
-       {.make = [](Forms& forms) { return std::make_unique<frmInput1>(forms.services_); }}},
-      {Screen::liveObservation,
-       {.make = [](Forms& forms) { return std::make_unique<frmClassAct>(forms.services_); },
-        .closes = {Screen::survey, Screen::questionEditor, Screen::questionEntry,
-                   Screen::aboutText}}},
-      {Screen::aboutText,
-       {.make =
-            [](Forms& forms) {
-              frmClassAct& live = forms.LiveForm();
-              return std::make_unique<frmAboutInputBox>(live.Live(), &live);
-            }}},
-      {Screen::questionEntry,
-       {.make =
-            [](Forms& forms) {
-              frmClassAct& live = forms.LiveForm();
-              return std::make_unique<frmEnterQA>(forms.services_, live.Live(), live.Clocks());
-            },
-        .over = {Screen::liveObservation}}},
-      {Screen::episodeEditor, {.over = {Screen::study}}},
-      {Screen::timeSummary,
-       {.make = report([](Forms& forms, const ReportSubject& subject) {
-          return MakeTimeSummaryForm(forms.services_, subject);
-        }),
-        .over = {Screen::episodeEditor, Screen::study}}},
-      {Screen::questionStats,
-       {.make = report([](Forms& forms, const ReportSubject& subject) {
-          return MakeQuestionStatsForm(forms.services_, subject);
-        }),
-        .over = {Screen::episodeEditor, Screen::study}}},
-      {Screen::questionPlot,
-       {.make = report([](Forms& forms, const ReportSubject& subject) {
-          const auto* stats = forms.Get<frmQuestionStats>();
-          const bool fromStats = stats && stats->isVisible();
-          return MakeQuestionPlotForm(forms.services_, subject,
-                                      fromStats ? Screen::questionStats : subject.back);
-        }),
-        .over = {Screen::episodeEditor, Screen::study}}},
-      {Screen::questionEditor,
-       {.over = {Screen::questionEntry, Screen::liveObservation, Screen::episodeEditor}}},
-      {Screen::survey, {.over = {Screen::liveObservation, Screen::study}}},
-      {Screen::listOfFiles, {.over = {Screen::mainMenu}}},
-  };
-  return rows.at(screen);
-}
 
 Forms::Forms(Program& program, SessionLog& log, RecoveryFile& recovery, Storage& storage,
              const Clock& clock, Prompter& prompter, std::filesystem::path programFolder)
@@ -124,14 +49,6 @@ Forms::Forms(Program& program, SessionLog& log, RecoveryFile& recovery, Storage&
 Forms::~Forms() {
   // Destroy a form before the forms it works with.
   while (!loaded_.empty()) loaded_.erase(std::prev(loaded_.end()));
-}
-
-template <typename Form>
-Form* Forms::Get() const {
-  for (const auto& [screen, loaded] : loaded_) {
-    if (auto* form = qobject_cast<Form*>(loaded.widget.get())) return form;
-  }
-  return nullptr;
 }
 
 frmClassAct& Forms::LiveForm() {

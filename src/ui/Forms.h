@@ -94,4 +94,12 @@ class Forms : public Screens {
   std::map<Screen, LoadedForm> loaded_;
 };
 
+template <typename Form>
+Form* Forms::Get() const {
+  for (const auto& [screen, loaded] : loaded_) {
+    if (auto* form = qobject_cast<Form*>(loaded.widget.get())) return form;
+  }
+  return nullptr;
+}
+
 }  // namespace orvex
