@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -12,12 +13,19 @@ namespace orvex {
 template <typename Act>
 void OnAllCores(std::size_t count, const Act& act) {
   const std::size_t parts = std::max(1U, std::thread::hardware_concurrency());
+  const auto actOn = [&act, count, parts](std::size_t part) {
+    act(count * part / parts, count * (part + 1) / parts);
+  };
   std::vector<std::thread> threads;
+  threads.reserve(parts);
   for (std::size_t part = 1; part < parts; ++part) {
-    threads.emplace_back(
-        [&act, count, part, parts] { act(count * part / parts, count * (part + 1) / parts); });
+    try {
+      threads.emplace_back(actOn, part);
+    } catch (const std::system_error&) {
+      actOn(part);  // there is no thread for it
+    }
   }
-  act(std::size_t{0}, count / parts);
+  actOn(0);
   for (std::thread& thread : threads) thread.join();
 }
 

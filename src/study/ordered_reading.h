@@ -1,10 +1,11 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <condition_variable>
 #include <cstddef>
-#include <deque>
+#include <exception>
 #include <functional>
 #include <mutex>
 #include <optional>
@@ -20,13 +21,19 @@ namespace orvex {
 template <typename Result>
 class OrderedReading {
  public:
-  /// `read` makes the result of an item. It is called from several threads at once and must not
-  /// throw.
-  OrderedReading(std::size_t count, std::function<Result(std::size_t item)> read)
-      : read_(std::move(read)), count_(count) {
-    const unsigned cores = std::max(1U, std::thread::hardware_concurrency());
-    const std::size_t threads = std::min<std::size_t>(cores, count);
-    for (std::size_t i = 0; i < threads; ++i) threads_.emplace_back([this] { Work(); });
+  /// `read` makes the result of an item. It is called from several threads at once. What it throws
+  /// is thrown again where the result is taken. Threads that the system does not grant are done
+  /// without; if there are none, the results are made where they are taken.
+  OrderedReading(std::size_t count, std::function<Result(std::size_t item)> read,
+                 std::size_t threads = std::max(1U, std::thread::hardware_concurrency()))
+      : read_(std::move(read)), count_(count), slots_(std::min(count, kMostAhead + kPortion)) {
+    threads = std::min(threads, count);
+    threads_.reserve(threads);
+    try {
+      while (threads_.size() < threads) threads_.emplace_back([this] { Work(); });
+    } catch (const std::exception&) {
+      // Those that there are do the work.
+    }
   }
   /// Does not begin with further items.
   ~OrderedReading() {
@@ -55,23 +62,41 @@ class OrderedReading {
   /// How many items a thread begins with at once, so that threads seldom wait for each other.
   static constexpr std::size_t kPortion = 16;
 
+  /// What has become of an item: its result, or what was thrown instead.
+  struct Slot {
+    std::optional<Result> result;
+    std::exception_ptr error;
+
+    bool IsFilled() const { return result || error; }
+  };
+  Slot& SlotOf(std::size_t item) { return slots_[item % slots_.size()]; }
+
   std::optional<Result> Taking(bool waits) {
     if (taken_ == count_) return std::nullopt;
+    if (threads_.empty()) return read_(taken_++);
     std::unique_lock lock(mutex_);
-    const auto ready = [this] { return !results_.empty() && results_.front(); };
+    const auto ready = [this] { return SlotOf(taken_).IsFilled(); };
     if (waits) ready_.wait(lock, ready);
     if (!ready()) return std::nullopt;
-    std::optional<Result> result = std::move(results_.front());
-    results_.pop_front();
+    Slot slot = std::exchange(SlotOf(taken_), {});
     ++taken_;
     const bool roomAgain = begun_ < count_ && taken_ % kPortion == 0;
     lock.unlock();
     if (roomAgain) room_.notify_all();
-    return result;
+    if (slot.error) std::rethrow_exception(slot.error);
+    return std::move(slot.result);
+  }
+
+  Slot Read(std::size_t item) const {
+    try {
+      return {read_(item), nullptr};
+    } catch (...) {
+      return {std::nullopt, std::current_exception()};
+    }
   }
 
   void Work() {
-    std::vector<Result> portion;
+    std::array<Slot, kPortion> portion;
     std::unique_lock lock(mutex_);
     for (;;) {
       room_.wait(lock, [this] { return begun_ == count_ || begun_ < taken_ + kMostAhead; });
@@ -79,15 +104,13 @@ class OrderedReading {
       const std::size_t first = begun_;
       begun_ = std::min(begun_ + kPortion, count_);
       const std::size_t end = begun_;
-      results_.resize(begun_ - taken_);
       lock.unlock();
-      portion.clear();
-      for (std::size_t item = first; item < end && !ends_; ++item) portion.push_back(read_(item));
+      for (std::size_t item = first; item < end && !ends_; ++item)
+        portion[item - first] = Read(item);
       lock.lock();
       if (ends_) return;
-      for (std::size_t i = 0; i < portion.size(); ++i) {
-        results_[first + i - taken_] = std::move(portion[i]);
-      }
+      for (std::size_t item = first; item < end; ++item)
+        SlotOf(item) = std::move(portion[item - first]);
       if (first == taken_) ready_.notify_one();
     }
   }
@@ -97,7 +120,7 @@ class OrderedReading {
   std::mutex mutex_;
   std::condition_variable ready_;
   std::condition_variable room_;
-  std::deque<std::optional<Result>> results_;  ///< of the items from `taken_` on that are begun
+  std::vector<Slot> slots_;  ///< of the items from `taken_` on that are begun
   std::size_t begun_ = 0;
   std::atomic<std::size_t> taken_ = 0;
   std::atomic<bool> ends_ = false;

@@ -4,6 +4,8 @@
 
 #include <atomic>
 #include <cstddef>
+#include <stdexcept>
+#include <string>
 #include <vector>
 
 namespace orvex {
@@ -31,6 +33,27 @@ TEST(OrderedReading, CanBeGivenUpAtAnyTime) {
   }
   OrderedReading<int> none(0, [](std::size_t) { return 1; });
   EXPECT_EQ(none.Take(), std::nullopt);
+}
+
+TEST(OrderedReading, HandsOverWhatIsThrownAndGoesOnWithAnyNumberOfThreads) {
+  for (const std::size_t threads : {0U, 1U, 5U}) {
+    OrderedReading<std::size_t> reading(
+        1000,
+        [](std::size_t item) {
+          if (item % 10 == 3) throw std::runtime_error(std::to_string(item));
+          return item;
+        },
+        threads);
+    for (std::size_t item = 0; item < 1000; ++item) {
+      try {
+        ASSERT_EQ(reading.Take(), item);
+        ASSERT_NE(item % 10, 3U);
+      } catch (const std::runtime_error& error) {
+        ASSERT_EQ(error.what(), std::to_string(item));
+      }
+    }
+    EXPECT_EQ(reading.Take(), std::nullopt);
+  }
 }
 
 }  // namespace
