@@ -83,6 +83,8 @@ StudyLayout ParseStudyLayout(std::string_view bytes) {
       for (const auto& [id, on] : kSwitches) layout.filter.*on |= value == id;
     }
   }
+  const bool isAnyShown = std::ranges::any_of(layout.columns, &StudyLayout::Column::shown);
+  for (StudyLayout::Column& column : layout.columns) column.shown |= !isAnyShown;
   return layout;
 }
 

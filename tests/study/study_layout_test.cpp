@@ -31,6 +31,11 @@ TEST(StudyLayout, IsRememberedAndFallsBackWhereItIsDamaged) {
   expected.columns.erase(expected.columns.begin() + static_cast<int>(StudyColumn::date));
   expected.columns.insert(expected.columns.begin(), {StudyColumn::date, 70, false});
   EXPECT_EQ(damaged, expected);
+
+  for (StudyLayout::Column& column : layout.columns) column.shown = false;
+  for (const auto& column : ParseStudyLayout(FormatStudyLayout(layout)).columns) {
+    EXPECT_TRUE(column.shown) << "an empty table would offer no heading to begin with";
+  }
 }
 
 }  // namespace
