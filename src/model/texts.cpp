@@ -287,8 +287,13 @@ constexpr std::array<Row, kCount> kTexts = {{
     {Text::studyTotals,
      "%1: %2 h %3 min, %4 episodes, %5 questions (%6 not fully coded), %7 dialogic spells, %8 "
      "without a survey, %9 with problems"},
+    {Text::andPutAside, ", %1 put aside"},
     {Text::questionsShown, "%1 of %2 questions"},
     {Text::readingProgress, "%1 of %2 observations read"},
+    {Text::readingStopped, "Reading stopped"},
+    {Text::questionsNotRead, "The reading was stopped. Reload (F5) reads the questions."},
+    {Text::questionGone,
+     "The question is not in its place any more. It may have been changed or deleted meanwhile."},
     {Text::noSuchCode, "%1 has no code %2. It takes %3, and - where it is not coded."},
     {Text::noSuchActivity, "There is no activity %1."},
 }};

@@ -265,8 +265,12 @@ enum class Text {
   observationsShown,
   observationsOf,
   studyTotals,
+  andPutAside,
   questionsShown,
   readingProgress,
+  readingStopped,
+  questionsNotRead,
+  questionGone,
   noSuchCode,
   noSuchActivity,
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "store/claim.h"
 #include "study/found_files.h"
 
 namespace orvex {
@@ -35,8 +36,7 @@ FoundObservations FindObservations(const fs::path& folder, const std::function<b
       path = std::move(file.path);
     } else if (file.kind == FileKind::episodes) {
       std::string name = fs::path(file.path).lexically_relative(folder).string();
-      std::string key = NameKey(name);
-      seconds.push_back({std::move(name), std::move(key), {std::move(file.path)}, {}});
+      seconds.push_back({std::move(name), "", {std::move(file.path)}, {}});
     } else {
       observations.back().further.push_back(std::move(file.path));
     }
@@ -45,6 +45,12 @@ FoundObservations FindObservations(const fs::path& folder, const std::function<b
     for (ObservationFiles& files : observations) AddCompanions(files);
   }
   if (!seconds.empty()) {
+    for (ObservationFiles& second : seconds) {
+      second.key = NameKey(second.name);
+      const bool isTaken =
+          std::ranges::binary_search(observations, second.key, {}, &ObservationFiles::key);
+      if (isTaken) second.key = NameKey(second.name.insert(0, "./"));
+    }
     std::ranges::move(seconds, std::back_inserter(observations));
     std::ranges::sort(observations, {}, &ObservationFiles::key);
   }
@@ -53,7 +59,9 @@ FoundObservations FindObservations(const fs::path& folder, const std::function<b
 
 ObservationStamps StampsOf(const ObservationFiles& files) {
   ObservationStamps stamps;
-  std::ranges::transform(files.paths, stamps.begin(), StampOf);
+  std::ranges::transform(files.paths, stamps.files.begin(), StampOf);
+  const std::string& kept = files.Path(FileKind::keptClass);
+  stamps.isRunning = !kept.empty() && IsClaimed(kept);
   return stamps;
 }
 

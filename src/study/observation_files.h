@@ -13,13 +13,16 @@
 
 namespace orvex {
 
+/// The paths of an observation's files by FileKind; "" where there is none.
+using ObservationPaths = std::array<std::string, kFileKindCount>;
+
 /// The files of one observation.
 struct ObservationFiles {
   /// See FoundFile::name. A second episode file of that name is an observation of its own, which is
-  /// named as its file.
+  /// named as its file, with "./" before it should another observation be named so.
   std::string name;
-  std::string key;                                ///< NameKey of the name
-  std::array<std::string, kFileKindCount> paths;  ///< by FileKind; "" where there is none
+  std::string key;  ///< NameKey of the name
+  ObservationPaths paths;
   std::vector<std::string> further;  ///< a second survey and the like, which nobody reads
 
   const std::string& Path(FileKind kind) const { return paths[static_cast<std::size_t>(kind)]; }
@@ -34,7 +37,12 @@ FoundObservations FindObservations(const std::filesystem::path& folder,
                                    const std::function<bool()>& stops);
 
 /// In which state the files of an observation were.
-using ObservationStamps = std::array<FileStamp, kFileKindCount>;
+struct ObservationStamps {
+  std::array<FileStamp, kFileKindCount> files;  ///< by FileKind
+  bool isRunning = false;                       ///< a program is working with the kept class
+
+  bool operator==(const ObservationStamps&) const = default;
+};
 ObservationStamps StampsOf(const ObservationFiles& files);
 
 }  // namespace orvex

@@ -1,11 +1,14 @@
 #include "study/study.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
 #include "model/texts.h"
+#include "model/wording.h"
 #include "store/older_file.h"
 #include "store/paths.h"
 #include "study/found_files.h"
@@ -16,6 +19,8 @@ namespace {
 
 /// How many changes a tick takes over, so that it never takes long.
 constexpr std::size_t kMostAtOnce = 400;
+
+constexpr double kLongestClass = 24 * 60 * 60;  // seconds
 
 /// The numbers of an observation as a text, where one of its files says them; else "".
 std::string NumbersIn(const StudyRow& row) {
@@ -76,6 +81,12 @@ void Study::AwaitQuiet() {
   while (reader_.Await()) Tick();
 }
 
+int Study::TickInterval() const {
+  constexpr int kWhileReading = 25;
+  constexpr int kAtRest = 100;
+  return IsReading() ? kWhileReading : kAtRest;
+}
+
 int Study::LookInterval() const {
   constexpr int kLeast = 2000;
   constexpr int kObservationsPerMillisecond = 5;
@@ -83,6 +94,7 @@ int Study::LookInterval() const {
 }
 
 std::string Study::ProgressText() const {
+  if (IsStopped() && !IsReading()) return Say(Text::readingStopped);
   return Say(Text::readingProgress, {Grouped(Read()), Grouped(Found())});
 }
 
@@ -133,10 +145,14 @@ void Study::SetNumbers(Entry& entry, std::string numbers) {
   touchedNumbers_.insert(entry.numbers);
 }
 
-/// Tells each of the observations of these numbers of another one.
+/// Tells each of the observations of these numbers of another one: of one that is not put aside, if
+/// there is any, and of the first of them by name.
 void Study::TellOfTwins(const std::string& numbers) {
   const auto found = byNumbers_.find(numbers);
   if (found == byNumbers_.end()) return;
+  std::ranges::sort(found->second, {}, [](const Entry* entry) {
+    return std::pair(entry->IsPutAside(), std::string_view(*entry->key));
+  });
   for (Entry* entry : found->second) {
     const auto twin = std::ranges::find_if(found->second, [&](Entry* one) { return one != entry; });
     std::vector<std::string> problems = entry->row.problems;
@@ -205,8 +221,10 @@ const StudyRow& Study::Row(std::size_t position) const {
 std::optional<std::size_t> Study::Find(const std::string& name) const {
   const auto entry = entries_.find(NameKey(name));
   if (entry == entries_.end()) return std::nullopt;
-  const auto at = std::ranges::find(shown_, entry->second.get());
-  if (at == shown_.end()) return std::nullopt;
+  if (!entry->second->isShown) return std::nullopt;
+  const auto at =
+      std::lower_bound(shown_.begin(), shown_.end(), entry->second.get(),
+                       [this](const Entry* a, const Entry* b) { return IsBefore(a, b); });
   return static_cast<std::size_t>(at - shown_.begin());
 }
 
@@ -246,8 +264,10 @@ StudyTotals Study::Totals() const {
     const StudyRow& row = entry->row;
     totals.withoutSurvey += !row.openStatements;
     totals.withProblems += !row.problems.empty();
+    totals.putAside += entry->IsPutAside();
     if (!row.summary) continue;
-    totals.seconds += row.summary->seconds;
+    const double seconds = row.summary->seconds;
+    if (seconds > 0 && seconds <= kLongestClass) totals.seconds += seconds;
     totals.episodes += static_cast<std::size_t>(row.summary->episodes);
     totals.questions += static_cast<std::size_t>(row.summary->counts.Total);
     totals.notFullyCoded += static_cast<std::size_t>(row.summary->notFullyCoded);
@@ -279,17 +299,20 @@ StudyQuestions& Study::Questions() {
 }
 
 std::string TextOf(const StudyTotals& totals) {
-  constexpr std::size_t kMinute = 60;
+  constexpr double kMinute = 60;
   const bool all = totals.observations == totals.all;
   const std::string shown =
       all ? Say(totals.all == 1 ? Text::oneObservation : Text::observationsShown,
                 {Grouped(totals.all)})
           : Say(Text::observationsOf, {Grouped(totals.observations), Grouped(totals.all)});
-  const auto minutes = static_cast<std::size_t>(std::max(totals.seconds, 0.0)) / kMinute;
-  return Say(Text::studyTotals,
-             {shown, Grouped(minutes / kMinute), minutes % kMinute, Grouped(totals.episodes),
-              Grouped(totals.questions), Grouped(totals.notFullyCoded), Grouped(totals.spells),
-              Grouped(totals.withoutSurvey), Grouped(totals.withProblems)});
+  const double minutes = std::floor(totals.seconds / kMinute);
+  const std::string text =
+      Say(Text::studyTotals,
+          {shown, Grouped(WholeSecondsText(std::floor(minutes / kMinute))),
+           WholeSecondsText(std::fmod(minutes, kMinute)), Grouped(totals.episodes),
+           Grouped(totals.questions), Grouped(totals.notFullyCoded), Grouped(totals.spells),
+           Grouped(totals.withoutSurvey), Grouped(totals.withProblems)});
+  return totals.putAside == 0 ? text : text + Say(Text::andPutAside, {Grouped(totals.putAside)});
 }
 
 }  // namespace orvex

@@ -22,6 +22,8 @@ namespace orvex {
 struct StudyTotals {
   std::size_t observations = 0;
   std::size_t all = 0;  ///< how many there are, shown or not
+  /// The length of all segments. A class that is longer than a day, or shorter than nothing, holds
+  /// a slip of the hand and adds nothing.
   double seconds = 0;
   std::size_t episodes = 0;
   std::size_t questions = 0;
@@ -29,6 +31,7 @@ struct StudyTotals {
   std::size_t spells = 0;
   std::size_t withoutSurvey = 0;
   std::size_t withProblems = 0;
+  std::size_t putAside = 0;  ///< earlier classes of the same numbers, which count like the others
 };
 /// The line below the table.
 std::string TextOf(const StudyTotals& totals);
@@ -46,17 +49,24 @@ class Study {
 
   const std::filesystem::path& Folder() const { return folder_; }
 
+  /// True when Tick would change rows.
+  bool HasChanges() const { return reader_.HasChanges(); }
   /// Takes over some of what has been read. True when the rows have changed.
   bool Tick();
+  /// How many milliseconds to wait between two ticks.
+  int TickInterval() const;
   /// Looks in the background for what has changed on the disk since, unless a look is going on.
   /// To be called every now and then: not every folder tells of changes by itself.
   void LookForChanges() { reader_.LookForChanges(); }
-  /// How many milliseconds to wait between two looks, so that they are a small part of the work.
+  bool IsLooking() const { return reader_.IsBusy(); }
+  /// How many milliseconds to wait from the end of a look to the next one, so that they are a small
+  /// part of the work.
   int LookInterval() const;
-  /// Ends the reading. What has been read stays; nothing changes any more until Reload.
+  /// Ends the reading. What has been read is still followed; nothing else is read until Reload.
   void Stop() { reader_.Stop(); }
   /// Reads everything anew. The rows stay until they have been read again.
   void Reload() { reader_.Reload(); }
+  /// True until everything there is to read has been read and taken over.
   bool IsReading() const { return reader_.IsReading(); }
   bool IsStopped() const { return reader_.IsStopped(); }
   /// How many observations are to be read this time, and how many of them have been read; both 0

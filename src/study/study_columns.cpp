@@ -1,7 +1,10 @@
 #include "study/study_columns.h"
 
+#include <charconv>
 #include <limits>
 #include <optional>
+#include <string_view>
+#include <system_error>
 
 #include "model/texts.h"
 #include "model/wording.h"
@@ -52,20 +55,25 @@ std::string ProblemsText(const StudyRow& row) {
   return text;
 }
 
-/// The number in `text` from position `at` on.
-int NumberAt(const std::string& text, std::size_t at, std::size_t length) {
-  const auto number =
-      text.size() >= at + length ? ParseNumber(text.substr(at, length)) : std::nullopt;
-  return number ? static_cast<int>(*number) : 0;
+/// The number that `digits` are; nothing if they are anything else.
+std::optional<unsigned> NumberOf(std::string_view digits) {
+  unsigned number = 0;
+  const char* const end = digits.data() + digits.size();
+  const auto [at, error] = std::from_chars(digits.data(), end, number);
+  return error == std::errc() && at == end ? std::optional(number) : std::nullopt;
 }
 
 /// A number that grows with the day of "mm-dd-yyyy".
 std::optional<double> DayOf(const std::string& date) {
   constexpr std::string_view kShape = "mm-dd-yyyy";
-  constexpr int kMonths = 100;
+  constexpr double kMonths = 100;
   if (date.size() != kShape.size()) return std::nullopt;
-  const int year = NumberAt(date, kShape.find('y'), 4);
-  return (year * kMonths + NumberAt(date, 0, 2)) * kMonths + NumberAt(date, kShape.find('d'), 2);
+  const std::string_view text = date;
+  const auto month = NumberOf(text.substr(0, 2));
+  const auto day = NumberOf(text.substr(kShape.find('d'), 2));
+  const auto year = NumberOf(text.substr(kShape.find('y')));
+  if (!month || !day || !year) return std::nullopt;
+  return (*year * kMonths + *month) * kMonths + *day;
 }
 
 /// The value that a column of texts is sorted by, where that is a number.

@@ -89,8 +89,8 @@ std::optional<std::size_t> StudyQuestions::Find(const std::string& observation, 
                                                 int number) const {
   const auto source = sources_.find(NameKey(observation));
   if (source == sources_.end()) return std::nullopt;
-  const auto shown = std::ranges::find(shown_, &source->second);
-  if (shown == shown_.end()) return std::nullopt;
+  if (source->second.found.empty()) return std::nullopt;
+  const auto shown = std::ranges::lower_bound(shown_, source->first, {}, &Source::key);
   const auto& found = source->second.found;
   const auto at = std::ranges::find_if(found, [&](std::uint32_t i) {
     const QuestionBlock::Question& question = source->second.questions.At(i);

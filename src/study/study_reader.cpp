@@ -1,6 +1,7 @@
 #include "study/study_reader.h"
 
 #include <algorithm>
+#include <exception>
 #include <iterator>
 #include <utility>
 
@@ -37,7 +38,7 @@ StudyReader::~StudyReader() {
 void StudyReader::LookForChanges() {
   {
     const std::lock_guard lock(mutex_);
-    if (isBusy_ || stopped_) return;
+    if (isBusy_) return;
     isAsked_ = true;
     isBusy_ = true;
   }
@@ -75,6 +76,21 @@ void StudyReader::WantQuestions() {
   asked_.notify_one();
 }
 
+bool StudyReader::IsReading() const {
+  const std::lock_guard lock(mutex_);
+  return isReading_ || !changes_.empty();
+}
+
+bool StudyReader::IsBusy() const {
+  const std::lock_guard lock(mutex_);
+  return isBusy_;
+}
+
+bool StudyReader::HasChanges() const {
+  const std::lock_guard lock(mutex_);
+  return !changes_.empty();
+}
+
 bool StudyReader::IsStopped() const {
   const std::lock_guard lock(mutex_);
   return stopped_;
@@ -106,12 +122,13 @@ void StudyReader::Work() {
     asked_.wait(lock, [this] { return isAsked_ || ends_; });
     if (ends_) return;
     isAsked_ = false;
-    calledOff_ = stopped_;
+    calledOff_ = false;
+    const bool onlyKnown = stopped_;
     if (std::exchange(anew_, false)) {
-      for (auto& [key, known] : known_) known.stamps.reset();
+      for (auto& [key, known] : known_) known.isStale = true;
     }
     lock.unlock();
-    LookAndRead();
+    LookAndRead(onlyKnown);
     lock.lock();
     isBusy_ = isAsked_;
     isReading_ = isAsked_ && isReading_;
@@ -119,21 +136,28 @@ void StudyReader::Work() {
   }
 }
 
-void StudyReader::LookAndRead() {
+void StudyReader::LookAndRead(bool onlyKnown) {
   std::string trouble;
   try {
     FoundObservations found = FindObservations(folder_, [this] { return IsCalledOff(); });
     if (IsCalledOff()) return;
     trouble = TroubleOf(found.unread);
-    ReadAll(Changed(std::move(found.observations)));
-  } catch (const FileError& error) {
+    ReadAll(Changed(std::move(found.observations), onlyKnown));
+  } catch (const std::exception& error) {
     trouble = error.what();
   }
   const std::lock_guard lock(mutex_);
   trouble_ = std::move(trouble);
 }
 
-std::vector<ObservationFiles> StudyReader::Changed(std::vector<ObservationFiles> found) {
+bool StudyReader::IsSame(const Known& known, const ObservationFiles& files, bool onlyKnown) const {
+  const bool isReadAnew = known.isStale || (withQuestions_ && !known.withQuestions);
+  return known.paths == files.paths && known.further == files.further &&
+         known.stamps == StampsOf(files) && (onlyKnown || !isReadAnew);
+}
+
+std::vector<ObservationFiles> StudyReader::Changed(std::vector<ObservationFiles> found,
+                                                   bool onlyKnown) {
   std::vector<ObservationFiles> changed;
   auto known = known_.begin();
   const auto dropUpTo = [&](const std::string* key) {
@@ -146,10 +170,9 @@ std::vector<ObservationFiles> StudyReader::Changed(std::vector<ObservationFiles>
     if (IsCalledOff()) return {};
     dropUpTo(&files.key);
     const bool isKnown = known != known_.end() && known->first == files.key;
-    const bool isSame = isKnown && known->second.stamps == StampsOf(files) &&
-                        known->second.further == files.further &&
-                        (known->second.withQuestions || !withQuestions_);
-    if (!isSame) changed.push_back(std::move(files));
+    if (isKnown ? !IsSame(known->second, files, onlyKnown) : !onlyKnown) {
+      changed.push_back(std::move(files));
+    }
     if (isKnown) ++known;
   }
   dropUpTo(nullptr);
@@ -167,7 +190,10 @@ void StudyReader::ReadAll(const std::vector<ObservationFiles>& changed) {
   for (const ObservationFiles& files : changed) {
     std::optional<ReadObservation> read = reading.Take();
     if (!read || IsCalledOff()) return;
-    known_[files.key] = {read->stamps, files.further, withQuestions};
+    known_[files.key] = {.stamps = read->stamps,
+                         .paths = files.paths,
+                         .further = files.further,
+                         .withQuestions = withQuestions};
     ++read_;
     HandOver({files.key, std::move(read)});
   }

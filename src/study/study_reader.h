@@ -33,7 +33,7 @@ class StudyReader {
   StudyReader(const StudyReader&) = delete;
   StudyReader& operator=(const StudyReader&) = delete;
 
-  /// Looks again, unless that is being done or the reading was stopped.
+  /// Looks again, unless that is being done. After Stop only at what has been read already.
   void LookForChanges();
   /// Ends the reading. What has been read can still be taken.
   void Stop();
@@ -42,8 +42,10 @@ class StudyReader {
   /// From now on reads the questions one by one, too, also of what has been read already.
   void WantQuestions();
 
-  /// True while observations are being looked for the first time, or read.
-  bool IsReading() const { return isReading_; }
+  /// True while observations are being looked for the first time, or read, or wait to be taken.
+  bool IsReading() const;
+  /// True while the folder is being looked at, or observations are read.
+  bool IsBusy() const;
   bool IsStopped() const;
   /// How many observations there were to read this time, and how many of them have been read.
   std::size_t Found() const { return found_; }
@@ -51,6 +53,8 @@ class StudyReader {
   /// Why the folder, or one beneath it, could not be read the last time; "" when all could.
   std::string Trouble() const;
 
+  /// True when there is something to take.
+  bool HasChanges() const;
   /// Takes up to `most` of the changes, in their order.
   std::vector<StudyChange> Take(std::size_t most);
   /// Waits until there is something to take, or nothing more is going to come. False in the second
@@ -59,16 +63,21 @@ class StudyReader {
 
  private:
   struct Known {
-    std::optional<ObservationStamps> stamps;  ///< nothing when it is to be read in any case
+    ObservationStamps stamps;
+    ObservationPaths paths;
     std::vector<std::string> further;
     bool withQuestions = false;
+    bool isStale = false;  ///< it is to be read again in any case
   };
   using KnownByKey = std::map<std::string, Known>;
 
   void Work();
-  void LookAndRead();
-  /// The observations that are new or have changed. Hands over those that are gone.
-  std::vector<ObservationFiles> Changed(std::vector<ObservationFiles> found);
+  void LookAndRead(bool onlyKnown);
+  /// The observations that are to be read: those that are new or have changed, or only those that
+  /// have changed. Hands over those that are gone.
+  std::vector<ObservationFiles> Changed(std::vector<ObservationFiles> found, bool onlyKnown);
+  /// True when what is known of an observation is still so, or is to be left at that.
+  bool IsSame(const Known& known, const ObservationFiles& files, bool onlyKnown) const;
   void ReadAll(const std::vector<ObservationFiles>& changed);
   void HandOver(StudyChange change);
   bool IsCalledOff() const { return calledOff_; }

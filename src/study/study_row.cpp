@@ -1,6 +1,6 @@
 #include "study/study_row.h"
 
-#include <stdexcept>
+#include <exception>
 #include <utility>
 
 #include "model/texts.h"
@@ -37,11 +37,15 @@ class Reading {
   }
 
   ReadObservation Read() {
-    ReadEpisodes();
-    ReadSurvey();
-    ReadLog();
-    ReadNotes();
-    ReadKept();
+    try {
+      ReadEpisodes();
+      ReadSurvey();
+      ReadLog();
+      ReadNotes();
+      ReadKept();
+    } catch (const std::exception& error) {
+      Add(Problem{AnyFile(), 0, error.what()}.Sentence());
+    }
     for (const std::string& path : files_.further) {
       Add(Say(Text::secondFile, {Printable(fs::path(path).filename().native())}));
     }
@@ -96,7 +100,7 @@ class Reading {
 
   void ReadSurvey() {
     if (!row_.Has(FileKind::survey)) {
-      if (row_.summary) Add(Say(Text::surveyMissing));
+      if (row_.Has(FileKind::episodes)) Add(Say(Text::surveyMissing));
       return;
     }
     const fs::path file = row_.File(FileKind::survey);
@@ -112,9 +116,8 @@ class Reading {
     const bool hasEpisodes = row_.Has(FileKind::episodes);
     if (!row_.Has(FileKind::sessionLog)) {
       // Only a data folder has its logs for certain. Files that were collected elsewhere need none.
-      const fs::path file = row_.File(FileKind::episodes);
-      const fs::path tree = file.parent_path().parent_path().parent_path().filename();
-      if (hasEpisodes && IsTreeName(tree)) Add(Say(Text::logMissing));
+      if (hasEpisodes && IsInTree(row_.File(FileKind::episodes).parent_path()))
+        Add(Say(Text::logMissing));
       return;
     }
     if (!hasEpisodes && !row_.Has(FileKind::keptClass)) {

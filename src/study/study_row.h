@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <filesystem>
 #include <optional>
@@ -18,7 +17,7 @@ namespace orvex {
 /// One observation of a study: its files, and what they say of it.
 struct StudyRow {
   std::string name;  ///< tells it from all other observations of the study
-  std::array<std::string, kFileKindCount> files;  ///< by FileKind; "" where there is none
+  ObservationPaths files;
   /// From the episode file; where there is none that can be read, as far as the survey, the log, a
   /// kept class or the file's name says it.
   Identity identity;

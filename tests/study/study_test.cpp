@@ -2,11 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <filesystem>
+#include <numeric>
+#include <optional>
+#include <random>
 #include <set>
 #include <string>
+#include <thread>
+#include <utility>
 #include <vector>
 
+#include "store/claim.h"
 #include "study/found_files.h"
 #include "study/study_folder.h"
 #include "support/sample_manifest.h"
@@ -88,7 +95,8 @@ TEST(Study, TellsWhatThereIsOfEachObservationAndWhatIsWrong) {
       {"5/2/5-2-10", "5|2|10|cd|03-02-2026||2:05|2|2|2|1|3 open||", {"The log is missing."}},
       {"6/1/6-1-1",
        "6|1|1|É F|03-02-2026|09:05:12||||||none||",
-       {"6-1-1.eps, line 11: expected the activity number of a segment, not the end of the file."}},
+       {"6-1-1.eps, line 11: expected the activity number of a segment, not the end of the file.",
+        "The survey is missing."}},
       {"6/1/6-1-2",
        "6|1|3|AB|03-02-2026|09:05:12|2:05|2|2|2|1|broken||",
        {"6-1-2.eps: the identity line says 6-1-3.",
@@ -231,6 +239,12 @@ TEST(Study, FollowsWhatHappensToItsFiles) {
   EXPECT_FALSE(study.Row(0).summary);
   EXPECT_EQ(study.Row(0).start, "09:05:12");
 
+  // Moved as it is within its name: opened where it is now.
+  fs::create_directories(data / "5/2");
+  fs::rename(data / "NTE/5/2/5-2-9.nte", data / "5/2/5-2-9.nte");
+  lookAgain();
+  EXPECT_EQ(study.Row(0).File(FileKind::fieldNotes), data / "5/2/5-2-9.nte");
+
   // A folder that cannot be reached for a while takes nothing with it.
   fs::rename(data / "EPS", data / "SUR/EPS");
   fs::rename(data.Path(), data.Path().string() + "-away");
@@ -243,15 +257,145 @@ TEST(Study, FollowsWhatHappensToItsFiles) {
   EXPECT_EQ(study.Trouble(), "");
   EXPECT_EQ(study.Count(), 2U);
 
+  // Once stopped, it follows what it has read only.
   study.Stop();
+  PutFile(data / "EPS/5/2/5-2-9.eps", EpsBytes(Numbers("5-2-9"), {Lesson(60)}));
   PutFile(data / "EPS/5/2/5-2-12.eps", EpsBytes(Numbers("5-2-12"), {Lesson(60)}));
   lookAgain();
   EXPECT_EQ(study.Count(), 2U);
+  EXPECT_TRUE(study.Row(0).summary);
   fs::remove_all(data / "SUR");
   fs::remove_all(data / "NTE");
   study.Reload();
   study.AwaitQuiet();
   EXPECT_EQ(Names(study), (std::vector<std::string>{"5/2/5-2-9", "5/2/5-2-12"}));
+}
+
+TEST(Study, TellsOfARealDuplicateBeforeWhatWasPutAside) {
+  const TestFolder data;
+  for (const char* path : {"a/5-2-9 2026-03-02 0945.eps", "b/5-2-9.eps", "c/5-2-9.eps"}) {
+    PutFile(data / path, EpsBytes(Numbers("5-2-9"), {Lesson(60)}));
+  }
+  Study study(data.Path());
+  study.AwaitQuiet();
+  const auto lastProblem = [&](const char* name) { return RowOf(study, name).problems.back(); };
+  EXPECT_EQ(lastProblem("b/5-2-9"), "c/5-2-9 has the same numbers.");
+  EXPECT_EQ(lastProblem("c/5-2-9"), "b/5-2-9 has the same numbers.");
+  fs::remove(data / "c/5-2-9.eps");
+  study.LookForChanges();
+  study.AwaitQuiet();
+  EXPECT_EQ(lastProblem("b/5-2-9"),
+            "An earlier class of the same numbers is put aside as a/5-2-9 2026-03-02 0945.");
+  EXPECT_TRUE(TextOf(study.Totals()).ends_with("2 with problems, 1 put aside"));
+}
+
+TEST(Study, NoticesWhenAClassBeginsAndEndsToRun) {
+  const TestFolder data;
+  const fs::path kept = data / "BAK/7/1/7-1-3.recovery";
+  PutFile(kept, KeptBytes("7-1-3"));
+  auto claim = std::make_optional<Claim>(kept);
+  Study study(data.Path());
+  study.AwaitQuiet();
+  EXPECT_EQ(study.Row(0).problems, std::vector<std::string>{"The class is running."});
+  claim.reset();
+  study.LookForChanges();
+  study.AwaitQuiet();
+  ASSERT_EQ(study.Row(0).problems.size(), 1U);
+  EXPECT_NE(study.Row(0).problems[0].find("was not ended"), std::string::npos);
+}
+
+TEST(Study, NamesEveryObservationOnce) {
+  const TestFolder data;
+  PutFile(data / "EPS/x/5-1-1.eps", EpsBytes(Numbers("5-1-1"), {Lesson(60)}));
+  PutFile(data / "x/5-1-1.eps", EpsBytes(Numbers("5-1-1"), {Lesson(60)}));
+  PutFile(data / "x/5-1-1.eps.sur", SurBytes("5-1-1", 0));
+  Study study(data.Path());
+  study.AwaitQuiet();
+  EXPECT_EQ(study.Count(), 3U);
+  study.LookForChanges();
+  study.AwaitQuiet();
+  EXPECT_EQ(study.Found(), 0U) << "nothing has changed";
+}
+
+TEST(Study, AddsUpWhatIsSoundBesideWhatIsAbsurd) {
+  const TestFolder data;
+  const std::pair<const char*, float> classes[] = {
+      {"1-1-1", 3e38F}, {"1-1-2", -1e30F}, {"1-1-3", 7200.0F}};
+  for (const auto& [id, seconds] : classes) {
+    Episode episode;
+    episode.segments.emplace_back().SetData(5, seconds);
+    PutFile(data / (std::string(id) + ".eps"),
+            EpsBytes(Numbers(id), {episode}, id[4] == '1' ? "1e99999999" : "9999999999"));
+  }
+  Study study(data.Path());
+  study.AwaitQuiet();
+  study.SortBy(StudyColumn::date, true);
+  EXPECT_TRUE(TextOf(study.Totals()).starts_with("3 observations: 2 h 0 min"))
+      << TextOf(study.Totals());
+}
+
+TEST(Study, ReadsUntilEverythingIsTakenOver) {
+  const TestFolder data;
+  for (int i = 0; i < 900; ++i) {
+    PutFile(data / ("1-1-" + std::to_string(i) + ".sur"), SurBytes("1-1-1", 0));
+  }
+  Study study(data.Path());
+  while (study.IsReading()) study.Tick();
+  EXPECT_EQ(study.Count(), 900U);
+}
+
+TEST(Study, EndsWithTheRightRowsHoweverFilesChangeWhileItReads) {
+  const TestFolder data;
+  const auto path = [&](unsigned i) {
+    return data / ("EPS/1/1/1-1-" + std::to_string(i % 40) + ".eps");
+  };
+  std::atomic<bool> changes = true;
+  std::thread other([&] {
+    std::mt19937 chance(7);
+    // Every content has another length: two of one length in one moment look the same.
+    for (unsigned step = 0; step < 1500; ++step) {
+      const unsigned i = static_cast<unsigned>(chance());
+      const std::string bytes =
+          EpsBytes(Numbers("1-1-" + std::to_string(i % 40)),
+                   {Lesson(60, {Asked(std::string(step + 1, 'x'), "T", "Y")})});
+      switch (chance() % 4) {
+        case 0:
+          fs::remove(path(i));
+          break;
+        case 1:
+          PutFile(path(i), bytes.substr(0, 20 + step % 100));
+          break;
+        default:
+          PutFile(path(i), bytes);
+      }
+    }
+    changes = false;
+  });
+  Study study(data.Path());
+  study.Questions();
+  while (changes) {
+    study.LookForChanges();
+    study.Tick();
+  }
+  other.join();
+  for (int look = 0; look < 2; ++look) {
+    study.AwaitQuiet();
+    study.LookForChanges();
+  }
+  study.AwaitQuiet();
+
+  Study fresh(data.Path());
+  fresh.Questions();
+  fresh.AwaitQuiet();
+  const auto all = [](const Study& shown) {
+    std::vector<std::size_t> positions(shown.Count());
+    std::iota(positions.begin(), positions.end(), std::size_t{0});
+    std::vector<StudyColumn> columns;
+    for (const StudyColumnScheme& scheme : kStudyColumns) columns.push_back(scheme.column);
+    return shown.TextOf(positions, columns);
+  };
+  EXPECT_EQ(all(study), all(fresh));
+  EXPECT_EQ(study.Questions().CountText(), fresh.Questions().CountText());
 }
 
 TEST(Study, CanBeLeftAtAnyMomentWhileFilesChange) {
