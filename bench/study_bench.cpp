@@ -99,21 +99,16 @@ void MakeData(const fs::path& data, int observations, int questions) {
 
 /// Ticks as the window does until everything has been read, and says how that went.
 void Fill(Study& study, const char* what, std::size_t first) {
-  constexpr auto kTimer = std::chrono::milliseconds(20);
   const Moment start = Now();
   double firstRows = 0;
   double longest = 0;
-  for (bool goesOn = true; goesOn;) {
-    std::this_thread::sleep_for(kTimer);
-    goesOn = study.IsReading();
-    for (bool more = true; more;) {
-      const Moment tick = Now();
-      more = study.Tick();
-      const StudyTotals totals = study.Totals();
-      longest = std::max(longest, Since(tick));
-      if (firstRows == 0 && totals.observations > first) firstRows = Since(start);
-      if (goesOn) break;
-    }
+  while (study.IsReading()) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(study.TickInterval()));
+    const Moment tick = Now();
+    study.Tick();
+    const StudyTotals totals = study.Totals();
+    longest = std::max(longest, Since(tick));
+    if (firstRows == 0 && totals.observations > first) firstRows = Since(start);
   }
   std::cout << what << ": " << Since(start) << " ms, first rows after " << firstRows
             << " ms, longest tick " << longest << " ms\n";
