@@ -91,8 +91,12 @@ class Screens {
   /// opened (the user has been told) or the user leaves it for later.
   virtual bool ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) = 0;
   /// Does the same, and shows the question editor above it, with `question` of `episode`, both
-  /// counted from 1. If `question` is 0, it begins as it does from the episode editor.
-  virtual bool ShowQuestion(const std::filesystem::path& file, int episode, int question) = 0;
+  /// counted from 1, which is expected to read `text`. If no such question is there, tells the user
+  /// and shows the episode editor alone.
+  virtual bool ShowQuestion(const std::filesystem::path& file, int episode, int question,
+                            const std::string& text) = 0;
+  /// Does the same with `episode`, and begins as it does from the episode editor.
+  virtual bool ShowQuestions(const std::filesystem::path& file, int episode) = 0;
   /// Does the same in proof mode, with the first question that is not fully coded.
   virtual bool ShowFirstGap(const std::filesystem::path& file) = 0;
   /// Shows a report on an episode file without the episode editor; the reports on a single episode

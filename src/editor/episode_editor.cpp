@@ -83,6 +83,12 @@ void EpisodeEditor::ShowEpisode(int episode) {
   saysReview_ = true;
 }
 
+bool EpisodeEditor::HasQuestion(int episode, int question, std::string_view text) const {
+  const Episode* const asked = ItemAt(Episodes(), episode);
+  const questionInfo* const found = asked ? ItemAt(asked->questions, question) : nullptr;
+  return found && found->question == text;
+}
+
 /// After the list of segments was refilled: nothing is selected, and the first one is shown.
 void EpisodeEditor::SelectNoSegment() {
   selection_.segments.clear();

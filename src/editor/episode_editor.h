@@ -45,6 +45,8 @@ class EpisodeEditor : private QuestionSteps {
   void SelectSegments(Positions segments);
   void ShowEpisode(int episode);
   void ShowSegment(int segment);
+  /// True if this question of `episode` is there and reads `text`.
+  bool HasQuestion(int episode, int question, std::string_view text) const;
   /// Call this when the window returns from the question editor or a report. Edits made there that
   /// are not yet recorded become one undo step.
   void Activate();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 
 #include "desk/screens.h"
 #include "recovery/unfinished.h"
@@ -90,8 +91,13 @@ void StudyActions::Do(StudyAction action, const StudyRow& row) {
   }
 }
 
-void StudyActions::EditQuestion(const fs::path& eps, int episode, int question) {
-  Open(eps, [&] { return services_.screens.ShowQuestion(eps, episode, question); });
+void StudyActions::EditQuestion(const QuestionRow& question) {
+  // Copies: the question may move on while its file is read.
+  const fs::path eps = question.observation->File(FileKind::episodes);
+  const std::string text(question.text);
+  Open(eps, [&, episode = question.episode, number = question.number] {
+    return services_.screens.ShowQuestion(eps, episode, number, text);
+  });
 }
 
 void StudyActions::OfferClass(const fs::path& kept) {

@@ -10,6 +10,7 @@
 namespace orvex {
 
 class Study;
+struct QuestionRow;
 struct StudyRow;
 
 /// What can be done with an observation of a study.
@@ -37,8 +38,8 @@ class StudyActions {
 
   /// Does nothing if that is not possible. A class that is taken up closes the study.
   void Do(StudyAction action, const StudyRow& row);
-  /// Opens the question editor above the episode editor; `episode` and `question` count from 1.
-  void EditQuestion(const std::filesystem::path& eps, int episode, int question);
+  /// Opens the question editor above the episode editor.
+  void EditQuestion(const QuestionRow& question);
   /// Lets the user make tables of what `study` shows, or of its rows at the positions `selected`.
   void MakeTables(const Study& study, const std::vector<std::size_t>& selected);
   /// Goes back to the main menu.

@@ -192,12 +192,26 @@ bool Forms::ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) {
   return true;
 }
 
-bool Forms::ShowQuestion(const std::filesystem::path& file, int episode, int question) {
+bool Forms::ShowQuestions(const std::filesystem::path& file, int episode) {
   EpisodeEditor* editor = LoadEpisodeEditor(file, Kept::areOffered);
   if (!editor) return false;
   editor->ShowEpisode(episode);
   editor->EditQuestions();
   ShowUnlessLeft(*editor);
+  return true;
+}
+
+bool Forms::ShowQuestion(const std::filesystem::path& file, int episode, int question,
+                         const std::string& text) {
+  EpisodeEditor* editor = LoadEpisodeEditor(file, Kept::areOffered);
+  if (!editor) return false;
+  editor->ShowEpisode(episode);
+  if (!editor->HasQuestion(episode, question, text)) {
+    ShowUnlessLeft(*editor);
+    services_.prompter.Tell(Say(Text::questionGone));
+    return true;
+  }
+  editor->EditQuestions();
   if (auto* questions = Get<frmQA>()) {
     questions->Editor().ChooseQuestion(question);
     questions->Refresh();

@@ -40,7 +40,9 @@ class Forms : public Screens {
   void ShowListOfFiles(const std::filesystem::path& list, ExportKind kind) override;
   bool ShowSurveyFile(const std::filesystem::path& file, Kept kept) override;
   bool ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) override;
-  bool ShowQuestion(const std::filesystem::path& file, int episode, int question) override;
+  bool ShowQuestion(const std::filesystem::path& file, int episode, int question,
+                    const std::string& text) override;
+  bool ShowQuestions(const std::filesystem::path& file, int episode) override;
   bool ShowFirstGap(const std::filesystem::path& file) override;
   bool ShowReport(const std::filesystem::path& file, Screen report) override;
   void ShowLog(const std::filesystem::path& file) override;

@@ -76,7 +76,7 @@ std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services
                    [&screens, file = subject.unopened, number = subject.episode] {
                      if (file.empty()) {
                        screens.ShowQuestionEditor(EditorCaller::statistics, false);
-                     } else if (!screens.ShowQuestion(file, number, 0)) {
+                     } else if (!screens.ShowQuestions(file, number)) {
                        return;
                      }
                      screens.Close(Screen::questionStats);

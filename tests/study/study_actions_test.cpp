@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "study/study_questions.h"
 #include "study/study_row.h"
 #include "support/desk.h"
 
@@ -38,8 +39,15 @@ TEST(StudyActions, LetAFormTakeTheStudysPlaceIfThereIsOneToShow) {
       {act(StudyAction::showStatistics), "show questionStats of 5-12-3.eps"},
       {act(StudyAction::showTimeSummary), "show timeSummary of 5-12-3.eps"},
       {act(StudyAction::editSurvey), "show survey file 5-12-3.sur"},
-      {[&] { actions.EditQuestion(folder / "5-12-3.eps", 2, 7); },
-       "show question 2.7 of 5-12-3.eps"},
+      {[&] {
+         QuestionRow question;
+         question.observation = &row;
+         question.text = "Why?";
+         question.episode = 2;
+         question.number = 7;
+         actions.EditQuestion(question);
+       },
+       "show question 2.7, Why?, of 5-12-3.eps"},
   };
   for (const bool isGood : {true, false}) {
     desk.screens.episodeFileIsGood = desk.screens.surveyFileIsGood = isGood;
@@ -78,7 +86,7 @@ TEST(StudyActions, OpenWhatIsThereAndDoNothingWithWhatIsNot) {
 TEST(StudyActions, LeaveNothingOfAnObservationToTheNextClass) {
   test::Desk desk;
   StudyActions actions(desk.services);
-  actions.EditQuestion(desk.folder / "EPS/5/12/5-12-3.eps", 1, 1);
+  actions.Do(StudyAction::open, Row(desk.folder / "EPS/5/12", {FileKind::episodes}));
   desk.program.Episodes.resize(3);
   desk.program.ProofEp = 2;
   desk.program.DataPath = "/elsewhere";

@@ -42,9 +42,15 @@ class RecordingScreens : public Screens {
     moves.push_back("show episode editor for " + file.filename().string());
     return episodeFileIsGood;
   }
-  bool ShowQuestion(const std::filesystem::path& file, int episode, int question) override {
+  bool ShowQuestion(const std::filesystem::path& file, int episode, int question,
+                    const std::string& text) override {
     moves.push_back("show question " + std::to_string(episode) + "." + std::to_string(question) +
-                    " of " + file.filename().string());
+                    ", " + text + ", of " + file.filename().string());
+    return episodeFileIsGood;
+  }
+  bool ShowQuestions(const std::filesystem::path& file, int episode) override {
+    moves.push_back("show the questions of episode " + std::to_string(episode) + " of " +
+                    file.filename().string());
     return episodeFileIsGood;
   }
   bool ShowFirstGap(const std::filesystem::path& file) override {

@@ -5,6 +5,7 @@
 
 #include "model/activities.h"
 #include "model/dimensions.h"
+#include "model/texts.h"
 #include "study/study_actions.h"
 #include "ui/show.h"
 #include "ui/text.h"
@@ -15,13 +16,13 @@ namespace orvex {
 QuestionsPage::QuestionsPage(Ui::frmStudy& ui, StudyActions& actions, QObject* parent)
     : QObject(parent), ui_(ui), do_(actions) {
   ui_.tblQuestions->Show(rows_);
+  ui_.tblQuestions->setSelectionMode(QAbstractItemView::SingleSelection);
   ShowAsWarning(ui_.lblSearchTrouble);
   ui_.lblSearchTrouble->hide();
   AddCodes();
   connect(ui_.txtSearch, &QLineEdit::textChanged, this, [this](const QString& text) {
     Change([&] {
       if (questions_) questions_->SetFilter(FromQt(text));
-      return true;
     });
   });
   connect(ui_.tblQuestions, &StudyTable::Opened, this, &QuestionsPage::Open);
@@ -76,17 +77,24 @@ void QuestionsPage::Load() {
   questions_->SetFilter(FromQt(ui_.txtSearch->text()));
   rows_.Show(questions_);
   if (isFirst) ui_.tblQuestions->FitColumns();
-  Change([] { return true; });
+  Change([] {});
 }
 
-void QuestionsPage::Change(const std::function<bool()>& change) {
+void QuestionsPage::Change(const std::function<void()>& change) {
   const StudyTable::Place place = ui_.tblQuestions->PlaceNow();
-  if (!change() || !questions_) return;
+  change();
+  if (!questions_) return;
   ui_.tblQuestions->Refill(place);
-  ShowText(ui_.lblQuestions, questions_->CountText());
+  Refresh();
   const std::string trouble = questions_->FilterTrouble();
   ShowText(ui_.lblSearchTrouble, trouble);
   ui_.lblSearchTrouble->setVisible(!trouble.empty());
+}
+
+void QuestionsPage::Refresh() {
+  if (!questions_) return;
+  const bool areUnread = study_->IsStopped() && questions_->All() == 0;
+  ShowText(ui_.lblQuestions, areUnread ? Say(Text::questionsNotRead) : questions_->CountText());
 }
 
 std::optional<QuestionRow> QuestionsPage::Current() const {
@@ -97,8 +105,7 @@ std::optional<QuestionRow> QuestionsPage::Current() const {
 
 void QuestionsPage::Open() {
   if (const auto question = Current()) {
-    do_.EditQuestion(question->observation->File(FileKind::episodes), question->episode,
-                     question->number);
+    do_.EditQuestion(*question);
   }
 }
 

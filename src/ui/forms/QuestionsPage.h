@@ -25,9 +25,10 @@ class QuestionsPage : public QObject {
   /// Shows the questions of `study`, once they are asked for by `Load`.
   void Show(Study& study);
   void Load();
-  /// Runs `change`, which may change the questions and says if it has, and shows the same place of
-  /// the table again.
-  void Change(const std::function<bool()>& change);
+  /// Runs `change`, which may change the questions, and shows the same place of the table again.
+  void Change(const std::function<void()>& change);
+  /// Says how many questions there are, or why there are none.
+  void Refresh();
 
   bool CanOpen() const { return Current().has_value(); }
   /// Opens the current question in its editor.
