@@ -386,6 +386,26 @@ TEST_F(StudyTest, FindsQuestionsByWordsAndCodesAndOpensThem) {
   EXPECT_TRUE(Find(Study(), "lblSearchTrouble")->isVisible());
 }
 
+TEST_F(StudyTest, SaysWhyThereIsNoQuestion) {
+  Open();
+  Find<QPushButton>(Study(), "cmdReload")->click();
+  Find<QPushButton>(Study(), "cmdStop")->click();
+  Await();
+  EXPECT_EQ(Text("lblProgress"), "Reading stopped");
+  Keys("{Alt+Q}");
+  EXPECT_NE(Text("lblQuestions").find("Reload (F5) reads the questions."), std::string::npos);
+  Keys("{F5}");
+  Await();
+  EXPECT_GT(Questions().model()->rowCount(), 0);
+
+  desk_.prompter.Expect(
+      "The question is not in its place any more. It may have been changed or deleted meanwhile.",
+      Answer::ok);
+  EXPECT_TRUE(forms_.ShowQuestion(data_ / "22-5-11.eps", 1, 1, "another one"));
+  EXPECT_TRUE(Shown("frmClassEdit"));
+  EXPECT_FALSE(Shown("frmQA"));
+}
+
 TEST_F(StudyTest, FollowsWhatHappensToTheFiles) {
   Open();
   GoTo("22-5-11");

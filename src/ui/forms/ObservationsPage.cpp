@@ -32,10 +32,7 @@ ObservationsPage::ObservationsPage(Ui::frmStudy& ui, StudyActions& actions, QObj
   connect(&table, &StudyTable::Opened, this, &ObservationsPage::Open);
   connect(&table, &StudyTable::CurrentMoved, this, &ObservationsPage::ShowCurrent);
   connect(columns_, &StudyColumns::Sorted, this, [this](StudyColumn column, bool descending) {
-    Change([&] {
-      study_->SortBy(column, descending);
-      return true;
-    });
+    Change([&] { study_->SortBy(column, descending); });
   });
   ConnectFilter();
 }
@@ -92,9 +89,9 @@ StudyLayout ObservationsPage::Layout() const {
   return layout;
 }
 
-void ObservationsPage::Change(const std::function<bool()>& change) {
+void ObservationsPage::Change(const std::function<void()>& change) {
   const StudyTable::Place place = ui_.tblObservations->PlaceNow();
-  if (!change()) return;
+  change();
   ui_.tblObservations->Refill(place);
   ShowText(ui_.lblTotals, TextOf(study_->Totals()));
 }
@@ -108,7 +105,6 @@ void ObservationsPage::Filter() {
                        .problems = ui_.chkProblems->isChecked(),
                        .mine = ui_.chkMine->isChecked(),
                        .initials = FromQt(ui_.txtInitials->text())});
-    return true;
   });
 }
 

@@ -29,9 +29,9 @@ class ObservationsPage : public QObject {
   void Show(Study& study, const StudyLayout& layout);
   /// The present layout.
   StudyLayout Layout() const;
-  /// Runs `change`, which may change the rows of the study and says if it has, and shows the same
-  /// place of the table again.
-  void Change(const std::function<bool()>& change);
+  /// Runs `change`, which may change the rows of the study, and shows the same place of the table
+  /// again.
+  void Change(const std::function<void()>& change);
 
   bool CanOpen() const;
   void Open() { Do(StudyAction::open); }

@@ -3,10 +3,11 @@
 #include <QCloseEvent>
 #include <QShortcut>
 #include <QTimer>
+#include <exception>
+#include <utility>
 
 #include "desk/prompter.h"
 #include "model/program.h"
-#include "store/file_error.h"
 #include "study/study_layout.h"
 #include "ui/forms/ObservationsPage.h"
 #include "ui/forms/QuestionsPage.h"
@@ -18,8 +19,9 @@
 namespace orvex {
 namespace {
 
-constexpr int kBetweenTicks = 100;   // milliseconds
-constexpr int kBetweenLooks = 2000;  // milliseconds
+/// How many lines high the form is at least when the boxes below its tables are shown. On a lower
+/// one the tables need the room; what the boxes say can be read in the rows.
+constexpr int kLinesWithDetails = 28;
 
 }  // namespace
 
@@ -37,15 +39,23 @@ frmStudy::frmStudy(const Services& services, QWidget* parent)
   ConnectPages();
   ConnectButtons();
   ConnectKeys();
-  OpenFolder(services.program.DataPath, ReadStudyLayout(services.programFolder));
+  stored_ = ReadStudyLayout(services.programFolder);
+  OpenFolder(services.program.DataPath, stored_);
   StartTimers();
   ui_->tblObservations->setFocus();
 }
 
 frmStudy::~frmStudy() {
+  StoreLayout();
+}
+
+void frmStudy::StoreLayout() {
   try {
-    WriteStudyLayout(services_.storage, services_.programFolder, observations_->Layout());
-  } catch (const FileError&) {
+    StudyLayout layout = observations_->Layout();
+    if (layout == stored_) return;
+    WriteStudyLayout(services_.storage, services_.programFolder, layout);
+    stored_ = std::move(layout);
+  } catch (const std::exception&) {
     // Next time the table is arranged as before; nothing else is lost.
   }
 }
@@ -121,14 +131,17 @@ bool frmStudy::TakeKey(const QWidget* control, const QKeyEvent& key) {
 }
 
 void frmStudy::StartTimers() {
-  const auto timer = [this](const char* name, int interval, auto work) {
-    auto* made = new QTimer(this);
-    made->setObjectName(QLatin1String(name));
-    connect(made, &QTimer::timeout, this, [this, work] { tick_.Run(work); });
-    made->start(interval);
-  };
-  timer("Timer1", kBetweenTicks, [this] { Tick(); });
-  timer("Timer2", kBetweenLooks, [this] { study_->LookForChanges(); });
+  ticks_ = AddTimer("Timer1", &frmStudy::Tick);
+  ticks_->start(study_->TickInterval());
+  looks_ = AddTimer("Timer2", &frmStudy::Look);
+  looks_->setSingleShot(true);
+}
+
+QTimer* frmStudy::AddTimer(const char* name, void (frmStudy::*work)()) {
+  auto* timer = new QTimer(this);
+  timer->setObjectName(QLatin1String(name));
+  connect(timer, &QTimer::timeout, this, [this, work] { tick_.Run([&] { (this->*work)(); }); });
+  return timer;
 }
 
 void frmStudy::OpenFolder(const std::filesystem::path& folder, const StudyLayout& layout) {
@@ -144,17 +157,19 @@ void frmStudy::ChooseFolder() {
   if (!folder.empty()) OpenFolder(folder, observations_->Layout());
 }
 
-/// Takes over what has been read.
+/// Takes over what has been read, and sees to the next look once the last one is over.
 void frmStudy::Tick() {
-  bool changed = false;
-  observations_->Change([&] {
-    questions_->Change([&] {
-      changed = study_->Tick();
-      return changed;
-    });
-    return changed;
-  });
+  if (study_->HasChanges()) {
+    observations_->Change([this] { questions_->Change([this] { study_->Tick(); }); });
+  }
+  const int interval = study_->TickInterval();
+  if (ticks_->interval() != interval) ticks_->setInterval(interval);
+  if (!study_->IsLooking() && !looks_->isActive()) looks_->start(study_->LookInterval());
   Refresh();
+}
+
+void frmStudy::Look() {
+  study_->LookForChanges();
 }
 
 void frmStudy::OpenCurrent() {
@@ -181,12 +196,25 @@ void frmStudy::Refresh() {
   ShowText(ui_->lblTrouble, study_->Trouble());
   ui_->lblTrouble->setVisible(!study_->Trouble().empty());
   ui_->cmdActions->setEnabled(!ShowsQuestions());
+  questions_->Refresh();
 }
 
 void frmStudy::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   // What another form has just saved shows at once.
   if (!event->spontaneous()) study_->LookForChanges();
+}
+
+void frmStudy::hideEvent(QHideEvent* event) {
+  StoreLayout();
+  QWidget::hideEvent(event);
+}
+
+void frmStudy::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const bool hasRoom = height() >= kLinesWithDetails * fontMetrics().lineSpacing();
+  ui_->txtProblems->setVisible(hasRoom);
+  ui_->txtQuestion->setVisible(hasRoom);
 }
 
 void frmStudy::closeEvent(QCloseEvent* event) {

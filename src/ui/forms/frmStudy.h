@@ -10,6 +10,8 @@
 #include "study/study_actions.h"
 #include "study/study_layout.h"
 
+class QTimer;
+
 namespace Ui {
 class frmStudy;
 }
@@ -25,13 +27,14 @@ class frmStudy : public QWidget {
 
  public:
   explicit frmStudy(const Services& services, QWidget* parent = nullptr);
-  /// Stores how the table is arranged, for the next time.
   ~frmStudy() override;
 
   void Refresh();
 
  protected:
   void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -39,11 +42,14 @@ class frmStudy : public QWidget {
   void ConnectKeys();
   void ConnectPages();
   void StartTimers();
+  QTimer* AddTimer(const char* name, void (frmStudy::*work)());
+  void StoreLayout();
   bool TakeKey(const QWidget* control, const QKeyEvent& key);
   void TurnPage(int step);
   void OpenFolder(const std::filesystem::path& folder, const StudyLayout& layout);
   void ChooseFolder();
   void Tick();
+  void Look();
   void OpenCurrent();
   void FocusTable();
   bool ShowsQuestions() const;
@@ -55,6 +61,9 @@ class frmStudy : public QWidget {
   std::unique_ptr<Ui::frmStudy> ui_;
   ObservationsPage* observations_ = nullptr;
   QuestionsPage* questions_ = nullptr;
+  StudyLayout stored_;  ///< how the table is arranged, as it is stored for the next time
+  QTimer* ticks_ = nullptr;
+  QTimer* looks_ = nullptr;
 };
 
 }  // namespace orvex

@@ -22,6 +22,7 @@ StudyColumns::StudyColumns(StudyTable& table)
     : QObject(&table), table_(table), menu_(new QMenu(&table)) {
   QHeaderView* headings = table.horizontalHeader();
   headings->setSectionsMovable(true);
+  headings->setStretchLastSection(true);
   headings->setSectionsClickable(true);
   headings->setSortIndicatorShown(true);
   headings->setContextMenuPolicy(Qt::CustomContextMenu);

@@ -15,6 +15,7 @@ namespace {
 constexpr int kLeading = 6;   // between the lines of two rows
 constexpr int kPadding = 10;  // around the text of a cell
 constexpr int kSortMark = 8;  // beside a heading
+constexpr int kDigits = 6;    // that a column of numbers has room for
 
 /// Headings that end with an ellipsis where they are too long for their column.
 class Headings : public QHeaderView {
@@ -62,9 +63,13 @@ void StudyTable::FitColumns() {
   if (!rows_) return;
   int column = 0;
   for (const StudyModel::Column& scheme : rows_->Columns()) {
-    const int text = scheme.width * fontMetrics().averageCharWidth() + kPadding;
-    const int heading = fontMetrics().horizontalAdvance(scheme.heading) + kSortMark + kPadding;
-    const int width = scheme.width > 0 ? text : heading;
+    const QFontMetrics metrics = fontMetrics();
+    const int character =
+        std::max(metrics.averageCharWidth(), metrics.horizontalAdvance(QLatin1Char('0')));
+    const int heading = metrics.horizontalAdvance(scheme.heading) + kSortMark + kPadding;
+    const int number = scheme.isNumber ? kDigits * character + kPadding : 0;
+    const int width =
+        scheme.width > 0 ? scheme.width * character + kPadding : std::max(heading, number);
     setColumnWidth(column++, width);
   }
 }
