@@ -70,12 +70,14 @@ class StudyTest : public testing::Test {
     EXPECT_TRUE(Study().isActiveWindow());
   }
   static QWidget& Study() { return *Form("frmStudy"); }
-  /// Waits until everything has been read.
+  /// Waits until everything has been read and is shown.
   static void Await() {
     ASSERT_TRUE(QTest::qWaitFor(
         [] {
+          const bool hasBeenRead = !Find(Study(), "cmdStop")->isEnabled();
+          const int rows = Rows();
           TickForms();
-          return !Find(Study(), "cmdStop")->isEnabled();
+          return hasBeenRead && Rows() == rows;
         },
         60000));
     Settle();
