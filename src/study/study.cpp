@@ -61,8 +61,7 @@ struct Study::Entry {
   bool IsPutAside() const { return !NameBeforeOlder(row.name).empty(); }
 };
 
-Study::Study(const std::filesystem::path& folder)
-    : folder_(Absolute(folder)), reader_(folder_) {}
+Study::Study(const std::filesystem::path& folder) : folder_(Absolute(folder)), reader_(folder_) {}
 
 Study::~Study() = default;
 
