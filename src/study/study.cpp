@@ -20,7 +20,8 @@ namespace {
 /// How many changes a tick takes over, so that it never takes long.
 constexpr std::size_t kMostAtOnce = 400;
 
-constexpr double kLongestClass = 24 * 60 * 60;  // seconds
+/// In seconds. A longer one, which a damaged file may state, would bury all others in the total.
+constexpr double kLongestClass = 365.0 * 24 * 60 * 60;
 
 /// The numbers of an observation as a text, where one of its files says them; else "".
 std::string NumbersIn(const StudyRow& row) {

@@ -330,7 +330,7 @@ TEST(Study, AddsUpWhatIsSoundBesideWhatIsAbsurd) {
   Study study(data.Path());
   study.AwaitQuiet();
   study.SortBy(StudyColumn::date, true);
-  EXPECT_TRUE(TextOf(study.Totals()).starts_with("3 observations: 2 h 0 min"))
+  EXPECT_TRUE(TextOf(study.Totals()).starts_with("3 observations: 2 h 0 min, 3 episodes"))
       << TextOf(study.Totals());
 }
 

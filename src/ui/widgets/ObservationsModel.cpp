@@ -10,12 +10,12 @@ namespace {
 int WidthOf(StudyColumn column) {
   switch (column) {
     case StudyColumn::date:
-    case StudyColumn::survey:
-      return 12;
+      return 10;
     case StudyColumn::start:
-      return 9;
+    case StudyColumn::survey:
+      return 8;
     case StudyColumn::problems:
-      return 60;
+      return 20;  // and what the others leave
     default:
       return 0;
   }

@@ -31,7 +31,7 @@ const std::vector<QuestionColumn>& QuestionColumns() {
     };
     add({.heading = QuestionsModel::tr("Text"),
          .explanation = QuestionsModel::tr("The question as it was typed"),
-         .width = 60},
+         .width = 48},
         [](const QuestionRow& question) { return std::string(question.text); });
     for (const Dimension dimension : kDimensions) {
       const DimensionScheme& scheme = SchemeOf(dimension);

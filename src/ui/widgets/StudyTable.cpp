@@ -15,7 +15,7 @@ namespace {
 constexpr int kLeading = 6;   // between the lines of two rows
 constexpr int kPadding = 10;  // around the text of a cell
 constexpr int kSortMark = 8;  // beside a heading
-constexpr int kDigits = 6;    // that a column of numbers has room for
+constexpr int kDigits = 5;    // that a column of numbers has room for
 
 /// Headings that end with an ellipsis where they are too long for their column.
 class Headings : public QHeaderView {
