@@ -30,12 +30,15 @@ const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"editor", {"questions", "recovery", "desk", "store", "model"}},
     {"reports", {"store", "model"}},
     {"study", {"reports", "recovery", "desk", "store", "model"}},
-    {"tables", {"study", "reports", "desk", "store", "model"}},
-    {"commands", {"study", "tables", "reports", "store", "model"}},
+    {"agreement", {"study", "reports", "desk", "store", "model"}},
+    {"tables", {"agreement", "study", "reports", "desk", "store", "model"}},
+    {"commands", {"agreement", "study", "tables", "reports", "store", "model"}},
     {"ui",
-     {"editor", "study", "tables", "reports", "questions", "observe", "running", "start", "survey",
-      "recovery", "desk", "store", "model"}},
-    {"app", {"ui", "commands", "study", "tables", "recovery", "start", "desk", "store", "model"}},
+     {"editor", "study", "agreement", "tables", "reports", "questions", "observe", "running",
+      "start", "survey", "recovery", "desk", "store", "model"}},
+    {"app",
+     {"ui", "commands", "study", "agreement", "tables", "recovery", "start", "desk", "store",
+      "model"}},
 };
 
 /// The folder that `line` includes from; "" if it is not one of ours.

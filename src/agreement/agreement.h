@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "agreement/activity_agreement.h"
+#include "agreement/code_agreement.h"
+#include "agreement/observed_class.h"
+#include "agreement/question_pairs.h"
+#include "agreement/survey_agreement.h"
+#include "model/program.h"
+
+namespace orvex {
+
+/// How many seconds the second observer began after the first, and how that is known.
+struct Offset {
+  enum class From {
+    log,    ///< from the begin of both session logs
+    given,  ///< the user stated it
+    start,  ///< not known: both are taken to have begun at the same time
+  };
+  int seconds = 0;
+  From from = From::start;
+};
+/// "log", "given", "start".
+std::string_view NameOf(Offset::From from);
+/// The offset of two classes. `given` is what the user stated, if anything.
+Offset OffsetOf(const ObservedClass& first, const ObservedClass& second, std::optional<int> given);
+
+/// Seconds by which two observers may be apart and still have seen the same.
+inline constexpr int kUsualTolerance = 5;
+inline constexpr int kMostTolerance = 600;
+/// Offsets beyond this many seconds, either way, are refused.
+inline constexpr int kMostOffset = 43200;
+
+/// How two observations are to be compared.
+struct ComparisonOptions {
+  int tolerance = kUsualTolerance;
+  std::optional<int> offset = {};  ///< nothing: as the logs say
+};
+
+/// How far two observers agree on a class.
+struct Agreement {
+  /// Who compared, and when: of the two observations.
+  struct Observer {
+    std::string file;  ///< "5-12-3.eps"
+    Identity identity;
+    std::string date;  ///< "mm-dd-yyyy"
+  };
+  Observer first;
+  Observer second;
+  Offset offset;
+  double overlap = 0;  ///< for how many seconds both observed
+  ActivityAgreement activities;
+  BoundaryAgreement boundaries;
+  std::size_t firstQuestions = 0;
+  std::size_t secondQuestions = 0;
+  QuestionPairs pairs;
+  std::vector<CodeAgreement> codes;  ///< in the order of ComparedDimensions()
+  RespondentAgreement respondent;
+  /// The class's mean of each off-task category, of the first observer and the second.
+  OfftaskAverages firstOfftask{};
+  OfftaskAverages secondOfftask{};
+  std::optional<SurveyAgreement> survey;  ///< nothing where either has none
+  /// Sentences that say what is unusual: different days, no time in common, a log without a begin.
+  std::vector<std::string> remarks;
+
+  std::size_t BothQuestions() const;
+  /// Twice the questions of both of all questions; nothing without questions.
+  std::optional<double> QuestionShare() const;
+};
+
+/// Compares two observations of a class, with these pairs of their questions.
+Agreement Compare(const ObservedClass& first, const ObservedClass& second,
+                  const ComparisonOptions& options, QuestionPairs pairs);
+/// Pairs the questions itself.
+Agreement Compare(const ObservedClass& first, const ObservedClass& second,
+                  const ComparisonOptions& options);
+
+}  // namespace orvex

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "agreement/agreement.h"
+
+namespace orvex {
+
+class Storage;
+
+/// Which observer the other is measured by.
+enum class Master { none, first, second };
+
+/// A line of the paired list: what both observers made of a question.
+struct PairRow {
+  QuestionPair pair;
+  const AskedQuestion* first = nullptr;   ///< null where only the second has it
+  const AskedQuestion* second = nullptr;  ///< null where only the first has it
+  /// The positions in ComparedDimensions(), "normal" aside, in which the two differ or exactly one
+  /// left the code out.
+  std::vector<std::size_t> differing;
+
+  /// Only one has it, or a code differs.
+  bool IsDisagreement() const { return !pair.IsOfBoth() || !differing.empty(); }
+};
+
+/// Two observations of a class that a person compares: options, pairs corrected by hand, and the
+/// agreement that follows from them.
+class Comparison {
+ public:
+  Comparison(ObservedClass first, ObservedClass second, const ComparisonOptions& options = {});
+  Comparison(const Comparison&) = delete;
+  Comparison& operator=(const Comparison&) = delete;
+
+  const ObservedClass& First() const { return first_; }
+  const ObservedClass& Second() const { return second_; }
+  const Agreement& Result() const { return result_; }
+  const ComparisonOptions& Options() const { return options_; }
+  Master MasterIs() const { return master_; }
+
+  /// Nothing: as the logs say. The pairs made by hand stay; without any, the questions are paired
+  /// anew.
+  void SetOffset(std::optional<int> seconds);
+  void SetTolerance(int seconds);
+  void SetMaster(Master master) { master_ = master; }
+
+  /// The paired list in the order of the class. References hold until the pairs change.
+  const std::vector<PairRow>& Rows() const { return rows_; }
+  /// Positions in Rows(): all, or the disagreements in a dimension (a position in
+  /// ComparedDimensions()).
+  std::vector<std::size_t> Shown(bool disagreementsOnly,
+                                 std::optional<std::size_t> dimension) const;
+  /// The rows whose questions were coded `first` by the first observer and `second` by the second
+  /// in a dimension: a cell of its table.
+  std::vector<std::size_t> RowsOfCell(std::size_t dimension, std::size_t first,
+                                      std::size_t second) const;
+
+  /// True when the questions of two rows, of which one has only the first's and the other only the
+  /// second's, can become a pair: no pair of both stands between them.
+  bool CanPair(std::size_t row, std::size_t other) const;
+  /// Makes a pair of them; returns its row.
+  std::size_t Pair(std::size_t row, std::size_t other);
+  bool CanUnpair(std::size_t row) const { return rows_[row].pair.IsOfBoth(); }
+  /// Parts a pair; returns the row of the first observer's question.
+  std::size_t Unpair(std::size_t row);
+  bool CanUndo() const { return !earlier_.empty(); }
+  void Undo();
+  /// True when pairs have been changed by hand since they were saved or loaded.
+  bool HasUnsavedPairs() const { return unsaved_; }
+
+  /// Writes the pairs as a table. Throws FileError.
+  void SavePairs(const std::filesystem::path& file, Storage& storage);
+  /// Takes the pairs of a table; can be undone. Throws FileError and FormatError.
+  void LoadPairs(const std::filesystem::path& file);
+  /// Reads both observations again, after one was edited. The pairs made by hand stay where both
+  /// still have as many questions; otherwise they are made anew. Throws FileError and FormatError,
+  /// and then leaves all as it was.
+  void Reload();
+
+ private:
+  void SetPairs(QuestionPairs pairs);
+  void Renew();
+
+  ObservedClass first_;
+  ObservedClass second_;
+  ComparisonOptions options_;
+  Master master_ = Master::none;
+  std::vector<AskedQuestion> firstQuestions_;
+  std::vector<AskedQuestion> secondQuestions_;
+  bool byHand_ = false;  ///< the pairs were given or changed
+  bool unsaved_ = false;
+  std::vector<QuestionPairs> earlier_;  ///< the pairs before each change
+  Agreement result_;
+  std::vector<PairRow> rows_;
+};
+
+}  // namespace orvex
