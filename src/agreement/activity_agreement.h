@@ -16,7 +16,8 @@ struct ActivityStretch {
   int activity = kNoActivity;
 };
 /// The segments of a class that began `offset` seconds after the first observer's, in their order.
-/// Segments without a length are among them: each is a start of its own.
+/// Segments without a length are among them: each is a start of its own. None for a class whose
+/// time cannot be believed: a segment of negative length, or more than a day in all.
 std::vector<ActivityStretch> StretchesOf(const EpisodeList& episodes, double offset);
 
 /// What two observers saw the class do, second by second, while both observed. The code of an

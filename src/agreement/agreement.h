@@ -65,7 +65,8 @@ struct Agreement {
   OfftaskAverages firstOfftask{};
   OfftaskAverages secondOfftask{};
   std::optional<SurveyAgreement> survey;  ///< nothing where either has none
-  /// Sentences that say what is unusual: different days, no time in common, a log without a begin.
+  /// Sentences that say what is unusual: different days, no time in common, and the notes of the
+  /// two classes.
   std::vector<std::string> remarks;
 
   std::size_t BothQuestions() const;

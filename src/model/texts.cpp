@@ -296,6 +296,14 @@ constexpr std::array<Row, kCount> kTexts = {{
      "The question is not in its place any more. It may have been changed or deleted meanwhile."},
     {Text::noSuchCode, "%1 has no code %2. It takes %3, and - where it is not coded."},
     {Text::noSuchActivity, "There is no activity %1."},
+
+    {Text::otherClasses, "The two observations are of different classes: %1 and %2."},
+    {Text::otherDays, "The two observations are of different days: %1 and %2."},
+    {Text::timeMissing, "%1: there are no activities, so nothing is compared second by second."},
+    {Text::timeNotCredible,
+     "%1: the lengths of its activities cannot be right (below 0, or more than a day in all), so "
+     "nothing is compared second by second."},
+    {Text::noTimeInCommon, "The two observations have no time in common."},
 }};
 
 constexpr bool IsInOrder() {

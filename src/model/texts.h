@@ -274,6 +274,13 @@ enum class Text {
   noSuchCode,
   noSuchActivity,
 
+  // The agreement of two observers.
+  otherClasses,
+  otherDays,
+  timeMissing,
+  timeNotCredible,
+  noTimeInCommon,
+
   count  // the number of texts
 };
 
