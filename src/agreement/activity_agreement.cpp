@@ -98,6 +98,14 @@ std::vector<ActivityStretch> StretchesOf(const EpisodeList& episodes, double off
   return stretches;
 }
 
+ActivityAgreement& ActivityAgreement::operator+=(const ActivityAgreement& other) {
+  table += other.table;
+  tolerance = other.tolerance;
+  tolerantFirst += other.tolerantFirst;
+  tolerantSecond += other.tolerantSecond;
+  return *this;
+}
+
 ActivityAgreement CompareActivities(const std::vector<ActivityStretch>& first,
                                     const std::vector<ActivityStretch>& second, int tolerance) {
   ActivityAgreement agreement = {.tolerance = tolerance};

@@ -29,6 +29,9 @@ struct ActivityAgreement {
   /// tolerance; `tolerantSecond` is the same with the second observer first.
   CodeTable tolerantFirst{kActivityCount + 1};
   CodeTable tolerantSecond{kActivityCount + 1};  ///< the second observer's activities are the rows
+
+  /// Adds the seconds of another class, which was compared with the same tolerance.
+  ActivityAgreement& operator+=(const ActivityAgreement& other);
 };
 ActivityAgreement CompareActivities(const std::vector<ActivityStretch>& first,
                                     const std::vector<ActivityStretch>& second, int tolerance);

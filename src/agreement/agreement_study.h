@@ -7,44 +7,13 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "agreement/agreement.h"
-#include "store/file_error.h"
+#include "agreement/class_figures.h"
+#include "study/problem.h"
 
 namespace orvex {
-
-/// Figures of a class that are analysed class by class. Each is nothing where it is not defined.
-enum class ClassFigure {
-  questionsPerMinute,
-  authenticTeacher,  ///< share of authentic ones among the teacher's questions
-  uptake,            ///< share with uptake T or A among those with a response
-  higherLevel,       ///< share among the teacher's questions
-  timeManagement,    ///< shares of time, by activity group
-  timeInstruction,
-  timeTest,
-  timeSeatwork,
-  offtask,  ///< mean of question/answer; not defined where it is 0
-};
-inline constexpr std::size_t kClassFigures = 9;
-/// "questions_per_minute".
-std::string_view NameOf(ClassFigure figure);
-/// "Questions per minute".
-std::string_view LabelOf(ClassFigure figure);
-using ClassFigures = std::array<std::optional<double>, kClassFigures>;
-ClassFigures FiguresOf(const EpsObservation& observation);
-
-/// The intraclass correlation ICC(A,1): two-way, absolute agreement, single measurement (McGraw and
-/// Wong, 1996), of values that two observers gave the same classes.
-struct Icc {
-  std::size_t pairs = 0;
-  std::size_t leftOut = 0;  ///< pairs in which the figure is not defined for either observer
-  std::optional<double> value = {};
-  std::string undefined = {};  ///< why there is no value: "fewer than 3 pairs", "no variance"
-};
-/// ICC(A,1) of a table with a row for each thing and as many ratings in each.
-std::optional<double> IccA1(const std::vector<std::vector<double>>& ratings);
 
 /// Two observations of one class, compared.
 struct StudyPair {
@@ -64,7 +33,18 @@ struct PooledAgreement {
   std::size_t secondQuestions = 0;
   std::size_t bothQuestions = 0;
 
+  PooledAgreement();
   void Add(const Agreement& pair);
+  /// Twice the questions of both of all questions; nothing without questions.
+  std::optional<double> QuestionShare() const;
+};
+
+/// The intraclass correlation of a figure that two observers gave the same classes.
+struct Icc {
+  std::size_t pairs = 0;
+  std::size_t leftOut = 0;  ///< pairs in which the figure is not defined for either observer
+  std::optional<double> value = {};
+  std::string undefined = {};  ///< why there is no value: "fewer than 3 pairs", "no variance"
 };
 
 /// How far the observers of a study agree.
@@ -73,8 +53,8 @@ struct AgreementStudy {
   PooledAgreement pooled;
   std::map<std::string, PooledAgreement> observers;  ///< by initials
   std::array<Icc, kClassFigures> icc;                ///< by ClassFigure
-  /// What was left out, and why: files that could not be read, observations without a partner.
-  std::vector<FileError> unread;
+  std::vector<Problem> unread;  ///< files that could not be read, and were left out
+  /// What else was left out, and why: observations without a partner, and those that come twice.
   std::vector<std::string> remarks;
 };
 /// Pools the pairs.

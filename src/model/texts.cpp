@@ -304,6 +304,8 @@ constexpr std::array<Row, kCount> kTexts = {{
      "%1: the lengths of its activities cannot be right (below 0, or more than a day in all), so "
      "nothing is compared second by second."},
     {Text::noTimeInCommon, "The two observations have no time in common."},
+    {Text::noSecondObservation, "%1: there is no other observation of this class on this day."},
+    {Text::sameObservation, "%1 has the same numbers and observer as %2, and is not compared."},
 }};
 
 constexpr bool IsInOrder() {

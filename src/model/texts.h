@@ -280,6 +280,8 @@ enum class Text {
   timeMissing,
   timeNotCredible,
   noTimeInCommon,
+  noSecondObservation,
+  sameObservation,
 
   count  // the number of texts
 };
