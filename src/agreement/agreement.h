@@ -59,6 +59,7 @@ struct Agreement {
   std::size_t firstQuestions = 0;
   std::size_t secondQuestions = 0;
   QuestionPairs pairs;
+  bool pairsGiven = false;           ///< the pairs are a person's, not made from the words
   std::vector<CodeAgreement> codes;  ///< in the order of ComparedDimensions()
   RespondentAgreement respondent;
   /// The class's mean of each off-task category, of the first observer and the second.
@@ -74,10 +75,10 @@ struct Agreement {
   std::optional<double> QuestionShare() const;
 };
 
-/// Compares two observations of a class, with these pairs of their questions.
+/// Compares two observations of a class, with the pairs that a person made of their questions.
 Agreement Compare(const ObservedClass& first, const ObservedClass& second,
                   const ComparisonOptions& options, QuestionPairs pairs);
-/// Pairs the questions itself.
+/// Makes the pairs from what was written down.
 Agreement Compare(const ObservedClass& first, const ObservedClass& second,
                   const ComparisonOptions& options);
 

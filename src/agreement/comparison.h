@@ -42,35 +42,46 @@ class Comparison {
   const ComparisonOptions& Options() const { return options_; }
   Master MasterIs() const { return master_; }
 
-  /// Nothing: as the logs say. The pairs made by hand stay; without any, the questions are paired
-  /// anew.
+  /// Nothing: as the logs say. Questions that nobody paired by hand are paired anew.
   void SetOffset(std::optional<int> seconds);
   void SetTolerance(int seconds);
   void SetMaster(Master master) { master_ = master; }
 
-  /// The paired list in the order of the class. References hold until the pairs change.
+  /// The paired list in the order of the class. References hold until the next change.
   const std::vector<PairRow>& Rows() const { return rows_; }
-  /// Positions in Rows(): all, or the disagreements in a dimension (a position in
-  /// ComparedDimensions()).
+  /// True when the two do not agree on a row: in `dimension`, a position in ComparedDimensions(),
+  /// or at all.
+  bool IsDisagreement(std::size_t row, std::optional<std::size_t> dimension) const;
+  /// Positions in Rows(): the disagreements, or all that are to be seen. With a dimension, only
+  /// questions of both that at least one of them coded on it.
   std::vector<std::size_t> Shown(bool disagreementsOnly,
                                  std::optional<std::size_t> dimension) const;
   /// The rows whose questions were coded `first` by the first observer and `second` by the second
   /// in a dimension: a cell of its table.
   std::vector<std::size_t> RowsOfCell(std::size_t dimension, std::size_t first,
                                       std::size_t second) const;
+  /// The next disagreement after `row`, or the one before it; nothing when there is none.
+  std::optional<std::size_t> NextDisagreement(std::size_t row, bool forward,
+                                              std::optional<std::size_t> dimension = {}) const;
 
   /// True when the questions of two rows, of which one has only the first's and the other only the
   /// second's, can become a pair: no pair of both stands between them.
   bool CanPair(std::size_t row, std::size_t other) const;
+  /// Of the rows with which `row` can become a pair, the one that was asked nearest to it.
+  std::optional<std::size_t> NearestPartner(std::size_t row) const;
   /// Makes a pair of them; returns its row.
   std::size_t Pair(std::size_t row, std::size_t other);
   bool CanUnpair(std::size_t row) const { return rows_[row].pair.IsOfBoth(); }
   /// Parts a pair; returns the row of the first observer's question.
   std::size_t Unpair(std::size_t row);
+  /// Goes back to the pairs that are made from the words; can be undone.
+  void PairByWords() { Take(std::nullopt); }
   bool CanUndo() const { return !earlier_.empty(); }
   void Undo();
+  bool CanRedo() const { return !later_.empty(); }
+  void Redo();
   /// True when pairs have been changed by hand since they were saved or loaded.
-  bool HasUnsavedPairs() const { return unsaved_; }
+  bool HasUnsavedPairs() const { return given_ && given_ != saved_; }
 
   /// Writes the pairs as a table. Throws FileError.
   void SavePairs(const std::filesystem::path& file, Storage& storage);
@@ -82,7 +93,13 @@ class Comparison {
   void Reload();
 
  private:
-  void SetPairs(QuestionPairs pairs);
+  /// The pairs that a person gave or changed; nothing while they are made from the words.
+  using GivenPairs = std::optional<QuestionPairs>;
+
+  /// The second's question for each of the first's.
+  std::vector<std::optional<std::size_t>> Partners() const;
+  std::size_t RowOfFirst(std::size_t question) const;
+  void Take(GivenPairs pairs);
   void Renew();
 
   ObservedClass first_;
@@ -91,9 +108,10 @@ class Comparison {
   Master master_ = Master::none;
   std::vector<AskedQuestion> firstQuestions_;
   std::vector<AskedQuestion> secondQuestions_;
-  bool byHand_ = false;  ///< the pairs were given or changed
-  bool unsaved_ = false;
-  std::vector<QuestionPairs> earlier_;  ///< the pairs before each change
+  GivenPairs given_;
+  GivenPairs saved_;                 ///< as they were saved or loaded last
+  std::vector<GivenPairs> earlier_;  ///< before each change that can be undone
+  std::vector<GivenPairs> later_;    ///< before each change that was undone
   Agreement result_;
   std::vector<PairRow> rows_;
 };
