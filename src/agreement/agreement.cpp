@@ -109,6 +109,7 @@ Agreement Compare(const ObservedClass& first, const ObservedClass& second,
   agreement.codes = CompareCodes(firstQuestions, secondQuestions, pairs);
   agreement.respondent = CompareRespondents(firstQuestions, secondQuestions, pairs);
   agreement.pairs = std::move(pairs);
+  agreement.pairsGiven = true;
 
   agreement.firstOfftask = first.observation.header.ActivityOfftask;
   agreement.secondOfftask = second.observation.header.ActivityOfftask;
@@ -121,9 +122,12 @@ Agreement Compare(const ObservedClass& first, const ObservedClass& second,
 Agreement Compare(const ObservedClass& first, const ObservedClass& second,
                   const ComparisonOptions& options) {
   const Offset offset = OffsetOf(first, second, options.offset);
-  return Compare(first, second, options,
-                 PairQuestions(QuestionsOf(first.observation.Episodes),
-                               QuestionsOf(second.observation.Episodes), offset.seconds));
+  Agreement agreement =
+      Compare(first, second, options,
+              PairQuestions(QuestionsOf(first.observation.Episodes),
+                            QuestionsOf(second.observation.Episodes), offset.seconds));
+  agreement.pairsGiven = false;
+  return agreement;
 }
 
 }  // namespace orvex
