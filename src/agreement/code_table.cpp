@@ -91,25 +91,19 @@ std::optional<Interval> KappaInterval(const CodeTable& table) {
   const std::int64_t total = table.Total();
   const auto [observed, expected] = SharesOf(table);
   const double rest = 1 - expected;
-  double agreeing = 0;
-  double differing = 0;
+  // What a thing in each cell adds to kappa. The variance is taken from the mean of these, for as a
+  // difference of two squares it would be all rounding where kappa is 1.
+  const double mean = observed * rest - 2 * expected * (1 - observed);
+  double spread = 0;
   for (std::size_t first = 0; first < table.Codes(); ++first) {
     for (std::size_t second = 0; second < table.Codes(); ++second) {
-      const double share = Share(table.At(first, second), total);
-      // The share of a row's code among the second's, and of a column's among the first's.
       const double chance =
           Share(table.OfSecond(first), total) + Share(table.OfFirst(second), total);
-      if (first == second) {
-        agreeing += share * std::pow(rest - chance * (1 - observed), 2);
-      } else {
-        differing += share * std::pow(chance, 2);
-      }
+      const double added = (first == second ? rest : 0) - chance * (1 - observed);
+      spread += Share(table.At(first, second), total) * std::pow(added - mean, 2);
     }
   }
-  const double spread = agreeing + std::pow(1 - observed, 2) * differing -
-                        std::pow(observed * expected - 2 * expected + observed, 2);
-  const double error =
-      std::sqrt(std::max(0.0, spread) / static_cast<double>(total)) / std::pow(rest, 2);
+  const double error = std::sqrt(spread / static_cast<double>(total)) / std::pow(rest, 2);
   constexpr double kNormalQuantile = 1.959964;
   return Interval{*kappa - kNormalQuantile * error, *kappa + kNormalQuantile * error};
 }
