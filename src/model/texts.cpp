@@ -306,6 +306,12 @@ constexpr std::array<Row, kCount> kTexts = {{
     {Text::noTimeInCommon, "The two observations have no time in common."},
     {Text::noSecondObservation, "%1: there is no other observation of this class on this day."},
     {Text::sameObservation, "%1 has the same numbers and observer as %2, and is not compared."},
+    {Text::comparingProgress, "%1 of %2 pairs compared"},
+    {Text::comparingStopped, "Stopped after %1 of %2 pairs"},
+    {Text::pairsCompared, "%1 of %2, %3 of both observers"},
+    {Text::noPairAmong,
+     "There is no pair of observations to compare. Two observations are a pair when they are of "
+     "the same school, class and date, and both have an episode file."},
 }};
 
 constexpr bool IsInOrder() {

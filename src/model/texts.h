@@ -282,6 +282,10 @@ enum class Text {
   noTimeInCommon,
   noSecondObservation,
   sameObservation,
+  comparingProgress,
+  comparingStopped,
+  pairsCompared,
+  noPairAmong,
 
   count  // the number of texts
 };

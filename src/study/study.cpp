@@ -13,6 +13,7 @@
 #include "store/paths.h"
 #include "study/found_files.h"
 #include "study/grouped_number.h"
+#include "study/tabbed_text.h"
 
 namespace orvex {
 namespace {
@@ -36,13 +37,6 @@ std::filesystem::path Absolute(const std::filesystem::path& folder) {
   std::error_code unknown;
   std::filesystem::path whole = std::filesystem::absolute(folder, unknown);
   return unknown ? folder : whole;
-}
-
-/// The text as one cell of tab-separated lines.
-std::string AsCell(std::string text) {
-  std::ranges::replace_if(
-      text, [](char c) { return c == '\t' || c == '\r' || c == '\n'; }, ' ');
-  return text;
 }
 
 }  // namespace
@@ -280,11 +274,9 @@ std::string Study::TextOf(const std::vector<std::size_t>& positions,
                           const std::vector<StudyColumn>& columns) const {
   std::string text;
   const auto addLine = [&](auto cellOf) {
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      if (i > 0) text += '\t';
-      text += AsCell(std::string(cellOf(columns[i])));
-    }
-    text += '\n';
+    std::vector<std::string> cells;
+    for (const StudyColumn column : columns) cells.emplace_back(cellOf(column));
+    AddTabbedLine(text, cells);
   };
   addLine([](StudyColumn column) { return SchemeOf(column).heading; });
   for (const std::size_t position : positions) {

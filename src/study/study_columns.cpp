@@ -1,15 +1,14 @@
 #include "study/study_columns.h"
 
-#include <charconv>
 #include <limits>
 #include <optional>
 #include <string_view>
-#include <system_error>
 
 #include "model/texts.h"
 #include "model/wording.h"
 #include "store/numbers.h"
 #include "study/folded_text.h"
+#include "study/observation_day.h"
 
 namespace orvex {
 namespace {
@@ -55,27 +54,6 @@ std::string ProblemsText(const StudyRow& row) {
   return text;
 }
 
-/// The number that `digits` are; nothing if they are anything else.
-std::optional<unsigned> NumberOf(std::string_view digits) {
-  unsigned number = 0;
-  const char* const end = digits.data() + digits.size();
-  const auto [at, error] = std::from_chars(digits.data(), end, number);
-  return error == std::errc() && at == end ? std::optional(number) : std::nullopt;
-}
-
-/// A number that grows with the day of "mm-dd-yyyy".
-std::optional<double> DayOf(const std::string& date) {
-  constexpr std::string_view kShape = "mm-dd-yyyy";
-  constexpr double kMonths = 100;
-  if (date.size() != kShape.size()) return std::nullopt;
-  const std::string_view text = date;
-  const auto month = NumberOf(text.substr(0, 2));
-  const auto day = NumberOf(text.substr(kShape.find('d'), 2));
-  const auto year = NumberOf(text.substr(kShape.find('y')));
-  if (!month || !day || !year) return std::nullopt;
-  return (*year * kMonths + *month) * kMonths + *day;
-}
-
 /// The value that a column of texts is sorted by, where that is a number.
 std::optional<double> ValueOf(const StudyRow& row, StudyColumn column) {
   switch (column) {
@@ -87,8 +65,10 @@ std::optional<double> ValueOf(const StudyRow& row, StudyColumn column) {
       return ParseNumber(row.identity.ObservNum);
     case StudyColumn::students:
       return ParseNumber(row.identity.NumStudents);
-    case StudyColumn::date:
-      return DayOf(row.date);
+    case StudyColumn::date: {
+      const auto day = DayOf(row.date);
+      return day ? std::optional<double>(day->time_since_epoch().count()) : std::nullopt;
+    }
     case StudyColumn::length:
       return row.summary ? std::optional(row.summary->seconds) : std::nullopt;
     case StudyColumn::offtask:

@@ -1,0 +1,198 @@
+#include "agreement/study_tables.h"
+
+#include <utility>
+
+#include "agreement/figure_text.h"
+#include "agreement/observers.h"
+#include "store/numbers.h"
+#include "study/observation_day.h"
+
+namespace orvex {
+namespace {
+
+constexpr int kFigureWidth = 7;
+constexpr int kDateWidth = 10;
+constexpr int kRemarksWidth = 30;
+constexpr int kNameWidth = 26;
+/// As many as "n/a (one code only)" needs.
+constexpr int kReasonWidth = 18;
+
+using Cell = FigureGrid::Cell;
+
+FigureGrid::Column Figure(std::string heading, std::string explanation) {
+  return {std::move(heading), std::move(explanation), true, kFigureWidth};
+}
+
+Cell KappaCell(const CodeTable& table) {
+  return FigureGrid::OfNumber(KappaText(table), Kappa(table));
+}
+
+Cell Ac1Cell(const CodeTable& table) {
+  return FigureGrid::OfNumber(Ac1Text(table), Ac1(table));
+}
+
+Cell FigureCell(std::optional<double> figure) {
+  return FigureGrid::OfNumber(figure ? FigureText(*figure) : "n/a", figure);
+}
+
+/// Classes are in the order of their schools and of their numbers there.
+Cell ClassCell(const Identity& identity) {
+  constexpr double kClasses = 32768;
+  const auto school = ParseNumber(identity.SchoolNum);
+  const auto number = ParseNumber(identity.ClassNum);
+  const auto order = school && number ? std::optional(*school * kClasses + *number) : std::nullopt;
+  return FigureGrid::OfNumber(ClassText(identity), order);
+}
+
+Cell DateCell(const std::string& date) {
+  const auto day = DayOf(date);
+  return FigureGrid::OfNumber(
+      date, day ? std::optional<double>(day->time_since_epoch().count()) : std::nullopt);
+}
+
+std::string InOneLine(const std::vector<std::string>& sentences) {
+  std::string line;
+  for (const std::string& sentence : sentences) line += (line.empty() ? "" : " ") + sentence;
+  return line;
+}
+
+}  // namespace
+
+std::string ClassText(const Identity& identity) {
+  return identity.SchoolNum + "-" + identity.ClassNum;
+}
+
+std::string ObserverText(const Agreement::Observer& observer) {
+  return observer.identity.Initials + " " + observer.identity.ObservNum;
+}
+
+FigureGrid PairsTable(const AgreementStudy& study) {
+  FigureGrid table{
+      .name = "Pairs",
+      .columns = {{"Class", "School and class number", true},
+                  {"Date", "Date of the observation, month-day-year", false, kDateWidth},
+                  {"First", "The first observer, and the number of the observation"},
+                  {"Second", "The second observer, and the number of the observation"},
+                  {"Both", "Questions that both observers wrote down", true},
+                  Figure("Share", "Twice the questions of both of all questions"),
+                  Figure("Activities", "Kappa of the activities, second by second")},
+      .rows = {}};
+  for (const ComparedDimension& compared : ComparedDimensions()) {
+    table.columns.push_back(
+        Figure(std::string(compared.label), "Kappa of " + std::string(compared.label)));
+  }
+  table.columns.push_back({"Remarks", "What is unusual about the pair", false, kRemarksWidth});
+  for (std::size_t i = 0; i < study.pairs.size(); ++i) {
+    const Agreement& pair = study.pairs[i].agreement;
+    FigureGrid::Row row{
+        .key = std::to_string(i),
+        .cells = {ClassCell(pair.first.identity), DateCell(pair.first.date),
+                  FigureGrid::OfText(ObserverText(pair.first)),
+                  FigureGrid::OfText(ObserverText(pair.second)),
+                  FigureGrid::OfCount(pair.BothQuestions()), FigureCell(pair.QuestionShare()),
+                  KappaCell(pair.activities.table)}};
+    for (const CodeAgreement& codes : pair.codes) row.cells.push_back(KappaCell(codes.table));
+    row.cells.push_back(FigureGrid::OfText(InOneLine(pair.remarks)));
+    table.rows.push_back(std::move(row));
+  }
+  return table;
+}
+
+FigureGrid ObserversTable(const AgreementStudy& study) {
+  FigureGrid table{
+      .name = "Observers",
+      .columns = {{"Observer", "Initials of the observer"},
+                  {"Pairs", "Pairs with this observer", true},
+                  Figure("Mean kappa", "Mean kappa of the dimensions that are coded by letters"),
+                  Figure("Earlier", "Mean kappa in the earlier half of the observer's days"),
+                  Figure("Later", "Mean kappa in the later half of the observer's days"),
+                  Figure("Change",
+                         "From the earlier half to the later: below 0, the observer "
+                         "agrees less than before"),
+                  Figure("Activities", "Kappa of the activities, second by second")},
+      .rows = {}};
+  for (const ComparedDimension& compared : ComparedDimensions()) {
+    const std::string label(compared.label);
+    table.columns.push_back(Figure(label, "Kappa of " + label));
+    table.columns.push_back(Figure("AC1", "AC1 of " + label));
+  }
+  for (const ObserverAgreement& observer : ObserversOf(study)) {
+    FigureGrid::Row row{
+        .key = observer.initials,
+        .cells = {FigureGrid::OfText(observer.initials),
+                  FigureGrid::OfCount(observer.pooled->pairs), FigureCell(observer.meanKappa),
+                  FigureCell(observer.earlier), FigureCell(observer.later),
+                  FigureCell(observer.Change()), KappaCell(observer.pooled->activities.table)}};
+    for (const CodeAgreement& codes : observer.pooled->codes) {
+      row.cells.push_back(KappaCell(codes.table));
+      row.cells.push_back(Ac1Cell(codes.table));
+    }
+    table.rows.push_back(std::move(row));
+  }
+  return table;
+}
+
+FigureGrid IccTable(const AgreementStudy& study) {
+  FigureGrid table{
+      .name = "Figures by class",
+      .columns = {{"Figure", "A figure that is analysed class by class", false, kNameWidth},
+                  {"Pairs", "Pairs that both define it", true},
+                  {"Left out", "Pairs in which it is not defined for either observer", true},
+                  {"ICC(A,1)",
+                   "Intraclass correlation: two-way, absolute agreement, single measurement", true,
+                   kReasonWidth}},
+      .rows = {}};
+  for (std::size_t i = 0; i < study.icc.size(); ++i) {
+    const auto figure = static_cast<ClassFigure>(i);
+    const Icc& icc = study.icc[i];
+    table.rows.push_back(
+        {.key = std::string(NameOf(figure)),
+         .cells = {
+             FigureGrid::OfText(std::string(LabelOf(figure))), FigureGrid::OfCount(icc.pairs),
+             FigureGrid::OfCount(icc.leftOut),
+             FigureGrid::OfNumber(
+                 icc.value ? FigureText(*icc.value) : "n/a (" + icc.undefined + ")", icc.value)}});
+  }
+  return table;
+}
+
+FigureGrid PooledTable(const PooledAgreement& pooled) {
+  FigureGrid table{
+      .name = "All pairs together",
+      .columns = {{"Dimension", "", false, kNameWidth},
+                  {"n", "Questions that both coded; seconds, for the activities", true},
+                  {"Left out", "Questions that exactly one of the two coded", true},
+                  Figure("Percent", "Share of equal codes, in percent"),
+                  {"Kappa", "Cohen's kappa", true, kReasonWidth},
+                  {"95 % interval", "Confidence interval of kappa", true, kReasonWidth},
+                  {"AC1", "Gwet's AC1, which keeps its sense where one code is rare", true,
+                   kReasonWidth}},
+      .rows = {}};
+  for (const CodeAgreement& codes : pooled.codes) {
+    const auto interval = KappaInterval(codes.table);
+    table.rows.push_back(
+        {.key = std::string(codes.compared->name),
+         .cells = {FigureGrid::OfText(std::string(codes.compared->label)),
+                   FigureGrid::OfNumber(std::to_string(codes.table.Total()),
+                                        static_cast<double>(codes.table.Total())),
+                   FigureGrid::OfCount(static_cast<std::size_t>(codes.leftOut)),
+                   FigureGrid::OfNumber(PercentText(codes.table), PercentAgreed(codes.table)),
+                   KappaCell(codes.table),
+                   FigureGrid::OfNumber(IntervalText(codes.table),
+                                        interval ? std::optional(interval->low) : std::nullopt),
+                   Ac1Cell(codes.table)}});
+  }
+  // Seconds are not independent of each other: there is no interval.
+  const CodeTable& activities = pooled.activities.table;
+  table.rows.push_back(
+      {.key = "activities",
+       .cells = {FigureGrid::OfText("Activities, by the second"),
+                 FigureGrid::OfNumber(std::to_string(activities.Total()),
+                                      static_cast<double>(activities.Total())),
+                 FigureGrid::OfText(""),
+                 FigureGrid::OfNumber(PercentText(activities), PercentAgreed(activities)),
+                 KappaCell(activities), FigureGrid::OfText(""), FigureGrid::OfText("")}});
+  return table;
+}
+
+}  // namespace orvex
