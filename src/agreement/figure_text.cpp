@@ -9,16 +9,16 @@ std::string FigureText(double figure) {
   return text == "-0.00" ? "0.00" : text;
 }
 
-std::string FigureText(std::optional<double> figure, Undefined reason) {
-  return figure ? FigureText(*figure) : std::string(TextOf(reason));
+std::string FigureText(std::optional<double> figure, std::optional<Undefined> reason) {
+  return figure ? FigureText(*figure) : std::string(TextOf(reason.value_or(Undefined::noPairs)));
 }
 
 std::string PercentText(const CodeTable& table) {
-  return FigureText(PercentAgreed(table), Undefined::noPairs);
+  return FigureText(PercentAgreed(table));
 }
 
 std::string KappaText(const CodeTable& table) {
-  return FigureText(Kappa(table), KappaUndefined(table).value_or(Undefined::oneCode));
+  return FigureText(Kappa(table), KappaUndefined(table));
 }
 
 std::string IntervalText(const CodeTable& table) {
@@ -28,7 +28,7 @@ std::string IntervalText(const CodeTable& table) {
 }
 
 std::string Ac1Text(const CodeTable& table) {
-  return FigureText(Ac1(table), Undefined::noPairs);
+  return FigureText(Ac1(table));
 }
 
 }  // namespace orvex

@@ -153,11 +153,11 @@ class Comparer {
     const auto [less, more] = std::minmax(onlyFirst, onlySecond);
     // What one left out is likely to be a shortening; what both have of their own speaks for two
     // questions.
-    constexpr double kCostOfOwnWords = 2;
-    constexpr double kCostOfShortening = 0.3;
+    constexpr double kCostOfOwnWords = 1;
+    constexpr double kCostOfShortening = 0.2;
     const double share =
         matched.alike / (matched.alike + kCostOfOwnWords * less + kCostOfShortening * more);
-    constexpr double kLeastShare = 0.5;
+    constexpr double kLeastShare = 0.2;
     return (share - kLeastShare) / (1 - kLeastShare);
   }
 

@@ -15,9 +15,9 @@ using Gain = std::int32_t;
 constexpr double kGainOfEqualTexts = 100000;
 /// The most that a pair loses because its questions were asked at different times, as a share of
 /// what equal texts gain: places decide between texts that are about as much alike.
-constexpr double kMostLossOfDistance = 0.3;
+constexpr double kMostLossOfDistance = 0.4;
 /// The distance, in seconds, that costs half of it.
-constexpr double kHalvingDistance = 120;
+constexpr double kHalvingDistance = 60;
 
 /// A question of the second observer that could be the partner of one of the first's.
 struct Candidate {

@@ -74,8 +74,14 @@ std::size_t EditsBetween(std::u32string_view one, std::u32string_view other) {
   return row[other.size()];
 }
 
-/// True when `shorter` is `longer` without some of its letters.
-bool IsWithin(std::u32string_view shorter, std::u32string_view longer) {
+/// True when `shorter` may stand for `longer`: it is made of some of its letters in their order,
+/// the first or the last among them. A single letter stands for nothing longer than "why" and
+/// "you".
+bool IsShortFor(std::u32string_view shorter, std::u32string_view longer) {
+  constexpr std::size_t kMostForOneLetter = 3;
+  if (shorter.size() >= longer.size()) return false;
+  if (shorter.size() == 1 && longer.size() > kMostForOneLetter) return false;
+  if (shorter.front() != longer.front() && shorter.back() != longer.back()) return false;
   std::size_t found = 0;
   for (const char32_t letter : longer) {
     if (found < shorter.size() && shorter[found] == letter) ++found;
@@ -101,6 +107,9 @@ std::vector<std::u32string> QuestionWords(std::string_view text) {
     } else if (IsIdeograph(character)) {
       endWord();
       words.emplace_back(1, character);
+    } else if (character == '&') {
+      endWord();
+      words.emplace_back(U"and");
     } else if (IsOfWord(character) && !IsDropped(character)) {
       word += Unaccented(character);
     } else if (!IsDropped(character)) {
@@ -121,16 +130,13 @@ double WordLikeness(std::u32string_view one, std::u32string_view other) {
       std::ranges::any_of(other, IsFigure)) {
     return 0;
   }
-  const auto share = static_cast<double>(shorter.size()) / static_cast<double>(longer.size());
-  const bool sameBegin = shorter.front() == longer.front();
-  const bool sameEnd = shorter.back() == longer.back();
-  if (shorter.size() < longer.size() && (sameBegin || sameEnd) && IsWithin(shorter, longer)) {
-    return (1 + share) / 2;
+  if (IsShortFor(shorter, longer)) {
+    return (1 + static_cast<double>(shorter.size()) / static_cast<double>(longer.size())) / 2;
   }
+  // Of short words too many are one letter apart: "why" and "who".
   constexpr std::size_t kLettersToAnEdit = 4;
-  const std::size_t mostEdits = std::max(longer.size() / kLettersToAnEdit, std::size_t{1});
-  if (shorter.size() < 3 || longer.size() - shorter.size() > mostEdits) return 0;
-  if (!sameBegin && longer.size() <= kLettersToAnEdit) return 0;
+  const std::size_t mostEdits = longer.size() / kLettersToAnEdit;
+  if (longer.size() - shorter.size() > mostEdits) return 0;
   const std::size_t edits = EditsBetween(shorter, longer);
   if (edits > mostEdits) return 0;
   return 1 - static_cast<double>(edits) / static_cast<double>(longer.size());

@@ -1,0 +1,121 @@
+#include "agreement/paper_line.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "agreement/figure_text.h"
+#include "agreement/observer_name.h"
+#include "model/wording.h"
+
+namespace orvex {
+namespace {
+
+constexpr std::string_view kByWords =
+    "matched automatically by their wording and order, without regard to their codes";
+constexpr std::string_view kByHand = "matched by hand";
+
+/// "a, b and c".
+std::string Listed(const std::vector<std::string>& items) {
+  std::string list;
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    if (i > 0) list += i + 1 == items.size() ? " and " : ", ";
+    list += items[i];
+  }
+  return list;
+}
+
+/// "kappa 0.82 [0.70, 0.94], AC1 0.90, n = 36".
+std::string FiguresOf(const CodeTable& table) {
+  std::string text = "kappa " + KappaText(table);
+  if (const auto interval = KappaInterval(table)) {
+    text += " [" + FigureText(interval->low) + ", " + FigureText(interval->high) + "]";
+  }
+  return text + ", AC1 " + Ac1Text(table) + ", n = " + std::to_string(table.Total());
+}
+
+std::string CodesSentence(const std::vector<CodeAgreement>& codes) {
+  std::string text;
+  std::vector<std::string> empty;
+  for (const CodeAgreement& agreement : codes) {
+    if (!agreement.compared->dimension) continue;
+    const std::string label(agreement.compared->label);
+    if (agreement.table.Total() == 0) {
+      empty.push_back(label);
+      continue;
+    }
+    text += (text.empty() ? "" : "; ") + label + ": " + FiguresOf(agreement.table);
+  }
+  if (text.empty()) return "No question was coded by both.";
+  text = "Cohen's kappa with its 95 % confidence interval, and Gwet's AC1, of the codes: " + text;
+  if (!empty.empty()) text += "; not coded by both: " + Listed(empty);
+  return text + ".";
+}
+
+std::string ActivitiesSentence(const ActivityAgreement& activities) {
+  const CodeTable& table = activities.table;
+  if (table.Total() == 0) return "There was no time that both observed.";
+  return "Activities, compared second by second over " + std::to_string(table.Total()) +
+         " s: " + PercentText(table) + " % equal, kappa " + KappaText(table) +
+         "; with a tolerance of " + std::to_string(activities.tolerance) + " s, kappa " +
+         KappaText(activities.tolerantFirst) + " and " + KappaText(activities.tolerantSecond) +
+         " (either observer as the reference).";
+}
+
+std::string ClassOf(const Agreement::Observer& observer) {
+  return observer.identity.SchoolNum + "-" + observer.identity.ClassNum + " on " + observer.date;
+}
+
+/// The first and the last of the dates, "mm-dd-yyyy".
+std::string PeriodOf(const std::vector<StudyPair>& pairs) {
+  const auto inOrder = [](const std::string& date) {
+    constexpr std::size_t kYear = 6;
+    return date.size() < kYear ? date : date.substr(kYear) + date;
+  };
+  const auto [first, last] = std::ranges::minmax_element(
+      pairs, {}, [&](const StudyPair& pair) { return inOrder(pair.agreement.first.date); });
+  const std::string& begin = first->agreement.first.date;
+  const std::string& end = last->agreement.first.date;
+  return begin == end ? "on " + begin : "from " + begin + " to " + end;
+}
+
+}  // namespace
+
+std::string PaperLine(const Agreement& agreement) {
+  const std::string first = ClassOf(agreement.first);
+  const std::string second = ClassOf(agreement.second);
+  return NameOfObserver(agreement, Side::first) + " and " +
+         NameOfObserver(agreement, Side::second) + " observed " +
+         (first == second ? "class " + first : "classes " + first + " and " + second) + "; of " +
+         std::to_string(agreement.firstQuestions) + " and " +
+         std::to_string(agreement.secondQuestions) + " questions, " +
+         std::to_string(agreement.BothQuestions()) + " were recorded by both (" +
+         std::string(agreement.pairsGiven ? kByHand : kByWords) + "). " +
+         CodesSentence(agreement.codes) + " " + ActivitiesSentence(agreement.activities);
+}
+
+std::string PaperLine(const AgreementStudy& study) {
+  if (study.pairs.empty()) return "No two observations of one class were compared.";
+  const PooledAgreement& pooled = study.pooled;
+  std::vector<std::string> observers;
+  for (const auto& [initials, ofObserver] : study.observers) observers.push_back(initials);
+  const bool byHand = std::ranges::any_of(
+      study.pairs, [](const StudyPair& pair) { return pair.agreement.pairsGiven; });
+  std::string text =
+      Counted(pooled.pairs, "pair") + " of observations by " + Listed(observers) + ", " +
+      PeriodOf(study.pairs) + "; of " + std::to_string(pooled.firstQuestions) + " and " +
+      std::to_string(pooled.secondQuestions) + " questions, " +
+      std::to_string(pooled.bothQuestions) + " were recorded by both observers of a class (" +
+      std::string(byHand ? kByHand : kByWords) + "). " + CodesSentence(pooled.codes) + " " +
+      ActivitiesSentence(pooled.activities);
+  std::string icc;
+  for (std::size_t i = 0; i < study.icc.size(); ++i) {
+    if (!study.icc[i].value) continue;
+    icc += (icc.empty() ? "" : "; ") + std::string(LabelOf(static_cast<ClassFigure>(i))) + " " +
+           FigureText(*study.icc[i].value) + " (" + Counted(study.icc[i].pairs, "pair") + ")";
+  }
+  return icc.empty() ? text : text + " ICC(A,1) of the figures of a class: " + icc + ".";
+}
+
+}  // namespace orvex
