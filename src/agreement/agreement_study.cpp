@@ -1,10 +1,10 @@
 #include "agreement/agreement_study.h"
 
 #include <algorithm>
-#include <set>
 #include <tuple>
 #include <utility>
 
+#include "agreement/comparison.h"
 #include "agreement/icc.h"
 #include "agreement/share_of_both.h"
 #include "model/texts.h"
@@ -81,10 +81,14 @@ FromFiles<StudyPair> ComparePair(const std::filesystem::path& firstFile,
   if (!compared.problem) {
     compared.problem = ProblemOf(secondFile, [&] { second = ReadObservedClass(secondFile); });
   }
-  if (!compared.problem) {
-    compared.value = {firstFile, secondFile, Compare(first, second, options),
-                      FiguresOf(first.observation), FiguresOf(second.observation)};
-  }
+  if (compared.problem) return compared;
+  const Comparison comparison(std::move(first), std::move(second), options);
+  compared.value = {firstFile,
+                    secondFile,
+                    comparison.Result(),
+                    DisagreementsOf(comparison),
+                    FiguresOf(comparison.First().observation),
+                    FiguresOf(comparison.Second().observation)};
   return compared;
 }
 
@@ -162,6 +166,15 @@ void PooledAgreement::Add(const Agreement& pair) {
   bothQuestions += pair.BothQuestions();
 }
 
+void PooledAgreement::AddSwapped(const Agreement& pair) {
+  Agreement swapped = pair;
+  for (CodeAgreement& code : swapped.codes) code.table = code.table.Transposed();
+  swapped.activities.table = pair.activities.table.Transposed();
+  std::swap(swapped.activities.tolerantFirst, swapped.activities.tolerantSecond);
+  std::swap(swapped.firstQuestions, swapped.secondQuestions);
+  Add(swapped);
+}
+
 std::optional<double> PooledAgreement::QuestionShare() const {
   return ShareOfBoth(bothQuestions, firstQuestions, secondQuestions);
 }
@@ -170,11 +183,11 @@ AgreementStudy StudyOf(std::vector<StudyPair> pairs) {
   AgreementStudy study;
   for (const StudyPair& pair : pairs) {
     const Agreement& agreement = pair.agreement;
+    const std::string& first = agreement.first.identity.Initials;
+    const std::string& second = agreement.second.identity.Initials;
     study.pooled.Add(agreement);
-    for (const std::string& observer : std::set<std::string>{agreement.first.identity.Initials,
-                                                             agreement.second.identity.Initials}) {
-      study.observers[observer].Add(agreement);
-    }
+    study.observers[first].Add(agreement);
+    if (second != first) study.observers[second].AddSwapped(agreement);
   }
   for (std::size_t figure = 0; figure < study.icc.size(); ++figure) {
     study.icc[figure] = IccOf(pairs, figure);

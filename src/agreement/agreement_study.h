@@ -11,6 +11,7 @@
 
 #include "agreement/agreement.h"
 #include "agreement/class_figures.h"
+#include "agreement/disagreement.h"
 #include "study/problem.h"
 
 namespace orvex {
@@ -20,6 +21,7 @@ struct StudyPair {
   std::filesystem::path first;  ///< the episode files
   std::filesystem::path second;
   Agreement agreement;
+  std::vector<Disagreement> disagreements = {};
   ClassFigures firstFigures{};
   ClassFigures secondFigures{};
 };
@@ -35,6 +37,8 @@ struct PooledAgreement {
 
   PooledAgreement();
   void Add(const Agreement& pair);
+  /// Adds the pair with the second observer as the first.
+  void AddSwapped(const Agreement& pair);
   /// Twice the questions of both of all questions; nothing without questions.
   std::optional<double> QuestionShare() const;
 };
@@ -51,9 +55,10 @@ struct Icc {
 struct AgreementStudy {
   std::vector<StudyPair> pairs;
   PooledAgreement pooled;
-  std::map<std::string, PooledAgreement> observers;  ///< by initials
-  std::array<Icc, kClassFigures> icc;                ///< by ClassFigure
-  std::vector<Problem> unread;  ///< files that could not be read, and were left out
+  /// By initials; the observer is the first, whoever the other is.
+  std::map<std::string, PooledAgreement> observers;
+  std::array<Icc, kClassFigures> icc;  ///< by ClassFigure
+  std::vector<Problem> unread;         ///< files that could not be read, and were left out
   /// What else was left out, and why: observations without a partner, and those that come twice.
   std::vector<std::string> remarks;
 };

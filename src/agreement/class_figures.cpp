@@ -4,6 +4,7 @@
 
 #include "agreement/activity_agreement.h"
 #include "model/activities.h"
+#include "store/numbers.h"
 #include "study/observation_summary.h"
 
 namespace orvex {
@@ -88,8 +89,9 @@ ClassFigures FiguresOf(const EpsObservation& observation) {
   figures[PositionOf(ClassFigure::higherLevel)] = Share(counts.HigherLevel, counts.TeacherQ);
   TakeTime(observation, counts.Total, figures);
   if (const auto position = OfftaskPosition(kQuestionAnswer)) {
-    const auto mean = static_cast<double>(observation.header.ActivityOfftask[*position]);
-    if (mean != 0) figures[PositionOf(ClassFigure::offtask)] = mean;
+    // As the file has it: a single has other digits behind those that count.
+    const auto mean = ParseNumber(PrintDigits(observation.header.ActivityOfftask[*position]));
+    if (mean != 0.0) figures[PositionOf(ClassFigure::offtask)] = mean;
   }
   return figures;
 }

@@ -14,17 +14,23 @@ double Share(std::int64_t part, std::int64_t whole) {
   return static_cast<double>(part) / static_cast<double>(whole);
 }
 
-/// The shares of equal codes: those that there are, and those that chance alone would make.
-struct Shares {
-  double observed = 0;
-  double expected = 0;
+/// The sums from which kappa follows. In whole counts they are exact, so that what is nothing comes
+/// out as 0 and not as a rounding.
+struct Sums {
+  double total = 0;
+  double agreed = 0;
+  double expected = 0;  ///< what chance alone would make equal, times the total
+
+  /// What chance leaves, times the total.
+  double Rest() const { return total * total - expected; }
 };
-Shares SharesOf(const CodeTable& table) {
-  const std::int64_t total = table.Total();
-  Shares shares = {.observed = Share(table.Agreed(), total)};
-  for (std::size_t code = 0; code < table.Codes(); ++code)
-    shares.expected += Share(table.OfFirst(code), total) * Share(table.OfSecond(code), total);
-  return shares;
+Sums SumsOf(const CodeTable& table) {
+  Sums sums = {static_cast<double>(table.Total()), static_cast<double>(table.Agreed())};
+  for (std::size_t code = 0; code < table.Codes(); ++code) {
+    sums.expected +=
+        static_cast<double>(table.OfFirst(code)) * static_cast<double>(table.OfSecond(code));
+  }
+  return sums;
 }
 
 }  // namespace
@@ -32,6 +38,16 @@ Shares SharesOf(const CodeTable& table) {
 CodeTable& CodeTable::operator+=(const CodeTable& other) {
   std::ranges::transform(counts_, other.counts_, counts_.begin(), std::plus());
   return *this;
+}
+
+CodeTable CodeTable::Transposed() const {
+  CodeTable transposed(codes_);
+  for (std::size_t first = 0; first < codes_; ++first) {
+    for (std::size_t second = 0; second < codes_; ++second) {
+      transposed.Add(second, first, At(first, second));
+    }
+  }
+  return transposed;
 }
 
 std::int64_t CodeTable::Total() const {
@@ -54,6 +70,11 @@ std::int64_t CodeTable::OfSecond(std::size_t code) const {
   std::int64_t count = 0;
   for (std::size_t first = 0; first < codes_; ++first) count += At(first, code);
   return count;
+}
+
+std::string_view NameOf(Undefined reason) {
+  static constexpr std::array<std::string_view, 2> kNames = {"no pairs", "one code only"};
+  return kNames[static_cast<std::size_t>(reason)];
 }
 
 std::string_view TextOf(Undefined reason) {
@@ -81,29 +102,28 @@ std::optional<double> PercentAgreed(const CodeTable& table) {
 
 std::optional<double> Kappa(const CodeTable& table) {
   if (KappaUndefined(table)) return std::nullopt;
-  const auto [observed, expected] = SharesOf(table);
-  return (observed - expected) / (1 - expected);
+  const Sums sums = SumsOf(table);
+  return (sums.total * sums.agreed - sums.expected) / sums.Rest();
 }
 
 std::optional<Interval> KappaInterval(const CodeTable& table) {
   const auto kappa = Kappa(table);
   if (!kappa) return std::nullopt;
-  const std::int64_t total = table.Total();
-  const auto [observed, expected] = SharesOf(table);
-  const double rest = 1 - expected;
+  const Sums sums = SumsOf(table);
+  const double rest = sums.Rest();
+  const double differing = sums.total - sums.agreed;
   // What a thing in each cell adds to kappa. The variance is taken from the mean of these, for as a
   // difference of two squares it would be all rounding where kappa is 1.
-  const double mean = observed * rest - 2 * expected * (1 - observed);
+  const double mean = (sums.agreed * rest - 2 * sums.expected * differing) / sums.total;
   double spread = 0;
   for (std::size_t first = 0; first < table.Codes(); ++first) {
     for (std::size_t second = 0; second < table.Codes(); ++second) {
-      const double chance =
-          Share(table.OfSecond(first), total) + Share(table.OfFirst(second), total);
-      const double added = (first == second ? rest : 0) - chance * (1 - observed);
-      spread += Share(table.At(first, second), total) * std::pow(added - mean, 2);
+      const auto chance = static_cast<double>(table.OfSecond(first) + table.OfFirst(second));
+      const double added = (first == second ? rest : 0) - chance * differing;
+      spread += static_cast<double>(table.At(first, second)) * std::pow(added - mean, 2);
     }
   }
-  const double error = std::sqrt(spread / static_cast<double>(total)) / std::pow(rest, 2);
+  const double error = std::sqrt(spread) * sums.total / std::pow(rest, 2);
   constexpr double kNormalQuantile = 1.959964;
   return Interval{*kappa - kNormalQuantile * error, *kappa + kNormalQuantile * error};
 }

@@ -24,6 +24,8 @@ class CodeTable {
   }
   /// Adds the counts of `other`, which has as many codes.
   CodeTable& operator+=(const CodeTable& other);
+  /// The table with the second observer as the first.
+  CodeTable Transposed() const;
 
   std::int64_t Total() const;
   /// How many things both gave the same code.
@@ -39,6 +41,8 @@ class CodeTable {
 
 /// Why a figure of a table is not defined.
 enum class Undefined { noPairs, oneCode };
+/// "one code only", "no pairs".
+std::string_view NameOf(Undefined reason);
 /// "n/a (one code only)", "n/a (no pairs)".
 std::string_view TextOf(Undefined reason);
 /// Why kappa is not defined for `table`; nothing when it is.

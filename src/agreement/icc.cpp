@@ -22,16 +22,21 @@ double SquaresAround(double mean, const std::vector<double>& values) {
 std::optional<double> IccA1(const std::vector<std::vector<double>>& ratings) {
   if (ratings.size() < 2 || ratings.front().size() < 2) return std::nullopt;
   const std::size_t raters = ratings.front().size();
+  // Counted from one of the ratings, so that those equal to it are exactly 0.
+  std::vector<std::vector<double>> things = ratings;
+  for (std::vector<double>& thing : things) {
+    for (double& rating : thing) rating -= ratings.front().front();
+  }
   std::vector<double> all;
   std::vector<double> thingMeans;
-  for (const std::vector<double>& thing : ratings) {
+  for (const std::vector<double>& thing : things) {
     all.insert(all.end(), thing.begin(), thing.end());
     thingMeans.push_back(MeanOf(thing));
   }
   std::vector<double> raterMeans;
   for (std::size_t rater = 0; rater < raters; ++rater) {
     std::vector<double> ofRater;
-    for (const std::vector<double>& thing : ratings) ofRater.push_back(thing[rater]);
+    for (const std::vector<double>& thing : things) ofRater.push_back(thing[rater]);
     raterMeans.push_back(MeanOf(ofRater));
   }
   // The mean squares of a two-way analysis of variance.
