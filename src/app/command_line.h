@@ -15,6 +15,7 @@ namespace orvex {
 /// of a mistake, or one of the commands.
 struct OpenWindow {
   std::filesystem::path file;  ///< an .eps, .sur or .nte file; empty to open the main menu
+  std::filesystem::path second = {};  ///< an .eps file to compare it with; empty for none
 };
 struct ShowText {
   std::string text;

@@ -50,18 +50,22 @@ bool HasForm(FileKind kind) {
   return kind == FileKind::episodes || kind == FileKind::survey;
 }
 
-/// Opens `file` in its form. False when it cannot be read.
-bool ShowInForm(Program& program, Screens& screens, const std::filesystem::path& file) {
-  const std::filesystem::path path = std::filesystem::absolute(file);
-  const FileKind kind = KindOf(file);
+/// Opens the file of `window` in its form, or its agreement with the second one. False when one
+/// cannot be read.
+bool ShowInForm(Program& program, Screens& screens, const OpenWindow& window) {
+  const std::filesystem::path path = std::filesystem::absolute(window.file);
+  if (!window.second.empty()) {
+    return screens.ShowAgreement(path, std::filesystem::absolute(window.second));
+  }
+  const FileKind kind = KindOf(window.file);
   program.DataPath = path.parent_path();  // so that it is saved back to its own folder
   if (kind == FileKind::survey) return screens.ShowSurveyFile(path, Kept::areOffered);
   return screens.ShowEpisodeEditor(path, Kept::areOffered);
 }
 
-/// Runs the window until the program ends and returns the exit code. Starts with the form of
-/// `file`, or with the main menu when `file` has no form or cannot be read.
-int RunWindow(const std::filesystem::path& file) {
+/// Runs the program in its window until it ends and returns the exit code. Starts with the form of
+/// the window's file, or with the main menu when that has no form or cannot be read.
+int RunWindow(const OpenWindow& window) {
   Program program;
   Storage storage;
   const QtClock clock;
@@ -73,15 +77,17 @@ int RunWindow(const std::filesystem::path& file) {
   const Services services = {program, log,      recovery, storage,
                              clock,   prompter, forms,    programFolder};
   const EndOfSession endOfSession([&forms] { forms.KeepAll(); }, [&forms] { forms.EndProgram(); });
-  const FileKind kind = KindOf(file);
-  const bool shown = HasForm(kind) && ShowInForm(program, forms, file);
+  const FileKind kind = KindOf(window.file);
+  // The agreement leads to the main menu.
+  if (!window.second.empty()) SettleDataPath(program, programFolder);
+  const bool shown = HasForm(kind) && ShowInForm(program, forms, window);
   if (!shown) {
     forms.Show(Screen::mainMenu);
     SettleDataPath(program, programFolder);
     // The offer must wait for the notes dialog; otherwise it would receive the keys meant for the
     // notes.
     if (kind == FileKind::fieldNotes)
-      forms.ShowFieldNotes(std::filesystem::absolute(file), Kept::areOffered);
+      forms.ShowFieldNotes(std::filesystem::absolute(window.file), Kept::areOffered);
     OnceInUse(*qApp, [services] { OfferAllUnfinished(services); });
   }
   // A question asked above runs an event loop of its own, in which the program may already have
@@ -123,7 +129,7 @@ int Main(int argc, char* argv[]) {
   QApplication::setWindowIcon(Logo::Icon());
   HeldKeys heldKeys;
   qApp->installEventFilter(&heldKeys);
-  return RunWindow(window->file);
+  return RunWindow(*window);
 }
 
 }  // namespace

@@ -12,6 +12,7 @@ struct RunningClass;
 enum class Screen {
   mainMenu,
   study,
+  agreement,
   setUp,
   liveObservation,
   aboutText,
@@ -69,10 +70,13 @@ class Screens {
   /// Closes all forms and files in order and ends the program, once the running operation has
   /// returned.
   virtual void EndProgram() = 0;
-  /// True while the study is open: whatever is being done with a file was begun there.
-  virtual bool IsStudyOpen() const = 0;
-  /// Ends what was being done with a file. If it was begun in the study, closes its forms and shows
-  /// the study again; otherwise ends the program.
+  /// True while the form is loaded, on the screen or not.
+  virtual bool IsOpen(Screen screen) const = 0;
+  /// True while a form is open from which files are opened, such as the study: whatever is being
+  /// done with a file was begun there.
+  virtual bool LeadsBack() const = 0;
+  /// Ends what was being done with a file. If it leads back, closes its forms and shows the one
+  /// again in which it was begun; otherwise ends the program.
   virtual void EndActivity() = 0;
 
   /// Loads the question editor for `caller` and shows it. In proof mode it begins with the question
@@ -103,6 +107,10 @@ class Screens {
   /// are about the first one with questions. False when the file could not be read (the user has
   /// been told) or has nothing to report.
   virtual bool ShowReport(const std::filesystem::path& file, Screen report) = 0;
+  /// Compares two observations of a class, given by their episode files, and shows the agreement.
+  /// False when one of them could not be read (the user has been told).
+  virtual bool ShowAgreement(const std::filesystem::path& first,
+                             const std::filesystem::path& second) = 0;
   /// Shows a session log. Returns when the user closes it.
   virtual void ShowLog(const std::filesystem::path& file) = 0;
   /// Lets the user make tables of observations of the study. Returns when the dialog is closed.

@@ -430,7 +430,7 @@ void EpisodeEditor::Quit() {
   // Dismissing the question means staying. If saving fails, stay too, so that no changes are lost.
   if (save == Answer::cancel || (save == Answer::yes && !Save())) return;
   Answer another = Answer::no;
-  if (!services_.screens.IsStudyOpen()) {
+  if (!services_.screens.LeadsBack()) {
     another = services_.prompter.Ask({.text = Say(Text::askAnotherFile),
                                       .buttons = Buttons::yesNo,
                                       .defaultAnswer = Answer::no,

@@ -312,6 +312,9 @@ constexpr std::array<Row, kCount> kTexts = {{
     {Text::noPairAmong,
      "There is no pair of observations to compare. Two observations are a pair when they are of "
      "the same school, class and date, and both have an episode file."},
+    {Text::pairsNotSaved, "The pairs could not be saved."},
+    {Text::pairsNotRead, "The pairs could not be read."},
+    {Text::askSavePairs, "Save the pairs that were changed by hand?"},
 }};
 
 constexpr bool IsInOrder() {

@@ -286,6 +286,9 @@ enum class Text {
   comparingStopped,
   pairsCompared,
   noPairAmong,
+  pairsNotSaved,
+  pairsNotRead,
+  askSavePairs,
 
   count  // the number of texts
 };

@@ -87,7 +87,7 @@ void SurveyForm::Quit() {
                                               .defaultAnswer = Answer::yes,
                                               .dismissed = Answer::cancel});
   if (save == Answer::cancel || (save == Answer::yes && !Save())) return;
-  const bool another = !services_.screens.IsStudyOpen() &&
+  const bool another = !services_.screens.LeadsBack() &&
                        services_.prompter.Ask({.text = Say(Text::askAnotherFile),
                                                .buttons = Buttons::yesNo,
                                                .defaultAnswer = Answer::no}) == Answer::yes;

@@ -30,6 +30,7 @@ const Forms::Row& Forms::RowOf(Screen screen) {
       {Screen::study,
        {.make = [](Forms& forms) { return std::make_unique<frmStudy>(forms.services_); },
         .over = {Screen::mainMenu}}},
+      {Screen::agreement, {.over = {Screen::study}}},
       {Screen::setUp,
        {.make = [](Forms& forms) { return std::make_unique<frmInput1>(forms.services_); }}},
       {Screen::liveObservation,
@@ -49,7 +50,7 @@ const Forms::Row& Forms::RowOf(Screen screen) {
               return std::make_unique<frmEnterQA>(forms.services_, live.Live(), live.Clocks());
             },
         .over = {Screen::liveObservation}}},
-      {Screen::episodeEditor, {.over = {Screen::study}}},
+      {Screen::episodeEditor, {.over = {Screen::agreement, Screen::study}}},
       {Screen::timeSummary,
        {.make = report([](Forms& forms, const ReportSubject& subject) {
           return MakeTimeSummaryForm(forms.services_, subject);

@@ -4,10 +4,13 @@
 #include <QApplication>
 #include <QDialog>
 #include <QWindow>
+#include <algorithm>
+#include <array>
 #include <iterator>
 #include <utility>
 #include <vector>
 
+#include "agreement/agreement_actions.h"
 #include "desk/prompter.h"
 #include "editor/edited_file.h"
 #include "editor/load_episodes.h"
@@ -22,6 +25,7 @@
 #include "ui/OnceInUse.h"
 #include "ui/forms/dlgLog.h"
 #include "ui/forms/dlgTables.h"
+#include "ui/forms/frmAgreement.h"
 #include "ui/forms/frmClassAct.h"
 #include "ui/forms/frmClassEdit.h"
 #include "ui/forms/frmListOfFiles.h"
@@ -30,6 +34,12 @@
 #include "ui/widgets/FitToScreen.h"
 
 namespace orvex {
+namespace {
+
+/// The forms from which files are opened. What is opened leads back to the first that is open.
+constexpr std::array kOpeners = {Screen::agreement, Screen::study};
+
+}  // namespace
 
 Forms::Forms(Program& program, SessionLog& log, RecoveryFile& recovery, Storage& storage,
              const Clock& clock, Prompter& prompter, std::filesystem::path programFolder)
@@ -235,6 +245,14 @@ bool Forms::ShowReport(const std::filesystem::path& file, Screen report) {
   return loaded_.contains(report);
 }
 
+bool Forms::ShowAgreement(const std::filesystem::path& first, const std::filesystem::path& second) {
+  auto comparison = LoadComparison(services_, first, second);
+  if (!comparison) return false;
+  Load(Screen::agreement, std::make_unique<frmAgreement>(services_, std::move(comparison)));
+  BringToFront(Screen::agreement);
+  return true;
+}
+
 void Forms::ShowLog(const std::filesystem::path& file) {
   try {
     dlgLog(file.filename().string(), Decode(ReadFile(file)).text, QApplication::activeWindow())
@@ -252,16 +270,22 @@ void Forms::ShowFieldNotes(const std::filesystem::path& file, Kept kept) {
   EditFieldNotes(services_, file, kept);
 }
 
-bool Forms::IsStudyOpen() const {
-  return loaded_.contains(Screen::study);
+bool Forms::IsOpen(Screen screen) const {
+  return loaded_.contains(screen);
+}
+
+bool Forms::LeadsBack() const {
+  return std::ranges::any_of(kOpeners, [this](Screen screen) { return IsOpen(screen); });
 }
 
 void Forms::EndActivity() {
-  if (!IsStudyOpen()) return EndProgram();
-  Show(Screen::study);
+  const auto* opener =
+      std::ranges::find_if(kOpeners, [this](Screen screen) { return IsOpen(screen); });
+  if (opener == kOpeners.end()) return EndProgram();
+  Show(*opener);
   std::vector<Screen> others;
   for (const auto& [screen, form] : loaded_) {
-    if (screen != Screen::study) others.push_back(screen);
+    if (std::ranges::find(kOpeners, screen) == kOpeners.end()) others.push_back(screen);
   }
   for (const Screen screen : others) Close(screen);
 }

@@ -32,7 +32,8 @@ class Forms : public Screens {
   void Hide(Screen screen) override;
   void Close(Screen screen) override;
   void EndProgram() override;
-  bool IsStudyOpen() const override;
+  bool IsOpen(Screen screen) const override;
+  bool LeadsBack() const override;
   void EndActivity() override;
   void ShowQuestionEditor(EditorCaller caller, bool proofMode) override;
   void ShowTakenUpClass(const RunningClass& running) override;
@@ -45,6 +46,8 @@ class Forms : public Screens {
   bool ShowQuestions(const std::filesystem::path& file, int episode) override;
   bool ShowFirstGap(const std::filesystem::path& file) override;
   bool ShowReport(const std::filesystem::path& file, Screen report) override;
+  bool ShowAgreement(const std::filesystem::path& first,
+                     const std::filesystem::path& second) override;
   void ShowLog(const std::filesystem::path& file) override;
   void ShowTables(const StudySelection& selection) override;
   void ShowFieldNotes(const std::filesystem::path& file, Kept kept) override;

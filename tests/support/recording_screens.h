@@ -17,7 +17,8 @@ class RecordingScreens : public Screens {
   void Hide(Screen screen) override { moves.push_back("hide " + Name(screen)); }
   void Close(Screen screen) override { moves.push_back("close " + Name(screen)); }
   void EndProgram() override { moves.emplace_back("end"); }
-  bool IsStudyOpen() const override { return studyIsOpen; }
+  bool IsOpen(Screen screen) const override { return screen == Screen::study && studyIsOpen; }
+  bool LeadsBack() const override { return studyIsOpen; }
   void EndActivity() override { moves.emplace_back(studyIsOpen ? "back to the study" : "end"); }
   void ShowQuestionEditor(EditorCaller caller, bool proofMode) override {
     moves.push_back("show questionEditor for " + std::to_string(static_cast<int>(caller)) +
@@ -61,6 +62,12 @@ class RecordingScreens : public Screens {
     moves.push_back("show " + Name(report) + " of " + file.filename().string());
     return episodeFileIsGood;
   }
+  bool ShowAgreement(const std::filesystem::path& first,
+                     const std::filesystem::path& second) override {
+    moves.push_back("show agreement of " + first.filename().string() + " and " +
+                    second.filename().string());
+    return episodeFileIsGood;
+  }
   void ShowTables(const StudySelection& selection) override {
     moves.push_back("show tables of " + std::to_string(selection.selected.size()) + " or " +
                     std::to_string(selection.shown.size()));
@@ -84,9 +91,9 @@ class RecordingScreens : public Screens {
  private:
   static std::string Name(Screen screen) {
     constexpr const char* kNames[] = {
-        "mainMenu",       "study",         "setUp",       "liveObservation", "aboutText",
-        "questionEntry",  "episodeEditor", "timeSummary", "questionStats",   "questionPlot",
-        "questionEditor", "survey",        "listOfFiles"};
+        "mainMenu",     "study",          "agreement",     "setUp",       "liveObservation",
+        "aboutText",    "questionEntry",  "episodeEditor", "timeSummary", "questionStats",
+        "questionPlot", "questionEditor", "survey",        "listOfFiles"};
     return kNames[static_cast<std::size_t>(screen)];
   }
 };

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QObject>
+#include <array>
+
+namespace Ui {
+class frmAgreement;
+}
+
+namespace orvex {
+
+class Comparison;
+class FigureTable;
+
+/// The page of the agreement's form with all figures and the activities over the class's time.
+class AgreementOverview : public QObject {
+  Q_OBJECT
+
+ public:
+  /// `comparison` outlives the page.
+  AgreementOverview(Ui::frmAgreement& ui, const Comparison& comparison, QObject* parent);
+
+  void Refresh();
+  /// Sets the boxes beside or above each other, as the form's width allows.
+  void FitBoxes();
+  /// Scrolls to the activities and gives them the keyboard.
+  void FocusStrips();
+
+ private:
+  void ShowActivities();
+  void ShowQuestions();
+  void ShowOfftask();
+  void ShowSurvey();
+  void ShowTraining();
+
+  Ui::frmAgreement& ui_;
+  const Comparison& comparison_;
+  FigureTable* activities_;
+  FigureTable* questions_;
+  FigureTable* offtask_;
+  FigureTable* survey_;
+  FigureTable* training_;
+};
+
+}  // namespace orvex
