@@ -14,7 +14,7 @@ namespace orvex {
 /// What the command line can ask for: a window, a text such as that of "--help", the correction
 /// of a mistake, or one of the commands.
 struct OpenWindow {
-  std::filesystem::path file;  ///< an .eps, .sur or .nte file; empty to open the main menu
+  std::filesystem::path file;         ///< an .eps, .sur or .nte file; empty to open the main menu
   std::filesystem::path second = {};  ///< an .eps file to compare it with; empty for none
 };
 struct ShowText {
