@@ -90,6 +90,7 @@ Agreement Compare(const ObservedClass& first, const ObservedClass& second,
   Agreement agreement;
   agreement.first = ObserverOf(first);
   agreement.second = ObserverOf(second);
+  agreement.isWhole = first.isWhole && second.isWhole;
   RemarkOn(first, second, agreement);
 
   agreement.offset = OffsetOf(first, second, options.offset);

@@ -69,6 +69,7 @@ struct Agreement {
   /// Sentences that say what is unusual: different days, no time in common, and the notes of the
   /// two classes.
   std::vector<std::string> remarks;
+  bool isWhole = true;  ///< false when a survey could not be read
 
   std::size_t BothQuestions() const;
   /// Twice the questions of both of all questions; nothing without questions.

@@ -45,7 +45,9 @@ void ReadSurvey(const std::filesystem::path& file, ObservedClass& observed) {
     WarnOfOtherNumbers(file, survey.identity, note);
     observed.survey = survey.answers;
   });
-  if (problem) note(problem->Text());
+  if (!problem) return;
+  note(problem->Text());
+  observed.isWhole = false;
 }
 
 void ReadLog(const std::filesystem::path& file, ObservedClass& observed) {

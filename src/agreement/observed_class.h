@@ -18,6 +18,7 @@ struct ObservedClass {
   std::optional<int> logStart = {};  ///< when its session log began, in seconds since midnight
   /// Sentences about what was doubtful in its files, or why one of them could not be read.
   std::vector<std::string> notes = {};
+  bool isWhole = true;  ///< false when there is a survey that could not be read
 
   /// The file's name without its folder, "5-12-3.eps". UTF-8.
   std::string Name() const;

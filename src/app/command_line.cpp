@@ -294,12 +294,105 @@ Request ReadReport(const QStringList& arguments) {
   return ReportCommand{PathsOf(sources), parser.IsSet(json)};
 }
 
+/// A whole number within a range, as the value of an option; nothing for any other text.
+std::optional<int> NumberWithin(const QString& text, int least, int most) {
+  bool isNumber = false;
+  const int number = text.toInt(&isNumber);
+  if (!isNumber || number < least || number > most) return std::nullopt;
+  return number;
+}
+
+Request ReadAgree(const QStringList& arguments) {
+  const QString command = QStringLiteral("agree");
+  Parser parser(
+      command, kSources,
+      QStringLiteral("Tells how far two observers of a class agree: two episode files are\n"
+                     "compared as they are. Of any other sources, every two observations\n"
+                     "of the same school, class and date are compared, and pooled.\n"
+                     "Exit code: 0 done, 2 not done, or without files that could not be\n"
+                     "read."));
+  AddSources(parser.Qt(), QStringLiteral("Episode files (.eps)"));
+  const QCommandLineOption json(
+      QStringLiteral("json"),
+      QStringLiteral(
+          "For programs: one JSON object a line for each pair, and at the end of a study "
+          "one with what is pooled."));
+  const QCommandLineOption tolerance(
+      QStringLiteral("tolerance"),
+      QStringLiteral("By how many seconds the observers may be apart (%1).").arg(kUsualTolerance),
+      QStringLiteral("SECONDS"));
+  const QCommandLineOption offset(
+      QStringLiteral("offset"),
+      QStringLiteral("Of two files: how many seconds the second observer began after the first. "
+                     "Otherwise as the session logs say."),
+      QStringLiteral("SECONDS"));
+  const QCommandLineOption pairs(
+      QStringLiteral("pairs"),
+      QStringLiteral("Of two files: takes the pairs of questions from this table instead of making "
+                     "them."),
+      QStringLiteral("FILE"));
+  const QCommandLineOption savePairs(
+      QStringLiteral("save-pairs"),
+      QStringLiteral("Of two files: writes the pairs of questions as such a table."),
+      QStringLiteral("FILE"));
+  const QCommandLineOption csv(
+      QStringLiteral("csv"),
+      QStringLiteral("Of a study: also writes its tables, agreement_pairs.csv and so on, into this "
+                     "folder."),
+      QStringLiteral("DIR"));
+  parser.Qt().addOptions({json, tolerance, offset, pairs, savePairs, csv});
+  if (auto request = parser.Parse(arguments)) return *request;
+  const auto mistake = [&](const QString& text) { return MistakeIn(command, text); };
+  const QStringList sources = parser.Rest().mid(1);
+  if (sources.isEmpty()) return mistake(QStringLiteral("A source is needed."));
+  AgreeCommand options;
+  options.sources = PathsOf(sources);
+  options.json = parser.IsSet(json);
+  if (parser.IsSet(tolerance)) {
+    const auto seconds = NumberWithin(parser.Value(tolerance), 0, kMostTolerance);
+    if (!seconds) {
+      return mistake(QStringLiteral("--tolerance needs a whole number of seconds from 0 to %1.")
+                         .arg(kMostTolerance));
+    }
+    options.options.tolerance = *seconds;
+  }
+  if (parser.IsSet(offset)) {
+    options.options.offset = NumberWithin(parser.Value(offset), -kMostOffset, kMostOffset);
+    if (!options.options.offset) {
+      return mistake(QStringLiteral("--offset needs a whole number of seconds from -%1 to %1.")
+                         .arg(kMostOffset));
+    }
+  }
+  for (const auto& [option, path] : {std::pair(&pairs, &options.pairs),
+                                     {&savePairs, &options.savePairs},
+                                     {&csv, &options.csv}}) {
+    if (!parser.IsSet(*option)) continue;
+    *path = PathOf(parser.Value(*option));
+    if (path->empty()) {
+      return mistake(QStringLiteral("--%1 needs a name.").arg(option->names().constFirst()));
+    }
+  }
+  for (const QCommandLineOption* option : {&offset, &pairs, &savePairs}) {
+    if (parser.IsSet(*option) && !options.IsOfTwo()) {
+      return mistake(QStringLiteral("--%1 goes with two episode files (.eps).")
+                         .arg(option->names().constFirst()));
+    }
+  }
+  if (parser.IsSet(csv) && options.IsOfTwo()) {
+    return mistake(QStringLiteral("--csv goes with a study, not with two episode files."));
+  }
+  return options;
+}
+
 struct CommandName {
   std::string_view name;
   Request (*read)(const QStringList& arguments);
 };
-constexpr std::array<CommandName, 4> kCommands = {
-    {{"export", ReadExport}, {"check", ReadCheck}, {"report", ReadReport}, {"table", ReadTable}}};
+constexpr std::array<CommandName, 5> kCommands = {{{"export", ReadExport},
+                                                   {"check", ReadCheck},
+                                                   {"report", ReadReport},
+                                                   {"table", ReadTable},
+                                                   {"agree", ReadAgree}}};
 
 /// Finds the command among the arguments; options may come before it. Null when there is none.
 const CommandName* CommandOf(const QStringList& arguments) {
@@ -336,6 +429,7 @@ Request ReadWindow(const QStringList& arguments) {
           "  table all|questions|segments|... SOURCE...    makes tables for statistics\n"
           "  check SOURCE...                               tells what is not fully coded\n"
           "  report SOURCE...                              time summary, statistics, plots\n"
+          "  agree FILE FILE, or agree SOURCE...           tells how far observers agree\n"
           "A source is a folder, a file, a list of observations, or '-'.\n"
           "'orvex COMMAND --help' tells more."));
   parser.Qt().addPositionalArgument(QStringLiteral("FILE"),

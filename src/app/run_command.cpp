@@ -69,6 +69,10 @@ struct Runner {
   }
   ExitCode operator()(const CheckCommand& command) { return RunCheck(command.sources, console); }
   ExitCode operator()(const ReportCommand& command) { return RunReport(command, console); }
+  ExitCode operator()(const AgreeCommand& command) {
+    HoldSignals();
+    return RunAgree(command, storage, console);
+  }
   ExitCode operator()(const ExportCommand& command) {
     HoldSignals();
     return RunExport(command, storage, console);

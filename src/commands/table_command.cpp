@@ -9,6 +9,7 @@
 
 #include "commands/named_file.h"
 #include "commands/named_sources.h"
+#include "commands/progress.h"
 #include "model/wording.h"
 #include "store/durable_file.h"
 #include "store/file_error.h"
@@ -21,32 +22,6 @@
 
 namespace orvex {
 namespace {
-
-/// Shows "12 of 300 files" on one line of the terminal and clears that line afterwards.
-class Progress {
- public:
-  explicit Progress(const Console& console) : console_(console) {}
-  ~Progress() { Clear(); }
-  Progress(const Progress&) = delete;
-  Progress& operator=(const Progress&) = delete;
-
-  void Show(std::size_t done, std::size_t count) {
-    constexpr std::size_t kSteps = 200;  // printing more often would slow the work down
-    if (!console_.showsProgress || done < next_) return;
-    next_ = done + count / kSteps + 1;
-    console_.err << "\r" << done << " of " << Counted(count, "file") << std::flush;
-    shown_ = true;
-  }
-  void Clear() {
-    constexpr const char* kStartOfEmptyLine = "\r\033[K";
-    if (std::exchange(shown_, false)) console_.err << kStartOfEmptyLine << std::flush;
-  }
-
- private:
-  const Console& console_;
-  std::size_t next_ = 0;
-  bool shown_ = false;
-};
 
 /// Where the tables of `list` go; see ExportCommand::output.
 std::filesystem::path TableFolder(const FileList& list, const std::filesystem::path& output) {
@@ -103,7 +78,7 @@ FileList SurveysThatAreThere(const FileList& list) {
 /// line that has not ended yet.
 bool ReadAll(TableExport& table, const Console& console, Notes told = Notes::areTold) {
   if (told == Notes::areTold) TellRepeats(table.List(), console);  // while the files are read
-  Progress progress(console);
+  Progress progress(console, "file");
   for (;;) {
     if (console.interrupted && console.interrupted()) {
       progress.Clear();

@@ -113,7 +113,8 @@ fs::path Companion(const fs::path& file, FileKind kind) {
     fs::path beside = FileIn(file.parent_path(), file.stem(), names);
     if (!beside.empty()) return beside;
     // A path from the class's own folder does not say in which tree it is.
-    const fs::path inTree = FolderInTree(fs::absolute(file).parent_path(), names);
+    const fs::path whole = fs::absolute(file).lexically_normal();  // "EPS/./5/12": "." was named
+    const fs::path inTree = FolderInTree(whole.parent_path(), names);
     return inTree.empty() ? fs::path() : FileIn(inTree, file.stem(), names);
   }
   return {};

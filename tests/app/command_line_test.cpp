@@ -26,6 +26,12 @@ struct Describe {
   std::string operator()(const ReportCommand& r) const {
     return (r.json ? "json" : "report") + Joined(r.sources);
   }
+  std::string operator()(const AgreeCommand& r) const {
+    std::string text = (r.json ? "agree json" : "agree") + Joined(r.sources);
+    text += " within " + std::to_string(r.options.tolerance);
+    if (r.options.offset) text += " offset " + std::to_string(*r.options.offset);
+    return text + " " + r.pairs.string() + ">" + r.savePairs.string() + " " + r.csv.string();
+  }
   std::string operator()(const ExportCommand& r) const {
     return std::string(r.kind == ExportKind::epsData ? "epsdata" : "surdata") + Joined(r.sources) +
            " to " + r.output.string() + (r.keepGoing ? " keep going" : "");
@@ -56,6 +62,19 @@ TEST(CommandLine, IsReadAsWhatItAsksFor) {
       {"-platform offscreen -style=fusion 5-12-3.eps", "window 5-12-3.eps"},
       {"5-\xE9-3.eps", "window 5-\xE9-3.eps"},
       {"--version", "text orvex "},
+      {"agree a.eps b.eps", "agree a.eps b.eps within 5 > "},
+      {"agree a.eps b.eps --offset -12 --tolerance 0 --pairs p.csv --save-pairs q.csv --json",
+       "agree json a.eps b.eps within 0 offset -12 p.csv>q.csv "},
+      {"agree DATA --csv out", "agree DATA within 5 > out"},
+      {"agree a.eps b.eps c.eps --csv=out", "agree a.eps b.eps c.eps within 5 > out"},
+      {"agree", "mistake"},
+      {"agree DATA --offset 3", "mistake"},
+      {"agree DATA --pairs p.csv", "mistake"},
+      {"agree a.eps b.eps --csv out", "mistake"},
+      {"agree DATA --csv=", "mistake"},
+      {"agree DATA --tolerance 601", "mistake"},
+      {"agree DATA --tolerance 2.5", "mistake"},
+      {"agree a.eps b.eps --offset 43201", "mistake"},
       {"--help", "text Usage:"},
       {"export epsdata LIST.TXT", "epsdata LIST.TXT to "},
       {"export surdata --keep-going --output out LIST.TXT", "surdata LIST.TXT to out keep going"},

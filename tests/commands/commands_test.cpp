@@ -12,6 +12,7 @@
 #include <sstream>
 
 #include "commands/check_command.h"
+#include "commands/kept_console.h"
 #include "commands/named_file.h"
 #include "commands/older_report.h"
 #include "commands/report_command.h"
@@ -25,24 +26,7 @@
 namespace orvex {
 namespace {
 
-/// A console that keeps what is written to its streams.
-struct Kept {
-  std::ostringstream out;
-  std::ostringstream err;
-  std::istringstream in;
-  Console console{.out = out, .err = err, .in = in, .interrupted = {}};
-
-  /// What was written to `stream` since the last call, with the test's folder removed.
-  std::string Take(std::ostringstream& stream, const std::filesystem::path& folder) {
-    std::string text = stream.str();
-    stream.str("");
-    const std::string prefix = folder.string() + "/";
-    for (auto at = text.find(prefix); at != std::string::npos; at = text.find(prefix)) {
-      text.erase(at, prefix.size());
-    }
-    return text;
-  }
-};
+using test::Kept;
 
 void CopySample(const std::string& sample, const std::filesystem::path& to) {
   test::PutFile(to, test::FileBytes(test::TestData(sample)));

@@ -56,6 +56,8 @@ TEST(FoundFiles, CompanionsLieBesideAFileOrInTheTreeOfTheirKind) {
   }
   const fs::path inTree = folder / "EPS/5/12/5-12-9.eps";
   EXPECT_EQ(Companion(inTree, FileKind::sessionLog), folder / "BAK/5/12/5-12-9.bak");
+  EXPECT_EQ(Companion(folder / "EPS/./5/12/5-12-9.eps", FileKind::sessionLog),
+            folder / "BAK/5/12/5-12-9.bak");
   EXPECT_EQ(Companion(inTree, FileKind::survey), folder / "SUR/5/12/5-12-9.SUR");
   EXPECT_EQ(Companion(inTree, FileKind::fieldNotes), "");
   EXPECT_EQ(Companion(folder / "SUR/5/12/5-12-9.SUR", FileKind::episodes), inTree);
