@@ -1,7 +1,10 @@
 #include "agreement/question_likeness.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
+#include <functional>
 #include <map>
 #include <numeric>
 #include <set>
@@ -64,28 +67,49 @@ struct LikeWord {
   double likeness = 0;
 };
 
+/// What the words of one question have in common with those of another, in
+/// weights.
+struct Common {
+  double alike = 0;   ///< how much alike the words are that were paired
+  double first = 0;   ///< of the first question, the words that were paired
+  double second = 0;  ///< of the second
+};
+
+/// How much is alike of all there is, from 0 to 1. What one left out is likely
+/// to be a shortening; what both have of their own speaks for two questions.
+double ShareAlike(const Common& common, double first, double second) {
+  constexpr double kCostOfOwnWords = 1;
+  constexpr double kCostOfShortening = 0.2;
+  const auto [less, more] =
+      std::minmax({std::max(0.0, first - common.first), std::max(0.0, second - common.second)});
+  return common.alike / (common.alike + kCostOfOwnWords * less + kCostOfShortening * more);
+}
+/// With less than this they are not the same question.
+constexpr double kLeastShare = 0.2;
+
 /// Compares the wordings of two lists.
 class Comparer {
  public:
-  Comparer(const Wordings& first, const Wordings& second) : first_(first), second_(second) {
+  Comparer(const Wordings& first, const Wordings& second)
+      : first_(first),
+        second_(second),
+        likeness_(kMostQuestionWords, std::vector<double>(second.vocabulary.size())),
+        likeTo_(second.vocabulary.size()) {
     std::map<std::u32string, std::size_t> counts;
     CountWordings(first, counts);
     CountWordings(second, counts);
     const std::size_t all = first.wordings.size() + second.wordings.size();
     firstWeights_ = WeightsOf(first, counts, all);
     secondWeights_ = WeightsOf(second, counts, all);
-    wordingsWith_.resize(second.vocabulary.size());
-    for (std::size_t i = 0; i < second.wordings.size(); ++i) {
-      for (const std::size_t word : second.wordings[i]) {
-        if (wordingsWith_[word].empty() || wordingsWith_[word].back() != i) {
-          wordingsWith_[word].push_back(i);
-        }
-      }
+    for (const Words& wording : second.wordings) {
+      secondSums_.push_back(SumOf(wording, secondWeights_));
     }
-    for (const std::u32string& word : first.vocabulary) {
+    const std::vector<ComparedWord> others(second.vocabulary.begin(), second.vocabulary.end());
+    for (const std::u32string& text : first.vocabulary) {
+      const ComparedWord word(text);
       std::vector<LikeWord>& like = like_.emplace_back();
-      for (std::size_t other = 0; other < second.vocabulary.size(); ++other) {
-        const double likeness = WordLikeness(word, second.vocabulary[other]);
+      for (std::size_t other = 0; other < others.size(); ++other) {
+        const double likeness = word.LikenessTo(others[other]);
         if (likeness > 0) like.push_back({other, likeness});
       }
     }
@@ -93,80 +117,95 @@ class Comparer {
 
   /// The second's wordings that are like one of the first's, in their order.
   std::vector<LikeQuestion> LikeTo(std::size_t wording) {
+    const Words& words = first_.wordings[wording];
+    const double sum = SumOf(words, firstWeights_);
     std::vector<LikeQuestion> like;
-    for (const std::size_t other : WithALikeWord(first_.wordings[wording])) {
-      const double evidence = Evidence(first_.wordings[wording], second_.wordings[other]);
-      if (evidence > 0) like.push_back({other, evidence});
+    Mark(words);
+    for (std::size_t i = 0; i < second_.wordings.size(); ++i) {
+      const Words& others = second_.wordings[i];
+      if (ShareAlike(MostInCommon(words, others), sum, secondSums_[i]) <= kLeastShare) continue;
+      const double share = ShareAlike(InCommon(words, others), sum, secondSums_[i]);
+      if (share > kLeastShare) like.push_back({i, (share - kLeastShare) / (1 - kLeastShare)});
     }
+    Unmark(words);
     return like;
   }
 
  private:
-  std::set<std::size_t> WithALikeWord(const Words& words) const {
-    std::set<std::size_t> wordings;
-    for (const std::size_t word : words) {
-      for (const LikeWord& like : like_[word]) {
-        wordings.insert(wordingsWith_[like.word].begin(), wordingsWith_[like.word].end());
+  static double SumOf(const Words& words, const std::vector<double>& weights) {
+    return std::transform_reduce(words.begin(), words.end(), 0.0, std::plus(),
+                                 [&](std::size_t word) { return weights[word]; });
+  }
+
+  /// Notes which of the second's words are like which of `words`.
+  void Mark(const Words& words) {
+    for (std::size_t i = 0; i < words.size(); ++i) {
+      for (const LikeWord& like : like_[words[i]]) {
+        likeness_[i][like.word] = like.likeness;
+        likeTo_[like.word] |= std::uint64_t{1} << i;
       }
     }
-    return wordings;
+  }
+  void Unmark(const Words& words) {
+    for (std::size_t i = 0; i < words.size(); ++i) {
+      for (const LikeWord& like : like_[words[i]]) likeness_[i][like.word] = 0;
+      for (const LikeWord& like : like_[words[i]]) likeTo_[like.word] = 0;
+    }
   }
 
-  double Likeness(std::size_t word, std::size_t other) const {
-    const auto like = std::ranges::lower_bound(like_[word], other, std::less(), &LikeWord::word);
-    return like != like_[word].end() && like->word == other ? like->likeness : 0;
+  /// What the marked words and others have in common at most. Quick to find
+  /// out, which spares most questions the closer look.
+  Common MostInCommon(const Words& words, const Words& others) const {
+    Common most;
+    std::uint64_t found = 0;
+    for (const std::size_t other : others) {
+      if (likeTo_[other] == 0) continue;
+      found |= likeTo_[other];
+      most.second += secondWeights_[other];
+    }
+    for (; found != 0; found &= found - 1) {
+      most.first += firstWeights_[words[static_cast<std::size_t>(std::countr_zero(found))]];
+    }
+    most.alike = std::min(most.first, most.second);
+    return most;
   }
 
-  double Evidence(const Words& words, const Words& others) {
-    // The words are paired in their order so that the likeness of the pairs weighs most. A pair
-    // weighs what the commoner of the two does: a rare spelling of a common word says little.
-    struct Matched {
-      double alike = 0;
-      double first = 0;  ///< the weights of the words that were paired
-      double second = 0;
-    };
-    std::vector<Matched> last(others.size() + 1);
-    std::vector<Matched> row(others.size() + 1);
-    for (const std::size_t word : words) {
-      std::swap(last, row);
+  /// Pairs the marked words with others, in their order, so that they are most
+  /// alike. A pair weighs what the commoner of the two does: a rare spelling of
+  /// a common word says little.
+  Common InCommon(const Words& words, const Words& others) {
+    last_.assign(others.size() + 1, {});
+    row_.assign(others.size() + 1, {});
+    for (std::size_t i = 0; i < words.size(); ++i) {
+      std::swap(last_, row_);
+      const double weight = firstWeights_[words[i]];
       for (std::size_t j = 0; j < others.size(); ++j) {
-        row[j + 1] = last[j + 1].alike >= row[j].alike ? last[j + 1] : row[j];
-        const double likeness = Likeness(word, others[j]);
-        if (likeness <= 0) continue;
-        const double firstWeight = firstWeights_[word];
-        const double secondWeight = secondWeights_[others[j]];
-        const double alike = likeness * std::min(firstWeight, secondWeight);
-        if (last[j].alike + alike > row[j + 1].alike) {
-          row[j + 1] = {last[j].alike + alike, last[j].first + firstWeight,
-                        last[j].second + secondWeight};
-        }
+        Common& best = row_[j + 1];
+        best = last_[j + 1].alike >= row_[j].alike ? last_[j + 1] : row_[j];
+        const double likeness = likeness_[i][others[j]];
+        if (likeness == 0) continue;
+        const double otherWeight = secondWeights_[others[j]];
+        const Common& before = last_[j];
+        const double alike = before.alike + likeness * std::min(weight, otherWeight);
+        if (alike > best.alike) best = {alike, before.first + weight, before.second + otherWeight};
       }
     }
-    const Matched& matched = row.back();
-    if (matched.alike <= 0) return 0;
-    const auto weigh = [](const Words& of, const std::vector<double>& weights) {
-      return std::transform_reduce(of.begin(), of.end(), 0.0, std::plus(),
-                                   [&](std::size_t word) { return weights[word]; });
-    };
-    const double onlyFirst = std::max(0.0, weigh(words, firstWeights_) - matched.first);
-    const double onlySecond = std::max(0.0, weigh(others, secondWeights_) - matched.second);
-    const auto [less, more] = std::minmax(onlyFirst, onlySecond);
-    // What one left out is likely to be a shortening; what both have of their own speaks for two
-    // questions.
-    constexpr double kCostOfOwnWords = 1;
-    constexpr double kCostOfShortening = 0.2;
-    const double share =
-        matched.alike / (matched.alike + kCostOfOwnWords * less + kCostOfShortening * more);
-    constexpr double kLeastShare = 0.2;
-    return (share - kLeastShare) / (1 - kLeastShare);
+    return row_.back();
   }
 
   const Wordings& first_;
   const Wordings& second_;
-  std::vector<double> firstWeights_;
+  std::vector<double> firstWeights_;  ///< of the words of the vocabulary
   std::vector<double> secondWeights_;
-  std::vector<std::vector<std::size_t>> wordingsWith_;
-  std::vector<std::vector<LikeWord>> like_;
+  std::vector<double> secondSums_;           ///< of the weights of each of the second's wordings
+  std::vector<std::vector<LikeWord>> like_;  ///< to each word of the first's vocabulary
+  // What is marked, by word of the second's vocabulary: how much it is like
+  // each of the words, and a bit for each of those that it is like.
+  std::vector<std::vector<double>> likeness_;
+  std::vector<std::uint64_t> likeTo_;
+  // Two rows of a table, kept for the next.
+  std::vector<Common> last_;
+  std::vector<Common> row_;
 };
 
 }  // namespace

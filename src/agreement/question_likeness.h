@@ -9,18 +9,20 @@ namespace orvex {
 /// A question that another could be the same as.
 struct LikeQuestion {
   std::size_t position = 0;  ///< in its list
-  /// How much the words speak for it: above 0, at most 1, which is what equal words give.
+  /// How much the words speak for it: above 0, at most 1, which is what equal
+  /// words give.
   double evidence = 0;
 };
 
-/// How much alike the questions are that two observers wrote down. Case, accents and punctuation
-/// count for nothing; words may be misspelt, cut short or left out; rare words say more than common
-/// ones.
+/// How much alike the questions are that two observers wrote down. Case,
+/// accents and punctuation count for nothing; words may be misspelt, cut short
+/// or left out; rare words say more than common ones.
 class QuestionLikeness {
  public:
   QuestionLikeness(const std::vector<std::string>& first, const std::vector<std::string>& second);
 
-  /// The second's questions that could be the same as one of the first's, in their order.
+  /// The second's questions that could be the same as one of the first's, in
+  /// their order.
   std::vector<LikeQuestion> Of(std::size_t first) const;
 
  private:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <utility>
 
@@ -11,8 +12,8 @@
 namespace orvex {
 namespace {
 
-/// The small letters from U+00DF to U+00FF and, of those from U+0100 to U+017F, in pairs of a
-/// capital and a small one, without their accents.
+/// The small letters from U+00DF to U+00FF and, of those from U+0100 to U+017F,
+/// in pairs of a capital and a small one, without their accents.
 constexpr std::string_view kLatin1 = "saaaaaaaceeeeiiiidnooooo ouuuuyty";
 constexpr std::string_view kLatinExtended =
     "aaaaaaccccccccddddeeeeeeeeeegggggggghhhhiiiiiiiiiiiijjkkklllllllllln"
@@ -41,7 +42,8 @@ constexpr bool IsOfWord(char32_t character) {
                       IsBetween(character, 0x2000, 0x2BFF) || IsBetween(character, 0x3000, 0x303F);
   return !isSign;
 }
-/// Part of a word, but left out: apostrophes, and accents that follow their letter.
+/// Part of a word, but left out: apostrophes, and accents that follow their
+/// letter.
 constexpr bool IsDropped(char32_t character) {
   return character == '\'' || character == 0x2019 || IsBetween(character, 0x300, 0x36F);
 }
@@ -51,8 +53,8 @@ constexpr bool IsIdeograph(char32_t character) {
          IsBetween(character, 0x20000, 0x3FFFF);
 }
 
-/// The edits that make one word of another: letters added, dropped, replaced, or swapped with the
-/// next. The words may not be longer than kLongestWord.
+/// The edits that make one word of another: letters added, dropped, replaced,
+/// or swapped with the next. The words may not be longer than kLongestWord.
 constexpr std::size_t kLongestWord = 40;
 std::size_t EditsBetween(std::u32string_view one, std::u32string_view other) {
   using Row = std::array<std::size_t, kLongestWord + 1>;
@@ -74,9 +76,9 @@ std::size_t EditsBetween(std::u32string_view one, std::u32string_view other) {
   return row[other.size()];
 }
 
-/// True when `shorter` may stand for `longer`: it is made of some of its letters in their order,
-/// the first or the last among them. A single letter stands for nothing longer than "why" and
-/// "you".
+/// True when `shorter` may stand for `longer`: it is made of some of its
+/// letters in their order, the first or the last among them. A single letter
+/// stands for nothing longer than "why" and "you".
 bool IsShortFor(std::u32string_view shorter, std::u32string_view longer) {
   constexpr std::size_t kMostForOneLetter = 3;
   if (shorter.size() >= longer.size()) return false;
@@ -99,7 +101,7 @@ std::vector<std::u32string> QuestionWords(std::string_view text) {
   };
   const std::string folded = Folded(text);
   std::string_view rest = folded;
-  while (!rest.empty()) {
+  while (!rest.empty() && words.size() < kMostQuestionWords) {
     const char32_t character = TakeCharacter(rest);
     if (character == kNotUtf8) {
       rest.remove_prefix(1);
@@ -121,25 +123,33 @@ std::vector<std::u32string> QuestionWords(std::string_view text) {
   return words;
 }
 
-double WordLikeness(std::u32string_view one, std::u32string_view other) {
-  if (one == other) return 1;
+ComparedWord::ComparedWord(std::u32string_view text)
+    : text_(text), hasFigure_(std::ranges::any_of(text, IsFigure)) {
+  constexpr char32_t kBits = 64;
+  for (const char32_t letter : text) letters_ |= std::uint64_t{1} << letter % kBits;
+}
+
+double ComparedWord::LikenessTo(const ComparedWord& other) const {
+  if (text_ == other.text_) return 1;
   const auto [shorter, longer] =
-      one.size() < other.size() ? std::pair(one, other) : std::pair(other, one);
+      text_.size() < other.text_.size() ? std::pair(this, &other) : std::pair(&other, this);
+  const std::size_t length = longer->text_.size();
   // A number is right or wrong.
-  if (shorter.empty() || longer.size() > kLongestWord || std::ranges::any_of(one, IsFigure) ||
-      std::ranges::any_of(other, IsFigure)) {
-    return 0;
-  }
-  if (IsShortFor(shorter, longer)) {
-    return (1 + static_cast<double>(shorter.size()) / static_cast<double>(longer.size())) / 2;
-  }
-  // Of short words too many are one letter apart: "why" and "who".
+  if (hasFigure_ || other.hasFigure_ || length > kLongestWord) return 0;
+  const double share = static_cast<double>(shorter->text_.size()) / static_cast<double>(length);
+  const bool hasAllLetters = (shorter->letters_ & ~longer->letters_) == 0;
+  if (hasAllLetters && IsShortFor(shorter->text_, longer->text_)) return (1 + share) / 2;
+
+  // Of short words too many are one letter apart: "why" and "who". An edit
+  // changes two letters at most.
   constexpr std::size_t kLettersToAnEdit = 4;
-  const std::size_t mostEdits = longer.size() / kLettersToAnEdit;
-  if (longer.size() - shorter.size() > mostEdits) return 0;
-  const std::size_t edits = EditsBetween(shorter, longer);
+  const std::size_t mostEdits = length / kLettersToAnEdit;
+  if (length - shorter->text_.size() > mostEdits) return 0;
+  const auto otherLetters = static_cast<std::size_t>(std::popcount(letters_ ^ other.letters_));
+  if (otherLetters > 2 * mostEdits) return 0;
+  const std::size_t edits = EditsBetween(shorter->text_, longer->text_);
   if (edits > mostEdits) return 0;
-  return 1 - static_cast<double>(edits) / static_cast<double>(longer.size());
+  return 1 - static_cast<double>(edits) / static_cast<double>(length);
 }
 
 }  // namespace orvex
