@@ -94,8 +94,9 @@ void RequireOrder(const std::vector<std::optional<std::size_t>>& partners, const
     if (!partners[first]) continue;
     if (last && *partners[first] < *partners[*last]) {
       const auto [before, after] = std::minmax(places.LineOf(*last), places.LineOf(first));
-      throw FormatError({after}, "the pair crosses the one of line " + std::to_string(before) +
-                                     ": both observers heard the questions in the same order");
+      throw FormatError(FilePlace{after},
+                        "the pair crosses the one of line " + std::to_string(before) +
+                            ": both observers heard the questions in the same order");
     }
     last = first;
   }

@@ -78,14 +78,14 @@ struct Common {
 /// How much is alike of all there is, from 0 to 1. What one left out is likely
 /// to be a shortening; what both have of their own speaks for two questions.
 double ShareAlike(const Common& common, double first, double second) {
-  constexpr double kCostOfOwnWords = 1;
-  constexpr double kCostOfShortening = 0.2;
+  constexpr double kCostOfOwnWords = 0.75;
+  constexpr double kCostOfShortening = 0.25;
   const auto [less, more] =
       std::minmax({std::max(0.0, first - common.first), std::max(0.0, second - common.second)});
   return common.alike / (common.alike + kCostOfOwnWords * less + kCostOfShortening * more);
 }
 /// With less than this they are not the same question.
-constexpr double kLeastShare = 0.2;
+constexpr double kLeastShare = 1.0 / 3;
 
 /// Compares the wordings of two lists.
 class Comparer {

@@ -12,12 +12,20 @@ namespace {
 
 /// What a pair adds to an alignment. Whole numbers, so that sums do not depend on their order.
 using Gain = std::int32_t;
-constexpr double kGainOfEqualTexts = 100000;
+constexpr double kGainOfEqualTexts = 10000;
 /// The most that a pair loses because its questions were asked at different times, as a share of
 /// what equal texts gain: places decide between texts that are about as much alike.
-constexpr double kMostLossOfDistance = 0.4;
+constexpr double kMostLossOfDistance = 0.3;
 /// The distance, in seconds, that costs half of it.
 constexpr double kHalvingDistance = 60;
+
+/// The second's question for each of the first's.
+using Partners = std::vector<std::optional<std::size_t>>;
+
+/// How many seconds lie between two questions.
+double Distance(const AskedQuestion& first, const AskedQuestion& second, double offset) {
+  return std::abs(first.second - (second.second + offset));
+}
 
 /// A question of the second observer that could be the partner of one of the first's.
 struct Candidate {
@@ -42,7 +50,7 @@ Candidates CandidatesOf(const std::vector<AskedQuestion>& first,
   Candidates candidates(first.size());
   for (std::size_t i = 0; i < first.size(); ++i) {
     for (const LikeQuestion& like : likeness.Of(i)) {
-      const double distance = std::abs(first[i].second - (second[like.position].second + offset));
+      const double distance = Distance(first[i], second[like.position], offset);
       const double loss = kMostLossOfDistance * distance / (distance + kHalvingDistance);
       const double gain = kGainOfEqualTexts * (like.evidence - loss);
       if (gain >= 1) candidates[i].push_back({like.position, static_cast<Gain>(gain)});
@@ -75,6 +83,52 @@ class Gains {
   std::vector<Gain> gains_;
 };
 
+/// The second's question for each of the first's, so that most is gained.
+Partners BestPartners(const std::vector<AskedQuestion>& first,
+                      const std::vector<AskedQuestion>& second, double offset) {
+  const Candidates candidates = CandidatesOf(first, second, offset);
+  const Gains gains(candidates, second.size());
+  Partners partners(first.size());
+  std::size_t i = 0;
+  std::size_t j = 0;
+  while (i < first.size() && j < second.size()) {
+    const Gain best = gains.At(i, j);
+    const auto candidate =
+        std::ranges::lower_bound(candidates[i], j, std::less(), &Candidate::second);
+    const bool canPair = candidate != candidates[i].end() && candidate->second == j;
+    if (canPair && gains.At(i + 1, j + 1) + candidate->gain == best) {
+      partners[i++] = j++;
+      continue;
+    }
+    const bool skipsFirst = gains.At(i + 1, j) == best;
+    const bool skipsSecond = gains.At(i, j + 1) == best;
+    // Where either way is as good, the texts decide: then it does not matter who is called first.
+    const bool both = skipsFirst && skipsSecond;
+    if (both ? first[i].question->question < second[j].question->question : skipsFirst) {
+      ++i;
+    } else {
+      ++j;
+    }
+  }
+  return partners;
+}
+
+/// Where one question of each stands alone between two pairs, and both were asked at about the same
+/// time, they are one question in other words.
+void PairParaphrases(const std::vector<AskedQuestion>& first,
+                     const std::vector<AskedQuestion>& second, double offset, Partners& partners) {
+  constexpr double kSameTime = 30;  // seconds
+  const QuestionPairs pairs = PairsFrom(partners, second.size());
+  for (std::size_t i = 1; i + 2 < pairs.size(); ++i) {
+    const auto one = pairs[i].first;
+    const auto other = pairs[i + 1].second;
+    const bool areAlone = pairs[i - 1].IsOfBoth() && pairs[i + 2].IsOfBoth() &&
+                          !pairs[i].IsOfBoth() && !pairs[i + 1].IsOfBoth();
+    if (!areAlone || !one || !other) continue;
+    if (Distance(first[*one], second[*other], offset) <= kSameTime) partners[*one] = *other;
+  }
+}
+
 }  // namespace
 
 QuestionPairs PairsFrom(const std::vector<std::optional<std::size_t>>& partners,
@@ -97,30 +151,8 @@ QuestionPairs PairsFrom(const std::vector<std::optional<std::size_t>>& partners,
 
 QuestionPairs PairQuestions(const std::vector<AskedQuestion>& first,
                             const std::vector<AskedQuestion>& second, double offset) {
-  const Candidates candidates = CandidatesOf(first, second, offset);
-  const Gains gains(candidates, second.size());
-  std::vector<std::optional<std::size_t>> partners(first.size());
-  std::size_t i = 0;
-  std::size_t j = 0;
-  while (i < first.size() && j < second.size()) {
-    const Gain best = gains.At(i, j);
-    const auto candidate =
-        std::ranges::lower_bound(candidates[i], j, std::less(), &Candidate::second);
-    const bool canPair = candidate != candidates[i].end() && candidate->second == j;
-    if (canPair && gains.At(i + 1, j + 1) + candidate->gain == best) {
-      partners[i++] = j++;
-      continue;
-    }
-    const bool skipsFirst = gains.At(i + 1, j) == best;
-    const bool skipsSecond = gains.At(i, j + 1) == best;
-    // Where either way is as good, the texts decide: then it does not matter who is called first.
-    const bool both = skipsFirst && skipsSecond;
-    if (both ? first[i].question->question < second[j].question->question : skipsFirst) {
-      ++i;
-    } else {
-      ++j;
-    }
-  }
+  Partners partners = BestPartners(first, second, offset);
+  PairParaphrases(first, second, offset, partners);
   return PairsFrom(partners, second.size());
 }
 

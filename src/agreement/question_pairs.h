@@ -29,8 +29,9 @@ QuestionPairs PairsFrom(const std::vector<std::optional<std::size_t>>& partners,
                         std::size_t secondCount);
 
 /// Pairs the questions of two observers, without crossing, by what was written down; of equal
-/// texts, those that were asked nearer to each other. `offset` is how many seconds the second
-/// observer began after the first.
+/// texts, those that were asked nearer to each other. Questions without a word in common are pairs
+/// only where nothing else stands between two pairs of like ones, at the same time. `offset` is how
+/// many seconds the second observer began after the first.
 QuestionPairs PairQuestions(const std::vector<AskedQuestion>& first,
                             const std::vector<AskedQuestion>& second, double offset);
 
