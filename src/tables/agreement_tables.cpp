@@ -35,8 +35,12 @@ void Write(std::integral auto number, Csv& csv) {
 void Write(float number, Csv& csv) {
   csv.Number(number);
 }
-void Write(const std::optional<double>& figure, Csv& csv) {
-  figure ? csv.Number(static_cast<float>(*figure)) : csv.Missing();
+void Write(double figure, Csv& csv) {
+  csv.Number(static_cast<float>(figure));
+}
+template <typename Value>
+void Write(const std::optional<Value>& value, Csv& csv) {
+  value ? Write(*value, csv) : csv.Missing();
 }
 
 /// The columns of a table with a line for each `Row`.
@@ -46,14 +50,8 @@ class Columns {
   /// `value` makes the cell of a row: a text, a number, or nothing where there is none.
   template <typename Value>
   void Add(std::string name, Value value) {
-    columns_.push_back({std::move(name), [value](const Row& row, Csv& csv) {
-                          const auto cell = value(row);
-                          if constexpr (requires { Write(cell, csv); }) {
-                            Write(cell, csv);
-                          } else {
-                            cell ? Write(*cell, csv) : csv.Missing();
-                          }
-                        }});
+    columns_.push_back(
+        {std::move(name), [value](const Row& row, Csv& csv) { Write(value(row), csv); }});
   }
 
   std::string TableOf(const auto& rows) const {
@@ -160,12 +158,7 @@ void AddSurvey(Columns<StudyPair>& columns) {
   const auto add = [&](const char* name, auto figure) {
     columns.Add(name, [=](const StudyPair& pair) {
       const auto& survey = pair.agreement.survey;
-      using Figure = decltype(figure(*survey));
-      if constexpr (std::integral<Figure>) {
-        return survey ? std::optional(figure(*survey)) : std::nullopt;
-      } else {
-        return survey ? figure(*survey) : std::nullopt;
-      }
+      return survey ? std::make_optional(figure(*survey)) : std::nullopt;
     });
   };
   using Survey = SurveyAgreement;
