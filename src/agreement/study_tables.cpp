@@ -4,6 +4,7 @@
 
 #include "agreement/figure_text.h"
 #include "agreement/observers.h"
+#include "model/texts.h"
 #include "store/numbers.h"
 #include "study/observation_day.h"
 
@@ -13,7 +14,7 @@ namespace {
 constexpr int kFigureWidth = 7;
 constexpr int kDateWidth = 10;
 constexpr int kRemarksWidth = 30;
-constexpr int kNameWidth = 26;
+constexpr int kNameWidth = 40;
 /// As many as "n/a (one code only)" needs.
 constexpr int kReasonWidth = 18;
 
@@ -103,7 +104,7 @@ FigureGrid ObserversTable(const AgreementStudy& study) {
       .name = "Observers",
       .columns = {{"Observer", "Initials of the observer"},
                   {"Pairs", "Pairs with this observer", true},
-                  Figure("Mean kappa", "Mean kappa of the dimensions that are coded by letters"),
+                  {"Mean kappa", "Mean kappa of the dimensions that are coded by letters", true},
                   Figure("Earlier", "Mean kappa in the earlier half of the observer's days"),
                   Figure("Later", "Mean kappa in the later half of the observer's days"),
                   Figure("Change",
@@ -193,6 +194,14 @@ FigureGrid PooledTable(const PooledAgreement& pooled) {
                  FigureGrid::OfNumber(PercentText(activities), PercentAgreed(activities)),
                  KappaCell(activities), FigureGrid::OfText(""), FigureGrid::OfText("")}});
   return table;
+}
+
+std::string ActivitiesText(const PooledAgreement& pooled) {
+  const ActivityAgreement& activities = pooled.activities;
+  return Say(Text::activitiesPooled,
+             {activities.table.Total(), PercentText(activities.table), KappaText(activities.table),
+              activities.tolerance, KappaText(activities.tolerantFirst),
+              KappaText(activities.tolerantSecond)});
 }
 
 }  // namespace orvex

@@ -21,5 +21,7 @@ FigureGrid ObserversTable(const AgreementStudy& study);
 FigureGrid IccTable(const AgreementStudy& study);
 /// A row for each dimension, and one for the activities, of all pairs together.
 FigureGrid PooledTable(const PooledAgreement& pooled);
+/// The activities of all pairs together, in a sentence.
+std::string ActivitiesText(const PooledAgreement& pooled);
 
 }  // namespace orvex

@@ -285,6 +285,7 @@ enum class Text {
   comparingProgress,
   comparingStopped,
   pairsCompared,
+  activitiesPooled,
   noPairAmong,
   pairsNotSaved,
   pairsNotRead,

@@ -1,4 +1,4 @@
-// The three reports in their windows, on paper and on the clipboard.
+// The reports in their windows, on paper and on the clipboard.
 
 #include <gtest/gtest.h>
 
@@ -11,10 +11,13 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QSet>
 #include <QTimer>
 #include <algorithm>
 #include <cmath>
 
+#include "agreement/comparison.h"
+#include "agreement/study_tables.h"
 #include "support/desk.h"
 #include "support/faulty_storage.h"
 #include "support/test_folder.h"
@@ -22,6 +25,8 @@
 #include "ui/forms/frmQuestionStats.h"
 #include "ui/forms/frmTimeSummary.h"
 #include "ui/keys.h"
+#include "ui/print/PrintedAgreement.h"
+#include "ui/print/PrintedAgreementStudy.h"
 #include "ui/print/PrintedPlot.h"
 #include "ui/print/PrintedStatistics.h"
 #include "ui/print/PrintedTimeSummary.h"
@@ -373,6 +378,58 @@ TEST_F(PaperTest, WrapsALongPlotAndKeepsItsColumnsUnderTheRuler) {
     EXPECT_EQ(count, expected);
   }
   EXPECT_EQ(marks.size(), 3U);
+}
+
+/// The words of a text as it was printed, without the marks of its pages.
+QStringList WordsOf(const QString& text) {
+  return text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+TEST_F(PaperTest, PrintsAnAgreementOverAsManyPagesAsItsTextsNeed) {
+  const std::filesystem::path pairs = TestData("pairs/EPS/34/9");
+  ObservedClass first = ReadObservedClass(pairs / "34-9-1.eps");
+  ObservedClass second = ReadObservedClass(pairs / "34-9-2.eps");
+  // A question as long as three pages, which nobody else wrote down.
+  std::string longText;
+  for (int i = 0; i < 2500; ++i) longText += "word" + std::to_string(i) + " ";
+  EpisodeList& episodes = first.observation.Episodes;
+  std::ranges::find_if(episodes, [](const Episode& episode) { return !episode.questions.empty(); })
+      ->questions.front()
+      .question = longText;
+  Comparison comparison(std::move(first), std::move(second));
+  comparison.SetMaster(Master::second);
+  const QString text = Printed(PrintedAgreement(comparison), "-raw");
+  EXPECT_GT(text.count(QStringLiteral("Agreement of Two Observers")), 4);
+  const QStringList words = WordsOf(text);
+  const QSet<QString> printed(words.begin(), words.end());
+  int missing = 0;
+  for (int i = 0; i < 2500; ++i)
+    missing += printed.contains(QStringLiteral("word%1").arg(i)) ? 0 : 1;
+  EXPECT_EQ(missing, 0);
+  for (const char* part : {"Codes of the questions of both", "Authenticity", "For a paper",
+                           "Measured by the master", "Disagreements", "in rows,"}) {
+    EXPECT_TRUE(text.contains(QLatin1String(part))) << part;
+  }
+}
+
+TEST_F(PaperTest, PrintsTheAgreementOfAStudyWhole) {
+  std::vector<std::filesystem::path> files;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(TestData("pairs/EPS"))) {
+    if (entry.path().extension() == ".eps") files.push_back(entry.path());
+  }
+  const AgreementStudy study = CompareAll(files, {});
+  const QString text = Printed(PrintedAgreementStudy(study, 0), "-raw");
+  const QStringList words = WordsOf(text);
+  for (const StudyPair& pair : study.pairs) {
+    EXPECT_TRUE(words.contains(ToQt(ClassText(pair.agreement.first.identity))));
+  }
+  for (const auto& [initials, pooled] : study.observers) {
+    EXPECT_TRUE(text.contains(ToQt(initials + ": "))) << initials;
+  }
+  for (const char* part : {"Page 1 of ", "One part of multiple response", "ICC(A,1)", "kappa",
+                           "Questions per minute", "For a paper"}) {
+    EXPECT_TRUE(text.contains(QLatin1String(part))) << part << "\n" << text.toStdString();
+  }
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "ui/forms/AgreementQuestions.h"
 #include "ui/forms/AgreementTables.h"
 #include "ui/keys/FormKeys.h"
+#include "ui/print/PrintedAgreement.h"
 #include "ui/show.h"
 #include "ui/text.h"
 #include "ui_frmAgreement.h"
@@ -49,6 +50,7 @@ frmAgreement::frmAgreement(const Services& services, std::unique_ptr<Comparison>
     : QWidget(parent),
       comparison_(std::move(comparison)),
       actions_(services, *comparison_),
+      printing_{services.prompter, services.storage},
       ui_(std::make_unique<Ui::frmAgreement>()) {
   ui_->setupUi(this);
   ShowAsWarning(ui_->lblRemarks);
@@ -100,21 +102,23 @@ void frmAgreement::ConnectButtons() {
   button(ui_->cmdLogs, [this] { comparison_->SetOffset(std::nullopt); });
   button(ui_->cmdSavePairs, [this] { actions_.SavePairs(); });
   button(ui_->cmdLoadPairs, [this] { actions_.LoadPairs(); });
+  button(ui_->cmdPrint, [this] { PreviewReport(PrintedAgreement(*comparison_), printing_, this); });
   connect(ui_->cmdBack, &QPushButton::clicked, this, &frmAgreement::LeaveCell);
   connect(ui_->cmdClose, &QPushButton::clicked, this, &QWidget::close);
-  new FormKeys(
-      this, {.asking = {ui_->cmdLogs, ui_->cmdSavePairs, ui_->cmdLoadPairs, ui_->cmdCopyLine,
-                        ui_->cmdPrevious, ui_->cmdNext, ui_->cmdPair, ui_->cmdUnpair, ui_->cmdUndo,
-                        ui_->cmdWords, ui_->cmdFirst, ui_->cmdSecond, ui_->cmdCopyTable},
-             .own = [this](const QWidget* control, const QKeyEvent& key) {
-               return TakeKey(control, key);
-             }});
+  new FormKeys(this, {.asking = {ui_->cmdLogs, ui_->cmdSavePairs, ui_->cmdLoadPairs,
+                                 ui_->cmdCopyLine, ui_->cmdPrevious, ui_->cmdNext, ui_->cmdPair,
+                                 ui_->cmdUnpair, ui_->cmdUndo, ui_->cmdWords, ui_->cmdPrint,
+                                 ui_->cmdFirst, ui_->cmdSecond, ui_->cmdCopyTable},
+                      .own = [this](const QWidget* control, const QKeyEvent& key) {
+                        return TakeKey(control, key);
+                      }});
 }
 
 void frmAgreement::ConnectKeys() {
   const auto key = [this](const QKeySequence& keys, auto work) {
     connect(new QShortcut(keys, this), &QShortcut::activated, this, work);
   };
+  key(QKeySequence::Print, [this] { ui_->cmdPrint->click(); });
   key(QKeySequence(Qt::CTRL | Qt::Key_Tab), [this] { TurnPage(1); });
   key(QKeySequence(Qt::CTRL | Qt::Key_PageDown), [this] { TurnPage(1); });
   key(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), [this] { TurnPage(-1); });

@@ -6,6 +6,7 @@
 #include "agreement/agreement_actions.h"
 #include "agreement/comparison.h"
 #include "desk/services.h"
+#include "ui/print/ReportPrinter.h"
 
 namespace Ui {
 class frmAgreement;
@@ -47,6 +48,7 @@ class frmAgreement : public QWidget {
 
   const std::unique_ptr<Comparison> comparison_;
   AgreementActions actions_;
+  Printing printing_;
   std::unique_ptr<Ui::frmAgreement> ui_;
   AgreementOverview* overview_ = nullptr;
   AgreementQuestions* questions_ = nullptr;
