@@ -109,7 +109,10 @@ void AgreementActions::Leave() {
   }
   services_.program = before_;
   Screens& screens = services_.screens;
-  screens.Show(screens.IsOpen(Screen::study) ? Screen::study : Screen::mainMenu);
+  const bool isOfStudy = screens.IsOpen(Screen::agreementStudy);
+  screens.Show(isOfStudy                       ? Screen::agreementStudy
+               : screens.IsOpen(Screen::study) ? Screen::study
+                                               : Screen::mainMenu);
   screens.Close(Screen::agreement);
 }
 

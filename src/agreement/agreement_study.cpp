@@ -11,6 +11,7 @@
 #include "store/eps_reader.h"
 #include "store/paths.h"
 #include "store/printable_text.h"
+#include "study/class_key.h"
 #include "study/found_files.h"
 #include "study/ordered_reading.h"
 #include "study/reading_with_warnings.h"
@@ -39,8 +40,8 @@ Icc IccOf(const std::vector<StudyPair>& pairs, std::size_t figure) {
 /// An observation, as far as it says which class it is of.
 struct FoundClass {
   std::filesystem::path file;
-  std::array<std::string, 3> ofClass;  ///< keys of school, class and date
-  std::string number;                  ///< key of the observation number
+  ClassKey ofClass;
+  std::string number;  ///< key of the observation number
   std::string initials;
 
   /// True for a copy: not a second observer's.
@@ -63,9 +64,7 @@ FromFiles<FoundClass> FindClass(const std::filesystem::path& file) {
     EpsHeader header = ReadEpsFile(file, events).header;
     Identity& identity = header.identity;
     NormaliseNumbers(identity);
-    found.value = {file,
-                   {NameKey(identity.SchoolNum), NameKey(identity.ClassNum), header.ObservDate},
-                   NameKey(identity.ObservNum),
+    found.value = {file, ClassKeyOf(identity, header.ObservDate), NameKey(identity.ObservNum),
                    identity.Initials};
   });
   return found;

@@ -12,6 +12,7 @@ struct RunningClass;
 enum class Screen {
   mainMenu,
   study,
+  agreementStudy,
   agreement,
   setUp,
   liveObservation,
@@ -111,6 +112,8 @@ class Screens {
   /// False when one of them could not be read (the user has been told).
   virtual bool ShowAgreement(const std::filesystem::path& first,
                              const std::filesystem::path& second) = 0;
+  /// Compares the pairs among episode files and shows how far their observers agree.
+  virtual void ShowAgreements(const std::vector<std::filesystem::path>& files) = 0;
   /// Shows a session log. Returns when the user closes it.
   virtual void ShowLog(const std::filesystem::path& file) = 0;
   /// Lets the user make tables of observations of the study. Returns when the dialog is closed.

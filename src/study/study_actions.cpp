@@ -2,11 +2,16 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 #include <string>
 
+#include "desk/prompter.h"
 #include "desk/screens.h"
+#include "model/texts.h"
 #include "recovery/unfinished.h"
 #include "recovery/unfinished_class.h"
+#include "store/numbers.h"
+#include "study/class_key.h"
 #include "study/study.h"
 #include "study/study_row.h"
 
@@ -19,6 +24,19 @@ namespace fs = std::filesystem;
 constexpr std::array kOpening = {StudyAction::takeUpClass, StudyAction::editEpisodes,
                                  StudyAction::editSurvey, StudyAction::editNotes,
                                  StudyAction::showLog};
+
+/// True when two of the observations are of one class.
+bool HasPair(const std::vector<const StudyRow*>& rows) {
+  std::set<ClassKey> classes;
+  return std::ranges::any_of(rows, [&classes](const StudyRow* row) {
+    return !classes.insert(ClassKeyOf(row->identity, row->date)).second;
+  });
+}
+
+/// The number that says who of two observers comes first.
+double ObservationNumber(const StudyRow* row) {
+  return ParseNumber(row->identity.ObservNum).value_or(0);
+}
 
 StudyObservation ForTables(const StudyRow& row) {
   return {.name = row.name,
@@ -113,6 +131,33 @@ void StudyActions::MakeTables(const Study& study, const std::vector<std::size_t>
     selection.shown.push_back(ForTables(study.Row(i)));
   for (const std::size_t i : selected) selection.selected.push_back(ForTables(study.Row(i)));
   services_.screens.ShowTables(selection);
+}
+
+void StudyActions::ShowAgreement(const Study& study, const std::vector<std::size_t>& selected) {
+  std::vector<const StudyRow*> rows;
+  const auto add = [&](std::size_t position) {
+    const StudyRow& row = study.Row(position);
+    if (row.Has(FileKind::episodes)) rows.push_back(&row);
+  };
+  if (selected.size() > 1) {
+    std::ranges::for_each(selected, add);
+  } else {
+    for (std::size_t i = 0; i < study.Count(); ++i) add(i);
+  }
+  const bool isOnePair = selected.size() == 2 && rows.size() == 2;
+  if (!isOnePair && !HasPair(rows)) {
+    return services_.prompter.Tell(Say(Text::noPairAmong));
+  }
+  if (isOnePair) std::ranges::stable_sort(rows, {}, ObservationNumber);
+  std::vector<fs::path> files;
+  for (const StudyRow* row : rows) files.push_back(row->File(FileKind::episodes));
+  services_.program = before_;
+  if (isOnePair) {
+    if (!services_.screens.ShowAgreement(files[0], files[1])) return;
+  } else {
+    services_.screens.ShowAgreements(files);
+  }
+  services_.screens.Hide(Screen::study);
 }
 
 void StudyActions::Close() {

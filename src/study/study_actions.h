@@ -42,6 +42,9 @@ class StudyActions {
   void EditQuestion(const QuestionRow& question);
   /// Lets the user make tables of what `study` shows, or of its rows at the positions `selected`.
   void MakeTables(const Study& study, const std::vector<std::size_t>& selected);
+  /// Shows how far observers agree: on the class of two rows that are selected, on the pairs among
+  /// more of them, otherwise on all pairs that `study` shows. The user is told when there are none.
+  void ShowAgreement(const Study& study, const std::vector<std::size_t>& selected);
   /// Goes back to the main menu.
   void Close();
 

@@ -26,6 +26,7 @@
 #include "ui/forms/dlgLog.h"
 #include "ui/forms/dlgTables.h"
 #include "ui/forms/frmAgreement.h"
+#include "ui/forms/frmAgreementStudy.h"
 #include "ui/forms/frmClassAct.h"
 #include "ui/forms/frmClassEdit.h"
 #include "ui/forms/frmListOfFiles.h"
@@ -37,7 +38,7 @@ namespace orvex {
 namespace {
 
 /// The forms from which files are opened. What is opened leads back to the first that is open.
-constexpr std::array kOpeners = {Screen::agreement, Screen::study};
+constexpr std::array kOpeners = {Screen::agreement, Screen::agreementStudy, Screen::study};
 
 }  // namespace
 
@@ -251,6 +252,11 @@ bool Forms::ShowAgreement(const std::filesystem::path& first, const std::filesys
   Load(Screen::agreement, std::make_unique<frmAgreement>(services_, std::move(comparison)));
   BringToFront(Screen::agreement);
   return true;
+}
+
+void Forms::ShowAgreements(const std::vector<std::filesystem::path>& files) {
+  Load(Screen::agreementStudy, std::make_unique<frmAgreementStudy>(services_, files));
+  BringToFront(Screen::agreementStudy);
 }
 
 void Forms::ShowLog(const std::filesystem::path& file) {

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "desk/screens.h"
 #include "desk/services.h"
@@ -48,6 +49,7 @@ class Forms : public Screens {
   bool ShowReport(const std::filesystem::path& file, Screen report) override;
   bool ShowAgreement(const std::filesystem::path& first,
                      const std::filesystem::path& second) override;
+  void ShowAgreements(const std::vector<std::filesystem::path>& files) override;
   void ShowLog(const std::filesystem::path& file) override;
   void ShowTables(const StudySelection& selection) override;
   void ShowFieldNotes(const std::filesystem::path& file, Kept kept) override;

@@ -68,6 +68,11 @@ class RecordingScreens : public Screens {
                     second.filename().string());
     return episodeFileIsGood;
   }
+  void ShowAgreements(const std::vector<std::filesystem::path>& files) override {
+    std::string names;
+    for (const std::filesystem::path& file : files) names += " " + file.filename().string();
+    moves.push_back("show agreements of" + names);
+  }
   void ShowTables(const StudySelection& selection) override {
     moves.push_back("show tables of " + std::to_string(selection.selected.size()) + " or " +
                     std::to_string(selection.shown.size()));
@@ -91,9 +96,9 @@ class RecordingScreens : public Screens {
  private:
   static std::string Name(Screen screen) {
     constexpr const char* kNames[] = {
-        "mainMenu",     "study",          "agreement",     "setUp",       "liveObservation",
-        "aboutText",    "questionEntry",  "episodeEditor", "timeSummary", "questionStats",
-        "questionPlot", "questionEditor", "survey",        "listOfFiles"};
+        "mainMenu",        "study",        "agreementStudy", "agreement",     "setUp",
+        "liveObservation", "aboutText",    "questionEntry",  "episodeEditor", "timeSummary",
+        "questionStats",   "questionPlot", "questionEditor", "survey",        "listOfFiles"};
     return kNames[static_cast<std::size_t>(screen)];
   }
 };

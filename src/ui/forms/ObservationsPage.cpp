@@ -59,6 +59,7 @@ void ObservationsPage::AddMore() {
     ui_.tblObservations->addAction(action);
   };
   menu.addSeparator();
+  add(tr("A&greement..."), Qt::CTRL | Qt::Key_G, [this] { ShowAgreement(); });
   add(tr("Show in &Folder"), Qt::CTRL | Qt::Key_D, [this] { ShowInFolder(); });
   add(tr("&Copy Rows"), QKeySequence::Copy, [this] { Copy(); });
   add(tr("Sort &by This Column"), Qt::CTRL | Qt::Key_B,
@@ -120,6 +121,10 @@ void ObservationsPage::Do(StudyAction action) {
 
 void ObservationsPage::MakeTables() {
   do_.MakeTables(*study_, ui_.tblObservations->SelectedRows());
+}
+
+void ObservationsPage::ShowAgreement() {
+  if (study_) do_.ShowAgreement(*study_, ui_.tblObservations->SelectedRows());
 }
 
 void ObservationsPage::ShowInFolder() {

@@ -37,6 +37,8 @@ class ObservationsPage : public QObject {
   void Open() { Do(StudyAction::open); }
   /// Lets the user make tables of what is shown or selected.
   void MakeTables();
+  /// Shows how far the observers of what is shown or selected agree.
+  void ShowAgreement();
   void FocusFilter();
   void FocusTable();
 

@@ -86,12 +86,14 @@ void frmStudy::ConnectButtons() {
   button(ui_->cmdReload, [this] { study_->Reload(); });
   button(ui_->cmdOpen, [this] { OpenCurrent(); });
   button(ui_->cmdTables, [this] { observations_->MakeTables(); });
+  button(ui_->cmdAgreement, [this] { observations_->ShowAgreement(); });
   connect(ui_->cmdClose, &QPushButton::clicked, this, &QWidget::close);
-  new FormKeys(this, {.asking = {ui_->cmdStop, ui_->cmdReload, ui_->cmdFolder, ui_->cmdOpen,
-                                 ui_->cmdColumns, ui_->cmdActions, ui_->cmdTables},
-                      .own = [this](const QWidget* control, const QKeyEvent& key) {
-                        return TakeKey(control, key);
-                      }});
+  new FormKeys(
+      this, {.asking = {ui_->cmdStop, ui_->cmdReload, ui_->cmdFolder, ui_->cmdOpen, ui_->cmdColumns,
+                        ui_->cmdActions, ui_->cmdTables, ui_->cmdAgreement},
+             .own = [this](const QWidget* control, const QKeyEvent& key) {
+               return TakeKey(control, key);
+             }});
 }
 
 void frmStudy::ConnectKeys() {
@@ -196,6 +198,7 @@ void frmStudy::Refresh() {
   ShowText(ui_->lblTrouble, study_->Trouble());
   ui_->lblTrouble->setVisible(!study_->Trouble().empty());
   ui_->cmdActions->setEnabled(!ShowsQuestions());
+  ui_->cmdAgreement->setEnabled(!ShowsQuestions());
   questions_->Refresh();
 }
 
