@@ -26,9 +26,9 @@ std::string Listed(const std::vector<std::string>& items) {
   return list;
 }
 
-/// "kappa 0.82 [0.70, 0.94], AC1 0.90, n = 36".
+/// "91.67 % equal, kappa 0.82 [0.70, 0.94], AC1 0.90, n = 36".
 std::string FiguresOf(const CodeTable& table) {
-  std::string text = "kappa " + KappaText(table);
+  std::string text = PercentText(table) + " % equal, kappa " + KappaText(table);
   if (const auto interval = KappaInterval(table)) {
     text += " [" + FigureText(interval->low) + ", " + FigureText(interval->high) + "]";
   }
@@ -48,7 +48,7 @@ std::string CodesSentence(const std::vector<CodeAgreement>& codes) {
     text += (text.empty() ? "" : "; ") + label + ": " + FiguresOf(agreement.table);
   }
   if (text.empty()) return "No question was coded by both.";
-  text = "Cohen's kappa with its 95 % confidence interval, and Gwet's AC1, of the codes: " + text;
+  text = "Codes, with Cohen's kappa, its 95 % confidence interval, and Gwet's AC1: " + text;
   if (!empty.empty()) text += "; not coded by both: " + Listed(empty);
   return text + ".";
 }

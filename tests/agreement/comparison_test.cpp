@@ -218,8 +218,23 @@ TEST(AgreementText, SaysAFigureTheSameWayEverywhere) {
       paper.starts_with("AB and MN observed class 5-12 on 03-02-2026; of 4 and 3 questions, "
                         "2 were recorded by both (matched automatically"))
       << paper;
+  EXPECT_TRUE(paper.find("Source: 100.00 % equal, kappa n/a (one code only), AC1 1.00, n = 2;") !=
+              std::string::npos)
+      << paper;
   comparison.Unpair(0);
   EXPECT_TRUE(PaperLine(comparison.Result()).find("by hand") != std::string::npos);
+}
+
+TEST(AgreementText, SumsAStudyUp) {
+  EXPECT_EQ(PaperLine(AgreementStudy()), "No two observations of one class were compared.");
+  std::vector<StudyPair> pairs(2);
+  for (StudyPair& pair : pairs) pair.agreement = Compared().Result();
+  pairs[1].agreement.first.date = "11-30-2025";
+  const std::string paper = PaperLine(StudyOf(std::move(pairs)));
+  EXPECT_TRUE(
+      paper.starts_with("2 pairs of observations by AB and MN, from 11-30-2025 to "
+                        "03-02-2026; of 8 and 6 questions, 4 were recorded by both"))
+      << paper;
 }
 
 }  // namespace
