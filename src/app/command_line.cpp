@@ -340,7 +340,11 @@ Request ReadAgree(const QStringList& arguments) {
       QStringLiteral("Of a study: also writes its tables, agreement_pairs.csv and so on, into this "
                      "folder."),
       QStringLiteral("DIR"));
-  parser.Qt().addOptions({json, tolerance, offset, pairs, savePairs, csv});
+  const QCommandLineOption window(
+      QStringLiteral("window"),
+      QStringLiteral(
+          "Of two files: shows the agreement in its window. Goes with no other option."));
+  parser.Qt().addOptions({json, tolerance, offset, pairs, savePairs, csv, window});
   if (auto request = parser.Parse(arguments)) return *request;
   const auto mistake = [&](const QString& text) { return MistakeIn(command, text); };
   const QStringList sources = parser.Rest().mid(1);
@@ -348,6 +352,13 @@ Request ReadAgree(const QStringList& arguments) {
   AgreeCommand options;
   options.sources = PathsOf(sources);
   options.json = parser.IsSet(json);
+  if (parser.IsSet(window)) {
+    if (!options.IsOfTwo() || parser.Qt().optionNames().size() > 1) {
+      return mistake(
+          QStringLiteral("--window goes with two episode files (.eps), and no other option."));
+    }
+    return OpenWindow{options.sources[0], options.sources[1]};
+  }
   if (parser.IsSet(tolerance)) {
     const auto seconds = NumberWithin(parser.Value(tolerance), 0, kMostTolerance);
     if (!seconds) {

@@ -103,7 +103,10 @@ Request ReadRequest(int argc, char* argv[]) {
   const Request request = ReadCommandLine(arguments);
   const auto* window = std::get_if<OpenWindow>(&request);
   if (!window || window->file.empty()) return request;
-  const auto problem = ProblemOf(window->file, [&] { ReadFileStart(window->file, 1); });
+  const auto problem = ProblemOf(window->file, [&] {
+    ReadFileStart(window->file, 1);
+    if (!window->second.empty()) ReadFileStart(window->second, 1);
+  });
   return problem ? Mistake{problem->Text()} : request;
 }
 

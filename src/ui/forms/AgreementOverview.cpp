@@ -26,7 +26,8 @@ QString Figure(std::optional<double> value, std::optional<Undefined> reason = {}
 }
 
 QString Percent(const CodeTable& table) {
-  return ToQt(PercentText(table));
+  const QString text = ToQt(PercentText(table));
+  return table.Total() > 0 ? AgreementOverview::tr("%1 %").arg(text) : text;
 }
 
 QString Number(std::size_t number) {

@@ -27,7 +27,7 @@ std::vector<StudyModel::Column> ColumnsFor(const Comparison& comparison) {
     if (compared.dimension) dimensions += QLatin1Char('\n') + ToQt(compared.label);
   }
   return {
-      {.heading = {}, .explanation = PairsModel::tr("What the two do not agree on"), .width = 16},
+      {.heading = {}, .explanation = PairsModel::tr("What the two do not agree on"), .width = 19},
       {.heading = PairsModel::tr("Time"),
        .explanation = PairsModel::tr("Minutes and seconds from the begin of the first class"),
        .isNumber = true,
