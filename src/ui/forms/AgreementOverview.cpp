@@ -18,7 +18,7 @@
 namespace orvex {
 namespace {
 
-/// How many characters wide the page is at least when all boxes stand beside each other.
+/// How many characters wide the form is at least when all boxes stand beside each other.
 constexpr int kWide = 130;
 
 QString Figure(std::optional<double> value, std::optional<Undefined> reason = {}) {
@@ -167,9 +167,8 @@ void AgreementOverview::ShowTraining() {
                   rows);
 }
 
-void AgreementOverview::FitBoxes() {
-  const bool isWide =
-      ui_.overviewArea->width() >= kWide * ui_.overviewArea->fontMetrics().averageCharWidth();
+void AgreementOverview::FitBoxes(int width) {
+  const bool isWide = width >= kWide * ui_.overviewArea->fontMetrics().averageCharWidth();
   const int columns = isWide ? 4 : 2;
   QGridLayout& boxes = *ui_.boxesLayout;
   int position = 0;

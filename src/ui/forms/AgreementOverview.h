@@ -21,8 +21,8 @@ class AgreementOverview : public QObject {
   AgreementOverview(Ui::frmAgreement& ui, const Comparison& comparison, QObject* parent);
 
   void Refresh();
-  /// Sets the boxes beside or above each other, as the form's width allows.
-  void FitBoxes();
+  /// Sets the boxes beside or above each other, as the `width` of the form allows.
+  void FitBoxes(int width);
   /// Scrolls to the activities and gives them the keyboard.
   void FocusStrips();
 

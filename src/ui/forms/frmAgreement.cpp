@@ -54,6 +54,9 @@ frmAgreement::frmAgreement(const Services& services, std::unique_ptr<Comparison>
       ui_(std::make_unique<Ui::frmAgreement>()) {
   ui_->setupUi(this);
   ShowAsWarning(ui_->lblRemarks);
+  QFont bold = ui_->lblWho->font();
+  bold.setBold(true);
+  ui_->lblWho->setFont(bold);
   overview_ = new AgreementOverview(*ui_, *comparison_, this);
   questions_ = new AgreementQuestions(*ui_, *comparison_, actions_, this);
   tables_ = new AgreementTables(*ui_, *comparison_, this);
@@ -209,7 +212,7 @@ void frmAgreement::showEvent(QShowEvent* event) {
 void frmAgreement::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   ui_->txtPair->setVisible(height() >= kLinesWithDetails * fontMetrics().lineSpacing());
-  overview_->FitBoxes();
+  overview_->FitBoxes(width());
 }
 
 void frmAgreement::closeEvent(QCloseEvent* event) {

@@ -178,7 +178,9 @@ void AgreementChart::PaintHeading(QPainter& painter, const Columns& columns, dou
   bold.setBold(true);
   painter.setFont(bold);
   write(columns.n, Qt::AlignRight, tr("n"));
-  write(columns.bar, Qt::AlignLeft, tr("Equal codes"));
+  Columns::Column equal = columns.bar;
+  equal.width = columns.percent.left + columns.percent.width - equal.left;
+  write(equal, Qt::AlignLeft, tr("Equal codes"));
   write(columns.kappa, Qt::AlignLeft, tr("Kappa"));
   write(columns.interval, Qt::AlignLeft, tr("95 % interval"));
   write(columns.ac1, Qt::AlignLeft, tr("AC1"));
