@@ -18,8 +18,8 @@
 namespace orvex {
 namespace {
 
-/// How many characters wide the form is at least when all boxes stand beside each other.
-constexpr int kWide = 130;
+constexpr int kBetweenBoxes = 10;
+constexpr int kBesideBoxes = 80;  // the margins of the form and its pages, and the scroll bar
 
 QString Figure(std::optional<double> value, std::optional<Undefined> reason = {}) {
   return ToQt(FigureText(value, reason));
@@ -168,12 +168,12 @@ void AgreementOverview::ShowTraining() {
 }
 
 void AgreementOverview::FitBoxes(int width) {
-  const bool isWide = width >= kWide * ui_.overviewArea->fontMetrics().averageCharWidth();
-  const int columns = isWide ? 4 : 2;
-  QGridLayout& boxes = *ui_.boxesLayout;
-  int position = 0;
-  for (FigureTable* box : {activities_, questions_, offtask_, survey_}) {
-    boxes.addWidget(box, position / columns, position % columns);
+  const std::array boxes = {activities_, questions_, offtask_, survey_};
+  int needed = kBesideBoxes;
+  for (const FigureTable* box : boxes) needed += box->sizeHint().width() + kBetweenBoxes;
+  const int columns = needed <= width ? 4 : 2;
+  for (int position = 0; FigureTable * box : boxes) {
+    ui_.boxesLayout->addWidget(box, position / columns, position % columns);
     ++position;
   }
 }

@@ -102,7 +102,7 @@ void AgreementTables::Refresh() {
 
 std::optional<AgreementCell> AgreementTables::Current() const {
   const auto codes = table_.CodesAt(ui_.tblCodes->currentIndex());
-  if (!codes) return std::nullopt;
+  if (!codes || table_.CountAt(ui_.tblCodes->currentIndex()) == 0) return std::nullopt;
   return AgreementCell{Dimension(), codes->first, codes->second, CellText()};
 }
 
@@ -113,7 +113,7 @@ QString AgreementTables::CellText() const {
 }
 
 void AgreementTables::ShowCurrent() {
-  const bool leadsOn = table_.CodesAt(ui_.tblCodes->currentIndex()).has_value();
+  const bool leadsOn = Current().has_value();
   const QString way = Dimension() ? tr("Enter shows these questions.")
                                   : tr("Enter shows the activities over the class's time.");
   ShowText(ui_.lblCell, leadsOn ? CellText() + QLatin1String(".  ") + way : CellText());

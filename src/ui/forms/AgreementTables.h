@@ -32,7 +32,7 @@ class AgreementTables : public QObject {
   AgreementTables(Ui::frmAgreement& ui, const Comparison& comparison, QObject* parent);
 
   void Refresh();
-  /// The current cell; nothing if it is a sum.
+  /// The current cell; nothing if it is a sum, or empty.
   std::optional<AgreementCell> Current() const;
 
  Q_SIGNALS:

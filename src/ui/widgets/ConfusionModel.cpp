@@ -85,7 +85,9 @@ QVariant ConfusionModel::data(const QModelIndex& index, int role) const {
 QVariant ConfusionModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (section < 0 || section > static_cast<int>(view_.codes.size())) return {};
   if (role == Qt::DisplayRole) {
-    return IsSum(section) ? tr("Sum") : view_.names[static_cast<qsizetype>(section)];
+    if (IsSum(section)) return tr("Sum");
+    const QStringList& names = orientation == Qt::Horizontal ? view_.names : view_.meanings;
+    return names[static_cast<qsizetype>(section)];
   }
   if (role == Qt::ToolTipRole && !IsSum(section)) {
     return view_.meanings[static_cast<qsizetype>(section)];

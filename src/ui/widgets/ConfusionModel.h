@@ -22,9 +22,9 @@ class ConfusionModel : public QAbstractTableModel {
   struct View {
     CodeTable table{0};
     std::vector<std::size_t> codes;  ///< those that have a row and a column
-    QStringList names;               ///< short ones for the headings, by position in `codes`
-    QStringList meanings;
-    bool areSeconds = false;  ///< what is counted are seconds
+    QStringList names;               ///< short ones for the columns, by position in `codes`
+    QStringList meanings;            ///< longer ones, for the rows
+    bool areSeconds = false;         ///< what is counted are seconds
   };
   void Show(View view);
 
@@ -34,6 +34,8 @@ class ConfusionModel : public QAbstractTableModel {
     std::size_t second = 0;
   };
   std::optional<Codes> CodesAt(const QModelIndex& index) const;
+  /// What a cell, or a sum, counts.
+  std::int64_t CountAt(const QModelIndex& index) const;
   /// Says what a cell holds, with the observers' names.
   QString TextAt(const QModelIndex& index, const QString& first, const QString& second) const;
 
@@ -43,7 +45,6 @@ class ConfusionModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
-  std::int64_t CountAt(const QModelIndex& index) const;
   QString CountText(std::int64_t count) const;
   bool IsSum(int section) const { return section == static_cast<int>(view_.codes.size()); }
   bool IsSum(const QModelIndex& index) const { return IsSum(index.row()) || IsSum(index.column()); }
