@@ -79,7 +79,12 @@ const StudyPair& ComparedStudy::PairOf(std::size_t row) const {
 std::string ComparedStudy::TotalsText() const {
   return Say(Text::pairsCompared,
              {Counted(study_.pairs.size(), "pair"), Counted(files_.size(), "observation"),
-              Counted(study_.pooled.bothQuestions, "question")});
+              Counted(study_.pooled.bothQuestions, "question"),
+              study_.unread.size() + study_.remarks.size()});
+}
+
+std::string ComparedStudy::TroubleText() const {
+  return Say(Text::pairsNotAllRead, {Counted(study_.unread.size(), "file")});
 }
 
 std::string ComparedStudy::LeftOutText() const {

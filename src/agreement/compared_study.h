@@ -45,8 +45,10 @@ class ComparedStudy {
   const StudyPair& PairOf(std::size_t row) const;
   const FigureGrid& Table(StudyFigures which) const;
   void SortBy(StudyFigures which, std::size_t column, bool descending);
-  /// "14 pairs of 28 observations, 652 questions of both".
+  /// "14 pairs of 28 observations, 652 questions of both observers, 0 left out".
   std::string TotalsText() const;
+  /// How many files could not be read.
+  std::string TroubleText() const;
   /// What could not be read or has no partner, a line each.
   std::string LeftOutText() const;
 

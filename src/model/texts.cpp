@@ -308,10 +308,11 @@ constexpr std::array<Row, kCount> kTexts = {{
     {Text::sameObservation, "%1 has the same numbers and observer as %2, and is not compared."},
     {Text::comparingProgress, "%1 of %2 pairs compared"},
     {Text::comparingStopped, "Stopped after %1 of %2 pairs"},
-    {Text::pairsCompared, "%1 of %2, %3 of both observers"},
+    {Text::pairsCompared, "%1 of %2, %3 of both observers, %4 left out"},
     {Text::activitiesPooled,
      "Activities, second by second: %1 seconds, %2 % equal, kappa %3; with a tolerance of %4 "
      "seconds, kappa %5 and %6 (with either observer first)."},
+    {Text::pairsNotAllRead, "%1 could not be read and had to be left out."},
     {Text::noPairAmong,
      "There is no pair of observations to compare. Two observations are a pair when they are of "
      "the same school, class and date, and both have an episode file."},

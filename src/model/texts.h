@@ -286,6 +286,7 @@ enum class Text {
   comparingStopped,
   pairsCompared,
   activitiesPooled,
+  pairsNotAllRead,
   noPairAmong,
   pairsNotSaved,
   pairsNotRead,

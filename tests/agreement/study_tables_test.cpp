@@ -120,7 +120,8 @@ TEST(ComparedStudy, ComparesInTheBackgroundAndKeepsItsOrder) {
   await();
   EXPECT_FALSE(study.IsReading());
   EXPECT_EQ(study.ProgressText(), "");
-  EXPECT_EQ(study.TotalsText(), "2 pairs of 6 observations, 4 questions of both observers");
+  EXPECT_EQ(study.TotalsText(),
+            "2 pairs of 6 observations, 4 questions of both observers, 2 left out");
   EXPECT_EQ(study.PairOf(0).first.filename(), "5-13-1.eps");
   for (const char* left : {"7-1-1.eps", "6-1-1.eps"}) {
     EXPECT_NE(study.LeftOutText().find(left), std::string::npos) << study.LeftOutText();

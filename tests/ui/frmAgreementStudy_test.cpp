@@ -106,8 +106,9 @@ TEST_F(AgreementStudyTest, ComparesTheSelectedAndTellsWhatMakesAPair) {
   ASSERT_TRUE(Shown("frmAgreementStudy"));
   ASSERT_TRUE(Await("frmAgreementStudy", "tblPairs", 1));
   EXPECT_EQ(Pairs(), 1);
-  EXPECT_TRUE(Find(*Form("frmAgreementStudy"), "lblTrouble")->isVisible())
-      << "the third observation has no partner";
+  const auto* leftOut = Find<QPlainTextEdit>(*Form("frmAgreementStudy"), "txtLeftOut");
+  EXPECT_TRUE(leftOut->toPlainText().contains(QLatin1String("no other observation")))
+      << "the third has no partner";
   Keys("{Esc}{Ctrl+F}2-13-1 no such observation\n");
   desk_.prompter.Expect(Say(Text::noPairAmong), Answer::ok);
   Keys("{Alt+G}");
@@ -149,11 +150,9 @@ TEST_F(AgreementStudyTest, ShowsEveryPageAndItsPlotsByKeys) {
   QWidget& form = Agreements();
   auto& pages = *Find<QTabWidget>(form, "pages");
   const auto text = [&form] { return Find<CourseArea>(form, "coursePlots")->Chart().Text(); };
-  const std::pair<const char*, const char*> firsts[] = {{"{Alt+B}", "tblObservers"},
-                                                        {"{Ctrl+PgDown}", "cboDimension"},
-                                                        {"{Alt+I}", "tblIcc"},
-                                                        {"{Alt+L}", "pooledScroll"},
-                                                        {"{Alt+A}", "tblPairs"}};
+  const std::pair<const char*, const char*> firsts[] = {
+      {"{Alt+B}", "tblObservers"}, {"{Ctrl+PgDown}", "cboDimension"}, {"{Alt+I}", "tblIcc"},
+      {"{Alt+L}", "pooledScroll"}, {"{Alt+U}", "txtLeftOut"},         {"{Alt+A}", "tblPairs"}};
   for (const auto& [key, first] : firsts) {
     Keys(key);
     EXPECT_EQ(FocusedName(), first) << key;

@@ -37,6 +37,7 @@ frmAgreementStudy::frmAgreementStudy(const Services& services,
       ui_(std::make_unique<Ui::frmAgreementStudy>()) {
   ui_->setupUi(this);
   ShowAsWarning(ui_->lblTrouble);
+  ui_->lblTrouble->hide();
   ui_->spnTolerance->setRange(0, kMostTolerance);
   ui_->spnTolerance->setValue(study_.Tolerance());
   pairs_ = new FiguresPage(*ui_->tblPairs, study_, StudyFigures::pairs);
@@ -108,8 +109,8 @@ void frmAgreementStudy::ConnectKeys() {
 }
 
 void frmAgreementStudy::FocusPage() {
-  const std::array<QWidget*, 5> firsts = {ui_->tblPairs, ui_->tblObservers, ui_->cboDimension,
-                                          ui_->tblIcc, ui_->pooledScroll};
+  const std::array<QWidget*, 6> firsts = {ui_->tblPairs, ui_->tblObservers, ui_->cboDimension,
+                                          ui_->tblIcc,   ui_->pooledScroll, ui_->txtLeftOut};
   FocusVisibly(firsts.at(static_cast<std::size_t>(ui_->pages->currentIndex())));
 }
 
@@ -143,9 +144,9 @@ void frmAgreementStudy::Tick() {
 void frmAgreementStudy::ShowFigures() {
   const AgreementStudy& result = study_.Result();
   ShowText(ui_->lblTotals, study_.TotalsText());
-  const std::string trouble = study_.LeftOutText();
-  ShowText(ui_->lblTrouble, trouble);
-  ui_->lblTrouble->setVisible(!trouble.empty());
+  ui_->txtLeftOut->setPlainText(ToQt(study_.LeftOutText()));
+  ShowText(ui_->lblTrouble, study_.TroubleText());
+  ui_->lblTrouble->setVisible(!result.unread.empty());
   ui_->pooledBars->Show(LinesOf(result.pooled.codes));
   ShowText(ui_->lblActivities, ActivitiesText(result.pooled));
   ui_->txtPaper->Show(ToQt(PaperLine(result)));
