@@ -29,6 +29,10 @@ if(ORVEX_SANITIZERS)
   # A null or misaligned pointer ends in a crash that tells as much. Checks of every access for one
   # would take a quarter of the time to compile everything.
   add_compile_options(-fno-sanitize=null,alignment,object-size)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # Check each access by a call instead of in line: a tenth less to compile.
+    add_compile_options(--param=asan-instrumentation-with-call-threshold=0)
+  endif()
 endif()
 if(ORVEX_FUZZERS)
   # Also report a number from a file that is too large for the integer it is converted to.

@@ -142,14 +142,14 @@ std::map<std::string, std::string> FilesOf(const fs::path& folder) {
 
 constexpr const char* kOldFile = "an older class of the same numbers";
 
-void PutOldFile(const fs::path& folder) {
+void PutEarlierClass(const fs::path& folder) {
   fs::create_directories(folder / "EPS/7/12");
   std::ofstream(folder / "EPS/7/12/7-12-4.eps", std::ios::binary) << kOldFile;
 }
 
 Truth PlayToTheEnd() {
   const TestFolder folder;
-  PutOldFile(folder.Path());
+  PutEarlierClass(folder.Path());
   DeadlyStorage storage(0);
   Truth truth;
   {
@@ -249,7 +249,7 @@ class KilledClass : public testing::Test {
     SCOPED_TRACE("call " + std::to_string(fatalCall) + ", microsecond " +
                  std::to_string(fatalMicroseconds));
     const TestFolder folder;
-    PutOldFile(folder.Path());
+    PutEarlierClass(folder.Path());
     const std::size_t steps = PlayUntilKilled(folder.Path(), fatalCall, fatalMicroseconds);
     ExpectNothingLost(folder.Path(), steps, truth_);
     ExpectClassHasWhatTheLogHas(folder.Path(), truth_);
@@ -279,7 +279,7 @@ TEST(PowerCut, LosesNothingThatWasToldToBeOnTheDisk) {
   const FoldersInMemory memory;
   const Truth truth = PlayToTheEnd();
   const TestFolder folder;
-  PutOldFile(folder.Path());
+  PutEarlierClass(folder.Path());
   RecordedDisk disk(folder.Path());
   {
     PlayedClass played(disk, folder.Path());

@@ -19,10 +19,11 @@ namespace orvex::test {
 namespace {
 
 using Box = QuestionEntry::Box;
-using Command = QuestionEntry::Command;
+using EntryCommand = QuestionEntry::Command;
 const std::vector<std::string> kLeave = {"show liveObservation", "close questionEntry"};
-const std::map<char, Command> kButtons = {
-    {'-', Command::dropLast}, {'+', Command::ditto}, {'!', Command::scrapOrStartEpisode}};
+const std::map<char, EntryCommand> kButtons = {{'-', EntryCommand::dropLast},
+                                               {'+', EntryCommand::ditto},
+                                               {'!', EntryCommand::scrapOrStartEpisode}};
 const std::string kFilled = "12345679 TEACHER EVALUATION/FOLLOWUP";
 
 /// A class in progress, and an observer who works the question entry from the keyboard: a key goes
@@ -76,7 +77,7 @@ struct Observer : Desk {
       if (keys[i] == '\n') road += Focus();
     }
   }
-  void Click(Command command) {
+  void Click(EntryCommand command) {
     entry->Click(command);
     Follow();
   }
@@ -164,7 +165,7 @@ TEST_F(EntryTest, ShowsTheFieldsThatSourceAndResponseAskForWhateverWasThere) {
     Open(c.keys);
     EXPECT_EQ(Shown(), c.shown);
     EXPECT_EQ(Contents(), c.contents);
-    Click(Command::fillNormalOrSurvey);
+    Click(EntryCommand::fillNormalOrSurvey);
     EXPECT_EQ(Shown(), kFilled);
     EXPECT_TRUE(Contents().starts_with("T|Y|N|N|R|")) << "Normal fills in the codes";
     EXPECT_EQ(Focus(), '6');
@@ -219,13 +220,13 @@ TEST_F(EntryTest, TheFrameSaysWhenTheQuestionBeforeIsEmpty) {
   EXPECT_EQ(entry->FrameCaption(), "Question #4:");
   Keys("\nn\n \n\nn\n");
   EXPECT_EQ(entry->FrameCaption(), "Question #6: (5 is empty)");
-  Click(Command::dropLast);
+  Click(EntryCommand::dropLast);
   EXPECT_EQ(entry->FrameCaption(), "Question #5:");
 }
 
 TEST_F(EntryTest, AbortGivesTheSegmentItsPreviousActivityBack) {
   Open("", 8);
-  Click(Command::nextOrLeave);
+  Click(EntryCommand::nextOrLeave);
   EXPECT_EQ(NewLogText(), "REVISED ACTIVITY # for Ep. 1 Sg. 2 :  8 09:00:00\n");
   EXPECT_EQ(live.Running().curActivity, 8);
   EXPECT_EQ(live.Running().choice, ActivityChoice::abandoned);
@@ -240,7 +241,7 @@ TEST_F(EntryTest, AFullEpisodeTakesNoMoreQuestions) {
   Keys("The last one\nt\nn\nOne too many\ns\nn\nAnna");
   ASSERT_EQ(Questions().size(), 32767U);
   const std::function<void()> ways[] = {[&] { Keys("\n"); }, [&] { entry->SaveQuestion(); },
-                                        [&] { Click(Command::ditto); }};
+                                        [&] { Click(EntryCommand::ditto); }};
   NewLogText();
   for (const auto& file : ways) {
     prompter.Expect("An episode holds at most 32767 questions. Start a new episode.", Answer::ok);
@@ -250,7 +251,7 @@ TEST_F(EntryTest, AFullEpisodeTakesNoMoreQuestions) {
     EXPECT_EQ(Questions().size(), 32767U);
   }
   EXPECT_EQ(NewLogText(), "");
-  entry->Click(Command::scrapOrStartEpisode);
+  entry->Click(EntryCommand::scrapOrStartEpisode);
   Keys("-");
   entry->SaveQuestion();
   Keys("<");

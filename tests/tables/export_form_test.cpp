@@ -6,6 +6,7 @@
 
 #include "support/desk.h"
 #include "support/save_faults.h"
+#include "tables/old_table.h"
 
 namespace orvex {
 namespace {
@@ -47,8 +48,6 @@ struct Failure {
   std::string details;
 };
 
-constexpr const char* kOld = "the old table\r\n";
-
 TEST(ExportForm, SaysWhatIsWrongAndGoesBackToTheMenu) {
   const Failure cases[] = {
       {ExportKind::epsData, "17-17-7\n\n5-12-3\n11-4-2\n", "",
@@ -70,7 +69,7 @@ TEST(ExportForm, SaysWhatIsWrongAndGoesBackToTheMenu) {
   for (const auto& [kind, list, file, message, details] : cases) {
     SCOPED_TRACE(details);
     ListDesk desk(list);
-    test::PutFile(desk.folder / "EPSDATA.TXT", kOld);
+    test::PutFile(desk.folder / "EPSDATA.TXT", test::kOldTable);
     if (*file != '\0') {
       const std::string extension = std::filesystem::path(file).extension();
       test::PutFile(desk.folder / ("5-12-3" + extension), test::FileBytes(test::TestData(file)));

@@ -26,7 +26,7 @@ FileRows Read(const fs::path& base) {
 }
 
 /// The answer of the database in `folder` to `sql`, rows and cells divided by line ends and "|".
-std::string Answer(const test::TestFolder& folder, const std::string& sql) {
+std::string AnswerOf(const test::TestFolder& folder, const std::string& sql) {
   test::PutFile(folder / "question.sql", sql);
   test::Runs(folder.Path(), "sqlite3 -nullvalue NULL study.sqlite <question.sql");
   return test::FileBytes(folder / "out");
@@ -70,7 +70,7 @@ TEST(SqliteTables, HoldWhatTheFilesSay) {
       {"SELECT value, value_label FROM codebook WHERE variable = 's03_flexibility'",
        "9|Can't tell\n0|Never\n1|Some flexibility\n2|A lot of flexibility\n"},
   };
-  for (const auto& [sql, answer] : cases) EXPECT_EQ(Answer(folder, sql), answer) << sql;
+  for (const auto& [sql, answer] : cases) EXPECT_EQ(AnswerOf(folder, sql), answer) << sql;
 }
 
 TEST(SqliteTables, KeepWhatCanBeReadOfAnObservation) {
@@ -125,19 +125,19 @@ TEST(SqliteTables, KeepWhatCanBeReadOfAnObservation) {
       const std::string imports = in.empty() ? ""
                                              : ".import --csv observations.csv observations_file\n"
                                                ".import --csv survey.csv survey_file\n";
-      EXPECT_EQ(Answer(folder, imports +
-                                   "SELECT file, survey, coalesce(statements_open, '') FROM "
-                                   "observations" +
-                                   in + " ORDER BY file"),
+      EXPECT_EQ(AnswerOf(folder, imports +
+                                     "SELECT file, survey, coalesce(statements_open, '') FROM "
+                                     "observations" +
+                                     in + " ORDER BY file"),
                 observations)
           << source << in;
-      EXPECT_EQ(Answer(folder, "SELECT file FROM survey" + in + " ORDER BY file"), surveys)
+      EXPECT_EQ(AnswerOf(folder, "SELECT file FROM survey" + in + " ORDER BY file"), surveys)
           << source << in;
     }
   }
-  EXPECT_EQ(Answer(folder,
-                   "SELECT s.file, o.file FROM survey s LEFT JOIN observations o ON o.id = "
-                   "s.observation_id ORDER BY s.file"),
+  EXPECT_EQ(AnswerOf(folder,
+                     "SELECT s.file, o.file FROM survey s LEFT JOIN observations o ON o.id = "
+                     "s.observation_id ORDER BY s.file"),
             "5/12/5-12-1|5/12/5-12-1\n5/12/5-12-3|NULL\n5/12/5-12-4|NULL\n");
 }
 
@@ -211,7 +211,7 @@ TEST(SqliteTables, ReplaceAnEarlierDatabaseAsAWholeOrNotAtAll) {
   { SqliteTables(storage, path).Add(files); }
   expectOnlyTheEarlierOne("interrupted");
   make(storage, 1);
-  EXPECT_EQ(Answer(folder, "SELECT count(*) FROM observations"), "1\n");
+  EXPECT_EQ(AnswerOf(folder, "SELECT count(*) FROM observations"), "1\n");
 }
 
 }  // namespace

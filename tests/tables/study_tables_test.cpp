@@ -8,6 +8,7 @@
 
 #include "support/desk.h"
 #include "support/save_faults.h"
+#include "tables/old_table.h"
 
 namespace orvex {
 namespace {
@@ -15,7 +16,6 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::set<TidyTable> kAllTables = {kTidyTables.begin(), kTidyTables.end()};
-constexpr const char* kOld = "the old table\r\n";
 
 /// A study: two whole observations, one without a survey, one whose episode file is broken.
 struct StudyDesk : test::Desk {
@@ -106,7 +106,7 @@ TEST(StudyTables, FitIntoOneDatabase) {
 TEST(StudyTables, StayAsTheyWereWhenStoppedOrWithoutFiles) {
   StudyDesk desk;
   desk.observations.erase(desk.observations.begin(), desk.observations.begin() + 2);
-  test::PutFile(desk.folder / "out/segments.csv", kOld);
+  test::PutFile(desk.folder / "out/segments.csv", test::kOldTable);
   StudyTables tables(desk.services, desk.observations,
                      {.exports = {ExportKind::surData},
                       .tables = {TidyTable::episodes, TidyTable::segments},
@@ -117,7 +117,7 @@ TEST(StudyTables, StayAsTheyWereWhenStoppedOrWithoutFiles) {
   tables.Work();
   tables.Stop();
   EXPECT_FALSE(tables.Working());
-  EXPECT_EQ(desk.Table("segments.csv"), kOld);
+  EXPECT_EQ(desk.Table("segments.csv"), test::kOldTable);
   EXPECT_FALSE(desk.Table("episodes.csv").empty());
   EXPECT_EQ(tables.Outcome().substr(0, tables.Outcome().find("\n\nFiles")),
             "episodes.csv: 6 rows from 1 file\n\n"
@@ -145,7 +145,7 @@ struct TablesScene : test::SaveScene {
   explicit TablesScene(bool older) {
     if (!older) return;
     for (const char* name : {"EPSDATA.TXT", "questions.csv", "questions-codebook.csv"}) {
-      test::PutFile(desk.folder / name, kOld);
+      test::PutFile(desk.folder / name, test::kOldTable);
     }
   }
   void Save() override {

@@ -16,6 +16,7 @@
 #include "support/sample_manifest.h"
 #include "support/test_folder.h"
 #include "tables/episode_rows.h"
+#include "tables/old_table.h"
 
 namespace orvex {
 namespace {
@@ -99,7 +100,6 @@ TEST(TableExport, LeavesAloneWhatItHasNothingBetterFor) {
   const test::TestFolder folder;
   Storage storage;
   const fs::path table = folder / "EPSDATA.TXT";
-  const std::string kOld = "the old table\r\n";
   // The list itself must not be replaced, even under another name.
   test::PutFile(table, "5-12-3\n");
   fs::create_symlink(table, folder / "LIST.TXT");
@@ -117,12 +117,12 @@ TEST(TableExport, LeavesAloneWhatItHasNothingBetterFor) {
   fs::remove(folder / "5-12-3.eps");
 
   // An earlier table must stay when all files are bad and give no rows.
-  test::PutFile(table, kOld);
+  test::PutFile(table, test::kOldTable);
   test::PutFile(folder / "LIST.TXT", "5-12-3\n6-1-1\n");
   EXPECT_EQ(WithoutNewTable(table), "The earlier EPSDATA.TXT stays as it was.");
   for (const BadFile badFile : {BadFile::endsTheTable, BadFile::isSkipped}) {
     Join(storage, kEpsData, folder.Path(), badFile);
-    EXPECT_EQ(test::FileBytes(table), kOld);
+    EXPECT_EQ(test::FileBytes(table), test::kOldTable);
   }
   fs::remove(table);
   EXPECT_EQ(WithoutNewTable(table), "No EPSDATA.TXT was made.");

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QSize>
 #include <QString>
 #include <QTest>
 #include <QWidget>
@@ -10,6 +11,9 @@
 #include <string>
 
 namespace orvex::test {
+
+/// The space available to a form on a screen of 1366 x 768 at 200 %.
+inline constexpr QSize kSmallestScreen(667, 344);
 
 /// The control of `form` with this objectName, which must exist.
 template <typename Control = QWidget>

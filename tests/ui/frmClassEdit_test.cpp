@@ -21,9 +21,6 @@ namespace {
 
 using namespace test;
 
-/// The space available to a form on a screen of 1366 x 768 at 200 %.
-constexpr QSize kSmallestScreen(667, 344);
-
 Episode EpisodeOf(const char* description, std::vector<SegmentData> segments,
                   std::vector<questionInfo> questions = {}) {
   Episode episode;

@@ -22,9 +22,6 @@ namespace {
 
 using namespace test;
 
-/// The space available to a form on a screen of 1366 x 768 at 200 %.
-constexpr QSize kSmallestScreen(667, 344);
-
 const questionInfo kTeacher = test::Asked("Why?", {"T", "Y", "A", "N", "R", "Ben", "N", "", "U"});
 const questionInfo kStudent =
     test::Asked("How?", {"S", "Y", "A", "A", "H", "Ana", "", "O", "E"}, 1, 2);
