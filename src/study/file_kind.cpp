@@ -108,16 +108,15 @@ bool IsInTree(const fs::path& folder) {
 }
 
 fs::path Companion(const fs::path& file, FileKind kind) {
-  for (const KindNames& names : kKinds) {
-    if (names.kind != kind) continue;
-    fs::path beside = FileIn(file.parent_path(), file.stem(), names);
-    if (!beside.empty()) return beside;
-    // A path from the class's own folder does not say in which tree it is.
-    const fs::path whole = fs::absolute(file).lexically_normal();  // "EPS/./5/12": "." was named
-    const fs::path inTree = FolderInTree(whole.parent_path(), names);
-    return inTree.empty() ? fs::path() : FileIn(inTree, file.stem(), names);
-  }
-  return {};
+  if (kind == FileKind::keptClass) return {};
+  const KindNames& names = NamesOf(kind);
+  fs::path beside = FileIn(file.parent_path(), file.stem(), names);
+  if (!beside.empty()) return beside;
+  // A path from the class's own folder does not say in which tree it is.
+  std::error_code unknown;
+  const fs::path whole = fs::absolute(file, unknown).lexically_normal();  // "EPS/./5": "." was named
+  const fs::path inTree = FolderInTree(whole.parent_path(), names);
+  return inTree.empty() ? fs::path() : FileIn(inTree, file.stem(), names);
 }
 
 }  // namespace orvex

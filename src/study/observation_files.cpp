@@ -13,15 +13,20 @@ namespace fs = std::filesystem;
 
 /// Adds the files that the search in the tree of one kind could not find.
 void AddCompanions(ObservationFiles& files) {
-  const auto first =
-      std::ranges::find_if(files.paths, [](const auto& path) { return !path.empty(); });
+  const fs::path first = FirstOf(files.paths);
   for (std::size_t kind = 0; kind < files.paths.size(); ++kind) {
     if (!files.paths[kind].empty()) continue;
-    files.paths[kind] = Companion(*first, static_cast<FileKind>(kind)).string();
+    files.paths[kind] = Companion(first, static_cast<FileKind>(kind)).string();
   }
 }
 
 }  // namespace
+
+const std::string& FirstOf(const ObservationPaths& paths) {
+  const auto* const first = std::ranges::find_if_not(paths, &std::string::empty);
+  // Where none is there, all are as empty as the last.
+  return first == paths.end() ? paths.back() : *first;
+}
 
 FoundObservations FindObservations(const fs::path& folder, const std::function<bool()>& stops) {
   FoundFiles found = FindFiles(folder, stops);

@@ -16,6 +16,9 @@ namespace orvex {
 /// The paths of an observation's files by FileKind; "" where there is none.
 using ObservationPaths = std::array<std::string, kFileKindCount>;
 
+/// The first of the paths that is there, in the order of FileKind; "" where none is.
+const std::string& FirstOf(const ObservationPaths& paths);
+
 /// The files of one observation.
 struct ObservationFiles {
   /// See FoundFile::name. A second episode file of that name is an observation of its own, which is

@@ -48,13 +48,20 @@ class OrderedReading {
   OrderedReading(const OrderedReading&) = delete;
   OrderedReading& operator=(const OrderedReading&) = delete;
 
-  /// The number of results that have been taken.
-  std::size_t Taken() const { return taken_; }
-
   /// Waits for the next result; nothing when all have been taken.
-  std::optional<Result> Take() { return Taking(true); }
-  /// The next result if it is there already.
-  std::optional<Result> TakeIfReady() { return Taking(false); }
+  std::optional<Result> Take() {
+    if (taken_ == count_) return std::nullopt;
+    if (threads_.empty()) return read_(taken_++);
+    std::unique_lock lock(mutex_);
+    ready_.wait(lock, [this] { return SlotOf(taken_).IsFilled(); });
+    Slot slot = std::exchange(SlotOf(taken_), {});
+    ++taken_;
+    const bool roomAgain = begun_ < count_ && taken_ % kPortion == 0;
+    lock.unlock();
+    if (roomAgain) room_.notify_all();
+    if (slot.error) std::rethrow_exception(slot.error);
+    return std::move(slot.result);
+  }
 
  private:
   /// How many items the threads may be ahead of the taker.
@@ -70,22 +77,6 @@ class OrderedReading {
     bool IsFilled() const { return result || error; }
   };
   Slot& SlotOf(std::size_t item) { return slots_[item % slots_.size()]; }
-
-  std::optional<Result> Taking(bool waits) {
-    if (taken_ == count_) return std::nullopt;
-    if (threads_.empty()) return read_(taken_++);
-    std::unique_lock lock(mutex_);
-    const auto ready = [this] { return SlotOf(taken_).IsFilled(); };
-    if (waits) ready_.wait(lock, ready);
-    if (!ready()) return std::nullopt;
-    Slot slot = std::exchange(SlotOf(taken_), {});
-    ++taken_;
-    const bool roomAgain = begun_ < count_ && taken_ % kPortion == 0;
-    lock.unlock();
-    if (roomAgain) room_.notify_all();
-    if (slot.error) std::rethrow_exception(slot.error);
-    return std::move(slot.result);
-  }
 
   Slot Read(std::size_t item) const {
     try {

@@ -22,8 +22,8 @@ namespace orvex {
 struct StudyTotals {
   std::size_t observations = 0;
   std::size_t all = 0;  ///< how many there are, shown or not
-  /// The length of all segments. A class that is longer than a day, or shorter than nothing, holds
-  /// a slip of the hand and adds nothing.
+  /// The length of all segments. A class that is longer than a year, or shorter than nothing, is in
+  /// a damaged file and adds nothing.
   double seconds = 0;
   std::size_t episodes = 0;
   std::size_t questions = 0;

@@ -30,7 +30,7 @@ class Reading {
       : files_(files), withQuestions_(withQuestions) {
     row_.name = files.name;
     row_.files = files.paths;
-    const fs::path any = AnyFile();
+    const fs::path any = FirstOf(files.paths);
     before_ = NameBeforeOlder(any.stem().string());
     NameAfter(before_.empty() ? any : fs::path(before_), row_.identity);
     if (!IsNamed(row_.identity)) row_.identity = {};
@@ -44,7 +44,7 @@ class Reading {
       ReadNotes();
       ReadKept();
     } catch (const std::exception& error) {
-      Add(Problem{AnyFile(), 0, error.what()}.Sentence());
+      Add(Problem{FirstOf(files_.paths), 0, error.what()}.Sentence());
     }
     for (const std::string& path : files_.further) {
       Add(Say(Text::secondFile, {Printable(fs::path(path).filename().native())}));
@@ -53,13 +53,6 @@ class Reading {
   }
 
  private:
-  fs::path AnyFile() const {
-    for (const std::string& path : files_.paths) {
-      if (!path.empty()) return path;
-    }
-    return {};
-  }
-
   void Add(std::string problem) { row_.problems.push_back(std::move(problem)); }
 
   /// Runs `act`, which works on `file`. True unless there was a problem.

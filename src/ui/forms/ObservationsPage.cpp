@@ -130,10 +130,9 @@ void ObservationsPage::ShowAgreement() {
 void ObservationsPage::ShowInFolder() {
   const auto row = Current();
   if (!row) return;
-  const auto file =
-      std::ranges::find_if(row->files, [](const auto& path) { return !path.empty(); });
-  if (file == row->files.end()) return;
-  const std::filesystem::path folder = std::filesystem::path(*file).parent_path();
+  const std::filesystem::path file = FirstOf(row->files);
+  if (file.empty()) return;
+  const std::filesystem::path folder = file.parent_path();
   QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(folder.string())));
 }
 

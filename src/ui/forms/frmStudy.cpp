@@ -195,8 +195,9 @@ void frmStudy::Refresh() {
   ui_->prgReading->setMaximum(static_cast<int>(study_->Found()));
   ui_->prgReading->setValue(static_cast<int>(study_->Read()));
   ui_->cmdStop->setEnabled(reads);
-  ShowText(ui_->lblTrouble, study_->Trouble());
-  ui_->lblTrouble->setVisible(!study_->Trouble().empty());
+  const std::string trouble = study_->Trouble();
+  ShowText(ui_->lblTrouble, trouble);
+  ui_->lblTrouble->setVisible(!trouble.empty());
   ui_->cmdActions->setEnabled(!ShowsQuestions());
   ui_->cmdAgreement->setEnabled(!ShowsQuestions());
   questions_->Refresh();
