@@ -1,8 +1,8 @@
 #pragma once
 
-#include <span>
+#include <array>
+#include <cstddef>
 #include <string>
-#include <string_view>
 
 #include "model/activities.h"
 
@@ -13,22 +13,19 @@ namespace orvex {
 struct SegmentCodingView {
   static constexpr int kNoChoice = -1;
 
+  SegmentCodingView() { chosen.fill(kNoChoice); }
+  /// The position chosen of `code`; kNoChoice, too, where the activity does not carry it.
+  int Chosen(SubCode code) const { return chosen[static_cast<std::size_t>(code)]; }
+
   int activity = kNoChoice;
 
   bool showsAbout = false;
-  bool showsSubCategory = false;
-  bool showsSeatwork = false;      ///< source, cognitive level and organization
-  bool showsPresentation = false;  ///< group, organization and preparation
+  bool showsSeatwork = false;                  ///< source, cognitive level and organization
+  bool showsPresentation = false;              ///< group, organization and preparation
+  const SubCodeScheme* subCategory = nullptr;  ///< the sub-category shown, if one is
 
   std::string about;
-  std::span<const std::string_view> subCategories;
-  int subCategory = kNoChoice;
-  int source = kNoChoice;
-  int cognitiveLevel = kNoChoice;
-  int seatOrganization = kNoChoice;
-  int group = kNoChoice;
-  int organization = kNoChoice;
-  int preparation = kNoChoice;
+  std::array<int, kSubCodeCount> chosen;  ///< by SubCode
 };
 
 /// The layout for the segment's activity, filled with the segment's codes.

@@ -73,8 +73,8 @@ TEST_F(EpisodeEditorTest, AnUnknownActivityShowsItsNumberAndStays) {
 
 TEST_F(EpisodeEditorTest, CodesGoStraightIntoTheSegment) {
   ClickSegment(editor, 2);
-  EXPECT_EQ(editor.Coding().source, 3);
-  EXPECT_EQ(editor.Coding().subCategory, SegmentCodingView::kNoChoice);
+  EXPECT_EQ(editor.Coding().Chosen(SubCode::seatworkSource), 3);
+  EXPECT_EQ(editor.Coding().Chosen(SubCode::writing), SegmentCodingView::kNoChoice);
   editor.Recode(SubCode::seatworkSource, 2);
   editor.Recode(SubCode::seatworkLevel, 1);
   editor.Recode(SubCode::seatworkOrganization, 1);
@@ -89,16 +89,16 @@ TEST_F(EpisodeEditorTest, CodesGoStraightIntoTheSegment) {
   EXPECT_EQ(episodes[0].segments[1], coded);
   editor.Recode(SubCode::seatworkSource, SegmentCodingView::kNoChoice);
   editor.Recode(SubCode::seatworkOrganization, SegmentCodingView::kNoChoice);
-  EXPECT_EQ(editor.Coding().source, SegmentCodingView::kNoChoice);
-  EXPECT_EQ(editor.Coding().seatOrganization, 0);
+  EXPECT_EQ(editor.Coding().Chosen(SubCode::seatworkSource), SegmentCodingView::kNoChoice);
+  EXPECT_EQ(editor.Coding().Chosen(SubCode::seatworkOrganization), 0);
 
   ClickSegment(editor, 3);
-  EXPECT_EQ(editor.Coding().preparation, SegmentCodingView::kNoChoice);
+  EXPECT_EQ(editor.Coding().Chosen(SubCode::preparation), SegmentCodingView::kNoChoice);
   editor.Recode(SubCode::groupSolo, 0);
   editor.Recode(SubCode::organization, 1);
   editor.Recode(SubCode::preparation, 1);
-  EXPECT_EQ(editor.Coding().group, 0);
-  EXPECT_EQ(editor.Coding().organization, 1);
+  EXPECT_EQ(editor.Coding().Chosen(SubCode::groupSolo), 0);
+  EXPECT_EQ(editor.Coding().Chosen(SubCode::organization), 1);
   EXPECT_EQ(episodes[0].segments[2].prep, 1);
 }
 

@@ -64,13 +64,10 @@ void ShowChoice(QComboBox* list, int position) {
 
 SegmentCodingPanel::SegmentCodingPanel(Ui::frmClassEdit& ui, EpisodeEditor& editor,
                                        std::function<void()> changed, QObject* parent)
-    : QObject(parent),
-      ui_(ui),
-      editor_(editor),
-      changed_(std::move(changed)),
-      groupSolo_(Pair(ui.optGrp_0, ui.optGrp_1, SubCode::groupSolo)),
-      organization_(Pair(ui.optOrg_0, ui.optOrg_1, SubCode::organization)),
-      preparation_(Pair(ui.optPrep_0, ui.optPrep_1, SubCode::preparation)) {
+    : QObject(parent), ui_(ui), editor_(editor), changed_(std::move(changed)) {
+  AddPair(SubCode::groupSolo, ui.optGrp_0, ui.optGrp_1);
+  AddPair(SubCode::organization, ui.optOrg_0, ui.optOrg_1);
+  AddPair(SubCode::preparation, ui.optPrep_0, ui.optPrep_1);
   BuildLists();
   KeepPlace(ui.frSeat);
   connect(ui.Text1, &QLineEdit::textEdited, this, [this](const QString& text) {
@@ -89,19 +86,18 @@ void SegmentCodingPanel::BuildLists() {
   AddList(ui_.cmbActivityCoding, activities,
           [this](int position) { editor_.ChooseActivity(position); });
   AddList(ui_.cmboSubCat, {}, [this](int position) {
-    const SubCodeScheme* shown = SubCategoryOf(editor_.Coding().activity + 1);
+    const SubCodeScheme* shown = editor_.Coding().subCategory;
     if (shown) editor_.Recode(shown->code, position);
   });
-  const std::pair<QComboBox*, SubCode> ofSeatwork[] = {
-      {ui_.cmbSrc, SubCode::seatworkSource},
-      {ui_.cmbCog, SubCode::seatworkLevel},
-      {ui_.cmbSeatOrg, SubCode::seatworkOrganization}};
-  for (const auto& [list, code] : ofSeatwork) {
+  seatwork_ = {{SubCode::seatworkSource, ui_.cmbSrc},
+               {SubCode::seatworkLevel, ui_.cmbCog},
+               {SubCode::seatworkOrganization, ui_.cmbSeatOrg}};
+  for (const auto& [code, list] : seatwork_) {
     AddList(list, SchemeOf(code).values,
             [this, code = code](int position) { editor_.Recode(code, position); });
   }
   // The row behind the codes takes a code back; it is also what is shown without one.
-  for (QComboBox* box : {ui_.cmbSrc, ui_.cmbCog}) box->addItem(tr("no coding"));
+  for (QComboBox* box : {ui_.cmbSrc, ui_.cmbCog}) box->addItem(NoCoding());
 }
 
 void SegmentCodingPanel::AddList(QComboBox* list, std::span<const std::string_view> rows,
@@ -113,13 +109,13 @@ void SegmentCodingPanel::AddList(QComboBox* list, std::span<const std::string_vi
   });
 }
 
-ChoiceGroup* SegmentCodingPanel::Pair(QRadioButton* first, QRadioButton* second, SubCode code) {
+void SegmentCodingPanel::AddPair(SubCode code, QRadioButton* first, QRadioButton* second) {
   auto* pair = new ChoiceGroup({first, second}, this);
   connect(pair, &ChoiceGroup::Chosen, this, [this, code](int position) {
     editor_.Recode(code, position);
     changed_();
   });
-  return pair;
+  pairs_.emplace_back(code, pair);
 }
 
 void SegmentCodingPanel::Arrange() {
@@ -155,17 +151,11 @@ void SegmentCodingPanel::Refresh() {
   RefreshSubCategories(coding);
 
   ui_.frSeat->setVisible(coding.showsSeatwork);
-  const auto orNoCoding = [](int position, SubCode code) {
-    return position == SegmentCodingView::kNoChoice ? static_cast<int>(SchemeOf(code).values.size())
-                                                    : position;
-  };
-  ShowChoice(ui_.cmbSrc, orNoCoding(coding.source, SubCode::seatworkSource));
-  ShowChoice(ui_.cmbCog, orNoCoding(coding.cognitiveLevel, SubCode::seatworkLevel));
-  ShowChoice(ui_.cmbSeatOrg, coding.seatOrganization);
-
-  groupSolo_->ShowSelected(coding.group);
-  organization_->ShowSelected(coding.organization);
-  preparation_->ShowSelected(coding.preparation);
+  for (const auto& [code, list] : seatwork_) {
+    const int chosen = coding.Chosen(code);
+    ShowChoice(list, chosen == SegmentCodingView::kNoChoice ? list->findText(NoCoding()) : chosen);
+  }
+  for (const auto& [code, pair] : pairs_) pair->ShowSelected(coding.Chosen(code));
 }
 
 /// Shows the group of codes for the activity. All groups use the same place, so nothing around them
@@ -173,22 +163,24 @@ void SegmentCodingPanel::Refresh() {
 void SegmentCodingPanel::RefreshPage(const SegmentCodingView& coding) {
   QWidget* page = ui_.pageNone;
   if (coding.showsAbout) page = ui_.pageAbout;
-  if (coding.showsSubCategory) page = ui_.pageSubCategory;
+  if (coding.subCategory) page = ui_.pageSubCategory;
   if (coding.showsPresentation) page = ui_.pagePresentation;
   ui_.codingStack->setCurrentWidget(page);
 }
 
 void SegmentCodingPanel::RefreshSubCategories(const SegmentCodingView& coding) {
   QComboBox* list = ui_.cmboSubCat;
-  const auto count = static_cast<int>(coding.subCategories.size());
-  const bool isFilled = list->count() == count &&
-                        (count == 0 || list->itemText(0) == ToQt(coding.subCategories.front()));
+  const SubCodeScheme* shown = coding.subCategory;
+  const auto values = shown ? shown->values : std::span<const std::string_view>();
+  const auto count = static_cast<int>(values.size());
+  const bool isFilled =
+      list->count() == count && (count == 0 || list->itemText(0) == ToQt(values.front()));
   if (!isFilled) {
-    Fill(list, coding.subCategories);
+    Fill(list, values);
     const QSignalBlocker notChosen(list);
     list->setCurrentIndex(SegmentCodingView::kNoChoice);
   }
-  ShowChoice(list, coding.subCategory);
+  ShowChoice(list, shown ? coding.Chosen(shown->code) : SegmentCodingView::kNoChoice);
   list->setToolTip(Qt::convertFromPlainText(list->currentText()));
 }
 

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 #include <functional>
 #include <span>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "model/segment_data.h"
 
@@ -40,16 +43,17 @@ class SegmentCodingPanel : public QObject {
   void BuildLists();
   void AddList(QComboBox* list, std::span<const std::string_view> rows,
                const std::function<void(int)>& choose);
-  ChoiceGroup* Pair(QRadioButton* first, QRadioButton* second, SubCode code);
+  void AddPair(SubCode code, QRadioButton* first, QRadioButton* second);
+  /// The row that takes a code back.
+  static QString NoCoding() { return tr("no coding"); }
   void RefreshSubCategories(const SegmentCodingView& coding);
   void RefreshPage(const SegmentCodingView& coding);
 
   Ui::frmClassEdit& ui_;
   EpisodeEditor& editor_;
   std::function<void()> changed_;
-  ChoiceGroup* groupSolo_;     // optGrp
-  ChoiceGroup* organization_;  // optOrg
-  ChoiceGroup* preparation_;   // optPrep
+  std::vector<std::pair<SubCode, ChoiceGroup*>> pairs_;
+  std::vector<std::pair<SubCode, QComboBox*>> seatwork_;
 };
 
 }  // namespace orvex

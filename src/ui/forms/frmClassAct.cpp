@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "ui/forms/CodingPanel.h"
+#include "ui/forms/LiveCodingPanel.h"
 #include "ui/keys/BoxFocus.h"
 #include "ui/keys/FormKeys.h"
 #include "ui/show.h"
@@ -26,7 +26,7 @@ frmClassAct::frmClassAct(const Services& services, const RunningClass* takenUp)
       ui_(std::make_unique<Ui::frmClassAct>()) {
   ui_->setupUi(this);
   setWindowTitle(ToQt(live_.Caption()));
-  coding_ = new CodingPanel(
+  coding_ = new LiveCodingPanel(
       *ui_, live_, [this] { Refresh(); }, this);
   ConnectTexts();
   WatchFocus();

@@ -22,7 +22,7 @@ class frmClassAct;
 namespace orvex {
 
 class BoxFocus;
-class CodingPanel;
+class LiveCodingPanel;
 
 /// The form for observing a class, which divides it into episodes and segments.
 class frmClassAct : public QWidget {
@@ -66,7 +66,7 @@ class frmClassAct : public QWidget {
   GuardedTick timer3_;
   GuardedTick offtaskTick_;
   std::unique_ptr<Ui::frmClassAct> ui_;
-  CodingPanel* coding_ = nullptr;
+  LiveCodingPanel* coding_ = nullptr;
   QTimer* offtaskTimer_ = nullptr;
   bool conversionBlank_ = false;        ///< since the last conversion
   std::unique_ptr<BoxFocus> boxFocus_;  // last: it must not see the form go down

@@ -1,4 +1,4 @@
-#include "ui/forms/CodingPanel.h"
+#include "ui/forms/LiveCodingPanel.h"
 
 #include <QComboBox>
 #include <QRadioButton>
@@ -15,8 +15,8 @@
 
 namespace orvex {
 
-CodingPanel::CodingPanel(Ui::frmClassAct& ui, LiveObservation& live, std::function<void()> chosen,
-                         QObject* parent)
+LiveCodingPanel::LiveCodingPanel(Ui::frmClassAct& ui, LiveObservation& live,
+                                 std::function<void()> chosen, QObject* parent)
     : QObject(parent), ui_(ui), live_(live), chosen_(std::move(chosen)) {
   BuildChoices();
   ConnectCombos();
@@ -25,7 +25,7 @@ CodingPanel::CodingPanel(Ui::frmClassAct& ui, LiveObservation& live, std::functi
 }
 
 /// The buttons of the activities, in the order of their numbers, with the captions of the scheme.
-std::vector<QRadioButton*> CodingPanel::ActivityButtons() const {
+std::vector<QRadioButton*> LiveCodingPanel::ActivityButtons() const {
   std::vector<QRadioButton*> buttons;
   for (const Activity& activity : kActivities) {
     const QString name = QStringLiteral("Option0_%1").arg(activity.number - 1);
@@ -35,7 +35,7 @@ std::vector<QRadioButton*> CodingPanel::ActivityButtons() const {
   return buttons;
 }
 
-void CodingPanel::BuildChoices() {
+void LiveCodingPanel::BuildChoices() {
   const auto group = [this](std::vector<QRadioButton*> buttons, auto choose) {
     auto* choices = new ChoiceGroup(std::move(buttons), this);
     connect(choices, &ChoiceGroup::Chosen, this, [this, choose](int position) {
@@ -59,7 +59,7 @@ void CodingPanel::BuildChoices() {
   codes(SubCode::organization, {ui_.Option5_0, ui_.Option5_1});
 }
 
-void CodingPanel::ConnectCombos() {
+void LiveCodingPanel::ConnectCombos() {
   lists_ = {{SubCode::seatworkSource, ui_.Combo1, ui_.lblSource},
             {SubCode::seatworkLevel, ui_.Combo2, ui_.lblCognitive},
             {SubCode::seatworkOrganization, ui_.Combo3, ui_.lblOrganization}};
@@ -70,11 +70,11 @@ void CodingPanel::ConnectCombos() {
   }
 }
 
-void CodingPanel::FocusActivity(int activity) {
+void LiveCodingPanel::FocusActivity(int activity) {
   activities_->Focus(activity - 1);
 }
 
-void CodingPanel::Refresh() {
+void LiveCodingPanel::Refresh() {
   const SegmentCoding& coding = live_.Running().coding;
   for (QLabel* heading : {ui_.Label1, ui_.Label2, ui_.Label3, ui_.Label4}) {
     heading->setVisible(coding.choicesVisible);

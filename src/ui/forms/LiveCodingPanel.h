@@ -19,13 +19,13 @@ class ChoiceGroup;
 class LiveObservation;
 
 /// The part of the live form that codes the running segment: the activities and their sub-codes.
-class CodingPanel : public QObject {
+class LiveCodingPanel : public QObject {
   Q_OBJECT
 
  public:
   /// Calls `chosen` after each choice.
-  CodingPanel(Ui::frmClassAct& ui, LiveObservation& live, std::function<void()> chosen,
-              QObject* parent);
+  LiveCodingPanel(Ui::frmClassAct& ui, LiveObservation& live, std::function<void()> chosen,
+                  QObject* parent);
 
   void Refresh();
   void FocusActivity(int activity);
