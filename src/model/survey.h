@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bitset>
 #include <cstddef>
@@ -22,6 +23,12 @@ inline constexpr std::size_t kOtherItem = 9;
 struct Survey {
   Survey() { ratings.fill(kUncoded); }
   bool operator==(const Survey&) const = default;
+
+  /// How many statements have no rating, of `count` from `first` on.
+  int Open(int first = 0, int count = kStatements) const {
+    const auto begin = ratings.begin() + first;
+    return static_cast<int>(std::count(begin, begin + count, kUncoded));
+  }
 
   std::array<std::bitset<kMostItems>, kCheckGroups> checks;  ///< by group and item
   std::string other;                                ///< the text of the first group's "other:"

@@ -30,8 +30,4 @@ ObservationSummary Summarize(const EpisodeList& episodes) {
   return summary;
 }
 
-int OpenStatements(const Survey& answers) {
-  return static_cast<int>(std::ranges::count(answers.ratings, kUncoded));
-}
-
 }  // namespace orvex

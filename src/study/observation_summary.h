@@ -3,7 +3,6 @@
 #include <optional>
 
 #include "model/activities.h"
-#include "model/survey.h"
 #include "reports/question_statistics.h"
 #include "store/eps_file.h"
 
@@ -24,8 +23,5 @@ struct ObservationSummary {
   std::optional<double> offtask;
 };
 ObservationSummary Summarize(const EpisodeList& episodes);
-
-/// The number of statements without a rating.
-int OpenStatements(const Survey& answers);
 
 }  // namespace orvex

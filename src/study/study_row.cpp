@@ -99,7 +99,7 @@ class Reading {
     const fs::path file = row_.File(FileKind::survey);
     SurFile survey;
     if (!Try(file, [&] { survey = ReadSurFile(file); })) return;
-    row_.openStatements = OpenStatements(survey.answers);
+    row_.openStatements = survey.answers.Open();
     CompareNumbers(file, survey.identity);
     if (row_.summary) return;
     for (const auto number : kIdentityNumbers) row_.identity.*number = survey.identity.*number;

@@ -1,6 +1,5 @@
 #include "survey/survey_form.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <utility>
 
@@ -54,17 +53,6 @@ void SurveyForm::TypeOther(std::string text) {
   Survey answers = answers_;
   answers.other = std::move(text);
   Change(answers);
-}
-
-int SurveyForm::Open(const SurveyScale& scale) const {
-  const auto first = answers_.ratings.begin() + scale.first;
-  return static_cast<int>(std::count(first, first + scale.count, kUncoded));
-}
-
-int SurveyForm::Open() const {
-  int open = 0;
-  for (const SurveyScale& scale : kSurveyScales) open += Open(scale);
-  return open;
 }
 
 std::string SurveyForm::ClassIdText() const {

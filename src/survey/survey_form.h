@@ -40,10 +40,6 @@ class SurveyForm {
   void TypeOther(std::string text);
   bool OtherEnabled() const { return answers_.checks[0].test(kOtherItem); }
 
-  /// How many statements have not been rated, in one scale or in both.
-  int Open(const SurveyScale& scale) const;
-  int Open() const;
-
   /// Says where the answers were saved; empty once they have changed since.
   const std::string& SavedText() const { return savedText_; }
 

@@ -103,11 +103,12 @@ void WriteOfftask(const TidyRow& row, int position, Cells& cells) {
 }
 
 void WriteEstimates(const TidyRow& row, int position, Cells& cells) {
-  if (row.content.log) {
-    cells.Number(std::int64_t{row.content.log->estimates[static_cast<std::size_t>(position)]});
-  } else {
-    cells.Missing();
-  }
+  WriteNumberOf(
+      row.content.log,
+      [position](const LogFacts& log) {
+        return std::int64_t{log.estimates[static_cast<std::size_t>(position)]};
+      },
+      cells);
 }
 
 Columns CountColumns() {
@@ -153,19 +154,15 @@ Columns EstimateColumns() {
       {"offtask_weighted",
        OfftaskLabel("the means of the episodes with questions, weighted by their length"),
        ColumnType::number, [](const TidyRow& row, int, Cells& cells) {
-         if (row.summary->offtask) {
-           cells.Number(static_cast<float>(*row.summary->offtask));
-         } else {
-           cells.Missing();
-         }
+         WriteNumberOf(
+             row.summary->offtask, [](double mean) { return static_cast<float>(mean); }, cells);
        }}};
   Columns numbers = {{"estimates", "Number of off-task estimates, from the session log",
                       ColumnType::wholeNumber, [](const TidyRow& row, int, Cells& cells) {
-                        if (row.content.log) {
-                          cells.Number(std::int64_t{row.content.log->Estimates()});
-                        } else {
-                          cells.Missing();
-                        }
+                        WriteNumberOf(
+                            row.content.log,
+                            [](const LogFacts& log) { return std::int64_t{log.Estimates()}; },
+                            cells);
                       }}};
   for (const Activity& activity : kActivities) {
     const auto position = OfftaskPosition(activity.number);
@@ -188,11 +185,9 @@ Columns SurveyFileColumns() {
            0, YesNoValues()},
           {"statements_open", "Statements of the survey without a rating", ColumnType::wholeNumber,
            [](const TidyRow& row, int, Cells& cells) {
-             if (row.content.survey) {
-               cells.Number(std::int64_t{OpenStatements(row.content.survey->answers)});
-             } else {
-               cells.Missing();
-             }
+             WriteNumberOf(
+                 row.content.survey,
+                 [](const SurFile& survey) { return std::int64_t{survey.answers.Open()}; }, cells);
            }}};
 }
 

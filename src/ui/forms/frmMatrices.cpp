@@ -197,13 +197,13 @@ void frmMatrices::RefreshHint() {
 
 void frmMatrices::RefreshCounts() {
   for (std::size_t i = 0; i < kSurveyScales.size(); ++i) {
-    const int open = form_.Open(kSurveyScales[i]);
+    const int open = form_.Answers().Open(kSurveyScales[i].first, kSurveyScales[i].count);
     const QString left = open == 0 ? tr("complete") : tr("%1 open").arg(open);
     const QString title = tr("%1: %2").arg(ToQt(kSurveyScales[i].name), left);
     const int tab = ui_->pages->indexOf(PageOf(i).page);
     if (ui_->pages->tabText(tab) != title) ui_->pages->setTabText(tab, title);
   }
-  const int open = form_.Open();
+  const int open = form_.Answers().Open();
   ShowText(ui_->lblOpen, open == 0 ? tr("All %1 statements are rated").arg(kStatements)
                                    : tr("%1 of %2 statements open").arg(open).arg(kStatements));
 }
