@@ -142,6 +142,20 @@ ExitCode Run(const Console& console, Command command) try {
   return kFailed;
 }
 
+/// Lets `make` make the tables of what `command` names in their folder. Fails also when part of it
+/// could not be read.
+template <typename Command, typename Making>
+ExitCode RunOnSources(const Command& command, const Console& console, Making make) {
+  return Run(console, [&] {
+    auto sources = ReadSources(command.sources, console);
+    if (!sources) return kFailed;
+    const bool isWhole = sources->unread.empty();
+    const std::filesystem::path folder = TableFolder(*sources, command.output);
+    const ExitCode code = make(*std::move(sources), folder);
+    return isWhole ? code : kFailed;
+  });
+}
+
 /// A tidy table that has all its rows, but is not in its place yet.
 struct ReadTable {
   TidyTable tidy;
@@ -227,32 +241,21 @@ ExitCode MakeTidyTables(const TableCommand& command, const FileList& sources,
 }  // namespace
 
 ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console& console) {
-  return Run(console, [&] {
+  return RunOnSources(command, console, [&](FileList sources, const auto& folder) {
     const TableKind kind = TableOf(command.kind);
-    auto sources = ReadSources(command.sources, console);
-    if (!sources) return kFailed;
-    const bool isWhole = sources->unread.empty();
-    const std::filesystem::path folder = TableFolder(*sources, command.output);
-    auto files = FilesToJoin(kind, *std::move(sources), folder, console);
+    auto files = FilesToJoin(kind, std::move(sources), folder, console);
     if (!files) return kFailed;
     const auto table =
         ExportTo(folder, kind, *std::move(files),
                  command.keepGoing ? BadFile::isSkipped : BadFile::endsTheTable, storage, console);
-    const ExitCode code = Make(*table, console);
-    return isWhole ? code : kFailed;
+    return Make(*table, console);
   });
 }
 
 ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& console) {
-  return Run(console, [&] {
-    auto sources = ReadSources(command.sources, console);
-    if (!sources) return kFailed;
-    const bool isWhole = sources->unread.empty();
-    const std::filesystem::path folder = TableFolder(*sources, command.output);
-    const ExitCode code = command.sqlite
-                              ? MakeDatabase(*std::move(sources), folder, storage, console)
-                              : MakeTidyTables(command, *sources, folder, storage, console);
-    return code == kDone && isWhole ? kDone : kFailed;
+  return RunOnSources(command, console, [&](FileList sources, const auto& folder) {
+    return command.sqlite ? MakeDatabase(std::move(sources), folder, storage, console)
+                          : MakeTidyTables(command, sources, folder, storage, console);
   });
 }
 

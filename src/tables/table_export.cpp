@@ -14,11 +14,9 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Checks that `table` would replace no source, and removes stray temporary files from its folder.
-/// Returns `table`.
-fs::path Prepared(Storage& storage, fs::path table, const FileList& list) {
+void Prepare(Storage& storage, const fs::path& table, const FileList& list) {
   RequireNoSource(table, list);
   RemoveStrayTemporaries(storage, table.parent_path());
-  return table;
 }
 
 }  // namespace
@@ -46,24 +44,30 @@ FileList FilesFor(const TableKind& kind, FileList list) {
   return files;
 }
 
-TableExport::TableExport(Storage& storage, TableKind kind, FileList list, fs::path table,
-                         BadFile badFile)
+TableExport::TableExport(TableKind kind, FileList list, fs::path table, BadFile badFile,
+                         const Open& open)
     : kind_(std::move(kind)),
       list_(std::move(list)),
       count_(list_.files.size()),
-      table_(Prepared(storage, std::move(table), list_)),
+      table_(std::move(table)),
       badFile_(badFile),
-      file_(kind_.open ? kind_.open(storage, table_)
-                       : std::make_unique<TextTable>(storage, table_, kind_.header)),
+      file_(open(*this)),
       reading_(Count(), [this](std::size_t file) { return RowsOf(file); }) {}
 
+TableExport::TableExport(Storage& storage, TableKind kind, FileList list, fs::path table,
+                         BadFile badFile)
+    : TableExport(std::move(kind), std::move(list), std::move(table), badFile,
+                  [&storage](const TableExport& made) -> std::unique_ptr<TableFile> {
+                    Prepare(storage, made.table_, made.list_);
+                    if (made.kind_.open) return made.kind_.open(storage, made.table_);
+                    return std::make_unique<TextTable>(storage, made.table_, made.kind_.header);
+                  }) {}
+
 TableExport::TableExport(std::ostream& stream, TableKind kind, FileList list, BadFile badFile)
-    : kind_(std::move(kind)),
-      list_(std::move(list)),
-      count_(list_.files.size()),
-      badFile_(badFile),
-      file_(std::make_unique<StreamTable>(stream, kind_.header)),
-      reading_(Count(), [this](std::size_t file) { return RowsOf(file); }) {}
+    : TableExport(std::move(kind), std::move(list), {}, badFile,
+                  [&stream](const TableExport& made) {
+                    return std::make_unique<StreamTable>(stream, made.kind_.header);
+                  }) {}
 
 FileRows TableExport::RowsOf(std::size_t file) const {
   const ListedFile& listed = list_.files[file];

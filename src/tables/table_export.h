@@ -87,6 +87,10 @@ class TableExport {
   bool Commit();
 
  private:
+  using Open = std::function<std::unique_ptr<TableFile>(const TableExport& made)>;
+  TableExport(TableKind kind, FileList list, std::filesystem::path table, BadFile badFile,
+              const Open& open);
+
   FileRows RowsOf(std::size_t file) const;
 
   TableKind kind_;
