@@ -82,6 +82,12 @@ inline void FocusVisibly(QWidget* control) {
   control->setFocus(Qt::TabFocusReason);
 }
 
+/// Focuses `box` as Tab would, with its whole text selected.
+inline void FocusToReplace(QLineEdit* box) {
+  FocusVisibly(box);
+  box->selectAll();
+}
+
 /// Makes `label` stand out without taking the focus.
 inline void ShowAsWarning(QLabel* label) {
   label->setAutoFillBackground(true);

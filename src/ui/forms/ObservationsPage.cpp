@@ -162,14 +162,4 @@ bool ObservationsPage::CanOpen() const {
   return row && IsPossible(StudyAction::open, *row);
 }
 
-void ObservationsPage::FocusFilter() {
-  FocusVisibly(ui_.txtFilter);
-  ui_.txtFilter->selectAll();
-}
-
-void ObservationsPage::FocusTable() {
-  if (rows_.rowCount() > 0 && !ui_.tblObservations->CurrentRow()) ui_.tblObservations->GoTo(0);
-  FocusVisibly(ui_.tblObservations);
-}
-
 }  // namespace orvex

@@ -39,8 +39,6 @@ class ObservationsPage : public QObject {
   void MakeTables();
   /// Shows how far the observers of what is shown or selected agree.
   void ShowAgreement();
-  void FocusFilter();
-  void FocusTable();
 
  Q_SIGNALS:
   /// Another observation is current, or it has changed.

@@ -127,14 +127,4 @@ void QuestionsPage::ShowCurrent() {
                         codes.join(QLatin1String("   ")));
 }
 
-void QuestionsPage::FocusFilter() {
-  FocusVisibly(ui_.txtSearch);
-  ui_.txtSearch->selectAll();
-}
-
-void QuestionsPage::FocusTable() {
-  if (rows_.rowCount() > 0 && !ui_.tblQuestions->CurrentRow()) ui_.tblQuestions->GoTo(0);
-  FocusVisibly(ui_.tblQuestions);
-}
-
 }  // namespace orvex

@@ -33,8 +33,6 @@ class QuestionsPage : public QObject {
   bool CanOpen() const { return Current().has_value(); }
   /// Opens the current question in its editor.
   void Open();
-  void FocusFilter();
-  void FocusTable();
 
  Q_SIGNALS:
   /// Another question is current, or it has changed.

@@ -101,7 +101,7 @@ void frmStudy::ConnectKeys() {
     connect(new QShortcut(keys, this), &QShortcut::activated, this, work);
   };
   key(QKeySequence::Find,
-      [this] { ShowsQuestions() ? questions_->FocusFilter() : observations_->FocusFilter(); });
+      [this] { FocusToReplace(ShowsQuestions() ? ui_->txtSearch : ui_->txtFilter); });
   key(QKeySequence(Qt::Key_F5), [this] { ui_->cmdReload->click(); });
   key(QKeySequence(Qt::CTRL | Qt::Key_Tab), [this] { TurnPage(1); });
   key(QKeySequence(Qt::CTRL | Qt::Key_PageDown), [this] { TurnPage(1); });
@@ -179,7 +179,7 @@ void frmStudy::OpenCurrent() {
 }
 
 void frmStudy::FocusTable() {
-  ShowsQuestions() ? questions_->FocusTable() : observations_->FocusTable();
+  (ShowsQuestions() ? ui_->tblQuestions : ui_->tblObservations)->FocusRows();
 }
 
 bool frmStudy::ShowsQuestions() const {

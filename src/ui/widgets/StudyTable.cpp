@@ -9,6 +9,8 @@
 #include <QStyleOptionHeader>
 #include <algorithm>
 
+#include "ui/show.h"
+
 namespace orvex {
 namespace {
 
@@ -172,6 +174,11 @@ void StudyTable::GoTo(std::size_t row) {
   const int column = std::max(0, currentIndex().column());
   setCurrentIndex(rows_->index(static_cast<int>(row), column));
   scrollTo(currentIndex());
+}
+
+void StudyTable::FocusRows() {
+  if (rows_->rowCount() > 0 && !CurrentRow()) GoTo(0);
+  FocusVisibly(this);
 }
 
 void StudyTable::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -40,6 +40,8 @@ class StudyTable : public QTableView {
   std::optional<std::size_t> CurrentRow() const;
   /// Makes `row` the current and the only selected one, and shows it.
   void GoTo(std::size_t row);
+  /// Gives the table the focus; if no row is current, the first one becomes so.
+  void FocusRows();
   /// The selected rows, from top to bottom.
   std::vector<std::size_t> SelectedRows() const;
   /// Gives each column its usual width.
