@@ -112,9 +112,10 @@ fs::path Companion(const fs::path& file, FileKind kind) {
   const KindNames& names = NamesOf(kind);
   fs::path beside = FileIn(file.parent_path(), file.stem(), names);
   if (!beside.empty()) return beside;
-  // A path from the class's own folder does not say in which tree it is.
+  // A path from the class's own folder does not say in which tree it is, and one that names "."
+  // ("EPS/./5/12") has a folder too many.
   std::error_code unknown;
-  const fs::path whole = fs::absolute(file, unknown).lexically_normal();  // "EPS/./5": "." was named
+  const fs::path whole = fs::absolute(file, unknown).lexically_normal();
   const fs::path inTree = FolderInTree(whole.parent_path(), names);
   return inTree.empty() ? fs::path() : FileIn(inTree, file.stem(), names);
 }
