@@ -13,7 +13,7 @@ namespace orvex {
 namespace {
 
 namespace fs = std::filesystem;
-using test::Kept;
+using test::KeptConsole;
 
 const fs::path kRepeats = test::TestData("pairs/EPS/34/9/34-9-1.eps");
 const fs::path kRepeatsAgain = test::TestData("pairs/EPS/34/9/34-9-2.eps");
@@ -23,7 +23,7 @@ TEST(AgreeCommand, TakesAndSavesThePairsOfTwoFiles) {
   Storage storage;
   for (const test::SamplePair& sample : test::SamplePairs()) {
     SCOPED_TRACE(sample.name);
-    Kept kept;
+    KeptConsole kept;
     EXPECT_EQ(RunAgree({.sources = {sample.first, sample.second},
                         .json = true,
                         .pairs = sample.truePairs,
@@ -75,7 +75,7 @@ TEST(AgreeCommand, SaysWhatIsWrongWithTwoFiles) {
        "none/pairs.csv: "},
   };
   for (const auto& [command, code, tells, err] : cases) {
-    Kept kept;
+    KeptConsole kept;
     SCOPED_TRACE(err);
     EXPECT_EQ(RunAgree(command, storage, kept.console), code);
     EXPECT_EQ(!kept.out.str().empty(), tells);
@@ -95,7 +95,7 @@ TEST(AgreeCommand, ComparesAStudyWithoutWhatCannotBeRead) {
   fs::copy(test::TestData("pairs/EPS"), folder / "EPS", fs::copy_options::recursive);
   test::PutFile(folder / "EPS/1/1/1-1-1.eps", "broken");
   fs::create_directory(folder / "out");
-  Kept kept;
+  KeptConsole kept;
   EXPECT_EQ(RunAgree({.sources = {folder.Path()}, .json = true, .csv = folder / "out"}, storage,
                      kept.console),
             kFailed);
@@ -134,7 +134,7 @@ TEST(AgreeCommand, ComparesAStudyWithoutWhatCannotBeRead) {
   test::PutFile(folder / "out/agreement_pairs.csv", "earlier");
   fs::remove(folder / "out/agreement_icc.csv");
   fs::create_directory(folder / "out/agreement_icc.csv");
-  Kept again;
+  KeptConsole again;
   RunAgree({.sources = {folder.Path()}, .csv = folder / "out"}, storage, again.console);
   EXPECT_EQ(test::FileBytes(folder / "out/agreement_pairs.csv"), "earlier");
 }
@@ -143,7 +143,7 @@ TEST(AgreeCommand, SaysThatThereAreNoPairs) {
   const test::TestFolder folder;
   Storage storage;
   test::PutFile(folder / "34-9-1.eps", test::FileBytes(kRepeats));
-  Kept kept;
+  KeptConsole kept;
   EXPECT_EQ(RunAgree({.sources = {folder.Path()}}, storage, kept.console), kFailed);
   EXPECT_EQ(kept.Take(kept.err, folder.Path()),
             "warning: 34-9-1.eps: there is no other observation of this class on this day.\n"

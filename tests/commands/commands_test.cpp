@@ -26,7 +26,7 @@
 namespace orvex {
 namespace {
 
-using test::Kept;
+using test::KeptConsole;
 
 void CopySample(const std::string& sample, const std::filesystem::path& to) {
   test::PutFile(to, test::FileBytes(test::TestData(sample)));
@@ -75,7 +75,7 @@ TEST(Commands, ExportSaysHowItWentInItsExitCode) {
   };
   for (const auto& [list, keepGoing, code, out, err] : cases) {
     SCOPED_TRACE(list);
-    Kept kept;
+    KeptConsole kept;
     Storage storage;
     test::PutFile(folder / "LIST.TXT", list);
     EXPECT_EQ(RunExport(ExportCommand{.sources = {folder / "LIST.TXT"},
@@ -118,7 +118,7 @@ TEST(Commands, AStopLeavesTheEarlierTablesAtAnyMoment) {
   };
   for (const auto& [stop, exports, err] : cases) {
     SCOPED_TRACE(stop);
-    Kept kept;
+    KeptConsole kept;
     Storage storage;
     kept.console.showsProgress = true;
     int asked = 0;
@@ -149,7 +149,7 @@ TEST(Commands, SourcesThatNameNothingOrCannotBeReadLeaveTheEarlierTable) {
       {"17-17-7.NTE", "17-17-7.NTE: expected an episode file (.eps) or survey file (.sur)\n"},
   };
   for (const auto& [source, err] : cases) {
-    Kept kept;
+    KeptConsole kept;
     Storage storage;
     EXPECT_EQ(
         RunExport({.sources = {folder / source}, .output = folder.Path()}, storage, kept.console),
@@ -157,7 +157,7 @@ TEST(Commands, SourcesThatNameNothingOrCannotBeReadLeaveTheEarlierTable) {
     EXPECT_EQ(kept.Take(kept.err, folder.Path()), err);
     EXPECT_EQ(test::FileBytes(folder / "EPSDATA.TXT"), "earlier");
   }
-  Kept kept;
+  KeptConsole kept;
   Storage storage;
   EXPECT_EQ(RunTable({.tables = {TidyTable::survey},
                       .sources = {folder / "EMPTY.TXT"},
@@ -189,7 +189,7 @@ TEST(Commands, FoldersWithoutRightsAreToldWhileTheRestIsRead) {
       {"check", [&](const Console& c) { return RunCheck(sources, c); }},
   };
   for (const auto& [name, run] : commands) {
-    Kept kept;
+    KeptConsole kept;
     EXPECT_EQ(run(kept.console), kFailed) << name;
     EXPECT_EQ(kept.Take(kept.err, folder.Path()), "locked: Permission denied\n") << name;
     EXPECT_NE(kept.out.str(), "") << name;
@@ -202,7 +202,7 @@ TEST(Commands, ACodebookThatCannotBeWrittenIsToldBesideItsNewTable) {
   const test::TestFolder folder;
   CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
   std::filesystem::create_directories(folder / "episodes.R");
-  Kept kept;
+  KeptConsole kept;
   Storage storage;
   EXPECT_EQ(RunTable({.tables = {TidyTable::episodes},
                       .sources = {folder / "17-17-7.eps"},
@@ -223,7 +223,7 @@ TEST(Commands, TableAndCodebookNeverTakeThePlaceOfTheList) {
   const test::TestFolder folder;
   CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
   Storage storage;
-  Kept kept;
+  KeptConsole kept;
   for (const char* name : {"questions.csv", "questions-codebook.csv"}) {
     test::PutFile(folder / name, "17-17-7\n");
     EXPECT_EQ(RunTable(TableCommand{.tables = {TidyTable::questions},
@@ -251,7 +251,7 @@ TEST(Commands, NoTextSteersTheTerminal) {
   observation.header.ObservDate = "\x1B[2J";
   Storage storage;
   WriteEpsFile(storage, folder / "5-12-3.eps", observation.header, observation.Episodes);
-  Kept kept;
+  KeptConsole kept;
   RunReport(ReportCommand{{folder / "5-12-3.eps"}}, kept.console);
   EXPECT_EQ((kept.out.str() + kept.err.str()).find_first_of("\x1B\x80"), std::string::npos);
   EXPECT_NE(kept.out.str().find(R"(School 5\xE2\x80\xAE, Class)"), std::string::npos);
@@ -276,7 +276,7 @@ TEST(Commands, CheckNamesWhatIsMissingAndGoesOnAfterABadFile) {
   CopySample("class/17-17-7.sur", folder / "17-17-7.sur");
   CopySample("bad/noise.sur", folder / "bad.SUR");
 
-  Kept kept;
+  KeptConsole kept;
   EXPECT_EQ(
       RunCheck({folder / "5-12-3.eps", folder / "bad.SUR", folder / "17-17-7.sur"}, kept.console),
       kFailed);
@@ -330,7 +330,7 @@ TEST(Commands, ReportSaysInJsonWhatAnotherProgramSays) {
     for (const auto& entry : std::filesystem::directory_iterator(folder / "expected")) {
       if (entry.path().extension() != ".json") continue;
       SCOPED_TRACE(entry.path().string());
-      Kept kept;
+      KeptConsole kept;
       const auto eps = folder / entry.path().filename().replace_extension(".eps");
       EXPECT_EQ(RunReport(ReportCommand{{eps}, true}, kept.console), kDone);
       const std::string text = kept.out.str();
@@ -340,7 +340,7 @@ TEST(Commands, ReportSaysInJsonWhatAnotherProgramSays) {
           QJsonDocument::fromJson(QByteArray::fromStdString(test::FileBytes(entry.path())));
       EXPECT_EQ(found[QLatin1String("file")].toString().toStdString(), eps.string());
       EXPECT_EQ(found[QLatin1String("schema")].toInt(), 1);
-      Kept reading;
+      KeptConsole reading;
       const auto observation = ReadEpisodes(eps, "", reading.console);
       ASSERT_TRUE(observation);
       ExpectHolds(expected.object(), test::InOlderKeys(found, *observation), "");
@@ -355,7 +355,7 @@ TEST(Commands, ReportWritesEveryEpisodeAndGoesOnAfterABadFile) {
   CopySample("class/17-17-7.eps", folder / "17-17-7.eps");
   CopySample("bad/noise.eps", folder / "5-12-3.eps");
   for (const bool json : {false, true}) {
-    Kept kept;
+    KeptConsole kept;
     EXPECT_EQ(RunReport(ReportCommand{{folder / "5-12-3.eps", folder / "17-17-7.eps"}, json},
                         kept.console),
               kFailed);

@@ -9,7 +9,7 @@
 namespace orvex::test {
 
 /// A console that keeps what is written to its streams.
-struct Kept {
+struct KeptConsole {
   std::ostringstream out;
   std::ostringstream err;
   std::istringstream in;
