@@ -178,8 +178,7 @@ void AgreementQuestions::ShowCurrent() {
 }
 
 void AgreementQuestions::FocusTable() {
-  if (rows_.rowCount() > 0 && !ui_.tblPairs->CurrentRow()) ui_.tblPairs->GoTo(0);
-  FocusVisibly(ui_.tblPairs);
+  ui_.tblPairs->FocusRows();
 }
 
 }  // namespace orvex
