@@ -36,6 +36,7 @@ std::optional<double> IccA1(const std::vector<std::vector<double>>& ratings) {
   std::vector<double> raterMeans;
   for (std::size_t rater = 0; rater < raters; ++rater) {
     std::vector<double> ofRater;
+    ofRater.reserve(things.size());
     for (const std::vector<double>& thing : things) ofRater.push_back(thing[rater]);
     raterMeans.push_back(MeanOf(ofRater));
   }

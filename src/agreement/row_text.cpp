@@ -18,9 +18,9 @@ std::string_view LetterOf(const ComparedDimension& compared, const questionInfo&
 std::string MeaningOf(const ComparedDimension& compared, const questionInfo& question) {
   const auto code = compared.CodeOf(question);
   if (!code) return "left out";
-  const std::string letter(compared.letters.substr(*code, 1));
-  if (!compared.dimension) return letter;
-  return letter + " (" + std::string(SchemeOf(*compared.dimension).meanings[*code]) + ")";
+  std::string meaning(compared.letters.substr(*code, 1));
+  if (!compared.dimension) return meaning;
+  return meaning.append(" (").append(SchemeOf(*compared.dimension).meanings[*code]).append(")");
 }
 
 std::string LineOf(const std::string& name, const AskedQuestion& asked) {
@@ -45,9 +45,9 @@ std::string DifferenceText(const PairRow& row) {
   if (!row.pair.IsOfBoth()) return text;
   for (const std::size_t position : row.differing) {
     const ComparedDimension& compared = ComparedDimensions()[position];
-    text += (text.empty() ? "" : ", ") + std::string(compared.label) + " " +
-            std::string(LetterOf(compared, *row.first->question)) + " / " +
-            std::string(LetterOf(compared, *row.second->question));
+    text.append(text.empty() ? "" : ", ").append(compared.label).append(" ");
+    text.append(LetterOf(compared, *row.first->question)).append(" / ");
+    text.append(LetterOf(compared, *row.second->question));
   }
   return text;
 }
@@ -61,9 +61,9 @@ std::string DetailsOf(const Comparison& comparison, const PairRow& row) {
   if (!row.pair.IsOfBoth()) return text;
   for (const std::size_t position : row.differing) {
     const ComparedDimension& compared = ComparedDimensions()[position];
-    text += std::string(compared.label) + ": " + first + " " +
-            MeaningOf(compared, *row.first->question) + ", " + second + " " +
-            MeaningOf(compared, *row.second->question) + "\n";
+    text.append(compared.label).append(": ").append(first).append(" ");
+    text.append(MeaningOf(compared, *row.first->question)).append(", ").append(second);
+    text.append(" ").append(MeaningOf(compared, *row.second->question)).append("\n");
   }
   return text;
 }

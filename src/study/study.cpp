@@ -275,6 +275,7 @@ std::string Study::TextOf(const std::vector<std::size_t>& positions,
   std::string text;
   const auto addLine = [&](auto cellOf) {
     std::vector<std::string> cells;
+    cells.reserve(columns.size());
     for (const StudyColumn column : columns) cells.emplace_back(cellOf(column));
     AddTabbedLine(text, cells);
   };

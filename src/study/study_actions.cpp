@@ -150,6 +150,7 @@ void StudyActions::ShowAgreement(const Study& study, const std::vector<std::size
   }
   if (isOnePair) std::ranges::stable_sort(rows, {}, ObservationNumber);
   std::vector<fs::path> files;
+  files.reserve(rows.size());
   for (const StudyRow* row : rows) files.push_back(row->File(FileKind::episodes));
   services_.program = before_;
   if (isOnePair) {
