@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
+#include <system_error>
 #include <tuple>
 #include <utility>
 
 #include "recovery/kept_content.h"
-#include "store/folder_entries.h"
 
 namespace orvex {
 namespace {
@@ -46,18 +46,24 @@ class Search {
   int Enter(const std::string& folder, const fs::path& fromStart) {
     const std::string name = (NameOfFolder(fromStart) / "").string();
     std::vector<std::string> folders;
-    const int error = ForEachEntry(folder, [&](std::string_view entry, EntryKind kind) {
-      if (kind == EntryKind::folder) folders.emplace_back(entry);
-      if (kind == EntryKind::file) Add(folder, entry, name);
-      return !Stops();
-    });
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error); entry != fs::directory_iterator() && !Stops();
+         entry.increment(error)) {
+      std::error_code unknown;
+      const std::string entryName = entry->path().filename().string();
+      if (entry->is_regular_file(unknown)) {
+        Add(folder, entryName, name);
+      } else if (entry->is_directory(unknown) && !entry->is_symlink(unknown)) {
+        folders.push_back(entryName);
+      }
+    }
     for (const std::string& inner : folders) {
       if (Stops()) break;
       const std::string path = InFolder(folder, inner);
       const int innerError = Enter(path, fromStart / inner);
       if (innerError != 0 && innerError != ENOENT) unread_.emplace_back(path, innerError);
     }
-    return error;
+    return error.value();
   }
 
   FoundFiles Sorted() {
