@@ -7,6 +7,7 @@
 #include "agreement/share_of_both.h"
 #include "model/texts.h"
 #include "model/time_of_day.h"
+#include "store/paths.h"
 #include "store/printable_text.h"
 
 namespace orvex {
@@ -27,7 +28,8 @@ struct ClassMark {
 void RemarkOn(const ObservedClass& first, const ObservedClass& second, Agreement& agreement) {
   const Agreement::Observer& a = agreement.first;
   const Agreement::Observer& b = agreement.second;
-  const auto classOf = [](const Identity& identity) {
+  const auto classOf = [](Identity identity) {
+    NormaliseNumbers(identity);
     return identity.SchoolNum + "-" + identity.ClassNum;
   };
   const std::array<ClassMark, 2> marks = {

@@ -204,6 +204,8 @@ AgreementStudy CompareAll(const std::vector<std::filesystem::path>& files,
   MakeAll<FoundClass>(
       files.size(), [&](std::size_t file) { return FindClass(files[file]); }, stops, unread,
       [&](FoundClass observation) { found.push_back(std::move(observation)); });
+  // Who has no partner is known once all have been found.
+  if (stops && stops()) found.clear();
   const std::vector<FilePair> toCompare = PairsOf(std::move(found), remarks);
   std::vector<StudyPair> pairs;
   MakeAll<StudyPair>(

@@ -3,13 +3,16 @@
 #include <algorithm>
 #include <charconv>
 #include <optional>
+#include <system_error>
 #include <vector>
 
 #include "store/durable_file.h"
+#include "store/file_error.h"
 #include "store/format_error.h"
 #include "store/numbers.h"
 #include "store/printable_text.h"
 #include "store/text_encoding.h"
+#include "study/file_kind.h"
 
 namespace orvex {
 namespace {
@@ -145,6 +148,10 @@ QuestionPairs ParsePairTable(const std::string& bytes, std::size_t firstCount,
 
 void WritePairTable(const std::filesystem::path& file, const QuestionPairs& pairs,
                     Storage& storage) {
+  std::error_code unknown;
+  if (KindOf(std::filesystem::canonical(file, unknown)) != FileKind::other) {
+    throw FileError(file, "this is an observation's file, which the pairs would replace");
+  }
   ReplaceFile(storage, file, PairTableText(pairs));
 }
 

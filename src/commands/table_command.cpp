@@ -254,8 +254,11 @@ ExitCode RunExport(const ExportCommand& command, Storage& storage, const Console
 
 ExitCode RunTable(const TableCommand& command, Storage& storage, const Console& console) {
   return RunOnSources(command, console, [&](FileList sources, const auto& folder) {
-    return command.sqlite ? MakeDatabase(std::move(sources), folder, storage, console)
-                          : MakeTidyTables(command, sources, folder, storage, console);
+    const ExitCode code = command.sqlite
+                              ? MakeDatabase(std::move(sources), folder, storage, console)
+                              : MakeTidyTables(command, sources, folder, storage, console);
+    // Tidy tables leave out what they cannot read: whatever there is to report is missing in them.
+    return code == kDone ? kDone : kFailed;
   });
 }
 

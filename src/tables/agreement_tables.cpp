@@ -36,7 +36,7 @@ void Write(float number, Csv& csv) {
   csv.Number(number);
 }
 void Write(double figure, Csv& csv) {
-  csv.Number(static_cast<float>(figure));
+  csv.Number(figure);
 }
 template <typename Value>
 void Write(const std::optional<Value>& value, Csv& csv) {

@@ -15,6 +15,16 @@
 namespace orvex {
 namespace {
 
+template <typename Number>
+std::string FixedDigits(Number number) {
+  if (number == 0) return "0";  // a negative zero as well
+  // The smallest single has 45 digits behind its point, the smallest double 324.
+  std::array<char, 352> digits{};
+  const auto end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
+  return {digits.data(), end.ptr};
+}
+
 bool IsControl(char c) {
   return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
 }
@@ -82,6 +92,10 @@ void Csv::Number(float number) {
   Code(DigitsOf(number));
 }
 
+void Csv::Number(double number) {
+  Code(DigitsOf(number));
+}
+
 void Csv::Seconds(double seconds) {
   Code(WholeSecondsText(seconds));
 }
@@ -102,11 +116,11 @@ std::string WithoutControls(std::string_view text) {
 }
 
 std::string DigitsOf(float number) {
-  if (number == 0) return "0";    // a negative zero as well
-  std::array<char, 64> digits{};  // the smallest single has 45 behind its point
-  const auto end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
-  return {digits.data(), end.ptr};
+  return FixedDigits(number);
+}
+
+std::string DigitsOf(double number) {
+  return FixedDigits(number);
 }
 
 std::optional<float> TypedSingle(std::string_view text) {

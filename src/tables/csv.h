@@ -21,6 +21,8 @@ class Csv final : public Cells {
   void Code(std::string_view code) override;
   void Number(std::int64_t number) override;
   void Number(float number) override;
+  /// In as few digits as bring the number back.
+  void Number(double number);
   void Seconds(double seconds) override;
   void Missing() override;
   void EndLine();
@@ -34,8 +36,9 @@ class Csv final : public Cells {
 
 /// `text` with blanks in place of control characters, which readers of tables choke on.
 std::string WithoutControls(std::string_view text);
-/// The shortest digits of a single, without an exponent.
+/// The shortest digits that bring the number back, without an exponent.
 std::string DigitsOf(float number);
+std::string DigitsOf(double number);
 /// A number that somebody typed; nothing for any other text, and for one beyond a single.
 std::optional<float> TypedSingle(std::string_view text);
 /// "mm-dd-yyyy" as "yyyy-mm-dd"; empty when it is no date.

@@ -53,22 +53,14 @@ void AgreementQuestions::ConnectButtons() {
   button(ui_.cmdPair, [this] { Change([this] { return do_.Pair(Selected()); }); });
   button(ui_.cmdUnpair,
          [this] { Change([this] { return std::optional(comparison_.Unpair(*Current())); }); });
-  const auto stay = [this](auto change) {
-    return [this, change] {
-      Change([this, change] {
-        (comparison_.*change)();
-        return std::optional<std::size_t>();
-      });
-    };
-  };
-  button(ui_.cmdUndo, stay(&Comparison::Undo));
-  button(ui_.cmdWords, stay(&Comparison::PairByWords));
+  button(ui_.cmdUndo, [this] { ChangeAll(&Comparison::Undo); });
+  button(ui_.cmdWords, [this] { ChangeAll(&Comparison::PairByWords); });
   button(ui_.cmdFirst, [this] { Open(Side::first); });
   button(ui_.cmdSecond, [this] { Open(Side::second); });
   for (const QKeySequence& keys : KeysOf(Way::redo)) {
     auto* redo = new QShortcut(keys, ui_.questionsPage);
-    connect(redo, &QShortcut::activated, this, [this, stay] {
-      if (comparison_.CanRedo()) stay (&Comparison::Redo)();
+    connect(redo, &QShortcut::activated, this, [this] {
+      if (comparison_.CanRedo()) ChangeAll(&Comparison::Redo);
     });
   }
   auto* copy = new QAction(tr("&Copy Rows"), this);
@@ -143,6 +135,11 @@ void AgreementQuestions::Step(bool forward) {
     row = comparison_.NextDisagreement(*row, forward, DimensionShown());
     if (row && std::ranges::binary_search(rows_.Shown(), *row)) return GoTo(*row);
   }
+}
+
+void AgreementQuestions::ChangeAll(void (Comparison::*change)()) {
+  (comparison_.*change)();
+  Q_EMIT PairsChanged();
 }
 
 /// Changes the pairs and goes to the row that the change returns.

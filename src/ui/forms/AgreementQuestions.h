@@ -50,6 +50,7 @@ class AgreementQuestions : public QObject {
   std::vector<std::size_t> Selected() const;
   void GoTo(std::size_t position);
   void Step(bool forward);
+  void ChangeAll(void (Comparison::*change)());
   void Change(const std::function<std::optional<std::size_t>()>& change);
   void Copy() const;
   void ShowCurrent();

@@ -89,8 +89,8 @@ void AgreementTables::Refresh() {
   const int column = std::max(0, current.column());
   table_.Show(dimension ? ViewOf(agreement.codes[*dimension]) : ViewOf(agreement.activities));
   ui_.tblCodes->resizeColumnsToContents();
-  for (int column = 0; column < table_.columnCount(); ++column) {
-    ui_.tblCodes->setColumnWidth(column, ui_.tblCodes->columnWidth(column) + kPadding);
+  for (int shown = 0; shown < table_.columnCount(); ++shown) {
+    ui_.tblCodes->setColumnWidth(shown, ui_.tblCodes->columnWidth(shown) + kPadding);
   }
   const int last = table_.rowCount() - 1;
   ui_.tblCodes->setCurrentIndex(table_.index(std::min(row, last), std::min(column, last)));
