@@ -96,7 +96,7 @@ void RequireOrder(const std::vector<std::optional<std::size_t>>& partners, const
   for (std::size_t first = 0; first < partners.size(); ++first) {
     if (!partners[first]) continue;
     if (last && *partners[first] < *partners[*last]) {
-      const auto [before, after] = std::minmax(places.LineOf(*last), places.LineOf(first));
+      const auto [before, after] = std::minmax({places.LineOf(*last), places.LineOf(first)});
       throw FormatError(FilePlace{after},
                         "the pair crosses the one of line " + std::to_string(before) +
                             ": both observers heard the questions in the same order");
