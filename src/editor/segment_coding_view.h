@@ -25,7 +25,7 @@ struct SegmentCodingView {
   const SubCodeScheme* subCategory = nullptr;  ///< the sub-category shown, if one is
 
   std::string about;
-  std::array<int, kSubCodeCount> chosen;  ///< by SubCode
+  std::array<int, kSubCodeCount> chosen{};  ///< by SubCode
 };
 
 /// The layout for the segment's activity, filled with the segment's codes.
