@@ -8,9 +8,9 @@
 #include "agreement/figure_text.h"
 #include "agreement/observer_name.h"
 #include "agreement/row_text.h"
-#include "agreement/text_lines.h"
 #include "model/activities.h"
 #include "model/wording.h"
+#include "study/tabbed_text.h"
 
 namespace orvex {
 namespace {
@@ -25,28 +25,29 @@ struct Names {
 };
 
 void AppendOrigin(const Agreement& agreement, std::string& text) {
-  AppendLine(text, {"OBSERVERS", "File", "Initials", "Date"});
-  AppendLine(text, {"First", agreement.first.file, agreement.first.identity.Initials,
-                    agreement.first.date});
-  AppendLine(text, {"Second", agreement.second.file, agreement.second.identity.Initials,
-                    agreement.second.date});
+  AddTabbedLine(text, {"OBSERVERS", "File", "Initials", "Date"});
+  AddTabbedLine(text, {"First", agreement.first.file, agreement.first.identity.Initials,
+                       agreement.first.date});
+  AddTabbedLine(text, {"Second", agreement.second.file, agreement.second.identity.Initials,
+                       agreement.second.date});
   static constexpr std::array<std::string_view, 3> kFrom = {
       "from the session logs", "as it was stated", "not known: both are taken to begin together"};
-  AppendLine(text, {"The second began later by (seconds)", std::to_string(agreement.offset.seconds),
-                    kFrom[static_cast<std::size_t>(agreement.offset.from)]});
-  for (const std::string& remark : agreement.remarks) AppendLine(text, {"Remark", remark});
+  AddTabbedLine(text,
+                {"The second began later by (seconds)", std::to_string(agreement.offset.seconds),
+                 kFrom[static_cast<std::size_t>(agreement.offset.from)]});
+  for (const std::string& remark : agreement.remarks) AddTabbedLine(text, {"Remark", remark});
 }
 
 void AppendActivities(const Agreement& agreement, const Names& names, std::string& text) {
   const ActivityAgreement& activities = agreement.activities;
   const std::string within = "Kappa within " + std::to_string(activities.tolerance) + " s, ";
   text += "\n";
-  AppendLine(text, {"ACTIVITIES", "Second by second"});
-  AppendLine(text, {"Seconds of both", WholeSecondsText(agreement.overlap)});
-  AppendLine(text, {"Percent", PercentText(activities.table)});
-  AppendLine(text, {"Kappa", KappaText(activities.table)});
-  AppendLine(text, {within + names.first + " first", KappaText(activities.tolerantFirst)});
-  AppendLine(text, {within + names.second + " first", KappaText(activities.tolerantSecond)});
+  AddTabbedLine(text, {"ACTIVITIES", "Second by second"});
+  AddTabbedLine(text, {"Seconds of both", WholeSecondsText(agreement.overlap)});
+  AddTabbedLine(text, {"Percent", PercentText(activities.table)});
+  AddTabbedLine(text, {"Kappa", KappaText(activities.table)});
+  AddTabbedLine(text, {within + names.first + " first", KappaText(activities.tolerantFirst)});
+  AddTabbedLine(text, {within + names.second + " first", KappaText(activities.tolerantSecond)});
 }
 
 /// How many things each of the two has, and how many are of both.
@@ -55,11 +56,11 @@ void AppendCounts(std::string_view heading, const Names& names,
                   std::string& text) {
   const auto& [first, second, both] = counts;
   text += "\n";
-  AppendLine(text, {heading, names.first, names.second, "Both", "Only " + names.first,
-                    "Only " + names.second, "Share"});
-  AppendLine(text,
-             {"", std::to_string(first), std::to_string(second), std::to_string(both),
-              std::to_string(first - both), std::to_string(second - both), FigureText(share)});
+  AddTabbedLine(text, {heading, names.first, names.second, "Both", "Only " + names.first,
+                       "Only " + names.second, "Share"});
+  AddTabbedLine(text,
+                {"", std::to_string(first), std::to_string(second), std::to_string(both),
+                 std::to_string(first - both), std::to_string(second - both), FigureText(share)});
 }
 
 std::string PercentOf(const RespondentAgreement& respondent) {
@@ -69,44 +70,44 @@ std::string PercentOf(const RespondentAgreement& respondent) {
 
 void AppendCodes(const Agreement& agreement, std::string& text) {
   text += "\n";
-  AppendLine(text, {"CODES", "n", "Left out by one", "Left out by both", "Percent", "Kappa",
-                    "95 % from", "to", "AC1"});
+  AddTabbedLine(text, {"CODES", "n", "Left out by one", "Left out by both", "Percent", "Kappa",
+                       "95 % from", "to", "AC1"});
   for (const CodeAgreement& codes : agreement.codes) {
     const auto interval = KappaInterval(codes.table);
-    AppendLine(text, {codes.compared->label, std::to_string(codes.table.Total()),
-                      std::to_string(codes.leftOut), std::to_string(codes.neither),
-                      PercentText(codes.table), KappaText(codes.table),
-                      interval ? FigureText(interval->low) : "",
-                      interval ? FigureText(interval->high) : "", Ac1Text(codes.table)});
+    AddTabbedLine(text, {codes.compared->label, std::to_string(codes.table.Total()),
+                         std::to_string(codes.leftOut), std::to_string(codes.neither),
+                         PercentText(codes.table), KappaText(codes.table),
+                         interval ? FigureText(interval->low) : "",
+                         interval ? FigureText(interval->high) : "", Ac1Text(codes.table)});
   }
-  AppendLine(text, {"Who answered", std::to_string(agreement.respondent.both), "", "",
-                    PercentOf(agreement.respondent)});
+  AddTabbedLine(text, {"Who answered", std::to_string(agreement.respondent.both), "", "",
+                       PercentOf(agreement.respondent)});
 }
 
 void AppendOfftask(const Agreement& agreement, const Names& names, std::string& text) {
   text += "\n";
-  AppendLine(text, {"OFFTASK", names.first, names.second, "Difference"});
+  AddTabbedLine(text, {"OFFTASK", names.first, names.second, "Difference"});
   for (const Activity& activity : kActivities) {
     const auto position = OfftaskPosition(activity.number);
     if (!position) continue;
     const double first = agreement.firstOfftask[*position];
     const double second = agreement.secondOfftask[*position];
-    AppendLine(text, {activity.name, FigureText(first), FigureText(second),
-                      first == 0 || second == 0 ? "not counted" : FigureText(second - first)});
+    AddTabbedLine(text, {activity.name, FigureText(first), FigureText(second),
+                         first == 0 || second == 0 ? "not counted" : FigureText(second - first)});
   }
 }
 
 void AppendSurvey(const SurveyAgreement& survey, std::string& text) {
   text += "\n";
-  AppendLine(text,
-             {"SURVEY", "n", "Left out by one", "Equal", "At most one apart", "Percent", "Kappa"});
-  AppendLine(text, {"Statements", std::to_string(survey.ratings.Total()),
-                    std::to_string(survey.leftOut), std::to_string(survey.ratings.Agreed()),
-                    std::to_string(survey.WithinOne()), PercentText(survey.ratings),
-                    FigureText(WeightedKappa(survey.ratings), KappaUndefined(survey.ratings))});
-  AppendLine(text, {"Check lists", std::to_string(survey.items.Total()), "",
-                    std::to_string(survey.items.Agreed()), "", PercentText(survey.items),
-                    KappaText(survey.items)});
+  AddTabbedLine(
+      text, {"SURVEY", "n", "Left out by one", "Equal", "At most one apart", "Percent", "Kappa"});
+  AddTabbedLine(text, {"Statements", std::to_string(survey.ratings.Total()),
+                       std::to_string(survey.leftOut), std::to_string(survey.ratings.Agreed()),
+                       std::to_string(survey.WithinOne()), PercentText(survey.ratings),
+                       FigureText(WeightedKappa(survey.ratings), KappaUndefined(survey.ratings))});
+  AddTabbedLine(text, {"Check lists", std::to_string(survey.items.Total()), "",
+                       std::to_string(survey.items.Agreed()), "", PercentText(survey.items),
+                       KappaText(survey.items)});
 }
 
 /// A code of a table, and what it is called.
@@ -187,14 +188,14 @@ std::string ConfusionText(const Agreement& agreement, std::optional<std::size_t>
 std::string DisagreementsText(const Comparison& comparison) {
   const Names names(comparison.Result());
   std::string text;
-  AppendLine(text, {"Disagreement", names.first, "Question", names.second, "Question", "Codes"});
+  AddTabbedLine(text, {"Disagreement", names.first, "Question", names.second, "Question", "Codes"});
   for (const PairRow& row : comparison.Rows()) {
     if (!row.IsDisagreement()) continue;
     const auto textOf = [](const AskedQuestion* asked) {
       return asked == nullptr ? std::string_view() : std::string_view(asked->question->question);
     };
-    AppendLine(text, {MarkOf(comparison, row), PlaceText(row.first), textOf(row.first),
-                      PlaceText(row.second), textOf(row.second), DifferenceText(row)});
+    AddTabbedLine(text, {MarkOf(comparison, row), PlaceText(row.first), textOf(row.first),
+                         PlaceText(row.second), textOf(row.second), DifferenceText(row)});
   }
   return text;
 }

@@ -11,9 +11,6 @@ namespace orvex {
 
 class Storage;
 
-/// The filter of dialogs that choose a table of pairs.
-inline constexpr const char* kPairTableFilter = "CSV files (*.CSV)|*.CSV";
-
 /// The pairs as a table: the line "first,second", then a line for each pair in the order of the
 /// class. Questions count through the class from 1; an empty cell means no partner. UTF-8, CR LF.
 std::string PairTableText(const QuestionPairs& pairs);

@@ -1,6 +1,6 @@
 #include "agreement/training.h"
 
-#include "agreement/text_lines.h"
+#include "study/tabbed_text.h"
 
 namespace orvex {
 namespace {
@@ -63,13 +63,14 @@ std::string NameOf(const TrainedCode& code) {
 
 std::string TextOf(const Training& training) {
   std::string text;
-  AppendLine(text, {"TRAINEE", "Of the master's", "Found", "Missed", "Added", "Coded otherwise"});
-  AppendLine(text, {"Questions", std::to_string(training.ofMaster), std::to_string(training.found),
-                    std::to_string(training.missed), std::to_string(training.added),
-                    std::to_string(training.codedOtherwise)});
+  AddTabbedLine(text,
+                {"TRAINEE", "Of the master's", "Found", "Missed", "Added", "Coded otherwise"});
+  AddTabbedLine(text, {"Questions", std::to_string(training.ofMaster),
+                       std::to_string(training.found), std::to_string(training.missed),
+                       std::to_string(training.added), std::to_string(training.codedOtherwise)});
   for (const TrainedCode& code : training.codes) {
-    AppendLine(text, {NameOf(code), std::to_string(code.ofMaster), std::to_string(code.found),
-                      std::to_string(code.ofMaster - code.found), std::to_string(code.added)});
+    AddTabbedLine(text, {NameOf(code), std::to_string(code.ofMaster), std::to_string(code.found),
+                         std::to_string(code.ofMaster - code.found), std::to_string(code.added)});
   }
   return text;
 }

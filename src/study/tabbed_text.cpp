@@ -4,10 +4,12 @@
 #include <iterator>
 
 namespace orvex {
+namespace {
 
-void AddTabbedLine(std::string& text, const std::vector<std::string>& cells) {
+template <typename Cells>
+void AddLine(std::string& text, const Cells& cells) {
   bool isFirst = true;
-  for (const std::string& cell : cells) {
+  for (const std::string_view cell : cells) {
     if (!isFirst) text += '\t';
     isFirst = false;
     std::ranges::replace_copy_if(
@@ -15,6 +17,16 @@ void AddTabbedLine(std::string& text, const std::vector<std::string>& cells) {
         ' ');
   }
   text += '\n';
+}
+
+}  // namespace
+
+void AddTabbedLine(std::string& text, const std::vector<std::string>& cells) {
+  AddLine(text, cells);
+}
+
+void AddTabbedLine(std::string& text, std::initializer_list<std::string_view> cells) {
+  AddLine(text, cells);
 }
 
 }  // namespace orvex
