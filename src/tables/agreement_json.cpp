@@ -23,17 +23,17 @@ void AddFigure(std::string_view name, std::optional<double> figure, Json& json) 
   figure ? json.Number(*figure) : json.Null();
 }
 
-/// Adds kappa and, where it is not defined, why.
-void AddKappa(const CodeTable& table, Json& json) {
-  AddFigure("kappa", Kappa(table), json);
-  if (const auto undefined = KappaUndefined(table)) json.Key("undefined").Text(NameOf(*undefined));
+/// Adds a kappa of `table` and, where it is not defined, why. `which` ends the names of both.
+void AddKappa(std::string_view name, std::optional<double> kappa, const CodeTable& table,
+              Json& json, const std::string& which = "") {
+  AddFigure(std::string(name) + which, kappa, json);
+  if (const auto undefined = KappaUndefined(table)) {
+    json.Key("undefined" + which).Text(NameOf(*undefined));
+  }
 }
 
-void AddTolerant(std::string_view which, const CodeTable& table, Json& json) {
-  AddFigure("kappa_" + std::string(which), Kappa(table), json);
-  if (const auto undefined = KappaUndefined(table)) {
-    json.Key("undefined_" + std::string(which)).Text(NameOf(*undefined));
-  }
+void AddKappa(const CodeTable& table, Json& json, const std::string& which = "") {
+  AddKappa("kappa", Kappa(table), table, json, which);
 }
 
 void AddActivities(const ActivityAgreement& activities, Json& json) {
@@ -44,8 +44,8 @@ void AddActivities(const ActivityAgreement& activities, Json& json) {
   AddKappa(table, json);
   json.Key("tolerance").BeginObject();
   json.Key("seconds").Number(std::int64_t{activities.tolerance});
-  AddTolerant("first", activities.tolerantFirst, json);
-  AddTolerant("second", activities.tolerantSecond, json);
+  AddKappa(activities.tolerantFirst, json, "_first");
+  AddKappa(activities.tolerantSecond, json, "_second");
   json.EndObject().Key("table").BeginArray();
   for (std::size_t first = 0; first < table.Codes(); ++first) {
     for (std::size_t second = 0; second < table.Codes(); ++second) {
@@ -144,10 +144,7 @@ void AddSurvey(const std::optional<SurveyAgreement>& survey, Json& json) {
   json.Key("left_out").Number(std::int64_t{survey->leftOut});
   json.Key("exact").Number(ratings.Agreed());
   json.Key("within_one").Number(survey->WithinOne());
-  AddFigure("weighted_kappa", WeightedKappa(ratings), json);
-  if (const auto undefined = KappaUndefined(ratings)) {
-    json.Key("undefined").Text(NameOf(*undefined));
-  }
+  AddKappa("weighted_kappa", WeightedKappa(ratings), ratings, json);
   json.Key("items").BeginObject();
   json.Key("n").Number(survey->items.Total());
   AddFigure("percent", PercentAgreed(survey->items), json);
