@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "agreement/question_likeness.h"
+#include "agreement/question_words.h"
 
 namespace orvex {
 namespace {
@@ -35,7 +37,7 @@ struct Candidate {
 /// For each of the first's questions, in the order of the second's.
 using Candidates = std::vector<std::vector<Candidate>>;
 
-std::vector<std::string> TextsOf(const std::vector<AskedQuestion>& questions) {
+std::vector<std::string> TextsOf(std::span<const AskedQuestion> questions) {
   std::vector<std::string> texts;
   texts.reserve(questions.size());
   for (const AskedQuestion& asked : questions) texts.push_back(asked.question->question);
@@ -44,8 +46,8 @@ std::vector<std::string> TextsOf(const std::vector<AskedQuestion>& questions) {
 
 // Only the words and the place make a pair. The codes and the name of who answered may not: pairs
 // that were sought by equal codes would agree on them.
-Candidates CandidatesOf(const std::vector<AskedQuestion>& first,
-                        const std::vector<AskedQuestion>& second, double offset) {
+Candidates CandidatesOf(std::span<const AskedQuestion> first, std::span<const AskedQuestion> second,
+                        double offset) {
   const QuestionLikeness likeness(TextsOf(first), TextsOf(second));
   Candidates candidates(first.size());
   for (std::size_t i = 0; i < first.size(); ++i) {
@@ -84,8 +86,8 @@ class Gains {
 };
 
 /// The second's question for each of the first's, so that most is gained.
-Partners BestPartners(const std::vector<AskedQuestion>& first,
-                      const std::vector<AskedQuestion>& second, double offset) {
+Partners BestPartners(std::span<const AskedQuestion> first, std::span<const AskedQuestion> second,
+                      double offset) {
   const Candidates candidates = CandidatesOf(first, second, offset);
   const Gains gains(candidates, second.size());
   Partners partners(first.size());
@@ -113,11 +115,41 @@ Partners BestPartners(const std::vector<AskedQuestion>& first,
   return partners;
 }
 
-/// Where one question of each stands alone between two pairs, and both were asked at about the same
-/// time, they are one question in other words.
+/// Adds the partners of the first's questions. Two lists that are too long for a table of gains,
+/// longer than any class asks, are cut at the same time: pairs across the cut are lost.
+/// `secondsBefore` is how many of the second's questions stand before these.
+void AddPartners(std::span<const AskedQuestion> first, std::span<const AskedQuestion> second,
+                 std::size_t secondsBefore, double offset, Partners& partners) {
+  constexpr std::size_t kMostCells = 16'000'000;
+  if (first.size() < 2 || first.size() * second.size() <= kMostCells) {
+    for (const auto partner : BestPartners(first, second, offset)) {
+      partners.push_back(partner ? std::optional(secondsBefore + *partner) : std::nullopt);
+    }
+    return;
+  }
+  const std::size_t middle = first.size() / 2;
+  const auto cut = std::ranges::find_if(second, [&](const AskedQuestion& asked) {
+    return asked.second + offset >= first[middle].second;
+  });
+  const auto before = static_cast<std::size_t>(cut - second.begin());
+  AddPartners(first.first(middle), second.first(before), secondsBefore, offset, partners);
+  AddPartners(first.subspan(middle), second.subspan(before), secondsBefore + before, offset,
+              partners);
+}
+
+/// True when so little was written down of a question that it may have no word in common with what
+/// another wrote of it: "content of vow".
+bool IsNote(const AskedQuestion& asked) {
+  constexpr std::size_t kMostWords = 3;
+  return QuestionWords(asked.question->question).size() <= kMostWords;
+}
+
+/// Where one question of each stands alone between two pairs, both were asked at about the same
+/// time and one is a note, they are one question in other words. Two whole sentences without a
+/// common word are two questions.
 void PairParaphrases(const std::vector<AskedQuestion>& first,
                      const std::vector<AskedQuestion>& second, double offset, Partners& partners) {
-  constexpr double kSameTime = 30;  // seconds
+  constexpr double kSameTime = 60;  // seconds
   const QuestionPairs pairs = PairsFrom(partners, second.size());
   for (std::size_t i = 1; i + 2 < pairs.size(); ++i) {
     const auto one = pairs[i].first;
@@ -125,6 +157,7 @@ void PairParaphrases(const std::vector<AskedQuestion>& first,
     const bool areAlone = pairs[i - 1].IsOfBoth() && pairs[i + 2].IsOfBoth() &&
                           !pairs[i].IsOfBoth() && !pairs[i + 1].IsOfBoth();
     if (!areAlone || !one || !other) continue;
+    if (!IsNote(first[*one]) && !IsNote(second[*other])) continue;
     if (Distance(first[*one], second[*other], offset) <= kSameTime) partners[*one] = *other;
   }
 }
@@ -151,7 +184,8 @@ QuestionPairs PairsFrom(const std::vector<std::optional<std::size_t>>& partners,
 
 QuestionPairs PairQuestions(const std::vector<AskedQuestion>& first,
                             const std::vector<AskedQuestion>& second, double offset) {
-  Partners partners = BestPartners(first, second, offset);
+  Partners partners;
+  AddPartners(first, second, 0, offset, partners);
   PairParaphrases(first, second, offset, partners);
   return PairsFrom(partners, second.size());
 }
