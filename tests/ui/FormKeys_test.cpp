@@ -7,6 +7,7 @@
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSpinBox>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -23,7 +24,7 @@ class FormKeysTest : public testing::Test {
   FormKeysTest() {
     auto* contents = new QWidget;
     auto* rows = new QVBoxLayout(contents);
-    for (QWidget* control : std::initializer_list<QWidget*>{box_, button_, list_}) {
+    for (QWidget* control : std::initializer_list<QWidget*>{box_, button_, list_, number_}) {
       rows->addWidget(control);
     }
     rows->addSpacing(400);
@@ -44,6 +45,7 @@ class FormKeysTest : public testing::Test {
   QLineEdit* box_ = new QLineEdit;
   QPushButton* button_ = new QPushButton(QStringLiteral("&Go"));
   QComboBox* list_ = new QComboBox;
+  QSpinBox* number_ = new QSpinBox;
   QRadioButton* option_ = new QRadioButton(QStringLiteral("Last"));
 };
 
@@ -57,10 +59,20 @@ TEST_F(FormKeysTest, HoldInAFormThatSaysNothingOfItsOwn) {
   Keys("\n");
   EXPECT_EQ(pressed.count(), 0);
 
-  QWheelEvent wheel({5, 5}, list_->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
-                    Qt::NoModifier, Qt::NoScrollPhase, false);
-  QApplication::sendEvent(list_, &wheel);
+  const auto turnWheel = [](QWidget* over) {
+    QWheelEvent wheel({5, 5}, over->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(over, &wheel);
+  };
+  turnWheel(list_);
   EXPECT_EQ(list_->currentIndex(), 0);
+  number_->setValue(50);
+  turnWheel(number_);
+  EXPECT_EQ(number_->value(), 50);
+  EXPECT_FALSE(number_->hasFocus());
+  number_->setFocus();
+  turnWheel(number_);
+  EXPECT_EQ(number_->value(), 49);
 
   QScrollBar* bar = area_->verticalScrollBar();
   option_->setFocus();

@@ -1,6 +1,7 @@
 #include "ui/keys/FormKeys.h"
 
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFocusEvent>
@@ -25,8 +26,12 @@ bool IsMnemonic(const QKeyEvent& key) {
   return modifiers == Qt::AltModifier && !key.text().isEmpty();
 }
 
+/// What the wheel changes: a list or a box of numbers.
+bool TakesWheel(const QWidget* control) {
+  return qobject_cast<const QComboBox*>(control) || qobject_cast<const QAbstractSpinBox*>(control);
+}
+
 void GuardList(QComboBox* list) {
-  list->setFocusPolicy(Qt::StrongFocus);  // so that the wheel does not focus it
   new PressGuard(list);
   if (list->lineEdit()) new PressGuard(list->lineEdit());
 }
@@ -45,6 +50,10 @@ void ScrollIntoSight(QWidget* control, Qt::FocusReason reason) {
 FormKeys::FormKeys(QWidget* form) : FormKeys(form, Special{}) {}
 
 FormKeys::FormKeys(QWidget* form, Special special) : QObject(form), special_(std::move(special)) {
+  for (QWidget* child : form->findChildren<QWidget*>()) {
+    // So that the wheel does not focus it.
+    if (TakesWheel(child)) child->setFocusPolicy(Qt::StrongFocus);
+  }
   for (QComboBox* list : form->findChildren<QComboBox*>()) GuardList(list);
   for (QAbstractButton* button : special_.asking) new FocusReturn(button);
   form->installEventFilter(this);
@@ -67,7 +76,7 @@ bool FormKeys::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Shortcut:
       return TakeShortcut(control, *static_cast<QShortcutEvent*>(event));
     case QEvent::Wheel:
-      if (control->hasFocus() || !qobject_cast<QComboBox*>(control)) return false;
+      if (control->hasFocus() || !TakesWheel(control)) return false;
       event->ignore();
       return true;
     default:

@@ -21,9 +21,10 @@ inline bool IsEnter(const QKeyEvent& key) {
 /// Enter presses no button. It moves to the next control if the form names one; only in a box of
 /// several lines does it end a line. Alt with a letter is for buttons: if no button takes it, it
 /// does not type the letter; a check box or an option is checked at once. A control that gets the
-/// focus is scrolled into view. Over a list without the focus, the wheel scrolls the form instead
-/// of choosing. Menus are left alone, with Enter and all. PressGuard protects lists from stale
-/// presses. (See CommandButton for the rules of buttons, HeldKeys for keys held down.)
+/// focus is scrolled into view. Over a list or a box of numbers without the focus, the wheel
+/// scrolls the form instead of changing it. Menus are left alone, with Enter and all. PressGuard
+/// protects lists from stale presses. (See CommandButton for the rules of buttons, HeldKeys for
+/// keys held down.)
 class FormKeys : public QObject {
  public:
   /// The exceptions and additions of one form.

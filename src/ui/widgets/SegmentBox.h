@@ -21,7 +21,6 @@ class SegmentBox : public QAbstractSpinBox {
 
  protected:
   StepEnabled stepEnabled() const override { return steps_; }
-  void wheelEvent(QWheelEvent* event) override;
 
  private:
   StepEnabled steps_ = StepNone;
