@@ -3,9 +3,12 @@
 #include <array>
 #include <string>
 
+#include "agreement/pair_table.h"
 #include "desk/prompter.h"
 #include "desk/save_file.h"
 #include "desk/screens.h"
+#include "recovery/unfinished_file.h"
+#include "store/durable_file.h"
 #include "study/problem.h"
 
 namespace orvex {
@@ -15,19 +18,37 @@ namespace fs = std::filesystem;
 
 constexpr const char* kPairsFilter = "Tables of pairs (*.csv)|*.csv";
 
+/// Where the pairs of two observations are saved unless the user chooses another place.
+fs::path PairTablePath(const fs::path& first, const fs::path& second) {
+  return first.parent_path() /
+         (first.stem().string() + " " + second.stem().string() + " pairs.csv");
+}
+
 }  // namespace
 
-std::unique_ptr<Comparison> LoadComparison(const Services& services, const fs::path& first,
-                                           const fs::path& second) {
+std::optional<LoadedComparison> LoadComparison(const Services& services, const fs::path& first,
+                                               const fs::path& second) {
   std::array<ObservedClass, 2> classes;
   for (std::size_t i = 0; i < classes.size(); ++i) {
     const fs::path& file = i == 0 ? first : second;
     const auto problem = ProblemOf(file, [&] { classes[i] = ReadObservedClass(file); });
     if (!problem) continue;
     services.prompter.Tell(Say(Text::fileUnreadable), problem->Sentence());
-    return nullptr;
+    return std::nullopt;
   }
-  return std::make_unique<Comparison>(std::move(classes[0]), std::move(classes[1]));
+  const fs::path table = PairTablePath(first, second);
+  const TakenUp takenUp = TakeUpChanges(services, table, Kept::areOffered);
+  if (takenUp.isLeft) return std::nullopt;
+  LoadedComparison loaded(
+      std::make_unique<Comparison>(std::move(classes[0]), std::move(classes[1])));
+  std::string saved;  // nothing when the pairs were never saved
+  ProblemOf(table, [&] { saved = ReadFile(table); });
+  loaded.keeper = std::make_unique<FileKeeper>(services, table, saved, takenUp.changes);
+  if (!takenUp.changes) return loaded;
+  const auto problem =
+      ProblemOf(table, [&] { loaded.comparison->TakePairs(*takenUp.changes->bytes); });
+  if (problem) services.prompter.Tell(Say(Text::pairsNotRead), problem->Sentence());
+  return loaded;
 }
 
 const AskedQuestion* AgreementActions::Asked(std::size_t row, Side side) const {
@@ -53,8 +74,10 @@ void AgreementActions::Open(std::size_t row, Side side) {
 void AgreementActions::ComeBack() {
   if (!hasOpened_) return;
   hasOpened_ = false;
-  const auto problem = ProblemOf(comparison_.First().file, [this] { comparison_.Reload(); });
+  std::size_t gone = 0;
+  const auto problem = ProblemOf(comparison_.First().file, [&] { gone = comparison_.Reload(); });
   if (problem) services_.prompter.Tell(Say(Text::fileUnreadable), problem->Sentence());
+  if (gone > 0) services_.prompter.Tell(Say(Text::pairsGone, {std::to_string(gone)}));
 }
 
 /// The two rows that are to be paired when the user has selected these.
@@ -74,13 +97,12 @@ std::optional<std::size_t> AgreementActions::Pair(std::span<const std::size_t> s
 }
 
 bool AgreementActions::SavePairs() {
-  const fs::path& file = comparison_.First().file;
-  const std::string name =
-      file.stem().string() + " " + comparison_.Second().file.stem().string() + " pairs.csv";
-  const fs::path path =
-      services_.prompter
-          .AskSaveFile({.folder = file.parent_path(), .filter = kPairsFilter, .defaultName = name})
-          .path;
+  const fs::path table = PairTablePath(comparison_.First().file, comparison_.Second().file);
+  const fs::path path = services_.prompter
+                            .AskSaveFile({.folder = table.parent_path(),
+                                          .filter = kPairsFilter,
+                                          .defaultName = table.filename().string()})
+                            .path;
   if (path.empty()) return false;
   const FileToSave saved = {
       .failure = Say(Text::pairsNotSaved), .path = path, .filter = kPairsFilter};
@@ -100,13 +122,27 @@ bool AgreementActions::LoadPairs() {
   return !problem;
 }
 
+void AgreementActions::Keep() {
+  if (!keeper_) return;
+  const QuestionPairs* unsaved = comparison_.UnsavedPairs();
+  if (unsaved ? kept_ == *unsaved : !kept_) return keeper_->Retry();
+  kept_ = unsaved ? std::optional(*unsaved) : std::nullopt;
+  keeper_->Keep(kept_ ? std::optional(PairTableText(*kept_)) : std::nullopt);
+}
+
+void AgreementActions::AwaitKept() {
+  Keep();
+  if (keeper_) keeper_->AwaitStored();
+}
+
 void AgreementActions::Leave() {
-  if (comparison_.HasUnsavedPairs()) {
+  if (comparison_.UnsavedPairs()) {
     const Answer save = services_.prompter.Ask({.text = Say(Text::askSavePairs),
                                                 .buttons = Buttons::yesNoCancel,
                                                 .defaultAnswer = Answer::yes});
     if (save == Answer::cancel || (save == Answer::yes && !SavePairs())) return;
   }
+  if (keeper_) keeper_->Drop();
   services_.program = before_;
   Screens& screens = services_.screens;
   const bool isOfStudy = screens.IsOpen(Screen::agreementStudy);

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "agreement/pair_table.h"
+#include "agreement/same_questions.h"
 
 namespace orvex {
 namespace {
@@ -154,20 +155,31 @@ void Comparison::LoadPairs(const std::filesystem::path& file) {
   saved_ = given_;
 }
 
-void Comparison::Reload() {
+void Comparison::TakePairs(const std::string& table) {
+  Take(ParsePairTable(table, result_.firstQuestions, result_.secondQuestions));
+}
+
+std::size_t Comparison::Reload() {
   ObservedClass first = ReadObservedClass(first_.file);
   ObservedClass second = ReadObservedClass(second_.file);
-  const bool sameCounts =
-      QuestionsOf(first.observation.Episodes).size() == result_.firstQuestions &&
-      QuestionsOf(second.observation.Episodes).size() == result_.secondQuestions;
-  if (!sameCounts) {
-    given_.reset();
-    earlier_.clear();
-    later_.clear();
-  }
+  const auto firstNow = QuestionsOf(first.observation.Episodes);
+  const auto secondNow = QuestionsOf(second.observation.Episodes);
+  const EditedQuestions edited = {.first = SameQuestions(firstQuestions_, firstNow),
+                                  .second = SameQuestions(secondQuestions_, secondNow),
+                                  .firstCount = firstNow.size(),
+                                  .secondCount = secondNow.size()};
+  const auto follow = [&edited](GivenPairs& pairs) {
+    if (pairs) pairs = PairsAfter(*pairs, edited);
+  };
+  const std::size_t before = given_ ? result_.BothQuestions() : 0;
+  follow(given_);
+  // The table that was saved goes on counting the questions as they were.
+  std::ranges::for_each(earlier_, follow);
+  std::ranges::for_each(later_, follow);
   first_ = std::move(first);
   second_ = std::move(second);
   Renew();
+  return given_ ? before - result_.BothQuestions() : 0;
 }
 
 std::vector<std::optional<std::size_t>> Comparison::Partners() const {

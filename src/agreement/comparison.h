@@ -44,6 +44,7 @@ class Comparison {
 
   /// Nothing: as the logs say. Questions that nobody paired by hand are paired anew.
   void SetOffset(std::optional<int> seconds);
+  /// From 0 to kMostTolerance.
   void SetTolerance(int seconds);
   void SetMaster(Master master) { master_ = master; }
 
@@ -69,28 +70,35 @@ class Comparison {
   bool CanPair(std::size_t row, std::size_t other) const;
   /// Of the rows with which `row` can become a pair, the one that was asked nearest to it.
   std::optional<std::size_t> NearestPartner(std::size_t row) const;
-  /// Makes a pair of them; returns its row.
+  /// Makes a pair of two rows, which CanPair; returns its row.
   std::size_t Pair(std::size_t row, std::size_t other);
   bool CanUnpair(std::size_t row) const { return rows_[row].pair.IsOfBoth(); }
-  /// Parts a pair; returns the row of the first observer's question.
+  /// Parts a row that CanUnpair; returns the row of the first observer's question.
   std::size_t Unpair(std::size_t row);
   /// Goes back to the pairs that are made from the words; can be undone.
   void PairByWords() { Take(std::nullopt); }
   bool CanUndo() const { return !earlier_.empty(); }
+  /// Takes the last change of the pairs back. Only when CanUndo.
   void Undo();
   bool CanRedo() const { return !later_.empty(); }
+  /// Makes the change again that was taken back last. Only when CanRedo.
   void Redo();
-  /// True when pairs have been changed by hand since they were saved or loaded.
-  bool HasUnsavedPairs() const { return given_ && given_ != saved_; }
+  /// The pairs that a person made, where that is not what was saved or loaded last; otherwise null.
+  const QuestionPairs* UnsavedPairs() const {
+    return given_ && given_ != saved_ ? &*given_ : nullptr;
+  }
 
   /// Writes the pairs as a table. Throws FileError.
   void SavePairs(const std::filesystem::path& file, Storage& storage);
   /// Takes the pairs of a table; can be undone. Throws FileError and FormatError.
   void LoadPairs(const std::filesystem::path& file);
-  /// Reads both observations again, after one was edited. The pairs made by hand stay where both
-  /// still have as many questions; otherwise they are made anew. Throws FileError and FormatError,
-  /// and then leaves all as it was.
-  void Reload();
+  /// Takes the pairs of a table that was not saved, given as its text; can be undone. Throws
+  /// FormatError.
+  void TakePairs(const std::string& table);
+  /// Reads both observations again, after one was edited. Pairs made by hand stay with their
+  /// questions, wherever these stand now; returns how many of them are gone with a question. Throws
+  /// FileError and FormatError, and then leaves all as it was.
+  std::size_t Reload();
 
  private:
   /// The pairs that a person gave or changed; nothing while they are made from the words.
@@ -109,7 +117,7 @@ class Comparison {
   std::vector<AskedQuestion> firstQuestions_;
   std::vector<AskedQuestion> secondQuestions_;
   GivenPairs given_;
-  GivenPairs saved_;                 ///< as they were saved or loaded last
+  GivenPairs saved_;                 ///< what the table holds that was saved or loaded last
   std::vector<GivenPairs> earlier_;  ///< before each change that can be undone
   std::vector<GivenPairs> later_;    ///< before each change that was undone
   Agreement result_;

@@ -318,6 +318,8 @@ constexpr std::array<Row, kCount> kTexts = {{
      "the same school, class and date, and both have an episode file."},
     {Text::pairsNotSaved, "The pairs could not be saved."},
     {Text::pairsNotRead, "The pairs could not be read."},
+    {Text::pairsGone,
+     "The questions have changed. Pairs that were lost, because a question of theirs is gone: %1."},
     {Text::askSavePairs, "Save the pairs that were changed by hand?"},
 }};
 

@@ -290,6 +290,7 @@ enum class Text {
   noPairAmong,
   pairsNotSaved,
   pairsNotRead,
+  pairsGone,
   askSavePairs,
 
   count  // the number of texts

@@ -42,7 +42,8 @@ std::optional<std::string> BytesOf(const fs::path& file) {
 
 std::string ChangeOf(const fs::path& file, const std::optional<std::string>& bytes,
                      std::uint64_t base) {
-  if (bytes && Checksum(*bytes) == base) return "";
+  // A file that was never saved had no bytes.
+  if (Checksum(bytes.value_or("")) == base) return "";
   std::error_code unknown;
   const bool gone = !bytes && !fs::exists(file, unknown);
   const Text unread = gone ? Text::fileGone : Text::fileUnreadableNow;

@@ -54,6 +54,7 @@ Forms::Forms(Program& program, SessionLog& log, RecoveryFile& recovery, Storage&
                    &ending_, [this] {
                      if (auto* live = Get<frmClassAct>()) live->Live().Keep();
                      if (auto* edit = Get<frmClassEdit>()) edit->Editor().Keep();
+                     if (auto* pairs = Get<frmAgreement>()) pairs->Actions().Keep();
                    });
 }
 
@@ -249,7 +250,7 @@ bool Forms::ShowReport(const std::filesystem::path& file, Screen report) {
 bool Forms::ShowAgreement(const std::filesystem::path& first, const std::filesystem::path& second) {
   auto comparison = LoadComparison(services_, first, second);
   if (!comparison) return false;
-  Load(Screen::agreement, std::make_unique<frmAgreement>(services_, std::move(comparison)));
+  Load(Screen::agreement, std::make_unique<frmAgreement>(services_, *std::move(comparison)));
   BringToFront(Screen::agreement);
   return true;
 }
@@ -301,6 +302,7 @@ void Forms::KeepAll() {
   services_.recovery.AwaitStored();
   if (auto* edit = Get<frmClassEdit>()) edit->Editor().AwaitKept();
   if (auto* survey = Get<frmMatrices>()) survey->Form().AwaitKept();
+  if (auto* pairs = Get<frmAgreement>()) pairs->Actions().AwaitKept();
 }
 
 void Forms::EndProgram() {

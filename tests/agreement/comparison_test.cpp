@@ -7,6 +7,7 @@
 #include "agreement/agreement_text.h"
 #include "agreement/observed.h"
 #include "agreement/paper_line.h"
+#include "agreement/same_questions.h"
 #include "agreement/training.h"
 #include "store/file_error.h"
 #include "store/format_error.h"
@@ -79,11 +80,11 @@ TEST(Comparison, PairsAndPartsByHand) {
   EXPECT_EQ(PairsOf(comparison), "1- -1 2-2 3- 4-3") << "what was done by hand stays";
   comparison.Undo();
   EXPECT_EQ(PairsOf(comparison), "1-1 2-2 3- 4-3");
-  EXPECT_TRUE(comparison.HasUnsavedPairs());
+  EXPECT_TRUE(comparison.UnsavedPairs());
   comparison.Undo();
   EXPECT_EQ(PairsOf(comparison), "1-1 2-2 3- 4- -3");
   EXPECT_FALSE(comparison.CanUndo());
-  EXPECT_FALSE(comparison.HasUnsavedPairs());
+  EXPECT_FALSE(comparison.UnsavedPairs());
   EXPECT_FALSE(comparison.Result().pairsGiven);
   comparison.Redo();
   EXPECT_EQ(PairsOf(comparison), "1-1 2-2 3- 4-3");
@@ -111,16 +112,16 @@ TEST(Comparison, KeepsPairsInATable) {
   Comparison comparison = Compared();
   comparison.Pair(4, 2);
   EXPECT_THROW(comparison.SavePairs(folder / "missing/pairs.csv", storage), FileError);
-  EXPECT_TRUE(comparison.HasUnsavedPairs());
+  EXPECT_TRUE(comparison.UnsavedPairs());
   comparison.SavePairs(folder / "pairs.csv", storage);
-  EXPECT_FALSE(comparison.HasUnsavedPairs());
+  EXPECT_FALSE(comparison.UnsavedPairs());
   comparison.Unpair(0);
-  EXPECT_TRUE(comparison.HasUnsavedPairs());
+  EXPECT_TRUE(comparison.UnsavedPairs());
   comparison.LoadPairs(folder / "pairs.csv");
   EXPECT_EQ(PairsOf(comparison), "1-1 2-2 3-3 4-");
-  EXPECT_FALSE(comparison.HasUnsavedPairs());
+  EXPECT_FALSE(comparison.UnsavedPairs());
   comparison.Undo();
-  EXPECT_TRUE(comparison.HasUnsavedPairs());
+  EXPECT_TRUE(comparison.UnsavedPairs());
 
   test::PutFile(folder / "wrong.csv", "first,second\r\n9,1\r\n");
   EXPECT_THROW(comparison.LoadPairs(folder / "wrong.csv"), FormatError);
@@ -158,12 +159,48 @@ TEST(Comparison, ReadsItsFilesAgain) {
   EXPECT_EQ(PairsOf(comparison), pairs);
   EXPECT_TRUE(comparison.CanUndo());
 
-  // A file with other questions: what was done by hand no longer fits.
+  // A file with the other's questions: the pairs whose questions are gone are counted.
+  const std::size_t before = comparison.Result().BothQuestions();
   std::filesystem::copy_file(sample->second, folder / "35-6-1.eps",
                              std::filesystem::copy_options::overwrite_existing);
-  comparison.Reload();
-  EXPECT_FALSE(comparison.CanUndo());
+  const std::size_t gone = comparison.Reload();
+  EXPECT_EQ(comparison.Result().BothQuestions() + gone, before);
+  EXPECT_GT(comparison.Result().BothQuestions(), before / 2);
+  comparison.PairByWords();
   EXPECT_EQ(comparison.Result().QuestionShare(), 1);
+}
+
+TEST(SameQuestions, AreKnownAgainAfterAnEdit) {
+  using Texts = std::vector<test::Wrote>;
+  const Texts before = {"Why?", {"Who wrote it?", "TYA"}, "Why?", "Where is the farm?", "So?"};
+  const struct {
+    const char* edit;
+    Texts after;
+    const char* pairs;
+  } cases[] = {
+      {"nothing", before, "1-1 2-2 3-3 4-4 5-5"},
+      {"first gone", {before.begin() + 1, before.end()}, "1- 2-1 3-2 4-3 5-4"},
+      {"one of two alike gone",
+       {"Why?", {"Who wrote it?", "TYA"}, "Where is the farm?", "So?"},
+       "1-1 2-2 3- 4-3 5-4"},
+      {"one new at the begin",
+       {"Ready?", "Why?", {"Who wrote it?", "TYA"}, "Why?", "Where is the farm?", "So?"},
+       "-1 1-2 2-3 3-4 4-5 5-6"},
+      {"coded anew and reworded",
+       {"Why?", {"Who wrote it?", "TYN"}, "How come?", "where is that farm", "So?"},
+       "1-1 2-2 3-3 4-4 5-5"},
+      {"one gone, another new",
+       {{"Who wrote it?", "TYA"}, "Why?", "Where is the farm?", "Anyone?", "So?"},
+       "1- 2-1 3-2 4-3 -4 5-5"},
+      {"all gone", {}, "1- 2- 3- 4- 5-"},
+  };
+  const ObservedClass old = Observed("AB", before);
+  for (const auto& edit : cases) {
+    const ObservedClass edited = Observed("AB", edit.after);
+    const auto same = SameQuestions(QuestionsOf(old.observation.Episodes),
+                                    QuestionsOf(edited.observation.Episodes));
+    EXPECT_EQ(InShort(PairsFrom(same, edit.after.size())), edit.pairs) << edit.edit;
+  }
 }
 
 TEST(Training, CountsWhatTheTraineeFound) {

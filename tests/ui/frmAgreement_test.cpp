@@ -270,16 +270,53 @@ TEST(AgreementForm, LosesNoPairsThatWereMadeByHand) {
   EXPECT_EQ(desk.screens.Take().size(), 2U) << "nothing is unsaved";
 }
 
+/// A sample pair in a folder, in the windows of a program that ends however it ends.
+struct SamplePair : Desk {
+  SamplePair() {
+    for (const char* name : {"35-6-1.eps", "35-6-2.eps"}) {
+      PutFile(folder / name, FileBytes(TestData(std::string("pairs/EPS/35/6/") + name)));
+    }
+  }
+  bool Open() {
+    forms.emplace(program, log, recovery, storage, clock, prompter, programFolder);
+    const bool shown = forms->ShowAgreement(folder / "35-6-1.eps", folder / "35-6-2.eps");
+    Settle();
+    return shown;
+  }
+  std::optional<Forms> forms;
+};
+
+TEST(AgreementForm, KeepsPairsThatAreNotSavedWhenTheProgramEnds) {
+  SamplePair desk;
+  const fs::path kept = desk.folder / "35-6-1 35-6-2 pairs.csv.recovery";
+  const auto marks = [] {
+    return Find<StudyTable>(*QApplication::activeWindow(), "tblPairs")->model()->rowCount();
+  };
+  ASSERT_TRUE(desk.Open());
+  const int asMade = marks();
+  Keys("{Alt+Q}{Down}{Down}{Delete}");
+  ASSERT_EQ(marks(), asMade + 1);
+  desk.forms->KeepAll();
+  desk.forms.reset();
+  EXPECT_TRUE(fs::exists(kept));
+  constexpr const char* kAsk =
+      "35-6-1 35-6-2 pairs.csv was changed on 03-14-2001 at 09:00:00, and the changes were not "
+      "saved.";
+  desk.prompter.Expect(kAsk, Answer::cancel);
+  EXPECT_FALSE(desk.Open()) << "left for later";
+  desk.prompter.Expect(kAsk, Answer::yes);
+  ASSERT_TRUE(desk.Open());
+  EXPECT_EQ(marks(), asMade + 1);
+  // Once taken up, they are the user's to save or to leave.
+  desk.prompter.Expect("Save the pairs that were changed by hand?", Answer::no);
+  Keys("{Esc}");
+  EXPECT_FALSE(fs::exists(kept));
+}
+
 /// Opens a question of a sample pair in its file, changes a code, and comes back.
 TEST(AgreementForm, ComesBackFromAFileToTheSameRow) {
-  Desk desk;
-  Forms forms(desk.program, desk.log, desk.recovery, desk.storage, desk.clock, desk.prompter,
-              desk.programFolder);
-  for (const char* name : {"35-6-1.eps", "35-6-2.eps"}) {
-    PutFile(desk.folder / name, FileBytes(TestData(std::string("pairs/EPS/35/6/") + name)));
-  }
-  ASSERT_TRUE(forms.ShowAgreement(desk.folder / "35-6-1.eps", desk.folder / "35-6-2.eps"));
-  Settle();
+  SamplePair desk;
+  ASSERT_TRUE(desk.Open());
   QWidget& form = *QApplication::activeWindow();
   ASSERT_EQ(form.objectName(), QLatin1String("frmAgreement"));
   StudyTable& pairs = *Find<StudyTable>(form, "tblPairs");

@@ -45,11 +45,10 @@ QString DatesText(const Agreement& agreement) {
 
 }  // namespace
 
-frmAgreement::frmAgreement(const Services& services, std::unique_ptr<Comparison> comparison,
-                           QWidget* parent)
+frmAgreement::frmAgreement(const Services& services, LoadedComparison loaded, QWidget* parent)
     : QWidget(parent),
-      comparison_(std::move(comparison)),
-      actions_(services, *comparison_),
+      comparison_(std::move(loaded.comparison)),
+      actions_(services, *comparison_, std::move(loaded.keeper)),
       printing_{services.prompter, services.storage},
       ui_(std::make_unique<Ui::frmAgreement>()) {
   ui_->setupUi(this);
@@ -186,14 +185,15 @@ void frmAgreement::ShowOptions() {
   ui_->spnTolerance->setValue(comparison_->Options().tolerance);
   ShowText(ui_->lblOffsetFrom, OriginText(agreement.offset));
   ui_->cmdLogs->setEnabled(comparison_->Options().offset.has_value());
-  QString remarks;
+  QStringList remarks;
+  if (const std::string trouble = actions_.KeepTrouble(); !trouble.empty()) {
+    remarks << ToQt(NotKeptText(trouble));
+  }
   for (const auto* sentences :
        {&agreement.remarks, &comparison_->First().notes, &comparison_->Second().notes}) {
-    for (const std::string& sentence : *sentences) {
-      remarks += (remarks.isEmpty() ? QString() : QStringLiteral("\n")) + ToQt(sentence);
-    }
+    for (const std::string& sentence : *sentences) remarks << ToQt(sentence);
   }
-  ShowText(ui_->lblRemarks, remarks);
+  ShowText(ui_->lblRemarks, remarks.join(QLatin1Char('\n')));
   ui_->lblRemarks->setVisible(!remarks.isEmpty());
 }
 

@@ -23,9 +23,10 @@ class frmAgreement : public QWidget {
   Q_OBJECT
 
  public:
-  frmAgreement(const Services& services, std::unique_ptr<Comparison> comparison,
-               QWidget* parent = nullptr);
+  frmAgreement(const Services& services, LoadedComparison loaded, QWidget* parent = nullptr);
   ~frmAgreement() override;
+
+  AgreementActions& Actions() { return actions_; }
 
   void Refresh();
 
