@@ -1,16 +1,18 @@
 #pragma once
 
-#include <QPalette>
+#include <QFontMetricsF>
+#include <QRectF>
 #include <QSizeF>
 #include <QString>
 #include <cstddef>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <vector>
 
+#include "ui/print/PaperTable.h"
+#include "ui/print/PaperText.h"
+
 class QPainter;
-class QRectF;
 
 namespace orvex {
 
@@ -20,34 +22,30 @@ struct FigureGrid;
 /// tables whose headings are repeated on every page, and charts. Lengths are in points.
 class PaperFlow {
  public:
-  struct Column {
-    QString heading;
-    bool isNumber = false;  ///< set flush right
-  };
-
   void AddHeading(const QString& text);
   void AddText(const QString& text);
-  /// A table. Its columns are as wide as their cells, as far as the page allows; long texts wrap,
-  /// and go on in a further row where they would not fit a page.
-  void AddTable(std::vector<Column> columns, std::vector<std::vector<QString>> rows);
+  void AddTable(std::vector<PaperTable::Column> columns,
+                const std::vector<std::vector<QString>>& rows);
   void AddTable(const FigureGrid& table);
   /// The tables of a report's text: lines of tab-separated cells, the first of them headings. Empty
   /// lines stand between two tables.
   void AddTabbedText(const QString& text);
-  /// Something that is painted as a whole. `height` may depend on the width of the page.
-  void AddChart(std::function<double(double width)> height,
-                std::function<void(QPainter& painter, const QRectF& area)> paint);
+  /// A chart, which is painted as a whole.
+  template <typename Chart>
+  void AddChart(const Chart& chart) {
+    AddPainted([chart](double) { return chart.Height(QFontMetricsF(PaperTextFont())); },
+               [chart](QPainter& painter, const QRectF& area) {
+                 chart.Paint(painter, area, PaperPalette());
+               });
+  }
+  /// Anything else that is painted as a whole. `height` may depend on the width of the page.
+  void AddPainted(std::function<double(double width)> height,
+                  std::function<void(QPainter& painter, const QRectF& area)> paint);
 
   int Pages(const QSizeF& area) const;
   void PaintPage(QPainter& painter, const QSizeF& area, int page) const;
 
-  /// The colours and the size of texts on paper.
-  static QPalette Palette();
-  static QFont Font();
-
  private:
-  class Table;
-
   /// A part that is never divided.
   struct Block {
     std::function<double(double width)> height;

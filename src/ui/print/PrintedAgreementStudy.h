@@ -4,8 +4,7 @@
 #include <cstddef>
 #include <optional>
 
-#include "ui/print/PaperFlow.h"
-#include "ui/print/PrintedReport.h"
+#include "ui/print/FlowingReport.h"
 
 namespace orvex {
 
@@ -13,7 +12,7 @@ struct AgreementStudy;
 
 /// The agreement of a study on paper: all pairs together, the observers, their courses, the figures
 /// by class, and the pairs.
-class PrintedAgreementStudy : public PrintedReport {
+class PrintedAgreementStudy : public FlowingReport {
   Q_DECLARE_TR_FUNCTIONS(PrintedAgreementStudy)
 
  public:
@@ -22,20 +21,11 @@ class PrintedAgreementStudy : public PrintedReport {
   PrintedAgreementStudy(const AgreementStudy& study, std::optional<std::size_t> dimension);
 
   QString Title() const override;
-  QString Subtitle() const override { return subtitle_; }
   QString DocumentName() const override;
-  QPageLayout::Orientation Orientation() const override { return QPageLayout::Landscape; }
-  int Pages(const QSizeF& area) const override { return flow_.Pages(area); }
-  void PaintPage(QPainter& painter, const QSizeF& area, int page) const override {
-    flow_.PaintPage(painter, area, page);
-  }
 
  private:
   void AddPooled(const AgreementStudy& study);
   void AddCourses(const AgreementStudy& study, std::optional<std::size_t> dimension);
-
-  PaperFlow flow_;
-  QString subtitle_;
 };
 
 }  // namespace orvex
