@@ -30,7 +30,7 @@ const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"editor", {"questions", "recovery", "desk", "store", "model"}},
     {"reports", {"store", "model"}},
     {"study", {"reports", "recovery", "desk", "store", "model"}},
-    {"agreement", {"study", "reports", "desk", "store", "model"}},
+    {"agreement", {"study", "reports", "recovery", "desk", "store", "model"}},
     {"tables", {"agreement", "study", "reports", "desk", "store", "model"}},
     {"commands", {"agreement", "study", "tables", "reports", "store", "model"}},
     {"ui",
