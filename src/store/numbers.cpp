@@ -246,6 +246,24 @@ std::optional<double> TypedNumber(std::string_view text) {
   return ParseNumber(text);
 }
 
+std::optional<std::array<int, 3>> ThreeNumbers(std::string_view text, std::string_view separators) {
+  std::array<int, 3> numbers{};
+  const char* at = text.data();
+  const char* const end = text.data() + text.size();
+  for (int& number : numbers) {
+    if (&number != &numbers.front()) {
+      if (at == end || separators.find(*at) == std::string_view::npos) return std::nullopt;
+      ++at;
+    }
+    if (at == end || *at < '0' || *at > '9') return std::nullopt;
+    const auto read = std::from_chars(at, end, number);
+    if (read.ec != std::errc{}) return std::nullopt;
+    at = read.ptr;
+  }
+  if (at != end) return std::nullopt;
+  return numbers;
+}
+
 std::optional<std::int16_t> ToInt16(double value) {
   using Limits = std::numeric_limits<std::int16_t>;
   if (!(value >= Limits::min() - 0.5 && value < Limits::max() + 0.5)) return std::nullopt;

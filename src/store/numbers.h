@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -33,6 +34,10 @@ std::string_view WithoutBlanks(std::string_view text);
 
 /// Reads a number that somebody typed: blanks, sign, digits, point, digits, blanks; no exponent.
 std::optional<double> TypedNumber(std::string_view text);
+
+/// Reads three numbers without a sign, such as those of a date or a time of day, with one of
+/// `separators` between each two. Nothing for any other text.
+std::optional<std::array<int, 3>> ThreeNumbers(std::string_view text, std::string_view separators);
 
 /// `value` rounded to a whole number, with a half to the even neighbour; nothing when that does not
 /// fit 16 bits.

@@ -11,6 +11,7 @@
 #include "model/clock.h"
 #include "model/wording.h"
 #include "store/numbers.h"
+#include "study/observation_day.h"
 
 namespace orvex {
 namespace {
@@ -34,26 +35,6 @@ bool BeginsLikeFormula(std::string_view text) {
   constexpr std::array<std::string_view, 8> kSigns = {"=", "+", "-", "@", "＝", "＋", "－", "＠"};
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
   return std::ranges::any_of(kSigns, [&](std::string_view sign) { return text.starts_with(sign); });
-}
-
-/// Reads three numbers, such as those of a date or a time of day, with one of `separators`
-/// between each two. Nothing for any other text.
-std::optional<std::array<int, 3>> ThreeNumbers(std::string_view text, std::string_view separators) {
-  std::array<int, 3> numbers{};
-  const char* at = text.data();
-  const char* const end = text.data() + text.size();
-  for (int& number : numbers) {
-    if (&number != &numbers.front()) {
-      if (at == end || separators.find(*at) == std::string_view::npos) return std::nullopt;
-      ++at;
-    }
-    if (at == end || *at < '0' || *at > '9') return std::nullopt;
-    const auto read = std::from_chars(at, end, number);
-    if (read.ec != std::errc{}) return std::nullopt;
-    at = read.ptr;
-  }
-  if (at != end) return std::nullopt;
-  return numbers;
 }
 
 }  // namespace
@@ -130,17 +111,12 @@ std::optional<float> TypedSingle(std::string_view text) {
 }
 
 std::string IsoDate(std::string_view date) {
-  const auto numbers = ThreeNumbers(date, "-/");
-  if (!numbers) return "";
-  const auto& [month, day, year] = *numbers;
-  using namespace std::chrono;
-  const year_month_day asDate{std::chrono::year(year),
-                              std::chrono::month(static_cast<unsigned>(month)),
-                              std::chrono::day(static_cast<unsigned>(day))};
-  constexpr int kFirstYear = 1000;  // fewer digits would leave the century open
-  constexpr int kLastYear = 9999;
-  if (!asDate.ok() || year < kFirstYear || year > kLastYear) return "";
-  return std::to_string(year) + "-" + TwoDigits(month) + "-" + TwoDigits(day);
+  const auto day = DayOf(date);
+  if (!day) return "";
+  const std::chrono::year_month_day asDate(*day);
+  return std::to_string(static_cast<int>(asDate.year())) + "-" +
+         TwoDigits(static_cast<int>(static_cast<unsigned>(asDate.month()))) + "-" +
+         TwoDigits(static_cast<int>(static_cast<unsigned>(asDate.day())));
 }
 
 std::string IsoTime(std::string_view time) {
