@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "recovery/kept_content.h"
 
@@ -49,15 +50,20 @@ bool EqualsInAnyCase(std::string_view text, std::string_view upper) {
   return true;
 }
 
-/// The file named `stem` in `folder`, with the extension of `kind`; empty when there is none.
+/// The file named `stem` in `folder`, with the extension of `kind`; empty when there is none. What
+/// has the name and is no file, or cannot be looked at, is better than nothing: who reads it learns
+/// what is wrong with it.
 fs::path FileIn(const fs::path& folder, const fs::path& stem, const KindNames& kind) {
+  fs::path other;
   for (const std::string_view extension : kind.extensions) {
     fs::path file = folder / stem;
     file += extension;
     std::error_code unknown;
-    if (fs::is_regular_file(file, unknown)) return file;
+    const fs::file_type type = fs::status(file, unknown).type();
+    if (type == fs::file_type::regular) return file;
+    if (type != fs::file_type::not_found && other.empty()) other = std::move(file);
   }
-  return {};
+  return other;
 }
 
 /// The class's folder in the tree of `kind`, for a class's folder in the tree of another kind.
