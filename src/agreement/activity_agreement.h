@@ -33,6 +33,8 @@ struct ActivityAgreement {
   /// Adds the seconds of another class, which was compared with the same tolerance.
   ActivityAgreement& operator+=(const ActivityAgreement& other);
 };
+/// Compares what two observers saw, from the later begin to the earlier end. `tolerance` is in
+/// seconds, from 0 on. Where they have no time in common, the tables are empty.
 ActivityAgreement CompareActivities(const std::vector<ActivityStretch>& first,
                                     const std::vector<ActivityStretch>& second, int tolerance);
 
@@ -49,6 +51,7 @@ struct BoundaryAgreement {
 
   std::optional<double> Share() const;  ///< twice `both` of all; nothing when there are none
 };
+/// Matches as many starts as can be, in order, which are at most `tolerance` seconds apart.
 BoundaryAgreement CompareBoundaries(const std::vector<ActivityStretch>& first,
                                     const std::vector<ActivityStretch>& second, int tolerance);
 

@@ -9,6 +9,7 @@
 #include "model/time_of_day.h"
 #include "store/paths.h"
 #include "store/printable_text.h"
+#include "study/observation_day.h"
 
 namespace orvex {
 namespace {
@@ -18,12 +19,18 @@ Agreement::Observer ObserverOf(const ObservedClass& observed) {
   return {observed.Name(), header.identity, header.ObservDate};
 }
 
-/// What of an observation says which class it is of.
-struct ClassMark {
-  Text differs;  ///< what is said where two observations differ in it
-  std::string first;
-  std::string second;
-};
+/// True for two texts of one day, and for two equal ones that are no day.
+bool AreOfOneDay(const std::string& first, const std::string& second) {
+  return first == second || (DayOf(first) && DayOf(first) == DayOf(second));
+}
+
+void AddFileRemarks(const ObservedClass& observed, std::vector<std::string>& remarks) {
+  const auto add = [&](const std::string& note) {
+    remarks.push_back(Say(Text::problemInFile, {Printable(observed.Name()), note}));
+  };
+  for (const std::string& note : observed.notes) add(note);
+  if (observed.surveyProblem) add("the survey: " + observed.surveyProblem->Text());
+}
 
 void RemarkOn(const ObservedClass& first, const ObservedClass& second, Agreement& agreement) {
   const Agreement::Observer& a = agreement.first;
@@ -32,19 +39,18 @@ void RemarkOn(const ObservedClass& first, const ObservedClass& second, Agreement
     NormaliseNumbers(identity);
     return identity.SchoolNum + "-" + identity.ClassNum;
   };
-  const std::array<ClassMark, 2> marks = {
-      {{Text::otherClasses, classOf(a.identity), classOf(b.identity)},
-       {Text::otherDays, a.date, b.date}}};
-  for (const auto& [differs, ofFirst, ofSecond] : marks) {
-    if (ofFirst == ofSecond) continue;
+  const auto remark = [&](Text differs, const std::string& ofFirst, const std::string& ofSecond) {
     agreement.remarks.push_back(Say(differs, {Printable(ofFirst), Printable(ofSecond)}));
+  };
+  const std::string classOfFirst = classOf(a.identity);
+  const std::string classOfSecond = classOf(b.identity);
+  if (classOfFirst != classOfSecond) remark(Text::otherClasses, classOfFirst, classOfSecond);
+  if (!AreOfOneDay(a.date, b.date)) remark(Text::otherDays, a.date, b.date);
+  if (agreement.offset.from == Offset::From::start && first.logStart && second.logStart) {
+    agreement.remarks.emplace_back(Say(Text::logsOfOtherDays));
   }
-  for (const ObservedClass* observed : {&first, &second}) {
-    const std::string name = Printable(observed->Name());
-    for (const std::string& note : observed->notes) {
-      agreement.remarks.push_back(Say(Text::problemInFile, {name, note}));
-    }
-  }
+  AddFileRemarks(first, agreement.fileRemarks);
+  AddFileRemarks(second, agreement.fileRemarks);
 }
 
 /// The stretches of a class; where there are none, says why.
@@ -74,8 +80,11 @@ Offset OffsetOf(const ObservedClass& first, const ObservedClass& second, std::op
   constexpr int kDay = static_cast<int>(kSecondsPerDay);
   int seconds = *second.logStart - *first.logStart;
   // Midnight may lie between the two.
-  if (seconds > kDay / 2) seconds -= kDay;
-  if (seconds < -kDay / 2) seconds += kDay;
+  const int nights = seconds > kDay / 2 ? -1 : seconds < -kDay / 2 ? 1 : 0;
+  seconds += nights * kDay;
+  // Where a log does not state its day, the times alone have to do.
+  const auto days = first.logDay && second.logDay ? (*second.logDay - *first.logDay).count() : 0;
+  if (days != 0 && days != nights) return {};
   return {seconds, Offset::From::log};
 }
 
@@ -87,15 +96,25 @@ std::optional<double> Agreement::QuestionShare() const {
   return ShareOfBoth(BothQuestions(), firstQuestions, secondQuestions);
 }
 
+std::vector<std::string> Agreement::AllRemarks() const {
+  std::vector<std::string> all = remarks;
+  all.insert(all.end(), fileRemarks.begin(), fileRemarks.end());
+  return all;
+}
+
+AskedQuestions QuestionsOf(const ObservedClass& first, const ObservedClass& second) {
+  return {QuestionsOf(first.observation.Episodes), QuestionsOf(second.observation.Episodes)};
+}
+
 Agreement Compare(const ObservedClass& first, const ObservedClass& second,
-                  const ComparisonOptions& options, QuestionPairs pairs) {
+                  const AskedQuestions& questions, const ComparisonOptions& options,
+                  std::optional<QuestionPairs> given) {
   Agreement agreement;
   agreement.first = ObserverOf(first);
   agreement.second = ObserverOf(second);
-  agreement.isWhole = first.isWhole && second.isWhole;
+  agreement.offset = OffsetOf(first, second, options.offset);
   RemarkOn(first, second, agreement);
 
-  agreement.offset = OffsetOf(first, second, options.offset);
   const auto ofFirst = Stretches(first, 0, agreement.remarks);
   const auto ofSecond = Stretches(second, agreement.offset.seconds, agreement.remarks);
   agreement.activities = CompareActivities(ofFirst, ofSecond, options.tolerance);
@@ -105,31 +124,20 @@ Agreement Compare(const ObservedClass& first, const ObservedClass& second,
     agreement.remarks.emplace_back(Say(Text::noTimeInCommon));
   }
 
-  const auto firstQuestions = QuestionsOf(first.observation.Episodes);
-  const auto secondQuestions = QuestionsOf(second.observation.Episodes);
-  agreement.firstQuestions = firstQuestions.size();
-  agreement.secondQuestions = secondQuestions.size();
-  agreement.codes = CompareCodes(firstQuestions, secondQuestions, pairs);
-  agreement.respondent = CompareRespondents(firstQuestions, secondQuestions, pairs);
-  agreement.pairs = std::move(pairs);
-  agreement.pairsGiven = true;
+  agreement.firstQuestions = questions.first.size();
+  agreement.secondQuestions = questions.second.size();
+  agreement.pairsGiven = given.has_value();
+  agreement.pairs =
+      given ? *std::move(given)
+            : PairQuestions(questions.first, questions.second, agreement.offset.seconds);
+  agreement.codes = CompareCodes(questions.first, questions.second, agreement.pairs);
+  agreement.respondent = CompareRespondents(questions.first, questions.second, agreement.pairs);
 
   agreement.firstOfftask = first.observation.header.ActivityOfftask;
   agreement.secondOfftask = second.observation.header.ActivityOfftask;
   if (first.survey && second.survey) {
     agreement.survey = CompareSurveys(*first.survey, *second.survey);
   }
-  return agreement;
-}
-
-Agreement Compare(const ObservedClass& first, const ObservedClass& second,
-                  const ComparisonOptions& options) {
-  const Offset offset = OffsetOf(first, second, options.offset);
-  Agreement agreement =
-      Compare(first, second, options,
-              PairQuestions(QuestionsOf(first.observation.Episodes),
-                            QuestionsOf(second.observation.Episodes), offset.seconds));
-  agreement.pairsGiven = false;
   return agreement;
 }
 

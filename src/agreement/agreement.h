@@ -12,6 +12,7 @@
 #include "agreement/question_pairs.h"
 #include "agreement/survey_agreement.h"
 #include "model/program.h"
+#include "reports/asked_question.h"
 
 namespace orvex {
 
@@ -27,7 +28,8 @@ struct Offset {
 };
 /// "log", "given", "start".
 std::string_view NameOf(Offset::From from);
-/// The offset of two classes. `given` is what the user stated, if anything.
+/// The offset of two classes. `given` is what the user stated, if anything. Logs of different days
+/// tell it only where they were begun around midnight, less than half a day apart.
 Offset OffsetOf(const ObservedClass& first, const ObservedClass& second, std::optional<int> given);
 
 /// Seconds by which two observers may be apart and still have seen the same.
@@ -53,7 +55,7 @@ struct Agreement {
   Observer first;
   Observer second;
   Offset offset;
-  double overlap = 0;  ///< for how many seconds both observed
+  double overlap = 0;  ///< for how many whole seconds both observed
   ActivityAgreement activities;
   BoundaryAgreement boundaries;
   std::size_t firstQuestions = 0;
@@ -66,21 +68,29 @@ struct Agreement {
   OfftaskAverages firstOfftask{};
   OfftaskAverages secondOfftask{};
   std::optional<SurveyAgreement> survey;  ///< nothing where either has none
-  /// Sentences that say what is unusual: different days, no time in common, and the notes of the
-  /// two classes.
+  /// Sentences that say what is unusual about the two: different days, no time in common.
   std::vector<std::string> remarks;
-  bool isWhole = true;  ///< false when a survey could not be read
+  /// And about each file, with its name: what was doubtful in it, or that it could not be read.
+  std::vector<std::string> fileRemarks;
 
   std::size_t BothQuestions() const;
   /// Twice the questions of both of all questions; nothing without questions.
   std::optional<double> QuestionShare() const;
+  /// All remarks: about the two, then about their files.
+  std::vector<std::string> AllRemarks() const;
 };
 
-/// Compares two observations of a class, with the pairs that a person made of their questions.
+/// The questions of two observers in their order. They point into the two classes.
+struct AskedQuestions {
+  std::vector<AskedQuestion> first;
+  std::vector<AskedQuestion> second;
+};
+AskedQuestions QuestionsOf(const ObservedClass& first, const ObservedClass& second);
+
+/// Compares two observations of a class, with the pairs that a person made of their `questions`;
+/// without such pairs, they are made from what was written down.
 Agreement Compare(const ObservedClass& first, const ObservedClass& second,
-                  const ComparisonOptions& options, QuestionPairs pairs);
-/// Makes the pairs from what was written down.
-Agreement Compare(const ObservedClass& first, const ObservedClass& second,
-                  const ComparisonOptions& options);
+                  const AskedQuestions& questions, const ComparisonOptions& options,
+                  std::optional<QuestionPairs> given = {});
 
 }  // namespace orvex

@@ -19,9 +19,9 @@ void AgreementReading::Work() {
   try {
     study_ = CompareAll(
         files_, options_, [this] { return stopped_.load(); },
-        [this](std::size_t compared, std::size_t found) {
-          found_ = found;
-          compared_ = compared;
+        [this](const StudyProgress& now) {
+          const std::lock_guard lock(mutex_);
+          progress_ = now;
         });
   } catch (...) {
     error_ = std::current_exception();
@@ -29,10 +29,17 @@ void AgreementReading::Work() {
   done_ = true;
 }
 
+StudyProgress AgreementReading::Progress() const {
+  const std::lock_guard lock(mutex_);
+  return progress_;
+}
+
 std::string AgreementReading::ProgressText() const {
-  const std::string found = std::to_string(found_);
-  const std::string compared = std::to_string(compared_);
-  return Say(stopped_ ? Text::comparingStopped : Text::comparingProgress, {compared, found});
+  const StudyProgress now = Progress();
+  if (now.step == StudyProgress::Step::finding) {
+    return stopped_ ? Say(Text::readingStopped) : Say(Text::readingProgress, {now.done, now.of});
+  }
+  return Say(stopped_ ? Text::comparingStopped : Text::comparingProgress, {now.done, now.of});
 }
 
 std::optional<AgreementStudy> AgreementReading::TakeIfReady() {

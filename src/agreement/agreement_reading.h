@@ -1,9 +1,9 @@
 #pragma once
 
 #include <atomic>
-#include <cstddef>
 #include <exception>
 #include <filesystem>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <thread>
@@ -25,9 +25,8 @@ class AgreementReading {
   /// Ends the work early. What has been compared until then can still be taken.
   void Stop() { stopped_ = true; }
   bool IsStopped() const { return stopped_; }
-  /// How many pairs there are, as far as that is known, and how many of them have been compared.
-  std::size_t Found() const { return found_; }
-  std::size_t Compared() const { return compared_; }
+  StudyProgress Progress() const;
+  /// "12 of 28 observations read", "3 of 14 pairs compared", or after how many it was stopped.
   std::string ProgressText() const;
 
   /// The study, once, when the work is done; nothing before and after. Throws what the work threw.
@@ -43,8 +42,8 @@ class AgreementReading {
   std::exception_ptr error_;
   std::atomic<bool> done_ = false;
   std::atomic<bool> stopped_ = false;
-  std::atomic<std::size_t> found_ = 0;
-  std::atomic<std::size_t> compared_ = 0;
+  mutable std::mutex mutex_;  ///< guards `progress_`
+  StudyProgress progress_;
   std::thread thread_;  // last: it uses all other members
 };
 

@@ -1,20 +1,15 @@
 #include "agreement/agreement_study.h"
 
 #include <algorithm>
-#include <tuple>
+#include <iterator>
 #include <utility>
 
 #include "agreement/comparison.h"
 #include "agreement/icc.h"
+#include "agreement/observer_name.h"
 #include "agreement/share_of_both.h"
-#include "model/texts.h"
-#include "store/eps_reader.h"
-#include "store/paths.h"
-#include "store/printable_text.h"
-#include "study/class_key.h"
-#include "study/found_files.h"
+#include "agreement/study_classes.h"
 #include "study/ordered_reading.h"
-#include "study/reading_with_warnings.h"
 
 namespace orvex {
 namespace {
@@ -37,115 +32,80 @@ Icc IccOf(const std::vector<StudyPair>& pairs, std::size_t figure) {
   return icc;
 }
 
-/// An observation, as far as it says which class it is of.
-struct FoundClass {
-  std::filesystem::path file;
-  ClassKey ofClass;
-  std::string number;  ///< key of the observation number
-  std::string initials;
-
-  /// True for a copy: not a second observer's.
-  bool IsCopyOf(const FoundClass& other) const {
-    return number == other.number && initials == other.initials;
-  }
-};
-
-/// Something that was made from files, or why it could not be.
-template <typename Value>
-struct FromFiles {
-  std::optional<Value> value = {};
+/// What is known of a file: which class it is of, or why it could not be read.
+struct LookedAt {
+  std::optional<FoundObservation> found = {};
   std::optional<Problem> problem = {};
 };
 
-FromFiles<FoundClass> FindClass(const std::filesystem::path& file) {
-  FromFiles<FoundClass> found;
-  found.problem = ProblemOf(file, [&] {
-    ReadingWithWarnings events({});  // the warnings come when the class is compared
-    EpsHeader header = ReadEpsFile(file, events).header;
-    Identity& identity = header.identity;
-    NormaliseNumbers(identity);
-    found.value = {file, ClassKeyOf(identity, header.ObservDate), NameKey(identity.ObservNum),
-                   identity.Initials};
-  });
-  return found;
+LookedAt LookAt(const std::filesystem::path& file) {
+  LookedAt result;
+  result.problem = ProblemOf(file, [&] { result.found = FindObservation(file); });
+  return result;
 }
 
-FromFiles<StudyPair> ComparePair(const std::filesystem::path& firstFile,
-                                 const std::filesystem::path& secondFile,
-                                 const ComparisonOptions& options) {
-  FromFiles<StudyPair> compared;
-  ObservedClass first;
-  ObservedClass second;
-  compared.problem = ProblemOf(firstFile, [&] { first = ReadObservedClass(firstFile); });
-  if (!compared.problem) {
-    compared.problem = ProblemOf(secondFile, [&] { second = ReadObservedClass(secondFile); });
+std::size_t CountOfPairs(const ClassFiles& files) {
+  return files.size() * (files.size() - 1) / 2;
+}
+
+/// What came of the observations of one class.
+struct ComparedClass {
+  std::vector<StudyPair> pairs;
+  std::vector<Problem> unread;
+  std::vector<Problem> warnings;
+};
+
+/// Reads the observations. What cannot be read, and what is doubtful, goes to `compared`.
+std::vector<ObservedClass> ReadAll(const ClassFiles& files, ComparedClass& compared) {
+  std::vector<ObservedClass> classes;
+  for (const std::filesystem::path& file : files) {
+    const auto problem = ProblemOf(file, [&] { classes.push_back(ReadObservedClass(file)); });
+    if (problem) {
+      compared.unread.push_back(*problem);
+      continue;
+    }
+    const ObservedClass& observed = classes.back();
+    if (observed.surveyProblem) compared.unread.push_back(*observed.surveyProblem);
+    for (const std::string& note : observed.notes) {
+      compared.warnings.push_back(Warning(file, 0, note));
+    }
   }
-  if (compared.problem) return compared;
-  const Comparison comparison(std::move(first), std::move(second), options);
-  compared.value = {firstFile,
-                    secondFile,
-                    comparison.Result(),
-                    DisagreementsOf(comparison),
-                    FiguresOf(comparison.First().observation),
-                    FiguresOf(comparison.Second().observation)};
+  return classes;
+}
+
+StudyPair PairOf(const ObservedClass& first, const ObservedClass& second,
+                 const ComparisonOptions& options) {
+  const Comparison comparison(first, second, options);
+  return {first.file,
+          second.file,
+          comparison.Result(),
+          DisagreementsOf(comparison),
+          FiguresOf(first.observation),
+          FiguresOf(second.observation)};
+}
+
+ComparedClass CompareClass(const ClassFiles& files, const ComparisonOptions& options) {
+  ComparedClass compared;
+  const std::vector<ObservedClass> classes = ReadAll(files, compared);
+  for (auto first = classes.begin(); first != classes.end(); ++first) {
+    for (auto second = first + 1; second != classes.end(); ++second) {
+      compared.pairs.push_back(PairOf(*first, *second, options));
+    }
+  }
   return compared;
 }
 
-/// Makes `count` values on all cores, and in their order hands them to `take`. Problems with files
-/// go to `unread`. `stops` ends the work early.
+/// Makes `count` values on all cores, and in their order hands them to `take`. `stops` ends the
+/// work early.
 template <typename Value, typename Take>
-void MakeAll(std::size_t count, const std::function<FromFiles<Value>(std::size_t)>& make,
-             const std::function<bool()>& stops, std::vector<Problem>& unread, const Take& take) {
-  OrderedReading<FromFiles<Value>> making(count, make);
+void MakeAll(std::size_t count, const std::function<Value(std::size_t)>& make,
+             const std::function<bool()>& stops, const Take& take) {
+  OrderedReading<Value> making(count, make);
   while (!(stops && stops())) {
     auto made = making.Take();
     if (!made) return;
-    if (made->problem) unread.push_back(*std::move(made->problem));
-    if (made->value) take(*std::move(made->value));
+    take(*std::move(made));
   }
-}
-
-using FilePair = std::pair<std::filesystem::path, std::filesystem::path>;
-
-/// Adds every two of the observations of one class, which are in the order of their numbers. Tells
-/// of copies, and of one that is alone.
-void AddPairs(std::vector<FoundClass> observations, std::vector<FilePair>& pairs,
-              std::vector<std::string>& remarks) {
-  const auto nameOf = [](const FoundClass& found) { return Printable(found.file.native()); };
-  if (observations.size() == 1) {
-    remarks.push_back(Say(Text::noSecondObservation, {nameOf(observations.front())}));
-  }
-  for (auto second = observations.begin(); second != observations.end();) {
-    const auto same = std::find_if(observations.begin(), second, [&](const FoundClass& first) {
-      return second->IsCopyOf(first);
-    });
-    if (same != second) {
-      remarks.push_back(Say(Text::sameObservation, {nameOf(*second), nameOf(*same)}));
-      second = observations.erase(second);
-    } else {
-      ++second;
-    }
-  }
-  for (auto first = observations.begin(); first != observations.end(); ++first) {
-    for (auto second = first + 1; second != observations.end(); ++second) {
-      pairs.emplace_back(first->file, second->file);
-    }
-  }
-}
-
-std::vector<FilePair> PairsOf(std::vector<FoundClass> found, std::vector<std::string>& remarks) {
-  std::ranges::stable_sort(found, {}, [](const FoundClass& observation) {
-    return std::tie(observation.ofClass, observation.number);
-  });
-  std::vector<FilePair> pairs;
-  for (auto first = found.begin(); first != found.end();) {
-    const auto end = std::find_if(first, found.end(), [&](const FoundClass& observation) {
-      return observation.ofClass != first->ofClass;
-    });
-    AddPairs({first, end}, pairs, remarks);
-    first = end;
-  }
-  return pairs;
 }
 
 }  // namespace
@@ -178,15 +138,24 @@ std::optional<double> PooledAgreement::QuestionShare() const {
   return ShareOfBoth(bothQuestions, firstQuestions, secondQuestions);
 }
 
+const std::string& AgreementStudy::NameOf(const Agreement::Observer& observer) const {
+  return observers.at(ObserverKey(observer.identity)).name;
+}
+
 AgreementStudy StudyOf(std::vector<StudyPair> pairs) {
   AgreementStudy study;
+  const auto observerOf = [&study](const Identity& identity) -> PooledAgreement& {
+    const auto [at, isNew] = study.observers.try_emplace(ObserverKey(identity));
+    if (isNew) at->second.name = ShownInitials(identity);
+    return at->second.pooled;
+  };
   for (const StudyPair& pair : pairs) {
     const Agreement& agreement = pair.agreement;
-    const std::string& first = agreement.first.identity.Initials;
-    const std::string& second = agreement.second.identity.Initials;
     study.pooled.Add(agreement);
-    study.observers[first].Add(agreement);
-    if (second != first) study.observers[second].AddSwapped(agreement);
+    PooledAgreement& first = observerOf(agreement.first.identity);
+    first.Add(agreement);
+    PooledAgreement& second = observerOf(agreement.second.identity);
+    if (&second != &first) second.AddSwapped(agreement);
   }
   for (std::size_t figure = 0; figure < study.icc.size(); ++figure) {
     study.icc[figure] = IccOf(pairs, figure);
@@ -197,29 +166,44 @@ AgreementStudy StudyOf(std::vector<StudyPair> pairs) {
 
 AgreementStudy CompareAll(const std::vector<std::filesystem::path>& files,
                           const ComparisonOptions& options, const std::function<bool()>& stops,
-                          const std::function<void(std::size_t, std::size_t)>& progress) {
+                          const std::function<void(const StudyProgress&)>& progress) {
+  const auto tell = [&](const StudyProgress& now) {
+    if (progress) progress(now);
+  };
   std::vector<Problem> unread;
-  std::vector<std::string> remarks;
-  std::vector<FoundClass> found;
-  MakeAll<FoundClass>(
-      files.size(), [&](std::size_t file) { return FindClass(files[file]); }, stops, unread,
-      [&](FoundClass observation) { found.push_back(std::move(observation)); });
+  std::vector<FoundObservation> found;
+  const std::vector<std::filesystem::path> distinct = WithoutRepeats(files);
+  StudyProgress finding{.step = StudyProgress::Step::finding, .of = distinct.size()};
+  MakeAll<LookedAt>(
+      distinct.size(), [&](std::size_t file) { return LookAt(distinct[file]); }, stops,
+      [&](LookedAt file) {
+        if (file.problem) unread.push_back(*std::move(file.problem));
+        if (file.found) found.push_back(*std::move(file.found));
+        ++finding.done;
+        tell(finding);
+      });
   // Who has no partner is known once all have been found.
   if (stops && stops()) found.clear();
-  const std::vector<FilePair> toCompare = PairsOf(std::move(found), remarks);
+
+  std::vector<std::string> remarks;
+  const std::vector<ClassFiles> classes = ClassesOf(std::move(found), remarks);
+  StudyProgress comparing{.step = StudyProgress::Step::comparing};
+  for (const ClassFiles& ofClass : classes) comparing.of += CountOfPairs(ofClass);
   std::vector<StudyPair> pairs;
-  MakeAll<StudyPair>(
-      toCompare.size(),
-      [&](std::size_t pair) {
-        return ComparePair(toCompare[pair].first, toCompare[pair].second, options);
-      },
-      stops, unread,
-      [&](StudyPair pair) {
-        pairs.push_back(std::move(pair));
-        if (progress) progress(pairs.size(), toCompare.size());
+  std::vector<Problem> warnings;
+  auto next = classes.begin();
+  MakeAll<ComparedClass>(
+      classes.size(), [&](std::size_t at) { return CompareClass(classes[at], options); }, stops,
+      [&](ComparedClass compared) {
+        std::ranges::move(compared.pairs, std::back_inserter(pairs));
+        std::ranges::move(compared.unread, std::back_inserter(unread));
+        std::ranges::move(compared.warnings, std::back_inserter(warnings));
+        comparing.done += CountOfPairs(*next++);
+        tell(comparing);
       });
   AgreementStudy study = StudyOf(std::move(pairs));
   study.unread = std::move(unread);
+  study.warnings = std::move(warnings);
   study.remarks = std::move(remarks);
   return study;
 }

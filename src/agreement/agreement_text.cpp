@@ -26,16 +26,18 @@ struct Names {
 
 void AppendOrigin(const Agreement& agreement, std::string& text) {
   AddTabbedLine(text, {"OBSERVERS", "File", "Initials", "Date"});
-  AddTabbedLine(text, {"First", agreement.first.file, agreement.first.identity.Initials,
+  AddTabbedLine(text, {"First", agreement.first.file, ShownInitials(agreement.first.identity),
                        agreement.first.date});
-  AddTabbedLine(text, {"Second", agreement.second.file, agreement.second.identity.Initials,
+  AddTabbedLine(text, {"Second", agreement.second.file, ShownInitials(agreement.second.identity),
                        agreement.second.date});
   static constexpr std::array<std::string_view, 3> kFrom = {
       "from the session logs", "as it was stated", "not known: both are taken to begin together"};
   AddTabbedLine(text,
                 {"The second began later by (seconds)", std::to_string(agreement.offset.seconds),
                  kFrom[static_cast<std::size_t>(agreement.offset.from)]});
-  for (const std::string& remark : agreement.remarks) AddTabbedLine(text, {"Remark", remark});
+  for (const std::string& remark : agreement.AllRemarks()) {
+    AddTabbedLine(text, {"Remark", remark});
+  }
 }
 
 void AppendActivities(const Agreement& agreement, const Names& names, std::string& text) {

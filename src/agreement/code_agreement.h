@@ -35,7 +35,8 @@ struct CodeAgreement {
 
   CodeAgreement& operator+=(const CodeAgreement& other);
 };
-/// In the order of ComparedDimensions().
+/// Compares the codes of the questions of `pairs`, which are positions in the two lists. In the
+/// order of ComparedDimensions().
 std::vector<CodeAgreement> CompareCodes(const std::vector<AskedQuestion>& first,
                                         const std::vector<AskedQuestion>& second,
                                         const QuestionPairs& pairs);
@@ -46,6 +47,7 @@ struct RespondentAgreement {
   int both = 0;
   int same = 0;
 };
+/// Compares who answered the questions of `pairs`, which are positions in the two lists.
 RespondentAgreement CompareRespondents(const std::vector<AskedQuestion>& first,
                                        const std::vector<AskedQuestion>& second,
                                        const QuestionPairs& pairs);

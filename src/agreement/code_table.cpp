@@ -77,12 +77,6 @@ std::string_view NameOf(Undefined reason) {
   return kNames[static_cast<std::size_t>(reason)];
 }
 
-std::string_view TextOf(Undefined reason) {
-  static constexpr std::array<std::string_view, 2> kTexts = {"n/a (no pairs)",
-                                                             "n/a (one code only)"};
-  return kTexts[static_cast<std::size_t>(reason)];
-}
-
 std::optional<Undefined> KappaUndefined(const CodeTable& table) {
   const std::int64_t total = table.Total();
   if (total == 0) return Undefined::noPairs;
@@ -126,6 +120,16 @@ std::optional<Interval> KappaInterval(const CodeTable& table) {
   const double error = std::sqrt(spread) * sums.total / std::pow(rest, 2);
   constexpr double kNormalQuantile = 1.959964;
   return Interval{*kappa - kNormalQuantile * error, *kappa + kNormalQuantile * error};
+}
+
+std::optional<double> KappaLow(const CodeTable& table) {
+  const auto interval = KappaInterval(table);
+  return interval ? std::optional(interval->low) : std::nullopt;
+}
+
+std::optional<double> KappaHigh(const CodeTable& table) {
+  const auto interval = KappaInterval(table);
+  return interval ? std::optional(interval->high) : std::nullopt;
 }
 
 std::optional<double> Ac1(const CodeTable& table) {

@@ -43,8 +43,6 @@ class CodeTable {
 enum class Undefined { noPairs, oneCode };
 /// "one code only", "no pairs".
 std::string_view NameOf(Undefined reason);
-/// "n/a (one code only)", "n/a (no pairs)".
-std::string_view TextOf(Undefined reason);
 /// Why kappa is not defined for `table`; nothing when it is.
 std::optional<Undefined> KappaUndefined(const CodeTable& table);
 
@@ -60,6 +58,9 @@ struct Interval {
 };
 /// The interval of kappa, by its large-sample standard error (Fleiss, Cohen and Everitt, 1969).
 std::optional<Interval> KappaInterval(const CodeTable& table);
+/// Its bounds, as far as there is an interval.
+std::optional<double> KappaLow(const CodeTable& table);
+std::optional<double> KappaHigh(const CodeTable& table);
 /// Gwet's AC1 (2008), which keeps its sense where one code is rare; nothing for an empty table.
 std::optional<double> Ac1(const CodeTable& table);
 /// Cohen's kappa with quadratic weights: codes count as the less equal, the farther they are apart.

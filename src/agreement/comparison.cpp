@@ -164,8 +164,8 @@ std::size_t Comparison::Reload() {
   ObservedClass second = ReadObservedClass(second_.file);
   const auto firstNow = QuestionsOf(first.observation.Episodes);
   const auto secondNow = QuestionsOf(second.observation.Episodes);
-  const EditedQuestions edited = {.first = SameQuestions(firstQuestions_, firstNow),
-                                  .second = SameQuestions(secondQuestions_, secondNow),
+  const EditedQuestions edited = {.first = SameQuestions(questions_.first, firstNow),
+                                  .second = SameQuestions(questions_.second, secondNow),
                                   .firstCount = firstNow.size(),
                                   .secondCount = secondNow.size()};
   const auto follow = [&edited](GivenPairs& pairs) {
@@ -203,15 +203,13 @@ void Comparison::Take(GivenPairs pairs) {
 }
 
 void Comparison::Renew() {
-  firstQuestions_ = QuestionsOf(first_.observation.Episodes);
-  secondQuestions_ = QuestionsOf(second_.observation.Episodes);
-  result_ =
-      given_ ? Compare(first_, second_, options_, *given_) : Compare(first_, second_, options_);
+  questions_ = QuestionsOf(first_, second_);
+  result_ = Compare(first_, second_, questions_, options_, given_);
   rows_.clear();
   for (const QuestionPair& pair : result_.pairs) {
     PairRow& row = rows_.emplace_back(PairRow{.pair = pair, .differing = {}});
-    if (pair.first) row.first = &firstQuestions_[*pair.first];
-    if (pair.second) row.second = &secondQuestions_[*pair.second];
+    if (pair.first) row.first = &questions_.first[*pair.first];
+    if (pair.second) row.second = &questions_.second[*pair.second];
     row.differing = DifferingDimensions(row);
   }
 }

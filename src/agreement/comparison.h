@@ -114,8 +114,7 @@ class Comparison {
   ObservedClass second_;
   ComparisonOptions options_;
   Master master_ = Master::none;
-  std::vector<AskedQuestion> firstQuestions_;
-  std::vector<AskedQuestion> secondQuestions_;
+  AskedQuestions questions_;
   GivenPairs given_;
   GivenPairs saved_;                 ///< what the table holds that was saved or loaded last
   std::vector<GivenPairs> earlier_;  ///< before each change that can be undone

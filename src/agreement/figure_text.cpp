@@ -10,7 +10,11 @@ std::string FigureText(double figure) {
 }
 
 std::string FigureText(std::optional<double> figure, std::optional<Undefined> reason) {
-  return figure ? FigureText(*figure) : std::string(TextOf(reason.value_or(Undefined::noPairs)));
+  return FigureText(figure, NameOf(reason.value_or(Undefined::noPairs)));
+}
+
+std::string FigureText(std::optional<double> figure, std::string_view reason) {
+  return figure ? FigureText(*figure) : "n/a (" + std::string(reason) + ")";
 }
 
 std::string PercentText(const CodeTable& table) {

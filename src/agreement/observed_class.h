@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -7,6 +8,7 @@
 
 #include "model/survey.h"
 #include "store/eps_file.h"
+#include "study/problem.h"
 
 namespace orvex {
 
@@ -16,9 +18,9 @@ struct ObservedClass {
   EpsObservation observation = {};
   std::optional<Survey> survey = {};
   std::optional<int> logStart = {};  ///< when its session log began, in seconds since midnight
-  /// Sentences about what was doubtful in its files, or why one of them could not be read.
-  std::vector<std::string> notes = {};
-  bool isWhole = true;  ///< false when there is a survey that could not be read
+  std::optional<std::chrono::sys_days> logDay = {};  ///< the day of that, if the log states one
+  std::vector<std::string> notes = {};        ///< sentences about what was doubtful in its files
+  std::optional<Problem> surveyProblem = {};  ///< why its survey could not be read
 
   /// The file's name without its folder, "5-12-3.eps". UTF-8.
   std::string Name() const;

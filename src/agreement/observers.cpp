@@ -4,6 +4,7 @@
 #include <set>
 #include <utility>
 
+#include "agreement/observer_name.h"
 #include "study/observation_day.h"
 
 namespace orvex {
@@ -11,9 +12,10 @@ namespace {
 
 using Day = std::chrono::sys_days;
 
-bool IsOf(const StudyPair& pair, const std::string& initials) {
-  return pair.agreement.first.identity.Initials == initials ||
-         pair.agreement.second.identity.Initials == initials;
+/// True for a pair with the observer whose ObserverKey is `key`.
+bool IsOf(const StudyPair& pair, const std::string& key) {
+  return ObserverKey(pair.agreement.first.identity) == key ||
+         ObserverKey(pair.agreement.second.identity) == key;
 }
 
 std::optional<Day> DayOfPair(const StudyPair& pair) {
@@ -39,6 +41,7 @@ bool CountsInMean(const CodeAgreement& codes) {
   return codes.compared->dimension.has_value();
 }
 
+/// The mean of kappa over the dimensions in which it is defined.
 std::optional<double> MeanKappa(const PooledAgreement& pooled) {
   Mean mean;
   for (const CodeAgreement& codes : pooled.codes) {
@@ -53,15 +56,18 @@ void SetHalves(const AgreementStudy& study, ObserverAgreement& observer) {
   std::set<Day> days;
   for (const StudyPair& pair : study.pairs) {
     const auto day = DayOfPair(pair);
-    if (day && IsOf(pair, observer.initials)) days.insert(*day);
+    if (day && IsOf(pair, observer.key)) days.insert(*day);
   }
-  if (days.size() < 2) return;
+  if (days.size() < 2) {
+    observer.noHalves = "fewer than two days";
+    return;
+  }
   const Day middle = *std::next(days.begin(), static_cast<std::ptrdiff_t>(days.size() / 2));
   PooledAgreement before;
   PooledAgreement after;
   for (const StudyPair& pair : study.pairs) {
     const auto day = DayOfPair(pair);
-    if (day && IsOf(pair, observer.initials)) (*day < middle ? before : after).Add(pair.agreement);
+    if (day && IsOf(pair, observer.key)) (*day < middle ? before : after).Add(pair.agreement);
   }
   Mean earlier;
   Mean later;
@@ -74,6 +80,7 @@ void SetHalves(const AgreementStudy& study, ObserverAgreement& observer) {
   }
   observer.earlier = earlier.Value();
   observer.later = later.Value();
+  if (!observer.later) observer.noHalves = "no dimension that both halves define";
 }
 
 /// Who agrees least comes first, and who has no figure last.
@@ -90,12 +97,18 @@ std::optional<double> ObserverAgreement::Change() const {
 
 std::vector<ObserverAgreement> ObserversOf(const AgreementStudy& study) {
   std::vector<ObserverAgreement> observers;
-  for (const auto& [initials, pooled] : study.observers) {
-    ObserverAgreement observer{.initials = initials,
-                               .pooled = &pooled,
-                               .meanKappa = MeanKappa(pooled),
+  for (const auto& [key, pairs] : study.observers) {
+    ObserverAgreement observer{.key = key,
+                               .observer = &pairs,
+                               .meanKappa = MeanKappa(pairs.pooled),
+                               .noMean = {},
                                .earlier = {},
-                               .later = {}};
+                               .later = {},
+                               .noHalves = {}};
+    const bool hasPairs = std::ranges::any_of(pairs.pooled.codes, [](const CodeAgreement& codes) {
+      return CountsInMean(codes) && codes.table.Total() > 0;
+    });
+    observer.noMean = NameOf(hasPairs ? Undefined::oneCode : Undefined::noPairs);
     SetHalves(study, observer);
     observers.push_back(std::move(observer));
   }
@@ -106,11 +119,11 @@ std::vector<ObserverAgreement> ObserversOf(const AgreementStudy& study) {
 std::vector<KappaCourse> CoursesOf(const AgreementStudy& study,
                                    std::optional<std::size_t> dimension) {
   std::vector<KappaCourse> courses;
-  for (const auto& [initials, pooled] : study.observers) {
-    KappaCourse course{.initials = initials, .points = {}};
+  for (const auto& [key, pairs] : study.observers) {
+    KappaCourse course{.observer = pairs.name, .points = {}};
     for (std::size_t i = 0; i < study.pairs.size(); ++i) {
       const StudyPair& pair = study.pairs[i];
-      if (!IsOf(pair, initials)) continue;
+      if (!IsOf(pair, key)) continue;
       const Agreement& agreement = pair.agreement;
       const auto kappa =
           Kappa(dimension ? agreement.codes[*dimension].table : agreement.activities.table);

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "agreement/agreement_study.h"
@@ -13,14 +14,17 @@ namespace orvex {
 /// What an observer's agreement with the others comes to, and whether it changes. All of these are
 /// means of kappa over the dimensions that are coded by letters, as far as it is defined.
 struct ObserverAgreement {
-  std::string initials;
-  const PooledAgreement* pooled = nullptr;  ///< in the study
+  std::string key;                          ///< ObserverKey
+  const ObserverPairs* observer = nullptr;  ///< in the study
   std::optional<double> meanKappa;
+  std::string_view noMean;  ///< why there is none, if so: "one code only"
   /// In the earlier and in the later half of the days, over the dimensions that both define. Of an
   /// odd number of days the middle one is in the later half.
   std::optional<double> earlier;
   std::optional<double> later;
+  std::string_view noHalves;  ///< why there are none, if so: "fewer than two days"
 
+  /// By how much kappa has risen from the earlier half to the later; nothing without both.
   std::optional<double> Change() const;
 };
 /// The observers of a study, the one who agrees least first. They point into `study`.
@@ -34,7 +38,7 @@ struct KappaOfDay {
 };
 /// How an observer agreed with others as time went on.
 struct KappaCourse {
-  std::string initials;
+  std::string observer;            ///< ObserverPairs::name
   std::vector<KappaOfDay> points;  ///< by day
   std::size_t undefined = 0;       ///< pairs without a kappa
   std::size_t undated = 0;         ///< pairs with a kappa whose date is no date

@@ -1,13 +1,14 @@
 #include "agreement/paper_line.h"
 
-#include <algorithm>
+#include <chrono>
+#include <map>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "agreement/figure_text.h"
 #include "agreement/observer_name.h"
 #include "model/wording.h"
+#include "study/observation_day.h"
 
 namespace orvex {
 namespace {
@@ -67,17 +68,16 @@ std::string ClassOf(const Agreement::Observer& observer) {
   return observer.identity.SchoolNum + "-" + observer.identity.ClassNum + " on " + observer.date;
 }
 
-/// The first and the last of the dates, "mm-dd-yyyy".
+/// The first and the last of the days.
 std::string PeriodOf(const std::vector<StudyPair>& pairs) {
-  const auto inOrder = [](const std::string& date) {
-    constexpr std::size_t kYear = 6;
-    return date.size() < kYear ? date : date.substr(kYear) + date;
-  };
-  const auto [first, last] = std::ranges::minmax_element(
-      pairs, {}, [&](const StudyPair& pair) { return inOrder(pair.agreement.first.date); });
-  const std::string& begin = first->agreement.first.date;
-  const std::string& end = last->agreement.first.date;
-  return begin == end ? "on " + begin : "from " + begin + " to " + end;
+  std::map<std::chrono::sys_days, std::string> dates;
+  for (const StudyPair& pair : pairs) {
+    const std::string& date = pair.agreement.first.date;
+    if (const auto day = DayOf(date)) dates.emplace(*day, date);
+  }
+  if (dates.empty()) return "on days that are not known";
+  const std::string& begin = dates.begin()->second;
+  return dates.size() == 1 ? "on " + begin : "from " + begin + " to " + dates.rbegin()->second;
 }
 
 }  // namespace
@@ -99,15 +99,13 @@ std::string PaperLine(const AgreementStudy& study) {
   if (study.pairs.empty()) return "No two observations of one class were compared.";
   const PooledAgreement& pooled = study.pooled;
   std::vector<std::string> observers;
-  for (const auto& [initials, ofObserver] : study.observers) observers.push_back(initials);
-  const bool byHand = std::ranges::any_of(
-      study.pairs, [](const StudyPair& pair) { return pair.agreement.pairsGiven; });
+  for (const auto& [key, observer] : study.observers) observers.push_back(observer.name);
   std::string text =
       Counted(pooled.pairs, "pair") + " of observations by " + Listed(observers) + ", " +
       PeriodOf(study.pairs) + "; of " + std::to_string(pooled.firstQuestions) + " and " +
       std::to_string(pooled.secondQuestions) + " questions, " +
       std::to_string(pooled.bothQuestions) + " were recorded by both observers of a class (" +
-      std::string(byHand ? kByHand : kByWords) + "). " + CodesSentence(pooled.codes) + " " +
+      std::string(kByWords) + "). " + CodesSentence(pooled.codes) + " " +
       ActivitiesSentence(pooled.activities);
   std::string icc;
   for (std::size_t i = 0; i < study.icc.size(); ++i) {

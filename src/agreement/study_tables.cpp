@@ -32,8 +32,9 @@ Cell Ac1Cell(const CodeTable& table) {
   return FigureGrid::OfNumber(Ac1Text(table), Ac1(table));
 }
 
-Cell FigureCell(std::optional<double> figure) {
-  return FigureGrid::OfNumber(figure ? FigureText(*figure) : "n/a", figure);
+/// A figure, or why there is none.
+Cell FigureCell(std::optional<double> figure, std::string_view reason) {
+  return FigureGrid::OfNumber(FigureText(figure, reason), figure);
 }
 
 /// Classes are in the order of their schools and of their numbers there.
@@ -57,14 +58,15 @@ std::string InOneLine(const std::vector<std::string>& sentences) {
   return line;
 }
 
+/// "AB 3": the observer's initials and the number of the observation.
+Cell ObserverCell(const AgreementStudy& study, const Agreement::Observer& observer) {
+  return FigureGrid::OfText(study.NameOf(observer) + " " + observer.identity.ObservNum);
+}
+
 }  // namespace
 
 std::string ClassText(const Identity& identity) {
   return identity.SchoolNum + "-" + identity.ClassNum;
-}
-
-std::string ObserverText(const Agreement::Observer& observer) {
-  return observer.identity.Initials + " " + observer.identity.ObservNum;
 }
 
 FigureGrid PairsTable(const AgreementStudy& study) {
@@ -85,15 +87,14 @@ FigureGrid PairsTable(const AgreementStudy& study) {
   table.columns.push_back({"Remarks", "What is unusual about the pair", false, kRemarksWidth});
   for (std::size_t i = 0; i < study.pairs.size(); ++i) {
     const Agreement& pair = study.pairs[i].agreement;
-    FigureGrid::Row row{
-        .key = std::to_string(i),
-        .cells = {ClassCell(pair.first.identity), DateCell(pair.first.date),
-                  FigureGrid::OfText(ObserverText(pair.first)),
-                  FigureGrid::OfText(ObserverText(pair.second)),
-                  FigureGrid::OfCount(pair.BothQuestions()), FigureCell(pair.QuestionShare()),
-                  KappaCell(pair.activities.table)}};
+    FigureGrid::Row row{.key = std::to_string(i),
+                        .cells = {ClassCell(pair.first.identity), DateCell(pair.first.date),
+                                  ObserverCell(study, pair.first), ObserverCell(study, pair.second),
+                                  FigureGrid::OfCount(pair.BothQuestions()),
+                                  FigureCell(pair.QuestionShare(), "no questions"),
+                                  KappaCell(pair.activities.table)}};
     for (const CodeAgreement& codes : pair.codes) row.cells.push_back(KappaCell(codes.table));
-    row.cells.push_back(FigureGrid::OfText(InOneLine(pair.remarks)));
+    row.cells.push_back(FigureGrid::OfText(InOneLine(pair.AllRemarks())));
     table.rows.push_back(std::move(row));
   }
   return table;
@@ -118,13 +119,16 @@ FigureGrid ObserversTable(const AgreementStudy& study) {
     table.columns.push_back(Figure("AC1", "AC1 of " + label));
   }
   for (const ObserverAgreement& observer : ObserversOf(study)) {
+    const PooledAgreement& pooled = observer.observer->pooled;
     FigureGrid::Row row{
-        .key = observer.initials,
-        .cells = {FigureGrid::OfText(observer.initials),
-                  FigureGrid::OfCount(observer.pooled->pairs), FigureCell(observer.meanKappa),
-                  FigureCell(observer.earlier), FigureCell(observer.later),
-                  FigureCell(observer.Change()), KappaCell(observer.pooled->activities.table)}};
-    for (const CodeAgreement& codes : observer.pooled->codes) {
+        .key = observer.key,
+        .cells = {FigureGrid::OfText(observer.observer->name), FigureGrid::OfCount(pooled.pairs),
+                  FigureCell(observer.meanKappa, observer.noMean),
+                  FigureCell(observer.earlier, observer.noHalves),
+                  FigureCell(observer.later, observer.noHalves),
+                  FigureCell(observer.Change(), observer.noHalves),
+                  KappaCell(pooled.activities.table)}};
+    for (const CodeAgreement& codes : pooled.codes) {
       row.cells.push_back(KappaCell(codes.table));
       row.cells.push_back(Ac1Cell(codes.table));
     }
@@ -148,11 +152,8 @@ FigureGrid IccTable(const AgreementStudy& study) {
     const Icc& icc = study.icc[i];
     table.rows.push_back(
         {.key = std::string(NameOf(figure)),
-         .cells = {
-             FigureGrid::OfText(std::string(LabelOf(figure))), FigureGrid::OfCount(icc.pairs),
-             FigureGrid::OfCount(icc.leftOut),
-             FigureGrid::OfNumber(
-                 icc.value ? FigureText(*icc.value) : "n/a (" + icc.undefined + ")", icc.value)}});
+         .cells = {FigureGrid::OfText(std::string(LabelOf(figure))), FigureGrid::OfCount(icc.pairs),
+                   FigureGrid::OfCount(icc.leftOut), FigureCell(icc.value, icc.undefined)}});
   }
   return table;
 }
@@ -170,7 +171,6 @@ FigureGrid PooledTable(const PooledAgreement& pooled) {
                    kReasonWidth}},
       .rows = {}};
   for (const CodeAgreement& codes : pooled.codes) {
-    const auto interval = KappaInterval(codes.table);
     table.rows.push_back(
         {.key = std::string(codes.compared->name),
          .cells = {FigureGrid::OfText(std::string(codes.compared->label)),
@@ -179,8 +179,7 @@ FigureGrid PooledTable(const PooledAgreement& pooled) {
                    FigureGrid::OfCount(static_cast<std::size_t>(codes.leftOut)),
                    FigureGrid::OfNumber(PercentText(codes.table), PercentAgreed(codes.table)),
                    KappaCell(codes.table),
-                   FigureGrid::OfNumber(IntervalText(codes.table),
-                                        interval ? std::optional(interval->low) : std::nullopt),
+                   FigureGrid::OfNumber(IntervalText(codes.table), KappaLow(codes.table)),
                    Ac1Cell(codes.table)}});
   }
   // Seconds are not independent of each other: there is no interval.

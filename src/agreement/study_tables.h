@@ -9,8 +9,6 @@ namespace orvex {
 
 /// "5-12", of the two numbers that name a class.
 std::string ClassText(const Identity& identity);
-/// "AB 3": the observer's initials and the number of the observation.
-std::string ObserverText(const Agreement::Observer& observer);
 
 /// The tables of a study, as they are shown, copied and printed.
 /// A row a pair, in the study's order. The key of a row is the pair's position in the study.

@@ -16,6 +16,8 @@ struct SurveyAgreement {
   /// How many statements were rated at most one value apart.
   std::int64_t WithinOne() const;
 };
+/// Compares two surveys, statement by statement and item by item. A statement that "does not apply"
+/// is not rated.
 SurveyAgreement CompareSurveys(const Survey& first, const Survey& second);
 
 }  // namespace orvex

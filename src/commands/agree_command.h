@@ -24,6 +24,9 @@ struct AgreeCommand {
   /// True when the sources are two episode files, which are compared whatever class they are of.
   bool IsOfTwo() const;
 };
+/// Compares what the command names, and writes the agreement as text, or as JSON, to `console.out`.
+/// What could not be read or written is told on `console.err`, and so, beside JSON, which has no
+/// place for them, are remarks. kFailed when nothing was compared, or something is missing in it.
 ExitCode RunAgree(const AgreeCommand& command, Storage& storage, const Console& console);
 
 }  // namespace orvex

@@ -299,6 +299,8 @@ constexpr std::array<Row, kCount> kTexts = {{
 
     {Text::otherClasses, "The two observations are of different classes: %1 and %2."},
     {Text::otherDays, "The two observations are of different days: %1 and %2."},
+    {Text::logsOfOtherDays,
+     "The session logs are of different days, so both observers are taken to have begun together."},
     {Text::timeMissing, "%1: there are no activities, so nothing is compared second by second."},
     {Text::timeNotCredible,
      "%1: the lengths of its activities cannot be right (below 0, or more than a day in all), so "
@@ -306,6 +308,7 @@ constexpr std::array<Row, kCount> kTexts = {{
     {Text::noTimeInCommon, "The two observations have no time in common."},
     {Text::noSecondObservation, "%1: there is no other observation of this class on this day."},
     {Text::sameObservation, "%1 has the same numbers and observer as %2, and is not compared."},
+    {Text::noInitials, "(no initials)"},
     {Text::comparingProgress, "%1 of %2 pairs compared"},
     {Text::comparingStopped, "Stopped after %1 of %2 pairs"},
     {Text::pairsCompared, "%1 of %2, %3 of both observers, %4 left out"},

@@ -277,11 +277,13 @@ enum class Text {
   // The agreement of two observers.
   otherClasses,
   otherDays,
+  logsOfOtherDays,
   timeMissing,
   timeNotCredible,
   noTimeInCommon,
   noSecondObservation,
   sameObservation,
+  noInitials,
   comparingProgress,
   comparingStopped,
   pairsCompared,

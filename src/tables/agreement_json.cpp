@@ -92,15 +92,14 @@ void AddQuestionPairs(const QuestionPairs& pairs, Json& json) {
 
 void AddCode(const CodeAgreement& code, Json& json) {
   const CodeTable& table = code.table;
-  const auto interval = KappaInterval(table);
   json.Key(code.compared->name).BeginObject();
   json.Key("n").Number(table.Total());
   json.Key("left_out").Number(std::int64_t{code.leftOut});
   json.Key("neither").Number(std::int64_t{code.neither});
   AddFigure("percent", PercentAgreed(table), json);
   AddKappa(table, json);
-  AddFigure("kappa_low", interval ? std::optional(interval->low) : std::nullopt, json);
-  AddFigure("kappa_high", interval ? std::optional(interval->high) : std::nullopt, json);
+  AddFigure("kappa_low", KappaLow(table), json);
+  AddFigure("kappa_high", KappaHigh(table), json);
   AddFigure("ac1", Ac1(table), json);
   json.Key("letters").BeginArray();
   for (const char letter : code.compared->letters) json.Text({&letter, 1});
@@ -200,10 +199,11 @@ std::string AgreementStudyJson(const AgreementStudy& study) {
   AddActivities(study.pooled.activities, json);
   BeginQuestions(study.pooled, study.pooled.bothQuestions, json);
   json.EndObject().Key("observers").BeginObject();
-  for (const auto& [initials, pooled] : study.observers) {
-    json.Key(initials).BeginObject();
-    AddCount("pairs", pooled.pairs, json);
-    AddCodes(pooled.codes, json);
+  for (const auto& [key, observer] : study.observers) {
+    // Nobody's initials are empty, so that no name of an observer is this one.
+    json.Key(key.empty() ? "" : observer.name).BeginObject();
+    AddCount("pairs", observer.pooled.pairs, json);
+    AddCodes(observer.pooled.codes, json);
     json.EndObject();
   }
   json.EndObject();

@@ -1,6 +1,5 @@
 #include "tables/agreement_tables.h"
 
-#include <array>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
@@ -101,14 +100,8 @@ void AddCodes(const Get& codesOf, Columns<Row>& columns) {
     add("neither", [](const CodeAgreement& code) { return code.neither; });
     add("percent", [](const CodeAgreement& code) { return PercentAgreed(code.table); });
     add("kappa", [](const CodeAgreement& code) { return Kappa(code.table); });
-    add("kappa_low", [](const CodeAgreement& code) -> std::optional<double> {
-      const auto interval = KappaInterval(code.table);
-      return interval ? std::optional(interval->low) : std::nullopt;
-    });
-    add("kappa_high", [](const CodeAgreement& code) -> std::optional<double> {
-      const auto interval = KappaInterval(code.table);
-      return interval ? std::optional(interval->high) : std::nullopt;
-    });
+    add("kappa_low", [](const CodeAgreement& code) { return KappaLow(code.table); });
+    add("kappa_high", [](const CodeAgreement& code) { return KappaHigh(code.table); });
     add("ac1", [](const CodeAgreement& code) { return Ac1(code.table); });
   }
 }
@@ -172,7 +165,7 @@ void AddSurvey(Columns<StudyPair>& columns) {
   add("survey_items_kappa", [](const Survey& survey) { return Kappa(survey.items); });
 }
 
-std::string PairsTable(const AgreementStudy& study) {
+std::string PairsCsv(const AgreementStudy& study) {
   Columns<StudyPair> columns;
   const auto add = [&](const char* name, auto value) {
     columns.Add(name, [=](const StudyPair& pair) { return value(pair.agreement); });
@@ -181,9 +174,8 @@ std::string PairsTable(const AgreementStudy& study) {
   add("school", [](const Agreement& pair) { return Typed{pair.first.identity.SchoolNum}; });
   add("class", [](const Agreement& pair) { return Typed{pair.first.identity.ClassNum}; });
   add("date", [](const Agreement& pair) { return Coded{IsoDate(pair.first.date)}; });
-  add("observer_first", [](const Agreement& pair) { return Typed{pair.first.identity.Initials}; });
-  add("observer_second",
-      [](const Agreement& pair) { return Typed{pair.second.identity.Initials}; });
+  add("observer_first", [&](const Agreement& pair) { return Typed{study.NameOf(pair.first)}; });
+  add("observer_second", [&](const Agreement& pair) { return Typed{study.NameOf(pair.second)}; });
   add("offset", [](const Agreement& pair) { return pair.offset.seconds; });
   add("offset_from",
       [](const Agreement& pair) { return Coded{std::string(NameOf(pair.offset.from))}; });
@@ -203,17 +195,17 @@ std::string PairsTable(const AgreementStudy& study) {
   return columns.TableOf(study.pairs);
 }
 
-std::string ObserversTable(const AgreementStudy& study) {
-  using Row = std::pair<const std::string, PooledAgreement>;
+std::string ObserversCsv(const AgreementStudy& study) {
+  using Row = std::pair<const std::string, ObserverPairs>;
   Columns<Row> columns;
-  columns.Add("observer", [](const Row& row) { return Typed{row.first}; });
-  columns.Add("pairs", [](const Row& row) { return row.second.pairs; });
+  columns.Add("observer", [](const Row& row) { return Typed{row.second.name}; });
+  columns.Add("pairs", [](const Row& row) { return row.second.pooled.pairs; });
   AddCodes(
-      [](const Row& row) -> const auto& { return row.second.codes; }, columns);
+      [](const Row& row) -> const auto& { return row.second.pooled.codes; }, columns);
   return columns.TableOf(study.observers);
 }
 
-std::string PooledTable(const AgreementStudy& study) {
+std::string PooledCsv(const AgreementStudy& study) {
   using Row = PooledAgreement;
   Columns<Row> columns;
   columns.Add("pairs", [](const Row& pooled) { return pooled.pairs; });
@@ -228,7 +220,7 @@ std::string PooledTable(const AgreementStudy& study) {
   return columns.TableOf(std::array{study.pooled});
 }
 
-std::string IccTable(const AgreementStudy& study) {
+std::string IccCsv(const AgreementStudy& study) {
   using Row = std::pair<ClassFigure, Icc>;
   std::vector<Row> rows;
   for (std::size_t i = 0; i < study.icc.size(); ++i) {
@@ -274,7 +266,7 @@ void AddConfusions(const StudyPair* pair, const std::vector<CodeAgreement>& code
   AddCells(pair, "activity", activities.table, number, cells);
 }
 
-std::string ConfusionTable(const AgreementStudy& study) {
+std::string ConfusionCsv(const AgreementStudy& study) {
   std::vector<Confusion> cells;
   for (const StudyPair& pair : study.pairs) {
     AddConfusions(&pair, pair.agreement.codes, pair.agreement.activities, cells);
@@ -297,7 +289,7 @@ struct Difference {
   const Disagreement::Code* code;  ///< null for a question of one observer
 };
 
-std::string DisagreementsTable(const AgreementStudy& study) {
+std::string DisagreementsCsv(const AgreementStudy& study) {
   std::vector<Difference> rows;
   for (const StudyPair& pair : study.pairs) {
     for (const Disagreement& disagreement : pair.disagreements) {
@@ -336,13 +328,15 @@ std::string DisagreementsTable(const AgreementStudy& study) {
 
 }  // namespace
 
-std::vector<AgreementTable> AgreementTables(const AgreementStudy& study) {
-  return {{"agreement_pairs.csv", PairsTable(study)},
-          {"agreement_observers.csv", ObserversTable(study)},
-          {"agreement_study.csv", PooledTable(study)},
-          {"agreement_icc.csv", IccTable(study)},
-          {"agreement_confusion.csv", ConfusionTable(study)},
-          {"agreement_disagreements.csv", DisagreementsTable(study)}};
+const std::array<AgreementTable, kAgreementTables>& AgreementTables() {
+  static constexpr std::array<AgreementTable, kAgreementTables> kTables = {
+      {{"agreement_pairs.csv", PairsCsv},
+       {"agreement_observers.csv", ObserversCsv},
+       {"agreement_study.csv", PooledCsv},
+       {"agreement_icc.csv", IccCsv},
+       {"agreement_confusion.csv", ConfusionCsv},
+       {"agreement_disagreements.csv", DisagreementsCsv}}};
+  return kTables;
 }
 
 }  // namespace orvex

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 #include "agreement/agreement_study.h"
+#include "agreement/comparison.h"
+#include "study/observation_day.h"
 #include "support/sample_pairs.h"
 #include "support/test_folder.h"
 
@@ -54,9 +58,10 @@ TEST(Agreement, IsTheSameFromEitherSide) {
     SCOPED_TRACE(sample.name);
     const ObservedClass first = ReadObservedClass(sample.first);
     const ObservedClass second = ReadObservedClass(sample.second);
-    const Agreement there = Compare(first, second, {});
-    ExpectSwapped(Compare(second, first, {}), there);
-    ExpectSwapped(Compare(second, first, {}, Swapped(there.pairs)), there);
+    const Agreement there = Compare(first, second, QuestionsOf(first, second), {});
+    const AskedQuestions swapped = QuestionsOf(second, first);
+    ExpectSwapped(Compare(second, first, swapped, {}), there);
+    ExpectSwapped(Compare(second, first, swapped, {}, Swapped(there.pairs)), there);
   }
 }
 
@@ -68,7 +73,7 @@ TEST(Agreement, OfAClassWithItselfIsWholeOrNotDefined) {
   for (const test::SamplePair& sample : test::SamplePairs()) {
     SCOPED_TRACE(sample.name);
     const ObservedClass observed = ReadObservedClass(sample.first);
-    const Agreement agreement = Compare(observed, observed, {});
+    const Agreement agreement = Compare(observed, observed, QuestionsOf(observed, observed), {});
     EXPECT_EQ(agreement.boundaries.Share().value_or(1), 1);
     EXPECT_EQ(agreement.QuestionShare().value_or(1), 1);
     expectWhole(agreement.activities.table);
@@ -85,19 +90,31 @@ TEST(Agreement, OfAClassWithItselfIsWholeOrNotDefined) {
 }
 
 TEST(Agreement, TakesTheOffsetFromTheLogsUnlessItIsStated) {
-  const auto began = [](std::optional<int> second) { return ObservedClass{.logStart = second}; };
+  using Day = std::optional<std::chrono::sys_days>;
+  const auto began = [](std::optional<int> second, Day day) {
+    return ObservedClass{.logStart = second, .logDay = day};
+  };
+  const Day one = DayOf("08-31-2001");
+  const Day next = DayOf("9-1-2001");
   const struct {
     std::optional<int> first, second, given;
+    Day firstDay, secondDay;
     int seconds;
     Offset::From from;
   } cases[] = {
-      {36000, 36012, {}, 12, Offset::From::log}, {36012, 36000, {}, -12, Offset::From::log},
-      {86390, 5, {}, 15, Offset::From::log},  // midnight between them
-      {5, 86390, {}, -15, Offset::From::log},    {36000, 36012, 0, 0, Offset::From::given},
-      {36000, {}, {}, 0, Offset::From::start},   {{}, {}, -7, -7, Offset::From::given},
+      {36000, 36012, {}, one, one, 12, Offset::From::log},
+      {36012, 36000, {}, one, {}, -12, Offset::From::log},
+      {86390, 5, {}, one, next, 15, Offset::From::log},  // midnight between them
+      {5, 86390, {}, next, one, -15, Offset::From::log},
+      {86390, 5, {}, one, one, 15, Offset::From::log},  // the class's day, in both
+      {86390, 5, {}, next, one, 0, Offset::From::start},
+      {36000, 36012, {}, one, next, 0, Offset::From::start},
+      {36000, 36012, 0, one, next, 0, Offset::From::given},
+      {36000, {}, {}, one, {}, 0, Offset::From::start},
+      {{}, {}, -7, {}, {}, -7, Offset::From::given},
   };
-  for (const auto& [first, second, given, seconds, from] : cases) {
-    const Offset offset = OffsetOf(began(first), began(second), given);
+  for (const auto& [first, second, given, firstDay, secondDay, seconds, from] : cases) {
+    const Offset offset = OffsetOf(began(first, firstDay), began(second, secondDay), given);
     EXPECT_EQ(offset.seconds, seconds);
     EXPECT_EQ(offset.from, from);
   }
@@ -124,6 +141,8 @@ TEST(Agreement, SaysWhatIsUnusual) {
   const fs::path usual = PutClass(folder, "35-6-1");
   test::PutFile(folder / "35-6-3.sur", "no survey");
   test::PutFile(folder / "35-6-4.bak", "");
+  fs::create_directory(folder / "35-6-7.bak");
+  fs::create_symlink(folder / "35-6-8.bak", folder / "35-6-8.bak");
   test::PutFile(folder / "35-6-5.eps", test::FileBytes(test::TestData("odd/10-22-1.eps")));
   const struct {
     fs::path second;
@@ -132,7 +151,10 @@ TEST(Agreement, SaysWhatIsUnusual) {
   } cases[] = {
       {PutClass(folder, "35-6-2"), {}},
       {PutClass(folder, "35-6-3"), {"35-6-3.eps: the survey: "}},
-      {PutClass(folder, "35-6-4"), {"35-6-4.eps: the session log does not say when it began"}},
+      {PutClass(folder, "35-6-4"), {"35-6-4.eps: the session log could not be read"}},
+      {PutClass(folder, "35-6-7"), {"35-6-7.eps: the session log could not be read"}},
+      {PutClass(folder, "35-6-8", "MN", "8-22-2001"),
+       {"35-6-8.eps: the session log could not be read"}},
       {PutClass(folder, "36-6-1"),
        {"The two observations are of different classes: 35-6 and 36-6."}},
       {PutClass(folder, "35-6-6", "MN", "08-23-2001"),
@@ -145,11 +167,12 @@ TEST(Agreement, SaysWhatIsUnusual) {
   };
   for (const auto& [second, remarks, offset] : cases) {
     SCOPED_TRACE(second);
-    const Agreement agreement =
-        Compare(ReadObservedClass(usual), ReadObservedClass(second), {.offset = offset});
-    ASSERT_EQ(agreement.remarks.size(), remarks.size());
+    const Comparison comparison(ReadObservedClass(usual), ReadObservedClass(second),
+                                {.offset = offset});
+    const std::vector<std::string> told = comparison.Result().AllRemarks();
+    ASSERT_EQ(told.size(), remarks.size());
     for (std::size_t i = 0; i < remarks.size(); ++i) {
-      EXPECT_TRUE(agreement.remarks[i].starts_with(remarks[i])) << agreement.remarks[i];
+      EXPECT_TRUE(told[i].starts_with(remarks[i])) << told[i];
     }
   }
 }
@@ -157,34 +180,44 @@ TEST(Agreement, SaysWhatIsUnusual) {
 TEST(AgreementStudy, ComparesEveryTwoObserversOfAClass) {
   const test::TestFolder folder;
   test::PutFile(folder / "1-1-1.eps", "broken");
-  test::PutFile(folder / "copy" / "5-12-1.eps", test::FileBytes(PutClass(folder, "5-12-1", "AB")));
-  const std::vector<fs::path> files = {PutClass(folder, "5-12-10", "CD"),
+  test::PutFile(folder / "copy" / "5-12-1.eps",
+                test::FileBytes(PutClass(folder, "5-12-1", " ab ")));
+  test::PutFile(folder / "5-12-1.sur", "no survey");
+  const std::vector<fs::path> files = {PutClass(folder, "5-12-10", "CD", "8-22-2001"),
                                        folder / "5-12-1.eps",
                                        PutClass(folder, "5-12-2", "MN"),
                                        folder / "copy" / "5-12-1.eps",
+                                       folder / "copy" / ".." / "5-12-1.eps",
                                        folder / "1-1-1.eps",
                                        PutClass(folder, "5-12-3", "MN", "08-23-2001"),
                                        folder / "gone.eps",
-                                       PutClass(folder, "5-13-1", "AB")};
-  std::size_t told = 0;
-  const AgreementStudy study = CompareAll(files, {}, {}, [&](std::size_t done, std::size_t of) {
-    EXPECT_EQ(done, ++told);
-    EXPECT_EQ(of, 3U);
+                                       PutClass(folder, "5-13-1", "AB"),
+                                       PutClass(folder, "5-14-1", "AB"),
+                                       PutClass(folder, "5-14-2", "")};
+  std::vector<std::string> told;
+  const AgreementStudy study = CompareAll(files, {}, {}, [&](const StudyProgress& now) {
+    told.push_back((now.step == StudyProgress::Step::finding ? "files " : "pairs ") +
+                   std::to_string(now.done) + "/" + std::to_string(now.of));
   });
   std::vector<std::string> pairs;
   for (const StudyPair& pair : study.pairs) {
     pairs.push_back(pair.agreement.first.file + " " + pair.agreement.second.file);
   }
   EXPECT_EQ(pairs, (std::vector<std::string>{"5-12-1.eps 5-12-2.eps", "5-12-1.eps 5-12-10.eps",
-                                             "5-12-2.eps 5-12-10.eps"}));
-  EXPECT_EQ(told, 3U);
-  EXPECT_EQ(study.observers.at("MN").pairs, 2U);
-  EXPECT_EQ(study.icc[0].pairs, 3U);
-  EXPECT_EQ(study.icc[0].undefined, "no variance") << "three times the same class";
-  ASSERT_EQ(study.unread.size(), 2U);
+                                             "5-12-2.eps 5-12-10.eps", "5-14-1.eps 5-14-2.eps"}));
+  ASSERT_EQ(told.size(), 10U + 2U);
+  EXPECT_EQ(told.front(), "files 1/10") << "one file is named twice";
+  EXPECT_EQ(told[10], "pairs 3/4");
+  EXPECT_EQ(study.observers.at("ab").name, "ab");
+  EXPECT_EQ(study.observers.at("ab").pooled.pairs, 3U);
+  EXPECT_EQ(study.observers.at("").name, "(no initials)");
+  EXPECT_EQ(study.icc[0].pairs, 4U);
+  EXPECT_EQ(study.icc[0].undefined, "no variance") << "always the same class";
+  ASSERT_EQ(study.unread.size(), 3U);
   EXPECT_EQ(study.unread[0].file, folder / "1-1-1.eps");
   EXPECT_EQ(study.unread[0].line, 1);
   EXPECT_EQ(study.unread[1].file, folder / "gone.eps");
+  EXPECT_EQ(study.unread[2].file, folder / "5-12-1.sur") << "once, for two pairs";
   EXPECT_EQ(study.remarks.size(), 3U) << "a copy, and two observations that are alone";
   EXPECT_TRUE(CompareAll(files, {}, [] { return true; }).pairs.empty()) << "stopped";
 }

@@ -5,7 +5,7 @@
 #include <map>
 #include <utility>
 
-#include "agreement/agreement.h"
+#include "agreement/comparison.h"
 #include "agreement/observed.h"
 #include "agreement/pair_table.h"
 #include "store/format_error.h"
@@ -19,7 +19,7 @@ using test::Observed;
 
 QuestionPairs PairsOf(const std::vector<test::Wrote>& first,
                       const std::vector<test::Wrote>& second) {
-  return Compare(Observed("AB", first), Observed("MN", second), {}).pairs;
+  return Comparison(Observed("AB", first), Observed("MN", second)).Result().pairs;
 }
 
 TEST(Pairing, KnowsAQuestionInOtherWords) {
@@ -122,7 +122,7 @@ TEST(Pairing, FindsTheTruePairsOfTheSamples) {
     const auto truth =
         Counted(ReadPairTable(sample.truePairs, firstQuestions.size(), secondQuestions.size()),
                 firstRuns, secondRuns);
-    const auto found = Counted(Compare(first, second, {}).pairs, firstRuns, secondRuns);
+    const auto found = Counted(Comparison(first, second).Result().pairs, firstRuns, secondRuns);
     EXPECT_TRUE(!truth.empty() || found.empty()) << sample.name << ": nothing is in common";
     for (const auto& [runs, count] : truth) trueOnes += count;
     for (const auto& [runs, count] : found) {

@@ -54,13 +54,17 @@ TEST(AgreeCommand, SaysWhatIsWrongWithTwoFiles) {
     std::string err;  ///< begins so
   } cases[] = {
       {{{first, second}}, kDone, true, ""},
-      {{{first, second}, {.offset = 40000}},
+      {{{first, second}, {.offset = 40000}}, kDone, true, ""},  // the text has the remarks
+      {{{first, second}, {.offset = 40000}, true},
        kDone,
        true,
        "34-9-1.eps, 34-9-2.eps: warning: The two observations have no time in common."},
       {{{first, broken}}, kFailed, false, "34-9-3.eps:1: "},
-      {{{folder / "none.eps", second}}, kFailed, false, "none.eps: No such file"},
-      {{{first, lame}}, kFailed, true, "34-9-1.eps, 34-9-4.eps: warning: 34-9-4.eps: "},
+      {{{folder / "none.eps", folder / "gone.eps"}},
+       kFailed,
+       false,
+       "none.eps: No such file or directory\ngone.eps: No such file or directory\n"},
+      {{{first, lame}}, kFailed, true, "34-9-4.sur:1: "},
       {{.sources = {first, second}, .pairs = put("pairs.csv", "first,second\r\n1,1\r\n2,999\r\n")},
        kFailed,
        false,
@@ -134,8 +138,16 @@ TEST(AgreeCommand, ComparesAStudyWithoutWhatCannotBeRead) {
   test::PutFile(folder / "out/agreement_pairs.csv", "earlier");
   fs::remove(folder / "out/agreement_icc.csv");
   fs::create_directory(folder / "out/agreement_icc.csv");
-  KeptConsole again;
-  RunAgree({.sources = {folder.Path()}, .csv = folder / "out"}, storage, again.console);
+  const std::pair<const char*, const char*> unwritable[] = {
+      {"out", "out/agreement_icc.csv: "}, {"none", "none: there is no such folder"}};
+  for (const auto& [csv, err] : unwritable) {
+    KeptConsole again;
+    EXPECT_EQ(RunAgree({.sources = {folder.Path()}, .csv = folder / csv}, storage, again.console),
+              kFailed);
+    const std::string told = again.Take(again.err, folder.Path());
+    EXPECT_TRUE(told.starts_with(err)) << told;
+    EXPECT_EQ(again.out.str(), "") << "before anything was compared";
+  }
   EXPECT_EQ(test::FileBytes(folder / "out/agreement_pairs.csv"), "earlier");
 }
 

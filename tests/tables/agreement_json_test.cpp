@@ -51,12 +51,12 @@ void ExpectEach(const QJsonValue& is, const QJsonValue& expected, const QString&
 StudyPair Compared(const test::SamplePair& sample) {
   const ObservedClass first = ReadObservedClass(sample.first);
   const ObservedClass second = ReadObservedClass(sample.second);
+  const AskedQuestions questions = QuestionsOf(first, second);
   const QuestionPairs pairs =
-      ReadPairTable(sample.truePairs, QuestionsOf(first.observation.Episodes).size(),
-                    QuestionsOf(second.observation.Episodes).size());
+      ReadPairTable(sample.truePairs, questions.first.size(), questions.second.size());
   return {.first = first.file,
           .second = second.file,
-          .agreement = Compare(first, second, {}, pairs),
+          .agreement = Compare(first, second, questions, {}, pairs),
           .firstFigures = FiguresOf(first.observation),
           .secondFigures = FiguresOf(second.observation)};
 }
@@ -84,7 +84,7 @@ TEST(AgreementJson, IsWellFormedWhateverTheTwoClassesHold) {
   for (const ObservedClass& first : classes) {
     const ObservedClass& second = &first == &classes.back() ? classes.front() : *(&first + 1);
     SCOPED_TRACE(first.Name() + " " + second.Name());
-    const Agreement agreement = Compare(first, second, {});
+    const Agreement agreement = Compare(first, second, QuestionsOf(first, second), {});
     const QJsonObject object = Object(AgreementJson(agreement));
     ASSERT_FALSE(object.isEmpty());
     for (const QJsonValue code : object["codes"].toObject()) {

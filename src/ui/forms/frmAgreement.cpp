@@ -4,6 +4,7 @@
 #include <QShortcut>
 #include <utility>
 
+#include "agreement/observer_name.h"
 #include "ui/forms/AgreementOverview.h"
 #include "ui/forms/AgreementQuestions.h"
 #include "ui/forms/AgreementTables.h"
@@ -33,7 +34,7 @@ QString OriginText(const Offset& offset) {
 }
 
 QString WhoText(const Agreement::Observer& observer) {
-  return frmAgreement::tr("%1 (%2)").arg(ToQt(observer.identity.Initials),
+  return frmAgreement::tr("%1 (%2)").arg(ToQt(ShownInitials(observer.identity)),
                                          ToQt(observer.identity.ClassId()));
 }
 
@@ -189,10 +190,7 @@ void frmAgreement::ShowOptions() {
   if (const std::string trouble = actions_.KeepTrouble(); !trouble.empty()) {
     remarks << ToQt(NotKeptText(trouble));
   }
-  for (const auto* sentences :
-       {&agreement.remarks, &comparison_->First().notes, &comparison_->Second().notes}) {
-    for (const std::string& sentence : *sentences) remarks << ToQt(sentence);
-  }
+  for (const std::string& remark : agreement.AllRemarks()) remarks << ToQt(remark);
   ShowText(ui_->lblRemarks, remarks.join(QLatin1Char('\n')));
   ui_->lblRemarks->setVisible(!remarks.isEmpty());
 }

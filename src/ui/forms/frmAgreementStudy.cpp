@@ -166,7 +166,9 @@ void frmAgreementStudy::ShowRemarks() {
   QStringList lines;
   const auto row = ui_->tblPairs->CurrentRow();
   if (row && *row < study_.Table(StudyFigures::pairs).rows.size()) {
-    for (const std::string& remark : study_.PairOf(*row).agreement.remarks) lines << ToQt(remark);
+    for (const std::string& remark : study_.PairOf(*row).agreement.AllRemarks()) {
+      lines << ToQt(remark);
+    }
   }
   ui_->txtRemarks->Show(lines.join(QLatin1Char('\n')));
 }
@@ -175,8 +177,9 @@ void frmAgreementStudy::Refresh() {
   const bool reads = study_.IsReading();
   ShowText(ui_->lblProgress, study_.ProgressText());
   ui_->prgReading->setVisible(reads);
-  ui_->prgReading->setMaximum(static_cast<int>(study_.Reading().Found()));
-  ui_->prgReading->setValue(static_cast<int>(study_.Reading().Compared()));
+  const StudyProgress progress = study_.Reading().Progress();
+  ui_->prgReading->setMaximum(static_cast<int>(progress.of));
+  ui_->prgReading->setValue(static_cast<int>(progress.done));
   ui_->cmdStop->setEnabled(reads);
   const bool hasPairs = !study_.Result().pairs.empty();
   ui_->cmdOpen->setEnabled(hasPairs && ui_->pages->currentWidget() == ui_->pairsPage);

@@ -2,6 +2,7 @@
 
 #include "agreement/agreement_text.h"
 #include "agreement/comparison.h"
+#include "agreement/observer_name.h"
 #include "agreement/paper_line.h"
 #include "agreement/training.h"
 #include "ui/text.h"
@@ -13,7 +14,7 @@ namespace {
 
 QString WhoText(const Agreement& agreement) {
   const auto who = [](const Agreement::Observer& observer) {
-    return PrintedAgreement::tr("%1 (%2)").arg(ToQt(observer.identity.Initials),
+    return PrintedAgreement::tr("%1 (%2)").arg(ToQt(ShownInitials(observer.identity)),
                                                ToQt(observer.file));
   };
   return PrintedAgreement::tr("%1 and %2, %3")

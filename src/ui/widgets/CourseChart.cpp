@@ -85,8 +85,8 @@ void CourseChart::PaintRow(QPainter& painter, const QRectF& area, int row,
 
 QString CourseChart::CaptionOf(const KappaCourse& course) {
   QString caption = course.points.size() == 1
-                        ? tr("%1: 1 pair").arg(ToQt(course.initials))
-                        : tr("%1: %2 pairs").arg(ToQt(course.initials)).arg(course.points.size());
+                        ? tr("%1: 1 pair").arg(ToQt(course.observer))
+                        : tr("%1: %2 pairs").arg(ToQt(course.observer)).arg(course.points.size());
   if (course.undefined > 0) caption += tr(", %1 without a kappa").arg(course.undefined);
   if (course.undated > 0) caption += tr(", %1 without a date").arg(course.undated);
   return caption;
