@@ -59,7 +59,7 @@ void SetHalves(const AgreementStudy& study, ObserverAgreement& observer) {
     if (day && IsOf(pair, observer.key)) days.insert(*day);
   }
   if (days.size() < 2) {
-    observer.noHalves = "fewer than two days";
+    observer.noHalves = "too few days";
     return;
   }
   const Day middle = *std::next(days.begin(), static_cast<std::ptrdiff_t>(days.size() / 2));
@@ -80,7 +80,7 @@ void SetHalves(const AgreementStudy& study, ObserverAgreement& observer) {
   }
   observer.earlier = earlier.Value();
   observer.later = later.Value();
-  if (!observer.later) observer.noHalves = "no dimension that both halves define";
+  if (!observer.later) observer.noHalves = "not in both halves";
 }
 
 /// Who agrees least comes first, and who has no figure last.

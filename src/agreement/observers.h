@@ -22,7 +22,7 @@ struct ObserverAgreement {
   /// odd number of days the middle one is in the later half.
   std::optional<double> earlier;
   std::optional<double> later;
-  std::string_view noHalves;  ///< why there are none, if so: "fewer than two days"
+  std::string_view noHalves;  ///< why there are none, if so: "too few days"
 
   /// By how much kappa has risen from the earlier half to the later; nothing without both.
   std::optional<double> Change() const;
