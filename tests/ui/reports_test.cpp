@@ -423,8 +423,8 @@ TEST_F(PaperTest, PrintsTheAgreementOfAStudyWhole) {
   for (const StudyPair& pair : study.pairs) {
     EXPECT_TRUE(words.contains(ToQt(ClassText(pair.agreement.first.identity))));
   }
-  for (const auto& [initials, pooled] : study.observers) {
-    EXPECT_TRUE(text.contains(ToQt(initials + ": "))) << initials;
+  for (const auto& [key, observer] : study.observers) {
+    EXPECT_TRUE(text.contains(ToQt(observer.name + ": "))) << key;
   }
   for (const char* part : {"Page 1 of ", "One part of multiple response", "ICC(A,1)", "kappa",
                            "Questions per minute", "For a paper"}) {
