@@ -2,14 +2,10 @@
 
 #include <algorithm>
 
+#include "model/offtask_cadence.h"
 #include "model/time_of_day.h"
 
 namespace orvex {
-namespace {
-
-constexpr float kMinute = 60;
-
-}  // namespace
 
 void OfftaskSchedule::Stop() {
   *this = {};
@@ -18,10 +14,7 @@ void OfftaskSchedule::Stop() {
 void OfftaskSchedule::Start(float seconds, float cadence) {
   Stop();
   running_ = true;
-  const float minutes = seconds / kMinute;
-  const auto passed =
-      static_cast<float>(RoundHalfEven(static_cast<double>((minutes + 1) / cadence - 0.5F)));
-  nextEstimateIndex_ = passed + (cadence == kUsualCadence ? 1.0F : 0.6F);
+  nextEstimateIndex_ = NextEstimateIndex(seconds, cadence);
 }
 
 void OfftaskSchedule::Restart(float seconds, float cadence) {
@@ -31,18 +24,17 @@ void OfftaskSchedule::Restart(float seconds, float cadence) {
 }
 
 bool OfftaskSchedule::IsBehind(float seconds, float cadence) const {
-  return running_ && cadence * nextEstimateIndex_ * kMinute <= seconds;
+  return running_ && DueSecond(nextEstimateIndex_, cadence) <= seconds;
 }
 
 void OfftaskSchedule::Tick(float now, float segmentStart, float cadence) {
   if (!running_) return;
-  const float due = (cadence * nextEstimateIndex_ - 1) * kMinute;
-  if (due <= SecondsSince(segmentStart, now)) {
+  if (CountdownBegin(nextEstimateIndex_, cadence) <= SecondsSince(segmentStart, now)) {
     countdownStart_ = now;
     nextEstimateIndex_ += 1;
-    countdown_ = static_cast<std::int32_t>(kMinute);
+    countdown_ = static_cast<std::int32_t>(kCountdownSeconds);
   } else if (countdown_ > 0) {
-    const auto minute = static_cast<std::int32_t>(kMinute);
+    const auto minute = static_cast<std::int32_t>(kCountdownSeconds);
     countdown_ = std::max(0, minute - SecondsOfDay(now - countdownStart_).value_or(0));
     if (countdown_ == 0) ++pending_;
   }
