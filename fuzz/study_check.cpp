@@ -68,7 +68,7 @@ std::optional<std::string> CheckStudy(std::string_view bytes) {
   Require(search.Trouble().empty() || !search.Passes(questions, 0),
           "a search in trouble finds nothing");
 
-  Require(FactsOfLog(std::string(bytes)).Estimates() >= 0, "estimates can be counted");
+  Require(FactsOf(ClassLogOf(std::string(bytes))).Estimates() >= 0, "estimates can be counted");
   return written;
 }
 

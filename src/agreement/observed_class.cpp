@@ -1,9 +1,5 @@
 #include "agreement/observed_class.h"
 
-#include <array>
-#include <cstddef>
-#include <string_view>
-
 #include "store/eps_reader.h"
 #include "store/numbers.h"
 #include "store/sur_file.h"
@@ -17,19 +13,6 @@
 
 namespace orvex {
 namespace {
-
-/// The seconds since midnight of "hh:mm:ss"; nothing for any other text.
-std::optional<int> SecondOfDay(std::string_view time) {
-  const auto numbers = ThreeNumbers(time, ":");
-  if (!numbers) return std::nullopt;
-  constexpr std::array<int, 3> kBelow = {24, 60, 60};
-  int second = 0;
-  for (std::size_t part = 0; part < kBelow.size(); ++part) {
-    if ((*numbers)[part] >= kBelow[part]) return std::nullopt;
-    second = second * 60 + (*numbers)[part];
-  }
-  return second;
-}
 
 void ReadSurvey(const std::filesystem::path& file, ObservedClass& observed) {
   observed.surveyProblem = ProblemOf(file, [&] {
@@ -47,7 +30,7 @@ void ReadLog(const std::filesystem::path& file, ObservedClass& observed) {
     observed.notes.emplace_back("the session log could not be read, or is none");
     return;
   }
-  observed.logStart = SecondOfDay(facts->start);
+  observed.logStart = ParseTimeOfDay(facts->start);
   observed.logDay = DayOf(facts->date);
   if (!observed.logStart) observed.notes.emplace_back("the session log does not say when it began");
 }

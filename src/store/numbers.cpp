@@ -264,6 +264,18 @@ std::optional<std::array<int, 3>> ThreeNumbers(std::string_view text, std::strin
   return numbers;
 }
 
+std::optional<int> ParseTimeOfDay(std::string_view time) {
+  constexpr std::array<int, 3> kBelow = {24, 60, 60};
+  const auto numbers = ThreeNumbers(time, ":");
+  if (!numbers) return std::nullopt;
+  int second = 0;
+  for (std::size_t part = 0; part < kBelow.size(); ++part) {
+    if ((*numbers)[part] >= kBelow[part]) return std::nullopt;
+    second = second * 60 + (*numbers)[part];
+  }
+  return second;
+}
+
 std::optional<std::int16_t> ToInt16(double value) {
   using Limits = std::numeric_limits<std::int16_t>;
   if (!(value >= Limits::min() - 0.5 && value < Limits::max() + 0.5)) return std::nullopt;

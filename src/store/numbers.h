@@ -38,6 +38,8 @@ std::optional<double> TypedNumber(std::string_view text);
 /// Reads three numbers without a sign, such as those of a date or a time of day, with one of
 /// `separators` between each two. Nothing for any other text.
 std::optional<std::array<int, 3>> ThreeNumbers(std::string_view text, std::string_view separators);
+/// The seconds since midnight of a time of day, "hh:mm:ss"; nothing for any other text.
+std::optional<int> ParseTimeOfDay(std::string_view time);
 
 /// `value` rounded to a whole number, with a half to the even neighbour; nothing when that does not
 /// fit 16 bits.

@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "model/activities.h"
+#include "reports/class_log.h"
 
 namespace orvex {
 
@@ -22,9 +22,12 @@ struct LogFacts {
   int Estimates() const;
 };
 
-/// Reads the text of a session log. Takes what it can of any text.
-LogFacts FactsOfLog(std::string bytes);
-/// Reads a session log. Nothing when the file is not there, cannot be read or is no session log.
+LogFacts FactsOf(const ClassLog& log);
+
+// These read a session log, and return nothing when the file is not there, cannot be read or is no
+// session log.
+
+std::optional<ClassLog> ReadClassLog(const std::filesystem::path& path);
 std::optional<LogFacts> ReadLogFacts(const std::filesystem::path& path);
 /// Reads no more of a session log than says who began it and when.
 std::optional<LogFacts> ReadLogStart(const std::filesystem::path& path);
