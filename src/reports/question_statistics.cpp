@@ -10,8 +10,6 @@
 namespace orvex {
 namespace {
 
-constexpr double kSecondsPerMinute = 60;
-
 using Count = int CodeCounts::*;
 
 /// What a segment of a bar shows: a count, and the count that would fill the whole bar.
@@ -115,6 +113,14 @@ void CountResponse(const questionInfo& question, CodeCounts& counts) {
   if (question.strElab() == "U") ++counts.Unelaborated;
 }
 
+void CountQuestion(const questionInfo& question, CodeCounts& counts) {
+  ++counts.Total;
+  if (question.IsNormal()) ++counts.Normal;
+  if (question.strSrc() == "T") CountTeacherQuestion(question, counts);
+  if (question.strSrc() == "S") CountStudentQuestion(question, counts);
+  if (question.strRspns() == "Y") CountResponse(question, counts);
+}
+
 std::string HeadingOf(const RowRule& rule, const CodeCounts& counts) {
   if (rule.heading.empty()) return std::string(rule.emptyHeading);
   std::string heading(rule.heading.front());
@@ -168,16 +174,24 @@ const std::array<std::pair<BarMeaning, std::string_view>, 4> kStatisticsLegend =
     {BarMeaning::uncoded, "Not yet coded"},
 }};
 
-CodeCounts CountCodes(const std::vector<questionInfo>& questions) {
+CodeCounts CountCodes(std::span<const questionInfo> questions) {
   CodeCounts counts;
-  for (const questionInfo& question : questions) {
-    ++counts.Total;
-    if (question.IsNormal()) ++counts.Normal;
-    if (question.strSrc() == "T") CountTeacherQuestion(question, counts);
-    if (question.strSrc() == "S") CountStudentQuestion(question, counts);
-    if (question.strRspns() == "Y") CountResponse(question, counts);
+  for (const questionInfo& question : questions) CountQuestion(question, counts);
+  return counts;
+}
+
+CodeCounts CountCodes(const EpisodeList& episodes) {
+  CodeCounts counts;
+  for (const Episode& episode : episodes) {
+    for (const questionInfo& question : episode.questions) CountQuestion(question, counts);
   }
   return counts;
+}
+
+std::optional<double> QuestionsPerMinute(int questions, double seconds) {
+  constexpr double kSecondsPerMinute = 60;
+  if (seconds == 0) return std::nullopt;
+  return questions * kSecondsPerMinute / seconds;
 }
 
 double StatisticsRow::FilledLength() const {
@@ -212,11 +226,11 @@ QuestionStatistics MakeQuestionStatistics(const Identity& identity, int number,
     filled.restIsUncoded = rules[i].restIsUncoded;
   }
   row(StatisticsLine::nonresponse).bar.push_back(RestOfNonresponses(counts));
-  if (episode.duration() == 0) {
+  statistics.questionsPerMinute = QuestionsPerMinute(counts.Total, episode.duration());
+  if (!statistics.questionsPerMinute) {
     statistics.message = Say(Text::cleanUpFirst);
     return statistics;
   }
-  statistics.questionsPerMinute = counts.Total * kSecondsPerMinute / episode.duration();
   statistics.pace = PaceText(*statistics.questionsPerMinute);
   statistics.offtask = FormatPattern(100 * episode.offtask, "#0.#") + "%";
   return statistics;

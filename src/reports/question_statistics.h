@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -35,7 +36,12 @@ struct CodeCounts {
   int Elaborated = 0;
   int Unelaborated = 0;
 };
-CodeCounts CountCodes(const std::vector<questionInfo>& questions);
+CodeCounts CountCodes(std::span<const questionInfo> questions);
+/// Counts the codes of a whole class.
+CodeCounts CountCodes(const EpisodeList& episodes);
+
+/// The pace of so many questions in so many seconds; nothing where there is no time.
+std::optional<double> QuestionsPerMinute(int questions, double seconds);
 
 /// What a colour in a bar means. `none` is the form's own background.
 enum class BarMeaning { positive, no, negative, uncoded, none };

@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+
+#include "store/eps_reader.h"
+#include "store/format_error.h"
+#include "study/class_picture_file.h"
+#include "study/reading_with_warnings.h"
+#include "support/class_picture_check.h"
+#include "support/sample_manifest.h"
+
+namespace orvex {
+namespace {
+
+std::string Described(const ClassPicture& picture) {
+  std::ostringstream text;
+  for (const auto& line : picture.heading) text << line.caption << " " << line.text << "; ";
+  text << "\n";
+  for (const auto& q : picture.questions) {
+    text << q.episode << "." << q.number << " " << q.second << (q.isTimed ? "" : "~")
+         << (q.asker == ClassPicture::Asker::teacher ? " T" : " S") << (q.isAuthentic ? "a" : "")
+         << (q.isUptake ? "u" : "") << (q.isHigherLevel ? "h" : "") << (q.isUnanswered ? "-" : "")
+         << "\n";
+  }
+  for (const auto& s : picture.spells) {
+    text << "spell " << s.episode << " " << s.time.begin << "-" << s.time.end << "\n";
+  }
+  for (const auto& e : picture.estimates) {
+    text << "offtask " << e.second << " ";
+    e.share ? text << *e.share : text << "missed";
+    text << " in " << e.activity << "\n";
+  }
+  for (const auto& mark : picture.axis) text << mark.text << "@" << mark.second << " ";
+  for (const auto& block : picture.figures) {
+    text << "\n" << block.heading;
+    for (const auto& figure : block.figures) text << "; " << figure.caption << " " << figure.value;
+  }
+  return text.str();
+}
+
+TEST(ClassPictures, ShowClassesAsTheyWere) {
+  const struct {
+    const char* what;
+    const char* file;
+    std::vector<const char*> lines;
+  } cases[] = {
+      {"with its log",
+       "recorded/7-13-3.eps",
+       {"School 7; Class 13; Observation 3; Date 03-14-2001; Begin 09:01; Observer M. 'Zé'; "
+        "Students 24; \n",
+        "1.1 570 T\n1.2 570 Tauh\n1.3 570 Su\n1.4 570 T-\n", "2.1 1650 S-\n", "4.11 3090 T-\n",
+        "spell 4 3090-3090\n",
+        "offtask 330 0.111111 in 4\nofftask 450 missed in 4\nofftask 720 0.25 in 5\n",
+        "offtask 2762 0 in 17\nofftask 3182 missed in 5\n09:05@240 09:10@540 ",
+        "Direct instruction 40:02 (67 %)", "Whole class 59:30\n",
+        "; Asked by students 15 (44 %); Authentic 7 (21 %)",
+        "With uptake, of those answered 5 (26 %)", "Questions per minute 0.57\n",
+        "Reading aloud 4.2 %; Supervised/Helping 8.3 %; Unsupervised 50.0 %"}},
+      {"past midnight",
+       "recorded/1-2-3.eps",
+       {"1.1 570 T-\n1.2 615 T\nofftask 750 missed in 5\n23:50@0 23:55@300 00:00@600 "}},
+      {"changed afterwards, with a clock that was set meanwhile",
+       "rehearsal/EPS/7/12/7-12-3.eps",
+       {"\n1.1 570~ T\n1.2 630~ Tah\n1.3 660 Sau\n1.4 660 T-\n1.5 660 S-\n1.6 780 T\n",
+        "offtask 330 0.12 in 8\nofftask 450 missed in 8\nofftask 1380 0.2 in 4\n"
+        "offtask 2415 0 in 15\n"}},
+      {"without a log",
+       "class/17-17-7.eps",
+       {"Date 07-01-2001; Observer LR; ", "\n0 min@0 5 min@300 ",
+        "Classroom management 22:55 (39 %); Direct instruction 30:59 (52 %); Seatwork and pairwork "
+        "5:10 (9 %); Tests and quizzes 0:00 (0 %); Whole class 59:04\n"}},
+  };
+  for (const auto& [what, file, lines] : cases) {
+    const std::string shown = Described(ReadClassPicture(test::TestDataFolder() / file, {}));
+    for (const char* line : lines) {
+      EXPECT_NE(shown.find(line), std::string::npos) << what << ": " << line << "\n" << shown;
+    }
+  }
+}
+
+TEST(ClassPictures, ShowEveryQuestionOnceAndInItsSegment) {
+  int shown = 0;
+  std::filesystem::recursive_directory_iterator files(test::SamplesFolder());
+  for (const auto& entry : files) {
+    if (!entry.is_regular_file() || entry.path().extension() != ".eps") continue;
+    SCOPED_TRACE(entry.path());
+    ReadingWithWarnings events({});
+    try {
+      const EpsObservation observation = ReadEpsFile(entry.path(), events);
+      test::CheckPicture(ReadClassPicture(entry.path(), {}), observation.Episodes);
+      ++shown;
+    } catch (const FormatError&) {
+      // There are broken files among the samples.
+    }
+  }
+  EXPECT_GT(shown, 20);
+}
+
+}  // namespace
+}  // namespace orvex
