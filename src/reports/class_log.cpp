@@ -64,7 +64,7 @@ class LogReader {
     } else if (Take(line, "Ep. ")) {
       TakeUpTo(line, " Sg. ");
       TakeUpTo(line, " ");
-      Take(line, "started at ") ? TakeChoice(line) : TakeSegmentEnd(line);
+      TakeCourse(line);
     } else if (line.starts_with("REVISED ACTIVITY") || line.starts_with("***** CHANGE") ||
                line.starts_with("***** CLASS TAKEN UP")) {
       running_.isSteady = false;
@@ -129,11 +129,16 @@ class LogReader {
     estimate.activity = NumberAt(line);
   }
 
+  /// Takes "started at 10:23:45" or "Question/Answer 240".
+  void TakeCourse(std::string_view line) {
+    if (Take(line, "started at ")) return TakeChoice(line);
+    TakeSegmentEnd(line);
+  }
+
   void TakeChoice(std::string_view time) {
     if (const auto second = SecondOf(time)) running_.chosen = *second - running_.begin;
   }
 
-  /// Takes "Question/Answer 240".
   void TakeSegmentEnd(std::string_view line) {
     const std::size_t gap = line.rfind(' ');
     if (gap == std::string_view::npos) return;

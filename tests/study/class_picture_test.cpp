@@ -3,10 +3,9 @@
 #include <filesystem>
 #include <sstream>
 
-#include "store/eps_reader.h"
 #include "store/format_error.h"
-#include "study/class_picture_file.h"
-#include "study/reading_with_warnings.h"
+#include "study/logged_class.h"
+#include "study/study_picture.h"
 #include "support/class_picture_check.h"
 #include "support/sample_manifest.h"
 
@@ -72,11 +71,46 @@ TEST(ClassPictures, ShowClassesAsTheyWere) {
         "5:10 (9 %); Tests and quizzes 0:00 (0 %); Whole class 59:04\n"}},
   };
   for (const auto& [what, file, lines] : cases) {
-    const std::string shown = Described(ReadClassPicture(test::TestDataFolder() / file, {}));
+    const std::string shown =
+        Described(ReadLoggedClass(test::TestDataFolder() / file, {}).Picture());
     for (const char* line : lines) {
       EXPECT_NE(shown.find(line), std::string::npos) << what << ": " << line << "\n" << shown;
     }
   }
+}
+
+TEST(StudyPictures, SortTheirRowsByWhatOneLikes) {
+  const auto rowOf = [](const char* name, const char* date, float seconds, const char* sources) {
+    LoggedClass shown;
+    EpsHeader& header = shown.observation.header;
+    header.identity = {"AB", "5", "12", name, "25"};
+    header.ObservDate = date;
+    Episode& episode = shown.observation.Episodes.emplace_back();
+    episode.segments.emplace_back().SetData(kQuestionAnswer, seconds);
+    for (const char source : std::string_view(sources)) {
+      questionInfo& asked = episode.questions.emplace_back();
+      asked.codes[Dimension::source] = CodeOf(Dimension::source, std::string_view(&source, 1));
+      asked.codes[Dimension::authenticity] = source == 'S' ? 1 : 0;
+    }
+    return MakePictureRow(shown);
+  };
+  const std::pair<const char*, const char*> cases[] = {
+      {"name", "2 3 10 11 "},      {"date", "11 10 2 3 "},     {"length", "10 3 2 11 "},
+      {"questions", "2 3 10 11 "}, {"pace", "2 3 10 11 "},     {"students", "10 2 3 11 "},
+      {"authentic", "10 2 3 11 "}, {"off-task", "2 3 10 11 "}, {"higher-level", "2 3 10 11 "},
+  };
+  for (const auto& [id, expected] : cases) {
+    const StudyPicture picture =
+        MakeStudyPicture({rowOf("10", "03-14-2001", 600, "S"), rowOf("2", "04-01-2001", 120, "TTS"),
+                          rowOf("11", "12-31-2000", 60, ""), rowOf("3", "no date", 300, "TTT")},
+                         RowOrderNamed(id).value());
+    std::string names;
+    for (const PictureRow& row : picture.rows) names += row.name.substr(5) + " ";
+    EXPECT_EQ(names, expected) << id;
+    EXPECT_EQ(picture.seconds, 600);
+    EXPECT_EQ(picture.axis.back().text, "10 min");
+  }
+  EXPECT_FALSE(RowOrderNamed("size"));
 }
 
 TEST(ClassPictures, ShowEveryQuestionOnceAndInItsSegment) {
@@ -85,10 +119,9 @@ TEST(ClassPictures, ShowEveryQuestionOnceAndInItsSegment) {
   for (const auto& entry : files) {
     if (!entry.is_regular_file() || entry.path().extension() != ".eps") continue;
     SCOPED_TRACE(entry.path());
-    ReadingWithWarnings events({});
     try {
-      const EpsObservation observation = ReadEpsFile(entry.path(), events);
-      test::CheckPicture(ReadClassPicture(entry.path(), {}), observation.Episodes);
+      const LoggedClass read = ReadLoggedClass(entry.path(), {});
+      test::CheckPicture(read.Picture(), read.observation.Episodes);
       ++shown;
     } catch (const FormatError&) {
       // There are broken files among the samples.

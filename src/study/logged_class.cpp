@@ -1,4 +1,4 @@
-#include "study/class_picture_file.h"
+#include "study/logged_class.h"
 
 #include "store/eps_reader.h"
 #include "study/file_kind.h"
@@ -19,12 +19,16 @@ std::optional<ClassLog> LogOf(const std::filesystem::path& file, const Warn& war
 
 }  // namespace
 
-ClassPicture ReadClassPicture(const std::filesystem::path& file, const Warn& warn) {
-  ReadingWithWarnings events(warn);
-  const EpsObservation observation = ReadEpsFile(file, events);
-  WarnOfOtherNumbers(file, observation.header.identity, warn);
-  const auto log = LogOf(file, warn);
+ClassPicture LoggedClass::Picture() const {
   return MakeClassPicture(observation.header, observation.Episodes, log ? &*log : nullptr);
+}
+
+LoggedClass ReadLoggedClass(const std::filesystem::path& file, const Warn& warn) {
+  ReadingWithWarnings events(warn);
+  LoggedClass read = {ReadEpsFile(file, events), std::nullopt};
+  WarnOfOtherNumbers(file, read.observation.header.identity, warn);
+  read.log = LogOf(file, warn);
+  return read;
 }
 
 }  // namespace orvex

@@ -1,0 +1,60 @@
+// Makes the picture of a very long class out of its questions and its log.
+
+#include <benchmark/benchmark.h>
+
+#include <random>
+#include <string>
+
+#include "reports/class_log.h"
+#include "reports/class_picture.h"
+
+namespace orvex {
+namespace {
+
+/// A class with so many questions, every fifth of them "Why?", and its log. One question in
+/// `changed` was reworded or dropped afterwards.
+struct LongClass {
+  LongClass(std::size_t count, unsigned changed) {
+    std::mt19937 random(16);
+    log.begin = 9 * 3600;
+    constexpr std::size_t kEpisodes = 10;
+    constexpr float kSeconds = 600;
+    episodes.resize(kEpisodes);
+    for (Episode& episode : episodes) {
+      episode.segments.emplace_back().SetData(kQuestionAnswer, kSeconds);
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::string text =
+          i % 5 == 0 ? "Why?"
+                     : "What does the author mean in line " + std::to_string(random()) + "?";
+      const double second =
+          static_cast<double>(kSeconds * kEpisodes * i) / static_cast<double>(count);
+      log.questions.push_back({{.second = second}, text});
+      const bool isChanged = random() % changed == 0;
+      if (isChanged && i % 2 == 0) continue;
+      questionInfo& asked = episodes[i * kEpisodes / count].questions.emplace_back();
+      asked.SetNormal();
+      asked.iSgQ = 1;
+      asked.question = isChanged ? text + " And why?" : text;
+    }
+  }
+
+  EpisodeList episodes;
+  ClassLog log;
+};
+
+void MakePicture(benchmark::State& state) {
+  const LongClass shown(6000, static_cast<unsigned>(state.range(0)));
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(MakeClassPicture({}, shown.episodes, &shown.log));
+  }
+}
+BENCHMARK(MakePicture)
+    ->ArgName("one changed in")
+    ->Arg(1000)
+    ->Arg(50)
+    ->Arg(5)
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace orvex

@@ -1,0 +1,99 @@
+#include "study/study_picture.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+#include "reports/time_axis.h"
+#include "study/folded_text.h"
+#include "study/found_files.h"
+#include "study/logged_class.h"
+#include "study/observation_day.h"
+#include "study/study_columns.h"
+
+namespace orvex {
+namespace {
+
+std::optional<double> ShareOf(int part, int whole) {
+  return whole > 0 ? std::optional(static_cast<double>(part) / whole) : std::nullopt;
+}
+
+/// The number by which a row is sorted in an order by numbers.
+std::optional<double> NumberOf(const PictureRow& row, RowOrder order) {
+  const CodeCounts& counts = row.summary.counts;
+  switch (order) {
+    case RowOrder::date: {
+      const auto day = DayOf(row.date);
+      return day ? std::optional<double>(day->time_since_epoch().count()) : std::nullopt;
+    }
+    case RowOrder::length:
+      return row.picture.seconds;
+    case RowOrder::questions:
+      return counts.Total;
+    case RowOrder::pace:
+      return QuestionsPerMinute(counts.Total, row.picture.seconds);
+    case RowOrder::studentQuestions:
+      return ShareOf(counts.StudentQ, counts.Total);
+    case RowOrder::authentic:
+      return ShareOf(counts.AuthTeacher + counts.AuthStudent, counts.Total);
+    case RowOrder::uptake:
+      return ShareOf(counts.UptakeTest + counts.UptakeAuthentic, counts.Responded);
+    case RowOrder::higherLevel:
+      return ShareOf(counts.HigherLevel, counts.TeacherQ);
+    case RowOrder::unanswered:
+      return ShareOf(counts.NoResponse, counts.TeacherQ);
+    case RowOrder::offtask:
+      return row.summary.offtask;
+    default:
+      return std::nullopt;
+  }
+}
+
+StudySortKey KeyOf(const PictureRow& row, RowOrder order) {
+  if (order == RowOrder::name) return {false, 0, NameKey(row.name)};
+  if (order == RowOrder::observer) {
+    return {row.observer.empty(), 0, Folded(row.observer)};
+  }
+  const auto number = NumberOf(row, order);
+  return {!number, number.value_or(0), ""};
+}
+
+}  // namespace
+
+PictureRow MakePictureRow(const LoggedClass& shown) {
+  const EpsHeader& header = shown.observation.header;
+  return {.name = header.identity.ClassId(),
+          .date = header.ObservDate,
+          .observer = header.identity.Initials,
+          .picture = shown.Picture(),
+          .summary = Summarize(shown.observation.Episodes)};
+}
+
+std::optional<RowOrder> RowOrderNamed(std::string_view id) {
+  const auto found = std::ranges::find(kRowOrders, id, &RowOrderScheme::id);
+  return found == kRowOrders.end() ? std::nullopt : std::optional(found->order);
+}
+
+StudyPicture MakeStudyPicture(std::vector<PictureRow> rows, RowOrder order) {
+  const bool isDescending =
+      std::ranges::find(kRowOrders, order, &RowOrderScheme::order)->isDescending;
+  std::vector<std::pair<StudySortKey, std::string>> keys;
+  keys.reserve(rows.size());
+  for (const PictureRow& row : rows) keys.emplace_back(KeyOf(row, order), NameKey(row.name));
+  std::vector<std::size_t> positions(rows.size());
+  std::iota(positions.begin(), positions.end(), std::size_t{0});
+  std::ranges::stable_sort(positions, [&](std::size_t a, std::size_t b) {
+    if (ComesBefore(keys[a].first, keys[b].first, isDescending)) return true;
+    if (ComesBefore(keys[b].first, keys[a].first, isDescending)) return false;
+    return keys[a].second < keys[b].second;
+  });
+  StudyPicture picture;
+  for (const std::size_t position : positions) {
+    picture.seconds = std::max(picture.seconds, rows[position].picture.seconds);
+    picture.rows.push_back(std::move(rows[position]));
+  }
+  picture.axis = TimeAxis(picture.seconds, std::nullopt);
+  return picture;
+}
+
+}  // namespace orvex
