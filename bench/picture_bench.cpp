@@ -18,17 +18,16 @@ struct LongClass {
     std::mt19937 random(16);
     log.begin = 9 * 3600;
     constexpr std::size_t kEpisodes = 10;
-    constexpr float kSeconds = 600;
+    constexpr std::size_t kSeconds = 600;
     episodes.resize(kEpisodes);
     for (Episode& episode : episodes) {
-      episode.segments.emplace_back().SetData(kQuestionAnswer, kSeconds);
+      episode.segments.emplace_back().SetData(kQuestionAnswer, static_cast<float>(kSeconds));
     }
     for (std::size_t i = 0; i < count; ++i) {
       const std::string text =
           i % 5 == 0 ? "Why?"
                      : "What does the author mean in line " + std::to_string(random()) + "?";
-      const double second =
-          static_cast<double>(kSeconds * kEpisodes * i) / static_cast<double>(count);
+      const double second = static_cast<double>(kSeconds * kEpisodes * i / count);
       log.questions.push_back({{.second = second}, text});
       const bool isChanged = random() % changed == 0;
       if (isChanged && i % 2 == 0) continue;

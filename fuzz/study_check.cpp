@@ -1,6 +1,7 @@
 #include <cstddef>
 
 #include "fuzz/checks.h"
+#include "reports/class_picture.h"
 #include "store/numbers.h"
 #include "store/text_encoding.h"
 #include "study/folded_text.h"
@@ -68,7 +69,10 @@ std::optional<std::string> CheckStudy(std::string_view bytes) {
   Require(search.Trouble().empty() || !search.Passes(questions, 0),
           "a search in trouble finds nothing");
 
-  Require(FactsOf(ClassLogOf(std::string(bytes))).Estimates() >= 0, "estimates can be counted");
+  const ClassLog log = ClassLogOf(std::string(bytes));
+  Require(FactsOf(log).Estimates() >= 0, "estimates can be counted");
+  episodes[0].segments.emplace_back().SetData(kQuestionAnswer, 60);
+  Require(MakeClassPicture({}, episodes, &log).questions.size() == 1, "a question is drawn once");
   return written;
 }
 

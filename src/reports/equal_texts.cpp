@@ -104,6 +104,7 @@ std::vector<EqualText> EqualTextsInOrder(const Texts& first, const Texts& second
   while (end < most && first[first.size() - 1 - end] == second[second.size() - 1 - end]) ++end;
 
   std::vector<EqualText> equal;
+  equal.reserve(shared + most);
   for (std::size_t i = 0; i < shared; ++i) equal.push_back({i, i});
   const auto middleOf = [&](const Texts& texts) {
     return Part(texts).subspan(shared, texts.size() - shared - end);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <sstream>
 
 #include "store/format_error.h"
@@ -8,6 +9,7 @@
 #include "study/study_picture.h"
 #include "support/class_picture_check.h"
 #include "support/sample_manifest.h"
+#include "support/test_folder.h"
 
 namespace orvex {
 namespace {
@@ -76,6 +78,24 @@ TEST(ClassPictures, ShowClassesAsTheyWere) {
     for (const char* line : lines) {
       EXPECT_NE(shown.find(line), std::string::npos) << what << ": " << line << "\n" << shown;
     }
+  }
+}
+
+TEST(ClassPictures, DoWithoutALogThatIsNone) {
+  test::TestFolder folder;
+  std::filesystem::copy(test::TestDataFolder() / "recorded" / "1-2-3.eps", folder.Path());
+  const std::pair<const char*, const char*> cases[] = {
+      {"a letter", "the session log could not be read, or is none"},
+      {"********* Orvex 4.10 BAK file *********\r\n", "the session log does not say when it began"},
+  };
+  for (const auto& [log, warning] : cases) {
+    std::ofstream(folder.Path() / "1-2-3.bak") << log;
+    std::string warned;
+    const LoggedClass read = ReadLoggedClass(folder.Path() / "1-2-3.eps",
+                                             [&](const std::string& text) { warned += text; });
+    EXPECT_EQ(warned, warning);
+    EXPECT_FALSE(read.Picture().hasLog);
+    EXPECT_EQ(read.Picture().axis.front().text, "0 min");
   }
 }
 
