@@ -67,11 +67,14 @@ void PaperFlow::AddTable(std::vector<PaperTable::Column> columns,
       {.height = [=](double width) { return table->HeadingHeight(width); },
        .paint = [=](QPainter& painter, const QRectF& area) { table->PaintHeading(painter, area); },
        .staysWithNext = true});
+  constexpr std::size_t kMostRowsOfSmall = 10;
+  const bool isSmall = table->Rows() <= kMostRowsOfSmall;  // and never parted
   for (std::size_t row = 0; row < table->Rows(); ++row) {
     Add({.height = [=](double width) { return table->HeightOfRow(width, row); },
          .paint = [=](QPainter& painter,
                       const QRectF& area) { table->PaintRow(painter, area, row); },
-         .repeated = heading});
+         .repeated = heading,
+         .staysWithNext = isSmall && row + 1 < table->Rows()});
   }
 }
 
@@ -143,6 +146,8 @@ const std::vector<PaperFlow::Place>& PaperFlow::PlacesFor(const QSizeF& area) co
     for (std::size_t next = i; blocks_[next].staysWithNext && next + 1 < blocks_.size(); ++next) {
       needed += blocks_[next + 1].height(area.width());
     }
+    // What would not fit any page goes on wherever it is.
+    if (needed > area.height()) needed = blocks_[i].height(area.width());
     if (top > 0 && top + needed > area.height()) {
       ++page;
       top = 0;
