@@ -10,16 +10,6 @@
 namespace orvex {
 namespace {
 
-/// A stretch of the overlap in which neither observer's activity changes.
-struct SharedStretch {
-  double begin = 0;
-  double end = 0;
-  int first = kNoActivity;
-  int second = kNoActivity;
-
-  std::int64_t Seconds() const { return static_cast<std::int64_t>(end - begin); }
-};
-
 /// The overlap of two classes, in its shared stretches: two lists of stretches, each without gaps,
 /// laid over each other.
 std::vector<SharedStretch> SharedStretches(const std::vector<ActivityStretch>& first,
@@ -115,7 +105,7 @@ ActivityAgreement CompareActivities(const std::vector<ActivityStretch>& first,
   for (const SharedStretch& piece : shared) {
     const std::size_t a = CodeOf(piece.first);
     const std::size_t b = CodeOf(piece.second);
-    const std::int64_t seconds = piece.Seconds();
+    const auto seconds = static_cast<std::int64_t>(piece.end - piece.begin);
     agreement.table.Add(a, b, seconds);
     const std::int64_t ofFirst = SecondsNear(piece, piece.first, second, overlap, tolerance);
     agreement.tolerantFirst.Add(a, a, ofFirst);
@@ -127,17 +117,18 @@ ActivityAgreement CompareActivities(const std::vector<ActivityStretch>& first,
   return agreement;
 }
 
-std::vector<ActivityStretch> DifferingStretches(const std::vector<ActivityStretch>& first,
-                                                const std::vector<ActivityStretch>& second) {
-  std::vector<ActivityStretch> differing;
+std::vector<SharedStretch> DifferingStretches(const std::vector<ActivityStretch>& first,
+                                              const std::vector<ActivityStretch>& second) {
+  std::vector<SharedStretch> differing;
   for (const SharedStretch& piece : SharedStretches(first, second)) {
     if (piece.first == piece.second) continue;
     const bool goesOn = !differing.empty() && differing.back().end == piece.begin &&
-                        differing.back().activity == piece.first;
+                        differing.back().first == piece.first &&
+                        differing.back().second == piece.second;
     if (goesOn) {
       differing.back().end = piece.end;
     } else {
-      differing.push_back({piece.begin, piece.end, piece.first});
+      differing.push_back(piece);
     }
   }
   return differing;

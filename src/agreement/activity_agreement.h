@@ -38,9 +38,16 @@ struct ActivityAgreement {
 ActivityAgreement CompareActivities(const std::vector<ActivityStretch>& first,
                                     const std::vector<ActivityStretch>& second, int tolerance);
 
-/// The stretches of time, within the overlap, in which the two differ. `activity` is the first's.
-std::vector<ActivityStretch> DifferingStretches(const std::vector<ActivityStretch>& first,
-                                                const std::vector<ActivityStretch>& second);
+/// A stretch of the overlap in which neither observer's activity changes.
+struct SharedStretch {
+  double begin = 0;
+  double end = 0;
+  int first = kNoActivity;   ///< the first observer's activity
+  int second = kNoActivity;  ///< the second observer's
+};
+/// The stretches of time, within the overlap, in which the two differ.
+std::vector<SharedStretch> DifferingStretches(const std::vector<ActivityStretch>& first,
+                                              const std::vector<ActivityStretch>& second);
 
 /// Where an activity gave way to the next, by both observers: the starts of segments within the
 /// overlap, but the class's very first.

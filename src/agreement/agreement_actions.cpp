@@ -1,6 +1,5 @@
 #include "agreement/agreement_actions.h"
 
-#include <array>
 #include <string>
 
 #include "agreement/pair_table.h"
@@ -24,23 +23,33 @@ fs::path PairTablePath(const fs::path& first, const fs::path& second) {
          (first.stem().string() + " " + second.stem().string() + " pairs.csv");
 }
 
-}  // namespace
-
-std::optional<LoadedComparison> LoadComparison(const Services& services, const fs::path& first,
-                                               const fs::path& second) {
-  std::array<ObservedClass, 2> classes;
-  for (std::size_t i = 0; i < classes.size(); ++i) {
-    const fs::path& file = i == 0 ? first : second;
-    const auto problem = ProblemOf(file, [&] { classes[i] = ReadObservedClass(file); });
+/// Reads two observations. Nothing when one cannot be read; the user has been told.
+std::optional<std::pair<ObservedClass, ObservedClass>> ReadBoth(const Services& services,
+                                                                const fs::path& first,
+                                                                const fs::path& second) {
+  std::pair<ObservedClass, ObservedClass> classes;
+  for (const bool isFirst : {true, false}) {
+    const fs::path& file = isFirst ? first : second;
+    ObservedClass& read = isFirst ? classes.first : classes.second;
+    const auto problem = ProblemOf(file, [&] { read = ReadObservedClass(file); });
     if (!problem) continue;
     services.prompter.Tell(Say(Text::fileUnreadable), problem->Sentence());
     return std::nullopt;
   }
+  return classes;
+}
+
+}  // namespace
+
+std::optional<LoadedComparison> LoadComparison(const Services& services, const fs::path& first,
+                                               const fs::path& second) {
+  auto classes = ReadBoth(services, first, second);
+  if (!classes) return std::nullopt;
   const fs::path table = PairTablePath(first, second);
   const TakenUp takenUp = TakeUpChanges(services, table, Kept::areOffered);
   if (takenUp.isLeft) return std::nullopt;
   LoadedComparison loaded(
-      std::make_unique<Comparison>(std::move(classes[0]), std::move(classes[1])));
+      std::make_unique<Comparison>(std::move(classes->first), std::move(classes->second)));
   std::string saved;  // nothing when the pairs were never saved
   ProblemOf(table, [&] { saved = ReadFile(table); });
   loaded.keeper = std::make_unique<FileKeeper>(services, table, saved, takenUp.changes);
@@ -74,9 +83,10 @@ void AgreementActions::Open(std::size_t row, Side side) {
 void AgreementActions::ComeBack() {
   if (!hasOpened_) return;
   hasOpened_ = false;
-  std::size_t gone = 0;
-  const auto problem = ProblemOf(comparison_.First().file, [&] { gone = comparison_.Reload(); });
-  if (problem) services_.prompter.Tell(Say(Text::fileUnreadable), problem->Sentence());
+  auto classes = ReadBoth(services_, comparison_.First().file, comparison_.Second().file);
+  if (!classes) return;
+  const std::size_t gone =
+      comparison_.Reload(std::move(classes->first), std::move(classes->second));
   if (gone > 0) services_.prompter.Tell(Say(Text::pairsGone, {std::to_string(gone)}));
 }
 

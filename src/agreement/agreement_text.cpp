@@ -103,7 +103,7 @@ void AppendSurvey(const SurveyAgreement& survey, std::string& text) {
   text += "\n";
   AddTabbedLine(
       text, {"SURVEY", "n", "Left out by one", "Equal", "At most one apart", "Percent", "Kappa"});
-  AddTabbedLine(text, {"Statements", std::to_string(survey.ratings.Total()),
+  AddTabbedLine(text, {"Statements (weighted kappa)", std::to_string(survey.ratings.Total()),
                        std::to_string(survey.leftOut), std::to_string(survey.ratings.Agreed()),
                        std::to_string(survey.WithinOne()), PercentText(survey.ratings),
                        FigureText(WeightedKappa(survey.ratings), KappaUndefined(survey.ratings))});
@@ -162,6 +162,12 @@ std::string TextOf(const Agreement& agreement) {
   AppendOfftask(agreement, names, text);
   if (agreement.survey) AppendSurvey(*agreement.survey, text);
   return text;
+}
+
+std::string DatesText(const Agreement& agreement) {
+  const std::string& first = agreement.first.date;
+  const std::string& second = agreement.second.date;
+  return first == second ? first : first + " and " + second;
 }
 
 std::string ConfusionText(const Agreement& agreement, std::optional<std::size_t> dimension) {

@@ -9,6 +9,9 @@ namespace orvex {
 
 class Comparison;
 
+/// The date of the class; both where the two observed on different days.
+std::string DatesText(const Agreement& agreement);
+
 /// The agreement of two observers as lines of tab-separated fields.
 std::string TextOf(const Agreement& agreement);
 

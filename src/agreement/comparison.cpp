@@ -159,9 +159,7 @@ void Comparison::TakePairs(const std::string& table) {
   Take(ParsePairTable(table, result_.firstQuestions, result_.secondQuestions));
 }
 
-std::size_t Comparison::Reload() {
-  ObservedClass first = ReadObservedClass(first_.file);
-  ObservedClass second = ReadObservedClass(second_.file);
+std::size_t Comparison::Reload(ObservedClass first, ObservedClass second) {
   const auto firstNow = QuestionsOf(first.observation.Episodes);
   const auto secondNow = QuestionsOf(second.observation.Episodes);
   const EditedQuestions edited = {.first = SameQuestions(questions_.first, firstNow),

@@ -95,10 +95,10 @@ class Comparison {
   /// Takes the pairs of a table that was not saved, given as its text; can be undone. Throws
   /// FormatError.
   void TakePairs(const std::string& table);
-  /// Reads both observations again, after one was edited. Pairs made by hand stay with their
-  /// questions, wherever these stand now; returns how many of them are gone with a question. Throws
-  /// FileError and FormatError, and then leaves all as it was.
-  std::size_t Reload();
+  /// Takes both observations as they were read again, after one was edited. Pairs made by hand stay
+  /// with their questions, wherever these stand now; returns how many of them are gone with a
+  /// question.
+  std::size_t Reload(ObservedClass first, ObservedClass second);
 
  private:
   /// The pairs that a person gave or changed; nothing while they are made from the words.

@@ -83,8 +83,12 @@ void SetHalves(const AgreementStudy& study, ObserverAgreement& observer) {
   if (!observer.later) observer.noHalves = "not in both halves";
 }
 
-/// Who agrees least comes first, and who has no figure last.
+/// Who drifts comes first, the one whose kappa has fallen most; then, and where none has fallen,
+/// who agrees least. Who has no figure is last.
 bool AgreesLess(const ObserverAgreement& a, const ObserverAgreement& b) {
+  const double aFall = std::min(0.0, a.Change().value_or(0));
+  const double bFall = std::min(0.0, b.Change().value_or(0));
+  if (aFall != bFall) return aFall < bFall;
   if (!a.meanKappa || !b.meanKappa) return a.meanKappa.has_value() && !b.meanKappa;
   return *a.meanKappa < *b.meanKappa;
 }

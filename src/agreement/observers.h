@@ -24,10 +24,12 @@ struct ObserverAgreement {
   std::optional<double> later;
   std::string_view noHalves;  ///< why there are none, if so: "too few days"
 
-  /// By how much kappa has risen from the earlier half to the later; nothing without both.
+  /// By how much kappa has risen from the earlier half to the later, from -2 to 2; nothing without
+  /// both.
   std::optional<double> Change() const;
 };
-/// The observers of a study, the one who agrees least first. They point into `study`.
+/// The observers of a study: first those whose kappa has fallen, the one who fell most ahead, then
+/// the others, the one who agrees least ahead. They point into `study`.
 std::vector<ObserverAgreement> ObserversOf(const AgreementStudy& study);
 
 /// Kappa of a pair, and the day of its class.

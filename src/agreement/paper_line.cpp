@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view kByWords =
     "matched automatically by their wording and order, without regard to their codes";
-constexpr std::string_view kByHand = "matched by hand";
+constexpr std::string_view kByHand = "matched by their wording and order, with corrections by hand";
 
 /// "a, b and c".
 std::string Listed(const std::vector<std::string>& items) {
@@ -68,6 +68,30 @@ std::string ClassOf(const Agreement::Observer& observer) {
   return observer.identity.SchoolNum + "-" + observer.identity.ClassNum + " on " + observer.date;
 }
 
+/// By how much the second observer's times were moved, and how that is known.
+std::string OffsetSentence(const Offset& offset) {
+  const std::string seconds = " (" + std::to_string(offset.seconds) + " s).";
+  switch (offset.from) {
+    case Offset::From::log:
+      return "The observers' times were aligned by their session logs" + seconds;
+    case Offset::From::given:
+      return "The observers' times were aligned by hand" + seconds;
+    case Offset::From::start:
+      break;
+  }
+  return "Both observers were taken to have begun at the same time.";
+}
+
+/// Says of how many pairs it is not known when the second observer began; "" if of none.
+std::string UnknownOffsetsSentence(const std::vector<StudyPair>& pairs) {
+  const auto unknown = std::ranges::count_if(pairs, [](const StudyPair& pair) {
+    return pair.agreement.offset.from == Offset::From::start;
+  });
+  if (unknown == 0) return "";
+  return " In " + Counted(static_cast<std::size_t>(unknown), "pair") +
+         " both observers were taken to have begun at the same time.";
+}
+
 /// The first and the last of the days.
 std::string PeriodOf(const std::vector<StudyPair>& pairs) {
   std::map<std::chrono::sys_days, std::string> dates;
@@ -92,7 +116,8 @@ std::string PaperLine(const Agreement& agreement) {
          std::to_string(agreement.secondQuestions) + " questions, " +
          std::to_string(agreement.BothQuestions()) + " were recorded by both (" +
          std::string(agreement.pairsGiven ? kByHand : kByWords) + "). " +
-         CodesSentence(agreement.codes) + " " + ActivitiesSentence(agreement.activities);
+         CodesSentence(agreement.codes) + " " + ActivitiesSentence(agreement.activities) + " " +
+         OffsetSentence(agreement.offset);
 }
 
 std::string PaperLine(const AgreementStudy& study) {
@@ -106,7 +131,7 @@ std::string PaperLine(const AgreementStudy& study) {
       std::to_string(pooled.secondQuestions) + " questions, " +
       std::to_string(pooled.bothQuestions) + " were recorded by both observers of a class (" +
       std::string(kByWords) + "). " + CodesSentence(pooled.codes) + " " +
-      ActivitiesSentence(pooled.activities);
+      ActivitiesSentence(pooled.activities) + UnknownOffsetsSentence(study.pairs);
   std::string icc;
   for (std::size_t i = 0; i < study.icc.size(); ++i) {
     if (!study.icc[i].value) continue;

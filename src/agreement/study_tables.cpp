@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kFigureWidth = 7;
 constexpr int kDateWidth = 10;
+constexpr int kOffsetWidth = 9;
 constexpr int kRemarksWidth = 30;
 constexpr int kNameWidth = 40;
 /// As many as "n/a (one code only)" needs.
@@ -63,6 +64,13 @@ Cell ObserverCell(const AgreementStudy& study, const Agreement::Observer& observ
   return FigureGrid::OfText(study.NameOf(observer) + " " + observer.identity.ObservNum);
 }
 
+/// The seconds; "not known" where both are taken to have begun together.
+Cell OffsetCell(const Offset& offset) {
+  const bool isKnown = offset.from != Offset::From::start;
+  return FigureGrid::OfNumber(isKnown ? std::to_string(offset.seconds) : "not known",
+                              isKnown ? std::optional<double>(offset.seconds) : std::nullopt);
+}
+
 }  // namespace
 
 std::string ClassText(const Identity& identity) {
@@ -76,6 +84,8 @@ FigureGrid PairsTable(const AgreementStudy& study) {
                   {"Date", "Date of the observation, month-day-year", false, kDateWidth},
                   {"First", "The first observer, and the number of the observation"},
                   {"Second", "The second observer, and the number of the observation"},
+                  {"Offset", "Seconds by which the second observer began later", true,
+                   kOffsetWidth},
                   {"Both", "Questions that both observers wrote down", true},
                   Figure("Share", "Twice the questions of both of all questions"),
                   Figure("Activities", "Kappa of the activities, second by second")},
@@ -87,12 +97,13 @@ FigureGrid PairsTable(const AgreementStudy& study) {
   table.columns.push_back({"Remarks", "What is unusual about the pair", false, kRemarksWidth});
   for (std::size_t i = 0; i < study.pairs.size(); ++i) {
     const Agreement& pair = study.pairs[i].agreement;
-    FigureGrid::Row row{.key = std::to_string(i),
-                        .cells = {ClassCell(pair.first.identity), DateCell(pair.first.date),
-                                  ObserverCell(study, pair.first), ObserverCell(study, pair.second),
-                                  FigureGrid::OfCount(pair.BothQuestions()),
-                                  FigureCell(pair.QuestionShare(), "no questions"),
-                                  KappaCell(pair.activities.table)}};
+    FigureGrid::Row row{
+        .key = std::to_string(i),
+        .cells = {ClassCell(pair.first.identity), DateCell(pair.first.date),
+                  ObserverCell(study, pair.first), ObserverCell(study, pair.second),
+                  OffsetCell(pair.offset), FigureGrid::OfCount(pair.BothQuestions()),
+                  FigureCell(pair.QuestionShare(), "no questions"),
+                  KappaCell(pair.activities.table)}};
     for (const CodeAgreement& codes : pair.codes) row.cells.push_back(KappaCell(codes.table));
     row.cells.push_back(FigureGrid::OfText(InOneLine(pair.AllRemarks())));
     table.rows.push_back(std::move(row));

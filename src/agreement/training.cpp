@@ -18,13 +18,18 @@ std::vector<TrainedCode> AllCodes() {
   return codes;
 }
 
-void CountQuestion(const questionInfo& ofMaster, const questionInfo& ofTrainee,
+/// Counts the codes of a question; null for the one who did not write it down.
+void CountQuestion(const AskedQuestion* ofMaster, const AskedQuestion* ofTrainee,
                    std::vector<TrainedCode>& codes) {
   for (TrainedCode& counted : codes) {
     const ComparedDimension& dimension = ComparedDimensions()[counted.dimension];
-    const bool masterGave = dimension.CodeOf(ofMaster) == counted.code;
-    const bool traineeGave = dimension.CodeOf(ofTrainee) == counted.code;
+    const auto gave = [&](const AskedQuestion* asked) {
+      return asked != nullptr && dimension.CodeOf(*asked->question) == counted.code;
+    };
+    const bool masterGave = gave(ofMaster);
+    const bool traineeGave = gave(ofTrainee);
     if (masterGave) ++counted.ofMaster;
+    if (masterGave && ofTrainee == nullptr) ++counted.missed;
     if (masterGave && traineeGave) ++counted.found;
     if (!masterGave && traineeGave) ++counted.added;
   }
@@ -47,8 +52,8 @@ Training TrainingOf(const Comparison& comparison) {
     } else {
       ++training.found;
       if (row.IsDisagreement()) ++training.codedOtherwise;
-      CountQuestion(*ofMaster->question, *ofTrainee->question, training.codes);
     }
+    CountQuestion(ofMaster, ofTrainee, training.codes);
   }
   std::erase_if(training.codes,
                 [](const TrainedCode& code) { return code.ofMaster + code.added == 0; });
@@ -70,7 +75,8 @@ std::string TextOf(const Training& training) {
                        std::to_string(training.added), std::to_string(training.codedOtherwise)});
   for (const TrainedCode& code : training.codes) {
     AddTabbedLine(text, {NameOf(code), std::to_string(code.ofMaster), std::to_string(code.found),
-                         std::to_string(code.ofMaster - code.found), std::to_string(code.added)});
+                         std::to_string(code.missed), std::to_string(code.added),
+                         std::to_string(code.CodedOtherwise())});
   }
   return text;
 }

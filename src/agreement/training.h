@@ -12,9 +12,13 @@ namespace orvex {
 struct TrainedCode {
   std::size_t dimension = 0;  ///< a position in ComparedDimensions()
   std::size_t code = 0;       ///< a position in its letters
-  std::size_t ofMaster = 0;   ///< questions of both that the master gave the code
+  std::size_t ofMaster = 0;   ///< questions that the master gave the code
+  std::size_t missed = 0;     ///< of these, those that the trainee did not write down
   std::size_t found = 0;      ///< of these, those that the trainee gave it
-  std::size_t added = 0;      ///< questions of both that only the trainee gave the code
+  std::size_t added = 0;      ///< questions that only the trainee gave the code
+
+  /// The master's that the trainee wrote down and gave another code, or none.
+  std::size_t CodedOtherwise() const { return ofMaster - missed - found; }
 };
 
 /// How a trainee did, measured by a master.

@@ -55,7 +55,7 @@ bool HasForm(FileKind kind) {
 bool ShowInForm(Program& program, Screens& screens, const OpenWindow& window) {
   const std::filesystem::path path = std::filesystem::absolute(window.file);
   if (!window.second.empty()) {
-    return screens.ShowAgreement(path, std::filesystem::absolute(window.second));
+    return screens.ShowAgreement(path, std::filesystem::absolute(window.second), std::nullopt);
   }
   const FileKind kind = KindOf(window.file);
   program.DataPath = path.parent_path();  // so that it is saved back to its own folder

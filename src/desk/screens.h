@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -109,9 +110,10 @@ class Screens {
   /// been told) or has nothing to report.
   virtual bool ShowReport(const std::filesystem::path& file, Screen report) = 0;
   /// Compares two observations of a class, given by their episode files, and shows the agreement.
-  /// False when one of them could not be read (the user has been told).
+  /// `tolerance` is in seconds; nothing for the usual one. False when one of them could not be read
+  /// (the user has been told).
   virtual bool ShowAgreement(const std::filesystem::path& first,
-                             const std::filesystem::path& second) = 0;
+                             const std::filesystem::path& second, std::optional<int> tolerance) = 0;
   /// Compares the pairs among episode files and shows how far their observers agree.
   virtual void ShowAgreements(const std::vector<std::filesystem::path>& files) = 0;
   /// Shows a session log. Returns when the user closes it.

@@ -154,7 +154,7 @@ void StudyActions::ShowAgreement(const Study& study, const std::vector<std::size
   for (const StudyRow* row : rows) files.push_back(row->File(FileKind::episodes));
   services_.program = before_;
   if (isOnePair) {
-    if (!services_.screens.ShowAgreement(files[0], files[1])) return;
+    if (!services_.screens.ShowAgreement(files[0], files[1], std::nullopt)) return;
   } else {
     services_.screens.ShowAgreements(files);
   }

@@ -247,9 +247,11 @@ bool Forms::ShowReport(const std::filesystem::path& file, Screen report) {
   return loaded_.contains(report);
 }
 
-bool Forms::ShowAgreement(const std::filesystem::path& first, const std::filesystem::path& second) {
+bool Forms::ShowAgreement(const std::filesystem::path& first, const std::filesystem::path& second,
+                          std::optional<int> tolerance) {
   auto comparison = LoadComparison(services_, first, second);
   if (!comparison) return false;
+  if (tolerance) comparison->comparison->SetTolerance(*tolerance);
   Load(Screen::agreement, std::make_unique<frmAgreement>(services_, *std::move(comparison)));
   BringToFront(Screen::agreement);
   return true;

@@ -47,8 +47,8 @@ class Forms : public Screens {
   bool ShowQuestions(const std::filesystem::path& file, int episode) override;
   bool ShowFirstGap(const std::filesystem::path& file) override;
   bool ShowReport(const std::filesystem::path& file, Screen report) override;
-  bool ShowAgreement(const std::filesystem::path& first,
-                     const std::filesystem::path& second) override;
+  bool ShowAgreement(const std::filesystem::path& first, const std::filesystem::path& second,
+                     std::optional<int> tolerance) override;
   void ShowAgreements(const std::vector<std::filesystem::path>& files) override;
   void ShowLog(const std::filesystem::path& file) override;
   void ShowTables(const StudySelection& selection) override;

@@ -62,10 +62,11 @@ class RecordingScreens : public Screens {
     moves.push_back("show " + Name(report) + " of " + file.filename().string());
     return episodeFileIsGood;
   }
-  bool ShowAgreement(const std::filesystem::path& first,
-                     const std::filesystem::path& second) override {
+  bool ShowAgreement(const std::filesystem::path& first, const std::filesystem::path& second,
+                     std::optional<int> tolerance) override {
     moves.push_back("show agreement of " + first.filename().string() + " and " +
-                    second.filename().string());
+                    second.filename().string() +
+                    (tolerance ? " within " + std::to_string(*tolerance) : ""));
     return episodeFileIsGood;
   }
   void ShowAgreements(const std::vector<std::filesystem::path>& files) override {

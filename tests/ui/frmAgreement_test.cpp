@@ -153,7 +153,7 @@ TEST(AgreementForm, GoesFromOneDisagreementToTheNext) {
   EXPECT_EQ(desk.Cell(0, 6), "Authenticity A / N");
   Find(*desk.form, "tblPairs")->setFocus();
   Keys("{Ctrl+C}");
-  EXPECT_EQ(QApplication::clipboard()->text().count(QLatin1Char('\t')), 6);
+  EXPECT_EQ(QApplication::clipboard()->text().count(QLatin1Char('\t')), 12);
 }
 
 TEST(AgreementForm, LeadsFromACellToItsQuestionsAndBack) {
@@ -279,7 +279,7 @@ struct SamplePair : Desk {
   }
   bool Open() {
     forms.emplace(program, log, recovery, storage, clock, prompter, programFolder);
-    const bool shown = forms->ShowAgreement(folder / "35-6-1.eps", folder / "35-6-2.eps");
+    const bool shown = forms->ShowAgreement(folder / "35-6-1.eps", folder / "35-6-2.eps", 7);
     Settle();
     return shown;
   }

@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+#include "agreement/agreement_text.h"
 #include "agreement/comparison.h"
 #include "agreement/figure_text.h"
 #include "agreement/observer_name.h"
@@ -63,6 +64,7 @@ AgreementOverview::AgreementOverview(Ui::frmAgreement& ui, const Comparison& com
   connect(ui_.stripActivities, &ActivityStrips::Moved, this, stretch);
   connect(ui_.cmdCopyLine, &QPushButton::clicked, this,
           [this] { QGuiApplication::clipboard()->setText(ui_.txtPaper->toPlainText()); });
+  connect(ui_.cmdCopyFigures, &QPushButton::clicked, this, &AgreementOverview::Copy);
 }
 
 void AgreementOverview::Refresh() {
@@ -161,10 +163,18 @@ void AgreementOverview::ShowTraining() {
   std::vector<QStringList> rows;
   for (const TrainedCode& code : training.codes) {
     rows.push_back({ToQt(NameOf(code)), Number(code.ofMaster), Number(code.found),
-                    Share(code.found, code.ofMaster), Number(code.added)});
+                    Share(code.found, code.ofMaster), Number(code.missed),
+                    Number(code.CodedOtherwise()), Number(code.added)});
   }
-  training_->Show({tr("Code"), tr("The master's"), tr("Found"), tr("Share found"), tr("Added")},
+  training_->Show({tr("Code"), tr("The master's"), tr("Found"), tr("Share found"), tr("Missed"),
+                   tr("Coded otherwise"), tr("Added")},
                   rows);
+}
+
+void AgreementOverview::Copy() const {
+  std::string text = TextOf(comparison_.Result());
+  if (comparison_.MasterIs() != Master::none) text += "\n" + TextOf(TrainingOf(comparison_));
+  QGuiApplication::clipboard()->setText(ToQt(text));
 }
 
 void AgreementOverview::FitBoxes(int width) {
@@ -178,7 +188,8 @@ void AgreementOverview::FitBoxes(int width) {
   }
 }
 
-void AgreementOverview::FocusStrips() {
+void AgreementOverview::ShowActivities(int first, int second) {
+  ui_.stripActivities->GoTo(first, second);
   FocusVisibly(ui_.stripActivities);
   ui_.overviewArea->ensureWidgetVisible(ui_.stripActivities);
 }

@@ -21,10 +21,12 @@ class AgreementOverview : public QObject {
   AgreementOverview(Ui::frmAgreement& ui, const Comparison& comparison, QObject* parent);
 
   void Refresh();
+  /// Copies all figures as tables for a spreadsheet.
+  void Copy() const;
   /// Sets the boxes beside or above each other, as the `width` of the form allows.
   void FitBoxes(int width);
-  /// Scrolls to the activities and gives them the keyboard.
-  void FocusStrips();
+  /// Scrolls to the activities, gives them the keyboard, and marks where the observers saw these.
+  void ShowActivities(int first, int second);
 
  private:
   void ShowActivities();

@@ -3,13 +3,11 @@
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QShortcut>
 #include <QStringList>
 #include <algorithm>
 
 #include "agreement/row_text.h"
 #include "ui/forms/AgreementTables.h"
-#include "ui/keys/UndoKeys.h"
 #include "ui/show.h"
 #include "ui/text.h"
 #include "ui/widgets/CodesDelegate.h"
@@ -52,17 +50,11 @@ void AgreementQuestions::ConnectButtons() {
   button(ui_.cmdNext, [this] { Step(true); });
   button(ui_.cmdPair, [this] { Change([this] { return do_.Pair(Selected()); }); });
   button(ui_.cmdUnpair,
-         [this] { Change([this] { return std::optional(comparison_.Unpair(*Current())); }); });
-  button(ui_.cmdUndo, [this] { ChangeAll(&Comparison::Undo); });
+         [this] { Change([this] { return std::optional(comparison_.Unpair(*ToPart())); }); });
+  button(ui_.cmdUndo, [this] { Undo(); });
   button(ui_.cmdWords, [this] { ChangeAll(&Comparison::PairByWords); });
   button(ui_.cmdFirst, [this] { Open(Side::first); });
   button(ui_.cmdSecond, [this] { Open(Side::second); });
-  for (const QKeySequence& keys : KeysOf(Way::redo)) {
-    auto* redo = new QShortcut(keys, ui_.questionsPage);
-    connect(redo, &QShortcut::activated, this, [this] {
-      if (comparison_.CanRedo()) ChangeAll(&Comparison::Redo);
-    });
-  }
   auto* copy = new QAction(tr("&Copy Rows"), this);
   copy->setShortcut(QKeySequence::Copy);
   copy->setShortcutContext(Qt::WidgetShortcut);
@@ -72,6 +64,7 @@ void AgreementQuestions::ConnectButtons() {
 }
 
 std::optional<std::size_t> AgreementQuestions::DimensionShown() const {
+  if (cell_) return cell_->dimension;
   const int index = ui_.cboDimension->currentIndex();
   return index > 0 ? std::optional(static_cast<std::size_t>(index - 1)) : std::nullopt;
 }
@@ -87,11 +80,19 @@ std::vector<std::size_t> AgreementQuestions::Selected() const {
   return selected;
 }
 
+std::optional<std::size_t> AgreementQuestions::ToPart() const {
+  const auto selected = Selected();
+  const auto row = selected.empty() ? Current() : std::optional(selected.front());
+  const bool isOne = row && selected.size() <= 1;
+  return isOne && comparison_.CanUnpair(*row) ? row : std::nullopt;
+}
+
 void AgreementQuestions::Refresh() {
   const StudyTable::Place place = ui_.tblPairs->PlaceNow();
   const auto dimension = DimensionShown();
   rows_.Show(cell_ ? comparison_.RowsOfCell(*cell_->dimension, cell_->first, cell_->second)
-                   : comparison_.Shown(ui_.chkDisagreements->isChecked(), dimension));
+                   : comparison_.Shown(ui_.chkDisagreements->isChecked(), dimension),
+             dimension);
   ui_.tblPairs->Refill(place);
   const auto disagreements = std::ranges::count_if(
       rows_.Shown(), [&](std::size_t row) { return comparison_.IsDisagreement(row, dimension); });
@@ -99,7 +100,7 @@ void AgreementQuestions::Refresh() {
                       .arg(rows_.Shown().size())
                       .arg(comparison_.Rows().size())
                       .arg(disagreements);
-  if (cell_) shown = cell_->text + QLatin1String(".  ") + shown;
+  if (cell_) shown = cell_->name + QLatin1String(".  ") + shown;
   ShowText(ui_.lblShown, shown);
   ui_.cmdBack->setVisible(cell_ != nullptr);
   for (QWidget* filter :
@@ -137,9 +138,22 @@ void AgreementQuestions::Step(bool forward) {
   }
 }
 
+/// Changes the pairs and goes to the first of them that is another now.
 void AgreementQuestions::ChangeAll(void (Comparison::*change)()) {
+  const QuestionPairs before = comparison_.Result().pairs;
   (comparison_.*change)();
   Q_EMIT PairsChanged();
+  const QuestionPairs& now = comparison_.Result().pairs;
+  const auto changed = std::ranges::mismatch(now, before).in1;
+  if (changed != now.end()) GoTo(static_cast<std::size_t>(changed - now.begin()));
+}
+
+void AgreementQuestions::Undo() {
+  if (comparison_.CanUndo()) ChangeAll(&Comparison::Undo);
+}
+
+void AgreementQuestions::Redo() {
+  if (comparison_.CanRedo()) ChangeAll(&Comparison::Redo);
 }
 
 /// Changes the pairs and goes to the row that the change returns.
@@ -151,6 +165,11 @@ void AgreementQuestions::Change(const std::function<std::optional<std::size_t>()
 
 void AgreementQuestions::Copy() const {
   QStringList lines;
+  QStringList headings;
+  for (int column = 0; column < rows_.columnCount(); ++column) {
+    headings << rows_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+  }
+  lines << headings.join(QLatin1Char('\t'));
   for (const std::size_t row : ui_.tblPairs->SelectedRows()) {
     QStringList cells;
     for (int column = 0; column < rows_.columnCount(); ++column) {
@@ -158,7 +177,7 @@ void AgreementQuestions::Copy() const {
     }
     lines << cells.join(QLatin1Char('\t'));
   }
-  if (!lines.isEmpty()) QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+  if (lines.size() > 1) QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 
 /// Says the question in full, and what can be done with it.
@@ -166,7 +185,7 @@ void AgreementQuestions::ShowCurrent() {
   const auto row = Current();
   const auto selected = Selected();
   ui_.cmdPair->setEnabled(do_.CanPair(selected));
-  ui_.cmdUnpair->setEnabled(row && comparison_.CanUnpair(*row));
+  ui_.cmdUnpair->setEnabled(ToPart().has_value());
   ui_.cmdUndo->setEnabled(comparison_.CanUndo());
   ui_.cmdWords->setEnabled(comparison_.Result().pairsGiven);
   ui_.cmdFirst->setEnabled(row && do_.CanOpen(*row, Side::first));

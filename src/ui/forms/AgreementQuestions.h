@@ -37,6 +37,9 @@ class AgreementQuestions : public QObject {
   /// Opens the current question in the file of one of the observers.
   void Open(Side side);
   void FocusTable();
+  /// Takes the last change of the pairs back, or makes it again, if there is one.
+  void Undo();
+  void Redo();
 
  Q_SIGNALS:
   void PairsChanged();
@@ -48,6 +51,8 @@ class AgreementQuestions : public QObject {
   /// The positions in the comparison of the current and the selected rows.
   std::optional<std::size_t> Current() const;
   std::vector<std::size_t> Selected() const;
+  /// The pair to be parted: the only one selected, else the current one.
+  std::optional<std::size_t> ToPart() const;
   void GoTo(std::size_t position);
   void Step(bool forward);
   void ChangeAll(void (Comparison::*change)());

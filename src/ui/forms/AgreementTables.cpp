@@ -103,7 +103,11 @@ void AgreementTables::Refresh() {
 std::optional<AgreementCell> AgreementTables::Current() const {
   const auto codes = table_.CodesAt(ui_.tblCodes->currentIndex());
   if (!codes || table_.CountAt(ui_.tblCodes->currentIndex()) == 0) return std::nullopt;
-  return AgreementCell{Dimension(), codes->first, codes->second, CellText()};
+  const Agreement& agreement = comparison_.Result();
+  return AgreementCell{
+      Dimension(), codes->first, codes->second,
+      table_.NameOf(ui_.tblCodes->currentIndex(), ToQt(NameOfObserver(agreement, Side::first)),
+                    ToQt(NameOfObserver(agreement, Side::second)))};
 }
 
 QString AgreementTables::CellText() const {

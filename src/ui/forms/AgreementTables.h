@@ -20,7 +20,7 @@ struct AgreementCell {
   std::optional<std::size_t> dimension;  ///< a position in ComparedDimensions(); else activities
   std::size_t first = 0;
   std::size_t second = 0;
-  QString text = {};  ///< what it is about, and how much it holds
+  QString name = {};  ///< "AB: T (Teacher), MN: S (Student)"
 };
 
 /// The page of the agreement's form with the tables of codes.

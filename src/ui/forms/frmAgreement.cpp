@@ -4,11 +4,13 @@
 #include <QShortcut>
 #include <utility>
 
+#include "agreement/agreement_text.h"
 #include "agreement/observer_name.h"
 #include "ui/forms/AgreementOverview.h"
 #include "ui/forms/AgreementQuestions.h"
 #include "ui/forms/AgreementTables.h"
 #include "ui/keys/FormKeys.h"
+#include "ui/keys/UndoKeys.h"
 #include "ui/print/PrintedAgreement.h"
 #include "ui/show.h"
 #include "ui/text.h"
@@ -36,12 +38,6 @@ QString OriginText(const Offset& offset) {
 QString WhoText(const Agreement::Observer& observer) {
   return frmAgreement::tr("%1 (%2)").arg(ToQt(ShownInitials(observer.identity)),
                                          ToQt(observer.identity.ClassId()));
-}
-
-QString DatesText(const Agreement& agreement) {
-  const QString first = ToQt(agreement.first.date);
-  const QString second = ToQt(agreement.second.date);
-  return first == second ? first : frmAgreement::tr("%1 and %2").arg(first, second);
 }
 
 }  // namespace
@@ -108,19 +104,22 @@ void frmAgreement::ConnectButtons() {
   button(ui_->cmdPrint, [this] { PreviewReport(PrintedAgreement(*comparison_), printing_, this); });
   connect(ui_->cmdBack, &QPushButton::clicked, this, &frmAgreement::LeaveCell);
   connect(ui_->cmdClose, &QPushButton::clicked, this, &QWidget::close);
-  new FormKeys(this, {.asking = {ui_->cmdLogs, ui_->cmdSavePairs, ui_->cmdLoadPairs,
-                                 ui_->cmdCopyLine, ui_->cmdPrevious, ui_->cmdNext, ui_->cmdPair,
-                                 ui_->cmdUnpair, ui_->cmdUndo, ui_->cmdWords, ui_->cmdPrint,
-                                 ui_->cmdFirst, ui_->cmdSecond, ui_->cmdCopyTable},
-                      .own = [this](const QWidget* control, const QKeyEvent& key) {
-                        return TakeKey(control, key);
-                      }});
+  new FormKeys(
+      this, {.asking = {ui_->cmdLogs, ui_->cmdSavePairs, ui_->cmdLoadPairs, ui_->cmdCopyLine,
+                        ui_->cmdCopyFigures, ui_->cmdPrevious, ui_->cmdNext, ui_->cmdPair,
+                        ui_->cmdUnpair, ui_->cmdUndo, ui_->cmdWords, ui_->cmdPrint, ui_->cmdFirst,
+                        ui_->cmdSecond, ui_->cmdCopyTable},
+             .own = [this](const QWidget* control, const QKeyEvent& key) {
+               return TakeKey(control, key);
+             }});
 }
 
 void frmAgreement::ConnectKeys() {
   const auto key = [this](const QKeySequence& keys, auto work) {
     connect(new QShortcut(keys, this), &QShortcut::activated, this, work);
   };
+  for (const QKeySequence& keys : KeysOf(Way::undo)) key(keys, [this] { questions_->Undo(); });
+  for (const QKeySequence& keys : KeysOf(Way::redo)) key(keys, [this] { questions_->Redo(); });
   key(QKeySequence::Print, [this] { ui_->cmdPrint->click(); });
   key(QKeySequence(Qt::CTRL | Qt::Key_Tab), [this] { TurnPage(1); });
   key(QKeySequence(Qt::CTRL | Qt::Key_PageDown), [this] { TurnPage(1); });
@@ -135,7 +134,7 @@ void frmAgreement::TurnPage(int step) {
   ui_->pages->setCurrentIndex((ui_->pages->currentIndex() + step + count) % count);
 }
 
-/// Enter opens the question, or shows the questions of a cell.
+/// Enter opens the question, or shows the questions of a cell; Ctrl+C copies the figures.
 bool frmAgreement::TakeKey(const QWidget* control, const QKeyEvent& key) {
   if (control == ui_->tblPairs && IsEnter(key)) {
     questions_->Open(key.modifiers().testFlag(Qt::ShiftModifier) ? Side::second : Side::first);
@@ -143,6 +142,11 @@ bool frmAgreement::TakeKey(const QWidget* control, const QKeyEvent& key) {
   }
   if (control == ui_->tblCodes && IsEnter(key)) {
     ShowCell();
+    return true;
+  }
+  const bool isFigures = control == ui_->overviewArea || control == ui_->stripActivities;
+  if (isFigures && key.matches(QKeySequence::Copy)) {
+    overview_->Copy();
     return true;
   }
   return false;
@@ -154,7 +158,7 @@ void frmAgreement::ShowCell() {
   if (!cell) return;
   if (!cell->dimension) {
     ui_->pages->setCurrentWidget(ui_->overviewPage);
-    return overview_->FocusStrips();
+    return overview_->ShowActivities(static_cast<int>(cell->first), static_cast<int>(cell->second));
   }
   questions_->ShowCell(*cell);
   ui_->pages->setCurrentWidget(ui_->questionsPage);
@@ -177,9 +181,9 @@ void frmAgreement::FocusPage() {
 
 void frmAgreement::ShowOptions() {
   const Agreement& agreement = comparison_->Result();
-  ShowText(ui_->lblWho,
-           tr("%1 and %2, %3")
-               .arg(WhoText(agreement.first), WhoText(agreement.second), DatesText(agreement)));
+  ShowText(ui_->lblWho, tr("%1 and %2, %3")
+                            .arg(WhoText(agreement.first), WhoText(agreement.second),
+                                 ToQt(DatesText(agreement))));
   const QSignalBlocker offsetStays(ui_->spnOffset);
   const QSignalBlocker toleranceStays(ui_->spnTolerance);
   ui_->spnOffset->setValue(agreement.offset.seconds);

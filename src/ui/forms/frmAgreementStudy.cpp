@@ -194,7 +194,7 @@ void frmAgreementStudy::OpenPair() {
   const StudyPair& pair = study_.PairOf(*row);
   const std::filesystem::path first = pair.first;
   const std::filesystem::path second = pair.second;
-  if (services_.screens.ShowAgreement(first, second)) {
+  if (services_.screens.ShowAgreement(first, second, study_.Tolerance())) {
     services_.screens.Hide(Screen::agreementStudy);
   }
 }

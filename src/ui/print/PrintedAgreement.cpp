@@ -18,7 +18,7 @@ QString WhoText(const Agreement& agreement) {
                                                ToQt(observer.file));
   };
   return PrintedAgreement::tr("%1 and %2, %3")
-      .arg(who(agreement.first), who(agreement.second), ToQt(agreement.first.date));
+      .arg(who(agreement.first), who(agreement.second), ToQt(DatesText(agreement)));
 }
 
 }  // namespace

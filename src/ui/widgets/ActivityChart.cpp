@@ -50,7 +50,7 @@ QString ShortNameOf(int activity) {
                               : ToQt(ActivityDigits(activity));
 }
 
-bool HasLength(const ActivityStretch& stretch) {
+bool HasLength(const auto& stretch) {
   return stretch.end > stretch.begin && std::abs(stretch.begin) < kLongest &&
          std::abs(stretch.end) < kLongest;
 }
@@ -76,7 +76,7 @@ struct ActivityChart::Places {
     const double share = end > begin ? (second - begin) / (end - begin) : 0;
     return left + width * std::clamp(share, 0.0, 1.0);
   }
-  QRectF Across(const ActivityStretch& stretch, double top, double lines) const {
+  QRectF Across(const auto& stretch, double top, double lines) const {
     const double from = X(stretch.begin);
     return {from, top, X(stretch.end) - from, lines * line};
   }
@@ -190,7 +190,7 @@ void ActivityChart::PaintTicks(QPainter& painter, const Places& places, double m
 
 void ActivityChart::PaintDiffering(QPainter& painter, const Places& places,
                                    const QColor& ink) const {
-  for (const ActivityStretch& stretch : differing_) {
+  for (const SharedStretch& stretch : differing_) {
     QRectF band = places.Across(stretch, places.between, kBetween).adjusted(0, 2, 0, -2);
     band.setWidth(std::max(band.width(), 2.0));
     painter.save();
@@ -213,14 +213,18 @@ void ActivityChart::PaintAxis(QPainter& painter, const Places& places, const QCo
   const auto* step =
       std::ranges::find_if(kSteps, [&](int minute) { return minutes / minute <= most; });
   const double every = 60.0 * (step == kSteps.end() ? kSteps.back() : *step);
+  const QFontMetricsF metrics(painter.font());
   painter.setPen(QPen(ink, 1));
   painter.drawLine(QPointF(places.left, places.axis), QPointF(places.X(end_), places.axis));
   for (double second = std::ceil(begin_ / every) * every; second <= end_; second += every) {
     const double x = places.X(second);
+    const QString text = tr("%1 min").arg(static_cast<int>(second / 60));
+    const double width = metrics.horizontalAdvance(text) + 1;
+    // The last one ends with the strips.
+    const double left = std::min(x - width / 2, places.left + places.width + kGap - width);
     painter.drawLine(QPointF(x, places.axis), QPointF(x, places.axis + 4));
-    painter.drawText(QRectF(x - kLeastTickGap / 2, places.axis + 4, kLeastTickGap, places.line),
-                     Qt::AlignHCenter | Qt::AlignTop,
-                     tr("%1 min").arg(static_cast<int>(second / 60)));
+    painter.drawText(QRectF(left, places.axis + 4, width, places.line),
+                     Qt::AlignLeft | Qt::AlignTop, text);
   }
 }
 
@@ -256,12 +260,10 @@ void ActivityChart::PaintLegend(QPainter& painter, const Places& places,
   say(tr("of one only"));
 }
 
-QString ActivityChart::TextOf(const ActivityStretch& stretch) const {
-  const double middle = (stretch.begin + stretch.end) / 2;
+QString ActivityChart::TextOf(const SharedStretch& stretch) const {
   return tr("%1 to %2: %3 %4, %5 %6")
       .arg(ToQt(FormatMinSec(stretch.begin)), ToQt(FormatMinSec(stretch.end)), first_.name,
-           NameOf(ActivityAt(first_.stretches, middle)), second_.name,
-           NameOf(ActivityAt(second_.stretches, middle)));
+           NameOf(stretch.first), second_.name, NameOf(stretch.second));
 }
 
 QString ActivityChart::TextAt(const QFontMetricsF& metrics, const QRectF& area, double x) const {
@@ -274,7 +276,7 @@ QString ActivityChart::TextAt(const QFontMetricsF& metrics, const QRectF& area, 
 }
 
 std::pair<double, double> ActivityChart::PlaceOf(const QFontMetricsF& metrics, const QRectF& area,
-                                                 const ActivityStretch& stretch) const {
+                                                 const SharedStretch& stretch) const {
   const Places places = Place(metrics, area);
   return {places.X(stretch.begin), places.X(stretch.end)};
 }

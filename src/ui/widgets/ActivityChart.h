@@ -30,16 +30,16 @@ class ActivityChart {
   void Paint(QPainter& painter, const QRectF& area, const QPalette& palette) const;
 
   /// The stretches in which the two differ.
-  const std::vector<ActivityStretch>& Differing() const { return differing_; }
+  const std::vector<SharedStretch>& Differing() const { return differing_; }
   /// Says when a stretch is, and what each observer saw.
-  QString TextOf(const ActivityStretch& stretch) const;
+  QString TextOf(const SharedStretch& stretch) const;
   /// Says what both saw at a place of `area`; "" outside the strips.
   QString TextAt(const QFontMetricsF& metrics, const QRectF& area, double x) const;
   /// Marks a stretch when painting; nothing for none.
-  void Mark(std::optional<ActivityStretch> stretch) { marked_ = stretch; }
+  void Mark(std::optional<SharedStretch> stretch) { marked_ = stretch; }
   /// Where `stretch` is in `area`, from left to right.
   std::pair<double, double> PlaceOf(const QFontMetricsF& metrics, const QRectF& area,
-                                    const ActivityStretch& stretch) const;
+                                    const SharedStretch& stretch) const;
 
  private:
   struct Tick {
@@ -64,8 +64,8 @@ class ActivityChart {
 
   Observer first_;
   Observer second_;
-  std::vector<ActivityStretch> differing_;
-  std::optional<ActivityStretch> marked_;
+  std::vector<SharedStretch> differing_;
+  std::optional<SharedStretch> marked_;
   double begin_ = 0;
   double end_ = 0;
 };

@@ -29,6 +29,14 @@ void ActivityStrips::Show(ActivityChart chart) {
   updateGeometry();
 }
 
+void ActivityStrips::GoTo(int first, int second) {
+  const auto& differing = chart_.Differing();
+  const auto found = std::ranges::find_if(differing, [&](const SharedStretch& stretch) {
+    return stretch.first == first && stretch.second == second;
+  });
+  if (found != differing.end()) Mark(static_cast<std::size_t>(found - differing.begin()));
+}
+
 QString ActivityStrips::Text() const {
   const auto count = static_cast<int>(chart_.Differing().size());
   if (!marked_) {
@@ -92,7 +100,7 @@ void ActivityStrips::mousePressEvent(QMouseEvent* event) {
   const QFontMetricsF metrics(font());
   const double x = event->position().x();
   const auto& differing = chart_.Differing();
-  const auto hit = std::ranges::find_if(differing, [&](const ActivityStretch& stretch) {
+  const auto hit = std::ranges::find_if(differing, [&](const SharedStretch& stretch) {
     const auto [left, right] = chart_.PlaceOf(metrics, Area(), stretch);
     return x >= left - kMargin / 2 && x <= right + kMargin / 2;
   });

@@ -17,6 +17,8 @@ class ActivityStrips : public QWidget {
   explicit ActivityStrips(QWidget* parent = nullptr);
 
   void Show(ActivityChart chart);
+  /// Marks the first stretch in which the observers saw these activities, if there is one.
+  void GoTo(int first, int second);
   /// What the two saw in the stretch that is marked, or how many stretches there are.
   QString Text() const;
 

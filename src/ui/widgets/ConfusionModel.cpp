@@ -43,17 +43,20 @@ QString ConfusionModel::CountText(std::int64_t count) const {
 QString ConfusionModel::TextAt(const QModelIndex& index, const QString& first,
                                const QString& second) const {
   if (!index.isValid()) return {};
-  const QString count = CountText(CountAt(index));
+  return tr("%1: %2").arg(NameOf(index, first, second), CountText(CountAt(index)));
+}
+
+QString ConfusionModel::NameOf(const QModelIndex& index, const QString& first,
+                               const QString& second) const {
   const auto meaning = [this](int section) {
     return view_.meanings[static_cast<qsizetype>(section)];
   };
   if (CodesAt(index)) {
-    return tr("%1: %2, %3: %4: %5")
-        .arg(first, meaning(index.row()), second, meaning(index.column()), count);
+    return tr("%1: %2, %3: %4").arg(first, meaning(index.row()), second, meaning(index.column()));
   }
-  if (!IsSum(index.row())) return tr("%1: %2: %3").arg(first, meaning(index.row()), count);
-  if (!IsSum(index.column())) return tr("%1: %2: %3").arg(second, meaning(index.column()), count);
-  return tr("All: %1").arg(count);
+  if (!IsSum(index.row())) return tr("%1: %2").arg(first, meaning(index.row()));
+  if (!IsSum(index.column())) return tr("%1: %2").arg(second, meaning(index.column()));
+  return tr("All");
 }
 
 /// Agreeing cells are bold and on a ground of their own; the sums are in italics.

@@ -38,6 +38,8 @@ class ConfusionModel : public QAbstractTableModel {
   std::int64_t CountAt(const QModelIndex& index) const;
   /// Says what a cell holds, with the observers' names.
   QString TextAt(const QModelIndex& index, const QString& first, const QString& second) const;
+  /// The same without the count. `index` is valid.
+  QString NameOf(const QModelIndex& index, const QString& first, const QString& second) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;

@@ -75,7 +75,7 @@ std::string PairsModel::Cell(std::size_t row, std::size_t column) const {
   const Agreement& agreement = comparison_.Result();
   switch (static_cast<Column>(column)) {
     case mark:
-      return MarkOf(comparison_, pair);
+      return comparison_.IsDisagreement(shown_[row], dimension_) ? MarkOf(comparison_, pair) : "";
     case place:
       return FormatMinSec(pair.first ? pair.first->second
                                      : pair.second->second + agreement.offset.seconds);
@@ -95,14 +95,15 @@ std::string PairsModel::Cell(std::size_t row, std::size_t column) const {
 
 QVariant PairsModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= rowCount()) return {};
-  const PairRow& pair = comparison_.Rows()[shown_[static_cast<std::size_t>(index.row())]];
+  const std::size_t position = shown_[static_cast<std::size_t>(index.row())];
+  const PairRow& pair = comparison_.Rows()[position];
   if (role == kDifferingRole) {
     QVariantList positions;
     if (!pair.pair.IsOfBoth()) return positions;
-    for (const std::size_t position : pair.differing) positions << static_cast<int>(position);
+    for (const std::size_t differing : pair.differing) positions << static_cast<int>(differing);
     return positions;
   }
-  if (role == Qt::FontRole && pair.IsDisagreement() &&
+  if (role == Qt::FontRole && comparison_.IsDisagreement(position, dimension_) &&
       (index.column() == mark || index.column() == differs)) {
     QFont bold;
     bold.setBold(true);

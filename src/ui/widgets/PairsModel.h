@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "ui/widgets/StudyModel.h"
@@ -21,8 +24,12 @@ class PairsModel : public StudyModel {
   /// `comparison` outlives the model.
   explicit PairsModel(const Comparison& comparison, QObject* parent = nullptr);
 
-  /// Shows these rows of the comparison, given by their positions. Refill the table then.
-  void Show(std::vector<std::size_t> rows) { shown_ = std::move(rows); }
+  /// Shows these rows of the comparison, given by their positions; what the two do not agree on in
+  /// `dimension`, a position in ComparedDimensions(), or at all, stands out. Refill the table then.
+  void Show(std::vector<std::size_t> rows, std::optional<std::size_t> dimension) {
+    shown_ = std::move(rows);
+    dimension_ = dimension;
+  }
   /// The positions in the comparison of what is shown.
   const std::vector<std::size_t>& Shown() const { return shown_; }
 
@@ -38,6 +45,7 @@ class PairsModel : public StudyModel {
  private:
   const Comparison& comparison_;
   std::vector<std::size_t> shown_;
+  std::optional<std::size_t> dimension_;
 };
 
 }  // namespace orvex
