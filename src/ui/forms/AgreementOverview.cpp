@@ -2,6 +2,8 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <algorithm>
+#include <numeric>
 
 #include "agreement/agreement_text.h"
 #include "agreement/comparison.h"
@@ -155,12 +157,12 @@ void AgreementOverview::ShowTraining() {
   const Agreement& agreement = comparison_.Result();
   const QString trainee = ToQt(NameOfObserver(agreement, isFirst ? Side::second : Side::first));
   training_->setTitle(
-      tr("%1, measured by %2: %3 of %4 questions found, %5 missed, %6 added, "
-         "%7 coded otherwise")
-          .arg(trainee, ToQt(NameOfObserver(agreement, isFirst ? Side::first : Side::second)),
-               Number(training.found), Number(training.ofMaster), Number(training.missed),
-               Number(training.added), Number(training.codedOtherwise)));
-  std::vector<QStringList> rows;
+      tr("%1, measured by %2")
+          .arg(trainee, ToQt(NameOfObserver(agreement, isFirst ? Side::first : Side::second))));
+  std::vector<QStringList> rows = {
+      {tr("Questions"), Number(training.ofMaster), Number(training.found),
+       Share(training.found, training.ofMaster), Number(training.missed),
+       Number(training.codedOtherwise), Number(training.added)}};
   for (const TrainedCode& code : training.codes) {
     rows.push_back({ToQt(NameOf(code)), Number(code.ofMaster), Number(code.found),
                     Share(code.found, code.ofMaster), Number(code.missed),
@@ -179,9 +181,15 @@ void AgreementOverview::Copy() const {
 
 void AgreementOverview::FitBoxes(int width) {
   const std::array boxes = {activities_, questions_, offtask_, survey_};
-  int needed = kBesideBoxes;
-  for (const FigureTable* box : boxes) needed += box->sizeHint().width() + kBetweenBoxes;
-  const int columns = needed <= width ? 4 : 2;
+  const auto widthWith = [&boxes](int columns) {
+    std::array<int, 4> widths{};
+    for (int position = 0; const FigureTable* box : boxes) {
+      int& widest = widths[static_cast<std::size_t>(position++ % columns)];
+      widest = std::max(widest, box->sizeHint().width() + kBetweenBoxes);
+    }
+    return std::accumulate(widths.begin(), widths.end(), kBesideBoxes);
+  };
+  const int columns = widthWith(4) <= width ? 4 : widthWith(2) <= width ? 2 : 1;
   for (int position = 0; FigureTable * box : boxes) {
     ui_.boxesLayout->addWidget(box, position / columns, position % columns);
     ++position;

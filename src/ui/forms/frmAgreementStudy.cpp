@@ -165,10 +165,19 @@ std::optional<std::size_t> frmAgreementStudy::Dimension() const {
 void frmAgreementStudy::ShowRemarks() {
   QStringList lines;
   const auto row = ui_->tblPairs->CurrentRow();
-  if (row && *row < study_.Table(StudyFigures::pairs).rows.size()) {
+  const FigureGrid& pairs = study_.Table(StudyFigures::pairs);
+  if (row && *row < pairs.rows.size()) {
     for (const std::string& remark : study_.PairOf(*row).agreement.AllRemarks()) {
       lines << ToQt(remark);
     }
+    // The columns have no room for why a figure is not defined.
+    QStringList undefined;
+    for (std::size_t column = 0; column < pairs.columns.size(); ++column) {
+      const std::string& text = pairs.rows[*row].cells[column].text;
+      if (!text.starts_with("n/a")) continue;
+      undefined << tr("%1: %2").arg(ToQt(pairs.columns[column].heading), ToQt(text));
+    }
+    if (!undefined.isEmpty()) lines << undefined.join(QLatin1String(", "));
   }
   ui_->txtRemarks->Show(lines.join(QLatin1Char('\n')));
 }

@@ -23,7 +23,8 @@ constexpr double kTicks = 0.8;
 constexpr double kStrip = 1.5;
 constexpr double kBetween = 0.7;
 constexpr double kAxis = 1.3;
-constexpr double kLegend = 1.5;
+constexpr double kLegend = 2.6;
+constexpr int kLegendLines = 2;
 
 constexpr double kGap = 8;
 constexpr double kInset = 4;          // beside the text of a block
@@ -233,31 +234,35 @@ void ActivityChart::PaintLegend(QPainter& painter, const Places& places,
   const QColor ink = palette.color(QPalette::WindowText);
   const QFontMetricsF metrics(painter.font());
   const double size = 0.7 * places.line;
-  const double top = places.legend + (kLegend * places.line - size) / 2;
-  double x = places.left;
-  const auto say = [&](const QString& text) {
+  const double height = kLegend / kLegendLines * places.line;
+  QRectF sign(places.left, places.legend + (height - size) / 2, size, size);
+  // Paints a sign in its square and says what it stands for, on the next line when there is no
+  // room.
+  const auto add = [&](const QString& text, auto paintSign) {
+    const double width = size + kGap / 2 + metrics.horizontalAdvance(text) + 1;
+    if (sign.left() > places.left && sign.left() + width > places.left + places.width) {
+      sign.moveTo(places.left, sign.top() + height);
+    }
+    painter.setPen(QPen(ink, 1.4));
+    painter.setBrush(Qt::NoBrush);
+    paintSign();
     painter.setPen(ink);
-    painter.drawText(
-        QRectF(x, places.legend, metrics.horizontalAdvance(text) + 1, kLegend * places.line),
-        Qt::AlignLeft | Qt::AlignVCenter, text);
-    x += metrics.horizontalAdvance(text) + 2 * kGap;
+    painter.drawText(QRectF(sign.right() + kGap / 2, sign.center().y() - height / 2, width, height),
+                     Qt::AlignLeft | Qt::AlignVCenter, text);
+    sign.translate(width + 2 * kGap, 0);
   };
   for (std::size_t i = 0; i < kActivityGroups.size(); ++i) {
-    painter.setPen(QPen(ink, 1));
-    painter.setBrush(ColourOf(static_cast<ActivityGroup>(i)));
-    painter.drawRect(QRectF(x, top, size, size));
-    x += size + kGap / 2;
-    say(ToQt(kActivityGroups[i].label));
+    add(ToQt(kActivityGroups[i].label), [&] {
+      painter.setPen(QPen(ink, 1));
+      painter.setBrush(ColourOf(static_cast<ActivityGroup>(i)));
+      painter.drawRect(sign);
+    });
   }
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(ink, 1.4));
-  painter.drawLine(QPointF(x, top), QPointF(x, top + size));
-  x += kGap / 2;
-  say(tr("question of both"));
-  painter.setPen(QPen(ink, 1.4));
-  painter.drawEllipse(QPointF(x + size / 3, top + size / 2), size / 3, size / 3);
-  x += size;
-  say(tr("of one only"));
+  add(tr("question of both"), [&] {
+    painter.drawLine(QPointF(sign.center().x(), sign.top()),
+                     QPointF(sign.center().x(), sign.bottom()));
+  });
+  add(tr("of one only"), [&] { painter.drawEllipse(sign.center(), size / 3, size / 3); });
 }
 
 QString ActivityChart::TextOf(const SharedStretch& stretch) const {

@@ -84,6 +84,8 @@ struct AgreementChart::Columns {
   Column label, n, bar, percent, kappa, interval, scale, ac1, leftOut;
   double line = 0;  ///< the height of a line
 
+  /// The bar and the scale, of no width, are left out where there is room for the figures only.
+  bool HasBars() const { return bar.width > 0; }
   QRectF At(const Column& column, double top) const {
     return {column.left, top, column.width, line};
   }
@@ -146,14 +148,16 @@ AgreementChart::Columns AgreementChart::Place(const QFontMetricsF& metrics,
     texts += column->width;
   }
   constexpr double kGaps = 8 * kGap;
-  const double room = std::max(area.width() - texts - kGaps, kLeastBar + kLeastScale);
-  columns.bar.width = room / 2;
-  columns.scale.width = room - columns.bar.width;
+  const double room = area.width() - texts - kGaps;
+  if (room >= kLeastBar + kLeastScale) {
+    columns.bar.width = room / 2;
+    columns.scale.width = room - columns.bar.width;
+  }
   double left = area.left();
   for (auto* column : {&columns.label, &columns.n, &columns.bar, &columns.percent, &columns.kappa,
                        &columns.interval, &columns.scale, &columns.ac1, &columns.leftOut}) {
     column->left = left;
-    left += column->width + kGap;
+    if (column->width > 0) left += column->width + kGap;
   }
   return columns;
 }
@@ -178,14 +182,19 @@ void AgreementChart::PaintHeading(QPainter& painter, const Columns& columns, dou
   bold.setBold(true);
   painter.setFont(bold);
   write(columns.n, Qt::AlignRight, tr("n"));
-  Columns::Column equal = columns.bar;
-  equal.width = columns.percent.left + columns.percent.width - equal.left;
-  write(equal, Qt::AlignLeft, tr("Equal codes"));
+  if (columns.HasBars()) {
+    Columns::Column equal = columns.bar;
+    equal.width = columns.percent.left + columns.percent.width - equal.left;
+    write(equal, Qt::AlignLeft, tr("Equal codes"));
+  } else {
+    write(columns.percent, Qt::AlignRight, tr("Equal"));
+  }
   write(columns.kappa, Qt::AlignLeft, tr("Kappa"));
   write(columns.interval, Qt::AlignLeft, tr("95 % interval"));
   write(columns.ac1, Qt::AlignLeft, tr("AC1"));
   write(columns.leftOut, Qt::AlignRight, tr("Left out"));
   painter.restore();
+  if (!columns.HasBars()) return;
   // The scale of kappa says what its first, middle and last tick stand for.
   for (const double tick : {0.0, 0.4, 0.8}) {
     const double x =
@@ -204,8 +213,10 @@ void AgreementChart::PaintLine(QPainter& painter, const Columns& columns, double
   };
   write(columns.label, Qt::AlignLeft, line.label);
   write(columns.n, Qt::AlignRight, QString::number(line.table.Total()));
-  PaintPercent(painter, columns.At(columns.bar, top).adjusted(0, kLeading / 2, 0, -kLeading / 2),
-               line.table, palette);
+  if (columns.HasBars()) {
+    PaintPercent(painter, columns.At(columns.bar, top).adjusted(0, kLeading / 2, 0, -kLeading / 2),
+                 line.table, palette);
+  }
   if (line.table.Total() > 0) {
     write(columns.percent, Qt::AlignRight, tr("%1 %").arg(ToQt(PercentText(line.table))));
   }
@@ -217,7 +228,7 @@ void AgreementChart::PaintLine(QPainter& painter, const Columns& columns, double
     both.width = columns.interval.left + columns.interval.width - both.left;
     write(both, Qt::AlignLeft, ToQt(KappaText(line.table)));
   }
-  PaintKappa(painter, columns.At(columns.scale, top), line.table, ink);
+  if (columns.HasBars()) PaintKappa(painter, columns.At(columns.scale, top), line.table, ink);
   write(columns.ac1, Qt::AlignLeft, ToQt(Ac1Text(line.table)));
   if (line.leftOut) write(columns.leftOut, Qt::AlignRight, QString::number(*line.leftOut));
 }

@@ -172,7 +172,10 @@ void StudyTable::ShowPlace(const Place& place) {
 
 void StudyTable::GoTo(std::size_t row) {
   const int column = std::max(0, currentIndex().column());
-  setCurrentIndex(rows_->index(static_cast<int>(row), column));
+  // Whatever keys are held: with Ctrl, Qt would leave the selection behind.
+  selectionModel()->setCurrentIndex(
+      rows_->index(static_cast<int>(row), column),
+      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   scrollTo(currentIndex());
 }
 
