@@ -40,10 +40,15 @@ class FewestSteps {
     return first_[static_cast<std::size_t>(first)] == second_[static_cast<std::size_t>(second)];
   }
 
+  /// The position of a diagonal among those that so many steps reach.
+  static std::size_t PositionOf(int steps, int diagonal) {
+    const int position = steps + diagonal;
+    return static_cast<std::size_t>(position);
+  }
+
   int Furthest(int steps, int diagonal) const {
     const bool isThere = diagonal >= -steps && diagonal <= steps;
-    return isThere ? furthest_[static_cast<std::size_t>(steps)]
-                              [static_cast<std::size_t>(steps + diagonal)]
+    return isThere ? furthest_[static_cast<std::size_t>(steps)][PositionOf(steps, diagonal)]
                    : kNowhere;
   }
 
@@ -69,7 +74,7 @@ class FewestSteps {
              AreEqual(first, first - diagonal)) {
         ++first;
       }
-      reached[static_cast<std::size_t>(steps + diagonal)] = first;
+      reached[PositionOf(steps, diagonal)] = first;
     }
     furthest_.push_back(std::move(reached));
     return Furthest(steps, FirstSize() - SecondSize()) == FirstSize();

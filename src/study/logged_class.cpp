@@ -11,7 +11,7 @@ namespace {
 std::optional<ClassLog> LogOf(const std::filesystem::path& file, const Warn& warn) {
   const std::filesystem::path path = Companion(file, FileKind::sessionLog);
   if (path.empty()) return std::nullopt;
-  const auto log = ReadClassLog(path);
+  auto log = ReadClassLog(path);
   if (warn && !log) warn("the session log could not be read, or is none");
   if (warn && log && !log->begin) warn("the session log does not say when it began");
   return log;

@@ -61,6 +61,7 @@ AgreementOverview::AgreementOverview(Ui::frmAgreement& ui, const Comparison& com
   offtask_ = box(tr("Off-task"));
   survey_ = box(tr("Survey"));
   training_ = box({});
+  ui_.txtPaper->setMinimumHeight(ui_.txtPaper->sizeHint().height());  // the page scrolls anyway
   ui_.contentsLayout->insertWidget(ui_.contentsLayout->indexOf(ui_.paperLayout), training_);
   const auto stretch = [this] { ShowText(ui_.lblStretch, ui_.stripActivities->Text()); };
   connect(ui_.stripActivities, &ActivityStrips::Moved, this, stretch);
