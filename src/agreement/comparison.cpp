@@ -29,7 +29,10 @@ std::vector<std::size_t> DifferingDimensions(const PairRow& row) {
 }  // namespace
 
 Comparison::Comparison(ObservedClass first, ObservedClass second, const ComparisonOptions& options)
-    : first_(std::move(first)), second_(std::move(second)), options_(options) {
+    : first_(std::move(first)),
+      second_(std::move(second)),
+      options_(options),
+      questions_(QuestionsOf(first_, second_)) {
   Renew();
 }
 
@@ -176,6 +179,7 @@ std::size_t Comparison::Reload(ObservedClass first, ObservedClass second) {
   std::ranges::for_each(later_, follow);
   first_ = std::move(first);
   second_ = std::move(second);
+  questions_ = QuestionsOf(first_, second_);
   Renew();
   return given_ ? before - result_.BothQuestions() : 0;
 }
@@ -201,7 +205,6 @@ void Comparison::Take(GivenPairs pairs) {
 }
 
 void Comparison::Renew() {
-  questions_ = QuestionsOf(first_, second_);
   result_ = Compare(first_, second_, questions_, options_, given_);
   rows_.clear();
   for (const QuestionPair& pair : result_.pairs) {

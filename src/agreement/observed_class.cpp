@@ -1,7 +1,6 @@
 #include "agreement/observed_class.h"
 
 #include "store/eps_reader.h"
-#include "store/numbers.h"
 #include "store/sur_file.h"
 #include "store/text_encoding.h"
 #include "study/file_kind.h"
@@ -25,14 +24,11 @@ void ReadSurvey(const std::filesystem::path& file, ObservedClass& observed) {
 }
 
 void ReadLog(const std::filesystem::path& file, ObservedClass& observed) {
-  const auto facts = ReadLogStart(file);
-  if (!facts) {
-    observed.notes.emplace_back("the session log could not be read, or is none");
-    return;
-  }
-  observed.logStart = ParseTimeOfDay(facts->start);
-  observed.logDay = DayOf(facts->date);
-  if (!observed.logStart) observed.notes.emplace_back("the session log does not say when it began");
+  const auto log = ReadLogStart(file);
+  if (const auto trouble = TroubleOf(log); !trouble.empty()) observed.notes.emplace_back(trouble);
+  if (!log) return;
+  observed.logStart = log->begin;
+  observed.logDay = DayOf(log->date);
 }
 
 }  // namespace

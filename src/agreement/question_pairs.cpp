@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <span>
 #include <string>
 
 #include "agreement/question_likeness.h"
@@ -147,8 +146,8 @@ bool IsNote(const AskedQuestion& asked) {
 /// Where one question of each stands alone between two pairs, both were asked at about the same
 /// time and one is a note, they are one question in other words. Two whole sentences without a
 /// common word are two questions.
-void PairParaphrases(const std::vector<AskedQuestion>& first,
-                     const std::vector<AskedQuestion>& second, double offset, Partners& partners) {
+void PairParaphrases(std::span<const AskedQuestion> first, std::span<const AskedQuestion> second,
+                     double offset, Partners& partners) {
   constexpr double kSameTime = 60;  // seconds
   const QuestionPairs pairs = PairsFrom(partners, second.size());
   for (std::size_t i = 1; i + 2 < pairs.size(); ++i) {
@@ -182,8 +181,8 @@ QuestionPairs PairsFrom(const std::vector<std::optional<std::size_t>>& partners,
   return pairs;
 }
 
-QuestionPairs PairQuestions(const std::vector<AskedQuestion>& first,
-                            const std::vector<AskedQuestion>& second, double offset) {
+QuestionPairs PairQuestions(std::span<const AskedQuestion> first,
+                            std::span<const AskedQuestion> second, double offset) {
   Partners partners;
   AddPartners(first, second, 0, offset, partners);
   PairParaphrases(first, second, offset, partners);

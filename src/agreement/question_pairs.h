@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "reports/asked_question.h"
@@ -32,7 +33,7 @@ QuestionPairs PairsFrom(const std::vector<std::optional<std::size_t>>& partners,
 /// texts, those that were asked nearer to each other. Questions without a word in common are pairs
 /// only where nothing else stands between two pairs of like ones, at the same time. `offset` is how
 /// many seconds the second observer began after the first.
-QuestionPairs PairQuestions(const std::vector<AskedQuestion>& first,
-                            const std::vector<AskedQuestion>& second, double offset);
+QuestionPairs PairQuestions(std::span<const AskedQuestion> first,
+                            std::span<const AskedQuestion> second, double offset);
 
 }  // namespace orvex

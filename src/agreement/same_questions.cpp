@@ -1,6 +1,7 @@
 #include "agreement/same_questions.h"
 
 #include <algorithm>
+#include <span>
 
 namespace orvex {
 namespace {
@@ -29,9 +30,9 @@ Unchanged UnchangedOf(const Questions& before, const Questions& after) {
   return {atBegin, atEnd};
 }
 
-Questions Between(const Questions& all, const Unchanged& unchanged) {
-  return {all.begin() + static_cast<std::ptrdiff_t>(unchanged.atBegin),
-          all.end() - static_cast<std::ptrdiff_t>(unchanged.atEnd)};
+std::span<const AskedQuestion> Between(const Questions& all, const Unchanged& unchanged) {
+  return std::span(all).subspan(unchanged.atBegin,
+                                all.size() - unchanged.atBegin - unchanged.atEnd);
 }
 
 }  // namespace

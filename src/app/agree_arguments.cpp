@@ -63,8 +63,7 @@ Request ReadAgree(const QStringList& arguments) {
   parser.Qt().addOptions({json, tolerance, offset, pairs, savePairs, csv, window});
   if (auto request = parser.Parse(arguments)) return *request;
   const auto mistake = [&](const QString& text) { return MistakeIn(command, text); };
-  const QStringList sources = parser.Rest().mid(1);
-  if (sources.isEmpty()) return mistake(QStringLiteral("A source is needed."));
+  const QStringList sources = parser.Operands();
   AgreeCommand options;
   options.sources = PathsOf(sources);
   // A survey or a log would stand for its observation, but who names one means something else.

@@ -92,9 +92,7 @@ Request ReadCheck(const QStringList& arguments) {
                      "be read."));
   AddSources(parser.Qt(), QStringLiteral("Episode (.eps) and survey (.sur) files"));
   if (auto request = parser.Parse(arguments)) return *request;
-  const QStringList sources = parser.Rest().mid(1);
-  if (sources.isEmpty()) return MistakeIn(command, QStringLiteral("A source is needed."));
-  return CheckCommand{PathsOf(sources)};
+  return CheckCommand{PathsOf(parser.Operands())};
 }
 
 Request ReadReport(const QStringList& arguments) {
@@ -111,9 +109,7 @@ Request ReadReport(const QStringList& arguments) {
                      "and the survey file beside it."));
   parser.Qt().addOption(json);
   if (auto request = parser.Parse(arguments)) return *request;
-  const QStringList sources = parser.Rest().mid(1);
-  if (sources.isEmpty()) return MistakeIn(command, QStringLiteral("A source is needed."));
-  return ReportCommand{PathsOf(sources), parser.IsSet(json)};
+  return ReportCommand{PathsOf(parser.Operands()), parser.IsSet(json)};
 }
 
 QStringList ArgumentsOf(int argc, const char* const* argv) {

@@ -61,6 +61,9 @@ std::optional<Request> CommandParser::Parse(const QStringList& arguments,
       return MistakeIn(command_, QStringLiteral("--%1 can be given once only.").arg(name));
     }
   }
+  if (operands_ == kSources && Operands().isEmpty()) {
+    return MistakeIn(command_, QStringLiteral("A source is needed."));
+  }
   return std::nullopt;
 }
 

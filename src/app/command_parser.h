@@ -12,6 +12,7 @@
 
 namespace orvex {
 
+/// The operands of a command that takes sources and nothing else; one at least is needed.
 inline const QString kSources = QStringLiteral("SOURCE...");
 
 /// The path that an argument names, as `ArgumentsOf` made it.
@@ -29,6 +30,8 @@ class CommandParser {
 
   QCommandLineParser& Qt() { return parser_; }
   QStringList Rest() const { return parser_.positionalArguments(); }
+  /// What follows the name of the command.
+  QStringList Operands() const { return Rest().mid(1); }
   bool IsSet(const QCommandLineOption& option) const { return parser_.isSet(option); }
   QString Value(const QCommandLineOption& option) const { return parser_.value(option); }
 

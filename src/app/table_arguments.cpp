@@ -97,7 +97,7 @@ Request ReadExport(const QStringList& arguments) {
   ExportCommand options;
   options.output = PathOf(parser.Value(output));
   options.keepGoing = parser.IsSet(keepGoing);
-  const QStringList rest = parser.Rest().mid(1);
+  const QStringList rest = parser.Operands();
   if (rest.size() < 2) {
     return MistakeIn(command, QStringLiteral("A table and a source are needed."));
   }
@@ -139,7 +139,7 @@ Request ReadTable(const QStringList& arguments) {
     return *request;
   if (auto mistake = MistakeInOutput(command, parser, output)) return *mistake;
   const auto mistake = [&](const QString& text) { return MistakeIn(command, text); };
-  const QStringList rest = parser.Rest().mid(1);
+  const QStringList rest = parser.Operands();
   if (rest.size() < 2) return mistake(QStringLiteral("A table and a source are needed."));
   TableCommand options;
   options.tables = TablesNamed(rest[0]);

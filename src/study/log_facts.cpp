@@ -36,7 +36,7 @@ std::optional<LogFacts> ReadLogFacts(const std::filesystem::path& path) {
   return log ? std::optional(FactsOf(*log)) : std::nullopt;
 }
 
-std::optional<LogFacts> ReadLogStart(const std::filesystem::path& path) try {
+std::optional<ClassLog> ReadLogStart(const std::filesystem::path& path) try {
   constexpr std::size_t kEnough = 4096;
   std::string bytes = ReadFileStart(path, kEnough);
   if (KindOfContent(bytes) != ContentKind::sessionLog) return std::nullopt;
@@ -44,9 +44,14 @@ std::optional<LogFacts> ReadLogStart(const std::filesystem::path& path) try {
   constexpr std::string_view kLogOn = "\nLOG ON: ";
   const std::size_t logOn = bytes.find(kLogOn);
   if (logOn != std::string::npos) bytes.resize(std::min(bytes.find('\n', logOn + 1), bytes.size()));
-  return FactsOf(ClassLogOf(std::move(bytes)));
+  return ClassLogOf(std::move(bytes));
 } catch (const FileError&) {
   return std::nullopt;
+}
+
+std::string_view TroubleOf(const std::optional<ClassLog>& log) {
+  if (!log) return "the session log could not be read, or is none";
+  return log->begin ? "" : "the session log does not say when it began";
 }
 
 }  // namespace orvex

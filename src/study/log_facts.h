@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "model/activities.h"
 #include "reports/class_log.h"
@@ -30,6 +31,9 @@ LogFacts FactsOf(const ClassLog& log);
 std::optional<ClassLog> ReadClassLog(const std::filesystem::path& path);
 std::optional<LogFacts> ReadLogFacts(const std::filesystem::path& path);
 /// Reads no more of a session log than says who began it and when.
-std::optional<LogFacts> ReadLogStart(const std::filesystem::path& path);
+std::optional<ClassLog> ReadLogStart(const std::filesystem::path& path);
+
+/// What keeps a log that was read as above from placing anything in time; "" if nothing does.
+std::string_view TroubleOf(const std::optional<ClassLog>& log);
 
 }  // namespace orvex

@@ -12,8 +12,7 @@ std::optional<ClassLog> LogOf(const std::filesystem::path& file, const Warn& war
   const std::filesystem::path path = Companion(file, FileKind::sessionLog);
   if (path.empty()) return std::nullopt;
   auto log = ReadClassLog(path);
-  if (warn && !log) warn("the session log could not be read, or is none");
-  if (warn && log && !log->begin) warn("the session log does not say when it began");
+  if (const auto trouble = TroubleOf(log); warn && !trouble.empty()) warn(std::string(trouble));
   return log;
 }
 

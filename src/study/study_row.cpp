@@ -116,12 +116,12 @@ class Reading {
     if (!hasEpisodes && !row_.Has(FileKind::keptClass)) {
       Add(before_.empty() ? Say(Text::classIsLost) : Say(Text::putAsideOf, {Printable(before_)}));
     }
-    const auto facts = ReadLogStart(row_.File(FileKind::sessionLog));
-    if (!facts) return;
-    row_.start = facts->start;
+    const auto log = ReadLogStart(row_.File(FileKind::sessionLog));
+    if (!log) return;
+    row_.start = log->start;
     if (row_.summary) return;
-    row_.date = facts->date;
-    row_.identity.Initials = facts->initials;
+    row_.date = log->date;
+    row_.identity.Initials = log->initials;
   }
 
   void ReadNotes() {
