@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QFontMetricsF>
+
+class QPalette;
+
+namespace orvex {
+
+/// The fonts and colours of a page, all derived from the one font and palette it is painted with.
+struct PageStyle {
+  PageStyle(const QFont& font, const QPalette& palette);
+
+  QFont text;
+  QFont small;
+  QFont bold;
+  QFont title;
+  double line = 0;       ///< the height of a line of `text`
+  double smallLine = 0;  ///< of `small`
+  QColor paper;
+  QColor ink;
+  QColor quiet;      ///< of captions
+  QColor thin;       ///< of the lines of a grid
+  QColor tint;       ///< behind the names of episodes
+  QColor highlight;  ///< of what is marked
+};
+
+/// `text`, cut so that it fits `width`; nothing where hardly anything of it would be left.
+QString Fitting(const QString& text, const QFontMetricsF& metrics, double width);
+
+}  // namespace orvex

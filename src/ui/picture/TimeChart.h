@@ -1,0 +1,35 @@
+#pragma once
+
+#include "ui/picture/TimeScale.h"
+
+class QPainter;
+class QRectF;
+class QString;
+
+namespace orvex {
+
+struct PagePlaces;
+struct PageStyle;
+
+/// Paints the lines of the round times through all of the chart, and the times beneath it.
+void PaintAxis(QPainter& painter, const PagePlaces& places, const ClassPicture& picture,
+               const PageStyle& style);
+
+/// Paints the bands of the episodes with their names.
+void PaintEpisodes(QPainter& painter, const QRectF& area, const TimeScale& time,
+                   const ClassPicture& picture, const PageStyle& style);
+
+/// Paints the blocks of the segments in the colours of their groups, with their names where there
+/// is room.
+void PaintSegments(QPainter& painter, const QRectF& area, const TimeScale& time,
+                   const ClassPicture& picture, const PageStyle& style);
+
+/// Paints the brackets of the dialogic spells.
+void PaintSpells(QPainter& painter, const QRectF& area, const TimeScale& time,
+                 const ClassPicture& picture, const PageStyle& style);
+void PaintBracket(QPainter& painter, const QRectF& place, const PageStyle& style);
+
+/// Paints what a part of the chart is called, left of it.
+void PaintName(QPainter& painter, const QRectF& part, const QString& name, const PageStyle& style);
+
+}  // namespace orvex
