@@ -121,10 +121,13 @@ ClassPicture MakeClassPicture(const EpsHeader& header, const EpisodeList& episod
   AddTimes(episodes, picture);
   AddQuestions(episodes, picture.hasLog ? log : nullptr, picture);
   if (picture.hasLog) AddEstimates(*log, picture);
-  picture.axis = TimeAxis(picture.seconds, picture.begin);
   picture.heading = PictureHeading(header, picture.begin);
   picture.figures = PictureFigures(header, CountCodes(episodes), picture);
   return picture;
+}
+
+std::vector<ClassPicture::AxisMark> ClassPicture::Axis(const Stretch& shown) const {
+  return TimeAxis(shown, begin);
 }
 
 }  // namespace orvex

@@ -105,9 +105,13 @@ struct ClassPicture {
   std::vector<SpellBracket> spells;
   bool hasLog = false;  ///< without it there are no estimates, and questions are spread
   std::vector<EstimateDot> estimates;
-  std::vector<AxisMark> axis;
   std::array<double, kActivityGroupCount> groupSeconds{};
   std::vector<FigureBlock> figures;
+
+  /// The axis of the class.
+  Stretch Whole() const { return {0, seconds}; }
+  /// The marks of the axis while a part of it is shown.
+  std::vector<AxisMark> Axis(const Stretch& shown) const;
 };
 
 /// The picture of a class. `log` is what its session log says; null where there is none, and one

@@ -27,12 +27,12 @@ double StepFor(double seconds) {
 
 }  // namespace
 
-std::vector<ClassPicture::AxisMark> TimeAxis(double seconds, std::optional<int> begin) {
-  const double step = StepFor(seconds);
+std::vector<ClassPicture::AxisMark> TimeAxis(const Stretch& shown, std::optional<int> begin) {
+  const double step = StepFor(shown.Length());
   const double atBegin = begin.value_or(0);
   std::vector<ClassPicture::AxisMark> marks;
-  const auto first = std::ceil(atBegin / step);
-  for (double mark = first; mark * step - atBegin <= seconds; mark += 1) {
+  const double first = std::ceil((atBegin + shown.begin) / step);
+  for (double mark = first; mark * step - atBegin <= shown.end; mark += 1) {
     const double second = mark * step - atBegin;
     marks.push_back({second, begin ? ClockText(mark * step)
                                    : Say(Text::minutesMark, {WholeSecondsText(second / kMinute)})});

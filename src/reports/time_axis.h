@@ -7,9 +7,9 @@
 
 namespace orvex {
 
-/// The marks of an axis of so many seconds, about a dozen at most, on round minutes: of the clock,
-/// where it is known at which second of the day the axis begins, otherwise of the axis.
-std::vector<ClassPicture::AxisMark> TimeAxis(double seconds, std::optional<int> begin);
+/// The marks of an axis that shows a part of a time, about a dozen at most, on round minutes: of
+/// the clock, where it is known at which second of the day that time begins, otherwise of the time.
+std::vector<ClassPicture::AxisMark> TimeAxis(const Stretch& shown, std::optional<int> begin);
 
 /// "09:05": a second of the day, or of a later one, without its seconds.
 std::string ClockText(double secondOfDay);

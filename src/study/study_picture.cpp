@@ -92,7 +92,7 @@ StudyPicture MakeStudyPicture(std::vector<PictureRow> rows, RowOrder order) {
     picture.seconds = std::max(picture.seconds, rows[position].picture.seconds);
     picture.rows.push_back(std::move(rows[position]));
   }
-  picture.axis = TimeAxis(picture.seconds, std::nullopt);
+  picture.axis = TimeAxis({0, picture.seconds}, std::nullopt);
   return picture;
 }
 

@@ -126,25 +126,27 @@ TEST(EqualTexts, AreAsManyAsCanBe) {
 
 TEST(TimeAxis, HasRoundMinutes) {
   const struct {
-    double seconds;
+    Stretch shown;
     std::optional<int> begin;
     const char* marks;
   } cases[] = {
-      {0, {}, "0 min@0 "},
-      {150, {}, "0 min@0 1 min@60 2 min@120 "},
-      {1500, 35970, "10:00@30 10:05@330 10:10@630 10:15@930 10:20@1230 "},
-      {1200, 85800,
+      {{0, 0}, {}, "0 min@0 "},
+      {{0, 150}, {}, "0 min@0 1 min@60 2 min@120 "},
+      {{500, 700}, {}, "9 min@540 10 min@600 11 min@660 "},
+      {{500, 700}, 35970, "10:08@510 10:09@570 10:10@630 10:11@690 "},
+      {{0, 1500}, 35970, "10:00@30 10:05@330 10:10@630 10:15@930 10:20@1230 "},
+      {{0, 1200},
+       85800,
        "23:50@0 23:52@120 23:54@240 23:56@360 23:58@480 00:00@600 00:02@720 00:04@840 "
        "00:06@960 00:08@1080 00:10@1200 "},
   };
-  for (const auto& [seconds, begin, expected] : cases) {
+  for (const auto& [shown, begin, expected] : cases) {
     std::ostringstream marks;
-    for (const auto& mark : TimeAxis(seconds, begin))
-      marks << mark.text << "@" << mark.second << " ";
+    for (const auto& mark : TimeAxis(shown, begin)) marks << mark.text << "@" << mark.second << " ";
     EXPECT_EQ(marks.str(), expected);
   }
   for (const double seconds : {50.0 * 60, 100.0 * 60, 9e4, 3e38}) {
-    EXPECT_LE(TimeAxis(seconds, 3599).size(), 13U) << seconds;
+    EXPECT_LE(TimeAxis({0, seconds}, 3599).size(), 13U) << seconds;
   }
 }
 

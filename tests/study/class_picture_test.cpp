@@ -32,7 +32,8 @@ std::string Described(const ClassPicture& picture) {
     e.share ? text << *e.share : text << "missed";
     text << " in " << e.activity << "\n";
   }
-  for (const auto& mark : picture.axis) text << mark.text << "@" << mark.second << " ";
+  for (const auto& mark : picture.Axis(picture.Whole()))
+    text << mark.text << "@" << mark.second << " ";
   for (const auto& block : picture.figures) {
     text << "\n" << block.heading;
     for (const auto& figure : block.figures) text << "; " << figure.caption << " " << figure.value;
@@ -95,7 +96,7 @@ TEST(ClassPictures, DoWithoutALogThatIsNone) {
                                              [&](const std::string& text) { warned += text; });
     EXPECT_EQ(warned, warning);
     EXPECT_FALSE(read.Picture().hasLog);
-    EXPECT_EQ(read.Picture().axis.front().text, "0 min");
+    EXPECT_EQ(read.Picture().Axis({0, 600}).front().text, "0 min");
   }
 }
 

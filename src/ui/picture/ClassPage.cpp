@@ -51,7 +51,7 @@ TickPlaces TicksOf(const PagePlaces& places, const PageStyle& style) {
 ClassPage::ClassPage(ClassPicture picture) : picture_(std::move(picture)) {}
 
 PageView ClassPage::Whole() const {
-  return {.shown = {0, picture_.seconds}};
+  return {.shown = picture_.Whole()};
 }
 
 void ClassPage::Paint(QPainter& painter, const QRectF& area, const QFont& font,
@@ -75,7 +75,7 @@ void ClassPage::Paint(QPainter& painter, const QRectF& area, const QFont& font,
     PaintSpells(painter, places.spells, places.time, picture_, style);
   }
   PaintLaneNames(painter, places.questions, ticks, style);
-  painter.setPen(QPen(style.quiet, 1));
+  painter.setPen(style.Pen(style.quiet));
   painter.drawLine(QPointF(places.time.left, ticks.middle),
                    QPointF(places.time.right, ticks.middle));
   PaintTicks(painter, picture_.questions, ticks, places.time, style);

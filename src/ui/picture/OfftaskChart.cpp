@@ -26,6 +26,13 @@ double MostOf(const ClassPicture& picture) {
   return std::ceil(most * 10 - 1e-6) / 10;
 }
 
+void PaintNote(QPainter& painter, const QRectF& area, const QString& note, const PageStyle& style) {
+  painter.setFont(style.small);
+  painter.setPen(style.quiet);
+  painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter,
+                   Fitting(note, QFontMetricsF(style.small), area.width()));
+}
+
 }  // namespace
 
 double RadiusOf(const PageStyle& style) {
@@ -35,22 +42,21 @@ double RadiusOf(const PageStyle& style) {
 void PaintEstimates(QPainter& painter, const QRectF& area, const TimeScale& time,
                     const ClassPicture& picture, const PageStyle& style) {
   PaintName(painter, area, Tr("Off task"), style);
-  painter.setFont(style.small);
-  if (!picture.hasLog) {
-    const QString why =
-        Tr("There is no session log: questions are spread over their segments, and the estimates "
-           "during the class are not known.");
-    painter.setPen(style.quiet);
-    painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter,
-                     Fitting(why, QFontMetricsF(style.small), area.width()));
-    return;
+  if (picture.estimates.empty()) {
+    return PaintNote(painter, area,
+                     picture.hasLog
+                         ? Tr("The session log has no estimates.")
+                         : Tr("There is no session log: questions are spread over their segments, "
+                              "and the estimates during the class are not known."),
+                     style);
   }
   const double most = MostOf(picture);
   const auto y = [&](double share) { return area.bottom() - share / most * area.height(); };
   for (const double share : {0.0, most / 2, most}) {
-    painter.setPen(QPen(style.thin, 1));
+    painter.setPen(style.Pen(style.thin));
     painter.drawLine(QPointF(area.left(), y(share)), QPointF(area.right(), y(share)));
     painter.setPen(style.quiet);
+    painter.setFont(style.small);
     const double width = 3 * style.line;
     painter.drawText(QRectF(area.left() - width - style.line / 3, y(share) - style.smallLine / 2,
                             width, style.smallLine),
@@ -69,14 +75,14 @@ void PaintEstimates(QPainter& painter, const QRectF& area, const TimeScale& time
 }
 
 void PaintEstimate(QPainter& painter, const QPointF& at, const PageStyle& style) {
-  painter.setPen(QPen(style.paper, 1));
+  painter.setPen(Qt::NoPen);
   painter.setBrush(style.ink);
   painter.drawEllipse(at, RadiusOf(style), RadiusOf(style));
 }
 
 void PaintMissed(QPainter& painter, const QPointF& at, const PageStyle& style) {
   const double arm = 0.85 * RadiusOf(style);
-  painter.setPen(QPen(style.ink, 1.3));
+  painter.setPen(style.Pen(style.ink, 1.3));
   painter.drawLine(at + QPointF(-arm, -arm), at + QPointF(arm, arm));
   painter.drawLine(at + QPointF(-arm, arm), at + QPointF(arm, -arm));
 }

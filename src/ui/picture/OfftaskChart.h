@@ -11,7 +11,7 @@ namespace orvex {
 struct PageStyle;
 
 /// Paints the estimates of the students off task on an axis of their own, at least to a half of
-/// them. Without a session log, says why there are none.
+/// them. Where there are none, says why.
 void PaintEstimates(QPainter& painter, const QRectF& area, const TimeScale& time,
                     const ClassPicture& picture, const PageStyle& style);
 

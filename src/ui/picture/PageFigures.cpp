@@ -70,7 +70,7 @@ void PaintFigures(QPainter& painter, const QRectF& area, const ClassPicture& pic
     painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip,
                      ToQt(block.heading));
     const double rule = place.bottom() + (kFigureHeading - 1) * style.line / 2;
-    painter.setPen(QPen(style.thin, 1));
+    painter.setPen(style.Pen(style.thin));
     painter.drawLine(QPointF(left, rule), QPointF(left + width, rule));
     place.moveTop(area.top() + kFigureHeading * style.line);
     painter.setFont(style.text);

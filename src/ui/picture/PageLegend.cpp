@@ -26,10 +26,10 @@ constexpr double kLine = 1.3;
 PageLegend::PageLegend(const ClassPicture& picture, const PageStyle& style) : style_(style) {
   for (std::size_t i = 0; i < kActivityGroupCount; ++i) {
     entries_.push_back(
-        {ToQt(kActivityGroups[i].label), [i](QPainter& painter, const QRectF& place) {
+        {ToQt(kActivityGroups[i].label), [this, i](QPainter& painter, const QRectF& place) {
            const double inset = 0.15 * place.height();
-           painter.fillRect(place.adjusted(0, inset, 0, -inset),
-                            ColourOf(static_cast<ActivityGroup>(i)));
+           PaintBlock(painter, place.adjusted(0, inset, 0, -inset),
+                      ColourOf(static_cast<ActivityGroup>(i)), style_);
          }});
   }
   AddQuestions();
@@ -38,7 +38,7 @@ PageLegend::PageLegend(const ClassPicture& picture, const PageStyle& style) : st
                           PaintBracket(painter, place, style_);
                         }});
   }
-  if (!picture.hasLog) return;
+  if (picture.estimates.empty()) return;
   entries_.push_back({tr("Students off task"), [this](QPainter& painter, const QRectF& place) {
                         PaintEstimate(painter, place.center(), style_);
                       }});
@@ -53,7 +53,7 @@ PageLegend::PageLegend(const ClassPicture& picture, const PageStyle& style) : st
 void PageLegend::AddQuestions() {
   entries_.push_back({tr("Question"), [this](QPainter& painter, const QRectF& place) {
                         const double inset = 0.1 * place.height();
-                        painter.setPen(QPen(style_.ink, 1));
+                        painter.setPen(style_.Pen(style_.ink));
                         painter.drawLine(QPointF(place.center().x(), place.top() + inset),
                                          QPointF(place.center().x(), place.bottom() - inset));
                       }});
@@ -62,13 +62,13 @@ void PageLegend::AddQuestions() {
         std::pair(QuestionMark::uptake, tr("Uptake: takes up what a student said")),
         std::pair(QuestionMark::higherLevel, tr("Higher level: analysis, generalization"))}) {
     entries_.push_back({text, [this, mark = mark](QPainter& painter, const QRectF& place) {
-                          painter.setPen(QPen(style_.ink, 1));
+                          painter.setPen(style_.Pen(style_.ink));
                           painter.setBrush(style_.ink);
                           PaintMark(painter, mark, place.center(), RadiusOf(style_));
                         }});
   }
   entries_.push_back({tr("No response: hollow"), [this](QPainter& painter, const QRectF& place) {
-                        painter.setPen(QPen(style_.ink, 1));
+                        painter.setPen(style_.Pen(style_.ink));
                         painter.setBrush(style_.paper);
                         PaintRing(painter, place.center(), RadiusOf(style_));
                       }});

@@ -27,7 +27,7 @@ constexpr double kAxis = 1.3;
 constexpr double kGap = 0.7;
 constexpr double kSmallGap = 0.25;
 
-constexpr double kMostGrowth = 1.9;
+constexpr double kMostGrowth = 2.4;
 
 }  // namespace
 
@@ -49,7 +49,7 @@ double PagePlaces::Arrange(const ClassPicture& picture, const PageStyle& style,
   put(segments, kSegments * line * growth, kGap, true);
   put(spells, picture.spells.empty() ? 0 : kSpells * line, kSmallGap, true);
   put(questions, TickPlaces::LeastHeight(style) * growth, kGap, true);
-  put(estimates, picture.hasLog ? kEstimates * line * growth : kNote * line, 0, true);
+  put(estimates, picture.estimates.empty() ? kNote * line : kEstimates * line * growth, 0, true);
   put(axis, kAxis * line, kGap, true);
   put(legend, PageLegend(picture, style).Height(inner), kGap, false);
   put(figures, FiguresHeight(picture, style), 0, false);
@@ -64,7 +64,7 @@ PagePlaces::PagePlaces(const ClassPicture& picture, const QRectF& area, const Pa
   page = QRectF(0, 0, area.width() / scale, area.height() / scale);
   const double least = Arrange(picture, style, view, page.width(), 1);
   const double growing =
-      segments.height() + questions.height() + (picture.hasLog ? estimates.height() : 0);
+      segments.height() + questions.height() + (picture.estimates.empty() ? 0 : estimates.height());
   const double growth = 1 + std::max(0.0, page.height() - least) / growing;
   Arrange(picture, style, view, page.width(), std::min(growth, kMostGrowth));
 }

@@ -41,6 +41,11 @@ PageStyle::PageStyle(const QFont& font, const QPalette& palette)
   smallLine = QFontMetricsF(small).height();
 }
 
+QPen PageStyle::Pen(const QColor& colour, double width) const {
+  constexpr double kThin = 1.0 / 15;  // of the height of a line of text
+  return {colour, width * kThin * line};
+}
+
 QString Fitting(const QString& text, const QFontMetricsF& metrics, double width) {
   if (metrics.horizontalAdvance(text) <= width) return text;
   constexpr int kLeast = 3;  // letters, with the sign that more follow

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QFont>
 #include <QFontMetricsF>
+#include <QPen>
 
 class QPalette;
 
@@ -24,6 +25,9 @@ struct PageStyle {
   QColor thin;       ///< of the lines of a grid
   QColor tint;       ///< behind the names of episodes
   QColor highlight;  ///< of what is marked
+
+  /// A pen whose width follows the font. A line of 1 is thin.
+  QPen Pen(const QColor& colour, double width = 1) const;
 };
 
 /// `text`, cut so that it fits `width`; nothing where hardly anything of it would be left.

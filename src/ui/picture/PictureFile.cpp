@@ -36,9 +36,11 @@ QPalette Paper() {
 /// Paints the page on a device with `resolution` dots per inch.
 void PaintOn(QPaintDevice& device, double resolution, const PaintedPage& page) {
   const QRectF area = QRectF(QPointF(), kSheet).adjusted(kMargin, kMargin, -kMargin, -kMargin);
+  const QPalette palette = Paper();
   QPainter painter(&device);
   painter.scale(resolution / kPointsPerInch, resolution / kPointsPerInch);
-  page.paint(painter, area, PaperFont(QFont(), kTextSize), Paper());
+  painter.fillRect(QRectF(QPointF(), kSheet), palette.base());  // the margins too
+  page.paint(painter, area, PaperFont(QFont(), kTextSize), palette);
 }
 
 QByteArray SvgOf(const PaintedPage& page) {
@@ -71,10 +73,10 @@ QByteArray PngOf(const PaintedPage& page) {
   constexpr double kMillimetresPerInch = 25.4;
   QImage image((QSizeF(kSheet) * kScale).toSize(), QImage::Format_RGB32);
   image.setText(QStringLiteral("Title"), page.title);
-  const int dotsPerMetre = static_cast<int>(std::lround(kPngResolution * 1000 / kMillimetresPerInch));
+  const int dotsPerMetre =
+      static_cast<int>(std::lround(kPngResolution * 1000 / kMillimetresPerInch));
   image.setDotsPerMeterX(dotsPerMetre);
   image.setDotsPerMeterY(dotsPerMetre);
-  image.fill(Qt::white);
   PaintOn(image, kPngResolution, page);
   QByteArray bytes;
   QBuffer buffer(&bytes);

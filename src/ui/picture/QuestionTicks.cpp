@@ -116,12 +116,12 @@ void PaintTicks(QPainter& painter, const std::vector<QuestionTick>& questions,
       stems.append(QLineF(x, places.middle, x, EndOf(question, places)));
     }
   }
-  QPen stem(style.ink, kStemWidth);
+  QPen stem = style.Pen(style.ink, kStemWidth);
   stem.setCapStyle(Qt::FlatCap);
   painter.setPen(stem);
   painter.drawLines(stems);
   for (const bool isUnanswered : {false, true}) {
-    painter.setPen(QPen(style.ink, kOutline));
+    painter.setPen(style.Pen(style.ink, kOutline));
     painter.setBrush(isUnanswered ? style.paper : style.ink);
     TakenByMark marked;
     for (const QuestionTick* const question : shown) {
@@ -143,10 +143,10 @@ void PaintMarkedTick(QPainter& painter, const QuestionTick& question, const Tick
                      const TimeScale& time, const PageStyle& style) {
   if (!time.Shows(question.second)) return;
   const double x = time.X(question.second);
-  painter.setPen(QPen(style.highlight, 3 * kStemWidth));
+  painter.setPen(style.Pen(style.highlight, 3 * kStemWidth));
   painter.drawLine(QPointF(x, places.middle), QPointF(x, EndOf(question, places)));
   painter.setBrush(question.isUnanswered ? style.paper : style.highlight);
-  painter.setPen(QPen(style.highlight, 2 * kOutline));
+  painter.setPen(style.Pen(style.highlight, 2 * kOutline));
   PaintMarks(painter, question, places, x, places.radius);
   if (question.isUnanswered) {
     PaintRing(painter, {x, places.Head(question.asker)}, places.radius);

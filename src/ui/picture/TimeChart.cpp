@@ -34,10 +34,9 @@ void PaintAxis(QPainter& painter, const PagePlaces& places, const ClassPicture& 
   const double top = std::min(places.episodes.top(), places.segments.top());
   double free = 0;
   painter.setFont(style.small);
-  for (const ClassPicture::AxisMark& mark : picture.axis) {
-    if (!places.time.Shows(mark.second)) continue;
+  for (const ClassPicture::AxisMark& mark : picture.Axis(places.time.shown)) {
     const double x = places.time.X(mark.second);
-    painter.setPen(QPen(style.thin, 1));
+    painter.setPen(style.Pen(style.thin));
     painter.drawLine(QPointF(x, top), QPointF(x, places.axis.top() + style.line / 4));
     const QString text = ToQt(mark.text);
     const double width = metrics.horizontalAdvance(text);
@@ -59,7 +58,7 @@ void PaintEpisodes(QPainter& painter, const QRectF& area, const TimeScale& time,
     const QRectF band = Across(area, time, episode.time);
     if (band.isEmpty()) continue;
     painter.fillRect(band, style.tint);
-    painter.setPen(QPen(style.quiet, 1));
+    painter.setPen(style.Pen(style.quiet));
     painter.drawLine(band.topLeft(), band.bottomLeft());
     const QString number = QString::number(episode.number);
     QString name = number + QLatin1String("  ") + ToQt(episode.description).simplified();
@@ -78,22 +77,23 @@ void PaintSegments(QPainter& painter, const QRectF& area, const TimeScale& time,
   for (const ClassPicture::SegmentBlock& segment : picture.segments) {
     const QRectF block = Across(area, time, segment.time);
     if (block.isEmpty()) continue;
-    QColor ink = style.ink;
-    if (segment.group) {
-      const QColor ground = ColourOf(*segment.group);
-      painter.fillRect(block, ground);
-      ink = InkOn(ground);
-    } else {
-      painter.setPen(QPen(style.quiet, 1));
-      painter.setBrush(style.paper);
-      painter.drawRect(block.adjusted(0.5, 0.5, -0.5, -0.5));
-    }
+    const QColor ground = segment.group ? ColourOf(*segment.group) : style.paper;
+    PaintBlock(painter, block, ground, style);
     const QString name =
         Fitting(ToQt(segment.shortName), metrics, block.width() - kInset * style.line);
     if (name.isEmpty()) continue;
-    painter.setPen(ink);
+    painter.setPen(segment.group ? InkOn(ground) : style.ink);
     painter.drawText(block, Qt::AlignCenter | Qt::TextDontClip, name);
   }
+}
+
+void PaintBlock(QPainter& painter, const QRectF& block, const QColor& ground,
+                const PageStyle& style) {
+  const QPen outline = style.Pen(style.quiet, 0.5);
+  const double inside = outline.widthF() / 2;
+  painter.setPen(outline);
+  painter.setBrush(ground);
+  painter.drawRect(block.adjusted(inside, inside, -inside, -inside));
 }
 
 void PaintSpells(QPainter& painter, const QRectF& area, const TimeScale& time,
@@ -113,7 +113,7 @@ void PaintSpells(QPainter& painter, const QRectF& area, const TimeScale& time,
 
 void PaintBracket(QPainter& painter, const QRectF& place, const PageStyle& style) {
   const double top = place.top() + 0.35 * place.height();
-  painter.setPen(QPen(style.ink, 1.4));
+  painter.setPen(style.Pen(style.ink, 1.4));
   painter.setBrush(Qt::NoBrush);
   const std::array corners = {QPointF(place.left(), place.bottom() - 0.1 * place.height()),
                               QPointF(place.left(), top), QPointF(place.right(), top),

@@ -2,6 +2,7 @@
 
 #include "ui/picture/TimeScale.h"
 
+class QColor;
 class QPainter;
 class QRectF;
 class QString;
@@ -23,6 +24,10 @@ void PaintEpisodes(QPainter& painter, const QRectF& area, const TimeScale& time,
 /// is room.
 void PaintSegments(QPainter& painter, const QRectF& area, const TimeScale& time,
                    const ClassPicture& picture, const PageStyle& style);
+
+/// Paints a block of an activity; its outline tells it from a ground that is as dark or as light.
+void PaintBlock(QPainter& painter, const QRectF& block, const QColor& ground,
+                const PageStyle& style);
 
 /// Paints the brackets of the dialogic spells.
 void PaintSpells(QPainter& painter, const QRectF& area, const TimeScale& time,
