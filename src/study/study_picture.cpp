@@ -4,7 +4,10 @@
 #include <numeric>
 #include <utility>
 
+#include "model/texts.h"
+#include "model/wording.h"
 #include "reports/time_axis.h"
+#include "store/numbers.h"
 #include "study/folded_text.h"
 #include "study/found_files.h"
 #include "study/logged_class.h"
@@ -74,9 +77,29 @@ std::optional<RowOrder> RowOrderNamed(std::string_view id) {
   return found == kRowOrders.end() ? std::nullopt : std::optional(found->order);
 }
 
+std::string CellOf(const PictureRow& row, RowOrder column) {
+  constexpr double kPercent = 100;
+  if (column == RowOrder::name) return row.name;
+  if (column == RowOrder::date) return row.date;
+  if (column == RowOrder::observer) return row.observer;
+  const auto number = NumberOf(row, column);
+  if (!number) return "n/a";
+  switch (column) {
+    case RowOrder::length:
+      return FormatMinSec(*number);
+    case RowOrder::questions:
+      return FormatPattern(*number, "0");
+    case RowOrder::pace:
+      return FormatPattern(*number, "0.00");
+    case RowOrder::offtask:
+      return Say(Text::percent, {FormatPattern(kPercent * *number, "0.0")});
+    default:
+      return Say(Text::percent, {FormatPattern(kPercent * *number, "0")});
+  }
+}
+
 StudyPicture MakeStudyPicture(std::vector<PictureRow> rows, RowOrder order) {
-  const bool isDescending =
-      std::ranges::find(kRowOrders, order, &RowOrderScheme::order)->isDescending;
+  const bool isDescending = SchemeOf(order).isDescending;
   std::vector<std::pair<StudySortKey, std::string>> keys;
   keys.reserve(rows.size());
   for (const PictureRow& row : rows) keys.emplace_back(KeyOf(row, order), NameKey(row.name));
@@ -87,7 +110,8 @@ StudyPicture MakeStudyPicture(std::vector<PictureRow> rows, RowOrder order) {
     if (ComesBefore(keys[b].first, keys[a].first, isDescending)) return false;
     return keys[a].second < keys[b].second;
   });
-  StudyPicture picture;
+  StudyPicture picture = {.order = order, .rows = {}, .axis = {}};
+  picture.rows.reserve(rows.size());
   for (const std::size_t position : positions) {
     picture.seconds = std::max(picture.seconds, rows[position].picture.seconds);
     picture.rows.push_back(std::move(rows[position]));
