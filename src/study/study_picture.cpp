@@ -61,6 +61,18 @@ StudySortKey KeyOf(const PictureRow& row, RowOrder order) {
   return {!number, number.value_or(0), ""};
 }
 
+/// The length of the longest class, or of some classes of usual length, if that is less.
+double AxisSeconds(const std::vector<PictureRow>& rows) {
+  constexpr double kMostUsual = 2.5;
+  if (rows.empty()) return 0;
+  std::vector<double> lengths;
+  lengths.reserve(rows.size());
+  for (const PictureRow& row : rows) lengths.push_back(row.picture.seconds);
+  std::ranges::sort(lengths);
+  const double usual = lengths[lengths.size() / 2];
+  return usual > 0 ? std::min(lengths.back(), kMostUsual * usual) : lengths.back();
+}
+
 }  // namespace
 
 PictureRow MakePictureRow(const LoggedClass& shown) {
@@ -98,6 +110,10 @@ std::string CellOf(const PictureRow& row, RowOrder column) {
   }
 }
 
+bool StudyPicture::AnyGoesBeyondAxis() const {
+  return std::ranges::any_of(rows, [this](const PictureRow& row) { return GoesBeyondAxis(row); });
+}
+
 StudyPicture MakeStudyPicture(std::vector<PictureRow> rows, RowOrder order) {
   const bool isDescending = SchemeOf(order).isDescending;
   std::vector<std::pair<StudySortKey, std::string>> keys;
@@ -110,10 +126,9 @@ StudyPicture MakeStudyPicture(std::vector<PictureRow> rows, RowOrder order) {
     if (ComesBefore(keys[b].first, keys[a].first, isDescending)) return false;
     return keys[a].second < keys[b].second;
   });
-  StudyPicture picture = {.order = order, .rows = {}, .axis = {}};
+  StudyPicture picture = {.order = order, .rows = {}, .seconds = AxisSeconds(rows), .axis = {}};
   picture.rows.reserve(rows.size());
   for (const std::size_t position : positions) {
-    picture.seconds = std::max(picture.seconds, rows[position].picture.seconds);
     picture.rows.push_back(std::move(rows[position]));
   }
   picture.axis = TimeAxis({0, picture.seconds}, std::nullopt);

@@ -96,8 +96,13 @@ std::string CellOf(const PictureRow& row, RowOrder column);
 struct StudyPicture {
   RowOrder order = RowOrder::name;
   std::vector<PictureRow> rows;  ///< sorted by it
-  double seconds = 0;  ///< the length of the longest class
+  /// Where the axis ends: with the longest class, but where that is far longer than the others,
+  /// earlier, so that they keep their room.
+  double seconds = 0;
   std::vector<ClassPicture::AxisMark> axis;
+
+  bool GoesBeyondAxis(const PictureRow& row) const { return row.picture.seconds > seconds; }
+  bool AnyGoesBeyondAxis() const;
 };
 StudyPicture MakeStudyPicture(std::vector<PictureRow> rows, RowOrder order);
 

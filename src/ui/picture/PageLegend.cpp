@@ -23,15 +23,17 @@ constexpr double kLine = 1.3;
 
 }  // namespace
 
-PageLegend::PageLegend(const ClassPicture& picture, const PageStyle& style) : style_(style) {
+PageLegend::PageLegend(const PageStyle& style) : style_(style) {
   for (std::size_t i = 0; i < kActivityGroupCount; ++i) {
-    entries_.push_back(
-        {ToQt(kActivityGroups[i].label), [this, i](QPainter& painter, const QRectF& place) {
-           const double inset = 0.15 * place.height();
-           PaintBlock(painter, place.adjusted(0, inset, 0, -inset),
-                      ColourOf(static_cast<ActivityGroup>(i)), style_);
-         }});
+    Add(ToQt(kActivityGroups[i].label), [&style, i](QPainter& painter, const QRectF& place) {
+      const double inset = 0.15 * place.height();
+      PaintBlock(painter, place.adjusted(0, inset, 0, -inset),
+                 ColourOf(static_cast<ActivityGroup>(i)), style);
+    });
   }
+}
+
+PageLegend::PageLegend(const ClassPicture& picture, const PageStyle& style) : PageLegend(style) {
   AddQuestions();
   if (!picture.spells.empty()) {
     entries_.push_back({tr("Dialogic spell"), [this](QPainter& painter, const QRectF& place) {
@@ -72,6 +74,10 @@ void PageLegend::AddQuestions() {
                         painter.setBrush(style_.paper);
                         PaintRing(painter, place.center(), RadiusOf(style_));
                       }});
+}
+
+void PageLegend::Add(const QString& text, PaintSample paint) {
+  entries_.push_back({text, std::move(paint)});
 }
 
 template <typename Act>

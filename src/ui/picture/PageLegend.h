@@ -14,13 +14,19 @@ namespace orvex {
 
 struct PageStyle;
 
-/// Explains every mark of a class's page, in as many lines as the width takes. Marks of what the
-/// class has not are left out.
+/// Explains the marks of a page, in as many lines as the width takes.
 class PageLegend {
   Q_DECLARE_TR_FUNCTIONS(PageLegend)
 
  public:
+  /// Paints a mark into its place.
+  using PaintSample = std::function<void(QPainter& painter, const QRectF& place)>;
+
+  /// The groups of activities.
+  explicit PageLegend(const PageStyle& style);
+  /// Every mark of a class's page. Marks of what the class has not are left out.
   PageLegend(const ClassPicture& picture, const PageStyle& style);
+  void Add(const QString& text, PaintSample paint);
 
   double Height(double width) const;
   void Paint(QPainter& painter, const QRectF& area) const;
@@ -28,8 +34,7 @@ class PageLegend {
  private:
   struct Entry {
     QString text;
-    /// Paints the mark into its place, with the colours of the style.
-    std::function<void(QPainter& painter, const QRectF& place)> paint;
+    PaintSample paint;
   };
   void AddQuestions();
   /// Calls `act` for every entry with its place in lines of `width`, from 0, 0.

@@ -33,6 +33,8 @@ PageStyle::PageStyle(const QFont& font, const QPalette& palette)
   const double size = QFontInfo(font).pixelSize();
   text = PaperFont(font, size);
   small = PaperFont(font, std::round(kSmall * size));
+  smallBold = small;
+  smallBold.setBold(true);
   bold = text;
   bold.setBold(true);
   title = PaperFont(font, std::round(kTitle * size));

@@ -15,6 +15,7 @@ struct PageStyle {
 
   QFont text;
   QFont small;
+  QFont smallBold;
   QFont bold;
   QFont title;
   double line = 0;       ///< the height of a line of `text`

@@ -15,8 +15,8 @@ namespace orvex {
 struct PageStyle;
 struct StudyPlaces;
 
-/// Many classes beneath each other on landscape pages, a row each on the same axis. All sizes follow
-/// the font; where the area is small for it, everything is painted smaller.
+/// Many classes beneath each other on landscape pages, a row each on the same axis. All sizes
+/// follow the font; where the area is small for it, everything is painted smaller.
 class StudyPage {
   Q_DECLARE_TR_FUNCTIONS(StudyPage)
 
@@ -35,6 +35,9 @@ class StudyPage {
  private:
   void PaintHeading(QPainter& painter, const StudyPlaces& places, const PageStyle& style,
                     int page) const;
+  /// Paints a ground behind every other row, along which the eye finds its figures.
+  void PaintBands(QPainter& painter, const StudyPlaces& places, const PageStyle& style,
+                  int page) const;
   void PaintAxis(QPainter& painter, const StudyPlaces& places, const PageStyle& style) const;
   void PaintColumns(QPainter& painter, const StudyPlaces& places, const PageStyle& style,
                     int page) const;

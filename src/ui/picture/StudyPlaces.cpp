@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/picture/ClassStrip.h"
 #include "ui/picture/PageStyle.h"
-#include "ui/picture/StudyLegend.h"
 #include "ui/text.h"
 
 namespace orvex {
@@ -30,6 +30,12 @@ double Times(double length, std::size_t count) {
   return length * static_cast<double>(count);
 }
 
+/// The lengths are shown, too, where the strips do not tell them.
+bool IsShown(const RowOrderScheme& column, const StudyPicture& picture) {
+  return column.column != RowColumn::rightWhenSorted || column.order == picture.order ||
+         (column.order == RowOrder::length && picture.AnyGoesBeyondAxis());
+}
+
 /// The width of a column that holds its heading and what it shows of every class.
 double WidthOf(const RowOrderScheme& column, const StudyPicture& picture, const PageStyle& style) {
   const QFontMetricsF metrics(style.small);
@@ -43,7 +49,8 @@ double WidthOf(const RowOrderScheme& column, const StudyPicture& picture, const 
 
 }  // namespace
 
-double StudyPlaces::Arrange(const PageStyle& style, double width, double rowsHeight) {
+double StudyPlaces::Arrange(const StudyPicture& picture, const PageStyle& style, double width,
+                            double rowsHeight) {
   const double line = style.smallLine;
   const double margin = kMargin * line;
   double top = margin;
@@ -55,7 +62,7 @@ double StudyPlaces::Arrange(const PageStyle& style, double width, double rowsHei
   put(headings, kAxis * line, 0);
   put(rows, rowsHeight, 0);
   put(axis, kAxis * line, kGap);
-  put(legend, StudyLegend(style).Height(legend.width()), 0);
+  put(legend, StripLegend(picture, style).Height(legend.width()), 0);
   return top + margin;
 }
 
@@ -64,7 +71,7 @@ void StudyPlaces::PlaceColumns(const StudyPicture& picture, const PageStyle& sty
   double left = headings.left();
   double figures = 0;
   for (const RowOrderScheme& scheme : kRowOrders) {
-    if (scheme.column == RowColumn::rightWhenSorted && scheme.order != picture.order) continue;
+    if (!IsShown(scheme, picture)) continue;
     const double width = WidthOf(scheme, picture, style);
     const bool isFigure = scheme.column != RowColumn::left;
     columns.push_back({scheme.order, isFigure ? figures : left, width, isFigure});
@@ -82,16 +89,17 @@ StudyPlaces::StudyPlaces(const StudyPicture& picture, const QRectF& area, const 
     : classes_(picture.rows.size()) {
   const double leastRow = kLeastRow * style.smallLine;
   scale = std::min(1.0, area.width() / (kLeastWidth * style.smallLine));
-  const double least =
-      Arrange(style, area.width() / scale, Times(leastRow, std::min(classes_, kLeastRoom)));
+  const double least = Arrange(picture, style, area.width() / scale,
+                               Times(leastRow, std::min(classes_, kLeastRoom)));
   scale = std::min(scale, area.height() / least);
   page = QRectF(0, 0, area.width() / scale, area.height() / scale);
-  const double room = page.height() - Arrange(style, page.width(), 0);
+  const double room = page.height() - Arrange(picture, style, page.width(), 0);
   const double fitting = std::max(1.0, std::floor(room / leastRow + 1e-6));
-  pages = std::max(1, static_cast<int>(std::ceil(static_cast<double>(classes_) / fitting)));
-  const std::size_t fullest = FirstOf(pages) == 0 ? 0 : (classes_ - 1) / PageCount() + 1;
-  rowHeight_ = std::min(kMostRow * style.smallLine, room / static_cast<double>(std::max<std::size_t>(1, fullest)));
-  Arrange(style, page.width(), Times(rowHeight_, fullest));
+  const auto classes = static_cast<double>(classes_);
+  pages = std::max(1, static_cast<int>(std::ceil(classes / fitting)));
+  const double fullest = std::ceil(classes / pages);
+  rowHeight_ = std::min(kMostRow * style.smallLine, room / std::max(1.0, fullest));
+  Arrange(picture, style, page.width(), rowHeight_ * fullest);
   PlaceColumns(picture, style);
 }
 

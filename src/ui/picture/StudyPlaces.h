@@ -11,8 +11,8 @@ namespace orvex {
 
 struct PageStyle;
 
-/// Where the parts of a study's pages stand. A page is laid out at the size of its font, and painted
-/// smaller where the area has not the room.
+/// Where the parts of a study's pages stand. A page is laid out at the size of its font, and
+/// painted smaller where the area has not the room.
 struct StudyPlaces {
   StudyPlaces(const StudyPicture& picture, const QRectF& area, const PageStyle& style);
 
@@ -43,7 +43,8 @@ struct StudyPlaces {
  private:
   /// Puts the parts beneath each other on a page of this width, and returns the height that they
   /// take.
-  double Arrange(const PageStyle& style, double width, double rowsHeight);
+  double Arrange(const StudyPicture& picture, const PageStyle& style, double width,
+                 double rowsHeight);
   void PlaceColumns(const StudyPicture& picture, const PageStyle& style);
 
   std::size_t classes_ = 0;

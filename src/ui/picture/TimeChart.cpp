@@ -17,7 +17,8 @@ constexpr double kLeastGap = 0.8;    // between two times
 constexpr double kBetween = 1;       // two blocks
 constexpr double kLeastWidth = 0.6;  // of a block
 
-/// What is shown of a stretch, over the height of `area`. Without a width where nothing is.
+}  // namespace
+
 QRectF Across(const QRectF& area, const TimeScale& time, const Stretch& stretch) {
   const Stretch visible = time.Visible(stretch);
   if (visible.Length() <= 0) return {};
@@ -25,8 +26,6 @@ QRectF Across(const QRectF& area, const TimeScale& time, const Stretch& stretch)
   const double width = std::max(kLeastWidth, time.X(visible.end) - left - kBetween);
   return {left, area.top(), width, area.height()};
 }
-
-}  // namespace
 
 void PaintAxis(QPainter& painter, const PagePlaces& places, const ClassPicture& picture,
                const PageStyle& style) {
@@ -77,7 +76,7 @@ void PaintSegments(QPainter& painter, const QRectF& area, const TimeScale& time,
   for (const ClassPicture::SegmentBlock& segment : picture.segments) {
     const QRectF block = Across(area, time, segment.time);
     if (block.isEmpty()) continue;
-    const QColor ground = segment.group ? ColourOf(*segment.group) : style.paper;
+    const QColor ground = GroundOf(segment, style);
     PaintBlock(painter, block, ground, style);
     const QString name =
         Fitting(ToQt(segment.shortName), metrics, block.width() - kInset * style.line);
@@ -85,6 +84,10 @@ void PaintSegments(QPainter& painter, const QRectF& area, const TimeScale& time,
     painter.setPen(segment.group ? InkOn(ground) : style.ink);
     painter.drawText(block, Qt::AlignCenter | Qt::TextDontClip, name);
   }
+}
+
+QColor GroundOf(const ClassPicture::SegmentBlock& segment, const PageStyle& style) {
+  return segment.group ? ColourOf(*segment.group) : style.paper;
 }
 
 void PaintBlock(QPainter& painter, const QRectF& block, const QColor& ground,

@@ -25,6 +25,12 @@ void PaintEpisodes(QPainter& painter, const QRectF& area, const TimeScale& time,
 void PaintSegments(QPainter& painter, const QRectF& area, const TimeScale& time,
                    const ClassPicture& picture, const PageStyle& style);
 
+/// What is shown of a stretch, over the height of `area`. Without a width where nothing is.
+QRectF Across(const QRectF& area, const TimeScale& time, const Stretch& stretch);
+
+/// The colour of a segment's block: of the paper where its activity is not known.
+QColor GroundOf(const ClassPicture::SegmentBlock& segment, const PageStyle& style);
+
 /// Paints a block of an activity; its outline tells it from a ground that is as dark or as light.
 void PaintBlock(QPainter& painter, const QRectF& block, const QColor& ground,
                 const PageStyle& style);
