@@ -1,6 +1,7 @@
 #include "study/study_picture.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -61,16 +62,17 @@ StudySortKey KeyOf(const PictureRow& row, RowOrder order) {
   return {!number, number.value_or(0), ""};
 }
 
-/// The length of the longest class, or of some classes of usual length, if that is less.
+/// The length of the longest class that is not far longer than usual.
 double AxisSeconds(const std::vector<PictureRow>& rows) {
   constexpr double kMostUsual = 2.5;
-  if (rows.empty()) return 0;
   std::vector<double> lengths;
-  lengths.reserve(rows.size());
-  for (const PictureRow& row : rows) lengths.push_back(row.picture.seconds);
+  for (const PictureRow& row : rows) {
+    if (row.picture.seconds > 0) lengths.push_back(row.picture.seconds);
+  }
+  if (lengths.empty()) return 0;
   std::ranges::sort(lengths);
   const double usual = lengths[lengths.size() / 2];
-  return usual > 0 ? std::min(lengths.back(), kMostUsual * usual) : lengths.back();
+  return *std::prev(std::ranges::upper_bound(lengths, kMostUsual * usual));
 }
 
 }  // namespace

@@ -96,8 +96,8 @@ std::string CellOf(const PictureRow& row, RowOrder column);
 struct StudyPicture {
   RowOrder order = RowOrder::name;
   std::vector<PictureRow> rows;  ///< sorted by it
-  /// Where the axis ends: with the longest class, but where that is far longer than the others,
-  /// earlier, so that they keep their room.
+  /// Where the axis ends: with the longest class, but without those that are far longer than usual,
+  /// so that the others keep their room.
   double seconds = 0;
   std::vector<ClassPicture::AxisMark> axis;
 

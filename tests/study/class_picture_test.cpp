@@ -100,21 +100,22 @@ TEST(ClassPictures, DoWithoutALogThatIsNone) {
   }
 }
 
+PictureRow RowOf(const char* name, const char* date, float seconds, std::string_view sources) {
+  LoggedClass shown;
+  EpsHeader& header = shown.observation.header;
+  header.identity = {"AB", "5", "12", name, "25"};
+  header.ObservDate = date;
+  Episode& episode = shown.observation.Episodes.emplace_back();
+  episode.segments.emplace_back().SetData(kQuestionAnswer, seconds);
+  for (const char source : sources) {
+    questionInfo& asked = episode.questions.emplace_back();
+    asked.codes[Dimension::source] = CodeOf(Dimension::source, std::string_view(&source, 1));
+    asked.codes[Dimension::authenticity] = source == 'S' ? 1 : 0;
+  }
+  return MakePictureRow(shown);
+}
+
 TEST(StudyPictures, SortTheirRowsByWhatOneLikes) {
-  const auto rowOf = [](const char* name, const char* date, float seconds, const char* sources) {
-    LoggedClass shown;
-    EpsHeader& header = shown.observation.header;
-    header.identity = {"AB", "5", "12", name, "25"};
-    header.ObservDate = date;
-    Episode& episode = shown.observation.Episodes.emplace_back();
-    episode.segments.emplace_back().SetData(kQuestionAnswer, seconds);
-    for (const char source : std::string_view(sources)) {
-      questionInfo& asked = episode.questions.emplace_back();
-      asked.codes[Dimension::source] = CodeOf(Dimension::source, std::string_view(&source, 1));
-      asked.codes[Dimension::authenticity] = source == 'S' ? 1 : 0;
-    }
-    return MakePictureRow(shown);
-  };
   const std::pair<const char*, const char*> cases[] = {
       {"name", "2 3 10 11 "},      {"date", "11 10 2 3 "},     {"length", "10 3 2 11 "},
       {"questions", "2 3 10 11 "}, {"pace", "2 3 10 11 "},     {"students", "10 2 3 11 "},
@@ -122,8 +123,8 @@ TEST(StudyPictures, SortTheirRowsByWhatOneLikes) {
   };
   for (const auto& [id, expected] : cases) {
     const StudyPicture picture =
-        MakeStudyPicture({rowOf("10", "03-14-2001", 600, "S"), rowOf("2", "04-01-2001", 120, "TTS"),
-                          rowOf("11", "12-31-2000", 60, ""), rowOf("3", "no date", 300, "TTT")},
+        MakeStudyPicture({RowOf("10", "03-14-2001", 600, "S"), RowOf("2", "04-01-2001", 120, "TTS"),
+                          RowOf("11", "12-31-2000", 60, ""), RowOf("3", "no date", 300, "TTT")},
                          RowOrderNamed(id).value());
     std::string names;
     for (const PictureRow& row : picture.rows) names += row.name.substr(5) + " ";
@@ -132,6 +133,37 @@ TEST(StudyPictures, SortTheirRowsByWhatOneLikes) {
     EXPECT_EQ(picture.axis.back().text, "10 min");
   }
   EXPECT_FALSE(RowOrderNamed("size"));
+}
+
+TEST(StudyPictures, ShowTheFiguresOfTheirRows) {
+  const auto cells = [](const PictureRow& row) {
+    std::string text;
+    for (const RowOrderScheme& column : kRowOrders) text += CellOf(row, column.order) + "|";
+    return text;
+  };
+  EXPECT_EQ(cells(RowOf("1", "03-14-2001", 130, "TTS")),
+            "5-12-1|03-14-2001|AB|2:10|3|1.38|33 %|33 %|n/a|0 %|0 %|0.0 %|");
+  EXPECT_EQ(cells(RowOf("2", "", 0, "")), "5-12-2||AB|0:00|0|n/a|n/a|n/a|n/a|n/a|n/a|n/a|");
+}
+
+TEST(StudyPictures, LeaveRoomBesideAClassThatIsFarLonger) {
+  const struct {
+    const char* what;
+    std::vector<float> seconds;
+    double axis;
+  } cases[] = {
+      {"none", {}, 0},
+      {"empty ones", {0, 0, 0, 600}, 600},
+      {"double lessons", {2400, 2700, 5400, 2400}, 5400},
+      {"one that nobody ended", {2400, 2700, 3000, 86000}, 3000},
+  };
+  for (const auto& [what, seconds, axis] : cases) {
+    std::vector<PictureRow> rows;
+    for (const float length : seconds) rows.push_back(RowOf("1", "", length, ""));
+    const StudyPicture picture = MakeStudyPicture(std::move(rows), RowOrder::length);
+    EXPECT_EQ(picture.seconds, axis) << what;
+    EXPECT_EQ(picture.AnyGoesBeyondAxis(), !seconds.empty() && seconds.back() > axis) << what;
+  }
 }
 
 TEST(ClassPictures, ShowEveryQuestionOnceAndInItsSegment) {

@@ -108,21 +108,24 @@ void StudyPage::PaintBands(QPainter& painter, const StudyPlaces& places, const P
 
 void StudyPage::PaintAxis(QPainter& painter, const StudyPlaces& places,
                           const PageStyle& style) const {
-  const QFontMetricsF metrics(style.small);
-  double free = 0;
+  if (picture_.axis.empty()) return;
+  const double width =
+      QFontMetricsF(style.small).horizontalAdvance(ToQt(picture_.axis.back().text));
+  const double apart =
+      picture_.axis.size() > 1 ? places.time.X(picture_.axis[1].second) - places.time.left : width;
+  // Every mark has its line; of the times, as many as there is room for.
+  const auto every = static_cast<std::size_t>(
+      std::ceil((width + kLeastGap * style.smallLine) / std::max(1.0, apart)));
   painter.setFont(style.small);
-  for (const ClassPicture::AxisMark& mark : picture_.axis) {
-    const double x = places.time.X(mark.second);
+  for (std::size_t i = 0; i < picture_.axis.size(); ++i) {
+    const double x = places.time.X(picture_.axis[i].second);
     painter.setPen(style.Pen(style.thin));
     painter.drawLine(QPointF(x, places.rows.top()), QPointF(x, places.rows.bottom()));
-    const QString text = ToQt(mark.text);
-    const double width = metrics.horizontalAdvance(text);
-    if (x - width / 2 < free) continue;
-    free = x + width / 2 + kLeastGap * style.smallLine;
+    if (i % every != 0) continue;
     painter.setPen(style.quiet);
     for (const QRectF& line : {places.headings, places.axis}) {
       PaintText(painter, QRectF(x - width / 2, line.top(), width, line.height()), Qt::AlignCenter,
-                text);
+                ToQt(picture_.axis[i].text));
     }
   }
 }
