@@ -12,5 +12,6 @@ Request ReadTable(const QStringList& arguments);
 Request ReadCheck(const QStringList& arguments);
 Request ReadReport(const QStringList& arguments);
 Request ReadAgree(const QStringList& arguments);
+Request ReadPicture(const QStringList& arguments);
 
 }  // namespace orvex

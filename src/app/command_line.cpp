@@ -16,11 +16,12 @@ struct CommandName {
   std::string_view name;
   Request (*read)(const QStringList& arguments);
 };
-constexpr std::array<CommandName, 5> kCommands = {{{"export", ReadExport},
+constexpr std::array<CommandName, 6> kCommands = {{{"export", ReadExport},
                                                    {"check", ReadCheck},
                                                    {"report", ReadReport},
                                                    {"table", ReadTable},
-                                                   {"agree", ReadAgree}}};
+                                                   {"agree", ReadAgree},
+                                                   {"picture", ReadPicture}}};
 
 /// Finds the command among the arguments; options may come before it. Null when there is none.
 const CommandName* CommandOf(const QStringList& arguments) {
@@ -58,6 +59,7 @@ Request ReadWindow(const QStringList& arguments) {
           "  check SOURCE...                               tells what is not fully coded\n"
           "  report SOURCE...                              time summary, statistics, plots\n"
           "  agree FILE FILE, or agree SOURCE...           tells how far observers agree\n"
+          "  picture SOURCE...                             shows each class on a page\n"
           "A source is a folder, a file, a list of observations, or '-'.\n"
           "'orvex COMMAND --help' tells more."));
   parser.Qt().addPositionalArgument(QStringLiteral("FILE"),

@@ -6,6 +6,7 @@
 #include <variant>
 #include <vector>
 
+#include "app/picture_command.h"
 #include "commands/agree_command.h"
 #include "commands/report_command.h"
 #include "commands/table_command.h"
@@ -28,7 +29,7 @@ struct CheckCommand {
   std::vector<std::filesystem::path> sources;
 };
 using Request = std::variant<OpenWindow, ShowText, Mistake, ExportCommand, TableCommand,
-                             CheckCommand, ReportCommand, AgreeCommand>;
+                             CheckCommand, ReportCommand, AgreeCommand, PictureCommand>;
 
 /// The program's arguments, each byte becoming the character with that number. File names
 /// survive this in any encoding.

@@ -2,13 +2,16 @@
 
 #include <unistd.h>
 
+#include <QApplication>
 #include <array>
 #include <cerrno>
 #include <csignal>
 #include <iostream>
 #include <streambuf>
+#include <string>
 #include <system_error>
 
+#include "app/picture_command.h"
 #include "commands/check_command.h"
 #include "store/storage.h"
 
@@ -54,6 +57,24 @@ class StandardInput final : public std::streambuf {
   std::array<char, 65536> bytes_ = {};
 };
 
+/// Lets Qt paint where there is no display.
+class OffscreenPainting {
+ public:
+  OffscreenPainting() { qInstallMessageHandler(usual_); }
+
+ private:
+  /// Qt remarks on what a desktop would have; of no concern to a command.
+  static void Withhold(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) std::cerr << text.toStdString() << "\n";
+  }
+
+  QtMessageHandler usual_ = qInstallMessageHandler(Withhold);
+  std::array<std::string, 3> words_ = {"orvex", "-platform", "offscreen"};
+  std::array<char*, 4> arguments_ = {words_[0].data(), words_[1].data(), words_[2].data()};
+  int count_ = static_cast<int>(words_.size());
+  QApplication application_{count_, arguments_.data()};
+};
+
 struct Runner {
   const Console& console;
   Storage storage = {};
@@ -72,6 +93,11 @@ struct Runner {
   ExitCode operator()(const AgreeCommand& command) {
     HoldSignals();
     return RunAgree(command, storage, console);
+  }
+  ExitCode operator()(const PictureCommand& command) {
+    HoldSignals();
+    const OffscreenPainting painting;
+    return RunPicture(command, storage, console);
   }
   ExitCode operator()(const ExportCommand& command) {
     HoldSignals();

@@ -40,10 +40,10 @@ void WorkOnFiles(const FileList& list, const Console& console, const Work& work,
     Result result = work(list.files[file], Console{.out = out, .err = err, .interrupted = {}});
     return Done{out.str(), err.str(), std::move(result)};
   });
-  while (const auto done = reading.Take()) {
+  while (auto done = reading.Take()) {
     console.err << done->err;
     console.out << done->out;
-    take(done->result);
+    take(std::move(done->result));
   }
 }
 

@@ -1,14 +1,11 @@
 #include "ui/picture/PictureFile.h"
 
 #include <QBuffer>
-#include <QFont>
 #include <QImage>
 #include <QPageLayout>
 #include <QPainter>
-#include <QPalette>
 #include <QPdfWriter>
 #include <QSvgGenerator>
-#include <algorithm>
 #include <cmath>
 
 #include "ui/print/ReportPrinter.h"
@@ -16,96 +13,92 @@
 namespace orvex {
 namespace {
 
-// In points, of which an inch has 72.
 constexpr double kPointsPerInch = 72;
 constexpr QSize kSheet = {842, 595};
 constexpr double kMargin = 28;
 constexpr double kTextSize = 9;
 
-constexpr int kPdfResolution = 1200;
-constexpr double kPngResolution = 200;
-
-/// The colours of paper, whatever those of the screen are.
-QPalette Paper() {
-  QPalette palette(Qt::black, Qt::white);
-  palette.setColor(QPalette::Base, Qt::white);
-  palette.setColor(QPalette::Text, Qt::black);
-  return palette;
-}
-
-/// Paints the page on a device with `resolution` dots per inch.
-void PaintOn(QPaintDevice& device, double resolution, const PaintedPage& page) {
-  const QRectF area = QRectF(QPointF(), kSheet).adjusted(kMargin, kMargin, -kMargin, -kMargin);
-  const QPalette palette = Paper();
-  QPainter painter(&device);
+/// Paints a page with so many dots per inch.
+void PaintOn(QPainter& painter, double resolution, const PaintPage& page) {
+  const PictureSheet sheet;
+  painter.save();
   painter.scale(resolution / kPointsPerInch, resolution / kPointsPerInch);
-  painter.fillRect(QRectF(QPointF(), kSheet), palette.base());  // the margins too
-  page.paint(painter, area, PaperFont(QFont(), kTextSize), palette);
+  painter.fillRect(sheet.sheet, sheet.palette.base());
+  page(painter, sheet);
+  painter.restore();
 }
 
-QByteArray SvgOf(const PaintedPage& page) {
+QByteArray SvgFile(const QString& title, const PaintPage& page) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   QSvgGenerator svg;
   svg.setOutputDevice(&buffer);
-  svg.setTitle(page.title);
+  svg.setTitle(title);
   svg.setResolution(static_cast<int>(kPointsPerInch));
   svg.setSize(kSheet);
   svg.setViewBox(QRect(QPoint(), kSheet));
-  PaintOn(svg, kPointsPerInch, page);
+  QPainter painter(&svg);
+  PaintOn(painter, kPointsPerInch, page);
+  painter.end();
   return bytes;
 }
 
-QByteArray PdfOf(const PaintedPage& page) {
+QByteArray PngFile(const QString& title, const PaintPage& page) {
+  constexpr double kResolution = 150;
+  constexpr int kQuickly = 80;  // without loss; what more would save takes as long as the painting
+  constexpr double kInchesPerMetre = 1000 / 25.4;
+  QImage image((QSizeF(kSheet) * (kResolution / kPointsPerInch)).toSize(), QImage::Format_RGB32);
+  image.setText(QStringLiteral("Title"), title);
+  image.setDotsPerMeterX(static_cast<int>(std::lround(kResolution * kInchesPerMetre)));
+  image.setDotsPerMeterY(image.dotsPerMeterX());
+  QPainter painter(&image);
+  PaintOn(painter, kResolution, page);
+  painter.end();
   QByteArray bytes;
   QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  QPdfWriter pdf(&buffer);
-  pdf.setTitle(page.title);
-  pdf.setResolution(kPdfResolution);
-  pdf.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF()});
-  PaintOn(pdf, kPdfResolution, page);
-  return bytes;
-}
-
-QByteArray PngOf(const PaintedPage& page) {
-  constexpr double kScale = kPngResolution / kPointsPerInch;
-  constexpr double kMillimetresPerInch = 25.4;
-  QImage image((QSizeF(kSheet) * kScale).toSize(), QImage::Format_RGB32);
-  image.setText(QStringLiteral("Title"), page.title);
-  const int dotsPerMetre =
-      static_cast<int>(std::lround(kPngResolution * 1000 / kMillimetresPerInch));
-  image.setDotsPerMeterX(dotsPerMetre);
-  image.setDotsPerMeterY(dotsPerMetre);
-  PaintOn(image, kPngResolution, page);
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  image.save(&buffer, "PNG");
+  image.save(&buffer, "PNG", kQuickly);
   return bytes;
 }
 
 }  // namespace
 
-const PictureFormatScheme& SchemeOf(PictureFormat format) {
-  return kPictureFormats.at(static_cast<std::size_t>(format));
+PictureSheet::PictureSheet()
+    : sheet(QPointF(), kSheet),
+      area(sheet.adjusted(kMargin, kMargin, -kMargin, -kMargin)),
+      font(PaperFont(QFont(), kTextSize)),
+      palette(Qt::black, Qt::white) {
+  palette.setColor(QPalette::Base, Qt::white);
+  palette.setColor(QPalette::Text, Qt::black);
 }
 
-std::optional<PictureFormat> PictureFormatNamed(std::string_view id) {
-  const auto* const found = std::ranges::find(kPictureFormats, id, &PictureFormatScheme::id);
-  if (found == kPictureFormats.end()) return std::nullopt;
-  return found->format;
-}
-
-QByteArray PictureFile(const PaintedPage& page, PictureFormat format) {
+QByteArray PictureFile(const QString& title, const PaintPage& page, PictureFormat format) {
   switch (format) {
     case PictureFormat::svg:
-      return SvgOf(page);
+      return SvgFile(title, page);
     case PictureFormat::pdf:
-      return PdfOf(page);
+      return PdfFile(title, {page});
     case PictureFormat::png:
-      return PngOf(page);
+      return PngFile(title, page);
   }
   return {};
+}
+
+QByteArray PdfFile(const QString& title, const std::vector<PaintPage>& pages) {
+  constexpr int kResolution = 1200;
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  QPdfWriter pdf(&buffer);
+  pdf.setTitle(title);
+  pdf.setResolution(kResolution);
+  pdf.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF()});
+  QPainter painter(&pdf);
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    if (i > 0) pdf.newPage();
+    PaintOn(painter, kResolution, pages[i]);
+  }
+  painter.end();
+  return bytes;
 }
 
 }  // namespace orvex

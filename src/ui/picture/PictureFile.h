@@ -1,43 +1,34 @@
 #pragma once
 
 #include <QByteArray>
+#include <QFont>
+#include <QPalette>
+#include <QRectF>
 #include <QString>
-#include <array>
 #include <functional>
-#include <optional>
-#include <string_view>
+#include <vector>
 
-class QFont;
+#include "ui/picture/PictureFormat.h"
+
 class QPainter;
-class QPalette;
-class QRectF;
 
 namespace orvex {
 
-/// A page that is painted with any font and colours.
-struct PaintedPage {
-  QString title;  ///< of the document
-  std::function<void(QPainter&, const QRectF& area, const QFont&, const QPalette&)> paint;
+/// A sheet of paper, A4 across, as pages are painted on it. Lengths are in points.
+struct PictureSheet {
+  PictureSheet();
+
+  QRectF sheet;
+  QRectF area;  ///< within the margins
+  QFont font;
+  QPalette palette;  ///< the colours of paper, whatever those of the screen are
 };
 
-enum class PictureFormat { svg, pdf, png };
+using PaintPage = std::function<void(QPainter&, const PictureSheet&)>;
 
-struct PictureFormatScheme {
-  PictureFormat format;
-  std::string_view id;        ///< on the command line, and how its files end
-  std::string_view fileType;  ///< what dialogs call its files
-};
-inline constexpr std::array<PictureFormatScheme, 3> kPictureFormats = {{
-    {PictureFormat::svg, "svg", "SVG pictures"},
-    {PictureFormat::pdf, "pdf", "PDF files"},
-    {PictureFormat::png, "png", "PNG pictures"},
-}};
-const PictureFormatScheme& SchemeOf(PictureFormat format);
-/// The format of this id; nothing if there is none.
-std::optional<PictureFormat> PictureFormatNamed(std::string_view id);
-
-/// The file of a page in the colours of paper, A4 across. Texts stay texts but in a PNG picture.
-/// May run in any thread.
-QByteArray PictureFile(const PaintedPage& page, PictureFormat format);
+/// The file of one page. Texts stay texts but in a PNG picture. May run in any thread.
+QByteArray PictureFile(const QString& title, const PaintPage& page, PictureFormat format);
+/// A PDF file of several pages.
+QByteArray PdfFile(const QString& title, const std::vector<PaintPage>& pages);
 
 }  // namespace orvex

@@ -1,0 +1,79 @@
+#include <QStringList>
+#include <string>
+#include <string_view>
+
+#include "app/command_arguments.h"
+#include "app/command_parser.h"
+
+namespace orvex {
+namespace {
+
+/// The ids of schemes: "svg|pdf|png".
+template <typename Schemes>
+QString IdsOf(const Schemes& schemes, const QString& between) {
+  QStringList ids;
+  for (const auto& scheme : schemes) {
+    ids.append(QString::fromUtf8(scheme.id.data(), static_cast<qsizetype>(scheme.id.size())));
+  }
+  return ids.join(between);
+}
+
+}  // namespace
+
+Request ReadPicture(const QStringList& arguments) {
+  const QString command = QStringLiteral("picture");
+  CommandParser parser(
+      command, kSources,
+      QStringLiteral("Makes a page of each class, 5-12-3.svg and so on, with its activities,\n"
+                     "questions and estimates in time; or with --study one of all classes.\n"
+                     "A picture that is there already is replaced.\n"
+                     "Exit code: 0 done, 2 not done, or without files that could not be\n"
+                     "read."));
+  AddSources(parser.Qt(), QStringLiteral("Episode files (.eps)"));
+  const QCommandLineOption output(
+      QStringLiteral("output"),
+      QStringLiteral("Writes into this folder instead of the current one."), QStringLiteral("DIR"));
+  const QCommandLineOption format(
+      QStringLiteral("format"),
+      QStringLiteral(
+          "For the web and for editing (svg, which may be left out), for paper (pdf), or "
+          "of pixels (png)."),
+      IdsOf(kPictureFormats, QStringLiteral("|")));
+  const QCommandLineOption study(
+      QStringLiteral("study"),
+      QStringLiteral("Puts all classes beneath each other on one axis, study.svg. Where they need "
+                     "several pages, study-1.svg and so on; a PDF file holds them all."));
+  const QCommandLineOption sort(
+      QStringLiteral("sort"),
+      QStringLiteral("Of a study: by what the classes are sorted, which is %1. Otherwise by name.")
+          .arg(IdsOf(kRowOrders, QStringLiteral(", "))),
+      QStringLiteral("KEY"));
+  parser.Qt().addOptions({output, format, study, sort});
+  if (auto request = parser.Parse(arguments)) return *request;
+  const auto mistake = [&](const QString& text) { return MistakeIn(command, text); };
+  PictureCommand options;
+  options.sources = PathsOf(parser.Operands());
+  options.output = PathOf(parser.Value(output));
+  options.study = parser.IsSet(study);
+  if (parser.IsSet(output) && options.output.empty()) {
+    return mistake(QStringLiteral("--output needs a folder."));
+  }
+  if (parser.IsSet(format)) {
+    const auto named = PictureFormatNamed(parser.Value(format).toStdString());
+    if (!named) {
+      return mistake(QStringLiteral("There is no format '%1'.").arg(parser.Value(format)));
+    }
+    options.format = *named;
+  }
+  if (parser.IsSet(sort)) {
+    const auto named = RowOrderNamed(parser.Value(sort).toStdString());
+    if (!options.study) return mistake(QStringLiteral("--sort goes with --study."));
+    if (!named) {
+      return mistake(QStringLiteral("Classes cannot be sorted by '%1'.").arg(parser.Value(sort)));
+    }
+    options.order = *named;
+  }
+  return options;
+}
+
+}  // namespace orvex
