@@ -97,23 +97,6 @@ Request ReadCheck(const QStringList& arguments) {
   return CheckCommand{PathsOf(parser.Operands())};
 }
 
-Request ReadReport(const QStringList& arguments) {
-  const QString command = QStringLiteral("report");
-  CommandParser parser(
-      command, kSources,
-      QStringLiteral("Writes the time summary of each file, and the question statistics\n"
-                     "and the question plot of each of its episodes.\n"
-                     "Exit code: 0 done, 2 a file could not be read."));
-  AddSources(parser.Qt(), QStringLiteral("Episode files (.eps)"));
-  const QCommandLineOption json(
-      QStringLiteral("json"),
-      QStringLiteral("For programs: one JSON object a line for each file, with all that was read "
-                     "and the survey file beside it."));
-  parser.Qt().addOption(json);
-  if (auto request = parser.Parse(arguments)) return *request;
-  return ReportCommand{PathsOf(parser.Operands()), parser.IsSet(json)};
-}
-
 QStringList ArgumentsOf(int argc, const char* const* argv) {
   QStringList arguments;
   for (int i = 0; i < argc; ++i) arguments.append(QString::fromLatin1(argv[i]));

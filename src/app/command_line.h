@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/picture_command.h"
+#include "app/report_pdf_command.h"
 #include "commands/agree_command.h"
 #include "commands/report_command.h"
 #include "commands/table_command.h"
@@ -28,8 +29,9 @@ struct Mistake {
 struct CheckCommand {
   std::vector<std::filesystem::path> sources;
 };
-using Request = std::variant<OpenWindow, ShowText, Mistake, ExportCommand, TableCommand,
-                             CheckCommand, ReportCommand, AgreeCommand, PictureCommand>;
+using Request =
+    std::variant<OpenWindow, ShowText, Mistake, ExportCommand, TableCommand, CheckCommand,
+                 ReportCommand, ReportPdfCommand, AgreeCommand, PictureCommand>;
 
 /// The program's arguments, each byte becoming the character with that number. File names
 /// survive this in any encoding.

@@ -76,6 +76,17 @@ std::string CommandParser::Help() const {
   return BytesOf(usage.join(QLatin1Char(' ')) + text.mid(text.indexOf(QLatin1Char('\n'))));
 }
 
+QCommandLineOption FolderOption(const QString& name) {
+  return {name, QStringLiteral("Writes into this folder instead of the current one."),
+          QStringLiteral("DIR")};
+}
+
+std::optional<Request> MistakeInFolder(const QString& command, const CommandParser& parser,
+                                       const QCommandLineOption& folder) {
+  if (!parser.IsSet(folder) || !parser.Value(folder).isEmpty()) return std::nullopt;
+  return MistakeIn(command, QStringLiteral("--%1 needs a folder.").arg(folder.names().first()));
+}
+
 void AddSources(QCommandLineParser& parser, const QString& files) {
   parser.addPositionalArgument(
       QStringLiteral("SOURCE"),

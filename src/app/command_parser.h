@@ -52,6 +52,12 @@ class CommandParser {
                                     QStringLiteral("Displays the program's version.")};
 };
 
+/// An option for the folder to write into, and the mistake in its value: a name that is empty, as a
+/// script's empty variable makes it.
+QCommandLineOption FolderOption(const QString& name);
+std::optional<Request> MistakeInFolder(const QString& command, const CommandParser& parser,
+                                       const QCommandLineOption& folder);
+
 /// Adds the operands that name observations. `files` says which files are taken: "Episode files".
 void AddSources(QCommandLineParser& parser, const QString& files);
 

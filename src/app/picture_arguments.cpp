@@ -30,9 +30,7 @@ Request ReadPicture(const QStringList& arguments) {
                      "Exit code: 0 done, 2 not done, or without files that could not be\n"
                      "read."));
   AddSources(parser.Qt(), QStringLiteral("Episode files (.eps)"));
-  const QCommandLineOption output(
-      QStringLiteral("output"),
-      QStringLiteral("Writes into this folder instead of the current one."), QStringLiteral("DIR"));
+  const QCommandLineOption output = FolderOption(QStringLiteral("output"));
   const QCommandLineOption format(
       QStringLiteral("format"),
       QStringLiteral(
@@ -50,14 +48,12 @@ Request ReadPicture(const QStringList& arguments) {
       QStringLiteral("KEY"));
   parser.Qt().addOptions({output, format, study, sort});
   if (auto request = parser.Parse(arguments)) return *request;
+  if (auto wrong = MistakeInFolder(command, parser, output)) return *wrong;
   const auto mistake = [&](const QString& text) { return MistakeIn(command, text); };
   PictureCommand options;
   options.sources = PathsOf(parser.Operands());
   options.output = PathOf(parser.Value(output));
   options.study = parser.IsSet(study);
-  if (parser.IsSet(output) && options.output.empty()) {
-    return mistake(QStringLiteral("--output needs a folder."));
-  }
   if (parser.IsSet(format)) {
     const auto named = PictureFormatNamed(parser.Value(format).toStdString());
     if (!named) {

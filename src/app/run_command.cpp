@@ -12,6 +12,7 @@
 #include <system_error>
 
 #include "app/picture_command.h"
+#include "app/report_pdf_command.h"
 #include "commands/check_command.h"
 #include "store/storage.h"
 
@@ -90,6 +91,11 @@ struct Runner {
   }
   ExitCode operator()(const CheckCommand& command) { return RunCheck(command.sources, console); }
   ExitCode operator()(const ReportCommand& command) { return RunReport(command, console); }
+  ExitCode operator()(const ReportPdfCommand& command) {
+    HoldSignals();
+    const OffscreenPainting painting;
+    return RunReportPdf(command, storage, console);
+  }
   ExitCode operator()(const AgreeCommand& command) {
     HoldSignals();
     return RunAgree(command, storage, console);

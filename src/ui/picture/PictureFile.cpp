@@ -8,6 +8,7 @@
 #include <QSvgGenerator>
 #include <cmath>
 
+#include "ui/print/PaperText.h"
 #include "ui/print/ReportPrinter.h"
 
 namespace orvex {
@@ -66,10 +67,7 @@ PictureSheet::PictureSheet()
     : sheet(QPointF(), kSheet),
       area(sheet.adjusted(kMargin, kMargin, -kMargin, -kMargin)),
       font(PaperFont(QFont(), kTextSize)),
-      palette(Qt::black, Qt::white) {
-  palette.setColor(QPalette::Base, Qt::white);
-  palette.setColor(QPalette::Text, Qt::black);
-}
+      palette(PaperPalette()) {}
 
 QByteArray PictureFile(const QString& title, const PaintPage& page, PictureFormat format) {
   switch (format) {

@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "desk/prompter.h"
 #include "desk/save_file.h"
@@ -53,11 +54,14 @@ double SubtitleHeight(const PrintedReport& report, double width) {
                   metrics.boundingRect(room, Qt::TextWordWrap, SubtitleOf(report)).height());
 }
 
+/// Where a report without a title has a heading of its own.
 double HeadHeight(const PrintedReport& report, double width) {
+  if (report.Title().isEmpty()) return 0;
   return kSubtitleAt + SubtitleHeight(report, width) + 2 * kHeadGap + 3;
 }
 
 void PaintHead(QPainter& painter, const PrintedReport& report, double width, const QString& page) {
+  if (report.Title().isEmpty()) return;
   const double height = SubtitleHeight(report, width);
   QFont title = PaperFont(QApplication::font(), kTitleSize);
   title.setBold(true);
@@ -83,32 +87,57 @@ PageRange RangeOf(const QPrinter& printer) {
   return {printer.fromPage(), std::max(printer.fromPage(), printer.toPage())};
 }
 
+/// A report on sheets whose margins leave it `whole`, in points.
+struct ReportOnPaper {
+  ReportOnPaper(const PrintedReport& printed, const QPageLayout& sheet, int resolution)
+      : report(printed),
+        scale(resolution / kPointsPerInch),
+        whole(QSizeF(sheet.paintRectPixels(resolution).size()) / scale) {}
+
+  const PrintedReport& report;
+  double scale;  ///< from points to dots
+  QSizeF whole;
+
+  QSizeF Area() const {
+    return {whole.width(), whole.height() - HeadHeight(report, whole.width())};
+  }
+  int Pages() const { return std::max(1, report.Pages(Area())); }
+  /// Paints page `page` of the report, counted from 1, which is number `number` of `count`.
+  void Paint(QPainter& painter, int page, int number, int count) const;
+};
+
+void ReportOnPaper::Paint(QPainter& painter, int page, int number, int count) const {
+  const QSizeF area = Area();
+  painter.save();
+  painter.scale(scale, scale);
+  painter.setRenderHint(QPainter::Antialiasing);
+  PaintHead(painter, report, whole.width(),
+            QCoreApplication::translate("ReportPrinter", "Page %1 of %2").arg(number).arg(count));
+  painter.translate(0, whole.height() - area.height());
+  const double shrink = std::min(1.0, area.height() / report.LeastHeight());
+  painter.scale(shrink, shrink);
+  report.PaintPage(painter, area / shrink, page - 1);
+  painter.restore();
+}
+
 /// Paints the pages in `range`. False when `paper` cannot be painted on.
 bool PaintReport(const PrintedReport& report, QPagedPaintDevice& paper, int resolution,
                  const PageRange& range) {
   QPainter painter;
   if (!painter.begin(&paper)) return false;
-  const double scale = resolution / kPointsPerInch;
-  const QRectF sheet = paper.pageLayout().paintRectPixels(resolution);
-  const QSizeF whole(sheet.width() / scale, sheet.height() / scale);
-  const double head = HeadHeight(report, whole.width());
-  const QSizeF area(whole.width(), whole.height() - head);
-  const int pages = std::max(1, report.Pages(area));
+  const ReportOnPaper onPaper(report, paper.pageLayout(), resolution);
+  const int pages = onPaper.Pages();
   const int last = range.last > 0 ? std::min(range.last, pages) : pages;
   for (int page = range.first; page <= last; ++page) {
     if (page > range.first) paper.newPage();
-    painter.save();
-    painter.scale(scale, scale);
-    painter.setRenderHint(QPainter::Antialiasing);
-    PaintHead(painter, report, whole.width(),
-              QCoreApplication::translate("ReportPrinter", "Page %1 of %2").arg(page).arg(pages));
-    painter.translate(0, head);
-    const double shrink = std::min(1.0, area.height() / report.LeastHeight());
-    painter.scale(shrink, shrink);
-    report.PaintPage(painter, area / shrink, page - 1);
-    painter.restore();
+    onPaper.Paint(painter, page, page, pages);
   }
   return painter.end();
+}
+
+QPageLayout LayoutFor(const PrintedReport& report) {
+  return {QPageSize(QPageSize::A4), report.Orientation(),
+          QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Millimeter};
 }
 
 /// True while the preview is painting, which does not happen on the printer's own device.
@@ -148,6 +177,34 @@ QByteArray PdfOf(const PrintedReport& report, const QPrinter& printer) {
   writer.setPageLayout(printer.pageLayout());
   writer.setResolution(printer.resolution());
   PaintReport(report, writer, printer.resolution(), RangeOf(printer));
+  return bytes;
+}
+
+QByteArray PdfOf(const QString& documentName, const PrintedParts& parts) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  QPdfWriter writer(&buffer);
+  writer.setTitle(documentName);
+  std::vector<ReportOnPaper> onPaper;
+  int count = 0;
+  for (const auto& part : parts) {
+    count += onPaper.emplace_back(*part, LayoutFor(*part), writer.resolution()).Pages();
+  }
+  QPainter painter;
+  int number = 0;
+  for (const ReportOnPaper& part : onPaper) {
+    writer.setPageLayout(LayoutFor(part.report));
+    for (int page = 1; page <= part.Pages(); ++page) {
+      if (++number == 1) {
+        painter.begin(&writer);
+      } else {
+        writer.newPage();
+      }
+      part.Paint(painter, page, number, count);
+    }
+  }
+  painter.end();
   return bytes;
 }
 

@@ -1,8 +1,12 @@
 #pragma once
 
+#include <memory>
+#include <vector>
+
 class QByteArray;
 class QFont;
 class QPrinter;
+class QString;
 class QWidget;
 
 namespace orvex {
@@ -23,8 +27,13 @@ bool PrintReport(const PrintedReport& report, QPrinter& printer);
 
 /// Returns the same pages as a PDF file.
 QByteArray PdfOf(const PrintedReport& report, const QPrinter& printer);
-/// Stores them in the file that `printer` would write, whole or not at all; the user is told when
-/// that fails, and can have it tried again or choose another place.
+/// Several reports as one PDF file, each on paper of its own orientation, with pages counted
+/// through.
+using PrintedParts = std::vector<std::unique_ptr<PrintedReport>>;
+QByteArray PdfOf(const QString& documentName, const PrintedParts& parts);
+
+/// Stores the pages of a report in the file that `printer` would write, whole or not at all; the
+/// user is told when that fails, and can have it tried again or choose another place.
 void SavePdf(const PrintedReport& report, const QPrinter& printer, const Printing& printing);
 
 /// Shows the report as it will look on paper; from there it goes to a printer or into a PDF file.

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <filesystem>
+
+namespace orvex {
+
+struct LoggedClass;
+struct Printing;
+
+/// All reports on a class as one PDF file: its page, the time summary, the statistics and the plot
+/// of each episode with questions, the statistics of the whole class, and all questions.
+QByteArray ClassPdf(const LoggedClass& printed);
+
+/// Lets the user choose where to store it, which begins in `folder`. The user is told when that
+/// fails, and can have it tried again or choose another place.
+void SaveClassPdf(const LoggedClass& printed, const std::filesystem::path& folder,
+                  const Printing& printing);
+
+}  // namespace orvex
