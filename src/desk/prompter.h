@@ -40,7 +40,8 @@ struct TextPrompt {
   bool isFolder = false;  ///< the text is the path of a folder, which can be chosen as well
 };
 
-/// A file dialog: the folder it starts in, and its filter ("EPS files (*.EPS)|*.EPS").
+/// A file dialog: the folder it starts in, and its filter ("EPS files (*.EPS)|*.EPS"),
+/// or several of them, one behind the other.
 struct FilePrompt {
   std::filesystem::path folder;
   std::string filter;

@@ -20,6 +20,7 @@ enum class Screen {
   aboutText,
   questionEntry,
   episodeEditor,
+  classPicture,
   timeSummary,
   questionStats,
   questionPlot,
@@ -101,13 +102,15 @@ class Screens {
   /// and shows the episode editor alone.
   virtual bool ShowQuestion(const std::filesystem::path& file, int episode, int question,
                             const std::string& text) = 0;
-  /// Does the same with `episode`, and begins as it does from the episode editor.
+  /// Shows the question editor above the episode editor that is loaded, in the same way.
+  virtual void ShowEditedQuestion(int episode, int question, const std::string& text) = 0;
+  /// Does the same as ShowQuestion with `episode`, and begins as it does from the episode editor.
   virtual bool ShowQuestions(const std::filesystem::path& file, int episode) = 0;
   /// Does the same in proof mode, with the first question that is not fully coded.
   virtual bool ShowFirstGap(const std::filesystem::path& file) = 0;
-  /// Shows a report on an episode file without the episode editor; the reports on a single episode
-  /// are about the first one with questions. False when the file could not be read (the user has
-  /// been told) or has nothing to report.
+  /// Shows a report on an episode file, or the class's picture, without the episode editor; the
+  /// reports on a single episode are about the first one with questions. False when the file could
+  /// not be read (the user has been told) or has nothing to report.
   virtual bool ShowReport(const std::filesystem::path& file, Screen report) = 0;
   /// Compares two observations of a class, given by their episode files, and shows the agreement.
   /// `tolerance` is in seconds; nothing for the usual one. False when one of them could not be read

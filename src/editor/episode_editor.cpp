@@ -413,7 +413,7 @@ void EpisodeEditor::Proof() {
 }
 
 void EpisodeEditor::ShowReport(Screen report) {
-  const bool isOfQuestions = report != Screen::timeSummary;
+  const bool isOfQuestions = report == Screen::questionStats || report == Screen::questionPlot;
   if (isOfQuestions && !View().hasQuestions) return;
   LeaveBox();
   services_.screens.Show(report);

@@ -1,5 +1,7 @@
 #include "study/logged_class.h"
 
+#include <utility>
+
 #include "store/eps_reader.h"
 #include "study/file_kind.h"
 #include "study/log_facts.h"
@@ -22,12 +24,16 @@ ClassPicture LoggedClass::Picture() const {
   return MakeClassPicture(observation.header, observation.Episodes, log ? &*log : nullptr);
 }
 
+LoggedClass LoggedClassOf(EpsObservation observation, const std::filesystem::path& file,
+                          const Warn& warn) {
+  return {std::move(observation), LogOf(file, warn)};
+}
+
 LoggedClass ReadLoggedClass(const std::filesystem::path& file, const Warn& warn) {
   ReadingWithWarnings events(warn);
-  LoggedClass read = {ReadEpsFile(file, events), std::nullopt};
-  WarnOfOtherNumbers(file, read.observation.header.identity, warn);
-  read.log = LogOf(file, warn);
-  return read;
+  EpsObservation observation = ReadEpsFile(file, events);
+  WarnOfOtherNumbers(file, observation.header.identity, warn);
+  return LoggedClassOf(std::move(observation), file, warn);
 }
 
 }  // namespace orvex

@@ -18,6 +18,11 @@ struct LoggedClass {
   ClassPicture Picture() const;
 };
 
+/// The class of `observation` with the session log that belongs to `file`, its episode file. What
+/// is wrong with the log is passed to `warn`, which may be empty.
+LoggedClass LoggedClassOf(EpsObservation observation, const std::filesystem::path& file,
+                          const Warn& warn);
+
 /// Reads an episode file, and the session log that belongs to it, if there is one. What is doubtful
 /// in them is passed to `warn`, which may be empty. Throws FileError and FormatError when the
 /// episode file cannot be read.

@@ -64,6 +64,7 @@ bool IsPossible(StudyAction action, const StudyRow& row) {
     case StudyAction::showStatistics:
       return row.summary && row.summary->counts.Total > 0;
     case StudyAction::showTimeSummary:
+    case StudyAction::showPicture:
       return row.summary.has_value();
     case StudyAction::proof:
       return row.summary && row.summary->notFullyCoded > 0;
@@ -104,6 +105,8 @@ void StudyActions::Do(StudyAction action, const StudyRow& row) {
       return Open(eps, [&] { return screens.ShowReport(eps, Screen::questionStats); });
     case StudyAction::showTimeSummary:
       return Open(eps, [&] { return screens.ShowReport(eps, Screen::timeSummary); });
+    case StudyAction::showPicture:
+      return Open(eps, [&] { return screens.ShowReport(eps, Screen::classPicture); });
     case StudyAction::proof:
       return Open(eps, [&] { return screens.ShowFirstGap(eps); });
   }

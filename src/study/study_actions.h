@@ -23,6 +23,7 @@ enum class StudyAction {
   showLog,
   showStatistics,
   showTimeSummary,
+  showPicture,
   proof,  ///< goes from one question that is not fully coded to the next
 };
 

@@ -7,6 +7,7 @@
 #include "ui/ReportForms.h"
 #include "ui/forms/frmAboutInputBox.h"
 #include "ui/forms/frmClassAct.h"
+#include "ui/forms/frmClassPicture.h"
 #include "ui/forms/frmEnterQA.h"
 #include "ui/forms/frmInput1.h"
 #include "ui/forms/frmQuestionPlot.h"
@@ -52,6 +53,11 @@ const Forms::Row& Forms::RowOf(Screen screen) {
             },
         .over = {Screen::liveObservation}}},
       {Screen::episodeEditor, {.over = {Screen::agreement, Screen::study}}},
+      {Screen::classPicture,
+       {.make = report([](Forms& forms, const ReportSubject& subject) {
+          return MakeClassPictureForm(forms.services_, subject);
+        }),
+        .over = {Screen::episodeEditor, Screen::study}}},
       {Screen::timeSummary,
        {.make = report([](Forms& forms, const ReportSubject& subject) {
           return MakeTimeSummaryForm(forms.services_, subject);

@@ -215,20 +215,26 @@ bool Forms::ShowQuestions(const std::filesystem::path& file, int episode) {
 
 bool Forms::ShowQuestion(const std::filesystem::path& file, int episode, int question,
                          const std::string& text) {
-  EpisodeEditor* editor = LoadEpisodeEditor(file, Kept::areOffered);
-  if (!editor) return false;
-  editor->ShowEpisode(episode);
-  if (!editor->HasQuestion(episode, question, text)) {
-    ShowUnlessLeft(*editor);
+  if (!LoadEpisodeEditor(file, Kept::areOffered)) return false;
+  ShowEditedQuestion(episode, question, text);
+  return true;
+}
+
+void Forms::ShowEditedQuestion(int episode, int question, const std::string& text) {
+  auto* edit = Get<frmClassEdit>();
+  if (!edit) return;
+  EpisodeEditor& editor = edit->Editor();
+  editor.ShowEpisode(episode);
+  if (!editor.HasQuestion(episode, question, text)) {
+    ShowUnlessLeft(editor);
     services_.prompter.Tell(Say(Text::questionGone));
-    return true;
+    return;
   }
-  editor->EditQuestions();
+  editor.EditQuestions();
   if (auto* questions = Get<frmQA>()) {
     questions->Editor().ChooseQuestion(question);
     questions->Refresh();
   }
-  return true;
 }
 
 bool Forms::ShowFirstGap(const std::filesystem::path& file) {

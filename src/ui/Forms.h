@@ -44,6 +44,7 @@ class Forms : public Screens {
   bool ShowEpisodeEditor(const std::filesystem::path& file, Kept kept) override;
   bool ShowQuestion(const std::filesystem::path& file, int episode, int question,
                     const std::string& text) override;
+  void ShowEditedQuestion(int episode, int question, const std::string& text) override;
   bool ShowQuestions(const std::filesystem::path& file, int episode) override;
   bool ShowFirstGap(const std::filesystem::path& file) override;
   bool ShowReport(const std::filesystem::path& file, Screen report) override;

@@ -176,12 +176,16 @@ std::optional<std::string> QtPrompter::AskText(const TextPrompt& prompt) {
 
 QString NameFilter(const QString& filter) {
   const QStringList parts = filter.split(QLatin1Char('|'));
-  const QString label = parts.first().section(QLatin1Char('('), 0, 0).trimmed();
-  QStringList patterns;
-  for (const QString& pattern : parts.last().split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
-    patterns << pattern.trimmed().toUpper() << pattern.trimmed().toLower();
+  QStringList filters;
+  for (qsizetype i = 0; i < parts.size(); i += 2) {
+    const QString label = parts[i].section(QLatin1Char('('), 0, 0).trimmed();
+    QStringList patterns;
+    for (const QString& pattern : parts[i + 1].split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+      patterns << pattern.trimmed().toUpper() << pattern.trimmed().toLower();
+    }
+    filters << label + QStringLiteral(" (") + patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
   }
-  return label + QStringLiteral(" (") + patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
+  return filters.join(QLatin1String(";;"));
 }
 
 bool QtPrompter::AskOfftask(OfftaskPrompt& prompt) {
@@ -241,8 +245,13 @@ ChosenFile QtPrompter::AskSaveFile(const FilePrompt& prompt) {
   QFileDialog dialog(ParentWindow());
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
-  // Adds the extension before the dialog checks whether the file exists.
-  dialog.setDefaultSuffix(ToQt(prompt.filter).section(QLatin1Char('.'), -1).toLower());
+  // Adds the extension before the dialog checks whether the file exists: the last one in
+  // "EPS files (*.EPS *.eps)".
+  const auto endWith = [&dialog](const QString& filter) {
+    dialog.setDefaultSuffix(filter.section(QLatin1Char('.'), -1).chopped(1));
+  };
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, endWith);
+  endWith(NameFilter(ToQt(prompt.filter)).section(QLatin1String(";;"), 0, 0));
   return Choose(dialog, prompt);
 }
 

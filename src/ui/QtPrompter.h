@@ -24,7 +24,8 @@ class QtPrompter : public Prompter {
   std::optional<UnfinishedChoice> AskUnfinished(const std::vector<UnfinishedItem>& items) override;
 };
 
-/// A filter in Qt's notation: "EPS files (*.EPS)|*.EPS" becomes "EPS files (*.EPS *.eps)".
+/// A filter in Qt's notation: "EPS files (*.EPS)|*.EPS" becomes "EPS files (*.EPS *.eps)". There
+/// may be several such pairs.
 QString NameFilter(const QString& filter);
 
 }  // namespace orvex

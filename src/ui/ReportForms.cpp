@@ -9,6 +9,8 @@
 #include "reports/question_plot.h"
 #include "reports/question_statistics.h"
 #include "reports/time_summary.h"
+#include "study/logged_class.h"
+#include "ui/forms/frmClassPicture.h"
 #include "ui/forms/frmQuestionPlot.h"
 #include "ui/forms/frmQuestionStats.h"
 #include "ui/forms/frmTimeSummary.h"
@@ -39,7 +41,9 @@ void LeadBack(const Services& services, Form* form, Signal leave, Screen self, S
 }  // namespace
 
 ReportSubject SubjectOf(const EpisodeEditor& editor, const EpisodeList& episodes) {
-  return {.observation = {editor.File().Header(), episodes}, .episode = editor.CurrentEpisode()};
+  return {.observation = {editor.File().Header(), episodes},
+          .episode = editor.CurrentEpisode(),
+          .file = editor.File().Path()};
 }
 
 ReportSubject SubjectOf(const std::filesystem::path& file, EpsObservation observation) {
@@ -50,7 +54,27 @@ ReportSubject SubjectOf(const std::filesystem::path& file, EpsObservation observ
   return {.observation = std::move(observation),
           .episode = static_cast<int>(number),
           .back = Screen::study,
-          .unopened = file};
+          .file = file,
+          .isOpen = false};
+}
+
+std::unique_ptr<frmClassPicture> MakeClassPictureForm(const Services& services,
+                                                      const ReportSubject& subject) {
+  const std::filesystem::path& file = subject.file;
+  auto form = std::make_unique<frmClassPicture>(LoggedClassOf(subject.observation, file, {}), file,
+                                                PrintingOf(services));
+  LeadBack(services, form.get(), &frmClassPicture::Back, Screen::classPicture, subject.back);
+  QObject::connect(form.get(), &frmClassPicture::OpenQuestion, form.get(),
+                   [&screens = services.screens, file, isOpen = subject.isOpen](
+                       int episode, int question, const std::string& text) {
+                     if (isOpen) {
+                       screens.ShowEditedQuestion(episode, question, text);
+                     } else if (!screens.ShowQuestion(file, episode, question, text)) {
+                       return;
+                     }
+                     screens.Close(Screen::classPicture);
+                   });
+  return form;
 }
 
 std::unique_ptr<frmTimeSummary> MakeTimeSummaryForm(const Services& services,
@@ -72,15 +96,16 @@ std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services
       OriginOf(header, *episode), PrintingOf(services));
   LeadBack(services, form.get(), &frmQuestionStats::Menu, Screen::questionStats, subject.back);
   Screens& screens = services.screens;
-  QObject::connect(form.get(), &frmQuestionStats::EditQuestions, form.get(),
-                   [&screens, file = subject.unopened, number = subject.episode] {
-                     if (file.empty()) {
-                       screens.ShowQuestionEditor(EditorCaller::statistics, false);
-                     } else if (!screens.ShowQuestions(file, number)) {
-                       return;
-                     }
-                     screens.Close(Screen::questionStats);
-                   });
+  QObject::connect(
+      form.get(), &frmQuestionStats::EditQuestions, form.get(),
+      [&screens, file = subject.file, isOpen = subject.isOpen, number = subject.episode] {
+        if (isOpen) {
+          screens.ShowQuestionEditor(EditorCaller::statistics, false);
+        } else if (!screens.ShowQuestions(file, number)) {
+          return;
+        }
+        screens.Close(Screen::questionStats);
+      });
   QObject::connect(form.get(), &frmQuestionStats::Plot, form.get(), [&screens] {
     screens.Show(Screen::questionPlot);
     screens.Hide(Screen::questionStats);

@@ -11,6 +11,7 @@
 namespace orvex {
 
 class EpisodeEditor;
+class frmClassPicture;
 class frmQuestionPlot;
 class frmQuestionStats;
 class frmTimeSummary;
@@ -20,15 +21,18 @@ struct ReportSubject {
   EpsObservation observation;
   int episode = 0;  ///< which one the reports on a single episode are about, from 1
   Screen back = Screen::episodeEditor;  ///< the form to show again when a report is left
-  std::filesystem::path unopened = {};  ///< the file to edit the questions of, if not open already
+  std::filesystem::path file = {};      ///< the observation's
+  bool isOpen = true;                   ///< in the episode editor
 };
 /// What `editor` shows of `episodes`.
 ReportSubject SubjectOf(const EpisodeEditor& editor, const EpisodeList& episodes);
 /// A file of the study, which is not open in the editor, and its first episode with questions.
 ReportSubject SubjectOf(const std::filesystem::path& file, EpsObservation observation);
 
-/// The forms of the reports, with their buttons connected to other forms. Reports on a single
-/// episode are null if there is no episode.
+/// The forms of the reports and the class's picture, with their buttons connected to other forms.
+/// Reports on a single episode are null if there is no episode.
+std::unique_ptr<frmClassPicture> MakeClassPictureForm(const Services& services,
+                                                      const ReportSubject& subject);
 std::unique_ptr<frmTimeSummary> MakeTimeSummaryForm(const Services& services,
                                                     const ReportSubject& subject);
 std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services,

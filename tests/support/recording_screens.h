@@ -49,6 +49,10 @@ class RecordingScreens : public Screens {
                     ", " + text + ", of " + file.filename().string());
     return episodeFileIsGood;
   }
+  void ShowEditedQuestion(int episode, int question, const std::string& text) override {
+    moves.push_back("show question " + std::to_string(episode) + "." + std::to_string(question) +
+                    ", " + text);
+  }
   bool ShowQuestions(const std::filesystem::path& file, int episode) override {
     moves.push_back("show the questions of episode " + std::to_string(episode) + " of " +
                     file.filename().string());
@@ -97,9 +101,10 @@ class RecordingScreens : public Screens {
  private:
   static std::string Name(Screen screen) {
     constexpr const char* kNames[] = {
-        "mainMenu",        "study",        "agreementStudy", "agreement",     "setUp",
-        "liveObservation", "aboutText",    "questionEntry",  "episodeEditor", "timeSummary",
-        "questionStats",   "questionPlot", "questionEditor", "survey",        "listOfFiles"};
+        "mainMenu",      "study",           "agreementStudy", "agreement",
+        "setUp",         "liveObservation", "aboutText",      "questionEntry",
+        "episodeEditor", "classPicture",    "timeSummary",    "questionStats",
+        "questionPlot",  "questionEditor",  "survey",         "listOfFiles"};
     return kNames[static_cast<std::size_t>(screen)];
   }
 };

@@ -33,6 +33,8 @@ const std::vector<Item>& Items() {
        Qt::CTRL | Qt::Key_S},
       {StudyAction::showTimeSummary, QT_TRANSLATE_NOOP("ObservationActions", "&Time Summary"),
        Qt::CTRL | Qt::Key_T},
+      {StudyAction::showPicture, QT_TRANSLATE_NOOP("ObservationActions", "Class Pi&cture"),
+       Qt::CTRL | Qt::Key_P},
   };
   return items;
 }

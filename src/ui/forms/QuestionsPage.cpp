@@ -9,6 +9,7 @@
 #include "study/study_actions.h"
 #include "ui/show.h"
 #include "ui/text.h"
+#include "ui/widgets/CodesText.h"
 #include "ui_frmStudy.h"
 
 namespace orvex {
@@ -114,17 +115,7 @@ void QuestionsPage::ShowCurrent() {
   Q_EMIT CurrentMoved();
   const auto question = Current();
   if (!question) return ui_.txtQuestion->Show({});
-  QStringList codes;
-  for (const Dimension dimension : kDimensions) {
-    const DimensionScheme& scheme = SchemeOf(dimension);
-    const std::string letter(question->codes[dimension]);
-    const std::size_t code = letter.size() == 1 ? scheme.letters.find(letter) : std::string::npos;
-    if (letter.empty()) continue;
-    codes << QStringLiteral("%1: %2").arg(
-        ToQt(scheme.label), code == std::string::npos ? ToQt(letter) : ToQt(scheme.meanings[code]));
-  }
-  ui_.txtQuestion->Show(ToQt(question->text) + QLatin1Char('\n') +
-                        codes.join(QLatin1String("   ")));
+  ui_.txtQuestion->Show(ToQt(question->text) + QLatin1Char('\n') + CodesText(question->codes));
 }
 
 }  // namespace orvex

@@ -146,13 +146,14 @@ void frmClassEdit::ConnectButtons() {
   button(ui_->Command4, [](Editor& editor) { editor.Save(); });
   button(ui_->Command6, [](Editor& editor) { editor.ShowReport(Screen::questionPlot); });
   button(ui_->Command7, [](Editor& editor) { editor.Proof(); });
+  button(ui_->cmdPicture, [](Editor& editor) { editor.ShowReport(Screen::classPicture); });
   connect(ui_->Command5, &QPushButton::clicked, this, &frmClassEdit::ShowTimer);
   connect(ui_->cmdQuit, &QPushButton::clicked, this, &QWidget::close);
   // Whoever comes back goes on where they were.
   new FormKeys(this,
                {.asking = {ui_->cmdSplitSg, ui_->cmdMergeSg, ui_->cmdSplitEp, ui_->cmdMergeEp,
                            ui_->cmdUndo, ui_->cmdRedo, ui_->Command1, ui_->Command2, ui_->Command3,
-                           ui_->Command4, ui_->Command6, ui_->Command7},
+                           ui_->Command4, ui_->Command6, ui_->Command7, ui_->cmdPicture},
                 .letters = [this](const QWidget* control,
                                   const QKeyEvent& key) { return ButtonUnder(control, key); },
                 .shortcuts = IsUndoOrRedo,

@@ -43,12 +43,13 @@ void PaintEstimates(QPainter& painter, const QRectF& area, const TimeScale& time
                     const ClassPicture& picture, const PageStyle& style) {
   PaintName(painter, area, Tr("Off task"), style);
   if (picture.estimates.empty()) {
-    return PaintNote(painter, area,
-                     picture.hasLog
-                         ? Tr("The session log has no estimates.")
-                         : Tr("There is no session log: questions are spread over their segments, "
-                              "and the estimates during the class are not known."),
-                     style);
+    return PaintNote(
+        painter, area,
+        picture.hasLog
+            ? Tr("The session log has no estimates.")
+            : Tr("No session log tells the times: questions are spread over their segments, "
+                 "and the estimates during the class are not known."),
+        style);
   }
   const double most = MostOf(picture);
   const auto y = [&](double share) { return area.bottom() - share / most * area.height(); };
