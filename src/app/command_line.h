@@ -19,6 +19,7 @@ namespace orvex {
 struct OpenWindow {
   std::filesystem::path file;         ///< an .eps, .sur or .nte file; empty to open the main menu
   std::filesystem::path second = {};  ///< an .eps file to compare it with; empty for none
+  bool picture = false;               ///< shows the .eps file on a page instead of in its editor
 };
 struct ShowText {
   std::string text;

@@ -59,6 +59,7 @@ bool ShowInForm(Program& program, Screens& screens, const OpenWindow& window) {
   }
   const FileKind kind = KindOf(window.file);
   program.DataPath = path.parent_path();  // so that it is saved back to its own folder
+  if (window.picture) return screens.ShowReport(path, Screen::classPicture);
   if (kind == FileKind::survey) return screens.ShowSurveyFile(path, Kept::areOffered);
   return screens.ShowEpisodeEditor(path, Kept::areOffered);
 }
@@ -78,8 +79,8 @@ int RunWindow(const OpenWindow& window) {
                              clock,   prompter, forms,    programFolder};
   const EndOfSession endOfSession([&forms] { forms.KeepAll(); }, [&forms] { forms.EndProgram(); });
   const FileKind kind = KindOf(window.file);
-  // The agreement leads to the main menu.
-  if (!window.second.empty()) SettleDataPath(program, programFolder);
+  // The agreement and the picture lead to the main menu.
+  if (!window.second.empty() || window.picture) SettleDataPath(program, programFolder);
   const bool shown = HasForm(kind) && ShowInForm(program, forms, window);
   if (!shown) {
     forms.Show(Screen::mainMenu);

@@ -4,6 +4,7 @@
 
 #include "app/command_arguments.h"
 #include "app/command_parser.h"
+#include "study/file_kind.h"
 
 namespace orvex {
 namespace {
@@ -46,10 +47,22 @@ Request ReadPicture(const QStringList& arguments) {
       QStringLiteral("Of a study: by what the classes are sorted, which is %1. Otherwise by name.")
           .arg(IdsOf(kRowOrders, QStringLiteral(", "))),
       QStringLiteral("KEY"));
-  parser.Qt().addOptions({output, format, study, sort});
+  const QCommandLineOption window(
+      QStringLiteral("window"),
+      QStringLiteral("Of one file: shows its page in a window. Goes with no other option."));
+  parser.Qt().addOptions({output, format, study, sort, window});
   if (auto request = parser.Parse(arguments)) return *request;
   if (auto wrong = MistakeInFolder(command, parser, output)) return *wrong;
   const auto mistake = [&](const QString& text) { return MistakeIn(command, text); };
+  if (parser.IsSet(window)) {
+    const QString file = parser.Operands().first();
+    const bool isOne = parser.Operands().size() == 1 && parser.Qt().optionNames().size() == 1;
+    if (!isOne || KindOf(PathOf(file)) != FileKind::episodes) {
+      return mistake(
+          QStringLiteral("--window goes with one episode file (.eps) and nothing else."));
+    }
+    return OpenWindow{.file = PathOf(file), .picture = true};
+  }
   PictureCommand options;
   options.sources = PathsOf(parser.Operands());
   options.output = PathOf(parser.Value(output));

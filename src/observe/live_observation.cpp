@@ -12,6 +12,7 @@
 #include "model/texts.h"
 #include "observe/end_of_class.h"
 #include "store/numbers.h"
+#include "store/paths.h"
 #include "store/session_log.h"
 #include "store/text_encoding.h"
 
@@ -323,6 +324,16 @@ void LiveObservation::EndClass() {
     if (run_.awaitsSurvey) return focus_.Set({.kind = Kind::survey}, Caret::stay);
   }
   LeaveWithSurvey(services_, run_);
+}
+
+void LiveObservation::ShowPicture() {
+  if (!run_.awaitsSurvey) return;
+  const Program& program = services_.program;
+  const std::filesystem::path file = run_.storedElsewhere.empty()
+                                         ? EpsPath(program.DataPath, program.identity)
+                                         : run_.storedElsewhere;
+  if (!services_.screens.ShowReport(file, Screen::classPicture)) return;
+  services_.screens.Hide(Screen::liveObservation);
 }
 
 bool LiveObservation::MayEnd() {

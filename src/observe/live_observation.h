@@ -91,6 +91,8 @@ class LiveObservation {
   void CorrectTime();
   /// Ends the class, or leaves it once it is stored.
   void EndClass();
+  /// Shows the page of a class that is stored.
+  void ShowPicture();
   /// Handles a request to close the window. True when it may close.
   bool RequestClose();
 

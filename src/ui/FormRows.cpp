@@ -57,7 +57,7 @@ const Forms::Row& Forms::RowOf(Screen screen) {
        {.make = report([](Forms& forms, const ReportSubject& subject) {
           return MakeClassPictureForm(forms.services_, subject);
         }),
-        .over = {Screen::episodeEditor, Screen::study}}},
+        .over = {Screen::liveObservation, Screen::episodeEditor, Screen::study}}},
       {Screen::timeSummary,
        {.make = report([](Forms& forms, const ReportSubject& subject) {
           return MakeTimeSummaryForm(forms.services_, subject);

@@ -249,6 +249,9 @@ bool Forms::ShowReport(const std::filesystem::path& file, Screen report) {
   auto read = ReadForReports(services_, file);
   if (!read) return false;
   reported_ = SubjectOf(file, *std::move(read));
+  constexpr std::array kBegins = {Screen::liveObservation, Screen::study};
+  const auto* const begun = std::ranges::find_if(kBegins, [this](Screen s) { return IsOpen(s); });
+  reported_->back = begun == kBegins.end() ? Screen::mainMenu : *begun;
   Show(report);
   return loaded_.contains(report);
 }

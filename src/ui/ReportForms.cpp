@@ -53,7 +53,6 @@ ReportSubject SubjectOf(const std::filesystem::path& file, EpsObservation observ
   const auto number = asked == episodes.end() ? 1 : asked - episodes.begin() + 1;
   return {.observation = std::move(observation),
           .episode = static_cast<int>(number),
-          .back = Screen::study,
           .file = file,
           .isOpen = false};
 }
@@ -64,6 +63,8 @@ std::unique_ptr<frmClassPicture> MakeClassPictureForm(const Services& services,
   auto form = std::make_unique<frmClassPicture>(LoggedClassOf(subject.observation, file, {}), file,
                                                 PrintingOf(services));
   LeadBack(services, form.get(), &frmClassPicture::Back, Screen::classPicture, subject.back);
+  // A class that waits for its survey is still in memory, where the editor would take its place.
+  form->AllowOpening(subject.back != Screen::liveObservation);
   QObject::connect(form.get(), &frmClassPicture::OpenQuestion, form.get(),
                    [&screens = services.screens, file, isOpen = subject.isOpen](
                        int episode, int question, const std::string& text) {

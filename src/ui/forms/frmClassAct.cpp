@@ -107,17 +107,19 @@ void frmClassAct::ConnectButtons() {
   button(ui_->cmdFieldNote, &LiveObservation::EditFieldNotes);
   button(ui_->Command1, &LiveObservation::CorrectTime);
   button(ui_->Command7, &LiveObservation::OpenSurvey);
+  button(ui_->cmdPicture, &LiveObservation::ShowPicture);
   button(ui_->cmdQuit, &LiveObservation::EndClass);
   connect(ui_->cmdOfftaskActive, &QPushButton::clicked, this, [this] {
     clocks_.Offtask().TakeEstimate();
     Refresh();
   });
-  new FormKeys(this, {.asking = {ui_->cmdStartNewEp, ui_->cmdStartNewSg, ui_->Command9,
-                                 ui_->cmdReview, ui_->cmdProof, ui_->cmdFieldNote, ui_->Command1,
-                                 ui_->Command7, ui_->cmdOfftaskActive, ui_->cmdQuit},
-                      .own = [this](const QWidget* control, const QKeyEvent& key) {
-                        return TakeKey(control, key);
-                      }});
+  new FormKeys(this,
+               {.asking = {ui_->cmdStartNewEp, ui_->cmdStartNewSg, ui_->Command9, ui_->cmdReview,
+                           ui_->cmdProof, ui_->cmdFieldNote, ui_->Command1, ui_->Command7,
+                           ui_->cmdPicture, ui_->cmdOfftaskActive, ui_->cmdQuit},
+                .own = [this](const QWidget* control, const QKeyEvent& key) {
+                  return TakeKey(control, key);
+                }});
 }
 
 QTimer* frmClassAct::AddTimer(const char* name, int interval, std::function<void()> tick) {
@@ -218,6 +220,7 @@ void frmClassAct::ShowWaiting(bool forSurvey) {
                                                        ui_->cmdFieldNote}) {
     part->setVisible(!forSurvey);
   }
+  ui_->cmdPicture->setVisible(forSurvey);
   for (QWidget* part : std::initializer_list<QWidget*>{ui_->Frame2, ui_->Frame3,
                                                        ui_->lblEpisodeName, ui_->txtEpisodeName}) {
     part->setEnabled(!forSurvey);

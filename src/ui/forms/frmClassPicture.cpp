@@ -86,6 +86,10 @@ void frmClassPicture::Refresh() {
                                   "Plus and Minus zoom, Left and Right move, 0 shows all."));
 }
 
+void frmClassPicture::AllowOpening(bool allowed) {
+  ui_->cmdOpen->setVisible(allowed);
+}
+
 /// Says the whole question, and what it was coded as.
 QString frmClassPicture::TextOf(const ClassPicture::QuestionTick& tick) const {
   const Episode& episode = shown_->observation.Episodes[static_cast<std::size_t>(tick.episode - 1)];
@@ -95,7 +99,8 @@ QString frmClassPicture::TextOf(const ClassPicture::QuestionTick& tick) const {
 }
 
 void frmClassPicture::Open() {
-  if (const auto* marked = ui_->view->Marked()) {
+  const auto* const marked = ui_->view->Marked();
+  if (marked && !ui_->cmdOpen->isHidden()) {
     Q_EMIT OpenQuestion(marked->episode, marked->number, marked->text);
   }
 }

@@ -28,6 +28,8 @@ class frmClassPicture : public QWidget {
   ~frmClassPicture() override;
 
   void Refresh();
+  /// Whether questions can be opened; they can unless this says otherwise.
+  void AllowOpening(bool allowed);
 
  Q_SIGNALS:
   /// The form is left, by its button or otherwise, and is to be closed.
