@@ -4,10 +4,12 @@
 #include <QString>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "app/painted_files.h"
 #include "commands/named_sources.h"
+#include "store/text_encoding.h"
 #include "study/logged_class.h"
 #include "ui/picture/ClassPage.h"
 #include "ui/picture/PictureFile.h"
@@ -23,6 +25,12 @@ QByteArray PictureOf(const LoggedClass& shown, PictureFormat format) {
     page.Paint(painter, sheet.area, sheet.font, sheet.palette, page.Whole());
   };
   return PictureFile(ToQt(page.Picture().title), paint, format);
+}
+
+/// "Spring" for "data/Spring/" and for "." in there.
+std::filesystem::path NameOfFolder(const std::filesystem::path& folder) {
+  std::error_code unknown;
+  return std::filesystem::canonical(folder, unknown).filename();
 }
 
 /// Stores the pages of a study, in one file where the format can hold them all.
@@ -60,7 +68,11 @@ bool PaintStudy(const PictureCommand& command, const FileList& list, const Paint
   });
   if (rows.empty() || IsInterrupted(console)) return false;
   const bool isWhole = rows.size() == list.files.size();
-  const StudyPage page(MakeStudyPicture(std::move(rows), command.order));
+  const Source& source = list.sources.front();
+  const bool isFolder = list.sources.size() == 1 && source.kind == Source::Kind::folder;
+  const std::filesystem::path folder = isFolder ? NameOfFolder(source.path) : "";
+  const StudyPage page(MakeStudyPicture(std::move(rows), command.order),
+                       ToQt(Decode(folder.string()).text));
   return StorePages(page, command.format, files, console) && isWhole;
 }
 

@@ -16,7 +16,9 @@ std::string Joined(const std::vector<std::filesystem::path>& files) {
 }
 
 struct Describe {
-  std::string operator()(const OpenWindow& r) const { return "window " + r.file.string(); }
+  std::string operator()(const OpenWindow& r) const {
+    return (r.picture ? "picture " : "window ") + r.file.string();
+  }
   std::string operator()(const ShowText& r) const { return "text " + r.text.substr(0, 6); }
   std::string operator()(const Mistake& r) const {
     const bool hint = r.text.find("\nTry 'orvex") != std::string::npos;
@@ -25,6 +27,14 @@ struct Describe {
   std::string operator()(const CheckCommand& r) const { return "check" + Joined(r.sources); }
   std::string operator()(const ReportCommand& r) const {
     return (r.json ? "json" : "report") + Joined(r.sources);
+  }
+  std::string operator()(const ReportPdfCommand& r) const {
+    return "report pdf" + Joined(r.sources) + " to " + r.output.string();
+  }
+  std::string operator()(const PictureCommand& r) const {
+    const std::string what = r.study ? "study by " + std::string(SchemeOf(r.order).id) : "classes";
+    return std::string(SchemeOf(r.format).id) + " of " + what + Joined(r.sources) + " to " +
+           r.output.string();
   }
   std::string operator()(const AgreeCommand& r) const {
     std::string text = (r.json ? "agree json" : "agree") + Joined(r.sources);
@@ -68,6 +78,22 @@ TEST(CommandLine, IsReadAsWhatItAsksFor) {
       {"agree DATA --csv out", "agree DATA within 5 > out"},
       {"agree a.eps b.eps c.eps --csv=out", "agree a.eps b.eps c.eps within 5 > out"},
       {"agree", "mistake"},
+      {"picture a.eps b.eps", "svg of classes a.eps b.eps to "},
+      {"picture DATA --format png --output out", "png of classes DATA to out"},
+      {"picture --study DATA", "svg of study by name DATA to "},
+      {"picture --study A B --sort off-task --format pdf", "pdf of study by off-task A B to "},
+      {"picture a.eps --window", "picture a.eps"},
+      {"picture a.eps b.eps --window", "mistake"},
+      {"picture a.sur --window", "mistake"},
+      {"picture a.eps --window --format svg", "mistake"},
+      {"picture", "mistake"},
+      {"picture DATA --sort name", "mistake"},
+      {"picture DATA --study --sort size", "mistake"},
+      {"picture DATA --format jpg", "mistake"},
+      {"picture DATA --output=", "mistake"},
+      {"report DATA --pdf --output out", "report pdf DATA to out"},
+      {"report DATA --pdf --json", "mistake"},
+      {"report DATA --output out", "mistake"},
       {"agree DATA --offset 3", "mistake"},
       {"agree DATA --pairs p.csv", "mistake"},
       {"agree a.eps b.eps --csv out", "mistake"},

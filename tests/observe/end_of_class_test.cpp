@@ -57,6 +57,8 @@ const std::string kFinished = "Have you finished Matrices?";
 
 TEST_F(EndOfClassTest, TheSurveyWaitsUntilItIsFilledInAndCanBeWritten) {
   TeachOneSegment();
+  live.ShowPicture();  // not before the end
+  EXPECT_TRUE(desk.screens.Take().empty());
   desk.prompter.Expect("Verify END OF CLASS", Answer::yes);
   desk.prompter.Expect(kFinished, Answer::no);
   live.EndClass();
@@ -68,6 +70,9 @@ TEST_F(EndOfClassTest, TheSurveyWaitsUntilItIsFilledInAndCanBeWritten) {
   live.OpenSurvey();
   EXPECT_EQ(desk.screens.Take(), (std::vector<std::string>{"close aboutText", "show survey for 0",
                                                            "hide liveObservation"}));
+  live.ShowPicture();
+  EXPECT_EQ(desk.screens.Take(),
+            (std::vector<std::string>{"show classPicture of 7-12-3.eps", "hide liveObservation"}));
   Survey answers;
   answers.ratings[0] = 2;
   live.FillSurvey(answers);
@@ -153,6 +158,9 @@ TEST_F(EndOfClassTest, AClassStoredElsewhereHasItsNotesAndItsSurveyThere) {
   EXPECT_EQ(desk.prompter.askedSaveFiles[0].defaultName, "7-12-3.eps");
   EXPECT_NE(FileBytes(stick / "x.nte").find(" 3 , 600 ,"), std::string::npos);
   EXPECT_EQ(FileBytes(stick / "x.nte.nte"), "\r\n");
+  desk.screens.Take();
+  live.ShowPicture();
+  EXPECT_EQ(desk.screens.Take().front(), "show classPicture of x.nte");
   live.EndClass();
   EXPECT_NE(FileBytes(stick / "x.nte.sur").find("MATRICES"), std::string::npos);
   EXPECT_FALSE(std::filesystem::exists(desk.folder / "SUR"));

@@ -46,11 +46,10 @@ StudyPicture StudyOf(int classes, double seconds = 3000) {
 
 /// A page as SVG, in which texts are texts.
 QByteArray Painted(const StudyPage& study, int page) {
-  const auto paint = [&](QPainter& painter, const QRectF& area, const QFont& font,
-                         const QPalette& palette) {
-    study.Paint(painter, area, font, palette, page);
+  const auto paint = [&](QPainter& painter, const PictureSheet& sheet) {
+    study.Paint(painter, sheet.area, sheet.font, sheet.palette, page);
   };
-  return PictureFile({QString(), paint}, PictureFormat::svg);
+  return PictureFile(QString(), paint, PictureFormat::svg);
 }
 
 TEST(StudyPages, HoldEveryClassOnceAndFillEvenly) {

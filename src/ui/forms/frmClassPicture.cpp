@@ -69,8 +69,14 @@ frmClassPicture::frmClassPicture(LoggedClass shown, std::filesystem::path file,
   key(QKeySequence::Copy, &frmClassPicture::Copy);
   key(QKeySequence::Save, &frmClassPicture::SaveAs);
   key(QKeySequence(Qt::Key_Escape), &QWidget::close);
+  const auto open = [this](const QWidget* control, const QKeyEvent& pressed) {
+    const bool opens = control == ui_->view && IsEnter(pressed);
+    if (opens) Open();
+    return opens;
+  };
   new FormKeys(this, {.asking = {ui_->chkEpisodes, ui_->cmdPrint, ui_->cmdPrintAll, ui_->cmdCopy,
-                                 ui_->cmdSaveAs}});
+                                 ui_->cmdSaveAs},
+                      .own = open});
   FocusVisibly(ui_->view);
 }
 

@@ -130,10 +130,6 @@ void ClassPageView::keyPressEvent(QKeyEvent* event) {
       return MarkNext(-1);
     case Qt::Key_Down:
       return MarkNext(1);
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      if (view_.marked) Q_EMIT Opened();
-      return;
     default:
       QWidget::keyPressEvent(event);
   }

@@ -11,7 +11,7 @@ namespace orvex {
 
 /// The page of a class on the screen. Plus, minus and the wheel zoom its time, 0 shows all of it;
 /// Left, Right, Home, End, the Page keys and dragging move it. Up, Down and a click mark a
-/// question, Enter and a double click open it.
+/// question, a double click opens it.
 class ClassPageView : public QWidget {
   Q_OBJECT
 
