@@ -112,6 +112,9 @@ class Screens {
   /// reports on a single episode are about the first one with questions. False when the file could
   /// not be read (the user has been told) or has nothing to report.
   virtual bool ShowReport(const std::filesystem::path& file, Screen report) = 0;
+  /// Shows the statistics of all questions of several classes, given by their episode files. One
+  /// that cannot be read is left out, and the user told. False when none is left.
+  virtual bool ShowStatistics(const std::vector<std::filesystem::path>& files) = 0;
   /// Compares two observations of a class, given by their episode files, and shows the agreement.
   /// `tolerance` is in seconds; nothing for the usual one. False when one of them could not be read
   /// (the user has been told).

@@ -237,6 +237,7 @@ constexpr std::array<Row, kCount> kTexts = {{
     {Text::dateOfObservation, "Date of Observation: %1"},
     {Text::observer, "Observer: %1"},
     {Text::episodeTitle, "%1 Episode %2"},
+    {Text::classes, "%1 classes"},
     {Text::timeSummaryTitle, "Time Summary for School %1, Class %2, Observation %3"},
     {Text::plotTotal, "Total Number of Questions: %1"},
     {Text::pace, "(questions per minute) %1"},

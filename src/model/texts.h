@@ -217,6 +217,7 @@ enum class Text {
   dateOfObservation,
   observer,
   episodeTitle,
+  classes,
   timeSummaryTitle,
   plotTotal,
   pace,

@@ -17,12 +17,26 @@ std::string EpisodeTitle(const Identity& identity, int episode) {
 }
 
 std::string EpisodeOrigin::Text() const {
+  if (date.empty() && observer.empty()) return description;
   const std::string text = date + "      " + observer;
   return description.empty() ? text : text + "\n" + description;
 }
 
 EpisodeOrigin OriginOf(const EpsHeader& header, const Episode& episode) {
   return {DateText(header), ObserverText(header), episode.Descript};
+}
+
+EpisodeOrigin OriginOf(std::span<const EpsObservation> classes) {
+  if (classes.size() == 1) {
+    const EpsHeader& header = classes.front().header;
+    return {DateText(header), ObserverText(header), {}};
+  }
+  EpisodeOrigin origin;
+  for (const EpsObservation& observation : classes) {
+    if (!origin.description.empty()) origin.description += ", ";
+    origin.description += observation.header.identity.ClassId();
+  }
+  return origin;
 }
 
 }  // namespace orvex

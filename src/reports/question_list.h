@@ -20,8 +20,8 @@ struct QuestionList {
   std::vector<std::vector<std::string>> rows;  ///< a cell for each column
 };
 
-/// `picture` is the one of the same episodes. It tells when the questions were asked; the time is
-/// left out where the session log does not say.
+/// `picture` is the one of the same episodes. It tells when the questions were asked, where the
+/// session log says; without any time there is no column for it.
 QuestionList MakeQuestionList(const EpisodeList& episodes, const ClassPicture& picture);
 
 }  // namespace orvex

@@ -165,6 +165,49 @@ std::string PaceText(double questionsPerMinute) {
   return Say(Text::pace, {FormatPattern(questionsPerMinute, "0.##")});
 }
 
+/// Questions of one episode or of several, and what they were asked in.
+struct CountedQuestions {
+  std::string title;
+  CodeCounts counts;
+  double seconds = 0;
+  float offtask = 0;  ///< the share of students
+};
+
+QuestionStatistics StatisticsOf(const CountedQuestions& counted) {
+  QuestionStatistics statistics;
+  const auto row = [&statistics](StatisticsLine line) -> StatisticsRow& {
+    return statistics.rows[static_cast<std::size_t>(line)];
+  };
+  const auto& rules = RowRules();
+  statistics.title = counted.title;
+  for (std::size_t i = 0; i < rules.size(); ++i) {
+    statistics.rows[i].heading = rules[i].emptyHeading;
+    statistics.rows[i].bar.resize(rules[i].segments.size());
+  }
+  row(StatisticsLine::authenticTeacher).count = Say(Text::notAvailable);
+  row(StatisticsLine::nonresponse).bar.resize(2);
+  statistics.counts = counted.counts;
+  const CodeCounts& counts = statistics.counts;
+  if (counts.Total == 0) return statistics;
+
+  for (std::size_t i = 0; i < rules.size(); ++i) {
+    StatisticsRow& filled = statistics.rows[i];
+    filled.heading = HeadingOf(rules[i], counts);
+    if (rules[i].shown != nullptr) filled.count = std::to_string(counts.*rules[i].shown);
+    filled.bar = BarOf(rules[i], counts);
+    filled.restIsUncoded = rules[i].restIsUncoded;
+  }
+  row(StatisticsLine::nonresponse).bar.push_back(RestOfNonresponses(counts));
+  statistics.questionsPerMinute = QuestionsPerMinute(counts.Total, counted.seconds);
+  if (!statistics.questionsPerMinute) {
+    statistics.message = Say(Text::cleanUpFirst);
+    return statistics;
+  }
+  statistics.pace = PaceText(*statistics.questionsPerMinute);
+  statistics.offtask = FormatPattern(100 * counted.offtask, "#0.#") + "%";
+  return statistics;
+}
+
 }  // namespace
 
 const std::array<std::pair<BarMeaning, std::string_view>, 4> kStatisticsLegend = {{
@@ -200,40 +243,44 @@ double StatisticsRow::FilledLength() const {
   return length;
 }
 
+std::optional<double> MeanOfftask(const EpisodeList& episodes) {
+  double weights = 0;
+  double weighted = 0;
+  for (const Episode& episode : episodes) {
+    if (episode.questions.empty()) continue;
+    weights += episode.duration();
+    weighted += episode.duration() * static_cast<double>(episode.offtask);
+  }
+  return weights > 0 ? std::optional(weighted / weights) : std::nullopt;
+}
+
 QuestionStatistics MakeQuestionStatistics(const Identity& identity, int number,
                                           const Episode& episode) {
-  QuestionStatistics statistics;
-  const auto row = [&statistics](StatisticsLine line) -> StatisticsRow& {
-    return statistics.rows[static_cast<std::size_t>(line)];
-  };
-  const auto& rules = RowRules();
-  statistics.title = EpisodeTitle(identity, number);
-  for (std::size_t i = 0; i < rules.size(); ++i) {
-    statistics.rows[i].heading = rules[i].emptyHeading;
-    statistics.rows[i].bar.resize(rules[i].segments.size());
-  }
-  row(StatisticsLine::authenticTeacher).count = Say(Text::notAvailable);
-  row(StatisticsLine::nonresponse).bar.resize(2);
-  if (episode.questions.empty()) return statistics;
+  return StatisticsOf({.title = EpisodeTitle(identity, number),
+                       .counts = CountCodes(episode.questions),
+                       .seconds = episode.duration(),
+                       .offtask = episode.offtask});
+}
 
-  statistics.counts = CountCodes(episode.questions);
-  const CodeCounts& counts = statistics.counts;
-  for (std::size_t i = 0; i < rules.size(); ++i) {
-    StatisticsRow& filled = statistics.rows[i];
-    filled.heading = HeadingOf(rules[i], counts);
-    if (rules[i].shown != nullptr) filled.count = std::to_string(counts.*rules[i].shown);
-    filled.bar = BarOf(rules[i], counts);
-    filled.restIsUncoded = rules[i].restIsUncoded;
+QuestionStatistics MakeQuestionStatistics(std::span<const EpsObservation> classes) {
+  CountedQuestions counted;
+  counted.title = classes.size() == 1 ? classes.front().header.identity.ClassId()
+                                      : Say(Text::classes, {classes.size()});
+  double offtask = 0;
+  int withOfftask = 0;
+  for (const auto& [header, episodes] : classes) {
+    for (const Episode& episode : episodes) {
+      counted.seconds += episode.duration();
+      for (const questionInfo& question : episode.questions)
+        CountQuestion(question, counted.counts);
+    }
+    const auto mean = MeanOfftask(episodes);
+    if (!mean) continue;
+    offtask += *mean;
+    ++withOfftask;
   }
-  row(StatisticsLine::nonresponse).bar.push_back(RestOfNonresponses(counts));
-  statistics.questionsPerMinute = QuestionsPerMinute(counts.Total, episode.duration());
-  if (!statistics.questionsPerMinute) {
-    statistics.message = Say(Text::cleanUpFirst);
-    return statistics;
-  }
-  statistics.pace = PaceText(*statistics.questionsPerMinute);
-  statistics.offtask = FormatPattern(100 * episode.offtask, "#0.#") + "%";
-  return statistics;
+  if (withOfftask > 0) counted.offtask = static_cast<float>(offtask / withOfftask);
+  return StatisticsOf(counted);
 }
 
 std::string TextOf(const QuestionStatistics& statistics) {

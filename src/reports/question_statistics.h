@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "model/program.h"
+#include "store/eps_file.h"
 
 namespace orvex {
 
@@ -42,6 +43,10 @@ CodeCounts CountCodes(const EpisodeList& episodes);
 
 /// The pace of so many questions in so many seconds; nothing where there is no time.
 std::optional<double> QuestionsPerMinute(int questions, double seconds);
+
+/// The share of students off task in a class, 0 to 1: the mean over its episodes, weighted by their
+/// lengths. Nothing for a class without questions: an episode has its mean only with questions.
+std::optional<double> MeanOfftask(const EpisodeList& episodes);
 
 /// What a colour in a bar means. `none` is the form's own background.
 enum class BarMeaning { positive, no, negative, uncoded, none };
@@ -91,9 +96,9 @@ inline constexpr int kStatisticsLines = 11;
 /// The first line of the section "RESPONSE"; the lines before it form the section "QUESTIONS".
 inline constexpr StatisticsLine kFirstResponseLine = StatisticsLine::nonresponse;
 
-/// The statistics of an episode's questions, as texts and bars.
+/// The statistics of questions, as texts and bars.
 struct QuestionStatistics {
-  std::string title;  ///< "7-12-3 Episode 2"
+  std::string title;  ///< "7-12-3 Episode 2", "7-12-3", "12 classes"
   CodeCounts counts;
   std::array<StatisticsRow, kStatisticsLines> rows;
   std::optional<double> questionsPerMinute;  ///< nothing without questions or time
@@ -110,6 +115,11 @@ struct QuestionStatistics {
 /// questions gets headings only.
 QuestionStatistics MakeQuestionStatistics(const Identity& identity, int number,
                                           const Episode& episode);
+
+/// The statistics of all questions of these classes, of which there is at least one. Their pace is
+/// that over the classes' whole time, and a class counts for as much as any other in the share of
+/// students off task.
+QuestionStatistics MakeQuestionStatistics(std::span<const EpsObservation> classes);
 
 /// The statistics as lines of tab-separated fields.
 std::string TextOf(const QuestionStatistics& statistics);

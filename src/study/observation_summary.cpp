@@ -8,8 +8,6 @@ namespace orvex {
 
 ObservationSummary Summarize(const EpisodeList& episodes) {
   ObservationSummary summary;
-  double weights = 0;
-  double weighted = 0;
   for (const Episode& episode : episodes) {
     ++summary.episodes;
     summary.segments += static_cast<int>(episode.segments.size());
@@ -20,12 +18,9 @@ ObservationSummary Summarize(const EpisodeList& episodes) {
         static_cast<int>(std::ranges::count_if(episode.questions, [](const auto& question) {
           return !FindMissingCodes(question).None();
         }));
-    if (episode.questions.empty()) continue;
-    weights += episode.duration();
-    weighted += episode.duration() * static_cast<double>(episode.offtask);
   }
   summary.counts = CountCodes(episodes);
-  if (weights > 0) summary.offtask = weighted / weights;
+  summary.offtask = MeanOfftask(episodes);
   return summary;
 }
 

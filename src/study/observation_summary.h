@@ -15,12 +15,9 @@ struct ObservationSummary {
   int spells = 0;      ///< dialogic spells
   double seconds = 0;  ///< the length of all segments
   ActivityTimes times{};
-  CodeCounts counts;      ///< of all questions
-  int notFullyCoded = 0;  ///< questions of which something is missing
-  /// The mean proportion of students off task, 0 to 1: the episodes' means, weighted by the
-  /// episodes' lengths. Nothing for a class without questions: an episode has its mean only with
-  /// questions.
-  std::optional<double> offtask;
+  CodeCounts counts;              ///< of all questions
+  int notFullyCoded = 0;          ///< questions of which something is missing
+  std::optional<double> offtask;  ///< see MeanOfftask
 };
 ObservationSummary Summarize(const EpisodeList& episodes);
 

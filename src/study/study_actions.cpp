@@ -136,6 +136,18 @@ void StudyActions::MakeTables(const Study& study, const std::vector<std::size_t>
   services_.screens.ShowTables(selection);
 }
 
+void StudyActions::ShowStatistics(const Study& study, const std::vector<std::size_t>& selected) {
+  std::vector<fs::path> files;
+  for (const std::size_t position : selected) {
+    const StudyRow& row = study.Row(position);
+    if (IsPossible(StudyAction::showStatistics, row)) files.push_back(row.File(FileKind::episodes));
+  }
+  services_.program = before_;
+  if (!files.empty() && services_.screens.ShowStatistics(files)) {
+    services_.screens.Hide(Screen::study);
+  }
+}
+
 void StudyActions::ShowAgreement(const Study& study, const std::vector<std::size_t>& selected) {
   std::vector<const StudyRow*> rows;
   const auto add = [&](std::size_t position) {

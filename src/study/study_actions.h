@@ -41,6 +41,8 @@ class StudyActions {
   void Do(StudyAction action, const StudyRow& row);
   /// Opens the question editor above the episode editor.
   void EditQuestion(const QuestionRow& question);
+  /// Shows the statistics of all questions of the rows at the positions `selected`.
+  void ShowStatistics(const Study& study, const std::vector<std::size_t>& selected);
   /// Lets the user make tables of what `study` shows, or of its rows at the positions `selected`.
   void MakeTables(const Study& study, const std::vector<std::size_t>& selected);
   /// Shows how far observers agree: on the class of two rows that are selected, on the pairs among

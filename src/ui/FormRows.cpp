@@ -71,9 +71,12 @@ const Forms::Row& Forms::RowOf(Screen screen) {
       {Screen::questionPlot,
        {.make = report([](Forms& forms, const ReportSubject& subject) {
           const auto* stats = forms.Get<frmQuestionStats>();
-          const bool fromStats = stats && stats->isVisible();
-          return MakeQuestionPlotForm(forms.services_, subject,
-                                      fromStats ? Screen::questionStats : subject.back);
+          if (!stats || !stats->isVisible()) {
+            return MakeQuestionPlotForm(forms.services_, subject, subject.back);
+          }
+          ReportSubject shown = subject;
+          shown.episode = stats->Episode();
+          return MakeQuestionPlotForm(forms.services_, shown, Screen::questionStats);
         }),
         .over = {Screen::episodeEditor, Screen::study}}},
       {Screen::questionEditor,

@@ -32,6 +32,7 @@
 #include "ui/forms/frmListOfFiles.h"
 #include "ui/forms/frmMatrices.h"
 #include "ui/forms/frmQA.h"
+#include "ui/forms/frmQuestionStats.h"
 #include "ui/widgets/FitToScreen.h"
 
 namespace orvex {
@@ -143,6 +144,9 @@ void Forms::ShowQuestionEditor(EditorCaller caller, bool proofMode) {
   } else {
     auto* edit = Get<frmClassEdit>();
     if (edit) {
+      // The statistics may have gone on to another episode.
+      const auto* stats = Get<frmQuestionStats>();
+      if (caller == EditorCaller::statistics && stats) edit->Editor().ShowEpisode(stats->Episode());
       start.episode = edit->Editor().CurrentEpisode();
       edit->Editor().LeaveBox();
     }
@@ -254,6 +258,17 @@ bool Forms::ShowReport(const std::filesystem::path& file, Screen report) {
   reported_->back = begun == kBegins.end() ? Screen::mainMenu : *begun;
   Show(report);
   return loaded_.contains(report);
+}
+
+bool Forms::ShowStatistics(const std::vector<std::filesystem::path>& files) {
+  std::vector<EpsObservation> classes;
+  for (const std::filesystem::path& file : files) {
+    if (auto read = ReadForReports(services_, file)) classes.push_back(*std::move(read));
+  }
+  if (classes.empty()) return false;
+  Load(Screen::questionStats, MakeQuestionStatsForm(services_, classes));
+  BringToFront(Screen::questionStats);
+  return true;
 }
 
 bool Forms::ShowAgreement(const std::filesystem::path& first, const std::filesystem::path& second,

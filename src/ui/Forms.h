@@ -48,6 +48,7 @@ class Forms : public Screens {
   bool ShowQuestions(const std::filesystem::path& file, int episode) override;
   bool ShowFirstGap(const std::filesystem::path& file) override;
   bool ShowReport(const std::filesystem::path& file, Screen report) override;
+  bool ShowStatistics(const std::vector<std::filesystem::path>& files) override;
   bool ShowAgreement(const std::filesystem::path& first, const std::filesystem::path& second,
                      std::optional<int> tolerance) override;
   void ShowAgreements(const std::vector<std::filesystem::path>& files) override;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <utility>
+#include <vector>
 
 #include "editor/episode_editor.h"
 #include "reports/episode_origin.h"
@@ -14,6 +15,7 @@
 #include "ui/forms/frmQuestionPlot.h"
 #include "ui/forms/frmQuestionStats.h"
 #include "ui/forms/frmTimeSummary.h"
+#include "ui/print/PrintedClass.h"
 
 namespace orvex {
 namespace {
@@ -36,6 +38,35 @@ void LeadBack(const Services& services, Form* form, Signal leave, Screen self, S
     screens.Show(back);
     screens.Close(self);
   });
+}
+
+/// Lets "Print All" of `form` store all reports on the subject's class.
+template <typename Form>
+void OfferAll(const Services& services, Form* form, const ReportSubject& subject) {
+  QObject::connect(
+      form, &Form::PrintAll, form,
+      [printing = PrintingOf(services), observation = subject.observation, file = subject.file] {
+        SaveClassPdf(LoggedClassOf(observation, file, {}), file.parent_path(), printing);
+      });
+}
+
+/// The pages of a report on single episodes, `make` making it: of those with questions, and of the
+/// one that the subject names.
+template <typename Page, typename Make>
+std::vector<Page> PagesOf(const ReportSubject& subject, const Make& make) {
+  std::vector<Page> pages;
+  int number = 0;
+  for (const Episode& episode : subject.observation.Episodes) {
+    ++number;
+    if (episode.questions.empty() && number != subject.episode) continue;
+    pages.push_back({number, make(number, episode), OriginOf(subject.observation.header, episode)});
+  }
+  return pages;
+}
+
+/// The statistics of all questions of these classes.
+StatisticsPage WholeOf(std::span<const EpsObservation> classes) {
+  return {0, MakeQuestionStatistics(classes), OriginOf(classes)};
 }
 
 }  // namespace
@@ -84,29 +115,31 @@ std::unique_ptr<frmTimeSummary> MakeTimeSummaryForm(const Services& services,
   auto form = std::make_unique<frmTimeSummary>(
       MakeTimeSummary(observation.header, observation.Episodes), PrintingOf(services));
   LeadBack(services, form.get(), &frmTimeSummary::Menu, Screen::timeSummary, subject.back);
+  OfferAll(services, form.get(), subject);
   return form;
 }
 
 std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services,
                                                         const ReportSubject& subject) {
-  const Episode* episode = EpisodeOf(subject);
-  if (!episode) return nullptr;
+  if (!EpisodeOf(subject)) return nullptr;
   const EpsHeader& header = subject.observation.header;
+  auto pages = PagesOf<StatisticsPage>(subject, [&](int number, const Episode& episode) {
+    return MakeQuestionStatistics(header.identity, number, episode);
+  });
   auto form = std::make_unique<frmQuestionStats>(
-      MakeQuestionStatistics(header.identity, subject.episode, *episode),
-      OriginOf(header, *episode), PrintingOf(services));
+      std::move(pages), subject.episode, WholeOf({&subject.observation, 1}), PrintingOf(services));
   LeadBack(services, form.get(), &frmQuestionStats::Menu, Screen::questionStats, subject.back);
+  OfferAll(services, form.get(), subject);
   Screens& screens = services.screens;
-  QObject::connect(
-      form.get(), &frmQuestionStats::EditQuestions, form.get(),
-      [&screens, file = subject.file, isOpen = subject.isOpen, number = subject.episode] {
-        if (isOpen) {
-          screens.ShowQuestionEditor(EditorCaller::statistics, false);
-        } else if (!screens.ShowQuestions(file, number)) {
-          return;
-        }
-        screens.Close(Screen::questionStats);
-      });
+  QObject::connect(form.get(), &frmQuestionStats::EditQuestions, form.get(),
+                   [&screens, shown = form.get(), file = subject.file, isOpen = subject.isOpen] {
+                     if (isOpen) {
+                       screens.ShowQuestionEditor(EditorCaller::statistics, false);
+                     } else if (!screens.ShowQuestions(file, shown->Episode())) {
+                       return;
+                     }
+                     screens.Close(Screen::questionStats);
+                   });
   QObject::connect(form.get(), &frmQuestionStats::Plot, form.get(), [&screens] {
     screens.Show(Screen::questionPlot);
     screens.Hide(Screen::questionStats);
@@ -114,15 +147,25 @@ std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services
   return form;
 }
 
+std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services,
+                                                        std::span<const EpsObservation> classes) {
+  auto form = std::make_unique<frmQuestionStats>(std::vector<StatisticsPage>(), 0, WholeOf(classes),
+                                                 PrintingOf(services));
+  LeadBack(services, form.get(), &frmQuestionStats::Menu, Screen::questionStats, Screen::study);
+  return form;
+}
+
 std::unique_ptr<frmQuestionPlot> MakeQuestionPlotForm(const Services& services,
                                                       const ReportSubject& subject, Screen back) {
-  const Episode* episode = EpisodeOf(subject);
-  if (!episode) return nullptr;
-  const EpsHeader& header = subject.observation.header;
-  auto form = std::make_unique<frmQuestionPlot>(
-      MakeQuestionPlot(header.identity, subject.episode, *episode), OriginOf(header, *episode),
-      PrintingOf(services));
+  if (!EpisodeOf(subject)) return nullptr;
+  const Identity& identity = subject.observation.header.identity;
+  auto pages = PagesOf<PlotPage>(subject, [&](int number, const Episode& episode) {
+    return MakeQuestionPlot(identity, number, episode);
+  });
+  auto form =
+      std::make_unique<frmQuestionPlot>(std::move(pages), subject.episode, PrintingOf(services));
   LeadBack(services, form.get(), &frmQuestionPlot::Back, Screen::questionPlot, back);
+  OfferAll(services, form.get(), subject);
   return form;
 }
 

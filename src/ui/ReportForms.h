@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <span>
 
 #include "desk/screens.h"
 #include "desk/services.h"
@@ -37,6 +38,9 @@ std::unique_ptr<frmTimeSummary> MakeTimeSummaryForm(const Services& services,
                                                     const ReportSubject& subject);
 std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services,
                                                         const ReportSubject& subject);
+/// The statistics of several classes.
+std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services,
+                                                        std::span<const EpsObservation> classes);
 /// `back` is the form to show again when the user leaves the plot.
 std::unique_ptr<frmQuestionPlot> MakeQuestionPlotForm(const Services& services,
                                                       const ReportSubject& subject, Screen back);

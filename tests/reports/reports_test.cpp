@@ -4,6 +4,9 @@
 #include <utility>
 
 #include "model/wording.h"
+#include "reports/class_log.h"
+#include "reports/class_picture.h"
+#include "reports/question_list.h"
 #include "reports/question_plot.h"
 #include "reports/question_statistics.h"
 #include "reports/time_summary.h"
@@ -62,6 +65,56 @@ TEST(QuestionStatistics, PasteAsFieldsAndSayWhatIsMissing) {
   EXPECT_EQ(unclean.message, "Questions need to be cleaned up first.");
   EXPECT_EQ(unclean.Row(StatisticsLine::normal).bar[0].caption, "9") << "filled as far as it goes";
   EXPECT_EQ(unclean.pace + unclean.offtask, "");
+}
+
+TEST(QuestionStatistics, CountAWholeClassAndSeveral) {
+  // An episode without questions takes time, but has no share of students off task.
+  EpsObservation first = {{}, {Asked("TT"), Asked("S"), Asked("")}};
+  first.header.identity = kIdentity;
+  first.Episodes[0].offtask = 0.1F;
+  first.Episodes[1].offtask = 0.3F;
+  first.Episodes[1].segments[0].duration = 960;
+  first.Episodes[2].offtask = 0.9F;
+  EpsObservation second = {{}, {Asked("TSSSS")}};
+  second.Episodes[0].offtask = 0.5F;
+  const EpsObservation none = {{}, {Asked("")}};
+  const struct {
+    std::vector<EpsObservation> classes;
+    const char* texts;
+    int total;
+    int ofStudents;
+  } cases[] = {
+      {{first}, "7-12-3 | (questions per minute) 0.09 | 23.3%", 3, 1},
+      {{first, second}, "2 classes | (questions per minute) 0.2 | 36.7%", 8, 5},
+      {{first, second, none}, "3 classes | (questions per minute) 0.17 | 36.7%", 8, 5},
+      {{none, none}, "2 classes |  | ", 0, 0},
+  };
+  for (const auto& [classes, texts, total, ofStudents] : cases) {
+    const QuestionStatistics statistics = MakeQuestionStatistics(classes);
+    EXPECT_EQ(statistics.title + " | " + statistics.pace + " | " + statistics.offtask, texts);
+    EXPECT_EQ(statistics.counts.Total, total);
+    EXPECT_EQ(statistics.counts.StudentQ, ofStudents);
+  }
+}
+
+TEST(QuestionLists, HaveARowForEveryQuestionAndTheTimesThatAreKnown) {
+  EpisodeList episodes = {Asked("T"), Asked("ST")};
+  for (Episode& episode : episodes) {
+    for (questionInfo& question : episode.questions) question.iSgQ = 1;
+  }
+  episodes[1].questions[1].question = "Why\tnot?";
+  ClassLog log = {.begin = 32400};
+  log.questions = {{{.second = 900}, "Why\tnot?"}};
+  const QuestionList logged = MakeQuestionList(episodes, MakeClassPicture({}, episodes, &log));
+  ASSERT_EQ(logged.rows.size(), 3U);
+  for (const auto& row : logged.rows) EXPECT_EQ(row.size(), logged.columns.size());
+  EXPECT_EQ(logged.rows[2][0], "2.2");
+  EXPECT_EQ(logged.rows[2][1], "09:15");
+  EXPECT_EQ(logged.rows[2][3], "Why\tnot?");
+  EXPECT_EQ(logged.rows[0][1], "");
+  EXPECT_EQ(logged.rows[1][4], "S");
+  const QuestionList unlogged = MakeQuestionList(episodes, MakeClassPicture({}, episodes, nullptr));
+  EXPECT_EQ(unlogged.rows[2][1], "Question/Answer") << "no column of times";
 }
 
 TEST(TimeSummary, AddsUpWhatAClassDidHoweverLong) {

@@ -66,6 +66,10 @@ class RecordingScreens : public Screens {
     moves.push_back("show " + Name(report) + " of " + file.filename().string());
     return episodeFileIsGood;
   }
+  bool ShowStatistics(const std::vector<std::filesystem::path>& files) override {
+    moves.push_back("show statistics of " + std::to_string(files.size()));
+    return episodeFileIsGood;
+  }
   bool ShowAgreement(const std::filesystem::path& first, const std::filesystem::path& second,
                      std::optional<int> tolerance) override {
     moves.push_back("show agreement of " + first.filename().string() + " and " +

@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
 #include <QDialog>
 #include <QHeaderView>
 #include <QLabel>
@@ -234,6 +235,7 @@ TEST_F(StudyTest, OpensWhatAnObservationHasAndLeadsBack) {
   GoTo("22-5-11");
   const std::tuple<const char*, const char*, const char*> moves[] = {
       {"{Ctrl+T}", "frmTimeSummary", "{Alt+M}"},
+      {"{Ctrl+P}", "frmClassPicture", "{Esc}"},
       {"{Ctrl+S}", "frmQuestionStats", "{Alt+M}"},
       {"{Ctrl+S}", "frmQuestionStats", "{Alt+P}{Alt+B}{Alt+M}"},
   };
@@ -245,9 +247,19 @@ TEST_F(StudyTest, OpensWhatAnObservationHasAndLeadsBack) {
     EXPECT_TRUE(Shown("frmStudy")) << keys;
     EXPECT_EQ(Form(form), nullptr) << keys;
   }
+  Keys("{Shift+Down}{Ctrl+S}");
+  EXPECT_EQ(FromQt(Find<QLabel>(*Form("frmQuestionStats"), "Label14")->text()), "2 classes");
+  Keys("{Alt+M}");
+  GoTo("22-5-11");
   // From the statistics on to the questions, which need the editor.
-  Keys("{Ctrl+S}{Alt+E}");
+  Keys("{Ctrl+S}{PgDown}");
+  const QString episode = Find<QLabel>(*Form("frmQuestionStats"), "Label14")->text();
+  Keys("{Alt+P}");
+  EXPECT_EQ(Find<QLabel>(*Form("frmQuestionPlot"), "Label1")->text(), episode);
+  Keys("{Alt+B}{Alt+E}");
   ASSERT_TRUE(Shown("frmQA"));
+  EXPECT_TRUE(episode.endsWith(QLatin1String("Episode ") +
+                               Find<QComboBox>(*Form("frmQA"), "Combo1")->currentText()));
   EXPECT_EQ(Form("frmQuestionStats"), nullptr);
   Keys("{Alt+R}");
   ASSERT_TRUE(Shown("frmClassEdit"));

@@ -83,7 +83,8 @@ EpisodeOrigin Origin() {
 
 TEST(QuestionStatsForm, KeepsTheProportionsOfItsBars) {
   Desk desk;
-  frmQuestionStats form(Statistics(60), Origin(), Printing{desk.prompter, desk.storage});
+  frmQuestionStats form({{2, Statistics(60), Origin()}}, 2, {},
+                        Printing{desk.prompter, desk.storage});
   Activate(form);
   EXPECT_EQ(Find<QLabel>(form, "Label31")->text(),
             QLatin1String("Teacher 40 / Student Questions 20"));
@@ -110,7 +111,7 @@ TEST(QuestionStatsForm, TellsOnceWhatKeptItFromBeingFilled) {
   Desk desk;
   Episode episode = Lesson(3);
   episode.segments.clear();
-  frmQuestionStats form(MakeQuestionStatistics(kIdentity, 2, episode), Origin(),
+  frmQuestionStats form({{2, MakeQuestionStatistics(kIdentity, 2, episode), Origin()}}, 2, {},
                         Printing{desk.prompter, desk.storage});
   Activate(form);
   desk.prompter.Expect("Questions need to be cleaned up first.", Answer::ok);
@@ -124,7 +125,8 @@ TEST(QuestionStatsForm, TellsOnceWhatKeptItFromBeingFilled) {
 
 TEST(QuestionStatsForm, LeadsOnByKeyAndButton) {
   Desk desk;
-  frmQuestionStats form(Statistics(3), Origin(), Printing{desk.prompter, desk.storage});
+  frmQuestionStats form({{2, Statistics(3), Origin()}}, 2, {},
+                        Printing{desk.prompter, desk.storage});
   Activate(form);
   const QSignalSpy menu(&form, &frmQuestionStats::Menu);
   const QSignalSpy edit(&form, &frmQuestionStats::EditQuestions);
@@ -137,6 +139,50 @@ TEST(QuestionStatsForm, LeadsOnByKeyAndButton) {
   EXPECT_EQ(plot.count(), 1);
   Keys("{Ctrl+C}");
   EXPECT_EQ(FromQt(QApplication::clipboard()->text()), TextOf(Statistics(3)));
+}
+
+TEST(QuestionStatsForm, GoesThroughTheEpisodesAndShowsTheWholeClass) {
+  Desk desk;
+  const EpsObservation whole = {Header(), {Lesson(3), Lesson(0), Lesson(5)}};
+  std::vector<StatisticsPage> pages;
+  for (const int number : {1, 3}) {
+    const Episode& episode = whole.Episodes[static_cast<std::size_t>(number - 1)];
+    pages.push_back({number, MakeQuestionStatistics(kIdentity, number, episode), Origin()});
+  }
+  const QuestionStatistics ofAll = MakeQuestionStatistics({&whole, 1});
+  frmQuestionStats form(pages, 3, {0, ofAll, {}}, Printing{desk.prompter, desk.storage});
+  Activate(form);
+  const auto shown = [&form] {
+    return FromQt(Find<QLabel>(form, "Label14")->text() + QLatin1Char(' ') +
+                  Find<QLabel>(form, "Label1_0")->text());
+  };
+  EXPECT_EQ(shown(), "7-12-3 Episode 3 5");
+  Keys("{PgDown}");
+  EXPECT_EQ(shown(), "7-12-3 Episode 3 5");
+  Keys("{PgUp}{PgUp}");
+  EXPECT_EQ(shown(), "7-12-3 Episode 1 3");
+  Keys("{Alt+W}");
+  EXPECT_EQ(shown(), "7-12-3 8");
+  EXPECT_EQ(form.Episode(), 1);
+  Keys("{Ctrl+C}");
+  EXPECT_EQ(FromQt(QApplication::clipboard()->text()), TextOf(ofAll));
+  Keys("{PgDown}");  // back to the episode
+  EXPECT_EQ(shown(), "7-12-3 Episode 1 3");
+  Keys("{Alt+W}{Alt+T}");
+  EXPECT_EQ(shown(), "7-12-3 Episode 1 3");
+
+  frmQuestionPlot plot({{1, Plot(3), {}}, {3, Plot(5), {}}}, 1,
+                       Printing{desk.prompter, desk.storage});
+  Activate(plot);
+  Keys("{PgDown}");
+  EXPECT_EQ(FromQt(Find<QLabel>(plot, "Label7")->text()), "Total Number of Questions: 5");
+
+  // Of several classes there is nothing but the whole.
+  frmQuestionStats several({}, 0, {0, ofAll, {}}, Printing{desk.prompter, desk.storage});
+  Activate(several);
+  for (const char* name : {"optEpisode", "optClass", "Command2", "Command6", "cmdPrintAll"}) {
+    EXPECT_FALSE(Find(several, name)->isVisible()) << name;
+  }
 }
 
 TEST(TimeSummaryForm, ShowsItsTablesWhole) {
@@ -183,7 +229,7 @@ int FirstInk(QLabel& row) {
 
 TEST(QuestionPlotForm, ScrollsItsRowsAndKeepsTheirHeadings) {
   Desk desk;
-  frmQuestionPlot form(Plot(600), Origin(), Printing{desk.prompter, desk.storage});
+  frmQuestionPlot form({{2, Plot(600), Origin()}}, 2, Printing{desk.prompter, desk.storage});
   Activate(form);
   form.resize(700, 300);
   Settle();
@@ -225,9 +271,10 @@ TEST(QuestionPlotForm, ScrollsItsRowsAndKeepsTheirHeadings) {
 
 TEST(ReportForms, ShowHowTheyWillLookOnPaper) {
   Desk desk;
-  frmQuestionStats statistics(Statistics(5), Origin(), Printing{desk.prompter, desk.storage});
+  frmQuestionStats statistics({{2, Statistics(5), Origin()}}, 2, {},
+                              Printing{desk.prompter, desk.storage});
   frmTimeSummary times(Times(), Printing{desk.prompter, desk.storage});
-  frmQuestionPlot plot(Plot(5), Origin(), Printing{desk.prompter, desk.storage});
+  frmQuestionPlot plot({{2, Plot(5), Origin()}}, 2, Printing{desk.prompter, desk.storage});
   for (QWidget* form : std::initializer_list<QWidget*>{&statistics, &times, &plot}) {
     for (const char* key : {"{Alt+P}", "{Ctrl+P}"}) {
       // In the statistics, "&Print" shares its letter with "Q &Plot".

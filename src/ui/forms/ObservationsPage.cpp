@@ -116,6 +116,10 @@ std::optional<StudyRow> ObservationsPage::Current() const {
 }
 
 void ObservationsPage::Do(StudyAction action) {
+  const auto selected = ui_.tblObservations->SelectedRows();
+  if (action == StudyAction::showStatistics && selected.size() > 1) {
+    return do_.ShowStatistics(*study_, selected);
+  }
   if (const auto row = Current()) do_.Do(action, *row);
 }
 

@@ -1,6 +1,7 @@
 #include "ui/forms/frmQuestionPlot.h"
 
 #include <QCloseEvent>
+#include <utility>
 
 #include "ui/print/PrintedPlot.h"
 #include "ui/print/ReportActions.h"
@@ -10,23 +11,35 @@
 
 namespace orvex {
 
-frmQuestionPlot::frmQuestionPlot(const QuestionPlot& plot, const EpisodeOrigin& origin,
-                                 const Printing& printing, QWidget* parent)
-    : QWidget(parent), ui_(std::make_unique<Ui::frmQuestionPlot>()) {
+frmQuestionPlot::frmQuestionPlot(std::vector<PlotPage> pages, int episode, const Printing& printing,
+                                 QWidget* parent)
+    : QWidget(parent),
+      ui_(std::make_unique<Ui::frmQuestionPlot>()),
+      pages_(std::move(pages), episode) {
   ui_->setupUi(this);
+  actions_ = new ReportActions(this, printing, ui_->plotArea, Qt::Horizontal);
+  if (pages_.Several()) {
+    actions_->TurnBy([this](int step) {
+      if (pages_.Turn(step)) Refresh();
+    });
+  }
+  connect(ui_->Command1, &QPushButton::clicked, actions_, &ReportActions::Print);
+  connect(ui_->Command2, &QPushButton::clicked, this, &frmQuestionPlot::Back);
+  connect(ui_->cmdPrintAll, &QPushButton::clicked, this, &frmQuestionPlot::PrintAll);
+  FocusVisibly(ui_->Command2);
+  Refresh();
+}
+
+frmQuestionPlot::~frmQuestionPlot() = default;
+
+void frmQuestionPlot::Refresh() {
+  const auto& [episode, plot, origin] = pages_.Current();
   ShowText(ui_->Label1, plot.title);
   ShowText(ui_->Label7, plot.totalText);
   ui_->lblNothing->setVisible(plot.questions == 0);
   ui_->plotArea->Show(plot);
-  auto* actions =
-      new ReportActions(this, ToQt(TextOf(plot)), std::make_unique<PrintedPlot>(plot, origin),
-                        printing, ui_->plotArea, Qt::Horizontal);
-  connect(ui_->Command1, &QPushButton::clicked, actions, &ReportActions::Print);
-  connect(ui_->Command2, &QPushButton::clicked, this, &frmQuestionPlot::Back);
-  FocusVisibly(ui_->Command2);
+  actions_->Show(ToQt(TextOf(plot)), std::make_unique<PrintedPlot>(plot, origin));
 }
-
-frmQuestionPlot::~frmQuestionPlot() = default;
 
 void frmQuestionPlot::closeEvent(QCloseEvent* event) {
   event->ignore();  // the form goes when it is closed on its signal

@@ -13,33 +13,42 @@
 
 namespace orvex {
 
-frmQuestionStats::frmQuestionStats(QuestionStatistics statistics, const EpisodeOrigin& origin,
-                                   const Printing& printing, QWidget* parent)
+frmQuestionStats::frmQuestionStats(std::vector<StatisticsPage> episodes, int episode,
+                                   StatisticsPage whole, const Printing& printing, QWidget* parent)
     : QWidget(parent),
-      statistics_(std::move(statistics)),
+      episodes_(std::move(episodes), episode),
+      whole_(std::move(whole)),
       prompter_(printing.prompter),
       ui_(std::make_unique<Ui::frmQuestionStats>()) {
   ui_->setupUi(this);
-  Fill();
-  auto* actions = new ReportActions(this, ToQt(TextOf(statistics_)),
-                                    std::make_unique<PrintedStatistics>(statistics_, origin),
-                                    printing, ui_->scrollArea, Qt::Vertical);
+  ShowLegend();
+  actions_ = new ReportActions(this, printing, ui_->scrollArea, Qt::Vertical);
+  for (QWidget* ofEpisodes : std::initializer_list<QWidget*>{
+           ui_->optEpisode, ui_->optClass, ui_->Command2, ui_->Command6, ui_->cmdPrintAll}) {
+    ofEpisodes->setVisible(!episodes_.IsEmpty());
+  }
+  ui_->optEpisode->setChecked(!episodes_.IsEmpty());
+  if (episodes_.Several()) actions_->TurnBy([this](int step) { Turn(step); });
+  connect(ui_->optEpisode, &QRadioButton::toggled, this, &frmQuestionStats::Refresh);
   connect(ui_->Command1, &QPushButton::clicked, this, &frmQuestionStats::Menu);
   connect(ui_->Command2, &QPushButton::clicked, this, &frmQuestionStats::EditQuestions);
   connect(ui_->Command6, &QPushButton::clicked, this, &frmQuestionStats::Plot);
-  connect(ui_->Command3, &QPushButton::clicked, actions, &ReportActions::Print);
+  connect(ui_->Command3, &QPushButton::clicked, actions_, &ReportActions::Print);
+  connect(ui_->cmdPrintAll, &QPushButton::clicked, this, &frmQuestionStats::PrintAll);
   FocusVisibly(ui_->Command1);
+  Refresh();
 }
 
 frmQuestionStats::~frmQuestionStats() = default;
 
-void frmQuestionStats::Fill() {
-  ShowText(ui_->Label14, statistics_.title);
-  ShowRows();
-  ShowLegend();
-  ShowText(ui_->Label13, statistics_.pace);
-  ShowText(ui_->Label15, statistics_.offtask);
-  ui_->lblNothing->setVisible(statistics_.counts.Total == 0);
+const StatisticsPage& frmQuestionStats::Shown() const {
+  return ui_->optEpisode->isChecked() ? episodes_.Current() : whole_;
+}
+
+void frmQuestionStats::Turn(int step) {
+  // From the whole class the keys lead back to the episode that was shown before.
+  if (!ui_->optEpisode->isChecked()) return ui_->optEpisode->setChecked(true);
+  if (episodes_.Turn(step)) Refresh();
 }
 
 void frmQuestionStats::ShowRows() {
@@ -62,7 +71,7 @@ void frmQuestionStats::ShowRows() {
       {ui_->lblPFMany, ui_->Label1_4, ui_->PFMany},
   }};
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    const StatisticsRow& row = statistics_.rows[i];
+    const StatisticsRow& row = Shown().statistics.rows[i];
     ShowText(rows[i].heading, row.heading);
     if (rows[i].count) ShowText(rows[i].count, row.count);
     if (rows[i].bar) rows[i].bar->Show(row);
@@ -84,9 +93,16 @@ void frmQuestionStats::ShowLegend() {
 }
 
 void frmQuestionStats::Refresh() {
-  if (statistics_.message.empty() || std::exchange(told_, true)) return;
+  const auto& [episode, statistics, origin] = Shown();
+  ShowText(ui_->Label14, statistics.title);
+  ShowRows();
+  ShowText(ui_->Label13, statistics.pace);
+  ShowText(ui_->Label15, statistics.offtask);
+  ui_->lblNothing->setVisible(statistics.counts.Total == 0);
+  actions_->Show(ToQt(TextOf(statistics)), std::make_unique<PrintedStatistics>(statistics, origin));
+  if (statistics.message.empty() || !isVisible() || !told_.insert(episode).second) return;
   // Wait until the opening form has gone, because the message is about this one.
-  QTimer::singleShot(0, this, [this] { prompter_.Tell(statistics_.message); });
+  QTimer::singleShot(0, this, [this, text = statistics.message] { prompter_.Tell(text); });
 }
 
 void frmQuestionStats::closeEvent(QCloseEvent* event) {

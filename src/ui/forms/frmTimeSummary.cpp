@@ -18,11 +18,11 @@ frmTimeSummary::frmTimeSummary(const TimeSummary& summary, const Printing& print
     : QWidget(parent), ui_(std::make_unique<Ui::frmTimeSummary>()) {
   ui_->setupUi(this);
   Fill(summary);
-  auto* actions =
-      new ReportActions(this, ToQt(TextOf(summary)), std::make_unique<PrintedTimeSummary>(summary),
-                        printing, ui_->scrollArea, Qt::Vertical);
+  auto* actions = new ReportActions(this, printing, ui_->scrollArea, Qt::Vertical);
+  actions->Show(ToQt(TextOf(summary)), std::make_unique<PrintedTimeSummary>(summary));
   connect(ui_->Command1, &QPushButton::clicked, this, &frmTimeSummary::Menu);
   connect(ui_->Command2, &QPushButton::clicked, actions, &ReportActions::Print);
+  connect(ui_->cmdPrintAll, &QPushButton::clicked, this, &frmTimeSummary::PrintAll);
   FocusVisibly(ui_->Command1);
 }
 

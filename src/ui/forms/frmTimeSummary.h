@@ -26,6 +26,8 @@ class frmTimeSummary : public QWidget {
  Q_SIGNALS:
   /// The user leaves the form, which should be closed.
   void Menu();
+  /// All reports on the class are to go into one file.
+  void PrintAll();
 
  protected:
   void closeEvent(QCloseEvent* event) override;

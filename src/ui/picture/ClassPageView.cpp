@@ -75,6 +75,21 @@ void ClassPageView::Pan(double share) {
   ShowTime(view_.shown.begin + share * view_.shown.Length(), view_.shown.Length());
 }
 
+void ClassPageView::ShowEpisode(int step) {
+  const auto& episodes = page_.Picture().episodes;
+  if (episodes.empty()) return;
+  const int last = static_cast<int>(episodes.size()) - 1;
+  int next = step > 0 ? 0 : last;
+  if (view_.shown.Length() < page_.Picture().seconds) {
+    const double middle = (view_.shown.begin + view_.shown.end) / 2;
+    const auto shown = std::ranges::find_if(
+        episodes, [middle](const auto& episode) { return middle < episode.time.end; });
+    next = std::clamp(static_cast<int>(shown - episodes.begin()) + step, 0, last);
+  }
+  const Stretch& time = episodes[static_cast<std::size_t>(next)].time;
+  ShowTime(time.begin, time.Length());
+}
+
 void ClassPageView::Mark(std::optional<std::size_t> question) {
   view_.marked = question;
   if (const auto* tick = Marked()) {
@@ -119,9 +134,9 @@ void ClassPageView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Right:
       return Pan(kPanStep);
     case Qt::Key_PageUp:
-      return Pan(-1);
+      return ShowEpisode(-1);
     case Qt::Key_PageDown:
-      return Pan(1);
+      return ShowEpisode(1);
     case Qt::Key_Home:
       return ShowTime(0, length);
     case Qt::Key_End:

@@ -10,8 +10,8 @@
 namespace orvex {
 
 /// The page of a class on the screen. Plus, minus and the wheel zoom its time, 0 shows all of it;
-/// Left, Right, Home, End, the Page keys and dragging move it. Up, Down and a click mark a
-/// question, a double click opens it.
+/// Left, Right, Home, End and dragging move it, the Page keys go from episode to episode. Up, Down
+/// and a click mark a question, a double click opens it.
 class ClassPageView : public QWidget {
   Q_OBJECT
 
@@ -53,6 +53,8 @@ class ClassPageView : public QWidget {
   void Zoom(double factor, double second);
   /// Moves by a share of what is shown.
   void Pan(double share);
+  /// Shows the episode so many episodes on; of the whole class, the first or the last.
+  void ShowEpisode(int step);
   void Mark(std::optional<std::size_t> question);
   void MarkNext(int step);
   /// The second that keys zoom about: of the marked question where it can be seen.

@@ -47,6 +47,8 @@ PrintedParts PartsOf(const LoggedClass& printed) {
     add(PrintedStatistics(MakeQuestionStatistics(header.identity, number, episode), origin));
     add(PrintedPlot(MakeQuestionPlot(header.identity, number, episode), origin));
   }
+  add(PrintedStatistics(MakeQuestionStatistics({&printed.observation, 1}),
+                        OriginOf({&printed.observation, 1})));
   const QuestionList questions = MakeQuestionList(episodes, picture);
   if (!questions.rows.empty()) {
     add(PrintedQuestions(questions, ToQt(picture.title),

@@ -13,15 +13,9 @@
 
 namespace orvex {
 
-ReportActions::ReportActions(QWidget* form, QString text, std::unique_ptr<PrintedReport> report,
-                             const Printing& printing, QScrollArea* area, Qt::Orientation wide)
-    : QObject(form),
-      form_(form),
-      text_(std::move(text)),
-      report_(std::move(report)),
-      printing_(printing),
-      area_(area),
-      wide_(wide) {
+ReportActions::ReportActions(QWidget* form, const Printing& printing, QScrollArea* area,
+                             Qt::Orientation wide)
+    : QObject(form), form_(form), printing_(printing), area_(area), wide_(wide) {
   auto* copy = new QAction(tr("Copy as text"), form);
   copy->setShortcut(QKeySequence::Copy);
   connect(copy, &QAction::triggered, this, &ReportActions::Copy);
@@ -36,6 +30,11 @@ ReportActions::ReportActions(QWidget* form, QString text, std::unique_ptr<Printe
 }
 
 ReportActions::~ReportActions() = default;
+
+void ReportActions::Show(QString text, std::unique_ptr<PrintedReport> report) {
+  text_ = std::move(text);
+  report_ = std::move(report);
+}
 
 void ReportActions::Print() {
   PreviewReport(*report_, printing_, form_);
@@ -54,6 +53,11 @@ bool ReportActions::Scroll(const QKeyEvent& key) const {
     bar->triggerAction(action);
     return true;
   };
+  const bool isPage = key.key() == Qt::Key_PageUp || key.key() == Qt::Key_PageDown;
+  if (isPage && turn_) {
+    turn_(key.key() == Qt::Key_PageUp ? -1 : 1);
+    return true;
+  }
   switch (key.key()) {
     case Qt::Key_Left:
       return scroll(across, QAbstractSlider::SliderSingleStepSub);

@@ -2,7 +2,9 @@
 
 #include <QObject>
 #include <QString>
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "ui/print/ReportPrinter.h"
 
@@ -15,16 +17,21 @@ namespace orvex {
 class PrintedReport;
 
 /// The keys of every report: Ctrl+P prints it, Ctrl+C copies it as text, Escape closes its form,
-/// and the scroll keys work wherever the focus is.
+/// and the scroll keys work wherever the focus is. Where there are several of its kind, the Page
+/// keys turn from one to the next.
 class ReportActions : public QObject {
   Q_OBJECT
 
  public:
-  /// Works for `form`, which owns this object. `text` is what gets copied; `area` is what scrolls.
-  /// Page keys scroll it in direction `wide`.
-  ReportActions(QWidget* form, QString text, std::unique_ptr<PrintedReport> report,
-                const Printing& printing, QScrollArea* area, Qt::Orientation wide);
+  /// Works for `form`, which owns this object. `area` is what scrolls, by most keys in direction
+  /// `wide`.
+  ReportActions(QWidget* form, const Printing& printing, QScrollArea* area, Qt::Orientation wide);
   ~ReportActions() override;
+
+  /// What is printed, and what is copied.
+  void Show(QString text, std::unique_ptr<PrintedReport> report);
+  /// What the Page keys do instead of scrolling: `turn` gets -1 or 1.
+  void TurnBy(std::function<void(int step)> turn) { turn_ = std::move(turn); }
 
   void Print();
   void Copy() const;
@@ -33,6 +40,7 @@ class ReportActions : public QObject {
   bool Scroll(const QKeyEvent& key) const;
 
   QWidget* form_;
+  std::function<void(int step)> turn_;
   QString text_;
   std::unique_ptr<PrintedReport> report_;
   Printing printing_;

@@ -114,6 +114,7 @@ void PlotArea::Show(const QuestionPlot& plot) {
   layout->addStretch(1);
   horizontalScrollBar()->setSingleStep(static_cast<int>(std::ceil(grid.CellWidth())));
   verticalScrollBar()->setSingleStep(rowHeight);
+  delete ruler_;
   ruler_ = new QWidget(rulerFrame_);
   auto* ruler = new QVBoxLayout(ruler_);
   ruler->setContentsMargins(0, 0, 0, 0);
@@ -123,8 +124,10 @@ void PlotArea::Show(const QuestionPlot& plot) {
   ruler->addWidget(digits);
   ruler->addWidget(TensOf(plot, grid));
   ruler_->adjustSize();
+  ruler_->show();
   setWidget(rows);
-  BuildHeadings(rowHeight);
+  if (!headings_->layout()) BuildHeadings(rowHeight);
+  PlaceHeadings();
 }
 
 void PlotArea::BuildHeadings(int rowHeight) {
@@ -150,7 +153,6 @@ void PlotArea::BuildHeadings(int rowHeight) {
   }
   layout->setRowStretch(line, 1);
   setViewportMargins(headings_->sizeHint().width(), 0, 0, 0);
-  PlaceHeadings();
 }
 
 void PlotArea::PlaceHeadings() {

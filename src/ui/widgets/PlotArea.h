@@ -16,6 +16,7 @@ class PlotArea : public QScrollArea {
  public:
   explicit PlotArea(QWidget* parent = nullptr);
 
+  /// Shows this plot in the place of another one.
   void Show(const QuestionPlot& plot);
 
  protected:
