@@ -13,6 +13,7 @@
 #include "study/logged_class.h"
 #include "ui/picture/ClassPage.h"
 #include "ui/picture/PictureFile.h"
+#include "ui/picture/StudyFile.h"
 #include "ui/picture/StudyPage.h"
 #include "ui/text.h"
 
@@ -36,20 +37,13 @@ std::filesystem::path NameOfFolder(const std::filesystem::path& folder) {
 /// Stores the pages of a study, in one file where the format can hold them all.
 bool StorePages(const StudyPage& study, PictureFormat format, const PaintedFiles& files,
                 const Console& console) {
-  const PictureSheet sheet;
-  const int count = study.Pages(sheet.area, sheet.font);
-  std::vector<PaintPage> pages;
-  for (int page = 0; page < count; ++page) {
-    pages.emplace_back([&study, page](QPainter& painter, const PictureSheet& on) {
-      study.Paint(painter, on.area, on.font, on.palette, page);
-    });
-  }
+  const std::vector<PaintPage> pages = PaintedPages(study);
   const std::string name = "study";
   const QString title = QString::fromStdString(name);
   if (format == PictureFormat::pdf) return files.Store(name, PdfFile(title, pages), console);
   bool isWhole = true;
   for (std::size_t i = 0; i < pages.size(); ++i) {
-    const std::string number = count > 1 ? "-" + std::to_string(i + 1) : "";
+    const std::string number = pages.size() > 1 ? "-" + std::to_string(i + 1) : "";
     isWhole &= files.Store(name + number, PictureFile(title, pages[i], format), console);
   }
   return isWhole;

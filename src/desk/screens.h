@@ -13,6 +13,7 @@ struct RunningClass;
 enum class Screen {
   mainMenu,
   study,
+  studyPicture,
   agreementStudy,
   agreement,
   setUp,
@@ -122,6 +123,9 @@ class Screens {
                              const std::filesystem::path& second, std::optional<int> tolerance) = 0;
   /// Compares the pairs among episode files and shows how far their observers agree.
   virtual void ShowAgreements(const std::vector<std::filesystem::path>& files) = 0;
+  /// Shows classes beneath each other, given by their episode files. One that cannot be read is
+  /// left out, and the user told. False when none is left.
+  virtual bool ShowStudyPicture(const std::vector<std::filesystem::path>& files) = 0;
   /// Shows a session log. Returns when the user closes it.
   virtual void ShowLog(const std::filesystem::path& file) = 0;
   /// Lets the user make tables of observations of the study. Returns when the dialog is closed.

@@ -136,14 +136,28 @@ void StudyActions::MakeTables(const Study& study, const std::vector<std::size_t>
   services_.screens.ShowTables(selection);
 }
 
-void StudyActions::ShowStatistics(const Study& study, const std::vector<std::size_t>& selected) {
+std::vector<fs::path> StudyActions::FilesFor(StudyAction action, const Study& study,
+                                             const std::vector<std::size_t>& selected) {
   std::vector<fs::path> files;
   for (const std::size_t position : selected) {
     const StudyRow& row = study.Row(position);
-    if (IsPossible(StudyAction::showStatistics, row)) files.push_back(row.File(FileKind::episodes));
+    if (IsPossible(action, row)) files.push_back(row.File(FileKind::episodes));
   }
+  return files;
+}
+
+void StudyActions::ShowStatistics(const Study& study, const std::vector<std::size_t>& selected) {
+  const auto files = FilesFor(StudyAction::showStatistics, study, selected);
   services_.program = before_;
   if (!files.empty() && services_.screens.ShowStatistics(files)) {
+    services_.screens.Hide(Screen::study);
+  }
+}
+
+void StudyActions::ShowPictures(const Study& study, const std::vector<std::size_t>& selected) {
+  const auto files = FilesFor(StudyAction::showPicture, study, selected);
+  services_.program = before_;
+  if (!files.empty() && services_.screens.ShowStudyPicture(files)) {
     services_.screens.Hide(Screen::study);
   }
 }

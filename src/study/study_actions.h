@@ -41,8 +41,10 @@ class StudyActions {
   void Do(StudyAction action, const StudyRow& row);
   /// Opens the question editor above the episode editor.
   void EditQuestion(const QuestionRow& question);
-  /// Shows the statistics of all questions of the rows at the positions `selected`.
+  // Of the rows at the positions `selected`: the statistics of all their questions, and their
+  // pictures beneath each other.
   void ShowStatistics(const Study& study, const std::vector<std::size_t>& selected);
+  void ShowPictures(const Study& study, const std::vector<std::size_t>& selected);
   /// Lets the user make tables of what `study` shows, or of its rows at the positions `selected`.
   void MakeTables(const Study& study, const std::vector<std::size_t>& selected);
   /// Shows how far observers agree: on the class of two rows that are selected, on the pairs among
@@ -54,6 +56,9 @@ class StudyActions {
  private:
   template <typename Show>
   void Open(const std::filesystem::path& file, Show show);
+  /// The episode files of the selected rows of which `action` is possible.
+  static std::vector<std::filesystem::path> FilesFor(StudyAction action, const Study& study,
+                                                     const std::vector<std::size_t>& selected);
   void OfferClass(const std::filesystem::path& kept);
 
   Services services_;

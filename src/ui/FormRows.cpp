@@ -31,6 +31,7 @@ const Forms::Row& Forms::RowOf(Screen screen) {
       {Screen::study,
        {.make = [](Forms& forms) { return std::make_unique<frmStudy>(forms.services_); },
         .over = {Screen::mainMenu}}},
+      {Screen::studyPicture, {.over = {Screen::study}}},
       {Screen::agreementStudy, {.over = {Screen::study}}},
       {Screen::agreement, {.over = {Screen::agreementStudy, Screen::study}}},
       {Screen::setUp,

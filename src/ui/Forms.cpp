@@ -20,6 +20,8 @@
 #include "store/durable_file.h"
 #include "store/file_error.h"
 #include "store/text_encoding.h"
+#include "study/logged_class.h"
+#include "study/study_picture.h"
 #include "survey/load_survey.h"
 #include "ui/FormRow.h"
 #include "ui/OnceInUse.h"
@@ -33,6 +35,7 @@
 #include "ui/forms/frmMatrices.h"
 #include "ui/forms/frmQA.h"
 #include "ui/forms/frmQuestionStats.h"
+#include "ui/forms/frmStudyPicture.h"
 #include "ui/widgets/FitToScreen.h"
 
 namespace orvex {
@@ -284,6 +287,18 @@ bool Forms::ShowAgreement(const std::filesystem::path& first, const std::filesys
 void Forms::ShowAgreements(const std::vector<std::filesystem::path>& files) {
   Load(Screen::agreementStudy, std::make_unique<frmAgreementStudy>(services_, files));
   BringToFront(Screen::agreementStudy);
+}
+
+bool Forms::ShowStudyPicture(const std::vector<std::filesystem::path>& files) {
+  std::vector<PictureRow> rows;
+  for (const std::filesystem::path& file : files) {
+    auto read = ReadForReports(services_, file);
+    if (read) rows.push_back(MakePictureRow(LoggedClassOf(*std::move(read), file, {})));
+  }
+  if (rows.empty()) return false;
+  Load(Screen::studyPicture, MakeStudyPictureForm(services_, std::move(rows)));
+  BringToFront(Screen::studyPicture);
+  return true;
 }
 
 void Forms::ShowLog(const std::filesystem::path& file) {

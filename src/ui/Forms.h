@@ -52,6 +52,7 @@ class Forms : public Screens {
   bool ShowAgreement(const std::filesystem::path& first, const std::filesystem::path& second,
                      std::optional<int> tolerance) override;
   void ShowAgreements(const std::vector<std::filesystem::path>& files) override;
+  bool ShowStudyPicture(const std::vector<std::filesystem::path>& files) override;
   void ShowLog(const std::filesystem::path& file) override;
   void ShowTables(const StudySelection& selection) override;
   void ShowFieldNotes(const std::filesystem::path& file, Kept kept) override;

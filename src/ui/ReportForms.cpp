@@ -14,6 +14,7 @@
 #include "ui/forms/frmClassPicture.h"
 #include "ui/forms/frmQuestionPlot.h"
 #include "ui/forms/frmQuestionStats.h"
+#include "ui/forms/frmStudyPicture.h"
 #include "ui/forms/frmTimeSummary.h"
 #include "ui/print/PrintedClass.h"
 
@@ -152,6 +153,14 @@ std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services
   auto form = std::make_unique<frmQuestionStats>(std::vector<StatisticsPage>(), 0, WholeOf(classes),
                                                  PrintingOf(services));
   LeadBack(services, form.get(), &frmQuestionStats::Menu, Screen::questionStats, Screen::study);
+  return form;
+}
+
+std::unique_ptr<frmStudyPicture> MakeStudyPictureForm(const Services& services,
+                                                      std::vector<PictureRow> rows) {
+  auto form = std::make_unique<frmStudyPicture>(std::move(rows), services.program.DataPath,
+                                                PrintingOf(services));
+  LeadBack(services, form.get(), &frmStudyPicture::Back, Screen::studyPicture, Screen::study);
   return form;
 }
 

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <memory>
 #include <span>
+#include <vector>
 
 #include "desk/screens.h"
 #include "desk/services.h"
@@ -15,7 +16,9 @@ class EpisodeEditor;
 class frmClassPicture;
 class frmQuestionPlot;
 class frmQuestionStats;
+class frmStudyPicture;
 class frmTimeSummary;
+struct PictureRow;
 
 /// What reports are about, and where their user goes from there.
 struct ReportSubject {
@@ -41,6 +44,9 @@ std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services
 /// The statistics of several classes.
 std::unique_ptr<frmQuestionStats> MakeQuestionStatsForm(const Services& services,
                                                         std::span<const EpsObservation> classes);
+/// Classes of the study beneath each other.
+std::unique_ptr<frmStudyPicture> MakeStudyPictureForm(const Services& services,
+                                                      std::vector<PictureRow> rows);
 /// `back` is the form to show again when the user leaves the plot.
 std::unique_ptr<frmQuestionPlot> MakeQuestionPlotForm(const Services& services,
                                                       const ReportSubject& subject, Screen back);

@@ -86,6 +86,10 @@ class RecordingScreens : public Screens {
     moves.push_back("show tables of " + std::to_string(selection.selected.size()) + " or " +
                     std::to_string(selection.shown.size()));
   }
+  bool ShowStudyPicture(const std::vector<std::filesystem::path>& files) override {
+    moves.push_back("show study picture of " + std::to_string(files.size()));
+    return episodeFileIsGood;
+  }
   void ShowLog(const std::filesystem::path& file) override {
     moves.push_back("show log " + file.filename().string());
   }
@@ -105,10 +109,10 @@ class RecordingScreens : public Screens {
  private:
   static std::string Name(Screen screen) {
     constexpr const char* kNames[] = {
-        "mainMenu",      "study",           "agreementStudy", "agreement",
-        "setUp",         "liveObservation", "aboutText",      "questionEntry",
-        "episodeEditor", "classPicture",    "timeSummary",    "questionStats",
-        "questionPlot",  "questionEditor",  "survey",         "listOfFiles"};
+        "mainMenu",     "study",           "studyPicture",  "agreementStudy", "agreement",
+        "setUp",        "liveObservation", "aboutText",     "questionEntry",  "episodeEditor",
+        "classPicture", "timeSummary",     "questionStats", "questionPlot",   "questionEditor",
+        "survey",       "listOfFiles"};
     return kNames[static_cast<std::size_t>(screen)];
   }
 };

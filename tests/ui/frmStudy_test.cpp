@@ -20,6 +20,7 @@
 #include "support/desk.h"
 #include "ui/Forms.h"
 #include "ui/keys.h"
+#include "ui/picture/StudyPageView.h"
 #include "ui/text.h"
 #include "ui/widgets/StudyTable.h"
 
@@ -249,7 +250,18 @@ TEST_F(StudyTest, OpensWhatAnObservationHasAndLeadsBack) {
   }
   Keys("{Shift+Down}{Ctrl+S}");
   EXPECT_EQ(FromQt(Find<QLabel>(*Form("frmQuestionStats"), "Label14")->text()), "2 classes");
-  Keys("{Alt+M}");
+  Keys("{Alt+M}{Ctrl+P}");
+  const QWidget* pictures = Form("frmStudyPicture");
+  ASSERT_TRUE(pictures);
+  const auto& study = Find<StudyPageView>(*pictures, "view")->Study().Picture();
+  EXPECT_EQ(study.rows.size(), 2U);
+  Keys("{End}");  // of what they can be sorted by
+  EXPECT_EQ(study.order, kRowOrders.back().order);
+  desk_.prompter.ExpectSaveFile({.path = data_ / "study.pdf", .folder = data_});
+  Keys("{Alt+S}");
+  EXPECT_EQ(FileBytes(data_ / "study.pdf").substr(0, 5), "%PDF-");
+  Keys("{Esc}");
+  EXPECT_TRUE(Shown("frmStudy"));
   GoTo("22-5-11");
   // From the statistics on to the questions, which need the editor.
   Keys("{Ctrl+S}{PgDown}");

@@ -117,8 +117,9 @@ std::optional<StudyRow> ObservationsPage::Current() const {
 
 void ObservationsPage::Do(StudyAction action) {
   const auto selected = ui_.tblObservations->SelectedRows();
-  if (action == StudyAction::showStatistics && selected.size() > 1) {
-    return do_.ShowStatistics(*study_, selected);
+  if (selected.size() > 1) {
+    if (action == StudyAction::showStatistics) return do_.ShowStatistics(*study_, selected);
+    if (action == StudyAction::showPicture) return do_.ShowPictures(*study_, selected);
   }
   if (const auto row = Current()) do_.Do(action, *row);
 }

@@ -1,19 +1,12 @@
 #include "ui/forms/frmClassPicture.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QCloseEvent>
-#include <QImage>
-#include <QMimeData>
 #include <QShortcut>
-#include <algorithm>
 #include <utility>
 
-#include "desk/prompter.h"
-#include "desk/save_file.h"
-#include "store/durable_file.h"
 #include "study/logged_class.h"
 #include "ui/keys/FormKeys.h"
+#include "ui/picture/PictureActions.h"
 #include "ui/picture/PictureFile.h"
 #include "ui/print/PrintedClass.h"
 #include "ui/print/PrintedClassPage.h"
@@ -23,25 +16,6 @@
 #include "ui_frmClassPicture.h"
 
 namespace orvex {
-namespace {
-
-/// The format that the name of a file asks for by its ending.
-std::optional<PictureFormat> FormatOf(const std::filesystem::path& file) {
-  const QString ending = ToQt(file.extension().string()).mid(1).toLower();
-  return PictureFormatNamed(FromQt(ending));
-}
-
-/// "SVG pictures (*.SVG)|*.SVG" and so on.
-std::string PictureFilter() {
-  QStringList parts;
-  for (const PictureFormatScheme& scheme : kPictureFormats) {
-    const QString pattern = QStringLiteral("*.") + ToQt(scheme.id).toUpper();
-    parts << QStringLiteral("%1 (%2)").arg(ToQt(scheme.fileType), pattern) << pattern;
-  }
-  return FromQt(parts.join(QLatin1Char('|')));
-}
-
-}  // namespace
 
 frmClassPicture::frmClassPicture(LoggedClass shown, std::filesystem::path file,
                                  const Printing& printing, QWidget* parent)
@@ -130,32 +104,12 @@ QByteArray frmClassPicture::File(PictureFormat format) const {
 }
 
 void frmClassPicture::Copy() const {
-  auto* copied = new QMimeData;
-  copied->setImageData(QImage::fromData(File(PictureFormat::png), "PNG"));
-  copied->setData(QStringLiteral("image/svg+xml"), File(PictureFormat::svg));
-  QApplication::clipboard()->setMimeData(copied);
+  CopyPicture([this](PictureFormat format) { return File(format); });
 }
 
 void frmClassPicture::SaveAs() {
-  FilePrompt prompt = {.folder = file_.parent_path(),
-                       .filter = PictureFilter(),
-                       .defaultName = file_.stem().string()};
-  std::filesystem::path path = printing_.prompter.AskSaveFile(prompt).path;
-  while (!path.empty() && !FormatOf(path)) {
-    printing_.prompter.Tell(FromQt(
-        tr("The name of a picture must end with .svg, .pdf or .png, which says what it becomes.")));
-    prompt.defaultName = path.stem().string();
-    path = printing_.prompter.AskSaveFile(prompt).path;
-  }
-  if (path.empty()) return;
-  SaveFile(printing_.prompter,
-           {.failure = FromQt(tr("The picture could not be written.")),
-            .path = path,
-            .filter = prompt.filter},
-           [this](const std::filesystem::path& to) {
-             const PictureFormat format = FormatOf(to).value_or(PictureFormat::svg);
-             ReplaceFile(printing_.storage, to, File(format).toStdString());
-           });
+  SavePicture([this](PictureFormat format) { return File(format); },
+              file_.parent_path() / file_.stem(), printing_);
 }
 
 void frmClassPicture::closeEvent(QCloseEvent* event) {

@@ -24,6 +24,7 @@ struct PictureSheet {
   QPalette palette;  ///< the colours of paper, whatever those of the screen are
 };
 
+/// Paints a page on a sheet.
 using PaintPage = std::function<void(QPainter&, const PictureSheet&)>;
 
 /// The file of one page. Texts stay texts but in a PNG picture. May run in any thread.
