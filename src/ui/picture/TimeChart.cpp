@@ -17,6 +17,16 @@ constexpr double kLeastGap = 0.8;    // between two times
 constexpr double kBetween = 1;       // two blocks
 constexpr double kLeastWidth = 0.6;  // of a block
 
+/// The name of a segment's activity, its short one, or what fits of that.
+QString NameFor(const ClassPicture::SegmentBlock& segment, const QFontMetricsF& metrics,
+                double width) {
+  if (segment.shortName.empty()) return {};
+  const QString name = ToQt(ActivityOf(segment.activity).name);
+  return metrics.horizontalAdvance(name) <= width
+             ? name
+             : Fitting(ToQt(segment.shortName), metrics, width);
+}
+
 }  // namespace
 
 QRectF Across(const QRectF& area, const TimeScale& time, const Stretch& stretch) {
@@ -78,8 +88,7 @@ void PaintSegments(QPainter& painter, const QRectF& area, const TimeScale& time,
     if (block.isEmpty()) continue;
     const QColor ground = GroundOf(segment, style);
     PaintBlock(painter, block, ground, style);
-    const QString name =
-        Fitting(ToQt(segment.shortName), metrics, block.width() - kInset * style.line);
+    const QString name = NameFor(segment, metrics, block.width() - kInset * style.line);
     if (name.isEmpty()) continue;
     painter.setPen(segment.group ? InkOn(ground) : style.ink);
     painter.drawText(block, Qt::AlignCenter | Qt::TextDontClip, name);
