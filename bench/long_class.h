@@ -4,6 +4,7 @@
 #include <random>
 #include <string>
 
+#include "model/activities.h"
 #include "model/episode.h"
 #include "reports/class_log.h"
 

@@ -57,9 +57,9 @@ bool ShowInForm(Program& program, Screens& screens, const OpenWindow& window) {
   if (!window.second.empty()) {
     return screens.ShowAgreement(path, std::filesystem::absolute(window.second), std::nullopt);
   }
+  if (window.picture) return screens.ShowReport(path, Screen::classPicture);
   const FileKind kind = KindOf(window.file);
   program.DataPath = path.parent_path();  // so that it is saved back to its own folder
-  if (window.picture) return screens.ShowReport(path, Screen::classPicture);
   if (kind == FileKind::survey) return screens.ShowSurveyFile(path, Kept::areOffered);
   return screens.ShowEpisodeEditor(path, Kept::areOffered);
 }

@@ -47,7 +47,7 @@ void OfferAll(const Services& services, Form* form, const ReportSubject& subject
   QObject::connect(
       form, &Form::PrintAll, form,
       [printing = PrintingOf(services), observation = subject.observation, file = subject.file] {
-        SaveClassPdf(LoggedClassOf(observation, file, {}), file.parent_path(), printing);
+        SaveClassPdf(LoggedClassOf(observation, file, {}), file, printing);
       });
 }
 

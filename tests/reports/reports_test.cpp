@@ -103,7 +103,8 @@ TEST(QuestionLists, HaveARowForEveryQuestionAndTheTimesThatAreKnown) {
     for (questionInfo& question : episode.questions) question.iSgQ = 1;
   }
   episodes[1].questions[1].question = "Why\tnot?";
-  ClassLog log = {.begin = 32400};
+  ClassLog log;
+  log.begin = 32400;
   log.questions = {{{.second = 900}, "Why\tnot?"}};
   const QuestionList logged = MakeQuestionList(episodes, MakeClassPicture({}, episodes, &log));
   ASSERT_EQ(logged.rows.size(), 3U);

@@ -175,6 +175,21 @@ TEST(ClassPageView, ZoomsAndMovesByKeysWheelAndDragging) {
   EXPECT_NEAR(view.Page().SecondAt(view.rect(), view.font(), view.View(), 700), under, 0.5);
 }
 
+TEST(ClassPageView, ShowsAllOfAShortClassAndOfNone) {
+  for (const double seconds : {0.0, 50.0}) {
+    ClassPicture picture;
+    picture.seconds = seconds;
+    ClassPageView view;
+    view.resize(600, 300);
+    view.Show(ClassPage(picture));
+    Activate(view);
+    view.setFocus();
+    Keys("++{Right}-{End}{PgDown}{Down}0");
+    EXPECT_EQ(view.View().shown, (Stretch{0, seconds}));
+    view.grab();
+  }
+}
+
 TEST(ClassPages, FindEveryQuestionUnderThePointer) {
   const LoggedClass shown = ReadLoggedClass(TestData("class/22-5-11.eps"), {});
   const ClassPage page(shown.Picture());

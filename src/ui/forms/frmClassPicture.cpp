@@ -90,7 +90,7 @@ void frmClassPicture::Print() {
 }
 
 void frmClassPicture::PrintAll() {
-  SaveClassPdf(*shown_, file_.parent_path(), printing_);
+  SaveClassPdf(*shown_, file_, printing_);
 }
 
 QByteArray frmClassPicture::File(PictureFormat format) const {

@@ -66,7 +66,8 @@ void ClassPageView::ShowTime(double begin, double seconds) {
 
 void ClassPageView::Zoom(double factor, double second) {
   const double before = view_.shown.Length();
-  const double after = std::clamp(before / factor, kLeastSeconds, page_.Picture().seconds);
+  const double all = page_.Picture().seconds;
+  const double after = std::clamp(before / factor, std::min(kLeastSeconds, all), all);
   if (before <= 0 || after == before) return;
   ShowTime(second - (second - view_.shown.begin) * after / before, after);
 }

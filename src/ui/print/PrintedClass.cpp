@@ -63,13 +63,14 @@ QByteArray ClassPdf(const LoggedClass& printed) {
   return PdfOf(ToQt(printed.Picture().title), PartsOf(printed));
 }
 
-void SaveClassPdf(const LoggedClass& printed, const std::filesystem::path& folder,
+void SaveClassPdf(const LoggedClass& printed, const std::filesystem::path& file,
                   const Printing& printing) {
   const std::string filter = FromQt(Tr("PDF files (*.PDF)|*.PDF"));
   const std::filesystem::path path =
       printing.prompter
-          .AskSaveFile(
-              {.folder = folder, .filter = filter, .defaultName = printed.Picture().title + ".pdf"})
+          .AskSaveFile({.folder = file.parent_path(),
+                        .filter = filter,
+                        .defaultName = file.stem().string() + ".pdf"})
           .path;
   if (path.empty()) return;
   const std::string bytes = ClassPdf(printed).toStdString();
