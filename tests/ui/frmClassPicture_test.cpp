@@ -11,6 +11,7 @@
 #include <QPlainTextEdit>
 #include <QWheelEvent>
 #include <filesystem>
+#include <set>
 
 #include "model/texts.h"
 #include "study/logged_class.h"
@@ -211,6 +212,13 @@ TEST(ClassPages, FindEveryQuestionUnderThePointer) {
       }
       EXPECT_TRUE(isFound) << question.text;
     }
+    const double x = area.left() + (800 - begin) / (end - begin) * area.width();
+    std::set<QString> texts;
+    for (double y = area.top(); y < area.bottom(); y += 5) {
+      texts.insert(page.TextAt(area, font, view, {x, y}));
+    }
+    EXPECT_TRUE(texts.contains(QLatin1String("2  Vocabulary: unit 23")));
+    EXPECT_TRUE(texts.contains(QLatin1String("Procedures & directions, 4:51")));
   }
 }
 

@@ -2,9 +2,12 @@
 
 #include <QPainter>
 #include <QPalette>
+#include <algorithm>
 #include <array>
 #include <utility>
 
+#include "model/activities.h"
+#include "model/wording.h"
 #include "ui/picture/OfftaskChart.h"
 #include "ui/picture/PageFigures.h"
 #include "ui/picture/PageLegend.h"
@@ -12,6 +15,7 @@
 #include "ui/picture/PageStyle.h"
 #include "ui/picture/QuestionTicks.h"
 #include "ui/picture/TimeChart.h"
+#include "ui/text.h"
 
 namespace orvex {
 namespace {
@@ -102,6 +106,29 @@ std::optional<std::size_t> ClassPage::QuestionAt(const QRectF& area, const QFont
   if (onPage.y() < places.questions.top() || onPage.y() > places.questions.bottom()) return {};
   return TickAt(picture_.questions, TicksOf(places, style), places.time, onPage,
                 kReach / places.scale);
+}
+
+QString ClassPage::TextAt(const QRectF& area, const QFont& font, const PageView& view,
+                          const QPointF& point) const {
+  const PagePlaces places(picture_, area, PageStyle(font, QPalette()), view);
+  const QPointF onPage = (point - area.topLeft()) / places.scale;
+  const double second = places.time.SecondAt(onPage.x());
+  const auto isThere = [second](const auto& shown) {
+    return shown.time.begin <= second && second < shown.time.end;
+  };
+  if (places.episodes.contains(onPage)) {
+    const auto episode = std::ranges::find_if(picture_.episodes, isThere);
+    if (episode == picture_.episodes.end()) return {};
+    return tr("%1  %2").arg(episode->number).arg(ToQt(episode->description));
+  }
+  if (places.segments.contains(onPage)) {
+    const auto segment = std::ranges::find_if(picture_.segments, isThere);
+    if (segment == picture_.segments.end()) return {};
+    return tr("%1, %2").arg(ToQt(ActivityName(segment->activity)),
+                            ToQt(FormatMinSec(segment->time.Length())));
+  }
+  const auto question = QuestionAt(area, font, view, point);
+  return question ? ToQt(picture_.questions[*question].text) : QString();
 }
 
 }  // namespace orvex

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QRectF>
+#include <QString>
 #include <cstddef>
 #include <optional>
 
@@ -41,6 +42,9 @@ class ClassPage {
   /// The question whose tick is nearest to a point, within reach of a pointer.
   std::optional<std::size_t> QuestionAt(const QRectF& area, const QFont& font, const PageView& view,
                                         const QPointF& point) const;
+  /// Says what is under a pointer, in full: an episode, a segment or a question; "" for nothing.
+  QString TextAt(const QRectF& area, const QFont& font, const PageView& view,
+                 const QPointF& point) const;
 
  private:
   ClassPicture picture_;

@@ -1,9 +1,11 @@
 #include "ui/picture/ClassPageView.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
@@ -118,6 +120,14 @@ double ClassPageView::Centre() const {
   const Stretch& shown = view_.shown;
   const bool isSeen = tick && tick->second >= shown.begin && tick->second <= shown.end;
   return isSeen ? tick->second : (shown.begin + shown.end) / 2;
+}
+
+bool ClassPageView::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const auto& help = *static_cast<QHelpEvent*>(event);
+  const QString text = page_.TextAt(Area(), font(), view_, help.pos());
+  QToolTip::showText(help.globalPos(), text.toHtmlEscaped(), this);
+  return true;
 }
 
 void ClassPageView::keyPressEvent(QKeyEvent* event) {

@@ -11,7 +11,7 @@ namespace orvex {
 
 /// The page of a class on the screen. Plus, minus and the wheel zoom its time, 0 shows all of it;
 /// Left, Right, Home, End and dragging move it, the Page keys go from episode to episode. Up, Down
-/// and a click mark a question, a double click opens it.
+/// and a click mark a question, a double click opens it. A tooltip says what there was no room for.
 class ClassPageView : public QWidget {
   Q_OBJECT
 
@@ -35,6 +35,7 @@ class ClassPageView : public QWidget {
   void Opened();
 
  protected:
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
