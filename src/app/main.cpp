@@ -130,6 +130,7 @@ int Main(int argc, char* argv[]) {
   const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
   const QApplication application(argc, argv);
   qInstallMessageHandler(usual);
+  QGuiApplication::setDesktopFileName(QStringLiteral("orvex"));  // whose icon the desktop shows
   QApplication::setWindowIcon(Logo::Icon());
   HeldKeys heldKeys;
   qApp->installEventFilter(&heldKeys);
