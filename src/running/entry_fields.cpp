@@ -72,7 +72,23 @@ void EntryFields::ShowFirstFields() {
   studentAsks_ = false;
 }
 
+bool EntryFields::AreNormal() const {
+  return std::ranges::all_of(kDimensions, [this](Dimension field) {
+    return !SchemeOf(field).HasLetters() || Text(field) == SchemeOf(field).normalLetter;
+  });
+}
+
+/// Leaves what typing the codes of a student question would leave: nothing in what is not asked.
+void EntryFields::FillStudentCodes() {
+  Type(Dimension::source, "S");
+  for (const Dimension field : kDimensions) {
+    if (!Visible(field)) HideEmptied(field);
+    if (Visible(field) && Text(field).empty()) Type(field, SchemeOf(field).defaultLetter);
+  }
+}
+
 void EntryFields::FillNormalCodes() {
+  if (AreNormal()) return FillStudentCodes();
   for (const Dimension field : kDimensions) {
     // Typing a letter again would lay the fields out anew; a question that already has the normal
     // letter keeps its layout.

@@ -37,6 +37,8 @@ class EntryFields {
 
   void HideCodeFields();
   void ShowFirstFields();
+  /// Codes a normal teacher question; one that is coded so becomes a normal student question, whose
+  /// other codes have their defaults.
   void FillNormalCodes();
 
   /// Passes the whole state of `fields` to `archive`, which may read or change it.
@@ -65,6 +67,8 @@ class EntryFields {
   void ShowEmptied(Dimension field) { fields_[field] = {.text = "", .visible = true}; }
   void ShowEmptiedIfHidden(Dimension field);
 
+  bool AreNormal() const;
+  void FillStudentCodes();
   void KeepOneLetter(Dimension field);
   void SourceChanged();
   void ResponseChanged();

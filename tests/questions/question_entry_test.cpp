@@ -172,6 +172,22 @@ TEST_F(EntryTest, ShowsTheFieldsThatSourceAndResponseAskForWhateverWasThere) {
   }
 }
 
+TEST_F(EntryTest, NormalOnceMoreIsANormalStudentQuestion) {
+  Open("Why?\nt\ny\n\n\n\n\ny");
+  const std::string teacher = "T|Y|N|N|R||N||U|";
+  const std::string student = "S|Y|N|N|R|Ann||A|U|";
+  Click(EntryCommand::fillNormalOrSurvey);
+  EXPECT_EQ(Contents(), teacher);
+  Keys("Ann");
+  Click(EntryCommand::fillNormalOrSurvey);
+  EXPECT_EQ(Contents(), student);
+  EXPECT_EQ(Shown(), "12345689 TEACHER RESPONSE");
+  EXPECT_EQ(Focus(), '6');
+  Click(EntryCommand::fillNormalOrSurvey);
+  EXPECT_EQ(Contents(), teacher);
+  EXPECT_EQ(Shown(), kFilled);
+}
+
 TEST_F(EntryTest, EnterLeadsFromBoxToBoxAndFilesTheQuestion) {
   struct Case {
     std::string keys;

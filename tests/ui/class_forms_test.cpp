@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QRadioButton>
 
@@ -186,11 +188,35 @@ TEST_F(ClassForms, KeysMoveAmongTheActivitiesAndOnlySpaceChooses) {
     EXPECT_EQ(FocusedName(), "Option0_" + std::to_string(to));
   }
   EXPECT_EQ(live_->Live().Running().ChosenActivity(), 0);
+
+  const auto type = [](const QString& letter, quint64 at) {
+    QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, letter);
+    key.setTimestamp(at);
+    QApplication::sendEvent(QApplication::focusWidget(), &key);
+  };
+  // Letter by letter, with the milliseconds between them: slow letters begin anew.
+  const std::tuple<const char*, int, int> spelled[] = {
+      {"su", 900, 13}, {"su/m", 900, 14}, {"su/x", 900, 13}, {"st", 1100, 12},
+      {"17", 900, 16}, {"17", 1100, 6},   {"18", 900, 7},    {"0", 900, 0}};
+  quint64 now = 5000;
+  for (const auto& [letters, pause, to] : spelled) {
+    SCOPED_TRACE(letters);
+    option(0)->setFocus();
+    now += 5000;
+    for (const QChar letter : QString::fromLatin1(letters)) type(letter, now += quint64(pause));
+    EXPECT_EQ(FocusedName(), "Option0_" + std::to_string(to));
+  }
+  EXPECT_EQ(live_->Live().Running().ChosenActivity(), 0);
   Begin("Act\tr  ");  // the second Space has nothing to ask
   prompter.Expect("Revise activity # ?", Answer::cancel);
   Keys("g ");
   EXPECT_TRUE(option(7)->isChecked());
   EXPECT_EQ(FocusedName(), "Option0_7");
+  // The running one stands out: its colours are those of a selected row, where it is painted.
+  for (const auto& [i, background] : {std::pair{7, QPalette::Highlight}, {6, QPalette::Window}}) {
+    const QImage image = option(i)->grab().toImage();
+    EXPECT_EQ(image.pixelColor(image.width() - 1, 1), option(i)->palette().color(background)) << i;
+  }
 }
 
 TEST_F(ClassForms, TakeTheListsOfSeatworkToTheLetter) {

@@ -151,12 +151,13 @@ inline void TryButtons(ScriptedPrompter& prompter, const std::function<QWidget&(
     EXPECT_EQ(clicks.count(), 0);
     focused->setFocus();
     const std::string keys = "{" + KeyOf(*button) + "}";
-    if (keys == "{}") continue;
+    ASSERT_NE(keys, "{}") << "a button without a key";
     const auto question = kQuestions.find(keys);
     if (confirmed && question != kQuestions.end()) prompter.Expect(question->second, Answer::no);
     if (button->text() == QLatin1String("Proo&f") || button->text() == QLatin1String("N&ext")) {
       prompter.Expect("Everything coded; no invalid codes found", Answer::ok);
     }
+    if (button->text() == QLatin1String("Fieldnotes")) prompter.ExpectNotes({});
     Keys(keys);
     EXPECT_EQ(clicks.count(), 1);
   }

@@ -31,6 +31,7 @@ std::vector<QRadioButton*> LiveCodingPanel::ActivityButtons() const {
     const QString name = QStringLiteral("Option0_%1").arg(activity.number - 1);
     buttons.push_back(ui_.Frame1->findChild<QRadioButton*>(name));
     buttons.back()->setText(ToQt(ActivityCaption(activity.number)));
+    buttons.back()->setToolTip(QString::number(activity.number));
   }
   return buttons;
 }
@@ -51,6 +52,8 @@ void LiveCodingPanel::BuildChoices() {
   };
   activities_ =
       group(ActivityButtons(), [this](int position) { live_.ChooseActivity(position + 1); });
+  activities_->MarkSelected();
+  activities_->CountButtons();
   codes(SubCode::writing, {ui_.Option1_0, ui_.Option1_1});
   codes(SubCode::groupWork,
         {ui_.Option2_0, ui_.Option2_1, ui_.Option2_2, ui_.Option2_3, ui_.Option2_4});

@@ -9,6 +9,28 @@
 
 namespace orvex {
 
+namespace {
+
+/// Gives `button` the colours of a selected row: they are seen from afar and move nothing.
+void MarkAsSelected(QRadioButton& button, bool selected) {
+  if (button.autoFillBackground() == selected) return;
+  QPalette colours;
+  if (selected) {
+    colours = button.palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+      const QColor text = colours.color(QPalette::Active, QPalette::HighlightedText);
+      colours.setColor(group, QPalette::WindowText, text);
+      colours.setColor(group, QPalette::Highlight,
+                       colours.color(QPalette::Active, QPalette::Highlight));
+    }
+  }
+  button.setPalette(colours);
+  button.setBackgroundRole(selected ? QPalette::Highlight : QPalette::NoRole);
+  button.setAutoFillBackground(selected);
+}
+
+}  // namespace
+
 ChoiceGroup::ChoiceGroup(std::vector<QRadioButton*> buttons, QObject* parent)
     : QObject(parent),
       buttons_(std::move(buttons)),
@@ -32,7 +54,14 @@ QRadioButton* ChoiceGroup::Button(int position) const {
 void ChoiceGroup::ShowSelected(int position) {
   selected_ = position;
   focus_->SetEntry(std::max(selected_, 0));
-  for (int i = 0; i < Count(); ++i) Button(i)->setChecked(i == position);
+  for (int i = 0; i < Count(); ++i) {
+    Button(i)->setChecked(i == position);
+    if (marked_) MarkAsSelected(*Button(i), i == position);
+  }
+}
+
+void ChoiceGroup::CountButtons() {
+  focus_->CountButtons();
 }
 
 void ChoiceGroup::SetVisible(bool visible) {

@@ -1,8 +1,10 @@
 #include "ui/widgets/CommandButton.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QShortcutEvent>
 #include <QStyleOptionButton>
+#include <QToolTip>
 
 #include "ui/keys/PressGuard.h"
 
@@ -20,6 +22,11 @@ void CommandButton::SetOtherKey(const QString& key) {
 }
 
 bool CommandButton::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
+    const QPoint place = static_cast<QHelpEvent*>(event)->globalPos();
+    QToolTip::showText(place, shortcut().toString(QKeySequence::NativeText), this);
+    return true;
+  }
   if (event->type() != QEvent::Shortcut) return QPushButton::event(event);
   // When two buttons share a key, Qt would focus them in turn, and the next Space would press one.
   if (static_cast<QShortcutEvent*>(event)->isAmbiguous()) return true;

@@ -11,7 +11,7 @@ namespace orvex {
 ///
 /// The key is the letter marked in the caption. When that letter belongs to another button, the
 /// form removes this button's shortcut; the caption then marks no letter, and the other key or the
-/// tooltip says how to press it.
+/// tooltip says how to press it. A button without a tooltip of its own shows its key.
 class CommandButton : public QPushButton {
   Q_OBJECT
   Q_PROPERTY(QString otherKey READ OtherKey WRITE SetOtherKey)
