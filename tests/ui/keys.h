@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QFileDialog>
@@ -60,12 +61,30 @@ inline void ExpectAKeyForEachControl() {
   }
 }
 
+/// Expects that a screen reader has a name for each control that can have the focus.
+inline void ExpectANameForEachControl() {
+  for (const QWidget* form : QApplication::topLevelWidgets()) {
+    if (!form->isVisible() || form->objectName().isEmpty()) continue;  // Qt's own have none
+    for (QWidget* control : form->findChildren<QWidget*>()) {
+      if (!control->isVisible() || control->focusPolicy() == Qt::NoFocus) continue;
+      if (control->focusProxy() || control->window() != form) continue;
+      const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(control);
+      const bool isNamed = spoken && !spoken->text(QAccessible::Name).trimmed().isEmpty();
+      EXPECT_TRUE(isNamed) << control->metaObject()->className() << " "
+                           << control->objectName().toStdString() << " in "
+                           << form->objectName().toStdString() << " has no name";
+    }
+  }
+}
+
 /// Lets the program do its deferred work. When the active window has gone, brings the remaining one
-/// to the front, as a window manager would. Expects no form to use a key twice.
+/// to the front, as a window manager would. Expects no form to use a key twice, and a name for
+/// each control.
 inline void Settle() {
   QCoreApplication::processEvents();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   ExpectAKeyForEachControl();
+  ExpectANameForEachControl();
   if (QApplication::activeWindow()) return;
   for (QWidget* form : QApplication::topLevelWidgets()) {
     if (form->isVisible()) form->activateWindow();

@@ -188,7 +188,11 @@ void frmClassAct::RefreshButtons() {
   ui_->cmdStartNewSg->setVisible(allowed.segment);
   ui_->cmdStartNewQASg->setVisible(allowed.segment);
   ui_->cmdBailout->setVisible(allowed.conversion != Conversion::none);
-  ShowText(ui_->cmdBailout, ConversionCaption(allowed.conversion));
+  const QString conversion = ConversionCaption(allowed.conversion);
+  // Its name stays while its caption is blank.
+  if (!conversionBlank_)
+    ui_->cmdBailout->setAccessibleName(QString(conversion).remove(QLatin1Char('&')));
+  ShowText(ui_->cmdBailout, conversion);
   ui_->cmdReview->setVisible(allowed.review);
   ui_->cmdProof->setVisible(allowed.proof);
   ui_->Command7->setEnabled(allowed.survey);
