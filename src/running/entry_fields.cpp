@@ -82,8 +82,11 @@ bool EntryFields::AreNormal() const {
 void EntryFields::FillStudentCodes() {
   Type(Dimension::source, "S");
   for (const Dimension field : kDimensions) {
-    if (!Visible(field)) HideEmptied(field);
-    if (Visible(field) && Text(field).empty()) Type(field, SchemeOf(field).defaultLetter);
+    if (!Visible(field)) {
+      HideEmptied(field);
+    } else if (Text(field).empty()) {
+      Type(field, SchemeOf(field).defaultLetter);
+    }
   }
 }
 

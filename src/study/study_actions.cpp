@@ -136,30 +136,23 @@ void StudyActions::MakeTables(const Study& study, const std::vector<std::size_t>
   services_.screens.ShowTables(selection);
 }
 
-std::vector<fs::path> StudyActions::FilesFor(StudyAction action, const Study& study,
-                                             const std::vector<std::size_t>& selected) {
+void StudyActions::ShowTogether(StudyAction action, ShowFiles show, const Study& study,
+                                const std::vector<std::size_t>& selected) {
   std::vector<fs::path> files;
   for (const std::size_t position : selected) {
     const StudyRow& row = study.Row(position);
     if (IsPossible(action, row)) files.push_back(row.File(FileKind::episodes));
   }
-  return files;
+  services_.program = before_;
+  if (!files.empty() && (services_.screens.*show)(files)) services_.screens.Hide(Screen::study);
 }
 
 void StudyActions::ShowStatistics(const Study& study, const std::vector<std::size_t>& selected) {
-  const auto files = FilesFor(StudyAction::showStatistics, study, selected);
-  services_.program = before_;
-  if (!files.empty() && services_.screens.ShowStatistics(files)) {
-    services_.screens.Hide(Screen::study);
-  }
+  ShowTogether(StudyAction::showStatistics, &Screens::ShowStatistics, study, selected);
 }
 
 void StudyActions::ShowPictures(const Study& study, const std::vector<std::size_t>& selected) {
-  const auto files = FilesFor(StudyAction::showPicture, study, selected);
-  services_.program = before_;
-  if (!files.empty() && services_.screens.ShowStudyPicture(files)) {
-    services_.screens.Hide(Screen::study);
-  }
+  ShowTogether(StudyAction::showPicture, &Screens::ShowStudyPicture, study, selected);
 }
 
 void StudyActions::ShowAgreement(const Study& study, const std::vector<std::size_t>& selected) {

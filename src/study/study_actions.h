@@ -56,9 +56,10 @@ class StudyActions {
  private:
   template <typename Show>
   void Open(const std::filesystem::path& file, Show show);
-  /// The episode files of the selected rows of which `action` is possible.
-  static std::vector<std::filesystem::path> FilesFor(StudyAction action, const Study& study,
-                                                     const std::vector<std::size_t>& selected);
+  using ShowFiles = bool (Screens::*)(const std::vector<std::filesystem::path>& files);
+  /// Has `show` show the episode files of those selected rows of which `action` is possible.
+  void ShowTogether(StudyAction action, ShowFiles show, const Study& study,
+                    const std::vector<std::size_t>& selected);
   void OfferClass(const std::filesystem::path& kept);
 
   Services services_;

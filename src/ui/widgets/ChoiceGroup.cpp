@@ -8,7 +8,6 @@
 #include "ui/keys/RovingFocus.h"
 
 namespace orvex {
-
 namespace {
 
 /// Gives `button` the colours of a selected row: they are seen from afar and move nothing.
@@ -17,11 +16,11 @@ void MarkAsSelected(QRadioButton& button, bool selected) {
   QPalette colours;
   if (selected) {
     colours = button.palette();
+    const QColor text = colours.color(QPalette::Active, QPalette::HighlightedText);
+    const QColor ground = colours.color(QPalette::Active, QPalette::Highlight);
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-      const QColor text = colours.color(QPalette::Active, QPalette::HighlightedText);
       colours.setColor(group, QPalette::WindowText, text);
-      colours.setColor(group, QPalette::Highlight,
-                       colours.color(QPalette::Active, QPalette::Highlight));
+      colours.setColor(group, QPalette::Highlight, ground);
     }
   }
   button.setPalette(colours);
