@@ -31,8 +31,7 @@ namespace {
 
 void NameApplication() {
   QCoreApplication::setApplicationName(QStringLiteral("orvex"));
-  QCoreApplication::setApplicationVersion(
-      QStringLiteral("%1.%2.%3").arg(kVersionMajor).arg(kVersionMinor).arg(kVersionRevision));
+  QCoreApplication::setApplicationVersion(QString::fromStdString(FullVersionText()));
 }
 
 Installation ThisInstallation() {

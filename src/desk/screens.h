@@ -130,6 +130,10 @@ class Screens {
   virtual void ShowLog(const std::filesystem::path& file) = 0;
   /// Lets the user make tables of observations of the study. Returns when the dialog is closed.
   virtual void ShowTables(const StudySelection& selection) = 0;
+  /// Shows the first page of the manual, beside the form that is used.
+  virtual void ShowManual() = 0;
+  /// Says which program this is. Returns when the user closes it.
+  virtual void ShowAbout() = 0;
   /// Edits a field-notes file in the notes dialog. Returns when the dialog is closed.
   virtual void ShowFieldNotes(const std::filesystem::path& file, Kept kept) = 0;
 };

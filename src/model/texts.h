@@ -16,6 +16,8 @@ enum class Text {
   productName,
   companyProduct,
   copyright,
+  licenceState,
+  manualNotFound,
   notAvailable,
   askNewSegment,
   askNewEpisode,

@@ -100,6 +100,14 @@ void MainMenu::OpenStudy() {
   services_.screens.Close(Screen::mainMenu);
 }
 
+void MainMenu::OpenManual() {
+  services_.screens.ShowManual();
+}
+
+void MainMenu::ShowAbout() {
+  services_.screens.ShowAbout();
+}
+
 void MainMenu::EndProgram() {
   services_.screens.EndProgram();
 }

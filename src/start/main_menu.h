@@ -36,6 +36,9 @@ class MainMenu {
   void EditFieldNotes();
   /// Shows the study of the data folder.
   void OpenStudy();
+  /// Shows the manual, or says which program this is.
+  void OpenManual();
+  void ShowAbout();
   void EndProgram();
 
  private:

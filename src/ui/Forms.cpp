@@ -3,6 +3,7 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QDialog>
+#include <QFile>
 #include <QWindow>
 #include <algorithm>
 #include <array>
@@ -36,6 +37,7 @@
 #include "ui/forms/frmQA.h"
 #include "ui/forms/frmQuestionStats.h"
 #include "ui/forms/frmStudyPicture.h"
+#include "ui/manual/ManualFolder.h"
 #include "ui/widgets/FitToScreen.h"
 
 namespace orvex {
@@ -48,9 +50,10 @@ constexpr std::array kOpeners = {Screen::agreement, Screen::agreementStudy, Scre
 
 Forms::Forms(Program& program, SessionLog& log, RecoveryFile& recovery, Storage& storage,
              const Clock& clock, Prompter& prompter, std::filesystem::path programFolder)
-    : programFolder_(std::move(programFolder)), services_{program, log,           recovery,
-                                                          storage, clock,         prompter,
-                                                          *this,   programFolder_} {
+    : programFolder_(std::move(programFolder)),
+      services_{program, log, recovery, storage, clock, prompter, *this, programFolder_},
+      help_(services_,
+            ManualFolder(QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString())) {
   QApplication::setQuitOnLastWindowClosed(false);
   QObject::connect(qApp, &QApplication::lastWindowClosed, &ending_, [this] { EndProgram(); });
   // Keep every change before the program waits for the next event.

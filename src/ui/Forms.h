@@ -14,6 +14,7 @@
 #include "desk/services.h"
 #include "tables/study_tables.h"
 #include "ui/ReportForms.h"
+#include "ui/manual/Help.h"
 
 namespace orvex {
 
@@ -56,6 +57,8 @@ class Forms : public Screens {
   void ShowLog(const std::filesystem::path& file) override;
   void ShowTables(const StudySelection& selection) override;
   void ShowFieldNotes(const std::filesystem::path& file, Kept kept) override;
+  void ShowManual() override { help_.ShowManual(nullptr); }
+  void ShowAbout() override { help_.ShowAbout(); }
 
   /// Keeps all unsaved work and waits until the system has it.
   void KeepAll();
@@ -97,6 +100,7 @@ class Forms : public Screens {
 
   std::filesystem::path programFolder_;
   Services services_;
+  Help help_;
   bool isEnding_ = false;
   QObject ending_;                         // its destruction ends the connections made here
   TablesChoice tablesChoice_;              ///< what was chosen last for the tables of a study

@@ -97,6 +97,9 @@ class RecordingScreens : public Screens {
     moves.push_back("show field notes " + file.filename().string());
   }
 
+  void ShowManual() override { moves.push_back("show manual"); }
+  void ShowAbout() override { moves.push_back("show about"); }
+
   /// The moves since the last call.
   std::vector<std::string> Take() { return std::exchange(moves, {}); }
 

@@ -41,6 +41,8 @@ frmSplash::frmSplash(const Services& services, QWidget* parent)
   button(ui_->Command3, &MainMenu::EditSurvey);
   button(ui_->Command7, &MainMenu::EditFieldNotes);
   button(ui_->cmdStudy, &MainMenu::OpenStudy);
+  button(ui_->cmdManual, &MainMenu::OpenManual);
+  button(ui_->cmdAbout, &MainMenu::ShowAbout);
   button(ui_->Command2, &MainMenu::EndProgram);
   connect(ui_->Command1, &QPushButton::clicked, this, [services] { EditChosenEpisodes(services); });
   connect(ui_->Command6, &QPushButton::clicked, this, [this, services] {
