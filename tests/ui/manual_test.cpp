@@ -212,9 +212,11 @@ TEST_F(ManualWindow, OpensAboveADialogThatWaits) {
   Keys("{F1}{Esc}");
   QTimer::singleShot(0, [] {
     QWidget* asking = QApplication::activeModalWidget();
-    asking->activateWindow();
     Find(*asking, "Text1")->setFocus();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(asking));
+    ASSERT_TRUE(QTest::qWaitFor([asking] {
+      asking->activateWindow();
+      return QApplication::activeWindow() == asking;
+    }));
     Keys("{F1}");
     EXPECT_EQ(ShownFile(), "offtask.md");
     Keys("{Ctrl+F}blinks");
