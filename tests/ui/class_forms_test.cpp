@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
+#include "model/letter_meanings.h"
 #include "support/desk.h"
 #include "ui/forms/frmClassAct.h"
 #include "ui/forms/frmEnterQA.h"
@@ -357,6 +358,26 @@ TEST_F(ClassForms, AGroupWithoutASelectionIsEnteredAtItsFirstButton) {
   Box("txtEpisodeName")->setFocus();
   Keys("\t");
   EXPECT_EQ(FocusedName(), "Option0_0");
+}
+
+TEST_F(ClassForms, TheLineOfMeaningsFollowsTheFocusUntilItIsSwitchedOff) {
+  const auto line = [this] { return Find<QLabel>(Form(), "lblMeanings"); };
+  Begin(kEntry, "Why?\n");
+  for (const Dimension dimension : kDimensions) {  // those of a teacher question
+    EXPECT_EQ(line()->text().toStdString(), LetterMeanings(dimension));
+    for (const char letter : SchemeOf(dimension).letters) {
+      EXPECT_NE((" " + line()->text().toStdString()).find({' ', letter, ' '}), std::string::npos)
+          << letter << " of " << SchemeOf(dimension).label;
+    }
+    Keys(dimension == Dimension::respondName ? "Anna\n" : "\n");
+    if (dimension == Dimension::onePartOfMulti) break;
+  }
+  Keys("{F4}");
+  EXPECT_TRUE(line()->isHidden());
+  Begin(kEntry, "Why?\n");
+  EXPECT_TRUE(line()->isHidden()) << "the choice is remembered";
+  Keys("{F4}");
+  EXPECT_FALSE(line()->isHidden());
 }
 
 TEST_F(ClassForms, TheFocusIsWhereItWasAfterWhatHasChangedNothing) {

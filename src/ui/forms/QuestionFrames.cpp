@@ -62,6 +62,13 @@ QWidget* QuestionFrames::FrameOf(Dimension dimension) const {
   return frames_.at(static_cast<std::size_t>(dimension)).box;
 }
 
+std::optional<Dimension> QuestionFrames::DimensionOf(const QWidget* control) const {
+  for (const Frame& frame : frames_) {
+    if (frame.box->isAncestorOf(control)) return frame.dimension;
+  }
+  return std::nullopt;
+}
+
 void QuestionFrames::Add(QGroupBox* box, std::vector<QRadioButton*> options) {
   const auto dimension = static_cast<Dimension>(frames_.size());
   const DimensionScheme& scheme = SchemeOf(dimension);

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "model/dimensions.h"
@@ -34,6 +35,8 @@ class QuestionFrames : public QObject {
   /// Focuses the options of `dimension`.
   void Focus(Dimension dimension);
   QWidget* FrameOf(Dimension dimension) const;
+  /// The dimension whose frame holds `control`, if it is in one.
+  std::optional<Dimension> DimensionOf(const QWidget* control) const;
 
  private:
   struct Frame {

@@ -46,6 +46,9 @@ frmEnterQA::frmEnterQA(const Services& services, LiveObservation& live, const Se
   StartTimer();
   ui_->txtQuestion->installEventFilter(this);
   for (const Field& field : Fields()) field.box->installEventFilter(this);
+  ui_->lblMeanings->Follow(services, [this](const QWidget* control) {
+    return BoxOf(control).value_or(QuestionEntry::kText);
+  });
   Refresh();
 }
 

@@ -41,6 +41,8 @@ frmQA::frmQA(const Services& services, const QuestionEditorStart& start, LiveObs
   ShowAsWarning(ui_->lblLogTrouble);
   frames_ = new QuestionFrames(
       *ui_, editor_, [this] { Refresh(); }, this);
+  ui_->lblMeanings->Follow(
+      services, [this](const QWidget* control) { return frames_->DimensionOf(control); });
   ConnectList();
   ConnectBoxes();
   ConnectButtons();

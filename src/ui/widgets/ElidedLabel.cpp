@@ -8,7 +8,8 @@
 namespace orvex {
 
 QSize ElidedLabel::minimumSizeHint() const {
-  return {0, fontMetrics().height()};
+  const QMargins around = contentsMargins();
+  return {0, fontMetrics().height() + around.top() + around.bottom()};
 }
 
 bool ElidedLabel::event(QEvent* event) {
