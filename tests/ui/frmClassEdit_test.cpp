@@ -14,6 +14,7 @@
 #include "support/sample_manifest.h"
 #include "ui/edit_sequences.h"
 #include "ui/keys.h"
+#include "ui/widgets/FitToScreen.h"
 #include "ui/widgets/RowList.h"
 
 namespace orvex {
@@ -180,7 +181,7 @@ TEST_F(frmClassEditTest, LeavesATextAloneThatNoBoxHolds) {
 
 TEST_F(frmClassEditTest, ShowsTheFileAndFitsTheSmallestScreen) {
   Open();
-  form_->resize(kSmallestScreen);
+  FitInto(*form_, kSmallestScreen);
   EXPECT_EQ(form_->size(), kSmallestScreen);
   EXPECT_EQ(form_->windowTitle(), QStringLiteral("Orvex 4.10 Episode Editor[*]"));
   EXPECT_EQ(Text("Label7") + "|" + Text("Label11"), "Observer: AB|Date of Observation: 03-14-2001");

@@ -41,7 +41,7 @@ void ScrollIntoSight(QWidget* control, Qt::FocusReason reason) {
   if (reason == Qt::MouseFocusReason && qobject_cast<QAbstractButton*>(control)) return;
   for (QWidget* around = control; !around->isWindow(); around = around->parentWidget()) {
     auto* area = qobject_cast<QScrollArea*>(around);
-    if (area && around != control) return area->ensureWidgetVisible(control);
+    if (area && around != control) area->ensureWidgetVisible(control);
   }
 }
 

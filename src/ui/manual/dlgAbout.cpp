@@ -1,7 +1,7 @@
 #include "ui/manual/dlgAbout.h"
 
 #include <QFont>
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -54,13 +54,19 @@ dlgAbout::dlgAbout(const ProgramFacts& facts, QWidget* parent) : QDialog(parent)
   setObjectName(QStringLiteral("dlgAbout"));
   setAttribute(Qt::WA_QuitOnClose, false);
   setWindowTitle(tr("About Orvex"));
-  auto* rows = new QFormLayout;
-  rows->setSpacing(kSpacing / 2);
-  rows->addRow(tr("Version:"), Shown(facts.version));
-  rows->addRow(tr("Licence:"), Shown(facts.licence));
-  rows->addRow(tr("Data folder:"), Shown(facts.dataFolder));
-  rows->addRow(tr("Program folder:"), Shown(facts.programFolder));
-  rows->addRow(tr("Manual:"), Shown(facts.manual));
+  auto* rows = new QGridLayout;
+  rows->setHorizontalSpacing(kSpacing);
+  rows->setColumnStretch(1, 1);
+  const auto row = [rows](const QString& caption, const std::string& text) {
+    const int line = rows->rowCount();
+    rows->addWidget(new QLabel(caption), line, 0, Qt::AlignTop);
+    rows->addWidget(Shown(text), line, 1);
+  };
+  row(tr("Version:"), facts.version);
+  row(tr("Licence:"), facts.licence);
+  row(tr("Data folder:"), facts.dataFolder);
+  row(tr("Program folder:"), facts.programFolder);
+  row(tr("Manual:"), facts.manual);
   auto* ok = new CommandButton;
   ok->setObjectName(QStringLiteral("cmdOk"));
   ok->setText(tr("&OK"));

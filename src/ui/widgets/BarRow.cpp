@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 #include "ui/text.h"
@@ -10,10 +11,16 @@
 namespace orvex {
 namespace {
 
-constexpr int kBarHeight = 22;
+constexpr int kLeastHeight = 22;
+constexpr int kAroundText = 8;
 constexpr int kCaptionRoom = 26;
 constexpr int kPixelsPerInch = 96;
 constexpr int kTwipsPerInch = 1440;
+
+/// High enough for the captions in the bar.
+int BarHeight(const QWidget& row) {
+  return std::max(kLeastHeight, row.fontMetrics().height() + kAroundText);
+}
 
 /// An invisible segment: the bar paints it.
 class SegmentLabel : public QLabel {
@@ -28,7 +35,7 @@ class SegmentLabel : public QLabel {
 
 BarRow::BarRow(QWidget* parent) : QWidget(parent) {
   setMinimumWidth(static_cast<int>(kBarLength * kPixelsPerInch / kTwipsPerInch) + kCaptionRoom);
-  setFixedHeight(kBarHeight);
+  setFixedHeight(BarHeight(*this));
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
@@ -79,7 +86,7 @@ void BarRow::paintEvent(QPaintEvent*) {
 }
 
 CodingSample::CodingSample(QWidget* parent) : QWidget(parent) {
-  setFixedSize(kBarHeight * 2, kBarHeight - 4);
+  setFixedSize(BarHeight(*this) * 2, BarHeight(*this) - 4);
 }
 
 void CodingSample::Show(BarMeaning meaning) {

@@ -21,7 +21,22 @@ void CommandButton::SetOtherKey(const QString& key) {
   setToolTip(key);
 }
 
+QSize CommandButton::minimumSizeHint() const {
+  return QPushButton::minimumSizeHint().expandedTo(least_);
+}
+
+QSize CommandButton::sizeHint() const {
+  return QPushButton::sizeHint().expandedTo(least_);
+}
+
 bool CommandButton::event(QEvent* event) {
+  // A least size counts even where the caption takes more, so it becomes a part of the hints.
+  if (event->type() == QEvent::Polish) {
+    least_ = minimumSize();
+    // A button that is stretched to any width has no hint of its width.
+    const bool ignoresHint = sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;
+    setMinimumSize(ignoresHint ? sizeHint().width() : 0, 0);
+  }
   if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
     const QPoint place = static_cast<QHelpEvent*>(event)->globalPos();
     QToolTip::showText(place, shortcut().toString(QKeySequence::NativeText), this);

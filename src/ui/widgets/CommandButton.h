@@ -23,6 +23,10 @@ class CommandButton : public QPushButton {
   const QString& OtherKey() const { return otherKey_; }
   void SetOtherKey(const QString& key);
 
+  /// Never less than the caption takes, whatever least size the form gives the button.
+  QSize minimumSizeHint() const override;
+  QSize sizeHint() const override;
+
  protected:
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -30,6 +34,7 @@ class CommandButton : public QPushButton {
 
  private:
   QString otherKey_;
+  QSize least_;
 };
 
 }  // namespace orvex

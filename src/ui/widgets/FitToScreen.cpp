@@ -4,6 +4,8 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "ui/widgets/ScrollingContent.h"
+
 namespace orvex {
 namespace {
 
@@ -12,8 +14,21 @@ constexpr QSize kFrame(16, 40);
 
 }  // namespace
 
+QSize RoomFor(const QWidget& window) {
+  return window.screen()->availableSize() - kFrame;
+}
+
+void FitInto(QWidget& window, const QSize& room) {
+  QSize wanted = window.size();
+  // Qt's own dialogs have their own ways.
+  const bool isOurs = QByteArrayView(window.metaObject()->className()).startsWith("orvex::");
+  if (isOurs && window.layout())
+    wanted = wanted.expandedTo(ScrollingContent::Of(window).LeastSize());
+  window.resize(wanted.boundedTo(room));
+}
+
 void FitToScreen(QWidget& window) {
-  window.resize(window.size().boundedTo(window.screen()->availableSize() - kFrame));
+  FitInto(window, RoomFor(window));
 }
 
 void PlaceOver(QWidget& window, const QWidget& other) {

@@ -28,6 +28,14 @@ void OfftaskButton::ShowPending(int count) {
   update();
 }
 
+void OfftaskButton::ShowAs(const OfftaskButton& other) {
+  if (text() != other.text()) {
+    setText(other.text());
+    setShortcut(QKeySequence());  // the key is the other's
+  }
+  ShowPending(other.pending_);
+}
+
 /// Leaves room for the caption and any number, so that the size never changes.
 QSize OfftaskButton::sizeHint() const {
   const QFontMetrics metrics = fontMetrics();

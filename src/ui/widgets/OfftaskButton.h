@@ -14,8 +14,14 @@ class OfftaskButton : public CommandButton {
   explicit OfftaskButton(QWidget* parent = nullptr);
 
   void ShowPending(int count);
+  /// Shows the caption and the number of `other`.
+  void ShowAs(const OfftaskButton& other);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
+
+ Q_SIGNALS:
+  /// What it shows has been brought up to date.
+  void Shown();
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -37,7 +37,9 @@ class PlotRow : public QLabel {
   PlotRow(PlotGrid grid, const QString& row, int columns)
       : QLabel(row), grid_(std::move(grid)), columns_(columns) {
     setTextFormat(Qt::PlainText);
-    setFixedHeight(static_cast<int>(std::ceil(grid_.CellHeight())));
+    // As high as the heading beside it.
+    setFixedHeight(
+        std::max(static_cast<int>(std::ceil(grid_.CellHeight())), fontMetrics().height()));
     setMinimumWidth(Width());
   }
 

@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QPainter>
 #include <algorithm>
 
@@ -21,7 +22,9 @@ bool HasMarks(const QFont& font) {
 }  // namespace
 
 QFont PlotGrid::FixedFont() {
-  const QFont system = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  QFont system = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  // Not smaller than all other text, where the user has chosen a larger one.
+  system.setPointSizeF(std::max(system.pointSizeF(), QGuiApplication::font().pointSizeF()));
   if (HasMarks(system)) return system;
   for (const QString& family : QFontDatabase::families()) {
     QFont font(system);

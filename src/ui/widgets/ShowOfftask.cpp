@@ -18,6 +18,7 @@ void ShowOfftask(const OfftaskIndicator& indicator, QLabel* countdown, OfftaskBu
   const QKeySequence key(Qt::ALT | Qt::Key_O);
   if (button->shortcut() != key) button->setShortcut(key);
   button->setVisible(indicator.ButtonVisible());
+  Q_EMIT button->Shown();
 }
 
 }  // namespace orvex
