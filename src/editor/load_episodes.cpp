@@ -6,6 +6,7 @@
 
 #include "desk/choose_file.h"
 #include "desk/prompter.h"
+#include "desk/recent_places.h"
 #include "desk/save_file.h"
 #include "editor/save_warning.h"
 #include "model/texts.h"
@@ -91,6 +92,7 @@ LoadOutcome LoadEpisodes(const Services& services, const fs::path& path, Kept ke
   const Text invalid = takenUp.changes ? Text::changesUnreadable : Text::invalidEpisodeFile;
   const auto unread = TryToRead(services, path, invalid,
                                 [&] { outcome.loaded.emplace(Read(services, path, takenUp)); });
+  if (outcome.loaded) RememberRecent(services, {RecentKind::episodes, path});
   outcome.isRefused = unread == Unread::isRefused && !takenUp.changes;
   if (outcome.isRefused) services.screens.EndActivity();
   return outcome;

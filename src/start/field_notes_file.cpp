@@ -7,6 +7,7 @@
 
 #include "desk/choose_file.h"
 #include "desk/prompter.h"
+#include "desk/recent_places.h"
 #include "desk/save_file.h"
 #include "model/texts.h"
 #include "recovery/unfinished_file.h"
@@ -32,6 +33,7 @@ void EditFieldNotes(const Services& services, const std::filesystem::path& path,
     return;
   }
   TellProtection(services.prompter, path);
+  RememberRecent(services, {RecentKind::fieldNotes, path});
   FileKeeper keeper(services, path, bytes, takenUp.changes);
   const OpenedFile opened = takenUp.Opened(bytes);
   FieldNotes notes = ParseFieldNotes(std::move(bytes));

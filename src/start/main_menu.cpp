@@ -6,6 +6,7 @@
 
 #include "desk/data_folder.h"
 #include "desk/prompter.h"
+#include "desk/recent_places.h"
 #include "desk/save_file.h"
 #include "desk/screens.h"
 #include "model/clock.h"
@@ -95,7 +96,39 @@ void MainMenu::EditFieldNotes() {
   EditChosenNotes(services_);
 }
 
+std::vector<RecentPlace> MainMenu::Recent() const {
+  return RecentPlaces(services_.programFolder);
+}
+
+void MainMenu::OpenRecent(const RecentPlace& place) {
+  Screens& screens = services_.screens;
+  const bool isFolder = place.kind == RecentKind::folder;
+  services_.program.DataPath = isFolder ? place.path : place.path.parent_path();
+  switch (place.kind) {
+    case RecentKind::folder:
+      return OpenStudy();
+    case RecentKind::fieldNotes:
+      return screens.ShowFieldNotes(place.path, Kept::areOffered);
+    case RecentKind::survey:
+      if (!screens.ShowSurveyFile(place.path, Kept::areOffered)) return;
+      break;
+    case RecentKind::episodes:
+      if (!screens.ShowEpisodeEditor(place.path, Kept::areOffered)) return;
+      break;
+  }
+  screens.Close(Screen::mainMenu);
+}
+
+Preferences MainMenu::Chosen() const {
+  return ReadPreferences(services_.programFolder);
+}
+
+void MainMenu::Choose(const Preferences& preferences) {
+  RememberPreferences(services_.storage, services_.programFolder, preferences);
+}
+
 void MainMenu::OpenStudy() {
+  RememberRecent(services_, {RecentKind::folder, services_.program.DataPath});
   services_.screens.Show(Screen::study);
   services_.screens.Close(Screen::mainMenu);
 }

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "desk/recent_places.h"
 #include "desk/services.h"
 #include "model/texts.h"
+#include "store/preferences.h"
 
 namespace orvex {
 
@@ -36,6 +39,14 @@ class MainMenu {
   void EditFieldNotes();
   /// Shows the study of the data folder.
   void OpenStudy();
+  /// The files and the studies that were opened last.
+  std::vector<RecentPlace> Recent() const;
+  /// Opens a file in its form, or the study of a folder; either becomes the data folder, as when it
+  /// is chosen in a dialog.
+  void OpenRecent(const RecentPlace& place);
+  /// How the program behaves on this machine.
+  Preferences Chosen() const;
+  void Choose(const Preferences& preferences);
   /// Shows the manual, or says which program this is.
   void OpenManual();
   void ShowAbout();

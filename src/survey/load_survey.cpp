@@ -4,6 +4,7 @@
 
 #include "desk/choose_file.h"
 #include "desk/prompter.h"
+#include "desk/recent_places.h"
 #include "desk/save_file.h"
 #include "desk/screens.h"
 #include "model/texts.h"
@@ -50,7 +51,9 @@ std::optional<LoadedSurvey> LoadSurvey(const Services& services, const std::file
   const TakenUp takenUp = TakeUpChanges(services, path, kept);
   if (takenUp.isLeft) return std::nullopt;
   try {
-    return Read(services, path, takenUp);
+    LoadedSurvey loaded = Read(services, path, takenUp);
+    RememberRecent(services, {RecentKind::survey, path});
+    return loaded;
   } catch (const FormatError& error) {
     TellUnreadable(services, Printable(path.native()) + ", " + error.what());
   } catch (const FileError& error) {

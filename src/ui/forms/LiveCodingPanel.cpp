@@ -85,7 +85,10 @@ void LiveCodingPanel::Refresh() {
   activities_->SetVisible(coding.choicesVisible);
   const int activity = live_.Running().ChosenActivity();
   activities_->ShowSelected(activity - 1);
-  ui_.Command9->setVisible(ActivityOf(activity).carriesAbout);
+  const bool hasAbout = ActivityOf(activity).carriesAbout;
+  ui_.Command9->setVisible(hasAbout);
+  ui_.lblAbout->setVisible(hasAbout);
+  ShowText(ui_.lblAbout, hasAbout ? coding.about : std::string());
 
   ui_.Frame7->setVisible(Carries(activity, SubCode::groupSolo));
   ui_.Frame8->setVisible(Carries(activity, SubCode::preparation));

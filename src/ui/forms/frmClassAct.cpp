@@ -1,5 +1,6 @@
 #include "ui/forms/frmClassAct.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QTimer>
 #include <array>
@@ -7,11 +8,13 @@
 #include <utility>
 #include <vector>
 
+#include "store/preferences.h"
 #include "ui/forms/LiveCodingPanel.h"
 #include "ui/keys/BoxFocus.h"
 #include "ui/keys/FormKeys.h"
 #include "ui/show.h"
 #include "ui/text.h"
+#include "ui/widgets/Announce.h"
 #include "ui/widgets/ShowClocks.h"
 #include "ui/widgets/ShowOfftask.h"
 #include "ui_frmClassAct.h"
@@ -23,6 +26,7 @@ frmClassAct::frmClassAct(const Services& services, const RunningClass* takenUp)
       clocks_(services, live_),
       timer3_(services.prompter, "timer3"),
       offtaskTick_(services.prompter, "the offtask timer (frmClassAct)"),
+      offtaskSound_(ReadPreferences(services.programFolder).offtaskSound),
       ui_(std::make_unique<Ui::frmClassAct>()) {
   ui_->setupUi(this);
   setWindowTitle(ToQt(live_.Caption()));
@@ -130,6 +134,15 @@ QTimer* frmClassAct::AddTimer(const char* name, int interval, std::function<void
   return timer;
 }
 
+void frmClassAct::TickEstimates() {
+  const auto pending = [this] { return live_.Running().schedule.OfftaskPending(); };
+  const auto before = pending();
+  live_.Estimates().Tick();
+  if (pending() <= before) return;
+  if (offtaskSound_) QApplication::beep();
+  Announce(*ui_->cmdOfftaskActive, tr("An off-task estimate is due"));
+}
+
 void frmClassAct::StartTimers() {
   AddTimer("timerEpisode", 1000, [this] {
     clocks_.Tick();
@@ -141,8 +154,8 @@ void frmClassAct::StartTimers() {
       RefreshButtons();
     });
   })->start();
-  offtaskTimer_ = AddTimer("offtaskTimer", 500,
-                           [this] { offtaskTick_.Run([this] { live_.Estimates().Tick(); }); });
+  offtaskTimer_ =
+      AddTimer("offtaskTimer", 500, [this] { offtaskTick_.Run([this] { TickEstimates(); }); });
 }
 
 /// Makes hidden controls keep their places, so that nothing moves while the observer is looking.

@@ -48,6 +48,7 @@ class frmClassAct : public QWidget {
   void WatchFocus();
   void ConnectButtons();
   void StartTimers();
+  void TickEstimates();
   QTimer* AddTimer(const char* name, int interval, std::function<void()> tick);
   void KeepPlaces();
   void RefreshTexts();
@@ -65,6 +66,7 @@ class frmClassAct : public QWidget {
   SessionClocks clocks_;
   GuardedTick timer3_;
   GuardedTick offtaskTick_;
+  bool offtaskSound_;
   std::unique_ptr<Ui::frmClassAct> ui_;
   LiveCodingPanel* coding_ = nullptr;
   QTimer* offtaskTimer_ = nullptr;

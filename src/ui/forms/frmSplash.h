@@ -24,6 +24,9 @@ class frmSplash : public QWidget {
   void Refresh();
 
  private:
+  void OfferRecent();
+  void OfferOptions();
+
   MainMenu menu_;
   std::unique_ptr<Ui::frmSplash> ui_;
 };

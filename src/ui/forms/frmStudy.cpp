@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "desk/prompter.h"
+#include "desk/recent_places.h"
 #include "model/program.h"
 #include "study/study_layout.h"
 #include "ui/forms/ObservationsPage.h"
@@ -156,7 +157,9 @@ void frmStudy::OpenFolder(const std::filesystem::path& folder, const StudyLayout
 
 void frmStudy::ChooseFolder() {
   const std::filesystem::path folder = services_.prompter.AskFolder(study_->Folder());
-  if (!folder.empty()) OpenFolder(folder, observations_->Layout());
+  if (folder.empty()) return;
+  RememberRecent(services_, {RecentKind::folder, folder});
+  OpenFolder(folder, observations_->Layout());
 }
 
 /// Takes over what has been read, and sees to the next look once the last one is over.

@@ -2,6 +2,7 @@
 
 #include "observe/session_clocks.h"
 #include "ui/show.h"
+#include "ui/widgets/Announce.h"
 
 namespace orvex {
 
@@ -14,8 +15,10 @@ void ShowClocks(const SessionClocks& clocks, Ui& ui) {
   ShowText(ui.lblSegTime, clocks.SegmentTime());
   ShowText(ui.lblCurrTime, clocks.TimeOfDay());
   const std::string trouble = clocks.LogTrouble();
+  const bool isNew = !trouble.empty() && ui.lblLogTrouble->isHidden();
   ShowText(ui.lblLogTrouble, trouble);
   ui.lblLogTrouble->setVisible(!trouble.empty());
+  if (isNew) Announce(*ui.lblLogTrouble, ui.lblLogTrouble->text());
 }
 
 }  // namespace orvex
