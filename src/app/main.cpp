@@ -25,6 +25,7 @@
 #include "ui/QtPrompter.h"
 #include "ui/keys/HeldKeys.h"
 #include "ui/widgets/Logo.h"
+#include "ui/widgets/ReadablePalette.h"
 
 namespace orvex {
 namespace {
@@ -130,6 +131,7 @@ int Main(int argc, char* argv[]) {
   const QApplication application(argc, argv);
   qInstallMessageHandler(usual);
   QGuiApplication::setDesktopFileName(QStringLiteral("orvex"));  // whose icon the desktop shows
+  QApplication::setPalette(ReadablePalette(QApplication::palette()));
   QApplication::setWindowIcon(Logo::Icon());
   HeldKeys heldKeys;
   qApp->installEventFilter(&heldKeys);
