@@ -163,11 +163,9 @@ void frmEnterQA::Refresh() {
 
 void frmEnterQA::RefreshTexts() {
   const QString title = ToQt(entry_.FrameCaption());
-  if (ui_->Frame1->title() != title) {
-    ui_->Frame1->setTitle(title);
-    // A screen reader says it when the focus comes back after a question has been stored.
-    ui_->txtQuestion->setAccessibleName(title);
-  }
+  if (ui_->Frame1->title() != title) ui_->Frame1->setTitle(title);
+  // A screen reader says it when the focus comes back after a question has been stored.
+  if (ui_->txtQuestion->accessibleName() != title) ui_->txtQuestion->setAccessibleName(title);
   ShowText(ui_->txtQuestion, entry_.Question());
   const QString steps = StepsText(entry_);
   if (ui_->txtQuestion->placeholderText() != steps) ui_->txtQuestion->setPlaceholderText(steps);
