@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "store/durable_file.h"
 #include "store/file_error.h"
@@ -66,12 +68,13 @@ std::vector<RecentPlace> RecentPlaces(const fs::path& programFolder) {
 
 void RememberRecent(const Services& services, const RecentPlace& place) {
   std::error_code unknown;
-  const RecentPlace first = {place.kind, fs::absolute(place.path, unknown).lexically_normal()};
+  RecentPlace first = {place.kind, fs::absolute(place.path, unknown).lexically_normal()};
   if (unknown || first.path.native().find_first_of("\r\n") != std::string::npos) return;
   std::vector<RecentPlace> places = ReadPlaces(services.programFolder);
   if (!places.empty() && places.front() == first) return;
   std::erase(places, first);
-  places.insert(places.begin(), first);
+  places.push_back(std::move(first));
+  std::rotate(places.begin(), std::prev(places.end()), places.end());
   ForgetTheOldest(places);
   std::string bytes;
   for (const RecentPlace& remembered : places) {
