@@ -4,7 +4,15 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <sstream>
+#include <string>
+#include <vector>
+
+#include "model/version.h"
+#include "support/test_paths.h"
 
 namespace orvex {
 namespace {
@@ -56,6 +64,15 @@ struct Describe {
     return text;
   }
 };
+
+Request RequestOf(const std::string& line) {
+  std::vector<std::string> arguments;
+  std::istringstream rest("orvex " + line);
+  for (std::string word; rest >> word;) arguments.push_back(word);
+  std::vector<const char*> argv;
+  for (const std::string& argument : arguments) argv.push_back(argument.c_str());
+  return ReadCommandLine(ArgumentsOf(static_cast<int>(argv.size()), argv.data()));
+}
 
 TEST(CommandLine, IsReadAsWhatItAsksFor) {
   const std::pair<const char*, const char*> cases[] = {
@@ -149,18 +166,53 @@ TEST(CommandLine, IsReadAsWhatItAsksFor) {
       {"report --help", "text Usage:"},
   };
   for (const auto& [line, expected] : cases) {
-    const std::string words = std::string("orvex ") + line;
-    std::vector<std::string> arguments;
-    std::istringstream rest(words);
-    for (std::string word; rest >> word;) arguments.push_back(word);
-    std::vector<const char*> argv;
-    for (const std::string& argument : arguments) argv.push_back(argument.c_str());
-    const Request request =
-        ReadCommandLine(ArgumentsOf(static_cast<int>(argv.size()), argv.data()));
+    const Request request = RequestOf(line);
     EXPECT_EQ(std::visit(Describe{}, request), expected) << line;
     const auto* mistake = std::get_if<Mistake>(&request);
     EXPECT_TRUE(!mistake || mistake->text.find('\x1B') == std::string::npos) << line;
   }
+}
+
+std::string TextOf(const std::filesystem::path& file) {
+  std::ifstream in(file);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+/// The texts of all chapters of the manual.
+std::string WholeManual() {
+  std::string manual;
+  for (const auto& file :
+       std::filesystem::directory_iterator(test::SourceFolder() / "docs/manual")) {
+    manual += TextOf(file.path());
+  }
+  return manual;
+}
+
+TEST(Manual, NamesEveryCommandAndOption) {
+  const std::string manual = WholeManual();
+  const std::string commands = std::get<ShowText>(RequestOf("--help")).text;
+  int found = 0;
+  std::istringstream lines(commands.substr(commands.find("Commands:")));
+  for (std::string line; std::getline(lines, line) && !line.starts_with("A source");) {
+    if (!line.starts_with("  ")) continue;
+    const std::string command = line.substr(2, line.find(' ', 2) - 2);
+    EXPECT_NE(manual.find("`orvex " + command), std::string::npos) << command;
+    const std::string help = std::get<ShowText>(RequestOf(command + " --help")).text;
+    for (auto at = help.find(" --"); at != std::string::npos; at = help.find(" --", at + 1)) {
+      const std::string option = help.substr(at + 1, help.find_first_of(" \n,.=", at + 1) - at - 1);
+      EXPECT_NE(manual.find(option), std::string::npos) << command << " " << option;
+    }
+    ++found;
+  }
+  EXPECT_GE(found, 6);
+}
+
+TEST(Version, IsTheSameInTheProgramTheReadmeAndTheChanges) {
+  EXPECT_TRUE(std::get<ShowText>(RequestOf("--version")).text.starts_with("orvex "));
+  const std::string readme = TextOf(test::SourceFolder() / "README.md");
+  EXPECT_NE(readme.find("/orvex_" + FullVersionText() + "_amd64.deb"), std::string::npos);
+  const std::string changes = TextOf(test::SourceFolder() / "CHANGELOG.md");
+  EXPECT_EQ(changes.find("\n## "), changes.find("\n## " + FullVersionText()));
 }
 
 }  // namespace
