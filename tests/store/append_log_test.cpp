@@ -124,8 +124,12 @@ TEST_F(AppendLogTest, AfterAFailedSyncNothingIsSafeUntilItIsWrittenAnew) {
   AppendLog log(storage);
   log.Open(path);
   for (int rename = 1; rename <= 2; ++rename) storage.Fail(rename, EACCES, "rename");
+  log.AwaitSynced();
   storage.Fail(1, EIO, "syncData");
+  // The sync must not have failed before Append looks, which would then begin to mend it.
+  storage.HoldSyncs(true);
   log.Append("first\r\n");
+  storage.HoldSyncs(false);
   for (int tries = 0; tries < 2; ++tries) {
     EXPECT_THROW(log.Close(), FileError) << "the sync is waited for, and its failure kept";
     EXPECT_EQ(log.Trouble(), path.string() + ": " + std::strerror(EACCES));
